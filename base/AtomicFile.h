@@ -1,0 +1,60 @@
+// Files that a person trusts us with are never half written: the new content goes to a temporary sibling, is flushed
+// to disk and renamed into place, so that a crash or a full disk leaves either the old file or the new one.
+#pragma once
+
+#include "base/Error.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace velmora {
+
+/// A file operation refused by the system; its number and text are the system's, the path stands in front.
+class FileAccessError : public Error {
+public:
+    FileAccessError(const std::filesystem::path& path, int systemNumber);
+    /// The system's text alone, without the path.
+    const std::string& Cause() const { return cause_; }
+
+private:
+    std::string cause_;
+};
+
+/// The whole file. Raises FileAccessError, also for a directory.
+std::string ReadFile(const std::filesystem::path& path);
+
+/// One replacement of a file. Nothing at the path changes before Commit; without it the destructor leaves the old
+/// file as it was. Symbolic links are followed, and the permissions and the owner of an old file survive. A file with
+/// several hard links, or one whose owner cannot be kept, is overwritten in place from the finished sibling. A path
+/// that names a device or a pipe is written straight away. Every operation raises FileAccessError.
+class AtomicFile {
+public:
+    explicit AtomicFile(const std::filesystem::path& path);
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+
+    void Write(std::string_view bytes);
+    void Commit();
+
+private:
+    enum class Way { Rename, Overwrite, Straight };
+
+    Way ChooseWay();
+    void OpenSibling();
+    void Flush();
+    void OverwriteTarget();
+    [[noreturn]] void Fail() const;
+
+    std::filesystem::path target_;  ///< with links resolved
+    std::filesystem::path sibling_; ///< empty once it is gone
+    std::string buffer_;
+    Way way_ = Way::Rename;
+    int file_ = -1;
+};
+
+/// AtomicFile for content that is at hand.
+void ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
+
+} // namespace velmora

@@ -1,0 +1,30 @@
+// Text files come from two worlds: today's UTF-8 and the Windows-1252 of older machines. Inside the program every
+// text is UTF-8; a file keeps the encoding that it came in as long as its texts fit it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velmora {
+
+enum class Encoding { Utf8, Windows1252 };
+
+/// "UTF-8" or "Windows-1252".
+std::string_view EncodingName(Encoding encoding);
+
+struct DecodedText {
+    std::string text;      ///< UTF-8, without a byte order mark
+    Encoding encoding = Encoding::Utf8;
+};
+
+bool IsValidUtf8(std::string_view bytes);
+
+/// UTF-8 where the bytes are valid UTF-8 (a leading byte order mark is dropped), else Windows-1252. The five bytes
+/// that Windows-1252 leaves open stand for the control characters of the same number, so that nothing is lost.
+DecodedText Decode(std::string bytes);
+
+/// The bytes of `utf8` in `encoding`; nothing when a character does not fit it.
+std::optional<std::string> Encode(std::string_view utf8, Encoding encoding);
+
+} // namespace velmora

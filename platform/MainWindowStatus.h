@@ -1,0 +1,18 @@
+// The main window as the core sees it: five status panels and a caption.
+#pragma once
+
+#include <string>
+
+namespace velmora {
+
+inline constexpr int kStatusPanels = 5;
+
+class MainWindowStatus {
+public:
+    virtual ~MainWindowStatus() = default;
+    /// `panel` counts from 1 to 5.
+    virtual void SetPanel(int panel, const std::string& text) = 0;
+    virtual void SetCaption(const std::string& caption) = 0;
+};
+
+} // namespace velmora
