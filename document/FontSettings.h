@@ -6,10 +6,14 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace velmora {
 
 inline constexpr int kFieldsPerTab = 3;
+/// Name, size, bold, italic, underline, horizontal and vertical alignment, in the order of the file's font lines.
+inline constexpr int kFontKeys = 7;
+inline constexpr int kHorizontalAlignmentKey = 5;
 
 /// Stored codes of the two alignments.
 enum HorizontalAlignmentCode : std::int16_t { kAlignLeft = 0, kAlignRight = 1, kAlignCentre = 2 };
@@ -28,6 +32,10 @@ struct FieldFont {
 
 /// Fields 1 to 3 at indexes 0 to 2.
 using FontSettings = std::array<FieldFont, kFieldsPerTab>;
+
+/// Name of one of the seven keys in section "Font Settings", for field 0 to 2.
+std::string FontKeyName(int key, int field);
+std::string_view FontKeyDefault(int key, int field);
 
 /// Reads the 21 keys of section "Font Settings". A value that fails the test of its kind is replaced by its default,
 /// which is written back.

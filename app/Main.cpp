@@ -1,0 +1,106 @@
+#include "app/Main.h"
+
+#include "app/FolderSearch.h"
+#include "app/Version.h"
+#include "app/settings/Validate.h"
+#include "base/Text.h"
+#include "document/OpenDocument.h"
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kSearchesBeforeQuestion = 5;
+constexpr std::size_t kLongestStoredValue = 128;
+
+void SetVersionTitle(Program& program) {
+    program.main.settings.SettingsAppName = "Velmora";
+    program.Title = program.main.settings.SettingsAppName + " [Version " + kVersion + "]";
+}
+
+/// A folder from section "Paths". A stored path that the settings cut at their longest value is taken from the default
+/// again.
+fs::path ReadFolder(MainModule& main, const char* key, const fs::path& fallback) {
+    const std::string otherwise = WithSeparator(fallback).string();
+    const std::string stored =
+        GetSetting(main.settings, main.settings.SettingsAppName, "Paths", key, otherwise);
+    const bool cut = CharacterCount(stored) >= kLongestStoredValue && otherwise.starts_with(stored);
+    return WithSeparator(cut ? otherwise : stored);
+}
+
+bool IsMissing(const fs::path& folder) {
+    return folder.empty() || !FolderExists(folder);
+}
+
+/// False when the person gives up.
+bool FindApplicationFolder(MainModule& main) {
+    fs::path& folder = main.globals.AppPath;
+    folder = ReadFolder(main, "Application", main.settings.ProgramFolder);
+    for (int searches = 0; IsMissing(folder); ++searches) {
+        if (searches == kSearchesBeforeQuestion) {
+            if (main.ui.Show({"Do you want to exit the installtion prosedure of Velmora",
+                              main.settings.SettingsAppName, Icon::Question, Buttons::YesNo}) == Answer::Yes)
+                return false;
+            searches = 0;
+        }
+        if (folder.empty())
+            folder = ReadFolder(main, "Application", folder);
+        folder = WithSeparator(SearchFolder(main, folder, {"", "Application", "Application", false}));
+    }
+    return true;
+}
+
+/// Goes on until there is a folder: the person can always have it made.
+void FindFolder(MainModule& main, fs::path& folder, const fs::path& fallback, const FolderWanted& wanted) {
+    folder = ReadFolder(main, wanted.key.c_str(), fallback);
+    while (IsMissing(folder)) {
+        if (folder.empty())
+            folder = ReadFolder(main, wanted.key.c_str(), fallback);
+        folder = WithSeparator(SearchFolder(main, folder.empty() ? fallback : folder, wanted));
+    }
+}
+
+bool FindFolders(MainModule& main) {
+    if (!FindApplicationFolder(main))
+        return false;
+    const fs::path& application = main.globals.AppPath;
+    FindFolder(main, main.globals.ImagesPath, application / "Images",
+               {"A4_alpha_New.gif", "Images", "Images", true});
+    FindFolder(main, main.globals.TabsPath, application / "Tabs", {"Tabs.csv", "Lables", "Lables", true});
+    return true;
+}
+
+/// First load of a document's properties, with the limits and the layout that go with them.
+LoadOutcome LoadConfiguration(MainModule& main) {
+    main.document.CurrentPage = 0;
+    main.document.NoOfPages = 0;
+    main.document.DocChanged = false;
+    const LoadOutcome outcome = LoadGlobals(main);
+    SetLayoutFromType(main.document);
+    SetFieldLimits(main.document);
+    return outcome;
+}
+
+} // namespace
+
+StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms) {
+    MainModule& main = program.main;
+    main.settings.SaveMode = 1;
+    SetVersionTitle(program);
+    main.settings.IniFile = main.settings.ProgramFolder / (main.settings.SettingsAppName + ".ini");
+    if (EqualsNoCase(commandLine, "SETTINGS")) {
+        main.ui.Show({"The settings editor is not part of this version yet. The settings are in the file\r\n" +
+                          main.settings.IniFile.string(),
+                      main.settings.SettingsAppName, Icon::Information});
+        return StartOutcome::Ended;
+    }
+    if (LoadConfiguration(main) == LoadOutcome::NoPrinter || !FindFolders(main))
+        return StartOutcome::Ended;
+    forms.ShowMainWindow();
+    if (!commandLine.empty() && OpenFile(main, commandLine) == OpenOutcome::NoPrinter)
+        return StartOutcome::Ended;
+    return StartOutcome::Running;
+}
+
+} // namespace velmora

@@ -1,0 +1,19 @@
+// One running program: everything that lives as long as it does, made in main() and passed by reference.
+#pragma once
+
+#include "document/mdlMain.h"
+#include "platform/FontCatalogue.h"
+#include "print/rptVelmor.h"
+
+#include <string>
+
+namespace velmora {
+
+struct Program {
+    MainModule main;
+    LayoutValues layout;
+    const FontCatalogue& fontCatalogue;
+    std::string Title; ///< application title: name and version
+};
+
+} // namespace velmora

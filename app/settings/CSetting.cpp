@@ -1,0 +1,129 @@
+#include "app/settings/CSetting.h"
+
+#include "app/settings/mdlSettings.h"
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+namespace velmora {
+namespace {
+
+/// The per-user area lies beside the machine's settings, under a key of its own.
+constexpr std::string_view kUserArea = "SOFTWARE\\Corvane Series User\\";
+
+std::string_view CutAtNul(std::string_view text) {
+    return text.substr(0, text.find('\0'));
+}
+
+/// The names of a NUL separated list, as many as fit its size.
+std::vector<std::string> Names(const std::string& list) {
+    std::vector<std::string> names;
+    std::size_t characters = 0;
+    for (const std::string_view name : Split(list, '\0')) {
+        characters += CharacterCount(name) + 1;
+        if (name.empty() || characters > kIniListCharacters)
+            break;
+        names.emplace_back(name);
+    }
+    return names;
+}
+
+} // namespace
+
+void CSetting::Init(std::optional<std::string_view> application) {
+    globals_.SettingsAppName = application ? *application : Trim(globals_.ProgramName);
+    if (globals_.IniFile.empty() && !globals_.InMemory)
+        globals_.IniFile = globals_.ProgramFolder / (globals_.SettingsAppName + ".ini");
+    saveMode_ = globals_.SaveMode;
+}
+
+void CSetting::EnsureReady() {
+    const std::string name = globals_.SettingsAppName;
+    if (name.empty())
+        Init();
+    else if (globals_.IniFile.empty() && !globals_.InMemory)
+        Init(name);
+}
+
+IniFile& CSetting::File() {
+    EnsureReady();
+    file_.Open(globals_.InMemory ? std::filesystem::path() : globals_.IniFile);
+    return file_;
+}
+
+std::string CSetting::ReadIni(std::string_view section, std::string_view key, std::string_view fallback) {
+    const std::string value = File().Text().ReadString(section, key, fallback);
+    return std::string(CutAtNul(LeftCharacters(value, kIniValueCharacters)));
+}
+
+std::string CSetting::GetSettingStr(std::string_view section, std::string_view key,
+                                    std::string_view fallback) {
+    if (saveMode_ == 0)
+        return ReadRegistry(globals_, globals_.SettingsAppName, section, key, fallback);
+    std::string value = ReadIni(section, key, fallback);
+    if (value == fallback && fallback != kProbe)
+        File().WriteDefault(section, key, value);
+    return value;
+}
+
+std::int16_t CSetting::GetSettingInt(std::string_view section, std::string_view key, std::int16_t fallback) {
+    if (saveMode_ == 0)
+        return ToInt16(ProfileInteger(
+            ReadRegistry(globals_, globals_.SettingsAppName, section, key, std::to_string(fallback))));
+    return ToInt16(File().Text().ReadInt(section, key, fallback));
+}
+
+std::string CSetting::UserPath(std::string_view section) const {
+    std::string path = std::string(kUserArea) + std::string(Trim(globals_.SettingsAppName));
+    return section.empty() ? path : path + "\\" + std::string(Trim(section));
+}
+
+KeyTable CSetting::GetSettingAll(std::string_view section) {
+    KeyTable table;
+    if (saveMode_ == 0) {
+        std::vector<std::pair<std::string, RegistryValue>> values;
+        if (globals_.Keys.EnumerateValues(UserPath(section), values) == RegistryCode::Success)
+            for (const auto& [name, value] : values)
+                table.emplace_back(name, RegistryText(value));
+        return table;
+    }
+    for (const std::string& key : Names(File().Text().ListKeys(section)))
+        table.emplace_back(key, GetSettingStr(section, key, ""));
+    return table;
+}
+
+std::vector<std::string> CSetting::GetSectionNames() {
+    if (saveMode_ != 0)
+        return Names(File().Text().ListSections());
+    std::vector<std::string> names;
+    globals_.Keys.EnumerateKeys(UserPath(""), names);
+    return names;
+}
+
+bool CSetting::SaveSettingStr(std::string_view section, std::string_view key, std::string_view value) {
+    if (saveMode_ == 0)
+        return WriteRegistry(globals_, globals_.SettingsAppName, section, key, std::string(CutAtNul(value)));
+    File().Write(section, key, CutAtNul(value));
+    return true;
+}
+
+bool CSetting::SaveSettingInt(std::string_view section, std::string_view key, std::int32_t value) {
+    if (saveMode_ == 0)
+        return WriteRegistry(globals_, globals_.SettingsAppName, section, key,
+                             static_cast<std::uint32_t>(value));
+    return SaveSettingStr(section, key, std::to_string(value));
+}
+
+bool CSetting::DeleteKey(std::string_view section, std::string_view key) {
+    if (saveMode_ == 0)
+        return DeleteRegistry(globals_, globals_.SettingsAppName, section, key);
+    try {
+        File().Write(section, key, std::nullopt);
+        return true;
+    } catch (const Error&) {
+        globals_.Interface.Show({"Error Deleting Key (check if file is protected)", "CSetting.DeleteKey"});
+        return false;
+    }
+}
+
+} // namespace velmora

@@ -1,0 +1,249 @@
+#include "app/settings/IniFile.h"
+
+#include "base/AtomicFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+using std::chrono::milliseconds;
+
+constexpr std::string_view kMark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16Marks[] = {"\xFF\xFE", "\xFE\xFF"};
+
+/// Holds the folder of a file against other programs. The folder itself carries the lock, so that no lock
+/// file is left behind for anybody to wonder about.
+class FolderLock {
+public:
+    explicit FolderLock(const fs::path& file) {
+        std::error_code error;
+        const fs::path folder = fs::weakly_canonical(fs::absolute(file, error), error).parent_path();
+        descriptor_ = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (descriptor_ < 0)
+            throw FileAccessError(file, errno);
+        if (const int cause = Acquire(); cause != 0) {
+            ::close(descriptor_);
+            throw FileAccessError(file, cause);
+        }
+    }
+    ~FolderLock() { ::close(descriptor_); }
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+private:
+    /// A program that was stopped while it held the lock must not freeze all others: after a while it is an
+    /// error.
+    int Acquire() const {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+            if (errno != EWOULDBLOCK && errno != EINTR)
+                return errno;
+            if (std::chrono::steady_clock::now() > deadline)
+                return ETIMEDOUT;
+            std::this_thread::sleep_for(milliseconds(1));
+        }
+        return 0;
+    }
+
+    int descriptor_ = -1;
+};
+
+std::int64_t Nanoseconds(const timespec& time) {
+    return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
+/// A file changed just now may change again without a new time stamp: on kernels before 6.13 those advance in
+/// steps of some milliseconds.
+bool IsYoung(std::int64_t modified) {
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return modified > Nanoseconds(now) - 50'000'000;
+}
+
+/// A missing file is an empty one.
+std::string ReadIfPresent(const fs::path& path) {
+    try {
+        return ReadFile(path);
+    } catch (const FileAccessError& error) {
+        if (error.Number() != ENOENT)
+            throw;
+        return {};
+    }
+}
+
+std::string AsUtf8(std::string_view text) {
+    return IsValidUtf8(text) ? std::string(text) : Decode(std::string(text)).text;
+}
+
+} // namespace
+
+void IniFile::Open(const fs::path& path) {
+    if (path == path_)
+        return;
+    Flush();
+    path_ = path;
+    stored_ = IniText();
+    encoding_ = Encoding::Utf8;
+    mark_ = foreign_ = false;
+    read_.reset();
+}
+
+void IniFile::CopyToMemory(const fs::path& path) {
+    Open(path);
+    Refresh();
+    IniText copy = std::move(stored_);
+    Open({});
+    stored_ = std::move(copy);
+}
+
+const IniText& IniFile::Text() {
+    Refresh();
+    return collected_.empty() ? stored_ : shown_;
+}
+
+void IniFile::Write(std::string_view section, std::string_view key, std::optional<std::string_view> value) {
+    Change change{AsUtf8(section), AsUtf8(key), value ? std::optional(AsUtf8(*value)) : std::nullopt};
+    if (InBatch())
+        Collect(std::move(change));
+    else
+        Submit({std::move(change)});
+}
+
+void IniFile::WriteDefault(std::string_view section, std::string_view key, std::string_view value) {
+    Change change{AsUtf8(section), AsUtf8(key), AsUtf8(value), true};
+    if (InBatch())
+        return Collect(std::move(change));
+    // Most defaults stand in the file already, and then no lock is worth taking.
+    IniText text = Text();
+    if (Apply(text, change))
+        Submit({std::move(change)});
+}
+
+void IniFile::Collect(Change change) {
+    Refresh();
+    if (collected_.empty())
+        shown_ = stored_;
+    if (Apply(shown_, change))
+        collected_.push_back(std::move(change));
+}
+
+void IniFile::Submit(const std::vector<Change>& changes) {
+    try {
+        Commit(changes);
+    } catch (const Error&) {
+        if (!std::all_of(changes.begin(), changes.end(),
+                         [](const Change& change) { return change.isDefault; }))
+            throw;
+    }
+}
+
+bool IniFile::Apply(IniText& text, const Change& change) {
+    // Another program may have set the key since it was found missing.
+    if (change.isDefault && text.ReadString(change.section, change.key, *change.value) != *change.value)
+        return false;
+    return text.Write(change.section, change.key, change.value);
+}
+
+void IniFile::Rebuild() {
+    if (collected_.empty())
+        return;
+    shown_ = stored_;
+    for (const Change& change : collected_)
+        Apply(shown_, change);
+}
+
+std::size_t IniFile::BeginBatch() {
+    ++depth_;
+    return collected_.size();
+}
+
+void IniFile::EndBatch() {
+    if (--depth_ == 0)
+        Flush();
+}
+
+void IniFile::AbandonBatch(std::size_t mark) {
+    if (mark < collected_.size()) {
+        collected_.resize(mark);
+        Rebuild();
+    }
+    EndBatch();
+}
+
+void IniFile::Flush() {
+    const std::vector<Change> changes = std::exchange(collected_, {});
+    if (!changes.empty())
+        Submit(changes);
+}
+
+IniFile::Identity IniFile::Look() const {
+    struct stat status {};
+    if (::stat(path_.c_str(), &status) != 0)
+        return {};
+    return {status.st_dev, status.st_ino, status.st_size, Nanoseconds(status.st_mtim),
+            Nanoseconds(status.st_ctim)};
+}
+
+void IniFile::Refresh() {
+    if (path_.empty())
+        return;
+    const Identity now = Look();
+    if (read_ == now)
+        return;
+    try {
+        Load();
+    } catch (const FileAccessError&) {
+        stored_ = IniText(); // as the private-profile functions do: every key is missing
+    }
+    // A file that was replaced after the look is met by the next one.
+    read_ = IsYoung(now.changed) ? std::nullopt : std::optional(now);
+    Rebuild();
+}
+
+void IniFile::Load() {
+    std::string bytes = ReadIfPresent(path_);
+    foreign_ = bytes.starts_with(kUtf16Marks[0]) || bytes.starts_with(kUtf16Marks[1]);
+    const bool marked = bytes.starts_with(kMark);
+    DecodedText decoded = Decode(std::move(bytes));
+    encoding_ = decoded.encoding;
+    mark_ = marked && encoding_ == Encoding::Utf8;
+    stored_ = IniText(decoded.text);
+}
+
+void IniFile::Commit(const std::vector<Change>& changes) {
+    std::optional<FolderLock> lock;
+    if (!path_.empty()) {
+        lock.emplace(path_);
+        Load();
+    }
+    IniText text = stored_;
+    bool changed = false;
+    for (const Change& change : changes)
+        changed = Apply(text, change) || changed;
+    if (changed && !path_.empty()) {
+        if (foreign_)
+            throw Error(path_.string() + ": neither UTF-8 nor Windows-1252");
+        ReplaceFile(path_, Encoded(text.Bytes()));
+    }
+    stored_ = std::move(text);
+    read_.reset();
+}
+
+std::string IniFile::Encoded(const std::string& text) const {
+    // Some Windows-1252 bytes would be read as UTF-8 the next time, so the way back is tried.
+    if (const auto bytes = Encode(text, encoding_); bytes && !mark_ && Decode(*bytes).text == text)
+        return *bytes;
+    return mark_ ? std::string(kMark) + text : text;
+}
+
+} // namespace velmora

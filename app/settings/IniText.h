@@ -1,0 +1,65 @@
+// The text of an INI file in memory, with the behaviour that programs know from the private-profile
+// functions: first section and first key of a name win, letter case does not matter, comments and strange
+// lines stay where they are.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmora {
+
+/// The number that a stored text stands for: an optional sign, then decimal digits, or 0x, 0o or 0b and
+/// digits of that base; what follows the digits is ignored. 0 where there are none. Wraps at 32 bits, as the
+/// functions do.
+std::int32_t ProfileInteger(std::string_view text);
+
+/// Works on bytes: the encoding is the caller's affair. Spaces around names are dropped. A name that holds
+/// "=", "]", a leading ";" or a line break is written as it comes and read back as what the line then says.
+class IniText {
+public:
+    static constexpr std::size_t kNoLimit = std::string::npos;
+
+    IniText() = default;
+    explicit IniText(std::string_view bytes);
+
+    std::string Bytes() const;
+
+    /// At most `bufferSize` - 1 bytes. The value without blanks and one pair of quotes around it; the
+    /// fallback comes without blanks at its end.
+    std::string ReadString(std::string_view section, std::string_view key, std::string_view fallback,
+                           std::size_t bufferSize = kNoLimit) const;
+    /// The fallback also for an empty value.
+    std::int32_t ReadInt(std::string_view section, std::string_view key, std::int32_t fallback) const;
+    /// The key names of a section, each followed by NUL; the fallback where there is no such section. A list
+    /// that does not fit `bufferSize` with one more NUL is cut to `bufferSize` - 2 bytes.
+    std::string ListKeys(std::string_view section, std::string_view fallback = {},
+                         std::size_t bufferSize = kNoLimit) const;
+    /// The section names in the same form.
+    std::string ListSections(std::size_t bufferSize = kNoLimit) const;
+
+    /// Sets the key, or removes it where there is no value. A new key follows the last key of its section, a
+    /// new section the end of the text, with CR LF. True when a byte changed.
+    bool Write(std::string_view section, std::string_view key, std::optional<std::string_view> value);
+    /// Removes the section but for its comments and blank lines. True when a byte changed.
+    bool DeleteSection(std::string_view section);
+
+private:
+    struct Section {
+        std::size_t header; ///< index of its line
+        std::size_t end;    ///< one past its last line
+    };
+
+    std::optional<Section> FindSection(std::string_view name) const;
+    std::optional<std::size_t> FindKey(const Section& section, std::string_view key) const;
+    std::optional<std::string_view> FindValue(std::string_view section, std::string_view key) const;
+    void Insert(std::size_t at, std::string_view text);
+    bool Replace(std::size_t line, std::string_view value);
+
+    std::vector<std::string> lines_; ///< each with its line end
+};
+
+} // namespace velmora

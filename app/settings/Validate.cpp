@@ -1,0 +1,61 @@
+#include "app/settings/Validate.h"
+
+#include <fstream>
+#include <system_error>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+constexpr auto kNone = std::string_view::npos;
+
+char SeparatorOf(std::string_view path) {
+    return path.find('/') == kNone ? '\\' : '/';
+}
+
+/// Length of the drive with its ":". A ":" behind a "/" is part of a name.
+std::size_t DriveLength(std::string_view path) {
+    const std::size_t at = path.find_first_of(":/");
+    return at == kNone || path[at] == '/' ? 0 : at + 1;
+}
+
+} // namespace
+
+bool FolderExists(const fs::path& path, bool create) {
+    std::error_code error;
+    const bool isForeign = !path.is_absolute() && DriveLength(path.string()) > 0;
+    if (create && !isForeign)
+        fs::create_directories(path, error);
+    return fs::is_directory(path, error);
+}
+
+bool FileExists(const fs::path& path) {
+    std::error_code error;
+    return fs::is_regular_file(path, error) && std::ifstream(path).is_open();
+}
+
+std::string DriveOf(std::string_view path) {
+    const std::size_t length = DriveLength(path);
+    return length == 0 ? "NO DRIVE" : std::string(path.substr(0, length));
+}
+
+std::string FileNameOf(std::string_view path) {
+    const char separators[] = {SeparatorOf(path), SeparatorOf(path) == '/' ? '/' : ':'};
+    const std::size_t at = path.find_last_of(std::string_view(separators, 2));
+    const std::string_view name = at == kNone ? path : path.substr(at + 1);
+    return name.empty() ? "NO FILE" : std::string(name);
+}
+
+std::string FolderOf(std::string_view path) {
+    const std::size_t at = path.rfind(SeparatorOf(path));
+    return at == kNone ? std::string() : std::string(path.substr(0, at));
+}
+
+std::string FolderWithoutDriveOf(std::string_view path) {
+    if (path.find(SeparatorOf(path)) == kNone)
+        return "NO PATH";
+    const std::string folder = FolderOf(path);
+    return folder.substr(DriveLength(folder));
+}
+
+} // namespace velmora

@@ -1,0 +1,77 @@
+#include "batch/BatchProgram.h"
+
+#include "base/AtomicFile.h"
+#include "base/Numbers.h"
+#include "document/OpenDocument.h"
+
+#include <iostream>
+
+namespace velmora {
+namespace {
+
+constexpr const char* kStandardStream = "-";
+
+class NoProgress : public Progress {
+public:
+    void Advance(int) override {}
+};
+
+std::string DisplayName(const std::string& file) {
+    return file == kStandardStream ? "standard input" : file;
+}
+
+} // namespace
+
+Answer BatchInterface::Show(const Message& message) {
+    if (message.icon == Icon::Critical || message.icon == Icon::Exclamation)
+        throw Error(message.text);
+    return Answer::Ok;
+}
+
+std::unique_ptr<Progress> BatchInterface::StartProgress(const std::string&, int) {
+    return std::make_unique<NoProgress>();
+}
+
+BatchProgram::BatchProgram()
+    : registry_(std::filesystem::path()), settings_(registry_, ui_), main_{settings_, ui_, printers_, {}, {}, {}} {
+    settings_.SettingsAppName = "Velmora";
+    settings_.InMemory = true;
+}
+
+void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {
+    ReadFile(iniFile); // raises why it cannot be read
+    settings_.Object.File().CopyToMemory(iniFile);
+}
+
+TabFile BatchProgram::Load(const std::string& file) {
+    try {
+        TabFile read = ParseTabFile(ReadInput(file));
+        LoadDocument(main_, read);
+        return read;
+    } catch (const FileAccessError&) {
+        throw; // names the file itself
+    } catch (const OverflowError& error) {
+        throw Error(DisplayName(file) + ": " + error.what() + ": a document holds at most 32767 tabs");
+    } catch (const Error& error) {
+        throw Error(DisplayName(file) + ": " + error.what());
+    }
+}
+
+std::string ReadInput(const std::string& file) {
+    return ReadFile(file == kStandardStream ? "/dev/stdin" : file);
+}
+
+void WriteOutput(const std::string& file,
+                 const std::function<void(const std::function<void(std::string_view)>&)>& produce) {
+    if (file != kStandardStream) {
+        AtomicFile output(file);
+        produce([&](std::string_view bytes) { output.Write(bytes); });
+        output.Commit();
+        return;
+    }
+    produce([](std::string_view bytes) { std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size())); });
+    if (!std::cout.flush())
+        throw Error("standard output: cannot be written");
+}
+
+} // namespace velmora

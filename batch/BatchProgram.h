@@ -1,0 +1,69 @@
+// The program behind the command line: the same document, settings and report as the desktop program's, without a
+// person in front of it and with settings of its own, kept in memory.
+#pragma once
+
+#include "app/settings/mdlSettings.h"
+#include "document/TabFile.h"
+#include "document/mdlMain.h"
+#include "platform/UserInterface.h"
+#include "platform/linux/BuiltInPrinters.h"
+#include "platform/linux/RegistryFile.h"
+#include "print/rptVelmor.h"
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace velmora {
+
+enum ExitCode { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+
+/// Wrong use of the command line, found after it was parsed.
+class UsageError : public Error {
+public:
+    using Error::Error;
+};
+
+/// Nobody can answer: a critical message becomes the command's error, any other is passed over.
+class BatchInterface : public UserInterface {
+public:
+    Answer Show(const Message& message) override;
+    void Beep() override {}
+    std::unique_ptr<Progress> StartProgress(const std::string& text, int total) override;
+    std::optional<std::filesystem::path> ChooseFile(const FileRequest&) override { return std::nullopt; }
+    std::optional<std::filesystem::path> ChooseFolder(const std::string&, const std::filesystem::path&) override {
+        return std::nullopt;
+    }
+};
+
+class BatchProgram {
+public:
+    BatchProgram();
+
+    /// Takes over the settings of an INI file, which is only read.
+    void UseSettings(const std::filesystem::path& iniFile);
+    /// Reads and loads a tab file, "-" for standard input. Raises Error with the file's name in front.
+    TabFile Load(const std::string& file);
+
+    SettingsStore& Settings() { return settings_; }
+    MainModule& Main() { return main_; }
+    LayoutValues& Layout() { return layout_; }
+
+private:
+    BatchInterface ui_;
+    RegistryFile registry_;
+    BuiltInPrinters printers_{true};
+    SettingsStore settings_;
+    MainModule main_;
+    LayoutValues layout_;
+};
+
+/// The bytes of a file, "-" for standard input. Raises FileAccessError.
+std::string ReadInput(const std::string& file);
+
+/// Lets `produce` write through its sink to a file, which is replaced when all is written, or to standard output
+/// for "-".
+void WriteOutput(const std::string& file,
+                 const std::function<void(const std::function<void(std::string_view)>& sink)>& produce);
+
+} // namespace velmora

@@ -1,0 +1,48 @@
+// The commands of the batch program. Each raises Error or UsageError; what it returns is the exit code.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+struct InfoArguments {
+    std::string file;
+    bool tabs = false;
+};
+int RunInfo(const InfoArguments& arguments);
+
+struct PdfArguments {
+    std::string file;
+    std::string output;
+    std::string pages; ///< "1-3,7"; empty: all
+    std::string ini;
+    bool test = false;
+    bool outline = false;
+};
+int RunPdf(const PdfArguments& arguments);
+
+struct NewArguments {
+    int type = 0;
+    int fields = 1;
+    int pages = 1;
+    std::string output;
+};
+int RunNew(const NewArguments& arguments);
+
+/// One line per problem on standard output; kFailed when there is any.
+int RunCheck(const std::vector<std::string>& files);
+
+enum class SettingsAction { Get, Set, Delete, Sections, Keys };
+struct SettingsArguments {
+    SettingsAction action = SettingsAction::Get;
+    std::string ini; ///< empty: the person's own INI file, which is only read
+    std::string section;
+    std::string key;
+    std::string value;
+    std::optional<std::string> fallback;
+};
+int RunSettings(const SettingsArguments& arguments);
+
+} // namespace velmora

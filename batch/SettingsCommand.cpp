@@ -1,0 +1,82 @@
+#include "batch/Commands.h"
+
+#include "app/settings/Validate.h"
+#include "base/AtomicFile.h"
+#include "batch/BatchProgram.h"
+#include "platform/linux/ProgramFolder.h"
+
+#include <iostream>
+
+namespace velmora {
+namespace {
+
+/// The INI file of the person's own program, which the batch program only reads.
+std::filesystem::path OwnIniFile() {
+    const auto executable = std::filesystem::read_symlink("/proc/self/exe");
+    return FindProgramFolder(executable.parent_path(), SystemEnvironment()) / "Velmora.ini";
+}
+
+void ChooseFile(BatchProgram& program, const SettingsArguments& arguments) {
+    const bool changes = arguments.action == SettingsAction::Set || arguments.action == SettingsAction::Delete;
+    if (!arguments.ini.empty()) {
+        program.Settings().InMemory = false;
+        program.Settings().IniFile = arguments.ini;
+    } else if (changes) {
+        throw UsageError("name the file to change with --ini");
+    } else if (FileExists(OwnIniFile())) {
+        program.UseSettings(OwnIniFile());
+    }
+    if (!changes && !arguments.fallback && !arguments.ini.empty() && !FileExists(arguments.ini))
+        ReadFile(arguments.ini); // raises why it cannot be read
+}
+
+int Get(SettingsStore& store, const SettingsArguments& arguments) {
+    const std::string value = GetSetting(store, store.SettingsAppName, arguments.section, arguments.key,
+                                         arguments.fallback.value_or(std::string(kProbe)));
+    if (!arguments.fallback && value == kProbe)
+        throw Error("no key \"" + arguments.key + "\" in section \"" + arguments.section + "\"");
+    std::cout << value << '\n';
+    return kDone;
+}
+
+int ListSections(SettingsStore& store) {
+    EnumerateSettings(store, store.SettingsAppName, "");
+    for (const std::string& name : store.SectionNames)
+        std::cout << name << '\n';
+    return kDone;
+}
+
+int ListKeys(SettingsStore& store, const std::string& section) {
+    EnumerateSettings(store, store.SettingsAppName, section);
+    for (const auto& [key, value] : store.KeyValues)
+        std::cout << key << '=' << value << '\n';
+    return kDone;
+}
+
+int Done(bool done, const std::string& file) {
+    if (!done)
+        throw Error(file + ": cannot be changed");
+    return kDone;
+}
+
+} // namespace
+
+int RunSettings(const SettingsArguments& arguments) {
+    BatchProgram program;
+    ChooseFile(program, arguments);
+    SettingsStore& store = program.Settings();
+    const std::string& application = store.SettingsAppName;
+    switch (arguments.action) {
+    case SettingsAction::Sections: return ListSections(store);
+    case SettingsAction::Keys: return ListKeys(store, arguments.section);
+    case SettingsAction::Set:
+        return Done(SaveSetting(store, application, arguments.section, arguments.key, arguments.value),
+                    arguments.ini);
+    case SettingsAction::Delete:
+        return Done(DeleteSetting(store, application, arguments.section, arguments.key), arguments.ini);
+    case SettingsAction::Get: break;
+    }
+    return Get(store, arguments);
+}
+
+} // namespace velmora

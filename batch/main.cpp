@@ -1,0 +1,120 @@
+// velmora-batch: the command-line twin of Velmora, for scripts.
+
+#include "app/Version.h"
+#include "batch/BatchProgram.h"
+#include "batch/Commands.h"
+#include "document/Stationery.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <iostream>
+
+namespace {
+
+using namespace velmora;
+
+/// What the parsed command line asks for.
+struct Request {
+    InfoArguments info;
+    PdfArguments pdf;
+    NewArguments create;
+    std::vector<std::string> check;
+    SettingsArguments settings;
+    std::function<int()> run;
+};
+
+void AddInfo(CLI::App& app, Request& request) {
+    CLI::App* command = app.add_subcommand("info", "Print what a tab file holds, as JSON");
+    command->add_option("FILE", request.info.file, "Tab file, - for standard input")->required();
+    command->add_flag("--tabs", request.info.tabs, "Print the texts of all tabs too");
+    command->callback([&] { request.run = [&] { return RunInfo(request.info); }; });
+}
+
+void AddPdf(CLI::App& app, Request& request) {
+    PdfArguments& pdf = request.pdf;
+    CLI::App* command = app.add_subcommand("pdf", "Print a tab file to a PDF");
+    command->add_option("FILE", pdf.file, "Tab file, - for standard input")->required();
+    command->add_option("-o,--output", pdf.output, "PDF to write, - for standard output")->required();
+    command->add_option("--pages", pdf.pages, "Pages to print, such as 1-3,7");
+    command->add_flag("--test", pdf.test, "Print the fixed texts of the test page");
+    command->add_flag("--outline", pdf.outline, "Draw the outlines of the tabs");
+    command->add_option("--ini", pdf.ini, "Settings such as tab tops; the file is only read");
+    command->callback([&] { request.run = [&] { return RunPdf(request.pdf); }; });
+}
+
+void AddNew(CLI::App& app, Request& request) {
+    NewArguments& create = request.create;
+    CLI::App* command = app.add_subcommand("new", "Make a tab file of empty tabs");
+    command->add_option("--type", create.type, "Tab type")->required()->check(CLI::Range(0, kTabTypes - 1));
+    command->add_option("--fields", create.fields, "Fields per tab")->required()->check(CLI::Range(1, 3));
+    command->add_option("--pages", create.pages, "Pages")->check(CLI::Range(1, 32767));
+    command->add_option("-o,--output", create.output, "Tab file to write, - for standard output")->required();
+    command->callback([&] { request.run = [&] { return RunNew(request.create); }; });
+}
+
+void AddCheck(CLI::App& app, Request& request) {
+    CLI::App* command = app.add_subcommand("check", "Read tab files strictly and print one line per problem");
+    command->add_option("FILE", request.check, "Tab files, - for standard input")->required();
+    command->callback([&] { request.run = [&] { return RunCheck(request.check); }; });
+}
+
+CLI::App* AddSettingsAction(CLI::App& parent, Request& request, SettingsAction action, const char* name,
+                            const char* text) {
+    CLI::App* command = parent.add_subcommand(name, text);
+    command->callback([&request, action] {
+        request.settings.action = action;
+        request.run = [&request] { return RunSettings(request.settings); };
+    });
+    if (action != SettingsAction::Sections)
+        command->add_option("SECTION", request.settings.section)->required();
+    if (action != SettingsAction::Sections && action != SettingsAction::Keys)
+        command->add_option("KEY", request.settings.key)->required();
+    return command;
+}
+
+void AddSettings(CLI::App& app, Request& request) {
+    CLI::App* command = app.add_subcommand("settings", "Read or change an INI file");
+    command->add_option("--ini", request.settings.ini, "The file; without it your own settings are read");
+    command->require_subcommand(1);
+    AddSettingsAction(*command, request, SettingsAction::Get, "get", "Print a value")
+        ->add_option("DEFAULT", request.settings.fallback, "Stored and printed where the key is missing");
+    AddSettingsAction(*command, request, SettingsAction::Set, "set", "Store a value")
+        ->add_option("VALUE", request.settings.value)
+        ->required();
+    AddSettingsAction(*command, request, SettingsAction::Delete, "delete", "Remove a key");
+    AddSettingsAction(*command, request, SettingsAction::Sections, "sections", "Print the section names");
+    AddSettingsAction(*command, request, SettingsAction::Keys, "keys", "Print the keys of a section with their values");
+}
+
+int Run(const Request& request) {
+    try {
+        return request.run();
+    } catch (const UsageError& error) {
+        std::cerr << "velmora-batch: " << error.what() << '\n';
+        return kWrongUsage;
+    } catch (const std::exception& error) {
+        std::cerr << "velmora-batch: " << error.what() << '\n';
+        return kFailed;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("Prints, makes and checks Velmora tab files.", "velmora-batch");
+    app.set_version_flag("--version", std::string("velmora-batch ") + kVersion);
+    app.require_subcommand(1);
+    Request request;
+    AddInfo(app, request);
+    AddPdf(app, request);
+    AddNew(app, request);
+    AddCheck(app, request);
+    AddSettings(app, request);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? kDone : kWrongUsage;
+    }
+    return Run(request);
+}

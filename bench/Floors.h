@@ -1,0 +1,21 @@
+// The floors: the least that a program could do for the same result, with no settings, checks or progress.
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace velmora::floors {
+
+using Arrays = std::array<std::vector<std::string>, 3>;
+
+/// A file of LF or CR LF lines into three arrays.
+Arrays Open(const std::filesystem::path& path);
+/// Three arrays into a file: temporary sibling, flush, rename.
+void Save(const std::filesystem::path& path, const std::string& header, const Arrays& tabs);
+/// Compressed page streams of single-byte text in one font that every reader brings along: nothing shaped, nothing
+/// embedded. 24 tabs on a sheet.
+void Pdf(const std::filesystem::path& path, const Arrays& tabs);
+
+} // namespace velmora::floors

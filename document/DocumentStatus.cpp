@@ -1,0 +1,84 @@
+#include "document/mdlMain.h"
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+std::string TabTypeText(int optType) {
+    const TabType* type = FindTabType(optType);
+    return type ? std::string(Trim(Split(type->caption, '-')[1])) : std::string();
+}
+
+void LoadDocumentProperties(MainModule& main) {
+    TabDocument& document = main.document;
+    document.StationeryType = ReadAccepted(main.settings, kStationeryType);
+    const SettingKey fields = {kNoOfFields.section, kNoOfFields.key, "1", kNoOfFields.accepts};
+    document.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(ReadAccepted(main.settings, fields))));
+    document.NoOfPages = ToInt16(ToDouble(ReadAccepted(main.settings, kNoOfPages)));
+}
+
+void ShowPage(MainModule& main, std::int16_t page) {
+    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    main.document.CurrentPage = page;
+    if (main.editor)
+        main.editor->BringUp();
+}
+
+} // namespace
+
+void ShowDocumentStatus(MainModule& main) {
+    if (!main.status)
+        return;
+    const TabDocument& document = main.document;
+    main.status->SetPanel(1, "Stationery: " + document.StationeryType);
+    main.status->SetPanel(2, "Tab Type: " + TabTypeText(document.OptType));
+    main.status->SetPanel(3, "No of fields: " + std::to_string(document.NoOfFields));
+    main.status->SetPanel(4, "Pg No: " + std::to_string(document.CurrentPage) + " of " +
+                                 std::to_string(document.NoOfPages));
+    main.status->SetPanel(5, "No of tabs: " + std::to_string(document.TabCount));
+}
+
+void RefreshDocumentStatus(MainModule& main) {
+    main.document.OptType = ToInt16(ToDouble(ReadAccepted(main.settings, kOptType)));
+    if (main.document.StationeryType.empty())
+        LoadDocumentProperties(main);
+    ShowDocumentStatus(main);
+}
+
+void ShowCurrentTab(MainModule& main) {
+    if (main.status)
+        main.status->SetPanel(5, "No of tabs: " + std::to_string(main.document.CurrentTab) + " of " +
+                                     std::to_string(main.document.TabCount));
+}
+
+void ShowCaption(MainModule& main) {
+    if (!main.status)
+        return;
+    const std::filesystem::path& name = main.document.DocFileName;
+    main.status->SetCaption(main.settings.SettingsAppName +
+                            (name.empty() ? " [Untitled]" : " [" + name.string() + "]"));
+}
+
+void FirstPage(MainModule& main) {
+    ShowPage(main, 1);
+}
+
+void LastPage(MainModule& main) {
+    ShowPage(main, main.document.NoOfPages);
+}
+
+void NextPage(MainModule& main) {
+    if (main.document.CurrentPage < main.document.NoOfPages)
+        ShowPage(main, Add16(main.document.CurrentPage, 1));
+}
+
+void PreviousPage(MainModule& main) {
+    if (main.document.CurrentPage > 1)
+        ShowPage(main, Add16(main.document.CurrentPage, -1));
+}
+
+} // namespace velmora

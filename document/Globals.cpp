@@ -1,0 +1,107 @@
+#include "document/mdlMain.h"
+
+#include "app/settings/RegistryMove.h"
+#include "app/settings/Validate.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+/// Settings of an older installation are read only while there is no INI file yet.
+void ChooseStore(SettingsStore& store) {
+    if (!store.IniFile.empty() && !FileExists(store.IniFile))
+        MoveRegistrySettings(store);
+    store.SaveMode = 1;
+}
+
+LoadOutcome LoadPrinter(MainModule& main) {
+    SettingsStore& store = main.settings;
+    main.globals.PrinterName = ReadAccepted(store, kPrinter);
+    if (!Trim(main.globals.PrinterName).empty())
+        return LoadOutcome::Loaded;
+    const auto printer = main.printers.DefaultPrinter();
+    if (!printer) {
+        main.ui.Show({"You must first install a default printer before you can use this application.\r\n"
+                      "The execution of this application will be aborted.",
+                      store.SettingsAppName, Icon::Critical});
+        return LoadOutcome::NoPrinter;
+    }
+    main.globals.PrinterName = *printer;
+    Write(store, kPrinter, *printer);
+    return LoadOutcome::Loaded;
+}
+
+} // namespace
+
+LoadOutcome LoadGlobals(MainModule& main) {
+    SettingsStore& store = main.settings;
+    ChooseStore(store);
+    SettingsBatch batch(store);
+    main.globals.AskBeforeDelete = ToFlag(ReadAccepted(store, kAskBeforeDelete));
+    main.globals.StartWithSetup = ToFlag(ReadAccepted(store, kStartWithSetup));
+    main.document.StationeryType = ReadAccepted(store, kStationeryType);
+    main.document.PageSize = ReadAccepted(store, kPageSize);
+    main.document.OptType = ToInt16(ToDouble(ReadAccepted(store, kOptType)));
+    const LoadOutcome outcome = LoadPrinter(main);
+    // A fraction just below 4 passes the test and would round out of the range.
+    main.document.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(ReadAccepted(store, kNoOfFields))));
+    LoadFontSettings(store, main.fonts);
+    batch.Commit();
+    return outcome;
+}
+
+void SaveGlobals(MainModule& main) {
+    SettingsStore& store = main.settings;
+    SettingsBatch batch(store);
+    Write(store, kAskBeforeDelete, FlagText(main.globals.AskBeforeDelete));
+    Write(store, kStartWithSetup, FlagText(main.globals.StartWithSetup));
+    Write(store, kPrinter, main.globals.PrinterName);
+    Write(store, kStationeryType, main.document.StationeryType);
+    Write(store, kPageSize, main.document.PageSize);
+    Write(store, kOptType, std::to_string(main.document.OptType));
+    Write(store, kNoOfFields, std::to_string(main.document.NoOfFields));
+    Write(store, kNoOfPages, std::to_string(main.document.NoOfPages));
+    batch.Commit();
+}
+
+void ApplyTabType(MainModule& main) {
+    NormalisePages(main.document);
+    SaveGlobals(main);
+}
+
+void NewDocument(MainModule& main) {
+    TabDocument& document = main.document;
+    if (main.editor)
+        main.editor->TakeDown();
+    document.DocFileName.clear();
+    document.FileEncoding = Encoding::Utf8;
+    document.TabCount = 0;
+    document.CurrentPage = 0;
+    document.CurrentTab = 0;
+    document.TabsPerPage = 0;
+    ApplyTabType(main);
+    ShowCaption(main);
+    if (main.editor)
+        main.editor->BringUp();
+}
+
+void SaveLabel(MainModule& main, std::int16_t page, std::int16_t tabsPerPage) {
+    if (!main.editor)
+        return;
+    TabDocument& document = main.document;
+    const std::vector<TabTexts> texts = main.editor->ShownTexts();
+    for (std::size_t slot = 0; slot < texts.size(); ++slot) {
+        const int tab = Multiply16(page - 1, tabsPerPage) + static_cast<int>(slot) + 1;
+        for (std::size_t field = 0; field < static_cast<std::size_t>(document.NoOfFields); ++field)
+            document.Field(static_cast<int>(field))(tab) = texts[slot][field];
+    }
+}
+
+void ReportError(MainModule& main, std::string_view cause, std::string_view place) {
+    main.ui.Show({std::string(cause) + "\r\n" + std::string(place), main.settings.SettingsAppName, Icon::Critical});
+}
+
+} // namespace velmora

@@ -1,0 +1,24 @@
+// The grid editor as the core sees it: it holds only the boxes of the page shown.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+/// Texts of fields 1 to 3 of one tab.
+using TabTexts = std::array<std::string, 3>;
+
+class GridEditor {
+public:
+    virtual ~GridEditor() = default;
+    /// Removes the boxes, before the document changes under them. Texts not taken back are lost.
+    virtual void TakeDown() = 0;
+    /// Makes the boxes anew from the document and shows `CurrentPage`.
+    virtual void BringUp() = 0;
+    /// What the boxes hold, slot 1 first; empty while the editor is down. Fields without a box are empty.
+    virtual std::vector<TabTexts> ShownTexts() const = 0;
+};
+
+} // namespace velmora

@@ -1,0 +1,21 @@
+// Loading a tab file into the document that is open.
+#pragma once
+
+#include "document/TabFile.h"
+#include "document/mdlMain.h"
+
+#include <filesystem>
+
+namespace velmora {
+
+/// The load procedure: header into the settings, tab lines into the arrays, whole pages; an announcement when there
+/// are none. Raises OverflowError and what the settings raise; the caller puts back what was changed by then.
+LoadOutcome LoadDocument(MainModule& main, const TabFile& file);
+
+enum class OpenOutcome { Opened, Failed, NoPrinter };
+
+/// Replaces the document by the file's, from its first page on. A failure is shown, sets `FileError` and leaves
+/// document, settings and file as they were. NoPrinter: as LoadGlobals says.
+OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path);
+
+} // namespace velmora

@@ -1,0 +1,111 @@
+#include "document/TabDocument.h"
+
+#include "base/Error.h"
+#include "base/Numbers.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+constexpr int kDivisionByZeroNumber = 11;
+
+void ResizeTabs(TabDocument& document, std::int32_t count) {
+    const bool keep = document.TabCount > 0 && document.CurrentTab > 1;
+    for (int field = 0; field < 3; ++field) {
+        FieldTexts& texts = document.Field(field);
+        if (keep)
+            texts.Resize(count);
+        else
+            texts.ReDim(count);
+    }
+}
+
+} // namespace
+
+std::size_t FieldTexts::Index(std::int32_t tab) const {
+    if (tab < 1 || tab > Count())
+        throw SubscriptError();
+    return static_cast<std::size_t>(tab - 1);
+}
+
+void SetTabsPerPage(TabDocument& document) {
+    GetTabsPerPage(document.OptType, document.TabsPerPage);
+}
+
+void SetRowsAndStationery(TabDocument& document, int optType) {
+    if (const TabType* type = FindTabType(optType)) {
+        document.RowsPerPage = type->rows;
+        document.PageSize = type->stationery;
+    }
+}
+
+void SetColsPerPage(TabDocument& document, int optType) {
+    if (const TabType* type = FindTabType(optType))
+        document.ColsPerPage = type->columns;
+}
+
+void SetLayoutFromType(TabDocument& document) {
+    if (document.OptType >= 4) {
+        document.LayoutName = document.StationeryType.starts_with("DL") ? document.StationeryType : "DL_v";
+        document.StationeryType = document.LayoutName;
+    } else {
+        document.LayoutName = document.OptType <= 1 ? "A4_8" : "A4_9";
+        document.StationeryType = "A4";
+    }
+}
+
+void SetFieldLimits(TabDocument& document) {
+    switch (document.NoOfFields) {
+    case 1: document.Limits = {20, 0, 0}; break;
+    case 2: document.Limits = {20, 20, 0}; break;
+    default: document.Limits = {20, 10, 10}; break;
+    }
+}
+
+std::int16_t PagesForTabs(std::int32_t tabs, std::int16_t tabsPerPage) {
+    if (tabsPerPage == 0)
+        throw Error("Division by zero", kDivisionByZeroNumber);
+    return ToInt16(static_cast<double>(tabs) / tabsPerPage + 0.49);
+}
+
+void NormalisePages(TabDocument& document) {
+    const TabType* type = FindTabType(document.OptType);
+    const std::int16_t perPage = type ? type->TabsPerPage() : std::int16_t{0};
+    const std::int32_t tabs = document.TabCount < 1 ? perPage : document.TabCount;
+    const std::int16_t pages = PagesForTabs(tabs, perPage);
+    const std::int32_t count = Multiply16(pages, perPage);
+
+    document.RowsPerPage = type->rows;
+    document.ColsPerPage = type->columns;
+    document.Grid = type->grid;
+    if (document.TabCount != count)
+        ResizeTabs(document, count);
+    document.CurrentPage = std::clamp<std::int16_t>(document.CurrentPage, 1, pages);
+    document.TabsPerPage = perPage;
+    document.NoOfPages = pages;
+    document.TabCount = count;
+}
+
+int PageOfTab(const TabDocument& document, int tab) {
+    return (tab - 1) / document.TabsPerPage + 1;
+}
+
+int CountFields(std::string_view line) {
+    return static_cast<int>(std::count(line.begin(), line.end(), ',')) + 1;
+}
+
+int PadFields(std::string& line, int fields) {
+    int count = CountFields(line);
+    for (; count < fields; ++count)
+        line += ',';
+    return count;
+}
+
+void CopyTabRange(const FieldTexts& source, std::int32_t first, std::int32_t last, FieldTexts& target,
+                  std::int32_t targetFirst) {
+    for (std::int32_t i = first; i <= last; ++i)
+        target(targetFirst + (i - first)) = source(i);
+}
+
+} // namespace velmora

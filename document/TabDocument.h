@@ -1,0 +1,106 @@
+// The tab document: whole pages of tabs, each with up to three texts, as every part of the program shares it.
+#pragma once
+
+#include "base/Encoding.h"
+#include "document/Stationery.h"
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmora {
+
+/// The texts of one field of all tabs, with tab numbers from 1. An index outside 1 to Count raises SubscriptError.
+class FieldTexts {
+public:
+    std::int32_t Count() const { return static_cast<std::int32_t>(texts_.size()); }
+    std::string& operator()(std::int32_t tab) { return texts_[Index(tab)]; }
+    const std::string& operator()(std::int32_t tab) const { return texts_[Index(tab)]; }
+
+    /// All texts empty.
+    void ReDim(std::int32_t count) { texts_.assign(static_cast<std::size_t>(count), {}); }
+    /// Keeps what fits; new texts are empty.
+    void Resize(std::int32_t count) { texts_.resize(static_cast<std::size_t>(count)); }
+
+    bool operator==(const FieldTexts&) const = default;
+
+private:
+    std::size_t Index(std::int32_t tab) const;
+
+    std::vector<std::string> texts_;
+};
+
+/// Most characters that may be typed into each field; 0 for a field that is not in use.
+struct FieldLimits {
+    std::int16_t MaxLenField1 = 20;
+    std::int16_t MaxLenField2 = 0;
+    std::int16_t MaxLenField3 = 0;
+};
+
+/// Invariants, kept by ApplyTabType and the page operations: the three arrays have `TabCount` texts, and `TabCount` is
+/// `NoOfPages` x `TabsPerPage`. Page p holds tabs (p - 1) x `TabsPerPage` + 1 to p x `TabsPerPage`.
+struct TabDocument {
+    FieldTexts FieldA;
+    FieldTexts FieldB;
+    FieldTexts FieldC;
+    std::int32_t TabCount = 0;
+
+    std::int16_t NoOfPages = 0;
+    std::int16_t CurrentPage = 0; ///< from 1; 0 before the first page is made
+    std::int16_t CurrentTab = 0;  ///< tab number last focused in the grid editor, 0 when none
+    std::int16_t NoOfFields = 1;  ///< in use per tab, 1 to 3
+    std::int16_t OptType = 0;     ///< tab type, 0 to 5
+
+    std::string StationeryType; ///< stationery and layout: "A4", "DL_v" or "DL_h"; empty before the first load
+    std::string PageSize;       ///< sheet: "A4" or "DL"
+    std::string LayoutName;     ///< margin layout: "A4_8", "A4_9", "DL_v" or "DL_h"
+
+    std::int16_t TabsPerPage = 0;
+    std::int16_t RowsPerPage = 0;
+    std::int16_t ColsPerPage = 0;
+    GridGeometry Grid;
+    FieldLimits Limits;
+
+    std::filesystem::path DocFileName; ///< empty: untitled
+    Encoding FileEncoding = Encoding::Utf8;
+    bool FileError = false;  ///< the last file operation failed
+    bool DocChanged = false; ///< unsaved changes
+
+    /// The array of field 0, 1 or 2.
+    FieldTexts& Field(int field) { return field == 0 ? FieldA : field == 1 ? FieldB : FieldC; }
+    const FieldTexts& Field(int field) const { return field == 0 ? FieldA : field == 1 ? FieldB : FieldC; }
+};
+
+/// Sets `TabsPerPage`, or nothing for an `OptType` outside 0 to 5.
+void SetTabsPerPage(TabDocument& document);
+/// Sets `RowsPerPage` and `PageSize`, or nothing outside 0 to 5.
+void SetRowsAndStationery(TabDocument& document, int optType);
+/// Sets `ColsPerPage`, or nothing outside 0 to 5.
+void SetColsPerPage(TabDocument& document, int optType);
+/// Sets `LayoutName` and `StationeryType` to a layout of the tab type: a DL type keeps the DL layout that it has.
+void SetLayoutFromType(TabDocument& document);
+/// Sets the limits that go with `NoOfFields`.
+void SetFieldLimits(TabDocument& document);
+
+/// Makes the document whole pages of its tab type. Raises OverflowError, before any change, when the pages hold more
+/// than 32767 tabs. Deliberate: with `CurrentTab` at 0 or 1 a change of size empties the document.
+void NormalisePages(TabDocument& document);
+
+/// Page of a tab number; both count from 1.
+int PageOfTab(const TabDocument& document, int tab);
+
+/// Number of commas plus one.
+int CountFields(std::string_view line);
+/// Appends commas until the line has at least `fields` fields; returns the final count.
+int PadFields(std::string& line, int fields);
+/// source(first .. last) to target(targetFirst ..); nothing when first > last. Raises SubscriptError.
+void CopyTabRange(const FieldTexts& source, std::int32_t first, std::int32_t last, FieldTexts& target,
+                  std::int32_t targetFirst);
+
+/// tabs / tabsPerPage + 0.49, rounded half to even: a part page counts as a page. Raises OverflowError.
+std::int16_t PagesForTabs(std::int32_t tabs, std::int16_t tabsPerPage);
+
+} // namespace velmora

@@ -1,0 +1,155 @@
+#include "document/TabFileCheck.h"
+
+#include "app/settings/GlobalConfiguration.h"
+#include "base/Encoding.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "document/TabFile.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+constexpr int kMostTabs = 32767;
+
+class Checker {
+public:
+    explicit Checker(const std::string& bytes) : text_(Decode(bytes).text), lines_(text_) {}
+
+    std::vector<TabFileProblem> Run() {
+        if (CheckVersion()) {
+            CheckProperties();
+            CheckMargins();
+            for (int field = 1; field <= kFieldsPerTab; ++field)
+                CheckFont(field);
+            CheckTabs();
+        }
+        return std::move(problems_);
+    }
+
+private:
+    void Report(const std::string& text) { problems_.push_back({line_, text}); }
+
+    bool NextLine(std::string_view& line) {
+        ++line_;
+        if (!lines_.Next(line))
+            return false;
+        if (line.find('\0') != std::string_view::npos)
+            Report("holds bytes that are no text");
+        if (line.size() > kLongestLine)
+            Report("longer than " + std::to_string(kLongestLine) + " bytes");
+        return true;
+    }
+
+    bool CheckVersion() {
+        std::string_view line;
+        if (!NextLine(line))
+            Report("the file is empty");
+        else if (!EqualsNoCase(line.substr(0, 7), "VERSION") || !TestVersion8(line))
+            Report("is not \"Version 8\"");
+        return problems_.empty();
+    }
+
+    /// The fields of a header line, filled up with empty ones after a wrong number of them was reported.
+    std::vector<std::string_view> HeaderFields(const std::string& what, std::size_t count) {
+        std::string_view line;
+        if (!NextLine(line)) {
+            Report("the " + what + " line is missing");
+            return {};
+        }
+        std::vector<std::string_view> fields = Split(line, ',');
+        if (fields.size() != count)
+            Report("the " + what + " line has " + std::to_string(fields.size()) + " values instead of " +
+                   std::to_string(count));
+        fields.resize(count);
+        return fields;
+    }
+
+    void CheckValue(const std::string& name, std::string_view value, bool valid) {
+        if (!valid)
+            Report(name + " \"" + std::string(value) + "\" is not valid");
+    }
+
+    void CheckProperties() {
+        const auto fields = HeaderFields("document", 4);
+        if (fields.empty())
+            return;
+        CheckValue("stationery type", fields[1], IsStationeryType(fields[1]));
+        CheckValue("tab type", fields[2], IsOptType(fields[2]));
+        CheckValue("number of fields", fields[3], IsNoOfFields(fields[3]));
+        if (IsOptType(fields[2]))
+            optType_ = ToInt16(ToDouble(fields[2]));
+        if (IsNoOfFields(fields[3]))
+            layout_.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(fields[3])));
+        if (optType_ && IsStationeryType(fields[1]) &&
+            fields[1].substr(0, 2) != FindTabType(*optType_)->stationery)
+            Report("tab type " + std::to_string(*optType_) + " is not on \"" + std::string(fields[1]) +
+                   "\" stationery");
+    }
+
+    void CheckMargins() {
+        const auto fields = HeaderFields("margin", 2);
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            CheckValue(i == 0 ? "left margin" : "top margin", fields[i], IsNumeric(fields[i]));
+    }
+
+    void CheckFont(int field) {
+        const std::string name = "field " + std::to_string(field) + " ";
+        const auto values = HeaderFields("font", kFontKeys);
+        if (values.empty())
+            return;
+        CheckValue(name + "font name", values[0], IsNotBlank(values[0]));
+        CheckValue(name + "font size", values[1], IsNumeric(values[1]) && ToDouble(values[1]) >= 1);
+        CheckValue(name + "bold", values[2], IsFlag(values[2]));
+        CheckValue(name + "italic", values[3], IsFlag(values[3]));
+        CheckValue(name + "underline", values[4], IsFlag(values[4]));
+        CheckValue(name + "horizontal alignment", values[5], IsAlignmentCode(values[5]));
+        CheckValue(name + "vertical alignment", values[6], IsAlignmentCode(values[6]));
+    }
+
+    void CheckTabs() {
+        SetFieldLimits(layout_);
+        int tabs = 0;
+        for (std::string_view line; NextLine(line); ++tabs)
+            CheckTab(line);
+        if (!optType_)
+            return;
+        const int perPage = FindTabType(*optType_)->TabsPerPage();
+        if (tabs == 0 || tabs % perPage != 0)
+            Report(std::to_string(tabs) + " tabs are no whole number of pages of " + std::to_string(perPage));
+        if (tabs > kMostTabs)
+            Report(std::to_string(tabs) + " tabs are more than a document can hold");
+    }
+
+    void CheckTab(std::string_view line) {
+        const std::vector<std::string_view> fields = Split(line, ',');
+        if (fields.size() > kFieldsPerTab)
+            Report("the tab has " + std::to_string(fields.size()) + " fields instead of " +
+                   std::to_string(kFieldsPerTab));
+        const std::array<std::int16_t, kFieldsPerTab> limits = {
+            layout_.Limits.MaxLenField1, layout_.Limits.MaxLenField2, layout_.Limits.MaxLenField3};
+        const std::size_t count = std::min<std::size_t>(fields.size(), static_cast<std::size_t>(layout_.NoOfFields));
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::size_t length = CharacterCount(fields[i]);
+            if (length > static_cast<std::size_t>(limits[i]))
+                Report("field " + std::to_string(i + 1) + " has " + std::to_string(length) +
+                       " characters instead of at most " + std::to_string(limits[i]));
+        }
+    }
+
+    std::string text_;
+    LineReader lines_;
+    int line_ = 0;
+    std::optional<std::int16_t> optType_;
+    TabDocument layout_; ///< for the limits that go with the number of fields
+    std::vector<TabFileProblem> problems_;
+};
+
+} // namespace
+
+std::vector<TabFileProblem> CheckTabFile(const std::string& bytes) {
+    return Checker(bytes).Run();
+}
+
+} // namespace velmora

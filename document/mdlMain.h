@@ -1,0 +1,67 @@
+// Chief header of the document's procedures: the state that the whole program shares, made once by each program and
+// passed by reference, and the loading and saving of the global configuration.
+#pragma once
+
+#include "app/settings/GlobalConfiguration.h"
+#include "app/settings/mdlSettings.h"
+#include "document/FontSettings.h"
+#include "document/GridEditor.h"
+#include "document/TabDocument.h"
+#include "platform/MainWindowStatus.h"
+#include "platform/PrintSystem.h"
+#include "platform/UserInterface.h"
+
+#include <string_view>
+
+namespace velmora {
+
+struct MainModule {
+    SettingsStore& settings;
+    UserInterface& ui;
+    PrintSystem& printers;
+    TabDocument document;
+    GlobalConfiguration globals;
+    FontSettings fonts;
+    GridEditor* editor = nullptr;       ///< set while a main window lives
+    MainWindowStatus* status = nullptr; ///< set while a main window lives
+};
+
+enum class LoadOutcome { Loaded, NoPrinter };
+
+/// Fills globals, the document's properties and the fonts from the settings. Chooses the store first: without an INI
+/// file, settings of an older installation are moved into it. NoPrinter: the machine has none, the person was told,
+/// and the program must end.
+LoadOutcome LoadGlobals(MainModule& main);
+/// Writes globals and the document's properties.
+void SaveGlobals(MainModule& main);
+
+/// Makes the document whole pages of its tab type, and saves the page count and the global configuration. Raises
+/// OverflowError, with everything as it was, when the document grows beyond 32767 tabs.
+void ApplyTabType(MainModule& main);
+
+/// Replaces the document by one empty page of the current tab type.
+void NewDocument(MainModule& main);
+
+/// Copies the page that the editor shows into the document, tabs (page - 1) x tabsPerPage + 1 onward; fields not in use
+/// keep their texts.
+void SaveLabel(MainModule& main, std::int16_t page, std::int16_t tabsPerPage);
+
+/// Writes the five status panels.
+void ShowDocumentStatus(MainModule& main);
+/// Reads the tab type anew, and the document's properties on the first call after start-up; then shows the status.
+void RefreshDocumentStatus(MainModule& main);
+/// Panel 5 while a tab has the focus.
+void ShowCurrentTab(MainModule& main);
+/// The application name with the document's name in brackets.
+void ShowCaption(MainModule& main);
+
+/// Takes the page on screen into the document and shows the first, last, next or previous page; at an end it stays.
+void FirstPage(MainModule& main);
+void LastPage(MainModule& main);
+void NextPage(MainModule& main);
+void PreviousPage(MainModule& main);
+
+/// "cause", a line break and the place, in a critical box: how a procedure reports an error that it trapped.
+void ReportError(MainModule& main, std::string_view cause, std::string_view place);
+
+} // namespace velmora

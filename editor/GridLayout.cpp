@@ -1,0 +1,84 @@
+#include "editor/GridLayout.h"
+
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kTwoFieldLineGap = 50; // the lines of two fields stand 50 twips apart, those of three 10
+
+/// The boxes of the first tab.
+std::array<GridBox, 3> FirstBoxes(const GridGeometry& grid, int fields) {
+    const int left = grid.LeftOffset;
+    const int top = grid.TopOffset;
+    if (fields == 1)
+        return {GridBox{left, top, grid.Width1, 2 * grid.Height2 + grid.LineGap}};
+    const GridBox first = {left, top, grid.Width1, grid.Height2};
+    if (fields == 2)
+        return {first, GridBox{left, top + first.height + kTwoFieldLineGap, first.width, first.height}};
+    const int second = top + grid.Height2 + grid.LineGap;
+    return {first, GridBox{left, second, grid.Width2, grid.Height2},
+            GridBox{grid.Width2 + left + grid.LineGap, second, grid.Width2, grid.Height2}};
+}
+
+GridBox Moved(GridBox box, int right, int down) {
+    box.left += right;
+    box.top += down;
+    return box;
+}
+
+std::int16_t Limit(const FieldLimits& limits, int field) {
+    return field == 0 ? limits.MaxLenField1 : field == 1 ? limits.MaxLenField2 : limits.MaxLenField3;
+}
+
+} // namespace
+
+std::vector<GridCell> LayOutGrid(const TabDocument& document) {
+    const GridGeometry& grid = document.Grid;
+    const std::array<GridBox, 3> first = FirstBoxes(grid, document.NoOfFields);
+    // The halves of a cell and the gap between them may be a little wider than its full box.
+    const int width = std::max(grid.Width1, 2 * grid.Width2 + grid.LineGap);
+    std::vector<GridCell> cells;
+    for (int row = 0; row < document.RowsPerPage; ++row) {
+        for (int column = 0; column < document.ColsPerPage; ++column) {
+            const int right = column * (width + grid.CellGap);
+            const int down = row * (grid.Height1 + grid.CellGap);
+            GridCell cell{{right, down, width, grid.Height1}, first};
+            for (GridBox& box : cell.boxes)
+                box = Moved(box, right, down);
+            cells.push_back(cell);
+        }
+    }
+    return cells;
+}
+
+std::vector<TabTexts> PopulateLabels(const TabDocument& document) {
+    std::vector<TabTexts> texts;
+    const int before = Multiply16(document.CurrentPage - 1, document.TabsPerPage);
+    for (int tab = before + 1; tab <= before + document.TabsPerPage; ++tab)
+        texts.push_back({document.FieldA(tab), document.FieldB(tab), document.FieldC(tab)});
+    return texts;
+}
+
+void EnterBox(MainModule& main, int slot) {
+    TabDocument& document = main.document;
+    try {
+        document.CurrentTab = Add16(Multiply16(document.CurrentPage - 1, document.TabsPerPage), slot);
+    } catch (const OverflowError&) {
+        return;
+    }
+    ShowCurrentTab(main);
+}
+
+std::string EditBox(MainModule& main, int field, const std::string& text) {
+    main.document.DocChanged = true;
+    const auto limit = static_cast<std::size_t>(Limit(main.document.Limits, field));
+    if (CharacterCount(text) <= limit)
+        return text;
+    main.ui.Beep();
+    return std::string(LeftCharacters(text, limit));
+}
+
+} // namespace velmora

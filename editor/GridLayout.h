@@ -1,0 +1,40 @@
+// Where the boxes of one page stand in the grid editor, and the copies between page and document.
+#pragma once
+
+#include "document/mdlMain.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+/// Twips, from the top left corner of the grid.
+struct GridBox {
+    int left = 0;
+    int top = 0;
+    int width = 0; ///< 0: the field is not in use
+    int height = 0;
+    bool operator==(const GridBox&) const = default;
+};
+
+struct GridCell {
+    GridBox outline;
+    std::array<GridBox, 3> boxes; ///< fields 1 to 3
+};
+
+/// The cells of one page, slot 1 first, row by row.
+std::vector<GridCell> LayOutGrid(const TabDocument& document);
+
+/// Texts of page `CurrentPage`: slot i is tab (`CurrentPage` - 1) x `TabsPerPage` + i.
+std::vector<TabTexts> PopulateLabels(const TabDocument& document);
+
+/// A box of slot 1 onward took the focus: sets `CurrentTab` and shows it; a tab number beyond 16 bits changes nothing.
+void EnterBox(MainModule& main, int slot);
+
+/// A box of field 0 to 2 was typed in: marks the document as changed and gives back the text, cut (with a beep) to the
+/// field's limit.
+std::string EditBox(MainModule& main, int field, const std::string& text);
+
+} // namespace velmora

@@ -1,0 +1,252 @@
+#include "editor/ui/frmGrid2a4.h"
+
+#include <QEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScrollBar>
+#include <QStyle>
+
+#include <algorithm>
+#include <cmath>
+
+namespace velmora {
+namespace {
+
+constexpr double kTwipsPerPixel = 15; // at 96 dots per inch
+constexpr double kLargestScale = 1.6 / kTwipsPerPixel;
+constexpr int kPaperMargin = 16;
+constexpr int kGround = 12;
+constexpr int kCaptionHeight = 22;
+constexpr double kCellRadius = 4;
+constexpr double kCellPadding = 3;
+constexpr const char* kSlotProperty = "slot";
+
+Qt::Alignment BoxAlignment(std::int16_t code) {
+    const Qt::Alignment horizontal = code == kAlignRight    ? Qt::AlignRight
+                                     : code == kAlignCentre ? Qt::AlignHCenter
+                                                            : Qt::AlignLeft;
+    return horizontal | Qt::AlignVCenter;
+}
+
+QColor Blend(const QColor& a, const QColor& b, double share) {
+    return QColor::fromRgbF(static_cast<float>(a.redF() + (b.redF() - a.redF()) * share),
+                            static_cast<float>(a.greenF() + (b.greenF() - a.greenF()) * share),
+                            static_cast<float>(a.blueF() + (b.blueF() - a.blueF()) * share));
+}
+
+} // namespace
+
+void GridSheet::SetCells(std::vector<GridCell> cells, const QString& caption) {
+    cells_ = std::move(cells);
+    caption_ = caption;
+    marked_ = 0;
+    update();
+}
+
+void GridSheet::SetScale(double pixelsPerTwip) {
+    pixelsPerTwip_ = pixelsPerTwip;
+    setFixedSize(SizeAt(pixelsPerTwip));
+    update();
+}
+
+void GridSheet::MarkSlot(int slot) {
+    marked_ = slot;
+    update();
+}
+
+QSize GridSheet::GridTwips() const {
+    return cells_.empty() ? QSize()
+                          : QSize(cells_.back().outline.left + cells_.back().outline.width,
+                                  cells_.back().outline.top + cells_.back().outline.height);
+}
+
+QSize GridSheet::SizeAt(double pixelsPerTwip) const {
+    const int border = 2 * (kPaperMargin + kGround);
+    return {static_cast<int>(std::ceil(GridTwips().width() * pixelsPerTwip)) + border,
+            static_cast<int>(std::ceil(GridTwips().height() * pixelsPerTwip)) + border + kCaptionHeight};
+}
+
+QRect GridSheet::BoxRect(const GridBox& box) const {
+    const auto pixel = [&](int twips) { return static_cast<int>(std::lround(twips * pixelsPerTwip_)); };
+    const int border = kPaperMargin + kGround;
+    return QRect(QPoint(pixel(box.left) + border, pixel(box.top) + border),
+                 QPoint(pixel(box.left + box.width) + border - 1, pixel(box.top + box.height) + border - 1));
+}
+
+void GridSheet::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor paper = palette().color(QPalette::Base);
+    const QColor line = Blend(paper, palette().color(QPalette::Text), 0.25);
+    const QRectF sheet = QRectF(rect()).adjusted(kGround, kGround, -kGround, -kGround).translated(0.5, 0.5);
+    painter.setPen(line);
+    painter.setBrush(paper);
+    painter.drawRect(sheet);
+    painter.setBrush(Blend(paper, palette().color(QPalette::Text), 0.04));
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+        const bool marked = static_cast<int>(i) + 1 == marked_;
+        painter.setPen(marked ? QPen(palette().color(QPalette::Highlight), 2) : QPen(line, 1));
+        painter.drawRoundedRect(QRectF(BoxRect(cells_[i].outline))
+                                    .adjusted(-kCellPadding, -kCellPadding, kCellPadding, kCellPadding),
+                                kCellRadius, kCellRadius);
+    }
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(QRectF(sheet.left(), sheet.bottom() - kCaptionHeight - kPaperMargin / 2.0, sheet.width(),
+                            kCaptionHeight),
+                     Qt::AlignCenter, caption_);
+}
+
+frmGrid2a4::frmGrid2a4(MainModule& main, QWidget* parent)
+    : QScrollArea(parent), main_(main), sheet_(new GridSheet(this)) {
+    setObjectName("frmGrid2a4");
+    setFrameShape(QFrame::NoFrame);
+    setAlignment(Qt::AlignCenter);
+    auto* scrollBar = new QScrollBar(Qt::Vertical, this);
+    scrollBar->setObjectName("FlatScrollBar1");
+    setVerticalScrollBar(scrollBar);
+    setWidget(sheet_);
+    main_.editor = this;
+}
+
+frmGrid2a4::~frmGrid2a4() {
+    main_.editor = nullptr;
+}
+
+void frmGrid2a4::TakeDown() {
+    for (const auto& fields : boxes_)
+        for (QLineEdit* box : fields)
+            delete box;
+    boxes_.clear();
+    shown_.clear();
+}
+
+void frmGrid2a4::BringUp() {
+    RefreshDocumentStatus(main_);
+    SetLablesOnGrid();
+    ShowTexts();
+    FocusTab();
+}
+
+std::vector<TabTexts> frmGrid2a4::ShownTexts() const {
+    std::vector<TabTexts> texts = shown_;
+    for (std::size_t slot = 0; slot < boxes_.size(); ++slot)
+        for (std::size_t field = 0; field < boxes_[slot].size(); ++field)
+            // A text that nobody typed in stays as it is, also one that a box cannot show as it stands.
+            if (boxes_[slot][field] && boxes_[slot][field]->isModified())
+                texts[slot][field] = boxes_[slot][field]->text().toStdString();
+    return texts;
+}
+
+QLineEdit* frmGrid2a4::Box(int field, int slot) const {
+    return boxes_.at(static_cast<std::size_t>(slot - 1)).at(static_cast<std::size_t>(field));
+}
+
+/// Keeps the boxes when their number is right, as it is on a move to another page.
+void frmGrid2a4::SetLablesOnGrid() {
+    const bool docChanged = main_.document.DocChanged;
+    cells_ = LayOutGrid(main_.document);
+    sheet_->SetCells(cells_, tr("Page %1 of %2").arg(main_.document.CurrentPage).arg(main_.document.NoOfPages));
+    const auto fields = static_cast<std::size_t>(main_.document.NoOfFields);
+    const bool fits = boxes_.size() == cells_.size() && (fields == 3 || !boxes_[0][fields]) && boxes_[0][fields - 1];
+    if (!fits) {
+        TakeDown();
+        boxes_.assign(cells_.size(), {});
+        for (std::size_t slot = 0; slot < cells_.size(); ++slot)
+            for (std::size_t field = 0; field < fields; ++field)
+                boxes_[slot][field] = MakeBox(static_cast<int>(field), static_cast<int>(slot) + 1);
+    }
+    PlaceBoxes();
+    main_.document.DocChanged = docChanged;
+}
+
+QLineEdit* frmGrid2a4::MakeBox(int field, int slot) {
+    auto* box = new QLineEdit(sheet_);
+    box->setObjectName(QString("TextA%1(%2)").arg(field + 1).arg(slot));
+    box->setAccessibleName(tr("Tab %1, field %2").arg(slot).arg(field + 1));
+    box->setProperty(kSlotProperty, slot);
+    box->installEventFilter(this);
+    connect(box, &QLineEdit::textEdited, this, [this, field, box] { Edited(field, box); });
+    return box;
+}
+
+void frmGrid2a4::ShowTexts() {
+    shown_ = PopulateLabels(main_.document);
+    for (std::size_t slot = 0; slot < boxes_.size(); ++slot) {
+        for (std::size_t field = 0; field < boxes_[slot].size(); ++field) {
+            QLineEdit* box = boxes_[slot][field];
+            if (!box)
+                continue;
+            box->setAlignment(BoxAlignment(main_.fonts[field].HorizontalAlignment));
+            box->setText(QString::fromStdString(shown_[slot][field]));
+            box->setCursorPosition(0);
+        }
+    }
+}
+
+/// Keeps the focus in its slot on a move to another page; a page that comes up anew starts at its first tab.
+void frmGrid2a4::FocusTab() {
+    QWidget* focused = focusWidget();
+    if (focused && focused->property(kSlotProperty).isValid())
+        Entered(focused->property(kSlotProperty).toInt());
+    else if (!boxes_.empty())
+        boxes_[0][0]->setFocus();
+}
+
+void frmGrid2a4::Entered(int slot) {
+    sheet_->MarkSlot(slot);
+    EnterBox(main_, slot);
+}
+
+double frmGrid2a4::FittingScale() const {
+    if (cells_.empty())
+        return 1 / kTwipsPerPixel;
+    // A line must hold the desktop's font with its frame, however large that is.
+    const QLineEdit probe;
+    const double smallest = std::max(1 / kTwipsPerPixel, probe.minimumSizeHint().height() /
+                                                             static_cast<double>(main_.document.Grid.Height2));
+    const QSize border = sheet_->SizeAt(0);
+    const QSize full = sheet_->SizeAt(smallest);
+    const double across = static_cast<double>(viewport()->width() - border.width()) / (full.width() - border.width());
+    const double down = static_cast<double>(viewport()->height() - border.height()) / (full.height() - border.height());
+    return std::max(smallest, std::min({smallest * across, smallest * down, kLargestScale}));
+}
+
+void frmGrid2a4::PlaceBoxes() {
+    sheet_->SetScale(FittingScale());
+    for (std::size_t slot = 0; slot < boxes_.size(); ++slot) {
+        for (std::size_t field = 0; field < boxes_[slot].size(); ++field) {
+            if (QLineEdit* box = boxes_[slot][field]) {
+                box->setGeometry(sheet_->BoxRect(cells_[slot].boxes[field]));
+                box->show();
+            }
+        }
+    }
+}
+
+void frmGrid2a4::Edited(int field, QLineEdit* box) {
+    const std::string typed = box->text().toStdString();
+    const std::string kept = EditBox(main_, field, typed);
+    if (kept == typed)
+        return;
+    const int cursor = box->cursorPosition();
+    box->setText(QString::fromStdString(kept));
+    box->setCursorPosition(cursor);
+    box->setModified(true);
+}
+
+void frmGrid2a4::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    if (!boxes_.empty())
+        PlaceBoxes();
+}
+
+bool frmGrid2a4::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn && watched->property(kSlotProperty).isValid()) {
+        Entered(watched->property(kSlotProperty).toInt());
+        ensureWidgetVisible(static_cast<QWidget*>(watched));
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
+} // namespace velmora

@@ -1,0 +1,76 @@
+// The grid editor: one page of the document as a sheet of paper with a box for every field of every tab.
+#pragma once
+
+#include "editor/GridLayout.h"
+
+#include <QScrollArea>
+#include <QWidget>
+
+class QLineEdit;
+
+namespace velmora {
+
+/// The sheet itself: paints the paper, the tabs' outlines and the mark of the focused tab behind its boxes.
+class GridSheet : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit GridSheet(QWidget* parent) : QWidget(parent) {}
+
+    /// Cells in twips; `caption` stands at the sheet's foot.
+    void SetCells(std::vector<GridCell> cells, const QString& caption);
+    /// Device-independent pixels per twip.
+    void SetScale(double pixelsPerTwip);
+    /// Slot from 1; 0: none.
+    void MarkSlot(int slot);
+    QSize SizeAt(double pixelsPerTwip) const;
+    QRect BoxRect(const GridBox& box) const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QSize GridTwips() const;
+
+    std::vector<GridCell> cells_;
+    QString caption_;
+    double pixelsPerTwip_ = 0;
+    int marked_ = 0;
+};
+
+class frmGrid2a4 : public QScrollArea, public GridEditor {
+    Q_OBJECT
+
+public:
+    frmGrid2a4(MainModule& main, QWidget* parent);
+    ~frmGrid2a4() override;
+
+    void TakeDown() override;
+    void BringUp() override;
+    std::vector<TabTexts> ShownTexts() const override;
+
+    /// The box of field 0 to 2 in a slot from 1, or nullptr.
+    QLineEdit* Box(int field, int slot) const;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void SetLablesOnGrid();
+    void ShowTexts();
+    QLineEdit* MakeBox(int field, int slot);
+    void PlaceBoxes();
+    void FocusTab();
+    void Entered(int slot);
+    double FittingScale() const;
+    void Edited(int field, QLineEdit* box);
+
+    MainModule& main_;
+    GridSheet* sheet_;
+    std::vector<GridCell> cells_;
+    std::vector<std::array<QLineEdit*, 3>> boxes_; ///< slot 1 first; nullptr for a field not in use
+    std::vector<TabTexts> shown_;                  ///< as they were filled in
+};
+
+} // namespace velmora

@@ -1,0 +1,20 @@
+// The printers of a machine as far as this program brings them along: the one that writes a PDF.
+#pragma once
+
+#include "platform/PrintSystem.h"
+
+namespace velmora {
+
+class BuiltInPrinters : public PrintSystem {
+public:
+    /// `pdfPrinter` false takes the built-in printer away (VELMORA_NO_PDF_PRINTER=1).
+    explicit BuiltInPrinters(bool pdfPrinter) : pdfPrinter_(pdfPrinter) {}
+
+    std::vector<std::string> Printers() const override;
+    std::optional<std::string> DefaultPrinter() const override;
+
+private:
+    bool pdfPrinter_;
+};
+
+} // namespace velmora

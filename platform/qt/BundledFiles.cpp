@@ -1,0 +1,36 @@
+#include "platform/qt/BundledFiles.h"
+
+#include "base/AtomicFile.h"
+
+#include <QDirIterator>
+#include <QFile>
+
+namespace velmora {
+namespace {
+
+const QString kRoot = QStringLiteral(":/velmora/");
+
+void Unpack(const QString& bundled, const std::filesystem::path& target) {
+    QFile file(bundled);
+    if (std::filesystem::exists(target) || !file.open(QIODevice::ReadOnly))
+        return;
+    std::error_code error;
+    std::filesystem::create_directories(target.parent_path(), error);
+    try {
+        const QByteArray bytes = file.readAll();
+        ReplaceFile(target, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    } catch (const FileAccessError&) {
+    }
+}
+
+} // namespace
+
+void UnpackBundledFiles(const std::filesystem::path& folder) {
+    QDirIterator files(kRoot, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString bundled = files.next();
+        Unpack(bundled, folder / bundled.mid(kRoot.size()).toStdString());
+    }
+}
+
+} // namespace velmora

@@ -1,0 +1,114 @@
+#include "platform/qt/QtUserInterface.h"
+
+#include "platform/qt/frmProgress.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace velmora {
+namespace {
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QMessageBox::Icon BoxIcon(Icon icon) {
+    switch (icon) {
+    case Icon::Information: return QMessageBox::Information;
+    case Icon::Question: return QMessageBox::Question;
+    case Icon::Exclamation: return QMessageBox::Warning;
+    case Icon::Critical: return QMessageBox::Critical;
+    case Icon::None: break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons BoxButtons(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::RetryCancel: return QMessageBox::Retry | QMessageBox::Cancel;
+    case Buttons::Ok: break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton BoxButton(Answer answer) {
+    switch (answer) {
+    case Answer::Yes: return QMessageBox::Yes;
+    case Answer::No: return QMessageBox::No;
+    case Answer::Cancel: return QMessageBox::Cancel;
+    case Answer::Retry: return QMessageBox::Retry;
+    case Answer::Ok: break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer BoxAnswer(int button) {
+    switch (button) {
+    case QMessageBox::Yes: return Answer::Yes;
+    case QMessageBox::No: return Answer::No;
+    case QMessageBox::Cancel: return Answer::Cancel;
+    case QMessageBox::Retry: return Answer::Retry;
+    default: return Answer::Ok;
+    }
+}
+
+/// "Text (*.txt)|*.txt|All|*.*" becomes the names with their patterns in brackets, as the desktop's dialog takes them.
+QStringList NameFilters(const std::string& filter) {
+    const QStringList parts = Text(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString name = parts[i].section('(', 0, 0).trimmed();
+        filters << name + " (" + parts[i + 1] + ")";
+    }
+    return filters;
+}
+
+} // namespace
+
+Answer QtUserInterface::Show(const Message& message) {
+    QMessageBox box(BoxIcon(message.icon), Text(message.title), Text(message.text).replace("\r\n", "\n"),
+                    BoxButtons(message.buttons), QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    if (message.defaultButton)
+        box.setDefaultButton(BoxButton(*message.defaultButton));
+    // A question without a Cancel button can be left with Escape all the same: that says No.
+    if (message.buttons == Buttons::YesNo)
+        box.setEscapeButton(QMessageBox::No);
+    return BoxAnswer(box.exec());
+}
+
+void QtUserInterface::Beep() {
+    QApplication::beep();
+}
+
+std::unique_ptr<Progress> QtUserInterface::StartProgress(const std::string& text, int total) {
+    return std::make_unique<frmProgress>(Text(text), total, QApplication::applicationName());
+}
+
+std::optional<std::filesystem::path> QtUserInterface::ChooseFile(const FileRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow(), Text(request.title), Text(request.folder.string()));
+    dialog.setNameFilters(NameFilters(request.filter));
+    const bool saving = request.operation == "SAVE";
+    dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // the program asks in its own words
+    if (saving)
+        dialog.selectFile(Text(request.defaultName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return std::filesystem::path(dialog.selectedFiles().first().toStdString());
+}
+
+std::optional<std::filesystem::path> QtUserInterface::ChooseFolder(const std::string& title,
+                                                                   const std::filesystem::path& start) {
+    const QString folder =
+        QFileDialog::getExistingDirectory(QApplication::activeWindow(), Text(title), Text(start.string()));
+    if (folder.isEmpty())
+        return std::nullopt;
+    return std::filesystem::path(folder.toStdString());
+}
+
+} // namespace velmora

@@ -1,0 +1,79 @@
+#include "print/PdfReport.h"
+
+#include "app/settings/Validate.h"
+#include "base/AtomicFile.h"
+#include "print/PdfCanvas.h"
+#include "print/SheetPainter.h"
+
+#include <numeric>
+
+namespace velmora {
+namespace {
+
+std::vector<int> AllSheets(const rptVelmor& report) {
+    std::vector<int> numbers(static_cast<std::size_t>(report.SheetCount()));
+    std::iota(numbers.begin(), numbers.end(), 1);
+    return numbers;
+}
+
+/// Asks until a path is chosen that may be written; nothing when the person cancels.
+std::optional<std::filesystem::path> AskForPath(MainModule& main) {
+    const std::filesystem::path& document = main.document.DocFileName;
+    const std::string name = document.empty() ? "Tabs" : document.stem().string();
+    for (;;) {
+        const auto path = main.ui.ChooseFile(
+            {"SAVE", "Save as PDF", document.parent_path(), "PDF file (*.pdf)|*.pdf", name + ".pdf"});
+        if (!path || !FileExists(*path))
+            return path;
+        if (main.ui.Show({"Do you want to overwrite the following file?\r\n[" + path->string() + "]",
+                          main.settings.SettingsAppName, Icon::Question, Buttons::YesNo, Answer::No}) == Answer::Yes)
+            return path;
+    }
+}
+
+} // namespace
+
+rptVelmor PrepareReport(const MainModule& main, LayoutValues& layout, const ReportRequest& request) {
+    const TabDocument& document = main.document;
+    rptVelmor report(layout);
+    report.InitArray(request.mode, request.pageOnly ? document.TabsPerPage : document.TabCount, document.RowsPerPage,
+                     document.ColsPerPage, document.NoOfFields, request.pageOnly, document);
+    report.PrepareTabStyle(document.OptType, main.settings);
+    report.FormatFields(document.NoOfFields, document.ColsPerPage, document.OptType, main.fonts);
+    report.SetPage(SheetPaper(SetStationeryFromType(document.OptType), document.StationeryType),
+                   ReadPageMargins(main.settings));
+    return report;
+}
+
+void WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
+              const std::function<void(std::string_view)>& sink, Progress* progress) {
+    PdfCanvas pdf(sink, {});
+    SheetPainter painter(catalogue, main.fonts);
+    Sheet sheet;
+    int done = 0;
+    for (const int number : options.sheets.empty() ? AllSheets(report) : options.sheets) {
+        report.LayOutSheet(number, sheet);
+        painter.Paint(sheet, pdf);
+        if (progress)
+            progress->Advance(++done);
+    }
+    pdf.Finish();
+}
+
+void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& catalogue) {
+    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    const auto path = AskForPath(main);
+    if (!path)
+        return;
+    try {
+        rptVelmor report = PrepareReport(main, layout, {});
+        const auto progress = main.ui.StartProgress("Exporting file.  Please standby...", report.SheetCount());
+        AtomicFile file(*path);
+        WritePdf(report, main, catalogue, {}, [&](std::string_view bytes) { file.Write(bytes); }, progress.get());
+        file.Commit();
+    } catch (const std::exception& error) {
+        ReportError(main, error.what(), "Called from Function: PrintReport");
+    }
+}
+
+} // namespace velmora

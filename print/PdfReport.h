@@ -1,0 +1,37 @@
+// A document as a PDF file, through the tab report and the one painter.
+#pragma once
+
+#include "document/mdlMain.h"
+#include "platform/FontCatalogue.h"
+#include "print/rptVelmor.h"
+
+#include <filesystem>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace velmora {
+
+/// What to lay out, as a print run names it.
+struct ReportRequest {
+    std::string_view mode = "PRINT"; ///< "TEST": the fixed texts of the test page
+    bool pageOnly = false;           ///< the page shown alone
+};
+
+/// The report of the document, ready for its sheets. Raises what the report's steps raise.
+rptVelmor PrepareReport(const MainModule& main, LayoutValues& layout, const ReportRequest& request);
+
+struct PdfOptions {
+    std::vector<int> sheets; ///< numbers from 1, in the order of printing; empty: all
+    bool outline = false;    ///< draws the tabs' and the fields' outlines too
+};
+
+/// Writes the sheets through `sink`, one sheet in memory at a time. `progress` is told the sheets done.
+void WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
+              const std::function<void(std::string_view)>& sink, Progress* progress = nullptr);
+
+/// The command: asks for a path, takes the page on screen into the document and writes the whole document. The file is
+/// replaced only when all of it is written; a failure is shown.
+void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& catalogue);
+
+} // namespace velmora

@@ -1,0 +1,176 @@
+#include "print/rptVelmor.h"
+
+#include "app/settings/GlobalConfiguration.h"
+#include "base/Error.h"
+#include "base/Numbers.h"
+
+namespace velmora {
+namespace {
+
+constexpr std::size_t kTabStyles = 6;
+constexpr double kGapOfStyle5 = 113.4; // 2 mm
+
+struct TabStyle {
+    SettingKey tabTop; ///< millimetres
+    double columnWidth;
+    double fieldGap;
+};
+
+// Styles 0 to 3 share one key: a stored value overrides both defaults.
+const std::array<TabStyle, kTabStyles> kStyles = {{
+    {{"Settings", "Tab Top A4_1", "23", IsAnyText}, 3402.0, 0},
+    {{"Settings", "Tab Top A4_1", "23", IsAnyText}, 1701.0, 0},
+    {{"Settings", "Tab Top A4_1", "20", IsAnyText}, 3402.0, 0},
+    {{"Settings", "Tab Top A4_1", "20", IsAnyText}, 1701.0, 0},
+    {{"Settings", "Tab Top DL_1", "21", IsAnyText}, 1644.3, 0},
+    {{"Settings", "Tab Top DL_2", "21", IsAnyText}, 2891.7, kGapOfStyle5},
+}};
+
+constexpr std::array<std::string_view, kFieldsPerTab> kTestTexts = {"Field 1", "Field 2", "Field 3"};
+
+double Millimetres(std::string_view text) {
+    return ToDouble(text) * kTwipsPerMm;
+}
+
+/// Only probes for the stored tab top: a default written back by one style would hold for all that share the key.
+double TabTopTwips(const SettingKey& key, SettingsStore& store) {
+    const std::string stored = GetSetting(store, store.SettingsAppName, key.section, key.key, kProbe);
+    return Millimetres(stored == kProbe ? key.fallback : std::string_view(stored));
+}
+
+Box Shifted(const Box& box, double left, double top) {
+    return {box.left + left, box.top + top, box.width, box.height};
+}
+
+} // namespace
+
+PageMargins ReadPageMargins(SettingsStore& store) {
+    const auto margin = [&](const SettingKey& key) {
+        return Millimetres(GetSetting(store, store.SettingsAppName, key.section, key.key, key.fallback));
+    };
+    return {margin(kMarginLeft), margin(kMarginTop)};
+}
+
+Paper SheetPaper(std::string_view stationery, std::string_view layout) {
+    const bool portrait = layout == "A4" || layout == "DL_h";
+    if (stationery == "A4")
+        return {210, 297, !portrait};
+    // The grid is wider than a DL sheet's short side: upright, the sheet goes in long edge first.
+    return portrait ? Paper{220, 110, false} : Paper{110, 220, true};
+}
+
+void rptVelmor::InitArray(std::string_view mode, std::int32_t count, std::int16_t rows, std::int16_t cols,
+                          std::int16_t numFields, bool pageOnly, const TabDocument& document) {
+    if (count < 1 || rows < 1 || cols < 1 || count % (rows * cols) != 0)
+        throw SubscriptError();
+    rows_ = rows;
+    cols_ = cols;
+    numFields_ = numFields;
+    tabs_.assign(static_cast<std::size_t>(ToInt16(count)), {});
+    const std::int32_t before = pageOnly ? Multiply16(document.CurrentPage - 1, document.TabsPerPage) : 0;
+    for (std::size_t index = 0; index < tabs_.size(); ++index)
+        FillRecord(index, mode, document, before + static_cast<std::int32_t>(index) + 1);
+}
+
+void rptVelmor::FillRecord(std::size_t index, std::string_view mode, const TabDocument& document, std::int32_t tab) {
+    if (numFields_ < 1 || numFields_ > kFieldsPerTab)
+        return;
+    for (std::size_t field = 0; field < static_cast<std::size_t>(numFields_); ++field)
+        tabs_[index][field] =
+            mode == "TEST" ? kTestTexts[field] : std::string_view(document.Field(static_cast<int>(field))(tab));
+}
+
+void rptVelmor::PrepareTabStyle(std::int16_t style, SettingsStore& store) {
+    layout_.TabLeft = 0;
+    layout_.TextBand = layout_.TextBandMm * kTwipsPerMm;
+    const double correction = (layout_.TextBandMm - layout_.TextBandRefMm) * kTwipsPerMm;
+    if (style >= 0 && static_cast<std::size_t>(style) < kTabStyles) {
+        const TabStyle& row = kStyles[static_cast<std::size_t>(style)];
+        layout_.TabTop = TabTopTwips(row.tabTop, store) - (style == 5 ? correction / 2 : 0);
+        layout_.ColumnWidth = row.columnWidth;
+        layout_.FieldGap = row.fieldGap;
+    }
+    layout_.RowHeight = layout_.TextBand + layout_.TabTop - correction;
+}
+
+void rptVelmor::FormatFields(std::int16_t numFields, std::int16_t cols, std::int16_t /*style*/,
+                             const FontSettings& fonts) {
+    cols_ = cols;
+    fields_ = {};
+    for (std::size_t field = 0; field < fonts.size(); ++field)
+        alignments_[field] = fonts[field].HorizontalAlignment;
+    if (numFields == 1)
+        fields_[0] = {layout_.TabLeft, layout_.RowHeight - layout_.TextBandMm * kTwipsPerMm, layout_.ColumnWidth,
+                      layout_.TextBand};
+    else
+        PlaceTwoLines(numFields);
+}
+
+void rptVelmor::PlaceTwoLines(std::int16_t numFields) {
+    const double correction = (layout_.TextBandMm - layout_.TextBandRefMm) / 2 * kTwipsPerMm;
+    Box& first = fields_[0];
+    Box& second = fields_[1];
+    Box& third = fields_[2];
+    first = {layout_.TabLeft, layout_.TabTop, layout_.ColumnWidth, layout_.TextBand / 2};
+    second = {first.left, first.top + first.height - correction, first.width, first.height};
+    if (numFields < 3)
+        return;
+    second.width = first.width / 2 - layout_.FieldGap;
+    third = {second.width + first.left, second.top, layout_.ColumnWidth - second.width - layout_.FieldGap,
+             first.height};
+    // Deliberate: the third field ends at the tab's right edge, whatever its own setting says.
+    alignments_[2] = kAlignRight;
+}
+
+void rptVelmor::SetPage(const Paper& paper, const PageMargins& margins) {
+    paper_ = paper;
+    margins_ = margins;
+}
+
+int rptVelmor::SheetCount() const {
+    return static_cast<int>(tabs_.size()) / (rows_ * cols_);
+}
+
+void rptVelmor::LayOutSheet(int number, Sheet& sheet) {
+    if (number < 1 || number > SheetCount())
+        throw SubscriptError();
+    sheet.paper = paper_;
+    sheet.texts.clear();
+    sheet.tabs.clear();
+    sheet.fields.clear();
+    ActiveReport_DataInitialize();
+    current_ = static_cast<std::size_t>(number - 1) * static_cast<std::size_t>(rows_ * cols_);
+    bool endOfData = false;
+    for (int row = 0; row < rows_; ++row) {
+        for (int column = 0; column < cols_; ++column) {
+            ActiveReport_FetchData(endOfData);
+            PlaceRecord(sheet, margins_.left + column * layout_.ColumnWidth,
+                        margins_.top + row * layout_.RowHeight);
+        }
+    }
+}
+
+void rptVelmor::ActiveReport_DataInitialize() {
+    record_ = {};
+    current_ = 0;
+}
+
+void rptVelmor::ActiveReport_FetchData(bool& endOfData) {
+    endOfData = current_ >= tabs_.size();
+    if (!endOfData)
+        record_ = tabs_[current_++];
+}
+
+void rptVelmor::PlaceRecord(Sheet& sheet, double left, double top) const {
+    sheet.tabs.push_back({left, top + layout_.TabTop, layout_.ColumnWidth, layout_.TextBand});
+    for (std::size_t field = 0; field < fields_.size(); ++field) {
+        if (fields_[field].width <= 0)
+            continue;
+        const Box box = Shifted(fields_[field], left, top);
+        sheet.fields.push_back(box);
+        if (!record_[field].empty())
+            sheet.texts.push_back({record_[field], box, static_cast<int>(field), alignments_[field]});
+    }
+}
+
+} // namespace velmora

@@ -1,0 +1,151 @@
+#include "base/AtomicFile.h"
+#include "base/Encoding.h"
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(Numbers, AHalfGoesToTheEvenNeighbour) {
+    const std::pair<double, int> cases[] = {{0.5, 0},   {1.5, 2},   {2.5, 2},    {-0.5, 0},   {-1.5, -2},
+                                            {-2.5, -2}, {2.49, 2},  {2.51, 3},   {-2.51, -3}, {1.02 + 0.49, 2},
+                                            {1.49, 1},  {32766.5, 32766}};
+    for (const auto& [value, rounded] : cases)
+        EXPECT_EQ(ToInt16(value), rounded) << value;
+}
+
+TEST(Numbers, WhatLeavesItsRangeIsAnOverflow) {
+    EXPECT_EQ(ToInt16(32767.49), 32767);
+    EXPECT_EQ(ToInt16(-32768.5), -32768);
+    EXPECT_EQ(Multiply16(1365, 24), 32760);
+    EXPECT_EQ(ToInt32(2147483647.4), 2147483647);
+    EXPECT_THROW(ToInt16(32767.5), OverflowError);
+    EXPECT_THROW(Multiply16(1366, 24), OverflowError);
+    EXPECT_THROW(Add16(32767, 1), OverflowError);
+    EXPECT_THROW(ToInt32(2147483647.5), OverflowError);
+    EXPECT_THROW(ToInt16(std::numeric_limits<double>::quiet_NaN()), OverflowError);
+    EXPECT_STREQ(OverflowError().what(), "Overflow");
+}
+
+TEST(Numbers, NumbersInText) {
+    const std::pair<const char*, double> numbers[] = {{"7", 7},      {" 7 ", 7},     {"-7", -7},       {"+7", 7},
+                                                      {".5", 0.5},   {"5.", 5},      {"007", 7},       {"1e3", 1000},
+                                                      {"1D-2", 0.01}, {"\t2\t", 2},  {"-1.5E+2", -150}, {"1e-400", 0}};
+    for (const auto& [text, value] : numbers) {
+        EXPECT_TRUE(IsNumeric(text)) << text;
+        EXPECT_DOUBLE_EQ(ToDouble(text), value) << text;
+    }
+    for (const char* text : {"", " ", ".", "-", "abc", "1e", "1e+", "1 2", "0x10", "1.2.3", "nan", "inf", "7mm", "--1"}) {
+        EXPECT_FALSE(IsNumeric(text)) << text;
+        EXPECT_THROW(ToDouble(text), TypeMismatchError) << text;
+    }
+    EXPECT_FALSE(IsNumeric("1e400"));
+    EXPECT_THROW(ToDouble("1e400"), OverflowError);
+}
+
+TEST(Numbers, FlagsInText) {
+    for (const char* text : {"True", "TRUE", " true ", "1", "-1", "0.5"})
+        EXPECT_TRUE(IsFlag(text) && ToFlag(text)) << text;
+    for (const char* text : {"False", "false", "0", "0.0"})
+        EXPECT_TRUE(IsFlag(text) && !ToFlag(text)) << text;
+    for (const char* text : {"", "yes", "T", "True1"})
+        EXPECT_FALSE(IsFlag(text)) << text;
+}
+
+TEST(Text, CharactersAreCountedNotBytes) {
+    EXPECT_EQ(CharacterCount("Hoër"), 4u);
+    EXPECT_EQ(LeftCharacters("Hoërskool", 4), "Hoër");
+    EXPECT_EQ(LeftCharacters("ê", 0), "");
+    EXPECT_EQ(LeftCharacters("ab", 5), "ab");
+    EXPECT_EQ(Split(",a,", ','), (std::vector<std::string_view>{"", "a", ""}));
+}
+
+TEST(Encoding, OldFilesAreReadAsWindows1252AndSurviveUnchanged) {
+    std::string allBytes;
+    for (int byte = 1; byte < 256; ++byte)
+        allBytes += static_cast<char>(byte);
+    const DecodedText decoded = Decode(allBytes);
+    EXPECT_EQ(decoded.encoding, Encoding::Windows1252);
+    EXPECT_TRUE(IsValidUtf8(decoded.text));
+    EXPECT_EQ(Encode(decoded.text, Encoding::Windows1252), allBytes);
+    EXPECT_EQ(Decode("caf\xE9 \x80").text, "café €");
+    EXPECT_EQ(Encode("Ω", Encoding::Windows1252), std::nullopt);
+}
+
+TEST(Encoding, OnlyWellFormedBytesAreUtf8) {
+    for (const char* text : {"", "abc", "ë", "€", "\xF0\x9F\x93\x81", "\xED\x9F\xBF", "\xF4\x8F\xBF\xBF", "12345678ë"})
+        EXPECT_TRUE(IsValidUtf8(text)) << text;
+    for (const char* text : {"\x80", "\xC3", "a\xC3", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80",
+                             "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "12345678\xE2\x82"})
+        EXPECT_FALSE(IsValidUtf8(text)) << text;
+    EXPECT_EQ(Decode("\xEF\xBB\xBFVersion 8").text, "Version 8");
+}
+
+struct FileStatus : stat {
+    explicit FileStatus(const fs::path& path) { ::lstat(path.c_str(), this); }
+};
+
+TEST(AtomicFileTest, LinksAndPermissionsSurvive) {
+    const TemporaryFolder folder;
+    ReplaceFile(folder / "real.csv", "old");
+    ::chmod((folder / "real.csv").c_str(), 0640);
+    fs::create_symlink("real.csv", folder / "link.csv");
+    fs::create_hard_link(folder / "real.csv", folder / "twin.csv");
+    ReplaceFile(folder / "link.csv", "new");
+    EXPECT_TRUE(fs::is_symlink(folder / "link.csv"));
+    EXPECT_EQ(ReadFile(folder / "real.csv"), "new");
+    EXPECT_EQ(ReadFile(folder / "twin.csv"), "new");
+    fs::remove(folder / "twin.csv");
+    ReplaceFile(folder / "real.csv", "newer");
+    EXPECT_EQ(FileStatus(folder / "real.csv").st_mode & 0777, 0640u);
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::chown((folder / "real.csv").c_str(), 12, 34), 0);
+        ReplaceFile(folder / "real.csv", "newest");
+        EXPECT_EQ(FileStatus(folder / "real.csv").st_uid, 12u);
+        EXPECT_EQ(FileStatus(folder / "real.csv").st_gid, 34u);
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2) << "a temporary file stayed behind";
+}
+
+TEST(AtomicFileTest, NothingChangesBeforeCommit) {
+    const TemporaryFolder folder;
+    ReplaceFile(folder / "a.csv", "old");
+    {
+        AtomicFile file(folder / "a.csv");
+        file.Write(std::string(1 << 20, 'x'));
+    }
+    EXPECT_EQ(ReadFile(folder / "a.csv"), "old");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1);
+}
+
+TEST(AtomicFileTest, RefusalsNameThePathAndTheCause) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "dir");
+    EXPECT_THROW(ReplaceFile(folder / "dir", "x"), FileAccessError);
+    EXPECT_THROW(ReadFile(folder / "dir"), FileAccessError);
+    EXPECT_THROW(ReplaceFile(folder / "none/a.csv", "x"), FileAccessError);
+    try {
+        ReadFile(folder / "none.csv");
+        FAIL();
+    } catch (const FileAccessError& error) {
+        EXPECT_EQ(error.Number(), ENOENT);
+        EXPECT_EQ(error.what(), (folder / "none.csv").string() + ": No such file or directory");
+    }
+    // A full disk is met at the latest when the buffer is flushed.
+    EXPECT_THROW(ReplaceFile("/dev/full", "x"), FileAccessError);
+    ReplaceFile("/dev/null", "x");
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,264 @@
+// The batch program as a person runs it: real files, real processes, and PDFs measured by other programs.
+#include "base/AtomicFile.h"
+#include "base/Text.h"
+#include "document/TabFile.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <cmath>
+#include <map>
+#include <sys/wait.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Result {
+    int code = 0;
+    std::string output; ///< standard output and error
+};
+
+Result Run(const std::string& command) {
+    Result result;
+    FILE* pipe = ::popen((command + " 2>&1").c_str(), "r");
+    std::array<char, 65536> buffer{};
+    for (std::size_t got = 0; (got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+        result.output.append(buffer.data(), got);
+    result.code = WEXITSTATUS(::pclose(pipe));
+    return result;
+}
+
+struct BatchTest : testing::Test {
+    TemporaryFolder folder;
+
+    Result Batch(const std::string& arguments) {
+        return Run("cd '" + folder.Path().string() + "' && VELMORA_HOME='" + folder.Path().string() + "' '" +
+                   VELMORA_BATCH + "' " + arguments);
+    }
+    void Write(const std::string& name, const std::string& text) { ReplaceFile(folder / name, text); }
+};
+
+std::string TabFileText(int type, int fields, const std::string& margins, int tabs,
+                        const std::function<std::string(int)>& line, const std::string& layout = "") {
+    const std::string stationery = !layout.empty() ? layout : type < 4 ? "A4" : "DL_h";
+    std::string text = "Version 8\r\nPrinter," + stationery + "," + std::to_string(type) + "," +
+                       std::to_string(fields) + "\r\n" + margins +
+                       "\r\nArial,9,False,False,False,0,1\r\nArial,8,False,False,False,2,1\r\n"
+                       "Arial,8,False,False,False,0,1\r\n";
+    for (int tab = 1; tab <= tabs; ++tab)
+        text += line(tab) + "\r\n";
+    return text;
+}
+
+struct Word {
+    double left, top, right, bottom; ///< millimetres
+};
+
+/// The words of a PDF's first page by their text, and the page's size under "".
+std::map<std::string, Word> Words(const fs::path& pdf) {
+    constexpr double kMmPerPoint = 25.4 / 72;
+    std::map<std::string, Word> words;
+    const std::string page = Run("pdftotext -bbox -l 1 '" + pdf.string() + "' -").output;
+    LineReader lines(page);
+    for (std::string_view line; lines.Next(line);) {
+        const std::string owned(line);
+        double a = 0, b = 0, c = 0, d = 0;
+        std::array<char, 64> text{};
+        if (std::sscanf(owned.c_str(), " <page width=\"%lf\" height=\"%lf\">", &a, &b) == 2)
+            words[""] = {0, 0, a * kMmPerPoint, b * kMmPerPoint};
+        if (std::sscanf(owned.c_str(), " <word xMin=\"%lf\" yMin=\"%lf\" xMax=\"%lf\" yMax=\"%lf\">%63[^<]</word>", &a,
+                        &b, &c, &d, text.data()) == 5)
+            words[text.data()] = {a * kMmPerPoint, b * kMmPerPoint, c * kMmPerPoint, d * kMmPerPoint};
+    }
+    return words;
+}
+
+struct Grid {
+    int type, rows, columns;
+    double columnMm, rowMm, gapMm;
+};
+
+// In millimetres as the stationery is cut; 56.7 twips count as one.
+constexpr Grid kGrids[] = {{0, 8, 3, 60, 33, 0}, {1, 8, 6, 30, 33, 0}, {2, 9, 3, 60, 30, 0},
+                           {3, 9, 6, 30, 30, 0}, {4, 3, 7, 29, 31, 0}, {5, 3, 4, 51, 31, 2}};
+constexpr double kMmPerUnit = 56.7 / 1440 * 25.4;
+constexpr double kTolerance = 0.2;
+
+/// Where field 0 to 2 of a tab stands within its cell: left, right, top and bottom in units of 56.7 twips.
+Word FieldBox(const Grid& grid, int fields, int field) {
+    const double top = grid.rowMm - 10;
+    if (fields == 1)
+        return {0, top, grid.columnMm, top + 10};
+    if (field == 0)
+        return {0, top, grid.columnMm, top + 5};
+    const double half = fields == 2 ? grid.columnMm : grid.columnMm / 2 - grid.gapMm;
+    if (field == 1)
+        return {0, top + 5, half, top + 10};
+    return {half, top + 5, grid.columnMm - grid.gapMm, top + 10};
+}
+
+TEST_F(BatchTest, EveryWordStandsOnItsTab) {
+    for (const Grid& grid : kGrids) {
+        for (int fields = 1; fields <= 3; ++fields) {
+            Write("in.csv", TabFileText(grid.type, fields, "4,3", grid.rows * grid.columns, [](int tab) {
+                      const std::string n = std::to_string(tab);
+                      return "A" + n + ",B" + n + ",C" + n;
+                  }));
+            const Result run = Batch("pdf in.csv -o out.pdf");
+            ASSERT_EQ(run.code, 0) << run.output;
+            const auto words = Words(folder / "out.pdf");
+            ASSERT_EQ(words.size(), static_cast<std::size_t>(grid.rows * grid.columns * fields + 1));
+            EXPECT_NEAR(words.at("").right, grid.type < 4 ? 210 : 220, 0.1);
+            EXPECT_NEAR(words.at("").bottom, grid.type < 4 ? 297 : 110, 0.1);
+            for (int tab = 0; tab < grid.rows * grid.columns; ++tab) {
+                for (int field = 0; field < fields; ++field) {
+                    const std::string text = std::string(1, static_cast<char>('A' + field)) + std::to_string(tab + 1);
+                    const Word& word = words.at(text);
+                    const Word box = FieldBox(grid, fields, field);
+                    const double cellLeft = 4 + tab % grid.columns * grid.columnMm;
+                    const double cellTop = 3 + tab / grid.columns * grid.rowMm;
+                    const double left = (cellLeft + box.left) * kMmPerUnit;
+                    const double right = (cellLeft + box.right) * kMmPerUnit;
+                    if (field == 0) {
+                        EXPECT_NEAR(word.left, left, kTolerance) << grid.type << " " << text;
+                    } else if (field == 1) {
+                        EXPECT_NEAR((word.left + word.right) / 2, (left + right) / 2, kTolerance) << text;
+                    } else {
+                        EXPECT_NEAR(word.right, right, kTolerance) << grid.type << " " << text;
+                    }
+                    EXPECT_GE(word.left, left - kTolerance) << text;
+                    EXPECT_LE(word.right, right + kTolerance) << text;
+                    EXPECT_GE(word.top, (cellTop + box.top) * kMmPerUnit - kTolerance) << grid.type << " " << text;
+                    EXPECT_LE(word.bottom, (cellTop + box.bottom) * kMmPerUnit + kTolerance) << grid.type << text;
+                }
+            }
+        }
+    }
+}
+
+TEST_F(BatchTest, ATurnedSheetIsFedShortEdgeFirst) {
+    Write("in.csv", TabFileText(5, 1, "0,0", 12, [](int tab) { return "A" + std::to_string(tab) + ",,"; }, "DL_v"));
+    ASSERT_EQ(Batch("pdf in.csv -o out.pdf").code, 0);
+    const auto words = Words(folder / "out.pdf");
+    EXPECT_NEAR(words.at("").right, 110, 0.1);
+    EXPECT_NEAR(words.at("").bottom, 220, 0.1);
+    // The sheet's top lies along the left edge: a text's start is at the bottom, its line 21 to 31 mm from the left.
+    EXPECT_NEAR(words.at("A1").bottom, 220, kTolerance);
+    EXPECT_GE(words.at("A1").left, 21 * kMmPerUnit - kTolerance);
+    EXPECT_LE(words.at("A1").right, 31 * kMmPerUnit + kTolerance);
+    EXPECT_NEAR(words.at("A2").bottom, 220 - 51 * kMmPerUnit, kTolerance);
+}
+
+TEST_F(BatchTest, ThePdfIsSoundEmbeddedAndNotScaled) {
+    Write("in.csv", TabFileText(0, 1, "0,0", 72, [](int tab) { return tab == 30 ? "Bêre office,," : "x,,"; }));
+    ASSERT_EQ(Batch("pdf in.csv --pages 2,1-2 -o out.pdf").code, 0);
+    const std::string pdf = "'" + (folder / "out.pdf").string() + "'";
+    EXPECT_EQ(Run("qpdf --check " + pdf).code, 0);
+    EXPECT_NE(Run("pdfinfo " + pdf).output.find("Pages:           3"), std::string::npos);
+    EXPECT_NE(Run("qpdf --qdf --object-streams=disable " + pdf + " -").output.find("/PrintScaling /None"),
+              std::string::npos);
+    EXPECT_NE(Run("pdftotext -l 1 " + pdf + " -").output.find("Bêre office"), std::string::npos);
+    const std::string fonts = Run("pdffonts " + pdf).output;
+    EXPECT_NE(fonts.find("yes yes yes"), std::string::npos) << fonts;
+    EXPECT_EQ(fonts.find(" no "), std::string::npos) << fonts;
+    ASSERT_EQ(Batch("pdf in.csv --test -o - > test.pdf").code, 0);
+    EXPECT_NE(Run("pdftotext '" + (folder / "test.pdf").string() + "' -").output.find("Field 1"), std::string::npos);
+}
+
+TEST_F(BatchTest, InfoTellsWhatTheFileHolds) {
+    Write("in.csv", TabFileText(5, 2, "1.5,-2", 13, [](int tab) { return tab < 3 ? "a,b,c" : ",,c"; }));
+    const auto info = nlohmann::json::parse(Batch("info --tabs in.csv").output);
+    EXPECT_EQ(info["version"], 8);
+    EXPECT_EQ(info["encoding"], "UTF-8");
+    EXPECT_EQ(info["printer"], "Printer");
+    EXPECT_EQ(info["stationery"], "DL_h");
+    EXPECT_EQ(info["marginLeft"], 1.5);
+    EXPECT_EQ(info["marginTop"], -2);
+    EXPECT_EQ(info["fonts"][1]["horizontal"], 2);
+    EXPECT_EQ(info["pages"], 2);
+    EXPECT_EQ(info["tabs"], 24);
+    EXPECT_EQ(info["filled"], 2) << "a field that is not in use fills no tab";
+    EXPECT_EQ(info["texts"][12], (nlohmann::json{"", "", "c"}));
+    EXPECT_EQ(nlohmann::json::parse(Batch("info - < in.csv").output)["pages"], 2);
+    Write("plain.csv", "Ho\xEBr\r\n");
+    const auto plain = nlohmann::json::parse(Batch("info --tabs plain.csv").output);
+    EXPECT_TRUE(plain["version"].is_null());
+    EXPECT_EQ(plain["encoding"], "Windows-1252");
+    EXPECT_EQ(plain["texts"][0][0], "Hoër");
+}
+
+TEST_F(BatchTest, NewFilesAreCleanAndBounded) {
+    for (const Grid& grid : kGrids) {
+        const std::string type = std::to_string(grid.type);
+        ASSERT_EQ(Batch("new --type " + type + " --fields 2 --pages 3 -o new.csv").code, 0);
+        const Result check = Batch("check new.csv");
+        EXPECT_EQ(check.code, 0) << check.output;
+        EXPECT_EQ(nlohmann::json::parse(Batch("info new.csv").output)["tabs"], 3 * grid.rows * grid.columns);
+        const std::string most = std::to_string(32767 / (grid.rows * grid.columns));
+        EXPECT_EQ(Batch("new --type " + type + " --fields 1 --pages " + most + " -o big.csv").code, 0);
+        EXPECT_EQ(Batch("new --type " + type + " --fields 1 --pages 3000 -o big.csv").code, 2);
+    }
+}
+
+TEST_F(BatchTest, FailuresAreOneClearLine) {
+    Write("old.pdf", "old");
+    Write("cut.csv", "Version 8\r\nP,A4,0,1\r\n");
+    Write("nul.csv", std::string("a\0b", 3));
+    Write("long.csv", std::string(10'000'000, 'x'));
+    Write("many.csv", TabFileText(0, 1, "0,0", 32767, [](int) { return ",,"; }));
+    Write("margin.csv", TabFileText(0, 1, "x,0", 24, [](int) { return ",,"; }));
+    const std::pair<const char*, const char*> cases[] = {
+        {"pdf none.csv -o old.pdf", "velmora-batch: none.csv: No such file or directory\n"},
+        {"pdf . -o old.pdf", "velmora-batch: .: Is a directory\n"},
+        {"pdf cut.csv -o old.pdf", "velmora-batch: cut.csv: line 3: the header ends here; it has 6 lines\n"},
+        {"pdf nul.csv -o old.pdf", "velmora-batch: nul.csv: line 1: holds bytes that are no text\n"},
+        {"info long.csv", "velmora-batch: long.csv: line 1: longer than 32767 bytes\n"},
+        {"pdf many.csv -o old.pdf", "velmora-batch: many.csv: Overflow: a document holds at most 32767 tabs\n"},
+        {"pdf margin.csv -o old.pdf", "velmora-batch: margin.csv: Type mismatch\n"},
+        {"pdf new.csv -o none/out.pdf", "velmora-batch: none/out.pdf: No such file or directory\n"}};
+    ASSERT_EQ(Batch("new --type 0 --fields 1 -o new.csv").code, 0);
+    for (const auto& [arguments, output] : cases) {
+        const Result result = Batch(arguments);
+        EXPECT_EQ(result.code, 1) << arguments;
+        EXPECT_EQ(result.output, output);
+        EXPECT_EQ(ReadFile(folder / "old.pdf"), "old") << arguments;
+    }
+    for (const char* arguments : {"", "fly", "pdf new.csv", "pdf new.csv -o x.pdf --pages 2", "info",
+                                  "pdf new.csv -o x.pdf --pages 3-1", "new --type 6 --fields 1 -o x.csv",
+                                  "settings set a b c"}) {
+        EXPECT_EQ(Batch(arguments).code, 2) << arguments;
+        EXPECT_FALSE(fs::exists(folder / "x.pdf"));
+    }
+    EXPECT_EQ(Batch("--version").output, "velmora-batch 8.1.0\n");
+    EXPECT_EQ(Batch("--help").code, 0);
+}
+
+TEST_F(BatchTest, SettingsAreReadAndChangedInTheFileNamed) {
+    Write("Velmora.ini", "[Settings]\r\nOptType=4\r\n");
+    EXPECT_EQ(Batch("settings get Settings OptType").output, "4\n");
+    EXPECT_EQ(Batch("settings get Settings Missing x").output, "x\n");
+    EXPECT_EQ(Batch("settings get Settings Missing").code, 1);
+    EXPECT_EQ(ReadFile(folder / "Velmora.ini"), "[Settings]\r\nOptType=4\r\n") << "only --ini may change a file";
+    EXPECT_EQ(Batch("settings --ini other.ini set Paths Lables /tabs/").code, 0);
+    EXPECT_EQ(Batch("settings --ini other.ini get Paths Images /images/").output, "/images/\n");
+    EXPECT_EQ(Batch("settings --ini other.ini keys Paths").output, "Lables=/tabs/\nImages=/images/\n");
+    EXPECT_EQ(Batch("settings --ini other.ini delete Paths Lables").code, 0);
+    EXPECT_EQ(Batch("settings --ini other.ini sections").output, "Paths\n");
+    EXPECT_EQ(ReadFile(folder / "other.ini"), "[Paths]\r\nImages=/images/\r\n");
+    EXPECT_EQ(Batch("settings --ini none.ini sections").code, 1);
+}
+
+TEST_F(BatchTest, StoredTabTopsAreTakenFromAnIniFile) {
+    Write("in.csv", TabFileText(0, 1, "0,0", 24, [](int) { return "x,,"; }));
+    Write("tops.ini", "[Settings]\r\nTab Top A4_1=10\r\n");
+    ASSERT_EQ(Batch("pdf in.csv --ini tops.ini -o out.pdf").code, 0);
+    EXPECT_LT(Words(folder / "out.pdf").at("x").bottom, 7 * 20 * kMmPerUnit + 20 * kMmPerUnit + kTolerance);
+    EXPECT_EQ(ReadFile(folder / "tops.ini"), "[Settings]\r\nTab Top A4_1=10\r\n");
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,223 @@
+// The tab document in memory: catalogue, whole pages, configuration and status.
+#include "base/Error.h"
+#include "document/OpenDocument.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+struct DocumentTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    TabDocument& document = program.main.document;
+
+    void Fill(int tabs) {
+        for (int field = 0; field < 3; ++field)
+            document.Field(field).ReDim(tabs);
+        document.TabCount = tabs;
+        for (int tab = 1; tab <= tabs; ++tab)
+            document.FieldA(tab) = "tab " + std::to_string(tab);
+    }
+};
+
+class Panels : public MainWindowStatus {
+public:
+    void SetPanel(int panel, const std::string& text) override { panels[panel] = text; }
+    void SetCaption(const std::string& text) override { caption = text; }
+    std::map<int, std::string> panels;
+    std::string caption;
+};
+
+TEST(Catalogue, UnknownTypesChangeNothing) {
+    TabDocument document;
+    document.OptType = 7;
+    document.TabsPerPage = 5;
+    document.RowsPerPage = 6;
+    document.ColsPerPage = 7;
+    SetTabsPerPage(document);
+    SetRowsAndStationery(document, 7);
+    SetColsPerPage(document, -1);
+    EXPECT_EQ(document.TabsPerPage, 5);
+    EXPECT_EQ(document.RowsPerPage, 6);
+    EXPECT_EQ(document.ColsPerPage, 7);
+    EXPECT_EQ(SetStationeryFromType(7), "A4");
+    EXPECT_EQ(SetStationeryFromType(4), "DL");
+}
+
+TEST(Fields, LinesArePaddedToTheirFields) {
+    std::string line = "abc";
+    EXPECT_EQ(PadFields(line, 3), 3);
+    EXPECT_EQ(line, "abc,,");
+    line = "a,b,c,d";
+    EXPECT_EQ(PadFields(line, 3), 4);
+    EXPECT_EQ(line, "a,b,c,d");
+    EXPECT_EQ(CountFields(",,"), 3);
+    EXPECT_EQ(CountFields(""), 1);
+}
+
+TEST(Fields, RangesAreCopiedWithinTheArraysOnly) {
+    FieldTexts source, target;
+    source.ReDim(3);
+    target.ReDim(2);
+    source(2) = "b";
+    source(3) = "c";
+    CopyTabRange(source, 2, 3, target, 1);
+    EXPECT_EQ(target(2), "c");
+    CopyTabRange(source, 3, 2, target, 99);
+    EXPECT_THROW(CopyTabRange(source, 3, 4, target, 1), SubscriptError);
+    EXPECT_THROW(CopyTabRange(source, 0, 1, target, 1), SubscriptError);
+    EXPECT_THROW(CopyTabRange(source, 1, 3, target, 1), SubscriptError);
+}
+
+TEST_F(DocumentTest, PartPagesBecomeWholeOnes) {
+    Fill(25);
+    document.CurrentTab = 2;
+    document.CurrentPage = 5;
+    ApplyTabType(program.main);
+    EXPECT_EQ(document.NoOfPages, 2);
+    EXPECT_EQ(document.TabCount, 48);
+    EXPECT_EQ(document.CurrentPage, 2);
+    EXPECT_EQ(document.FieldA(25), "tab 25");
+    EXPECT_EQ(document.FieldA(26), "");
+    EXPECT_EQ(document.FieldC.Count(), 48);
+    EXPECT_EQ(program.Stored("Settings", "No Of Pages"), "2");
+}
+
+TEST_F(DocumentTest, ResizingAtTheFirstTabEmptiesTheDocument) {
+    Fill(25);
+    document.CurrentTab = 1;
+    ApplyTabType(program.main);
+    EXPECT_EQ(document.TabCount, 48);
+    EXPECT_EQ(document.FieldA(1), "");
+    Fill(48);
+    ApplyTabType(program.main);
+    EXPECT_EQ(document.FieldA(1), "tab 1") << "no resize, so nothing is lost";
+}
+
+TEST_F(DocumentTest, NewDocumentIsOneEmptyPageOfTheType) {
+    Fill(48);
+    document.CurrentTab = 30;
+    document.OptType = 5;
+    document.DocFileName = "old.csv";
+    Panels panels;
+    program.main.status = &panels;
+    NewDocument(program.main);
+    EXPECT_EQ(document.TabCount, 12);
+    EXPECT_EQ(document.CurrentPage, 1);
+    EXPECT_EQ(document.FieldA(1), "");
+    EXPECT_EQ(panels.caption, "Velmora [Untitled]");
+}
+
+TEST_F(DocumentTest, TooManyTabsAreAnOverflowAndChangeNothing) {
+    Fill(32761);
+    document.CurrentTab = 2;
+    EXPECT_THROW(ApplyTabType(program.main), OverflowError);
+    EXPECT_EQ(document.TabCount, 32761);
+    EXPECT_EQ(document.NoOfPages, 0);
+    document.OptType = 9;
+    EXPECT_THROW(ApplyTabType(program.main), Error);
+}
+
+TEST_F(DocumentTest, AFirstStartFillsTheIniFile) {
+    ASSERT_EQ(LoadGlobals(program.main), LoadOutcome::Loaded);
+    const std::tuple<const char*, const char*, const char*> defaults[] = {
+        {"Settings", "Ask before delete", "True"}, {"Settings", "Start with setup", "True"},
+        {"Settings", "Stationery Type", "A4"},     {"Settings", "Page Size", "A4"},
+        {"Settings", "OptType", "0"},              {"Settings", "Printer", "Velmora PDF"},
+        {"Settings", "No Of Fields", "3"},         {"Font Settings", "Font Name 2", "Arial"},
+        {"Font Settings", "Font Size 3", "10"},    {"Font Settings", "Horizontal Alignment 2", "0"},
+        {"Font Settings", "Horizontal Alignment 3", "1"}, {"Font Settings", "Vertical Alignment 1", "1"}};
+    for (const auto& [section, key, value] : defaults)
+        EXPECT_EQ(program.Stored(section, key), value) << key;
+    EXPECT_EQ(program.main.fonts[2].HorizontalAlignment, kAlignRight);
+}
+
+TEST_F(DocumentTest, UnacceptableValuesFallBackAndStayInTheFile) {
+    for (const auto& [optType, fields, stationery] :
+         {std::tuple("6", "4", "DL"), std::tuple("abc", "0", "A5"), std::tuple("-1", "", "dl_v")}) {
+        program.Store("Settings", "OptType", optType);
+        program.Store("Settings", "No Of Fields", fields);
+        program.Store("Settings", "Stationery Type", stationery);
+        LoadGlobals(program.main);
+        EXPECT_EQ(document.OptType, 0);
+        EXPECT_EQ(document.NoOfFields, 3);
+        EXPECT_EQ(document.StationeryType, "A4");
+        EXPECT_EQ(program.Stored("Settings", "OptType"), optType);
+    }
+    program.Store("Settings", "No Of Fields", "3.9");
+    LoadGlobals(program.main);
+    EXPECT_EQ(document.NoOfFields, 3);
+}
+
+TEST_F(DocumentTest, AnInvalidFontValueIsMendedInTheFile) {
+    program.Store("Font Settings", "Font Size 2", "abc");
+    program.Store("Font Settings", "Font Size 1", "99999");
+    program.Store("Font Settings", "Font Name 1", "  ");
+    program.Store("Font Settings", "Font Bold 3", "maybe");
+    LoadGlobals(program.main);
+    EXPECT_EQ(program.main.fonts[1].Size, 10);
+    EXPECT_EQ(program.Stored("Font Settings", "Font Size 2"), "10");
+    EXPECT_EQ(program.Stored("Font Settings", "Font Size 1"), "10");
+    EXPECT_EQ(program.Stored("Font Settings", "Font Name 1"), "Arial");
+    EXPECT_EQ(program.Stored("Font Settings", "Font Bold 3"), "False");
+}
+
+TEST_F(DocumentTest, FontSettingsAreReadBackAsTheyWereSaved) {
+    FontSettings fonts;
+    fonts[1] = {"Liberation Serif", 14, true, false, true, kAlignCentre, kAlignBottom};
+    SaveFontSettings(program.settings, fonts);
+    LoadFontSettings(program.settings, program.main.fonts);
+    EXPECT_EQ(program.main.fonts, fonts);
+}
+
+TEST(NoPrinter, EndsTheProgramWithItsMessage) {
+    TestProgram program([](const std::string& text) { ADD_FAILURE() << text; }, false);
+    program.ui.Expect("You must first install a default printer before you can use this application.\r\n"
+                      "The execution of this application will be aborted.",
+                      Icon::Critical);
+    EXPECT_EQ(LoadGlobals(program.main), LoadOutcome::NoPrinter);
+    program.Store("Settings", "Printer", "Office");
+    EXPECT_EQ(LoadGlobals(program.main), LoadOutcome::Loaded);
+}
+
+TEST_F(DocumentTest, OldRegistrySettingsMoveInBeforeAnythingIsRead) {
+    const std::string key = "SOFTWARE\\Corvane Series\\Velmora\\";
+    program.registry.Set(key + "Paths", "Application", std::string("C:\\Velmora\\"));
+    program.registry.Set(key + "Settings", "OptType", std::string("4"));
+    LoadGlobals(program.main);
+    EXPECT_EQ(document.OptType, 4);
+    EXPECT_EQ(program.Stored("Paths", "Application"), "C:\\Velmora\\");
+    RegistryValue value;
+    EXPECT_EQ(program.registry.Query(key + "Settings", "OptType", value), RegistryCode::FileNotFound);
+}
+
+TEST_F(DocumentTest, TheStatusLineShowsTheDocument) {
+    Panels panels;
+    program.main.status = &panels;
+    program.Store("Settings", "No Of Fields", "1");
+    LoadGlobals(program.main);
+    NewDocument(program.main);
+    RefreshDocumentStatus(program.main);
+    EXPECT_EQ(panels.panels[1], "Stationery: A4");
+    EXPECT_EQ(panels.panels[2], "Tab Type: 8 rows, 3  Columns");
+    EXPECT_EQ(panels.panels[3], "No of fields: 1");
+    EXPECT_EQ(panels.panels[4], "Pg No: 1 of 1");
+    EXPECT_EQ(panels.panels[5], "No of tabs: 24");
+}
+
+TEST_F(DocumentTest, ADlTypeKeepsItsLayout) {
+    const std::tuple<int, const char*, const char*, const char*> cases[] = {
+        {0, "DL_h", "A4", "A4_8"},   {3, "A4", "A4", "A4_9"},     {4, "A4", "DL_v", "DL_v"},
+        {5, "DL_h", "DL_h", "DL_h"}, {4, "DL_v", "DL_v", "DL_v"}};
+    for (const auto& [type, before, stationery, layout] : cases) {
+        document.OptType = static_cast<std::int16_t>(type);
+        document.StationeryType = before;
+        SetLayoutFromType(document);
+        EXPECT_EQ(document.StationeryType, stationery);
+        EXPECT_EQ(document.LayoutName, layout);
+    }
+}
+
+} // namespace
+} // namespace velmora

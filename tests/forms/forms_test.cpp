@@ -1,0 +1,187 @@
+// The main window and its grid on the offscreen platform, driven through the named controls.
+#include "app/Main.h"
+#include "app/ui/mdiVelmora.h"
+#include "base/AtomicFile.h"
+#include "editor/ui/frmGrid2a4.h"
+#include "platform/linux/FontconfigCatalogue.h"
+#include "tests/support/TestProgram.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+
+namespace {
+
+using namespace velmora;
+
+/// A started program with its window.
+class RunningProgram : public Forms {
+public:
+    RunningProgram()
+        : test([](const std::string& text) { qFatal("%s", text.c_str()); }), program{test.main, {}, fonts, {}} {
+        std::filesystem::create_directory(test.folder / "Images");
+        std::filesystem::create_directory(test.folder / "Tabs");
+    }
+    void ShowMainWindow() override {
+        window = std::make_unique<mdiVelmora>(program);
+        window->show();
+        window->activateWindow();
+    }
+    void Start(const std::string& commandLine = "") {
+        Main(program, commandLine, *this);
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    }
+    void Start(int type, int fields, int pages) {
+        const int tabs = FindTabType(type)->TabsPerPage() * pages;
+        std::string text = "Version 8\r\nP," + std::string(type < 4 ? "A4" : "DL_v") + "," + std::to_string(type) +
+                           "," + std::to_string(fields) +
+                           "\r\n0,0\r\nArial,10,False,False,False,0,1\r\nArial,10,False,False,False,2,1\r\n"
+                           "Arial,10,False,False,False,1,1\r\n";
+        for (int tab = 1; tab <= tabs; ++tab)
+            text += "a" + std::to_string(tab) + ",b,c\r\n";
+        ReplaceFile(test.folder / "in.csv", text);
+        Start((test.folder / "in.csv").string());
+    }
+    QLineEdit* Box(const char* name) { return window->findChild<QLineEdit*>(name); }
+    QString Panel(int panel) { return window->findChild<QLabel*>(QString("Panel%1").arg(panel))->text(); }
+    void Trigger(const char* name) { window->findChild<QAction*>(name)->trigger(); }
+
+    FontconfigCatalogue fonts;
+    TestProgram test;
+    Program program;
+    std::unique_ptr<mdiVelmora> window;
+};
+
+class FormsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { qInstallMessageHandler(Handler); }
+
+    void everyTypeShowsItsBoxesInsideTheSheet_data() {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("fields");
+        for (int type = 0; type < 6; ++type)
+            for (int fields = 1; fields <= 3; ++fields)
+                QTest::addRow("type %d, %d fields", type, fields) << type << fields;
+    }
+
+    void everyTypeShowsItsBoxesInsideTheSheet() {
+        QFETCH(int, type);
+        QFETCH(int, fields);
+        RunningProgram running;
+        running.Start(type, fields, 1);
+        const auto boxes = running.window->findChildren<QLineEdit*>();
+        QCOMPARE(boxes.size(), FindTabType(type)->TabsPerPage() * fields);
+        for (const QLineEdit* box : boxes) {
+            QVERIFY(box->isVisible());
+            QVERIFY(box->parentWidget()->rect().contains(box->geometry()));
+            QVERIFY(box->height() >= box->minimumSizeHint().height());
+        }
+        QCOMPARE(running.Box("TextA1(2)")->text(), QString("a2"));
+        if (fields == 3)
+            QCOMPARE(running.Box("TextA3(1)")->alignment(), Qt::AlignRight | Qt::AlignVCenter);
+    }
+
+    void typedTextSurvivesAMoveToAnotherPage() {
+        RunningProgram running;
+        running.Start(0, 2, 3);
+        QLineEdit* box = running.Box("TextA1(5)");
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, "typed");
+        QVERIFY(running.program.main.document.DocChanged);
+        running.Trigger("mnuLastPage");
+        QCOMPARE(running.Panel(4), QString("Pg No: 3 of 3"));
+        QCOMPARE(running.Panel(5), QString("No of tabs: 53 of 72"));
+        QCOMPARE(running.Box("TextA1(5)")->text(), QString("a53"));
+        running.Trigger("mnuNextPage");
+        QCOMPARE(running.Panel(4), QString("Pg No: 3 of 3"));
+        running.Trigger("mnuPreviousPage");
+        running.Trigger("mnuFirstPage");
+        QCOMPARE(running.Box("TextA1(5)")->text(), QString("typed"));
+        QCOMPARE(running.program.main.document.FieldB(5), std::string("b"));
+    }
+
+    void fieldsWithoutBoxAndTextsUntouchedStayAsTheyAre() {
+        RunningProgram running;
+        ReplaceFile(running.test.folder / "odd.csv", std::string(30, 'x') + "\ty,hidden,too\r\n");
+        running.test.Store("Settings", "No Of Fields", "1");
+        running.Start((running.test.folder / "odd.csv").string());
+        SaveLabel(running.program.main, 1, 24);
+        QCOMPARE(running.program.main.document.FieldA(1), std::string(30, 'x') + "\ty");
+        QCOMPARE(running.program.main.document.FieldB(1), std::string("hidden"));
+    }
+
+    void typingStopsAtTheLimitWithABeep() {
+        RunningProgram running;
+        running.Start(0, 3, 1);
+        QLineEdit* box = running.Box("TextA2(1)");
+        box->clear();
+        QTest::keyClicks(box, "12345678901");
+        QCOMPARE(box->text(), QString("1234567890"));
+        QCOMPARE(running.test.ui.beeps, 1);
+    }
+
+    void tabGoesFromFieldToFieldRowByRow() {
+        RunningProgram running;
+        running.Start(1, 2, 1);
+        running.Box("TextA1(6)")->setFocus();
+        for (const char* name : {"TextA2(6)", "TextA1(7)", "TextA2(7)"}) {
+            QTest::keyClick(running.window->focusWidget(), Qt::Key_Tab);
+            QCOMPARE(running.window->focusWidget()->objectName(), QString(name));
+        }
+        QCOMPARE(running.Panel(5), QString("No of tabs: 7 of 48"));
+    }
+
+    void aSmallWindowScrolls() {
+        RunningProgram running;
+        running.Start(3, 3, 1);
+        running.window->resize(1000, 700);
+        auto* bar = running.window->findChild<QScrollBar*>("FlatScrollBar1");
+        QTRY_COMPARE(bar->maximum(), 0);
+        running.window->resize(400, 300);
+        QTRY_VERIFY(bar->maximum() > 0);
+        running.Box("TextA1(54)")->setFocus();
+        QTRY_VERIFY(bar->value() > 0);
+    }
+
+    void aPdfIsWrittenFromTheMenu() {
+        RunningProgram running;
+        running.Start(0, 1, 2);
+        QLineEdit* box = running.Box("TextA1(1)");
+        box->setFocus();
+        QTest::keyClicks(box, "Z");
+        running.test.ui.ExpectChooser("Save as PDF", std::nullopt);
+        running.Trigger("mnuSavePdf");
+        running.test.ui.ExpectChooser("Save as PDF", running.test.folder / "out.pdf");
+        running.Trigger("mnuSavePdf");
+        QVERIFY(ReadFile(running.test.folder / "out.pdf").starts_with("%PDF-"));
+        QCOMPARE(running.program.main.document.FieldA(1), std::string("a1Z"));
+        const std::string path = (running.test.folder / "out.pdf").string();
+        running.test.ui.ExpectChooser("Save as PDF", path);
+        running.test.ui.Expect("Do you want to overwrite the following file?\r\n[" + path + "]", Icon::Question,
+                               Buttons::YesNo, Answer::No);
+        running.test.ui.ExpectChooser("Save as PDF", running.test.folder / "none/out.pdf");
+        running.test.ui.Expect((running.test.folder / "none/out.pdf").string() +
+                                   ": No such file or directory\r\nCalled from Function: PrintReport",
+                               Icon::Critical);
+        running.Trigger("mnuSavePdf");
+    }
+
+private:
+    /// A warning of Qt's is a fault of ours.
+    static void Handler(QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type == QtWarningMsg && !text.startsWith("This plugin does not support"))
+            qFatal("Qt warns: %s", qPrintable(text));
+        else if (type == QtFatalMsg)
+            std::fprintf(stderr, "%s\n", qPrintable(text));
+    }
+};
+
+} // namespace
+
+QTEST_MAIN(FormsTest)
+#include "forms_test.moc"

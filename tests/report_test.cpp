@@ -1,0 +1,168 @@
+// The tab report: where every text of a sheet stands, as numbers.
+#include "base/Error.h"
+#include "print/rptVelmor.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+struct ReportTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    LayoutValues layout;
+    FontSettings fonts;
+    TabDocument document;
+
+    void MakeDocument(int type, int fields, int pages = 1) {
+        document.OptType = static_cast<std::int16_t>(type);
+        document.NoOfFields = static_cast<std::int16_t>(fields);
+        document.TabCount = 0;
+        document.CurrentTab = 2;
+        NormalisePages(document);
+        document.TabCount = pages * document.TabsPerPage;
+        for (int field = 0; field < 3; ++field)
+            document.Field(field).ReDim(document.TabCount);
+        NormalisePages(document);
+        for (int tab = 1; tab <= document.TabCount; ++tab)
+            for (int field = 0; field < 3; ++field)
+                document.Field(field)(tab) = std::string(1, static_cast<char>('a' + field)) + std::to_string(tab);
+    }
+
+    Sheet LayOut(int number = 1, const char* mode = "PRINT", bool pageOnly = false) {
+        rptVelmor report(layout);
+        report.InitArray(mode, pageOnly ? document.TabsPerPage : document.TabCount, document.RowsPerPage,
+                         document.ColsPerPage, document.NoOfFields, pageOnly, document);
+        report.PrepareTabStyle(document.OptType, program.settings);
+        report.FormatFields(document.NoOfFields, document.ColsPerPage, document.OptType, fonts);
+        report.SetPage(SheetPaper("A4", "A4"), ReadPageMargins(program.settings));
+        Sheet sheet;
+        report.LayOutSheet(number, sheet);
+        return sheet;
+    }
+};
+
+void ExpectBox(const Box& box, double left, double top, double width, double height) {
+    EXPECT_NEAR(box.left, left, 0.001);
+    EXPECT_NEAR(box.top, top, 0.001);
+    EXPECT_NEAR(box.width, width, 0.001);
+    EXPECT_NEAR(box.height, height, 0.001);
+}
+
+TEST_F(ReportTest, EveryTypeHasItsColumnAndRow) {
+    // Column width and row height in twips: millimetres x 56.7.
+    const std::tuple<int, double, double> cases[] = {{0, 3402.0, 33 * 56.7}, {1, 1701.0, 33 * 56.7},
+                                                     {2, 3402.0, 30 * 56.7}, {3, 1701.0, 30 * 56.7},
+                                                     {4, 1644.3, 31 * 56.7}, {5, 2891.7, 31 * 56.7}};
+    for (const auto& [type, column, row] : cases) {
+        MakeDocument(type, 1);
+        const Sheet sheet = LayOut();
+        ASSERT_EQ(sheet.texts.size(), static_cast<std::size_t>(document.TabCount)) << type;
+        const int last = document.TabCount - 1;
+        ExpectBox(sheet.texts[0].box, 0, row - 567, column, 567);
+        ExpectBox(sheet.texts[static_cast<std::size_t>(last)].box, (document.ColsPerPage - 1) * column,
+                  (document.RowsPerPage - 1) * row + row - 567, column, 567);
+        EXPECT_EQ(sheet.texts[1].text, "a2") << "records run along a row first";
+    }
+}
+
+TEST_F(ReportTest, FieldsShareTheBand) {
+    MakeDocument(5, 2);
+    fonts[1].HorizontalAlignment = kAlignCentre;
+    Sheet sheet = LayOut();
+    ExpectBox(sheet.texts[0].box, 0, 21 * 56.7, 2891.7, 283.5);
+    ExpectBox(sheet.texts[1].box, 0, 21 * 56.7 + 283.5, 2891.7, 283.5);
+    EXPECT_EQ(sheet.texts[1].alignment, kAlignCentre);
+
+    MakeDocument(5, 3);
+    fonts[2].HorizontalAlignment = kAlignCentre;
+    sheet = LayOut();
+    const double second = 1445.85 - 113.4;
+    ExpectBox(sheet.texts[1].box, 0, 21 * 56.7 + 283.5, second, 283.5);
+    ExpectBox(sheet.texts[2].box, second, 21 * 56.7 + 283.5, 2891.7 - second - 113.4, 283.5);
+    EXPECT_EQ(sheet.texts[2].alignment, kAlignRight) << "whatever the third field's own setting says";
+    EXPECT_EQ(sheet.texts[2].field, 2) << "in its own font";
+}
+
+TEST_F(ReportTest, MarginsShiftTheWholeGrid) {
+    MakeDocument(0, 1);
+    const Sheet before = LayOut();
+    program.Store("Settings", "Margin Value Left", "7.5");
+    program.Store("Settings", "Margin Value Top", "-3");
+    const Sheet after = LayOut();
+    for (std::size_t i = 0; i < before.texts.size(); ++i)
+        ExpectBox(after.texts[i].box, before.texts[i].box.left + 7.5 * 56.7, before.texts[i].box.top - 3 * 56.7, 3402,
+                  567);
+    program.Store("Settings", "Margin Value Left", "abc");
+    EXPECT_THROW(LayOut(), TypeMismatchError);
+}
+
+TEST_F(ReportTest, AStoredTabTopHoldsForAllStylesThatShareIt) {
+    MakeDocument(0, 1);
+    LayOut();
+    MakeDocument(2, 1);
+    ExpectBox(LayOut().texts[0].box, 0, 20 * 56.7, 3402, 567); // printing style 0 before has stored nothing
+    program.Store("Settings", "Tab Top A4_1", "15.5");
+    for (const int type : {0, 1, 2, 3}) {
+        MakeDocument(type, 1);
+        EXPECT_NEAR(LayOut().texts[0].box.top, 15.5 * 56.7, 0.001);
+    }
+    program.Store("Settings", "Tab Top DL_2", "x");
+    MakeDocument(5, 1);
+    EXPECT_THROW(LayOut(), TypeMismatchError);
+}
+
+TEST_F(ReportTest, AnUnknownStyleKeepsTheValuesOfTheRunBefore) {
+    rptVelmor report(layout);
+    report.PrepareTabStyle(5, program.settings);
+    const LayoutValues before = layout;
+    report.PrepareTabStyle(6, program.settings);
+    EXPECT_EQ(layout.TabTop, before.TabTop);
+    EXPECT_EQ(layout.ColumnWidth, before.ColumnWidth);
+    EXPECT_EQ(layout.FieldGap, before.FieldGap);
+}
+
+TEST_F(ReportTest, EmptyTabsKeepTheirPlace) {
+    MakeDocument(0, 1);
+    document.FieldA(1).clear();
+    const Sheet sheet = LayOut();
+    EXPECT_EQ(sheet.texts[0].text, "a2");
+    EXPECT_NEAR(sheet.texts[0].box.left, 3402, 0.001);
+    EXPECT_EQ(sheet.tabs.size(), 24u);
+}
+
+TEST_F(ReportTest, PagesAndTestTexts) {
+    MakeDocument(1, 3, 3);
+    EXPECT_EQ(LayOut(3).texts[0].text, "a97");
+    document.CurrentPage = 2;
+    EXPECT_EQ(LayOut(1, "PrintPage", true).texts[0].text, "a49");
+    const Sheet test = LayOut(2, "TEST");
+    EXPECT_EQ(test.texts[0].text, "Field 1");
+    EXPECT_EQ(test.texts[2].text, "Field 3");
+    EXPECT_EQ(test.texts.size(), 144u);
+    EXPECT_THROW(LayOut(4), SubscriptError);
+}
+
+TEST_F(ReportTest, APartPageEndsTheRun) {
+    MakeDocument(0, 1);
+    rptVelmor report(layout);
+    EXPECT_THROW(report.InitArray("PRINT", 25, 8, 3, 1, false, document), SubscriptError);
+    EXPECT_THROW(report.InitArray("PRINT", 0, 8, 3, 1, false, document), SubscriptError);
+    EXPECT_THROW(report.InitArray("PRINT", 48, 8, 3, 1, false, document), SubscriptError);
+    EXPECT_THROW(report.InitArray("TEST", 32784, 8, 3, 1, false, document), OverflowError);
+}
+
+TEST_F(ReportTest, PaperFollowsStationeryAndLayout) {
+    const std::tuple<const char*, const char*, double, double, bool> cases[] = {{"A4", "A4", 210, 297, false},
+                                                                                {"DL", "DL_v", 110, 220, true},
+                                                                                {"DL", "DL_h", 220, 110, false}};
+    for (const auto& [stationery, layoutName, width, height, turned] : cases) {
+        const Paper paper = SheetPaper(stationery, layoutName);
+        EXPECT_EQ(paper.widthMm, width);
+        EXPECT_EQ(paper.heightMm, height);
+        EXPECT_EQ(paper.turned, turned);
+    }
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,123 @@
+#include "app/settings/IniText.h"
+#include "base/AtomicFile.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <random>
+
+namespace velmora {
+namespace {
+
+using nlohmann::json;
+using namespace std::string_literals;
+
+/// Cases that this class does not meet, each with its reason.
+const std::map<std::string, std::string> kLeftOut = {
+    {"encoding/utf16le_read",
+     "settings are kept in UTF-8 or Windows-1252; the file class refuses to change UTF-16"},
+    {"write/null_section_missing_file", "a caller can't leave the section's name out"},
+};
+
+/// Each character of the table stands for the byte of its number.
+std::string Bytes(const json& text) {
+    std::string bytes;
+    if (text.is_null())
+        return bytes;
+    const std::string utf8 = text.get<std::string>();
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        const auto lead = static_cast<unsigned char>(utf8[i]);
+        bytes += lead < 0x80 ? utf8[i] : static_cast<char>((lead << 6) | (utf8[++i] & 0x3F));
+    }
+    return bytes;
+}
+
+std::string Listed(const IniText& text, const json& op, const std::string& fallback, std::size_t size) {
+    if (op["op"] == "list_sections")
+        return text.ListSections(size);
+    if (op["op"] == "list_keys")
+        return text.ListKeys(Bytes(op["section"]), fallback, size);
+    return text.ReadString(Bytes(op["section"]), Bytes(op["key"]), fallback, size);
+}
+
+void RunReading(const IniText& text, const json& op) {
+    if (!op.contains("result"))
+        return;
+    if (op["op"] == "read_int")
+        EXPECT_EQ(text.ReadInt(Bytes(op["section"]), Bytes(op["key"]), op["default"]),
+                  op["result"].get<int>());
+    else
+        EXPECT_EQ(Listed(text, op, Bytes(op["default"]), op["size"]), Bytes(op["result"]));
+}
+
+void Perform(IniText& text, const json& op) {
+    SCOPED_TRACE(op.dump());
+    if (op["op"] == "write" && op["value"].is_null())
+        text.Write(Bytes(op["section"]), Bytes(op["key"]), std::nullopt);
+    else if (op["op"] == "write")
+        text.Write(Bytes(op["section"]), Bytes(op["key"]), Bytes(op["value"]));
+    else if (op["op"] == "delete_section")
+        text.DeleteSection(Bytes(op["section"]));
+    else if (op["op"] == "snapshot")
+        EXPECT_EQ(text.Bytes(), Bytes(op["bytes"]));
+    else
+        RunReading(text, op);
+}
+
+TEST(IniText, DoesAsThePrivateProfileFunctions) {
+    std::size_t met = 0;
+    for (const json& test : json::parse(ReadFile(VELMORA_INI_CASES))) {
+        if (kLeftOut.contains(test["name"]))
+            continue;
+        SCOPED_TRACE(test["name"].get<std::string>());
+        IniText text(Bytes(test["initial"]));
+        for (const json& op : test["ops"])
+            Perform(text, op);
+        if (test.contains("final")) {
+            EXPECT_EQ(text.Bytes(), Bytes(test["final"]));
+        }
+        ++met;
+    }
+    EXPECT_EQ(met, 170u);
+}
+
+TEST(IniText, ChangesNothingButTheValue) {
+    struct {
+        const char* before;
+        const char* after; ///< with b=9 in section s
+    } const cases[] = {
+        {"[s]\n  b = 1 \na=1\n", "[s]\n  b = 9\na=1\n"},
+        {"[s]\rb=1\r\r[t]\rb=2\r", "[s]\rb=9\r\r[t]\rb=2\r"},
+        {"[s]\r\na=1\r\n\r\n; of t\r\n[t]\r\n", "[s]\r\na=1\r\nb=9\r\n\r\n; of t\r\n[t]\r\n"},
+        {"[s]\r\na=1\r\n\x1a", "[s]\r\na=1\r\nb=9\r\n\x1a"},
+        {"[s]\r\nb\r\n", "[s]\r\nb=9\r\nb\r\n"},
+    };
+    for (const auto& [before, after] : cases) {
+        IniText text(before);
+        EXPECT_TRUE(text.Write("s", "b", "9"));
+        EXPECT_EQ(text.Bytes(), after);
+        EXPECT_FALSE(text.Write("s", "b", "9")) << "written a second time: " << before;
+    }
+}
+
+TEST(IniText, StandsAnyBytes) {
+    const std::string kAlphabet = "[]=;\r\n\r\n\"' \tsk1\0\xEF\xBB\xBF\xFFx"s;
+    std::mt19937 random(8101);
+    for (int round = 0; round < 20'000; ++round) {
+        std::string bytes(random() % 60, ' ');
+        for (char& c : bytes)
+            c = kAlphabet[random() % kAlphabet.size()];
+        IniText text(bytes);
+        ASSERT_EQ(text.Bytes(), bytes);
+        text.ListKeys("s", "", random() % 20);
+        text.Write("s", "k", "v 1");
+        ASSERT_EQ(IniText(text.Bytes()).ReadString("s", "k", ""), "v 1")
+            << json(bytes).dump(-1, ' ', true, json::error_handler_t::replace);
+        while (text.DeleteSection("s")) {
+        }
+        ASSERT_EQ(IniText(text.Bytes()).ReadString("s", "k", "none"), "none");
+    }
+}
+
+} // namespace
+} // namespace velmora

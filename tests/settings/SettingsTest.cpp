@@ -1,0 +1,302 @@
+#include "app/settings/RegistryMove.h"
+#include "app/settings/mdlSettings.h"
+#include "base/Error.h"
+#include "platform/linux/RegistryFile.h"
+#include "tests/settings/Support.h"
+#include "tests/support/ScriptedInterface.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+constexpr const char* kSection = "SOFTWARE\\Corvane Series\\Velmora\\Sect";
+
+/// A registry file whose deletions can be watched.
+class WatchedRegistry : public RegistryFile {
+public:
+    using RegistryFile::RegistryFile;
+    RegistryCode DeleteValue(const std::string& path, const std::string& name) override {
+        const RegistryCode refused = onDelete ? onDelete(name) : RegistryCode::Success;
+        return refused == RegistryCode::Success ? RegistryFile::DeleteValue(path, name) : refused;
+    }
+    std::function<RegistryCode(const std::string& name)> onDelete;
+};
+
+/// Nearly all boxes bear the application's name.
+class TitledInterface : public ScriptedInterface {
+public:
+    using ScriptedInterface::ScriptedInterface;
+    Answer Show(const Message& message) override {
+        EXPECT_EQ(message.title, title);
+        Message named = message;
+        named.title = "Velmora";
+        return ScriptedInterface::Show(named);
+    }
+    std::string title = "Velmora";
+};
+
+class SettingsTest : public testing::Test {
+protected:
+    SettingsTest() {
+        store_.SettingsAppName = "Velmora";
+        store_.ProgramFolder = folder_.Path();
+    }
+    std::string Get(const std::string& key, const std::string& fallback, bool numeric = false) {
+        return GetSetting(store_, "Velmora", "Sect", key, fallback, numeric);
+    }
+    bool Save(const std::string& key, const std::string& value, bool numeric = false) {
+        return SaveSetting(store_, "Velmora", "Sect", key, value, numeric);
+    }
+    /// From now on the INI file can't be written.
+    void BlockIni() {
+        if (fs::exists(ini_))
+            fs::rename(ini_, folder_ / "kept.ini");
+        fs::create_directory(ini_);
+    }
+
+    TemporaryFolder folder_;
+    fs::path ini_ = folder_ / "Velmora.ini";
+    fs::path reg_ = folder_ / "Velmora.reg";
+    TitledInterface ui_{[](const std::string& complaint) { ADD_FAILURE() << complaint; }};
+    WatchedRegistry registry_{reg_};
+    SettingsStore store_{registry_, ui_};
+};
+
+TEST_F(SettingsTest, ReadingFillsTheFile) {
+    EXPECT_EQ(Get("Probed", "~~~"), "~~~");
+    EXPECT_EQ(GetSetting(store_, "Velmora", "Settings", "OptType", "0"), "0");
+    EXPECT_EQ(Content(ini_), "[Settings]\r\nOptType=0\r\n");
+    ReplaceFile(ini_, "[Settings]\n  OptType = 0\n");
+    EXPECT_EQ(GetSetting(store_, "Velmora", "Settings", "OptType", "0"), "0");
+    EXPECT_EQ(GetSetting(store_, "Velmora", "Settings", "Number", "7", true), "7");
+    EXPECT_EQ(Content(ini_), "[Settings]\n  OptType = 0\n")
+        << "only texts are written back, where bytes change";
+}
+
+TEST_F(SettingsTest, CutsValuesAndLists) {
+    std::string e128;
+    for (int i = 0; i < 128; ++i)
+        e128 += "\xC3\xA9";
+    std::string file = "[Sect]\r\nLong=" + e128 + "xyz\r\n";
+    for (int i = 100; i < 400; ++i)
+        file += "keynumber" + std::to_string(i) + "=1\r\n";
+    ReplaceFile(ini_, file);
+    EXPECT_EQ(Get("Long", ""), e128);
+    EnumerateSettings(store_, "Velmora", "Sect");
+    ASSERT_EQ(store_.KeyValues.size(), 1u + (2048 - 5) / 13);
+    EXPECT_EQ(store_.KeyValues.back(), (std::pair<std::string, std::string>("keynumber256", "1")));
+    EXPECT_EQ(Content(ini_), file) << "a name that was cut came back as a new key";
+    EXPECT_EQ(Get("Cut", std::string("a\0b", 3)), "a");
+}
+
+TEST_F(SettingsTest, Numbers) {
+    struct {
+        const char* stored;
+        const char* read;
+    } const cases[] = {{"-5", "-5"}, {"12abc", "12"}, {"abc", "0"}, {"", "3"}};
+    for (const auto& [stored, read] : cases) {
+        Save("N", stored);
+        EXPECT_EQ(Get("N", " 3 ", true), read) << stored;
+    }
+    Save("N", "70000");
+    EXPECT_THROW(Get("N", "3", true), OverflowError);
+    EXPECT_TRUE(Save("N", "2.5", true));
+    EXPECT_EQ(Get("N", ""), "2");
+}
+
+TEST_F(SettingsTest, RefusesWhatIsNoNumber) {
+    ui_.Expect("You must enter a numeric value in the Default value field.", Icon::Critical);
+    EXPECT_EQ(Get("N", "abc", true), "Error!");
+    EXPECT_EQ(ui_.beeps, 1);
+    ui_.Expect("You must enter a numeric value to save as Integer", Icon::None);
+    EXPECT_FALSE(Save("N", "abc", true));
+    EXPECT_EQ(Content(ini_), "(none)");
+}
+
+TEST_F(SettingsTest, ReportsAProtectedFileOnce) {
+    BlockIni();
+    EXPECT_EQ(Get("K", "default"), "default");
+    ui_.Expect(ini_.string() + ": Is a directory", Icon::Exclamation);
+    EXPECT_FALSE(Save("K", "1"));
+    EXPECT_FALSE(Save("K", "2"));
+    {
+        SettingsBatch batch(store_);
+        EXPECT_TRUE(Save("K", "3"));
+    }
+    ui_.title = "CSetting.DeleteKey";
+    ui_.Expect("Error Deleting Key (check if file is protected)", Icon::None);
+    EXPECT_FALSE(DeleteSetting(store_, "Velmora", "Sect", "K"));
+    ui_.title = "Velmora";
+    fs::remove(ini_);
+    EXPECT_TRUE(Save("K", "4"));
+    BlockIni();
+    ui_.Expect(ini_.string() + ": Is a directory", Icon::Exclamation);
+    {
+        SettingsBatch batch(store_);
+        EXPECT_TRUE(Save("K", "5"));
+    }
+}
+
+TEST_F(SettingsTest, BatchWritesAtItsEnd) {
+    {
+        SettingsBatch outer(store_);
+        Save("A", "1");
+        try {
+            SettingsBatch inner(store_);
+            Save("A", "2");
+            throw Error("half done");
+        } catch (const Error&) {
+        }
+        SettingsBatch inner(store_);
+        EXPECT_EQ(Get("B", "3"), "3");
+        inner.Commit();
+        EXPECT_EQ(Content(ini_), "(none)");
+        EXPECT_EQ(Get("A", ""), "1");
+    }
+    EXPECT_EQ(Content(ini_), "[Sect]\r\nA=1\r\nB=3\r\n");
+}
+
+TEST_F(SettingsTest, MemoryOnlyTouchesNoFile) {
+    store_.InMemory = true;
+    EXPECT_TRUE(Save("A", "1"));
+    EXPECT_EQ(Get("A", ""), "1");
+    EnumerateSettings(store_, "Velmora", "");
+    EXPECT_EQ(store_.SectionNames, (std::vector<std::string>{"Sect"}));
+    EXPECT_TRUE(fs::is_empty(folder_.Path()));
+}
+
+TEST_F(SettingsTest, TableRowsFallBackWithoutWriting) {
+    const SettingKey row{"Sect", "Type", "A4",
+                         [](std::string_view value) { return value == "A4" || value == "DL_v"; }};
+    EXPECT_EQ(ReadAccepted(store_, row), "A4");
+    EXPECT_TRUE(Write(store_, row, "DL"));
+    EXPECT_EQ(ReadAccepted(store_, row), "A4");
+    EXPECT_EQ(Content(ini_), "[Sect]\r\nType=DL\r\n");
+}
+
+TEST_F(SettingsTest, RegistryModeReadsAndWritesTheMachinesKey) {
+    store_.SaveMode = 0;
+    EXPECT_EQ(Get("A", "~~~"), "~~~");
+    EXPECT_EQ(Content(reg_), "(none)");
+    EXPECT_EQ(Get("A", "default"), "default");
+    EXPECT_TRUE(Save("N", "-5", true));
+    EXPECT_TRUE(Save("Long", std::string(300, 'x')));
+    EXPECT_EQ(Get("N", "1", true), "-5");
+    EXPECT_EQ(Get("Long", "").size(), 255u);
+    EXPECT_TRUE(EnumerateSettings(store_, " Velmora ", " Sect "));
+    EXPECT_EQ(store_.KeyValues, (KeyTable{{"A", "default"}, {"N", "-5"}, {"Long", std::string(300, 'x')}}));
+    EXPECT_TRUE(DeleteSetting(store_, "Velmora", "Sect", "Long"));
+    EXPECT_EQ(Content(reg_), "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\" + std::string(kSection) +
+                                 "]\r\n\"A\"=\"default\"\r\n\"N\"=dword:fffffffb\r\n");
+    EXPECT_TRUE(store_.Object.GetSettingAll("Sect").empty()) << "the per-user area is another one";
+    EXPECT_EQ(Content(ini_), "(none)");
+}
+
+TEST_F(SettingsTest, RegistryErrorsAreReported) {
+    store_.SaveMode = 0;
+    const std::string application = "SOFTWARE\\Corvane Series\\Velmora";
+    store_.SectionNames = {"old"};
+    ui_.Expect("\r\nError Opening Registry Key Entry:\r\nKey/Path=" + application + "DLL Returned=2",
+               Icon::Exclamation);
+    EXPECT_FALSE(EnumerateSettings(store_, "Velmora", ""));
+    EXPECT_TRUE(store_.SectionNames.empty());
+    Save("A", "1");
+    ui_.Expect("\r\nError Deleting Registry Key Entry:\r\nKey/Path=" + std::string(kSection) +
+                   "DLL Returned=2",
+               Icon::Exclamation);
+    EXPECT_FALSE(DeleteSetting(store_, "Velmora", "Sect", "B"));
+    ui_.Expect("\r\nError Deleting Registry Key Entry:\r\nKey/Path=" + application +
+                   "Delete sub sections. [5]",
+               Icon::Exclamation);
+    EXPECT_FALSE(DeleteSetting(store_, "Velmora", "", ""));
+    ui_.Expect("\r\nCannot set Registry value: RegSetValueEx\r\nKey=" + std::string(kSection) +
+                   "DLL Returned=29",
+               Icon::Exclamation);
+    EXPECT_FALSE(Save("A", "\xC5\x82"));
+    ReplaceFile(reg_, "broken");
+    ui_.Expect("\r\nCannot Create Registry path: RegCreateKeyExVelmora\r\nKey=" + std::string(kSection) +
+                   "DLL Returned=1015",
+               Icon::Exclamation);
+    EXPECT_FALSE(Save("A", "1"));
+}
+
+class RegistryMoveTest : public SettingsTest {
+protected:
+    RegistryMoveTest() {
+        registry_.Set("SOFTWARE\\Corvane Series\\Velmora\\Paths", "Application", "C:\\Velmora\\");
+        registry_.Set(kSection, "A", "caf\xC3\xA9");
+        registry_.Set(kSection, "N", 3u);
+    }
+    std::string InRegistry(const std::string& name) {
+        RegistryValue value = "(none)";
+        registry_.Query(kSection, name, value);
+        return RegistryText(value);
+    }
+    const std::string all_ = "[Paths]\r\nApplication=C:\\Velmora\\\r\n[Sect]\r\nA=caf\xC3\xA9\r\nN=3\r\n";
+};
+
+TEST_F(RegistryMoveTest, MovesAllAndLeavesTheKeys) {
+    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::Moved);
+    EXPECT_EQ(Content(ini_), all_);
+    EXPECT_EQ(store_.SaveMode, 1);
+    std::vector<std::string> sections;
+    registry_.EnumerateKeys("SOFTWARE\\Corvane Series\\Velmora", sections);
+    EXPECT_EQ(sections, (std::vector<std::string>{"Paths", "Sect"}));
+    EXPECT_EQ(InRegistry("A"), "(none)");
+    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::NothingThere);
+}
+
+TEST_F(RegistryMoveTest, RemovesOnlyWhatIsOnDiskAlsoInABatch) {
+    int removed = 0;
+    registry_.onDelete = [&](const std::string& name) {
+        EXPECT_NE(Content(ini_).find(name + "="), std::string::npos) << name;
+        ++removed;
+        return RegistryCode::Success;
+    };
+    SettingsBatch batch(store_);
+    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::Moved);
+    EXPECT_EQ(removed, 3);
+}
+
+TEST_F(RegistryMoveTest, AWriteThatFailsHalfWayLosesNothing) {
+    registry_.onDelete = [&](const std::string& name) {
+        if (name == "A")
+            BlockIni();
+        return RegistryCode::Success;
+    };
+    ui_.Expect(ini_.string() + ": Is a directory", Icon::Exclamation);
+    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
+    EXPECT_EQ(InRegistry("N"), "3");
+    EXPECT_EQ(Content(folder_ / "kept.ini"),
+              "[Paths]\r\nApplication=C:\\Velmora\\\r\n[Sect]\r\nA=caf\xC3\xA9\r\n");
+    EXPECT_EQ(store_.SaveMode, 1);
+}
+
+TEST_F(RegistryMoveTest, AProtectedRegistryIsReportedOnce) {
+    registry_.onDelete = [](const std::string&) { return RegistryCode::WriteFault; };
+    ui_.Expect(
+        "\r\nError Deleting Registry Key Entry:\r\nKey/Path=SOFTWARE\\Corvane Series\\Velmora\\PathsDLL "
+        "Returned=29",
+        Icon::Exclamation);
+    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
+    EXPECT_EQ(Content(ini_), all_);
+    EXPECT_EQ(InRegistry("A"), "caf\xC3\xA9");
+}
+
+TEST_F(RegistryMoveTest, ABrokenRegistryIsNotTakenForNone) {
+    ReplaceFile(reg_, "broken");
+    ui_.Expect("\r\nError Opening Registry Key Entry:\r\nKey/Path=SOFTWARE\\Corvane Series\\VelmoraDLL "
+               "Returned=1015",
+               Icon::Exclamation);
+    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
+    EXPECT_EQ(Content(reg_), "broken");
+    fs::remove(reg_);
+    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::NothingThere);
+    EXPECT_EQ(Content(ini_), "(none)");
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,147 @@
+// The start of the program: folders, command line, the ends before the window.
+#include "app/Main.h"
+#include "base/AtomicFile.h"
+#include "platform/linux/ProgramFolder.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <sys/stat.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+class NoFonts : public FontCatalogue {
+public:
+    std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
+    std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
+};
+
+class CountingForms : public Forms {
+public:
+    void ShowMainWindow() override { ++shown; }
+    int shown = 0;
+};
+
+struct StartTest : testing::Test {
+    TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
+    NoFonts fonts;
+    Program program{test.main, {}, fonts, {}};
+    CountingForms forms;
+
+    StartTest() {
+        fs::create_directory(test.folder / "Images");
+        fs::create_directory(test.folder / "Tabs");
+        test.settings.SettingsAppName.clear();
+        test.settings.IniFile.clear();
+    }
+    StartOutcome Start(const std::string& commandLine = "") { return Main(program, commandLine, forms); }
+    std::string Question(const std::string& folder) {
+        return "The '" + (test.folder / folder).string() + "/' directory cannot be found.\r\nDo you want to create it?";
+    }
+};
+
+TEST_F(StartTest, NamesTheProgramAndItsFolders) {
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(forms.shown, 1);
+    EXPECT_EQ(test.settings.SettingsAppName, "Velmora");
+    EXPECT_EQ(program.Title, "Velmora [Version 8.1.0]");
+    EXPECT_EQ(test.settings.IniFile, test.folder / "Velmora.ini");
+    EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Images").string() + "/");
+    EXPECT_EQ(program.main.globals.TabsPath, test.folder / "Tabs/");
+}
+
+TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
+    test.ui.Expect("The settings editor is not part of this version yet. The settings are in the file\r\n" +
+                       (test.folder / "Velmora.ini").string(),
+                   Icon::Information);
+    EXPECT_EQ(Start("settings"), StartOutcome::Ended);
+    EXPECT_EQ(forms.shown, 0);
+    EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
+    test.ui.Expect("Could not load the following file [SETTINGS x]", Icon::Critical);
+    EXPECT_EQ(Start("SETTINGS x"), StartOutcome::Running);
+}
+
+TEST_F(StartTest, AFileOnTheCommandLineIsOpened) {
+    ReplaceFile(test.folder / "a.csv", "one\r\ntwo\r\n");
+    Start((test.folder / "a.csv").string());
+    EXPECT_EQ(program.main.document.FieldA(2), "two");
+    EXPECT_EQ(program.main.document.DocFileName, test.folder / "a.csv");
+}
+
+TEST_F(StartTest, MissingFoldersAreMade) {
+    fs::remove(test.folder / "Images");
+    fs::remove(test.folder / "Tabs");
+    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::Yes);
+    test.ui.Expect(Question("Tabs"), Icon::Question, Buttons::YesNoCancel, Answer::Yes);
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_TRUE(fs::is_directory(test.folder / "Tabs"));
+}
+
+TEST_F(StartTest, AFolderIsTakenOnlyWithItsMarker) {
+    fs::remove(test.folder / "Images");
+    fs::create_directory(test.folder / "Pictures");
+    ReplaceFile(test.folder / "Pictures/a4_ALPHA_new.gif", "");
+    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::No);
+    test.ui.ExpectChooser("Open Velmora path", test.folder / "Tabs");
+    test.ui.Expect("The folder '" + (test.folder / "Tabs").string() + "' does not hold the file 'A4_alpha_New.gif'.",
+                   Icon::Information);
+    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::No);
+    test.ui.ExpectChooser("Open Velmora path", test.folder / "Pictures");
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Pictures/").string());
+}
+
+TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {
+    test.settings.SettingsAppName = "Velmora";
+    test.settings.IniFile = test.folder / "Velmora.ini";
+    test.Store("Paths", "Application", "/nowhere/at/all");
+    for (int round = 0; round < 2; ++round) {
+        for (int search = 0; search < 5; ++search) {
+            test.ui.ExpectChooser("Open Velmora path", std::nullopt);
+            test.ui.Expect("This task will be canceled.", Icon::Information);
+        }
+        test.ui.Expect("Do you want to exit the installtion prosedure of Velmora", Icon::Question, Buttons::YesNo,
+                       round == 0 ? Answer::No : Answer::Yes);
+    }
+    EXPECT_EQ(Start(), StartOutcome::Ended);
+    EXPECT_EQ(forms.shown, 0);
+}
+
+TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {
+    TestProgram test([](const std::string& text) { ADD_FAILURE() << text; });
+    const fs::path deep = test.folder / std::string(140, 'd');
+    fs::create_directories(deep / "Images");
+    fs::create_directories(deep / "Tabs");
+    test.settings.ProgramFolder = deep;
+    const NoFonts fonts;
+    Program program{test.main, {}, fonts, {}};
+    CountingForms forms;
+    EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);
+    EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);
+    EXPECT_EQ(program.main.globals.ImagesPath, deep / "Images/");
+}
+
+TEST(ProgramFolder, FollowsTheEnvironmentAndTheInstallation) {
+    const TemporaryFolder root;
+    fs::create_directories(root / "portable");
+    fs::create_directories(root / "usr/bin");
+    fs::create_directories(root / "usr/share/velmora");
+    std::map<std::string, std::string> variables = {{"HOME", "/home/x"}};
+    const Environment environment = [&](const char* name) -> std::optional<std::string> {
+        const auto found = variables.find(name);
+        return found == variables.end() ? std::nullopt : std::optional(found->second);
+    };
+    EXPECT_EQ(FindProgramFolder(root / "portable", environment), root / "portable");
+    EXPECT_EQ(FindProgramFolder(root / "usr/bin", environment), "/home/x/.config/velmora");
+    variables["XDG_CONFIG_HOME"] = "/config";
+    EXPECT_EQ(FindProgramFolder(root / "usr/bin", environment), "/config/velmora");
+    variables["VELMORA_HOME"] = "/else";
+    EXPECT_EQ(FindProgramFolder(root / "portable", environment), "/else");
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,34 @@
+// The shared state of a program in a folder of its own, with a scripted person.
+#pragma once
+
+#include "document/mdlMain.h"
+#include "platform/linux/BuiltInPrinters.h"
+#include "platform/linux/RegistryFile.h"
+#include "tests/support/ScriptedInterface.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace velmora {
+
+struct TestProgram {
+    explicit TestProgram(ScriptedInterface::Fail fail, bool printer = true) : ui(std::move(fail)), printers(printer) {
+        settings.SettingsAppName = "Velmora";
+        settings.ProgramFolder = folder.Path();
+        settings.IniFile = folder / "Velmora.ini";
+    }
+
+    std::string Stored(const std::string& section, const std::string& key) {
+        return GetSetting(settings, "Velmora", section, key, kProbe);
+    }
+    void Store(const std::string& section, const std::string& key, const std::string& value) {
+        SaveSetting(settings, "Velmora", section, key, value);
+    }
+
+    TemporaryFolder folder;
+    ScriptedInterface ui;
+    RegistryFile registry{folder / "Velmora.reg"};
+    BuiltInPrinters printers;
+    SettingsStore settings{registry, ui};
+    MainModule main{settings, ui, printers, {}, {}, {}};
+};
+
+} // namespace velmora

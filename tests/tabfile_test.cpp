@@ -1,0 +1,235 @@
+// Tab files: reading, writing, opening, and everything that can be wrong with one.
+#include "base/AtomicFile.h"
+#include "base/Text.h"
+#include "document/OpenDocument.h"
+#include "document/TabFileCheck.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace velmora {
+namespace {
+
+const std::string kHeader = "Version 8\r\n"
+                            "Office Printer,DL_h,5,2\r\n"
+                            "0,-2.5\r\n"
+                            "Arial,12,True,False,False,0,1\r\n"
+                            "Liberation Serif,10,False,True,False,2,0\r\n"
+                            "Arial,9,False,False,True,1,2\r\n";
+
+std::string Tabs(int count, const std::string& line = ",,\r\n") {
+    std::string lines;
+    for (int i = 0; i < count; ++i)
+        lines += line;
+    return lines;
+}
+
+struct TabFileTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    TabDocument& document = program.main.document;
+
+    OpenOutcome Open(const std::string& bytes, const char* name = "in.csv") {
+        ReplaceFile(program.folder / name, bytes);
+        return OpenFile(program.main, program.folder / name);
+    }
+    std::string Bytes() { return TabFileBytes(document, program.settings, program.ui); }
+    void ExpectFailure(const std::string& cause) {
+        program.ui.Expect(cause + "\r\nCalled form Sub:LoadData", Icon::Critical);
+        program.ui.Expect("Could not finish process", Icon::Information);
+    }
+};
+
+TEST_F(TabFileTest, AFileComesBackByteForByte) {
+    const std::string files[] = {
+        kHeader + "Smith,2024,\r\nJones,2024,unused\r\n" + Tabs(10),
+        kHeader + "Ho\xC3\xABr,\xE2\x82\xAC,\r\n" + Tabs(23),
+        kHeader + "Ho\xEBr,\x80,\r\n" + Tabs(11),
+        "Version 8\r\nP,A4,3,3\r\n12,3\r\nA,8,0,-1,True,2,2\r\nB,72,True,False,True,1,0\r\nC,10.5,False,False,False,0,1\r\n" +
+            Tabs(54, " x , y ,\xC3\xAA\r\n")};
+    for (const std::string& file : files) {
+        ASSERT_EQ(Open(file), OpenOutcome::Opened);
+        EXPECT_EQ(Bytes(), file);
+    }
+}
+
+TEST_F(TabFileTest, TheFormatNormalisesWhatItDoesNotKnow) {
+    Open("version8 \nPrinter,DL,9,x\n,abc\nArial,x,?,False\nArial\n\na\rb,c\r\nd,e,f,g\n");
+    const std::string bytes = Bytes();
+    EXPECT_EQ(bytes.substr(0, bytes.find("a,,")), "Version 8\r\nPrinter,A4,0,3\r\n0,0\r\n"
+                                                  "Arial,10,False,False,False,0,1\r\n"
+                                                  "Arial,10,False,False,False,0,1\r\n"
+                                                  "Arial,10,False,False,False,1,1\r\n");
+    EXPECT_EQ(document.TabCount, 24);
+    EXPECT_EQ(document.FieldB(2), "c");
+    EXPECT_EQ(document.FieldC(3), "f") << "the fourth part is ignored";
+}
+
+TEST_F(TabFileTest, ACommaInATextMovesItIntoTheNextField) {
+    Open(kHeader + Tabs(12));
+    document.FieldA(1) = "Smith, John";
+    document.FieldB(1) = "2024";
+    Open(Bytes());
+    EXPECT_EQ(document.FieldA(1), "Smith");
+    EXPECT_EQ(document.FieldB(1), " John");
+    EXPECT_EQ(document.FieldC(1), "2024");
+}
+
+TEST_F(TabFileTest, TheHeaderReachesSettingsDocumentAndFonts) {
+    document.CurrentPage = 7;
+    Open(kHeader + Tabs(13, "a,b,c\r\n"));
+    EXPECT_EQ(document.OptType, 5);
+    EXPECT_EQ(document.NoOfFields, 2);
+    EXPECT_EQ(document.StationeryType, "DL_h");
+    EXPECT_EQ(document.LayoutName, "DL_h");
+    EXPECT_EQ(document.Limits.MaxLenField2, 20);
+    EXPECT_EQ(document.NoOfPages, 2);
+    EXPECT_EQ(document.CurrentPage, 1);
+    EXPECT_EQ(document.FieldC(13), "c");
+    EXPECT_EQ(document.FieldC(14), "");
+    EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2.5");
+    EXPECT_EQ(program.main.globals.PrinterName, "Office Printer");
+    EXPECT_EQ(program.main.fonts[1], (FieldFont{"Liberation Serif", 10, false, true, false, 2, 0}));
+}
+
+TEST_F(TabFileTest, AFileWithoutHeaderLosesNoLine) {
+    Open("first\r\nsecond,x\r\n");
+    EXPECT_EQ(document.FieldA(1), "first");
+    EXPECT_EQ(document.FieldB(2), "x");
+    EXPECT_EQ(document.TabCount, 24);
+}
+
+TEST_F(TabFileTest, AHeaderAloneIsAnEmptyPage) {
+    program.ui.Expect("There are no information to import.", Icon::Information);
+    EXPECT_EQ(Open(kHeader), OpenOutcome::Opened);
+    EXPECT_EQ(document.TabCount, 12);
+}
+
+TEST_F(TabFileTest, EmptyPagesAreWrittenToo) {
+    LoadGlobals(program.main);
+    document.TabCount = 48;
+    document.CurrentTab = 2;
+    for (int field = 0; field < 3; ++field)
+        document.Field(field).ReDim(48);
+    ApplyTabType(program.main);
+    const std::string bytes = Bytes();
+    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), 54);
+    EXPECT_TRUE(bytes.ends_with(Tabs(48)));
+}
+
+TEST(TabFileVersion, IsFoundAnywhereInTheFirstLine) {
+    EXPECT_TRUE(TestVersion8("version 8"));
+    EXPECT_TRUE(TestVersion8("xVERSION8x,1"));
+    EXPECT_TRUE(TestVersion7("Version 7"));
+    EXPECT_FALSE(TestVersion8("Version 10"));
+    EXPECT_FALSE(TestVersion7("Version 10"));
+    EXPECT_FALSE(TestVersion8("Version  8"));
+}
+
+TEST_F(TabFileTest, ATextBeyondTheOldEncodingTurnsTheFileIntoUtf8) {
+    Open(kHeader + "Ho\xEBr,,\r\n" + Tabs(11));
+    document.FieldA(2) = "Ω";
+    const std::string bytes = Bytes();
+    EXPECT_NE(bytes.find("Ho\xC3\xABr"), std::string::npos);
+    EXPECT_NE(bytes.find("Ω"), std::string::npos);
+    EXPECT_EQ(document.FileEncoding, Encoding::Utf8);
+}
+
+TEST_F(TabFileTest, AFailureLeavesDocumentAndSettingsAsTheyWere) {
+    Open(kHeader + "kept,,\r\n" + Tabs(11), "good.csv");
+    document.CurrentPage = 1;
+    const std::string ini = ReadFile(program.settings.IniFile);
+    const std::pair<std::string, std::string> cases[] = {
+        {"Version 8\r\nP,A4,0,1\r\n", "line 3: the header ends here; it has 6 lines"},
+        {std::string("Version 8\r\nP,\0,0,1\r\n", 19), "line 2: holds bytes that are no text"},
+        {kHeader + std::string(10'000'000, 'x'), "line 7: longer than 32767 bytes"},
+        {kHeader + Tabs(32767), "Overflow"}};
+    for (const auto& [bytes, cause] : cases) {
+        ExpectFailure(cause);
+        EXPECT_EQ(Open(bytes), OpenOutcome::Failed);
+        EXPECT_TRUE(document.FileError);
+        EXPECT_EQ(document.FieldA(1), "kept");
+        EXPECT_EQ(document.DocFileName, program.folder / "good.csv");
+        EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
+    }
+    program.ui.Expect("Could not load the following file [" + (program.folder / "none.csv").string() + "]",
+                      Icon::Critical);
+    EXPECT_EQ(OpenFile(program.main, program.folder / "none.csv"), OpenOutcome::Failed);
+    program.ui.Expect("Could not load the following file [" + program.folder.Path().string() + "]", Icon::Critical);
+    EXPECT_EQ(OpenFile(program.main, program.folder.Path()), OpenOutcome::Failed);
+}
+
+TEST(TabFileBad, CutAtAnyByteItIsAnErrorOrADocument) {
+    const std::string whole = kHeader + "Ho\xC3\xABr,b,c\r\n" + Tabs(11, "x,y,z\r\n");
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        try {
+            const TabFile file = ParseTabFile(whole.substr(0, length));
+            EXPECT_LE(file.tabsAt, file.text.size());
+        } catch (const TabFileError& error) {
+            EXPECT_GE(error.Line(), 2);
+        }
+    }
+}
+
+TEST(TabFileBad, RandomBytesNeverCrash) {
+    std::mt19937 random(8);
+    const std::string alphabet("Version 8,\r\n\xC3\xAB\xFF\0,,\r\n", 20);
+    for (int i = 0; i < 2000; ++i) {
+        std::string bytes(random() % 200, ' ');
+        for (char& c : bytes)
+            c = alphabet[random() % alphabet.size()];
+        CheckTabFile("Version 8" + bytes);
+        try {
+            ParseTabFile("VERSION" + bytes);
+        } catch (const TabFileError&) {
+        }
+    }
+}
+
+TEST(TabFileLines, EveryEndOfLineIsUnderstood) {
+    const std::pair<std::string, std::vector<std::string>> cases[] = {
+        {"", {}},          {"a", {"a"}},     {"a\r\nb\r\n", {"a", "b"}}, {"a\nb", {"a", "b"}},
+        {"a\rb\r", {"a", "b"}}, {"\n\n", {"", ""}}, {"a\r\n\rb", {"a", "", "b"}}, {"a\rb\nc", {"a", "b", "c"}}};
+    for (const auto& [text, lines] : cases) {
+        std::vector<std::string> read;
+        LineReader reader(text);
+        for (std::string_view line; reader.Next(line);)
+            read.emplace_back(line);
+        EXPECT_EQ(read, lines) << text;
+    }
+}
+
+TEST(TabFileCheckTest, ACleanFileHasNoProblem) {
+    EXPECT_TRUE(CheckTabFile(kHeader + Tabs(24)).empty());
+}
+
+TEST(TabFileCheckTest, EveryProblemHasItsLine) {
+    const auto properties = [](const std::string& line) {
+        return "Version 8\r\n" + line + kHeader.substr(kHeader.find("0,-2.5") - 2);
+    };
+    const std::tuple<std::string, int, std::string> cases[] = {
+        {"", 1, "the file is empty"},
+        {"Version 7\r\n", 1, "is not \"Version 8\""},
+        {properties("P,A4,0") + Tabs(24), 2, "the document line has 3 values instead of 4"},
+        {properties("P,A4,0,1,9") + Tabs(24), 2, "the document line has 5 values instead of 4"},
+        {properties("P,A4,6,1") + Tabs(24), 2, "tab type \"6\" is not valid"},
+        {properties("P,A4,4,1") + Tabs(21), 2, "tab type 4 is not on \"A4\" stationery"},
+        {properties("P,A4,0,4") + Tabs(24), 2, "number of fields \"4\" is not valid"},
+        {kHeader + Tabs(11), 18, "11 tabs are no whole number of pages of 12"},
+        {kHeader + "a,b,c,d\r\n" + Tabs(11), 7, "the tab has 4 fields instead of 3"},
+        {kHeader + Tabs(11) + "123456789012345678901,,\r\n", 18, "field 1 has 21 characters instead of at most 20"},
+        {kHeader + std::string("\0,,\r\n", 5) + Tabs(11), 7, "holds bytes that are no text"},
+        {"Version 8\r\nP,A4,0,1\r\n", 3, "the margin line is missing"}};
+    for (const auto& [bytes, line, text] : cases) {
+        const auto problems = CheckTabFile(bytes);
+        const bool found = std::any_of(problems.begin(), problems.end(), [&](const TabFileProblem& problem) {
+            return problem.line == line && problem.text == text;
+        });
+        EXPECT_TRUE(found) << text << (problems.empty() ? "" : "; first: " + std::to_string(problems[0].line) + " " +
+                                                                   problems[0].text);
+    }
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,56 @@
+# The one list of what the project needs from the system, for ./run, ./test and CI: source it, then call
+# install_packages. Each row is a Debian package and a probe that tells whether it is there.
+
+PACKAGES='
+g++                 command -v g++
+cmake               command -v cmake
+ninja-build         command -v ninja
+pkg-config          command -v pkg-config
+qt6-base-dev        has_pkg Qt6Widgets
+qt6-base-dev-tools  test -n "$(find /usr/lib /usr/lib64 -path "*qt6/libexec/rcc" -print -quit 2>/dev/null)"
+libqt6svg6          test -n "$(find /usr/lib /usr/lib64 -name "libqsvg.so" -print -quit 2>/dev/null)"
+libharfbuzz-dev     has_pkg harfbuzz-subset
+libfontconfig-dev   has_pkg fontconfig
+zlib1g-dev          has_pkg zlib
+libcli11-dev        has_file include/CLI/CLI.hpp
+nlohmann-json3-dev  has_file include/nlohmann/json.hpp
+libgtest-dev        has_pkg gtest
+fonts-liberation    has_font "Liberation Sans"
+fonts-dejavu-core   has_font "DejaVu Sans"
+fontconfig          command -v fc-list
+poppler-utils       command -v pdftotext
+qpdf                command -v qpdf
+'
+
+has_pkg() { pkg-config --exists "$1"; }
+has_file() { [ -e "/usr/$1" ] || [ -e "/usr/local/$1" ]; }
+has_font() { fc-list "$1" 2>/dev/null | grep -q .; }
+
+missing_packages() {
+    while read -r package probe; do
+        [ -z "$package" ] || eval "$probe" >/dev/null 2>&1 || echo "$package"
+    done <<EOF
+$PACKAGES
+EOF
+}
+
+install_packages() {
+    missing=$(missing_packages | tr '\n' ' ')
+    [ -z "$missing" ] && return 0
+    if ! command -v apt-get >/dev/null; then
+        echo "These are missing (by their Debian names), and there is no apt-get to install them: $missing" >&2
+        return 1
+    fi
+    as_root=
+    if [ "$(id -u)" != 0 ]; then
+        command -v sudo >/dev/null || { echo "Install these as root first: $missing" >&2; return 1; }
+        as_root=sudo
+    fi
+    echo "Installing: $missing"
+    # shellcheck disable=SC2086
+    $as_root apt-get update -q >/dev/null &&
+        $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -yq --no-install-recommends $missing >/dev/null ||
+        { echo "The packages could not be installed: $missing" >&2; return 1; }
+    missing=$(missing_packages | tr '\n' ' ')
+    [ -z "$missing" ] || { echo "Installed, but still not found: $missing" >&2; return 1; }
+}
