@@ -62,7 +62,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Velmora"); // no display name: Qt would append it to every caption
     QApplication::setDesktopFileName("velmora");
-    QApplication::setWindowIcon(QIcon(":/velmora/velmora.svg"));
+    QApplication::setWindowIcon(QIcon(":/velmora.svg"));
     try {
         return Run(application);
     } catch (const std::exception& error) {

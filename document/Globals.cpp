@@ -82,6 +82,7 @@ void NewDocument(MainModule& main) {
     document.CurrentPage = 0;
     document.CurrentTab = 0;
     document.TabsPerPage = 0;
+    document.DocChanged = false;
     ApplyTabType(main);
     ShowCaption(main);
     if (main.editor)

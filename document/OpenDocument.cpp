@@ -1,6 +1,9 @@
 #include "document/OpenDocument.h"
 
 #include "app/settings/Validate.h"
+#include "base/AtomicFile.h"
+#include "base/Text.h"
+#include "document/SaveDocument.h"
 #include "document/Transaction.h"
 
 namespace velmora {
@@ -20,6 +23,42 @@ OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path) {
         ReportError(main, error.what(), "Called form Sub:LoadData");
         return OpenOutcome::Failed;
     }
+}
+
+void Tell(MainModule& main, const std::string& text, Icon icon = Icon::Information) {
+    main.ui.Show({text, main.settings.SettingsAppName, icon});
+}
+
+/// False when the person wants to stay with the open document, or it could not be saved.
+bool MayReplaceDocument(MainModule& main) {
+    if (main.document.DocFileName.empty())
+        return true;
+    const Answer answer = main.ui.Show({"Do you want to save the current document?", main.settings.SettingsAppName,
+                                        Icon::Question, Buttons::YesNoCancel});
+    if (answer == Answer::Yes)
+        return SaveLabels(main, false) == SaveOutcome::Saved;
+    return answer == Answer::No;
+}
+
+/// Says what the file is unless it is of version 8. False when it cannot be read.
+bool AnnounceVersion(MainModule& main, const std::filesystem::path& path) {
+    std::string text;
+    try {
+        text = Decode(ReadFile(path)).text;
+    } catch (const FileAccessError&) {
+        Tell(main, "Could not finish the process");
+        return false;
+    }
+    std::string_view firstLine;
+    LineReader(text).Next(firstLine);
+    const std::string file = "The file: [" + path.string() + "] is ";
+    if (TestVersion8(firstLine))
+        return true;
+    if (TestVersion7(firstLine))
+        Tell(main, file + "an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
+    else
+        Tell(main, file + "not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
+    return true;
 }
 
 } // namespace
@@ -42,7 +81,7 @@ LoadOutcome LoadDocument(MainModule& main, const TabFile& file) {
     if (document.TabCount > 0)
         LoadRows(file, document, main.ui);
     else
-        main.ui.Show({"There are no information to import.", main.settings.SettingsAppName, Icon::Information});
+        Tell(main, "There are no information to import.");
     document.FileEncoding = file.encoding;
     ApplyTabType(main);
     return LoadOutcome::Loaded;
@@ -52,8 +91,7 @@ OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
     main.document.FileError = false;
     if (!FileExists(path)) {
         main.document.FileError = true;
-        main.ui.Show({"Could not load the following file [" + path.string() + "]", main.settings.SettingsAppName,
-                      Icon::Critical});
+        Tell(main, "Could not load the following file [" + path.string() + "]", Icon::Critical);
         return OpenOutcome::Failed;
     }
     if (main.editor)
@@ -61,13 +99,34 @@ OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
     const OpenOutcome outcome = LoadOrUndo(main, path);
     if (outcome == OpenOutcome::Failed) {
         main.document.FileError = true;
-        main.ui.Show({"Could not finish process", main.settings.SettingsAppName, Icon::Information});
+        Tell(main, "Could not finish process");
     }
     RefreshDocumentStatus(main);
     ShowCaption(main);
     if (main.editor)
         main.editor->BringUp();
     return outcome;
+}
+
+OpenOutcome OpenNewFile(MainModule& main) {
+    if (!MayReplaceDocument(main))
+        return OpenOutcome::Cancelled;
+    const auto path = main.ui.ChooseFile({"OPEN", "Open", main.globals.TabsPath,
+                                          "Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"});
+    if (!path)
+        return OpenOutcome::Cancelled;
+    if (!FileExists(*path)) {
+        Tell(main, "You have to select a valid file!");
+        return OpenOutcome::Failed;
+    }
+    if (EndsWithNoCase(path->string(), ".XLS")) {
+        Tell(main,
+             "You have to have Microsoft Excel 2000 (or latter) installed on your PC if you want to open or import an "
+             "Excel file!",
+             Icon::Critical);
+        return OpenOutcome::Failed;
+    }
+    return AnnounceVersion(main, *path) ? OpenFile(main, *path) : OpenOutcome::Failed;
 }
 
 } // namespace velmora

@@ -12,10 +12,14 @@ namespace velmora {
 /// are none. Raises OverflowError and what the settings raise; the caller puts back what was changed by then.
 LoadOutcome LoadDocument(MainModule& main, const TabFile& file);
 
-enum class OpenOutcome { Opened, Failed, NoPrinter };
+enum class OpenOutcome { Opened, Failed, Cancelled, NoPrinter };
 
 /// Replaces the document by the file's, from its first page on. A failure is shown, sets `FileError` and leaves
 /// document, settings and file as they were. NoPrinter: as LoadGlobals says.
 OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path);
+
+/// The Open command: offers to save the open document, asks for a file, announces what is no version 8 file and loads
+/// it. Cancelled leaves everything as it was.
+OpenOutcome OpenNewFile(MainModule& main);
 
 } // namespace velmora

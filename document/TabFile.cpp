@@ -249,7 +249,8 @@ std::string TabFileBytes(TabDocument& document, SettingsStore& store, UserInterf
     SaveRows(document, ui, text);
     if (document.FileEncoding == Encoding::Utf8)
         return text;
-    if (auto bytes = Encode(text, document.FileEncoding))
+    // Some Windows-1252 bytes would be read as UTF-8 the next time, so the way back is tried.
+    if (auto bytes = Encode(text, document.FileEncoding); bytes && Decode(*bytes).text == text)
         return *std::move(bytes);
     document.FileEncoding = Encoding::Utf8;
     return text;

@@ -8,6 +8,7 @@ namespace velmora {
 namespace {
 
 constexpr int kTwoFieldLineGap = 50; // the lines of two fields stand 50 twips apart, those of three 10
+constexpr int kOutlineTop = 20;      // from the outline of a cell to its boxes' origin
 
 /// The boxes of the first tab.
 std::array<GridBox, 3> FirstBoxes(const GridGeometry& grid, int fields) {
@@ -37,15 +38,17 @@ std::int16_t Limit(const FieldLimits& limits, int field) {
 
 std::vector<GridCell> LayOutGrid(const TabDocument& document) {
     const GridGeometry& grid = document.Grid;
+    const int gap = grid.CellGap;
     const std::array<GridBox, 3> first = FirstBoxes(grid, document.NoOfFields);
     // The halves of a cell and the gap between them may be a little wider than its full box.
     const int width = std::max(grid.Width1, 2 * grid.Width2 + grid.LineGap);
+    const GridBox outline = {-gap, -kOutlineTop, width + 2 * gap, grid.Height1 + kOutlineTop};
     std::vector<GridCell> cells;
     for (int row = 0; row < document.RowsPerPage; ++row) {
         for (int column = 0; column < document.ColsPerPage; ++column) {
-            const int right = column * (width + grid.CellGap);
-            const int down = row * (grid.Height1 + grid.CellGap);
-            GridCell cell{{right, down, width, grid.Height1}, first};
+            const int right = column * (outline.width + gap);
+            const int down = row * (outline.height + gap);
+            GridCell cell{Moved(outline, right, down), first};
             for (GridBox& box : cell.boxes)
                 box = Moved(box, right, down);
             cells.push_back(cell);

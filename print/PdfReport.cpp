@@ -53,7 +53,7 @@ void WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& ca
     int done = 0;
     for (const int number : options.sheets.empty() ? AllSheets(report) : options.sheets) {
         report.LayOutSheet(number, sheet);
-        painter.Paint(sheet, pdf);
+        painter.Paint(sheet, pdf, options.outline ? Outlines::Shown : Outlines::Hidden);
         if (progress)
             progress->Advance(++done);
     }

@@ -53,9 +53,9 @@ TEST_F(EditorTest, NoTwoBoxesOfAPageMeet) {
 TEST_F(EditorTest, SlotsRunRowByRow) {
     MakeDocument(1, 1);
     const auto cells = LayOutGrid(document);
-    EXPECT_EQ(cells[5].outline.top, 0);
-    EXPECT_GT(cells[6].outline.top, 0);
-    EXPECT_EQ(cells[6].outline.left, 0);
+    EXPECT_EQ(cells[5].boxes[0].top, cells[0].boxes[0].top);
+    EXPECT_GT(cells[6].boxes[0].top, cells[5].boxes[0].top);
+    EXPECT_EQ(cells[6].boxes[0].left, cells[0].boxes[0].left);
 }
 
 TEST_F(EditorTest, EnteringABoxSetsTheCurrentTab) {

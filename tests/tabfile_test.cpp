@@ -134,6 +134,11 @@ TEST_F(TabFileTest, ATextBeyondTheOldEncodingTurnsTheFileIntoUtf8) {
     EXPECT_NE(bytes.find("Ho\xC3\xABr"), std::string::npos);
     EXPECT_NE(bytes.find("Ω"), std::string::npos);
     EXPECT_EQ(document.FileEncoding, Encoding::Utf8);
+    // So does one whose old bytes would be taken for UTF-8.
+    Open(kHeader + "Ho\xEBr,,\r\n" + Tabs(11));
+    document.FieldA(1) = "Ã«";
+    Open(Bytes());
+    EXPECT_EQ(document.FieldA(1), "Ã«");
 }
 
 TEST_F(TabFileTest, AFailureLeavesDocumentAndSettingsAsTheyWere) {

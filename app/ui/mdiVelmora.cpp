@@ -1,9 +1,12 @@
 #include "app/ui/mdiVelmora.h"
 
+#include "app/Commands.h"
+#include "document/SaveDocument.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "print/PdfReport.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -12,14 +15,6 @@ namespace velmora {
 namespace {
 
 constexpr QSize kFirstSize(1100, 720);
-
-struct MenuItem {
-    const char* menu;
-    const char* name;
-    const char* caption;
-    QKeySequence shortcut;
-    void (mdiVelmora::*command)();
-};
 
 } // namespace
 
@@ -46,15 +41,19 @@ mdiVelmora::~mdiVelmora() {
 void mdiVelmora::BuildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->setObjectName("mnuFile");
+    AddItem(file, "mnuNew", tr("&New"), QKeySequence::New, &mdiVelmora::New);
+    AddItem(file, "mnuOpen", tr("&Open"), QKeySequence::Open, &mdiVelmora::Open);
+    AddItem(file, "mnuSave", tr("&Save"), QKeySequence::Save, &mdiVelmora::Save);
+    AddItem(file, "mnuSaveAs", tr("Save &as ..."), QKeySequence("Ctrl+Shift+S"), &mdiVelmora::SaveAs);
     AddItem(file, "mnuSavePdf", tr("Save as P&DF ..."), {}, &mdiVelmora::SavePdf);
     file->addSeparator();
     AddItem(file, "mnuExit", tr("E&xit"), QKeySequence("Ctrl+Q"), &mdiVelmora::Exit);
-    QMenu* data = menuBar()->addMenu(tr("&Data"));
-    data->setObjectName("mnuData");
-    AddItem(data, "mnuFirstPage", tr("&First Page"), QKeySequence("Ctrl+PgUp"), &mdiVelmora::ShowFirstPage);
-    AddItem(data, "mnuPreviousPage", tr("&Previous Page"), QKeySequence("PgUp"), &mdiVelmora::ShowPreviousPage);
-    AddItem(data, "mnuNextPage", tr("&Next Page"), QKeySequence("PgDown"), &mdiVelmora::ShowNextPage);
-    AddItem(data, "mnuLastPage", tr("&Last Page"), QKeySequence("Ctrl+PgDown"), &mdiVelmora::ShowLastPage);
+    QMenu* pages = menuBar()->addMenu(tr("&Data"));
+    pages->setObjectName("mnuData");
+    AddItem(pages, "mnuFirstPage", tr("&First Page"), QKeySequence("Ctrl+PgUp"), &mdiVelmora::ShowFirstPage);
+    AddItem(pages, "mnuPreviousPage", tr("&Previous Page"), QKeySequence("PgUp"), &mdiVelmora::ShowPreviousPage);
+    AddItem(pages, "mnuNextPage", tr("&Next Page"), QKeySequence("PgDown"), &mdiVelmora::ShowNextPage);
+    AddItem(pages, "mnuLastPage", tr("&Last Page"), QKeySequence("Ctrl+PgDown"), &mdiVelmora::ShowLastPage);
 }
 
 void mdiVelmora::AddItem(QMenu* menu, const char* name, const QString& caption, const QKeySequence& shortcut,
@@ -82,6 +81,23 @@ void mdiVelmora::SetCaption(const std::string& caption) {
     setWindowTitle(QString::fromStdString(caption));
 }
 
+void mdiVelmora::New() {
+    NewCommand(program_.main);
+}
+
+void mdiVelmora::Open() {
+    if (OpenCommand(program_.main) == OpenOutcome::NoPrinter)
+        QApplication::quit();
+}
+
+void mdiVelmora::Save() {
+    SaveLabels(program_.main, false);
+}
+
+void mdiVelmora::SaveAs() {
+    SaveLabels(program_.main, true);
+}
+
 void mdiVelmora::ShowFirstPage() {
     FirstPage(program_.main);
 }
@@ -104,6 +120,12 @@ void mdiVelmora::SavePdf() {
 
 void mdiVelmora::Exit() {
     close();
+}
+
+void mdiVelmora::closeEvent(QCloseEvent* event) {
+    SaveLabel(program_.main, program_.main.document.CurrentPage, program_.main.document.TabsPerPage);
+    CloseCommand(program_.main);
+    event->accept();
 }
 
 } // namespace velmora

@@ -25,12 +25,19 @@ public:
     void SetPanel(int panel, const std::string& text) override;
     void SetCaption(const std::string& caption) override;
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void BuildMenus();
     void BuildStatusBar();
     void AddItem(QMenu* menu, const char* name, const QString& caption, const QKeySequence& shortcut,
                  void (mdiVelmora::*command)());
 
+    void New();
+    void Open();
+    void Save();
+    void SaveAs();
     void ShowFirstPage();
     void ShowPreviousPage();
     void ShowNextPage();

@@ -3,9 +3,7 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScrollBar>
-#include <QStyle>
 
 #include <algorithm>
 #include <cmath>
@@ -19,7 +17,6 @@ constexpr int kPaperMargin = 16;
 constexpr int kGround = 12;
 constexpr int kCaptionHeight = 22;
 constexpr double kCellRadius = 4;
-constexpr double kCellPadding = 3;
 constexpr const char* kSlotProperty = "slot";
 
 Qt::Alignment BoxAlignment(std::int16_t code) {
@@ -46,7 +43,9 @@ void GridSheet::SetCells(std::vector<GridCell> cells, const QString& caption) {
 
 void GridSheet::SetScale(double pixelsPerTwip) {
     pixelsPerTwip_ = pixelsPerTwip;
-    setFixedSize(SizeAt(pixelsPerTwip));
+    const QRectF grid = GridTwips();
+    setFixedSize(BorderSize() + QSize(static_cast<int>(std::lround(grid.width() * pixelsPerTwip)),
+                                      static_cast<int>(std::lround(grid.height() * pixelsPerTwip))));
     update();
 }
 
@@ -55,23 +54,27 @@ void GridSheet::MarkSlot(int slot) {
     update();
 }
 
-QSize GridSheet::GridTwips() const {
-    return cells_.empty() ? QSize()
-                          : QSize(cells_.back().outline.left + cells_.back().outline.width,
-                                  cells_.back().outline.top + cells_.back().outline.height);
+QRect GridSheet::GridTwips() const {
+    QRect grid;
+    for (const GridCell& cell : cells_)
+        grid |= QRect(cell.outline.left, cell.outline.top, cell.outline.width, cell.outline.height);
+    return grid;
 }
 
-QSize GridSheet::SizeAt(double pixelsPerTwip) const {
+QSize GridSheet::BorderSize() const {
     const int border = 2 * (kPaperMargin + kGround);
-    return {static_cast<int>(std::ceil(GridTwips().width() * pixelsPerTwip)) + border,
-            static_cast<int>(std::ceil(GridTwips().height() * pixelsPerTwip)) + border + kCaptionHeight};
+    return {border, border + kCaptionHeight};
 }
 
 QRect GridSheet::BoxRect(const GridBox& box) const {
-    const auto pixel = [&](int twips) { return static_cast<int>(std::lround(twips * pixelsPerTwip_)); };
-    const int border = kPaperMargin + kGround;
-    return QRect(QPoint(pixel(box.left) + border, pixel(box.top) + border),
-                 QPoint(pixel(box.left + box.width) + border - 1, pixel(box.top + box.height) + border - 1));
+    const QPoint origin = GridTwips().topLeft();
+    const auto pixel = [&](int twips) {
+        return static_cast<int>(std::lround(twips * pixelsPerTwip_)) + kPaperMargin + kGround;
+    };
+    const int left = box.left - origin.x();
+    const int top = box.top - origin.y();
+    return QRect(QPoint(pixel(left), pixel(top)),
+                 QPoint(pixel(left + box.width) - 1, pixel(top + box.height) - 1));
 }
 
 void GridSheet::paintEvent(QPaintEvent*) {
@@ -87,9 +90,8 @@ void GridSheet::paintEvent(QPaintEvent*) {
     for (std::size_t i = 0; i < cells_.size(); ++i) {
         const bool marked = static_cast<int>(i) + 1 == marked_;
         painter.setPen(marked ? QPen(palette().color(QPalette::Highlight), 2) : QPen(line, 1));
-        painter.drawRoundedRect(QRectF(BoxRect(cells_[i].outline))
-                                    .adjusted(-kCellPadding, -kCellPadding, kCellPadding, kCellPadding),
-                                kCellRadius, kCellRadius);
+        painter.drawRoundedRect(QRectF(BoxRect(cells_[i].outline)).adjusted(0.5, 0.5, -0.5, -0.5), kCellRadius,
+                                kCellRadius);
     }
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(QRectF(sheet.left(), sheet.bottom() - kCaptionHeight - kPaperMargin / 2.0, sheet.width(),
@@ -205,11 +207,10 @@ double frmGrid2a4::FittingScale() const {
     const QLineEdit probe;
     const double smallest = std::max(1 / kTwipsPerPixel, probe.minimumSizeHint().height() /
                                                              static_cast<double>(main_.document.Grid.Height2));
-    const QSize border = sheet_->SizeAt(0);
-    const QSize full = sheet_->SizeAt(smallest);
-    const double across = static_cast<double>(viewport()->width() - border.width()) / (full.width() - border.width());
-    const double down = static_cast<double>(viewport()->height() - border.height()) / (full.height() - border.height());
-    return std::max(smallest, std::min({smallest * across, smallest * down, kLargestScale}));
+    const QSizeF room = viewport()->size() - sheet_->BorderSize();
+    const QRectF grid = sheet_->GridTwips();
+    const double fitting = std::min((room.width() - 1) / grid.width(), (room.height() - 1) / grid.height());
+    return std::max(smallest, std::min(fitting, kLargestScale));
 }
 
 void frmGrid2a4::PlaceBoxes() {

@@ -23,15 +23,15 @@ public:
     void SetScale(double pixelsPerTwip);
     /// Slot from 1; 0: none.
     void MarkSlot(int slot);
-    QSize SizeAt(double pixelsPerTwip) const;
+    QRect GridTwips() const;
+    /// Pixels around the grid: ground, paper margin and caption.
+    QSize BorderSize() const;
     QRect BoxRect(const GridBox& box) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QSize GridTwips() const;
-
     std::vector<GridCell> cells_;
     QString caption_;
     double pixelsPerTwip_ = 0;

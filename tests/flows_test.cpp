@@ -1,0 +1,155 @@
+// The flows of New, Open, Save and Save as: every question in its order, over real files.
+#include "app/Commands.h"
+#include "base/AtomicFile.h"
+#include "document/SaveDocument.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kSaveQuestion = "Do you want to save the current document?";
+
+struct FlowsTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    TabDocument& document = program.main.document;
+
+    FlowsTest() {
+        LoadGlobals(program.main);
+        NewDocument(program.main);
+        document.FieldA(1) = "typed";
+        document.DocChanged = true;
+    }
+    fs::path Path(const char* name) { return program.folder / name; }
+    std::string Named(const char* name) { return "[" + Path(name).string() + "]"; }
+    void Ask(const std::string& text, Answer answer, Buttons buttons = Buttons::YesNoCancel) {
+        program.ui.Expect(text, Icon::Question, buttons, answer);
+    }
+    void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
+};
+
+TEST_F(FlowsTest, ANewNameIsSavedWithoutAWordAndKept) {
+    program.ui.ExpectChooser("Save as", Path("a.csv"));
+    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Saved);
+    EXPECT_EQ(document.DocFileName, Path("a.csv"));
+    EXPECT_FALSE(document.DocChanged);
+    EXPECT_EQ(program.Stored("Paths", "Lables"), program.folder.Path().string() + "/");
+    Tell("File saved successfully");
+    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Saved);
+    EXPECT_NE(ReadFile(Path("a.csv")).find("typed,,"), std::string::npos);
+}
+
+TEST_F(FlowsTest, AnExistingFileIsAskedAboutAndANoReturnsToTheChooser) {
+    ReplaceFile(Path("a.csv"), "old");
+    const std::string question = "Do you want to overwrite the following file?\r\n" + Named("a.csv");
+    program.ui.ExpectChooser("Save as", Path("a.csv"));
+    Ask(question, Answer::No, Buttons::YesNo);
+    program.ui.ExpectChooser("Save as", std::nullopt);
+    EXPECT_EQ(SaveLabels(program.main, true), SaveOutcome::Cancelled);
+    EXPECT_EQ(ReadFile(Path("a.csv")), "old");
+    EXPECT_TRUE(document.DocChanged);
+    program.ui.ExpectChooser("Save as", Path("a.csv"));
+    Ask(question, Answer::Yes, Buttons::YesNo);
+    Tell("File saved successfully");
+    EXPECT_EQ(SaveLabels(program.main, true), SaveOutcome::Saved);
+}
+
+TEST_F(FlowsTest, AFailedCreationIsRetriedUntilItsCauseIsGone) {
+    document.DocFileName = Path("none/a.csv");
+    const std::string failure =
+        "The application encountered the following error when it attempted to save the following file: " +
+        Named("none/a.csv") + "\r\nError Nommer:2\r\nError Description:No such file or directory";
+    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Retry);
+    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Cancel);
+    Tell("File was NOT saved succesfully!");
+    Tell("Could not finish process");
+    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Failed);
+    EXPECT_TRUE(document.FileError);
+    EXPECT_TRUE(document.DocChanged) << "what is not on disk is not saved";
+}
+
+TEST_F(FlowsTest, CommasAreToldOnceForASave) {
+    document.FieldA(2) = "a,b";
+    document.FieldC(7) = ",";
+    document.DocFileName = Path("a.csv");
+    Tell("These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the text "
+         "after a comma moves into the next field.");
+    Tell("File saved successfully");
+    SaveLabels(program.main, false);
+}
+
+TEST_F(FlowsTest, OpeningAnnouncesWhatIsNoVersion8File) {
+    ReplaceFile(Path("plain.csv"), "one\r\n");
+    program.ui.ExpectChooser("Open", Path("plain.csv"));
+    Tell("The file: " + Named("plain.csv") +
+         " is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
+    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened); // untitled before: nothing asked
+    EXPECT_EQ(document.FieldA(1), "one");
+
+    ReplaceFile(Path("seven.csv"), "VERSION7\r\nP,A4,1,2\r\n0,0\r\nA\r\nB\r\nC\r\nold,,\r\n");
+    Ask(kSaveQuestion, Answer::No);
+    program.ui.ExpectChooser("Open", Path("seven.csv"));
+    Tell("The file: " + Named("seven.csv") +
+         " is an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
+    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened);
+    EXPECT_EQ(document.OptType, 1);
+    Tell("File saved successfully");
+    SaveLabels(program.main, false);
+    EXPECT_TRUE(ReadFile(Path("seven.csv")).starts_with("Version 8\r\n"));
+}
+
+TEST_F(FlowsTest, OpeningRefusesWhatIsNoDocument) {
+    document.DocFileName = Path("a.csv");
+    Ask(kSaveQuestion, Answer::Cancel);
+    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Cancelled);
+    Ask(kSaveQuestion, Answer::Yes);
+    Tell("File saved successfully");
+    program.ui.ExpectChooser("Open", std::nullopt);
+    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Cancelled);
+    EXPECT_EQ(document.DocFileName, Path("a.csv"));
+
+    document.DocFileName.clear();
+    program.ui.ExpectChooser("Open", Path("none.csv"));
+    Tell("You have to select a valid file!");
+    Tell("The file could not be opened successfully");
+    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Failed);
+    ReplaceFile(Path("sheet.xls"), "");
+    program.ui.ExpectChooser("Open", Path("sheet.xls"));
+    Tell("You have to have Microsoft Excel 2000 (or latter) installed on your PC if you want to open or import an "
+         "Excel file!",
+         Icon::Critical);
+    Tell("The file could not be opened successfully");
+    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Failed);
+    EXPECT_EQ(document.FieldA(1), "typed");
+}
+
+TEST_F(FlowsTest, NewAsksAboutANamedDocumentOnly) {
+    NewCommand(program.main);
+    EXPECT_EQ(document.FieldA(1), "");
+    document.FieldA(1) = "again";
+    document.DocFileName = Path("a.csv");
+    Ask(kSaveQuestion, Answer::Cancel);
+    NewCommand(program.main);
+    EXPECT_EQ(document.FieldA(1), "again");
+    EXPECT_TRUE(document.DocFileName.empty()) << "a cancelled New makes the document untitled";
+    document.DocFileName = Path("a.csv");
+    Ask(kSaveQuestion, Answer::Yes);
+    Tell("File saved successfully");
+    NewCommand(program.main);
+    EXPECT_EQ(document.FieldA(1), "");
+    EXPECT_NE(ReadFile(Path("a.csv")).find("again"), std::string::npos);
+}
+
+TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {
+    Ask(kSaveQuestion, Answer::Yes);
+    program.ui.ExpectChooser("Save as", Path("a.csv"));
+    CloseCommand(program.main);
+    CloseCommand(program.main);
+    EXPECT_NE(ReadFile(Path("a.csv")).find("typed"), std::string::npos);
+}
+
+} // namespace
+} // namespace velmora
