@@ -26,8 +26,9 @@ std::size_t AsciiPrefix(std::string_view bytes) {
     return at;
 }
 
-/// Length of the valid sequence at the front of `bytes` (not empty), 0 when it is not valid. Follows the table of
-/// well-formed byte sequences of the Unicode standard: no overlong forms, no surrogates, nothing above U+10FFFF.
+/// Length of the valid sequence at the front of `bytes` (not empty), 0 when it is not valid. Follows the
+/// table of well-formed byte sequences of the Unicode standard: no overlong forms, no surrogates, nothing
+/// above U+10FFFF.
 std::size_t SequenceLength(std::string_view bytes) {
     const auto at = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
     const unsigned char lead = at(0);
@@ -44,17 +45,16 @@ std::size_t SequenceLength(std::string_view bytes) {
     return at(1) >= low && at(1) <= high ? length : 0;
 }
 
-void AppendUtf8(std::string& text, char16_t c) {
+void AppendUtf8(std::string& text, char32_t c) {
     if (c < 0x80) {
         text += static_cast<char>(c);
-    } else if (c < 0x800) {
-        text += static_cast<char>(0xC0 | (c >> 6));
-        text += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
-        text += static_cast<char>(0xE0 | (c >> 12));
-        text += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        text += static_cast<char>(0x80 | (c & 0x3F));
+        return;
     }
+    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
+    const int more = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
+    text += static_cast<char>(kLead[more] | (c >> (6 * more)));
+    for (int i = more - 1; i >= 0; --i)
+        text += static_cast<char>(0x80 | ((c >> (6 * i)) & 0x3F));
 }
 
 char32_t CodePoint(std::string_view sequence) {
@@ -74,6 +74,16 @@ std::optional<char> Windows1252Byte(char32_t c) {
     if (found == kHighControls.end())
         return std::nullopt;
     return static_cast<char>(0x80 + (found - kHighControls.begin()));
+}
+
+char32_t UnitAt(std::string_view bytes, std::size_t at) {
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+    return static_cast<char32_t>(byte(at) | (byte(at + 1) << 8));
+}
+
+void AppendUnit(std::string& bytes, char32_t unit) {
+    bytes += static_cast<char>(unit & 0xFF);
+    bytes += static_cast<char>(unit >> 8);
 }
 
 std::string FromWindows1252(std::string_view bytes) {
@@ -122,6 +132,40 @@ std::optional<std::string> Encode(std::string_view utf8, Encoding encoding) {
         if (!byte)
             return std::nullopt;
         bytes += *byte;
+        utf8.remove_prefix(length);
+    }
+    return bytes;
+}
+
+std::optional<std::string> FromUtf16(std::string_view bytes) {
+    if (bytes.size() % 2 != 0)
+        return std::nullopt;
+    std::string text;
+    for (std::size_t at = 0; at < bytes.size(); at += 2) {
+        char32_t c = UnitAt(bytes, at);
+        if (c >= 0xD800 && c < 0xDC00 && at + 2 < bytes.size()) {
+            const char32_t low = UnitAt(bytes, at += 2);
+            if (low < 0xDC00 || low > 0xDFFF)
+                return std::nullopt;
+            c = 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00);
+        } else if (c >= 0xD800 && c <= 0xDFFF) {
+            return std::nullopt;
+        }
+        AppendUtf8(text, c);
+    }
+    return text;
+}
+
+std::optional<std::string> ToUtf16(std::string_view utf8) {
+    std::string bytes;
+    while (!utf8.empty()) {
+        const std::size_t length = SequenceLength(utf8);
+        if (length == 0)
+            return std::nullopt;
+        const char32_t c = CodePoint(utf8.substr(0, length));
+        if (c >= 0x10000)
+            AppendUnit(bytes, 0xD800 + ((c - 0x10000) >> 10));
+        AppendUnit(bytes, c >= 0x10000 ? 0xDC00 + ((c - 0x10000) & 0x3FF) : c);
         utf8.remove_prefix(length);
     }
     return bytes;

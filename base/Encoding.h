@@ -1,5 +1,5 @@
-// Text files come from two worlds: today's UTF-8 and the Windows-1252 of older machines. Inside the program every
-// text is UTF-8; a file keeps the encoding that it came in as long as its texts fit it.
+// Text files come from two worlds: today's UTF-8 and the Windows-1252 of older machines. Inside the program
+// every text is UTF-8; a file keeps the encoding that it came in as long as its texts fit it.
 #pragma once
 
 #include <optional>
@@ -14,17 +14,25 @@ enum class Encoding { Utf8, Windows1252 };
 std::string_view EncodingName(Encoding encoding);
 
 struct DecodedText {
-    std::string text;      ///< UTF-8, without a byte order mark
+    std::string text; ///< UTF-8, without a byte order mark
     Encoding encoding = Encoding::Utf8;
 };
 
 bool IsValidUtf8(std::string_view bytes);
 
-/// UTF-8 where the bytes are valid UTF-8 (a leading byte order mark is dropped), else Windows-1252. The five bytes
-/// that Windows-1252 leaves open stand for the control characters of the same number, so that nothing is lost.
+/// UTF-8 where the bytes are valid UTF-8 (a leading byte order mark is dropped), else Windows-1252. The five
+/// bytes that Windows-1252 leaves open stand for the control characters of the same number, so that nothing
+/// is lost.
 DecodedText Decode(std::string bytes);
 
 /// The bytes of `utf8` in `encoding`; nothing when a character does not fit it.
 std::optional<std::string> Encode(std::string_view utf8, Encoding encoding);
+
+/// The UTF-8 text of UTF-16 bytes, low byte first; a byte order mark is a character like any other. Nothing
+/// for half a unit or half a pair of surrogates.
+std::optional<std::string> FromUtf16(std::string_view bytes);
+
+/// The way back; nothing when `utf8` is not valid.
+std::optional<std::string> ToUtf16(std::string_view utf8);
 
 } // namespace velmora

@@ -44,17 +44,16 @@ void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {
 }
 
 TabFile BatchProgram::Load(const std::string& file) {
-    try {
+    return NamingFile(file, [&] {
         TabFile read = ParseTabFile(ReadInput(file));
         LoadDocument(main_, read);
         return read;
-    } catch (const FileAccessError&) {
-        throw; // names the file itself
-    } catch (const OverflowError& error) {
-        throw Error(DisplayName(file) + ": " + error.what() + ": a document holds at most 32767 tabs");
-    } catch (const Error& error) {
-        throw Error(DisplayName(file) + ": " + error.what());
-    }
+    });
+}
+
+void RaiseWithFile(const std::string& file, const Error& error) {
+    const char* hint = error.Number() == kOverflowNumber ? ": a document holds at most 32767 tabs" : "";
+    throw Error(DisplayName(file) + ": " + error.what() + hint, error.Number());
 }
 
 std::string ReadInput(const std::string& file) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/settings/mdlSettings.h"
+#include "base/AtomicFile.h"
 #include "document/TabFile.h"
 #include "document/mdlMain.h"
 #include "platform/UserInterface.h"
@@ -57,6 +58,19 @@ private:
     MainModule main_;
     LayoutValues layout_;
 };
+
+[[noreturn]] void RaiseWithFile(const std::string& file, const Error& error);
+
+/// Runs `work` and puts the file's name in front of the error that it raises.
+template <typename Work> auto NamingFile(const std::string& file, Work work) {
+    try {
+        return work();
+    } catch (const FileAccessError&) {
+        throw; // names the file itself
+    } catch (const Error& error) {
+        RaiseWithFile(file, error);
+    }
+}
 
 /// The bytes of a file, "-" for standard input. Raises FileAccessError.
 std::string ReadInput(const std::string& file);

@@ -123,8 +123,9 @@ int RunPdf(const PdfArguments& arguments) {
         program.UseSettings(arguments.ini);
     program.Load(arguments.file);
     const FontconfigCatalogue catalogue;
-    rptVelmor report =
-        PrepareReport(program.Main(), program.Layout(), {arguments.test ? "TEST" : "PRINT", false});
+    rptVelmor report = NamingFile(arguments.file, [&] {
+        return PrepareReport(program.Main(), program.Layout(), {arguments.test ? "TEST" : "PRINT", false});
+    });
     PdfOptions options;
     options.outline = arguments.outline;
     if (!arguments.pages.empty())

@@ -79,14 +79,14 @@ void Row(const char* name, const std::function<void()>& work, const std::functio
 
 /// Runs the batch program; gives its peak memory in megabytes.
 double RunBatch(const std::vector<std::string>& arguments) {
+    std::fflush(stdout); // or the child would write it again
     const pid_t child = ::fork();
     if (child == 0) {
         std::vector<char*> argv = {const_cast<char*>(VELMORA_BATCH)};
         for (const std::string& argument : arguments)
             argv.push_back(const_cast<char*>(argument.c_str()));
         argv.push_back(nullptr);
-        if (!std::freopen("/dev/null", "w", stdout))
-            ::_exit(1);
+        ::close(STDOUT_FILENO);
         ::execv(VELMORA_BATCH, argv.data());
         ::_exit(1);
     }
@@ -137,16 +137,17 @@ struct Bench {
     }
 };
 
-void MeasureDocument(Bench& bench, const char* name, const std::string& what) {
+/// `wanted` is the ratio to reach; the floor of a tiny document is next to nothing.
+void MeasureDocument(Bench& bench, const char* name, const std::string& what, const char* wanted) {
     const fs::path& folder = bench.folder;
     bench.Load(name);
     const floors::Arrays arrays = floors::Open(folder / name);
     const std::string header = SampleFile(0);
-    Row(("open " + what).c_str(), [&] { bench.Load(name); }, [&] { floors::Open(folder / name); }, "2 x");
+    Row(("open " + what).c_str(), [&] { bench.Load(name); }, [&] { floors::Open(folder / name); }, wanted);
     Row(("save " + what).c_str(), [&] { bench.Save(); },
-        [&] { floors::Save(folder / "floor.csv", header, arrays); }, "2 x");
+        [&] { floors::Save(folder / "floor.csv", header, arrays); }, wanted);
     Row(("lay out " + what).c_str(), [&] { bench.LayOutAll(); }, nullptr, "30 ms");
-    Row(("PDF of " + what).c_str(), [&] { bench.Pdf(); }, [&] { floors::Pdf(folder / "floor.pdf", arrays); }, "2 x");
+    Row(("PDF of " + what).c_str(), [&] { bench.Pdf(); }, [&] { floors::Pdf(folder / "floor.pdf", arrays); }, "500 ms");
     std::printf("| %-44s | %6.2fMB | %6.2fMB |       | 1.5 MB |\n", ("  its size, " + what).c_str(),
                 static_cast<double>(fs::file_size(folder / "floor.pdf")) / 1e6,
                 static_cast<double>(fs::file_size(folder / "out.pdf")) / 1e6);
@@ -169,8 +170,8 @@ int main() {
         Bench bench;
         std::printf("| %-44s | %8s | %8s | %5s | wanted |\n|---|---|---|---|---|\n", "work (ms)", "floor", "Velmora",
                     "ratio");
-        MeasureDocument(bench, "large.csv", "32,760 tabs, 1,365 sheets");
-        MeasureDocument(bench, "small.csv", "24 tabs, one sheet");
+        MeasureDocument(bench, "large.csv", "32,760 tabs, 1,365 sheets", "2 x");
+        MeasureDocument(bench, "small.csv", "24 tabs, one sheet", "-");
         MeasureProcesses(bench);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "velmora-bench: %s\n", error.what());

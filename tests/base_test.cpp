@@ -92,6 +92,22 @@ TEST(Encoding, OnlyWellFormedBytesAreUtf8) {
     EXPECT_EQ(Decode("\xEF\xBB\xBFVersion 8").text, "Version 8");
 }
 
+TEST(Encoding, Utf16KeepsEveryCharacterOrRefuses) {
+    const std::pair<std::string, std::string> texts[] = {
+        {"aë€", std::string("a\0\xEB\0\xAC\x20", 6)},
+        {"\xEF\xBB\xBF\xEF\xBF\xBF", "\xFF\xFE\xFF\xFF"},
+        {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", std::string("\0\xD8\0\xDC\xFF\xDB\xFF\xDF", 8)}};
+    for (const auto& [utf8, utf16] : texts) {
+        EXPECT_EQ(ToUtf16(utf8), utf16);
+        EXPECT_EQ(FromUtf16(utf16), utf8);
+    }
+    for (const std::string& bytes : {std::string("a"), std::string("\0\xD8", 2), std::string("\0\xDC", 2),
+                                     std::string("\0\xD8\0\xD8", 4),
+                                     std::string("\0\xD8x\0", 4)})
+        EXPECT_EQ(FromUtf16(bytes), std::nullopt);
+    EXPECT_EQ(ToUtf16("a\xED\xA0\x80"), std::nullopt);
+}
+
 struct FileStatus : stat {
     explicit FileStatus(const fs::path& path) { ::lstat(path.c_str(), this); }
 };

@@ -22,7 +22,7 @@ struct Result {
     std::string output; ///< standard output and error
 };
 
-Result Run(const std::string& command) {
+Result Shell(const std::string& command) {
     Result result;
     FILE* pipe = ::popen((command + " 2>&1").c_str(), "r");
     std::array<char, 65536> buffer{};
@@ -36,7 +36,7 @@ struct BatchTest : testing::Test {
     TemporaryFolder folder;
 
     Result Batch(const std::string& arguments) {
-        return Run("cd '" + folder.Path().string() + "' && VELMORA_HOME='" + folder.Path().string() + "' '" +
+        return Shell("cd '" + folder.Path().string() + "' && VELMORA_HOME='" + folder.Path().string() + "' '" +
                    VELMORA_BATCH + "' " + arguments);
     }
     void Write(const std::string& name, const std::string& text) { ReplaceFile(folder / name, text); }
@@ -62,7 +62,7 @@ struct Word {
 std::map<std::string, Word> Words(const fs::path& pdf) {
     constexpr double kMmPerPoint = 25.4 / 72;
     std::map<std::string, Word> words;
-    const std::string page = Run("pdftotext -bbox -l 1 '" + pdf.string() + "' -").output;
+    const std::string page = Shell("pdftotext -bbox -l 1 '" + pdf.string() + "' -").output;
     LineReader lines(page);
     for (std::string_view line; lines.Next(line);) {
         const std::string owned(line);
@@ -157,16 +157,16 @@ TEST_F(BatchTest, ThePdfIsSoundEmbeddedAndNotScaled) {
     Write("in.csv", TabFileText(0, 1, "0,0", 72, [](int tab) { return tab == 30 ? "Bêre office,," : "x,,"; }));
     ASSERT_EQ(Batch("pdf in.csv --pages 2,1-2 -o out.pdf").code, 0);
     const std::string pdf = "'" + (folder / "out.pdf").string() + "'";
-    EXPECT_EQ(Run("qpdf --check " + pdf).code, 0);
-    EXPECT_NE(Run("pdfinfo " + pdf).output.find("Pages:           3"), std::string::npos);
-    EXPECT_NE(Run("qpdf --qdf --object-streams=disable " + pdf + " -").output.find("/PrintScaling /None"),
+    EXPECT_EQ(Shell("qpdf --check " + pdf).code, 0);
+    EXPECT_NE(Shell("pdfinfo " + pdf).output.find("Pages:           3"), std::string::npos);
+    EXPECT_NE(Shell("qpdf --qdf --object-streams=disable " + pdf + " -").output.find("/PrintScaling /None"),
               std::string::npos);
-    EXPECT_NE(Run("pdftotext -l 1 " + pdf + " -").output.find("Bêre office"), std::string::npos);
-    const std::string fonts = Run("pdffonts " + pdf).output;
+    EXPECT_NE(Shell("pdftotext -l 1 " + pdf + " -").output.find("Bêre office"), std::string::npos);
+    const std::string fonts = Shell("pdffonts " + pdf).output;
     EXPECT_NE(fonts.find("yes yes yes"), std::string::npos) << fonts;
     EXPECT_EQ(fonts.find(" no "), std::string::npos) << fonts;
     ASSERT_EQ(Batch("pdf in.csv --test -o - > test.pdf").code, 0);
-    EXPECT_NE(Run("pdftotext '" + (folder / "test.pdf").string() + "' -").output.find("Field 1"), std::string::npos);
+    EXPECT_NE(Shell("pdftotext '" + (folder / "test.pdf").string() + "' -").output.find("Field 1"), std::string::npos);
 }
 
 TEST_F(BatchTest, InfoTellsWhatTheFileHolds) {

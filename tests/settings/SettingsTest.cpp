@@ -12,17 +12,20 @@ namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
-constexpr const char* kSection = "SOFTWARE\\Corvane Series\\Velmora\\Sect";
+const std::string kApplication = "SOFTWARE\\Corvane Series\\Velmora";
+const std::string kSection = kApplication + "\\Sect";
 
 /// A registry file whose deletions can be watched.
 class WatchedRegistry : public RegistryFile {
 public:
     using RegistryFile::RegistryFile;
     RegistryCode DeleteValue(const std::string& path, const std::string& name) override {
-        const RegistryCode refused = onDelete ? onDelete(name) : RegistryCode::Success;
-        return refused == RegistryCode::Success ? RegistryFile::DeleteValue(path, name) : refused;
+        const RegistryCode code = onDelete(name);
+        return code == RegistryCode::Success ? RegistryFile::DeleteValue(path, name) : code;
     }
-    std::function<RegistryCode(const std::string& name)> onDelete;
+    std::function<RegistryCode(const std::string& name)> onDelete = [](const std::string&) {
+        return RegistryCode::Success;
+    };
 };
 
 /// Nearly all boxes bear the application's name.
@@ -50,6 +53,10 @@ protected:
     bool Save(const std::string& key, const std::string& value, bool numeric = false) {
         return SaveSetting(store_, "Velmora", "Sect", key, value, numeric);
     }
+    void ExpectRegistryError(const std::string& heading, const std::string& rest) {
+        ui_.Expect("\r\n" + heading + "\r\n" + rest, Icon::Exclamation);
+    }
+    void ExpectIniError() { ui_.Expect(ini_.string() + ": Is a directory", Icon::Exclamation); }
     /// From now on the INI file can't be written.
     void BlockIni() {
         if (fs::exists(ini_))
@@ -93,10 +100,14 @@ TEST_F(SettingsTest, CutsValuesAndLists) {
 }
 
 TEST_F(SettingsTest, Numbers) {
-    struct {
-        const char* stored;
-        const char* read;
-    } const cases[] = {{"-5", "-5"}, {"12abc", "12"}, {"abc", "0"}, {"", "3"}};
+    ui_.Expect("You must enter a numeric value in the Default value field.", Icon::Critical);
+    EXPECT_EQ(Get("N", "abc", true), "Error!");
+    EXPECT_EQ(ui_.beeps, 1);
+    ui_.Expect("You must enter a numeric value to save as Integer", Icon::None);
+    EXPECT_FALSE(Save("N", "abc", true));
+    EXPECT_EQ(Content(ini_), "(none)");
+    const std::pair<const char*, const char*> cases[] = {
+        {"-5", "-5"}, {"12abc", "12"}, {"abc", "0"}, {"", "3"}};
     for (const auto& [stored, read] : cases) {
         Save("N", stored);
         EXPECT_EQ(Get("N", " 3 ", true), read) << stored;
@@ -107,19 +118,10 @@ TEST_F(SettingsTest, Numbers) {
     EXPECT_EQ(Get("N", ""), "2");
 }
 
-TEST_F(SettingsTest, RefusesWhatIsNoNumber) {
-    ui_.Expect("You must enter a numeric value in the Default value field.", Icon::Critical);
-    EXPECT_EQ(Get("N", "abc", true), "Error!");
-    EXPECT_EQ(ui_.beeps, 1);
-    ui_.Expect("You must enter a numeric value to save as Integer", Icon::None);
-    EXPECT_FALSE(Save("N", "abc", true));
-    EXPECT_EQ(Content(ini_), "(none)");
-}
-
 TEST_F(SettingsTest, ReportsAProtectedFileOnce) {
     BlockIni();
     EXPECT_EQ(Get("K", "default"), "default");
-    ui_.Expect(ini_.string() + ": Is a directory", Icon::Exclamation);
+    ExpectIniError();
     EXPECT_FALSE(Save("K", "1"));
     EXPECT_FALSE(Save("K", "2"));
     {
@@ -133,7 +135,7 @@ TEST_F(SettingsTest, ReportsAProtectedFileOnce) {
     fs::remove(ini_);
     EXPECT_TRUE(Save("K", "4"));
     BlockIni();
-    ui_.Expect(ini_.string() + ": Is a directory", Icon::Exclamation);
+    ExpectIniError();
     {
         SettingsBatch batch(store_);
         EXPECT_TRUE(Save("K", "5"));
@@ -159,6 +161,14 @@ TEST_F(SettingsTest, BatchWritesAtItsEnd) {
     EXPECT_EQ(Content(ini_), "[Sect]\r\nA=1\r\nB=3\r\n");
 }
 
+TEST_F(SettingsTest, TableRowsFallBackWithoutWriting) {
+    const SettingKey row{"Sect", "Type", "A4", [](std::string_view value) { return value == "A4"; }};
+    EXPECT_EQ(ReadAccepted(store_, row), "A4");
+    EXPECT_TRUE(Write(store_, row, "DL"));
+    EXPECT_EQ(ReadAccepted(store_, row), "A4");
+    EXPECT_EQ(Content(ini_), "[Sect]\r\nType=DL\r\n");
+}
+
 TEST_F(SettingsTest, MemoryOnlyTouchesNoFile) {
     store_.InMemory = true;
     EXPECT_TRUE(Save("A", "1"));
@@ -166,15 +176,6 @@ TEST_F(SettingsTest, MemoryOnlyTouchesNoFile) {
     EnumerateSettings(store_, "Velmora", "");
     EXPECT_EQ(store_.SectionNames, (std::vector<std::string>{"Sect"}));
     EXPECT_TRUE(fs::is_empty(folder_.Path()));
-}
-
-TEST_F(SettingsTest, TableRowsFallBackWithoutWriting) {
-    const SettingKey row{"Sect", "Type", "A4",
-                         [](std::string_view value) { return value == "A4" || value == "DL_v"; }};
-    EXPECT_EQ(ReadAccepted(store_, row), "A4");
-    EXPECT_TRUE(Write(store_, row, "DL"));
-    EXPECT_EQ(ReadAccepted(store_, row), "A4");
-    EXPECT_EQ(Content(ini_), "[Sect]\r\nType=DL\r\n");
 }
 
 TEST_F(SettingsTest, RegistryModeReadsAndWritesTheMachinesKey) {
@@ -189,7 +190,7 @@ TEST_F(SettingsTest, RegistryModeReadsAndWritesTheMachinesKey) {
     EXPECT_TRUE(EnumerateSettings(store_, " Velmora ", " Sect "));
     EXPECT_EQ(store_.KeyValues, (KeyTable{{"A", "default"}, {"N", "-5"}, {"Long", std::string(300, 'x')}}));
     EXPECT_TRUE(DeleteSetting(store_, "Velmora", "Sect", "Long"));
-    EXPECT_EQ(Content(reg_), "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\" + std::string(kSection) +
+    EXPECT_EQ(Content(reg_), "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\" + kSection +
                                  "]\r\n\"A\"=\"default\"\r\n\"N\"=dword:fffffffb\r\n");
     EXPECT_TRUE(store_.Object.GetSettingAll("Sect").empty()) << "the per-user area is another one";
     EXPECT_EQ(Content(ini_), "(none)");
@@ -197,36 +198,28 @@ TEST_F(SettingsTest, RegistryModeReadsAndWritesTheMachinesKey) {
 
 TEST_F(SettingsTest, RegistryErrorsAreReported) {
     store_.SaveMode = 0;
-    const std::string application = "SOFTWARE\\Corvane Series\\Velmora";
     store_.SectionNames = {"old"};
-    ui_.Expect("\r\nError Opening Registry Key Entry:\r\nKey/Path=" + application + "DLL Returned=2",
-               Icon::Exclamation);
+    ExpectRegistryError("Error Opening Registry Key Entry:", "Key/Path=" + kApplication + "DLL Returned=2");
     EXPECT_FALSE(EnumerateSettings(store_, "Velmora", ""));
     EXPECT_TRUE(store_.SectionNames.empty());
     Save("A", "1");
-    ui_.Expect("\r\nError Deleting Registry Key Entry:\r\nKey/Path=" + std::string(kSection) +
-                   "DLL Returned=2",
-               Icon::Exclamation);
+    ExpectRegistryError("Error Deleting Registry Key Entry:", "Key/Path=" + kSection + "DLL Returned=2");
     EXPECT_FALSE(DeleteSetting(store_, "Velmora", "Sect", "B"));
-    ui_.Expect("\r\nError Deleting Registry Key Entry:\r\nKey/Path=" + application +
-                   "Delete sub sections. [5]",
-               Icon::Exclamation);
+    ExpectRegistryError("Error Deleting Registry Key Entry:",
+                        "Key/Path=" + kApplication + "Delete sub sections. [5]");
     EXPECT_FALSE(DeleteSetting(store_, "Velmora", "", ""));
-    ui_.Expect("\r\nCannot set Registry value: RegSetValueEx\r\nKey=" + std::string(kSection) +
-                   "DLL Returned=29",
-               Icon::Exclamation);
+    ExpectRegistryError("Cannot set Registry value: RegSetValueEx", "Key=" + kSection + "DLL Returned=29");
     EXPECT_FALSE(Save("A", "\xC5\x82"));
     ReplaceFile(reg_, "broken");
-    ui_.Expect("\r\nCannot Create Registry path: RegCreateKeyExVelmora\r\nKey=" + std::string(kSection) +
-                   "DLL Returned=1015",
-               Icon::Exclamation);
+    ExpectRegistryError("Cannot Create Registry path: RegCreateKeyExVelmora",
+                        "Key=" + kSection + "DLL Returned=1015");
     EXPECT_FALSE(Save("A", "1"));
 }
 
 class RegistryMoveTest : public SettingsTest {
 protected:
     RegistryMoveTest() {
-        registry_.Set("SOFTWARE\\Corvane Series\\Velmora\\Paths", "Application", "C:\\Velmora\\");
+        registry_.Set(kApplication + "\\Paths", "Application", "C:\\Velmora\\");
         registry_.Set(kSection, "A", "caf\xC3\xA9");
         registry_.Set(kSection, "N", 3u);
     }
@@ -238,27 +231,20 @@ protected:
     const std::string all_ = "[Paths]\r\nApplication=C:\\Velmora\\\r\n[Sect]\r\nA=caf\xC3\xA9\r\nN=3\r\n";
 };
 
-TEST_F(RegistryMoveTest, MovesAllAndLeavesTheKeys) {
-    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::Moved);
-    EXPECT_EQ(Content(ini_), all_);
-    EXPECT_EQ(store_.SaveMode, 1);
-    std::vector<std::string> sections;
-    registry_.EnumerateKeys("SOFTWARE\\Corvane Series\\Velmora", sections);
-    EXPECT_EQ(sections, (std::vector<std::string>{"Paths", "Sect"}));
-    EXPECT_EQ(InRegistry("A"), "(none)");
-    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::NothingThere);
-}
-
-TEST_F(RegistryMoveTest, RemovesOnlyWhatIsOnDiskAlsoInABatch) {
-    int removed = 0;
+TEST_F(RegistryMoveTest, MovesAllAndLeavesTheKeysAlsoInABatch) {
     registry_.onDelete = [&](const std::string& name) {
-        EXPECT_NE(Content(ini_).find(name + "="), std::string::npos) << name;
-        ++removed;
+        EXPECT_NE(Content(ini_).find(name + "="), std::string::npos) << name << " is not on disk yet";
         return RegistryCode::Success;
     };
     SettingsBatch batch(store_);
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::Moved);
-    EXPECT_EQ(removed, 3);
+    EXPECT_EQ(Content(ini_), all_);
+    EXPECT_EQ(store_.SaveMode, 1);
+    std::vector<std::string> sections;
+    registry_.EnumerateKeys(kApplication, sections);
+    EXPECT_EQ(sections, (std::vector<std::string>{"Paths", "Sect"}));
+    EXPECT_EQ(InRegistry("A") + InRegistry("N"), "(none)(none)");
+    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::NothingThere);
 }
 
 TEST_F(RegistryMoveTest, AWriteThatFailsHalfWayLosesNothing) {
@@ -267,7 +253,7 @@ TEST_F(RegistryMoveTest, AWriteThatFailsHalfWayLosesNothing) {
             BlockIni();
         return RegistryCode::Success;
     };
-    ui_.Expect(ini_.string() + ": Is a directory", Icon::Exclamation);
+    ExpectIniError();
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
     EXPECT_EQ(InRegistry("N"), "3");
     EXPECT_EQ(Content(folder_ / "kept.ini"),
@@ -277,10 +263,8 @@ TEST_F(RegistryMoveTest, AWriteThatFailsHalfWayLosesNothing) {
 
 TEST_F(RegistryMoveTest, AProtectedRegistryIsReportedOnce) {
     registry_.onDelete = [](const std::string&) { return RegistryCode::WriteFault; };
-    ui_.Expect(
-        "\r\nError Deleting Registry Key Entry:\r\nKey/Path=SOFTWARE\\Corvane Series\\Velmora\\PathsDLL "
-        "Returned=29",
-        Icon::Exclamation);
+    ExpectRegistryError("Error Deleting Registry Key Entry:",
+                        "Key/Path=" + kApplication + "\\PathsDLL Returned=29");
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
     EXPECT_EQ(Content(ini_), all_);
     EXPECT_EQ(InRegistry("A"), "caf\xC3\xA9");
@@ -288,9 +272,8 @@ TEST_F(RegistryMoveTest, AProtectedRegistryIsReportedOnce) {
 
 TEST_F(RegistryMoveTest, ABrokenRegistryIsNotTakenForNone) {
     ReplaceFile(reg_, "broken");
-    ui_.Expect("\r\nError Opening Registry Key Entry:\r\nKey/Path=SOFTWARE\\Corvane Series\\VelmoraDLL "
-               "Returned=1015",
-               Icon::Exclamation);
+    ExpectRegistryError("Error Opening Registry Key Entry:",
+                        "Key/Path=" + kApplication + "DLL Returned=1015");
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
     EXPECT_EQ(Content(reg_), "broken");
     fs::remove(reg_);

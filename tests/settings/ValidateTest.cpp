@@ -1,19 +1,15 @@
 #include "app/settings/Validate.h"
 #include "tests/settings/Support.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace velmora {
 namespace {
 
 TEST(Validate, TakesPathsApart) {
-    struct {
-        const char* path;
-        const char* drive;
-        const char* name;
-        const char* folder;
-        const char* withoutDrive;
-    } const cases[] = {
+    const std::array<const char*, 5> cases[] = {
+        // path, drive, file name, folder, folder without drive
         {"C:\\Tabs\\Old\\a.csv", "C:", "a.csv", "C:\\Tabs\\Old", "\\Tabs\\Old"},
         {"C:\\a.csv", "C:", "a.csv", "C:", ""},
         {"C:a.csv", "C:", "a.csv", "", "NO PATH"},

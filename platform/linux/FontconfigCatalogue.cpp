@@ -1,0 +1,125 @@
+#include "platform/linux/FontconfigCatalogue.h"
+
+#include "base/Text.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <string_view>
+
+namespace velmora {
+namespace {
+
+template <auto destroy> struct Release {
+    void operator()(auto* object) const { destroy(object); }
+};
+using Pattern = std::unique_ptr<FcPattern, Release<FcPatternDestroy>>;
+using CharSet = std::unique_ptr<FcCharSet, Release<FcCharSetDestroy>>;
+using FontSet = std::unique_ptr<FcFontSet, Release<FcFontSetDestroy>>;
+
+constexpr char32_t kNoCharacter = 0;
+// The upper half of an index names an instance of a variable font.
+constexpr int kFaceIndexMask = 0xFFFF;
+
+std::string TextOf(const FcPattern* pattern, const char* property) {
+    FcChar8* text = nullptr;
+    if (FcPatternGetString(pattern, property, 0, &text) != FcResultMatch)
+        return {};
+    return reinterpret_cast<const char*>(text);
+}
+
+int NumberOf(const FcPattern* pattern, const char* property, int fallback) {
+    int number = fallback;
+    // A variable face has a range here instead of a number.
+    return FcPatternGetInteger(pattern, property, 0, &number) == FcResultMatch ? number : fallback;
+}
+
+bool FlagOf(const FcPattern* pattern, const char* property) {
+    FcBool flag = FcFalse;
+    return FcPatternGetBool(pattern, property, 0, &flag) == FcResultMatch && flag == FcTrue;
+}
+
+/// What to look for, with the desktop's aliases and defaults applied.
+Pattern Wanted(FcConfig* config, const FontRequest& request, char32_t character) {
+    Pattern pattern(FcPatternCreate());
+    FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(request.family.c_str()));
+    FcPatternAddInteger(pattern.get(), FC_WEIGHT, request.bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
+    FcPatternAddInteger(pattern.get(), FC_SLANT, request.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+    FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
+    FcPatternAddBool(pattern.get(), FC_COLOR, FcFalse);
+    FcPatternAddBool(pattern.get(), FC_VARIABLE, FcFalse);
+    if (character != kNoCharacter) {
+        const CharSet characters(FcCharSetCreate());
+        FcCharSetAddChar(characters.get(), character);
+        FcPatternAddCharSet(pattern.get(), FC_CHARSET, characters.get());
+    }
+    FcConfigSubstitute(config, pattern.get(), FcMatchPattern);
+    FcDefaultSubstitute(pattern.get());
+    return pattern;
+}
+
+bool HasCharacter(const FcPattern* font, char32_t character) {
+    FcCharSet* characters = nullptr;
+    return character == kNoCharacter ||
+           (FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch &&
+            FcCharSetHasChar(characters, character));
+}
+
+/// Type 1 and bitmap fonts, colour pictures and compressed web fonts can be neither shaped nor embedded.
+bool IsUsable(const FcPattern* font) {
+    const std::string format = TextOf(font, FC_FONTFORMAT);
+    const std::string file = TextOf(font, FC_FILE);
+    return (format == "TrueType" || format == "CFF") && FlagOf(font, FC_OUTLINE) && !FlagOf(font, FC_COLOR) &&
+           !file.empty() && !EndsWithNoCase(file, ".woff") && !EndsWithNoCase(file, ".woff2");
+}
+
+FontFile FileOf(const FcPattern* font, const FontRequest& request) {
+    const int index = NumberOf(font, FC_INDEX, 0);
+    const bool defaultInstance = FlagOf(font, FC_VARIABLE) || index > kFaceIndexMask;
+    const int weight = defaultInstance ? FC_WEIGHT_REGULAR : NumberOf(font, FC_WEIGHT, FC_WEIGHT_REGULAR);
+    const int slant = NumberOf(font, FC_SLANT, FC_SLANT_ROMAN);
+    return {TextOf(font, FC_FILE), index & kFaceIndexMask, TextOf(font, FC_FAMILY),
+            request.bold && weight < FC_WEIGHT_DEMIBOLD, request.italic && slant == FC_SLANT_ROMAN};
+}
+
+} // namespace
+
+FontconfigCatalogue::FontconfigCatalogue() = default;
+FontconfigCatalogue::~FontconfigCatalogue() = default;
+
+void FontconfigCatalogue::ReleaseConfig::operator()(_FcConfig* config) const {
+    FcConfigDestroy(config);
+}
+
+_FcConfig* FontconfigCatalogue::Config() const {
+    if (!config_)
+        config_.reset(FcConfigReference(nullptr));
+    return config_.get();
+}
+
+std::optional<FontFile> FontconfigCatalogue::Match(const FontRequest& request) const {
+    return Find(request, kNoCharacter);
+}
+
+std::optional<FontFile> FontconfigCatalogue::MatchCharacter(const FontRequest& request,
+                                                            char32_t character) const {
+    return Find(request, character);
+}
+
+std::optional<FontFile> FontconfigCatalogue::Find(const FontRequest& request, char32_t character) const {
+    FcConfig* config = Config();
+    if (!config)
+        return std::nullopt;
+    const Pattern wanted = Wanted(config, request, character);
+    FcResult result = FcResultNoMatch;
+    const Pattern best(FcFontMatch(config, wanted.get(), &result));
+    if (best && IsUsable(best.get()) && HasCharacter(best.get(), character))
+        return FileOf(best.get(), request);
+    // The whole list takes longer and is seldom needed: only when the best face is of an unusable kind.
+    const FontSet all(FcFontSort(config, wanted.get(), FcFalse, nullptr, &result));
+    for (int i = 0; all && i < all->nfont; ++i)
+        if (IsUsable(all->fonts[i]) && HasCharacter(all->fonts[i], character))
+            return FileOf(all->fonts[i], request);
+    return std::nullopt;
+}
+
+} // namespace velmora

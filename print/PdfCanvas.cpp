@@ -1,0 +1,304 @@
+#include "print/PdfCanvas.h"
+
+#include <cmath>
+#include <cstdio>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr double kPointsPerMm = 72 / 25.4;
+constexpr double kThousandths = 1000;
+constexpr const char* kProducer = "Velmora " VELMORA_VERSION;
+
+void AppendByte(std::string& out, unsigned byte) {
+    const char c = static_cast<char>(byte);
+    // A bare CR inside a string would be read as a line feed.
+    if (c == '\r') {
+        out += "\\r";
+        return;
+    }
+    if (c == '(' || c == ')' || c == '\\')
+        out += '\\';
+    out += c;
+}
+
+/// "[0 0 595.276 841.89]".
+std::string MediaBox(const Paper& paper) {
+    std::string box = "[0 0";
+    for (const double length : {paper.widthMm, paper.heightMm}) {
+        char number[32];
+        std::snprintf(number, sizeof number, " %.3f", length * kPointsPerMm);
+        box += number;
+    }
+    return box + "]";
+}
+
+/// The text strings of the information dictionary.
+std::string TextString(std::string_view utf8) {
+    return "<FEFF" + Utf16Hex(Characters(utf8)) + ">";
+}
+
+std::string DateString(std::chrono::sys_seconds time) {
+    const auto day = std::chrono::floor<std::chrono::days>(time);
+    const std::chrono::year_month_day date(day);
+    const std::chrono::hh_mm_ss clock(time - day);
+    char text[40];
+    std::snprintf(text, sizeof text, "(D:%04d%02u%02u%02d%02d%02dZ)", static_cast<int>(date.year()),
+                  static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                  static_cast<int>(clock.seconds().count()));
+    return text;
+}
+
+/// A string of glyphs with the shifts between them, as the operators Tj and TJ take it.
+class GlyphString {
+public:
+    explicit GlyphString(std::string& out) : out_(out), begin_(out.size()) { out_ += '('; }
+
+    /// Moves the next glyph to the right, in thousandths of the font size. What rounding leaves over counts
+    /// for the next shift.
+    void Shift(double thousandths) { owed_ += thousandths; }
+    void Add(std::uint16_t code) {
+        if (const auto whole = std::lround(owed_); whole != 0) {
+            out_ += ')';
+            AppendHundredths(out_, -whole * 100);
+            out_ += '(';
+            owed_ -= static_cast<double>(whole);
+            shifted_ = true;
+        }
+        AppendByte(out_, code >> 8U);
+        AppendByte(out_, code & 0xFFU);
+    }
+    void End() {
+        out_ += shifted_ ? ")]TJ\n" : ")Tj\n";
+        if (shifted_)
+            out_.insert(begin_, 1, '[');
+    }
+
+private:
+    std::string& out_;
+    std::size_t begin_;
+    double owed_ = 0;
+    bool shifted_ = false;
+};
+
+} // namespace
+
+PdfCanvas::PdfCanvas(PdfSink sink, PdfInfo info)
+    : writer_(std::move(sink)), info_(std::move(info)), pageTree_(writer_.Reserve()),
+      resources_(writer_.Reserve()) {}
+
+void PdfCanvas::BeginSheet(const Paper& paper) {
+    mediaBox_ = MediaBox(paper);
+    turned_ = paper.turned;
+    paperWidth_ = paper.widthMm * kPointsPerMm;
+    sheetHeight_ = (turned_ ? paper.widthMm : paper.heightMm) * kPointsPerMm;
+    state_ = {};
+    text_.clear();
+    boxes_.clear();
+    tabOutlines_.clear();
+    fieldOutlines_.clear();
+}
+
+PdfCanvas::Point PdfCanvas::ToPage(double leftTwips, double topTwips) const {
+    return {ToHundredths(leftTwips / kTwipsPerPoint), ToHundredths(sheetHeight_ - topTwips / kTwipsPerPoint)};
+}
+
+void PdfCanvas::Operator(std::int64_t operand, std::string_view name) {
+    AppendHundredths(text_, operand);
+    text_ += name;
+}
+
+void PdfCanvas::AppendRectangle(std::string& out, const Box& box) const {
+    const Point corner = ToPage(box.left, box.top + box.height);
+    const Point opposite = ToPage(box.left + box.width, box.top);
+    for (const std::int64_t number : {corner.x, corner.y, opposite.x - corner.x, opposite.y - corner.y}) {
+        AppendHundredths(out, number);
+        out += ' ';
+    }
+    out += "re\n";
+}
+
+void PdfCanvas::DrawText(const ShapedText& text, double left, double baseline,
+                         const std::optional<Box>& clip) {
+    const TextState before = state_;
+    if (clip)
+        BeginClip(*clip);
+    for (const GlyphRun& run : text.runs) {
+        DrawRun(text, run, ToPage(left, baseline));
+        left += RunWidth(run, text.fontSize);
+    }
+    if (clip)
+        EndClip(before);
+}
+
+void PdfCanvas::BeginClip(const Box& clip) {
+    text_ += "ET q ";
+    AppendRectangle(text_, clip);
+    text_ += "W n BT\n";
+    state_.lineX = state_.lineY = 0;
+    state_.slanted = false;
+}
+
+/// Brings back the font and all that were set before the clip.
+void PdfCanvas::EndClip(const TextState& before) {
+    text_ += "ET Q BT\n";
+    state_ = before;
+    state_.lineX = state_.lineY = 0;
+    state_.slanted = false;
+}
+
+PdfFont& PdfCanvas::FontFor(const Typeface& typeface) {
+    for (PdfFont& font : fonts_)
+        if (&font.Face() == typeface.face.get())
+            return font;
+    return fonts_.emplace_back(typeface.face, writer_.Reserve());
+}
+
+void PdfCanvas::DrawRun(const ShapedText& text, const GlyphRun& run, Point start) {
+    PdfFont& font = FontFor(run.typeface);
+    SelectFont(font, ToHundredths(text.fontSize / kTwipsPerPoint), run.typeface.embolden);
+    MoveTo(start, run.typeface.slant);
+    ShowGlyphs(text, run, font);
+}
+
+void PdfCanvas::SelectFont(const PdfFont& font, std::int64_t size, bool embolden) {
+    if (state_.font != &font || state_.size != size) {
+        text_ += "/F" + std::to_string(font.Object());
+        text_ += ' ';
+        Operator(size, " Tf\n");
+        state_.font = &font;
+        state_.size = size;
+    }
+    const auto stroke = embolden ? std::llround(static_cast<double>(size) * kEmboldenStroke) : 0;
+    if (state_.stroke == stroke)
+        return;
+    if (stroke > 0)
+        Operator(stroke,
+                 " w 1 j 2 Tr\n"); // round corners: a pointed one would stick out of a thickened glyph
+    else
+        text_ += "0 Tr\n";
+    state_.stroke = stroke;
+}
+
+void PdfCanvas::MoveTo(Point start, bool slant) {
+    if (slant || state_.slanted) {
+        text_ += "1 0 ";
+        Operator(slant ? ToHundredths(kSlantShear) : 0, " 1 ");
+        Operator(start.x, " ");
+        Operator(start.y, " Tm\n");
+    } else {
+        Operator(start.x - state_.lineX, " ");
+        Operator(start.y - state_.lineY, " Td\n");
+    }
+    state_.lineX = start.x;
+    state_.lineY = start.y;
+    state_.slanted = slant;
+}
+
+void PdfCanvas::ShowGlyphs(const ShapedText& text, const GlyphRun& run, PdfFont& font) {
+    const double perUnit = kThousandths / run.typeface.face->UnitsPerEm();
+    std::optional<GlyphString> string;
+    for (const ShapedGlyph& glyph : run.glyphs) {
+        const auto rise =
+            glyph.yOffset == 0 ? 0 : std::llround(glyph.yOffset * perUnit * state_.size / kThousandths);
+        if (rise != state_.rise) {
+            if (string)
+                string->End();
+            string.reset();
+            Operator(rise, " Ts\n");
+            state_.rise = rise;
+        }
+        // The box for a missing glyph stands for a different character each time.
+        const auto source = std::u32string_view(text.characters)
+                                .substr(glyph.sourceBegin, glyph.id == 0 ? 0 : glyph.sourceLength);
+        const std::int32_t advance = font.Use(glyph.id, source);
+        if (!string)
+            string.emplace(text_);
+        string->Shift(glyph.xOffset * perUnit);
+        string->Add(font.CodeOf(glyph.id));
+        string->Shift((glyph.advance - advance - glyph.xOffset) * perUnit);
+    }
+    if (string)
+        string->End();
+}
+
+void PdfCanvas::FillBox(const Box& box) {
+    AppendRectangle(boxes_, box);
+}
+
+void PdfCanvas::DrawOutline(const Box& box, OutlineStyle style) {
+    AppendRectangle(style == OutlineStyle::Tab ? tabOutlines_ : fieldOutlines_, box);
+}
+
+std::string PdfCanvas::Outlines() const {
+    std::string out;
+    const auto add = [&](const std::string& rectangles, OutlineStyle style) {
+        if (rectangles.empty())
+            return;
+        AppendHundredths(out, ToHundredths(PenOf(style).grey));
+        out += " G ";
+        AppendHundredths(out, ToHundredths(PenOf(style).width / kTwipsPerPoint));
+        out += " w\n" + rectangles + "S\n";
+    };
+    add(fieldOutlines_, OutlineStyle::Field);
+    add(tabOutlines_, OutlineStyle::Tab);
+    return out.empty() ? out : "q " + out + "Q\n";
+}
+
+void PdfCanvas::EndSheet() {
+    const int page = writer_.Reserve(), content = writer_.Reserve();
+    std::string turn;
+    if (turned_) {
+        turn = "0 1 -1 0 ";
+        AppendHundredths(turn, ToHundredths(paperWidth_));
+        turn += " 0 cm\n";
+    }
+    const std::string outlines = Outlines();
+    const bool hasText = !text_.empty();
+    writer_.WriteStream(content, "",
+                        {turn, outlines, hasText ? "BT\n" : "", text_, hasText ? "ET\n" : "", boxes_,
+                         boxes_.empty() ? "" : "f\n"});
+    if (pages_.empty())
+        commonMediaBox_ = mediaBox_;
+    const std::string size = mediaBox_ == commonMediaBox_ ? "" : "/MediaBox" + mediaBox_;
+    writer_.Write(page, "<</Type/Page/Parent " + PdfReference(pageTree_) + size + "/Contents " +
+                            PdfReference(content) + ">>");
+    pages_.push_back(page);
+}
+
+void PdfCanvas::Finish() {
+    for (const PdfFont& font : fonts_)
+        font.Write(writer_);
+    WriteResources();
+    std::string kids;
+    for (const int page : pages_)
+        kids += PdfReference(page) + ' ';
+    // What all pages share stands in the tree, from which they inherit it.
+    writer_.Write(pageTree_, "<</Type/Pages/Count " + std::to_string(pages_.size()) + "/Resources " +
+                                 PdfReference(resources_) +
+                                 (pages_.empty() ? "" : "/MediaBox" + commonMediaBox_) + "/Kids[" + kids +
+                                 "]>>");
+    const int catalog = writer_.Reserve(), information = writer_.Reserve();
+    writer_.Write(catalog, "<</Type/Catalog/Pages " + PdfReference(pageTree_) +
+                               "/ViewerPreferences<</PrintScaling/None>>>>");
+    WriteInformation(information);
+    writer_.Finish(catalog, information);
+}
+
+void PdfCanvas::WriteResources() {
+    std::string fonts;
+    for (const PdfFont& font : fonts_)
+        fonts += "/F" + std::to_string(font.Object()) + ' ' + PdfReference(font.Object());
+    writer_.Write(resources_, "<</Font<<" + fonts + ">>>>");
+}
+
+void PdfCanvas::WriteInformation(int object) {
+    const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    const std::string title = info_.title.empty() ? "" : "/Title" + TextString(info_.title);
+    writer_.Write(object, "<<" + title + "/Producer(" + kProducer + ")/CreationDate" +
+                              DateString(info_.created.value_or(now)) + ">>");
+}
+
+} // namespace velmora

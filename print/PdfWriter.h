@@ -1,0 +1,60 @@
+// The frame of a PDF file: numbered objects, compressed streams and the table of where they are. What is
+// written leaves at once, so that memory does not grow with the number of pages.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct z_stream_s;
+
+namespace velmora {
+
+using PdfSink = std::function<void(std::string_view)>;
+
+/// "12 0 R".
+std::string PdfReference(int object);
+/// A number given in hundredths, written as short as can be: 1250 is "12.5".
+void AppendHundredths(std::string& out, std::int64_t hundredths);
+/// The nearest number of hundredths, for a length too: beyond a kilometre it is cut.
+std::int64_t ToHundredths(double number);
+/// A string as UTF-16 in hexadecimal digits, without a byte order mark.
+std::string Utf16Hex(std::u32string_view characters);
+
+class PdfWriter {
+public:
+    /// `sink` takes the bytes in order, in pieces of some size; what it raises passes through.
+    explicit PdfWriter(PdfSink sink);
+    ~PdfWriter();
+
+    /// The number of an object that is written later.
+    int Reserve();
+    void Write(int object, std::string_view body);
+    /// The pieces of `data` one after the other, compressed. `entries` are those of the dictionary beside the
+    /// length and the filter.
+    void WriteStream(int object, std::string_view entries, const std::vector<std::string_view>& data);
+    /// The end of the file; nothing can be written after it.
+    void Finish(int catalog, int information);
+
+private:
+    void Put(std::string_view bytes);
+    void Flush();
+    void BeginObject(int object);
+    std::string_view Compress(const std::vector<std::string_view>& data);
+
+    struct EndDeflate {
+        void operator()(z_stream_s* stream) const;
+    };
+
+    PdfSink sink_;
+    std::string pending_;
+    std::uint64_t flushed_ = 0;
+    std::vector<std::uint64_t> offsets_; ///< of object 1 onwards
+    std::unique_ptr<z_stream_s, EndDeflate> deflate_;
+    std::string compressed_;
+};
+
+} // namespace velmora

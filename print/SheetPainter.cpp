@@ -1,0 +1,94 @@
+#include "print/SheetPainter.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+constexpr double kTolerance = 0.01; // twips; less than rounding takes away
+
+double LeftOf(const PlacedText& placed, double width) {
+    const double room = placed.box.width - width; // less than nothing where the text is too wide
+    switch (placed.alignment) {
+    case kAlignRight:
+        return placed.box.left + room;
+    case kAlignCentre:
+        return placed.box.left + room / 2;
+    default:
+        return placed.box.left;
+    }
+}
+
+double BaselineOf(const Box& box, std::int16_t alignment, const ShapedText& text) {
+    const double room = box.height - text.ascent - text.descent;
+    switch (alignment) {
+    case kAlignTop:
+        return box.top + text.ascent;
+    case kAlignBottom:
+        return box.top + room + text.ascent;
+    default:
+        return box.top + room / 2 + text.ascent;
+    }
+}
+
+bool Contains(const Box& outer, const Box& inner) {
+    return inner.left >= outer.left - kTolerance && inner.top >= outer.top - kTolerance &&
+           inner.left + inner.width <= outer.left + outer.width + kTolerance &&
+           inner.top + inner.height <= outer.top + outer.height + kTolerance;
+}
+
+/// The ink is measured only where the line itself, with its room for accents, is too large: most lines are
+/// not.
+bool FitsIn(const Box& box, const ShapedText& text, double left, double baseline) {
+    if (Contains(box, {left, baseline - text.ascent, text.width, text.ascent + text.descent}))
+        return true;
+    const Box ink = InkBox(text);
+    return Contains(box, {left + ink.left, baseline + ink.top, ink.width, ink.height});
+}
+
+/// No width or height where the two have nothing in common.
+Box Common(const Box& a, const Box& b) {
+    const double left = std::max(a.left, b.left), top = std::max(a.top, b.top);
+    const double right = std::min(a.left + a.width, b.left + b.width);
+    const double bottom = std::min(a.top + a.height, b.top + b.height);
+    return {left, top, std::max(0.0, right - left), std::max(0.0, bottom - top)};
+}
+
+} // namespace
+
+SheetPainter::SheetPainter(const FontCatalogue& catalogue, const FontSettings& fonts)
+    : fonts_(fonts), shaper_(catalogue, fonts) {}
+
+void SheetPainter::Paint(const Sheet& sheet, Canvas& canvas, Outlines outlines) {
+    canvas.BeginSheet(sheet.paper);
+    if (outlines == Outlines::Shown) {
+        for (const Box& box : sheet.fields)
+            canvas.DrawOutline(box, OutlineStyle::Field);
+        for (const Box& box : sheet.tabs)
+            canvas.DrawOutline(box, OutlineStyle::Tab);
+    }
+    for (const PlacedText& placed : sheet.texts)
+        PaintText(placed, canvas);
+    canvas.EndSheet();
+}
+
+void SheetPainter::PaintText(const PlacedText& placed, Canvas& canvas) {
+    const ShapedText& text = shaper_.Shape(placed.text, placed.field);
+    if (text.runs.empty())
+        return;
+    const double left = LeftOf(placed, text.width);
+    const std::int16_t vertical = fonts_[static_cast<std::size_t>(placed.field)].VerticalAlignment;
+    const double baseline = BaselineOf(placed.box, vertical, text);
+    if (FitsIn(placed.box, text, left, baseline))
+        canvas.DrawText(text, left, baseline, std::nullopt);
+    else
+        canvas.DrawText(text, left, baseline, placed.box);
+    if (!text.underline)
+        return;
+    const Box line =
+        Common({left, baseline + text.underlineTop, text.width, text.underlineThickness}, placed.box);
+    if (line.width > 0 && line.height > 0)
+        canvas.FillBox(line);
+}
+
+} // namespace velmora

@@ -1,0 +1,27 @@
+// The one painter: preview, paper, PDF and test page all come from here.
+#pragma once
+
+#include "print/Canvas.h"
+
+namespace velmora {
+
+/// The boxes of tabs and fields around the texts.
+enum class Outlines { Hidden, Shown };
+
+/// Puts the texts of a sheet into their boxes in the fonts of their fields.
+class SheetPainter {
+public:
+    /// The catalogue must outlive the painter; the fonts are copied.
+    SheetPainter(const FontCatalogue& catalogue, const FontSettings& fonts);
+
+    /// Raises Error on a machine without fonts.
+    void Paint(const Sheet& sheet, Canvas& canvas, Outlines outlines = Outlines::Hidden);
+
+private:
+    void PaintText(const PlacedText& placed, Canvas& canvas);
+
+    FontSettings fonts_;
+    TextShaper shaper_;
+};
+
+} // namespace velmora
