@@ -152,7 +152,7 @@ private slots:
         RunningProgram running;
         running.Start(0, 1, 2);
         QLineEdit* box = running.Box("TextA1(1)");
-        box->setFocus();
+        box->end(false);
         QTest::keyClicks(box, "Z");
         running.test.ui.ExpectChooser("Save as PDF", std::nullopt);
         running.Trigger("mnuSavePdf");

@@ -1,0 +1,131 @@
+// Which font a text gets, and what the shaper makes of hard cases.
+#include "base/Error.h"
+#include "tests/print_ink/Ink.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+
+namespace velmora::ink {
+namespace {
+
+TEST(FontconfigCatalogue, FindsTheFamilyOrItsReplacementInTheStyleAskedFor) {
+    const FontconfigCatalogue catalogue;
+    struct Case {
+        const char* asked;
+        bool bold;
+        bool italic;
+        std::vector<std::string_view> families; ///< any of these
+        bool embolden;
+        bool slant;
+    };
+    const Case cases[] = {
+        {"Arial", false, false, {"Arial", "Liberation Sans", "Arimo"}, false, false},
+        {"Arial", true, true, {"Arial", "Liberation Sans", "Arimo"}, false, false},
+        {"Times New Roman", true, false, {"Times New Roman", "Liberation Serif", "Tinos"}, false, false},
+        {"DejaVu Math TeX Gyre", true, true, {"DejaVu Math TeX Gyre"}, true, true}, // has but one face
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.asked);
+        const auto file = catalogue.Match({row.asked, row.bold, row.italic});
+        ASSERT_TRUE(file);
+        EXPECT_NE(std::find(row.families.begin(), row.families.end(), file->family), row.families.end())
+            << file->family << ": install fonts-liberation and fonts-dejavu";
+        EXPECT_EQ(file->embolden, row.embolden);
+        EXPECT_EQ(file->slant, row.slant);
+        EXPECT_NO_THROW(FontFace(file->path, file->index));
+    }
+    EXPECT_TRUE(catalogue.Match({"No Such Family", false, false}));
+}
+
+TEST(FontconfigCatalogue, ACharacterComesFromAFontThatHasItOrFromNone) {
+    const FontconfigCatalogue catalogue;
+    const auto snowman = catalogue.MatchCharacter({"Arial", false, false}, U'☃');
+    ASSERT_TRUE(snowman);
+    EXPECT_TRUE(FontFace(snowman->path, snowman->index).HasGlyph(U'☃'));
+    EXPECT_FALSE(catalogue.MatchCharacter({"Arial", false, false}, U'\U000F1234')); // for private use
+}
+
+TEST(FontFace, AFileThatIsNoFontIsAnError) {
+    const TemporaryFolder folder;
+    EXPECT_THROW(FontFace((folder / "missing.ttf").string(), 0), Error);
+    std::ofstream(folder / "text.ttf") << "not a font";
+    EXPECT_THROW(FontFace((folder / "text.ttf").string(), 0), Error);
+}
+
+TEST(TextShaper, AMachineWithoutFontsIsAnErrorNotAnEmptySheet) {
+    struct NoFonts : FontCatalogue {
+        std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
+        std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override {
+            return std::nullopt;
+        }
+    } const catalogue;
+    TextShaper shaper(catalogue, {});
+    EXPECT_THROW(shaper.Shape("text", 0), Error);
+}
+
+TEST(TextShaper, ACharacterThatNoFontHasIsTheBoxForAMissingGlyph) {
+    DressedCatalogue catalogue;
+    catalogue.hasFallback = false;
+    TextShaper shaper(catalogue, {});
+    const ShapedText& text = shaper.Shape("a☃b", 0);
+    ASSERT_EQ(text.runs.size(), 1U);
+    EXPECT_EQ(text.runs[0].glyphs.at(1).id, 0U);
+    EXPECT_GT(text.runs[0].glyphs.at(1).advance, 0);
+}
+
+TEST(TextShaper, ADamagedReplacementFontDoesNotStopTheSheet) {
+    struct Damaged : DressedCatalogue {
+        std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override {
+            return FontFile{"/nowhere/font.ttf", 0, "Nowhere"};
+        }
+    } const catalogue;
+    TextShaper shaper(catalogue, {});
+    EXPECT_EQ(shaper.Shape("☃", 0).runs.at(0).glyphs.at(0).id, 0U);
+}
+
+TEST(TextShaper, ALetterAndItsAccentComeFromOneFace) {
+    const FontconfigCatalogue catalogue;
+    TextShaper shaper(catalogue, {});
+    for (const char* text : {"é", "б̀", "ẖ̄"})
+        EXPECT_EQ(shaper.Shape(text, 0).runs.size(), 1U) << text;
+}
+
+TEST(TextShaper, ATextIsTheSameAfterThousandsOfOthers) {
+    const FontconfigCatalogue catalogue;
+    TextShaper shaper(catalogue, {});
+    const double january = shaper.Shape("January", 0).width;
+    for (int i = 0; i < 20'000; ++i) {
+        shaper.Shape("No." + std::to_string(i), 0);
+        if (i % 1000 == 0) {
+            EXPECT_EQ(shaper.Shape("January", 0).width, january);
+        }
+    }
+    EXPECT_EQ(shaper.Shape("January", 0).width, january);
+    EXPECT_EQ(shaper.Shape("No.0", 0).characters, U"No.0");
+}
+
+/// From left to right as they are seen; numbers stay readable among letters that run to the left.
+TEST(TextShaper, RunsStandInTheOrderOfTheEye) {
+    const FontconfigCatalogue catalogue;
+    TextShaper shaper(catalogue, {});
+    const std::pair<const char*, std::u32string> cases[] = {
+        {"ab 12", U"ab 12"},
+        {"אב", U"בא"},
+        {"אב 12", U"12 בא"},
+        {"ab אב 12 cd", U"ab 12 בא cd"}, // a number among letters that run to the left is part of them
+        {"12-34 אב", U"בא 12-34"},
+    };
+    for (const auto& [text, expected] : cases) {
+        const ShapedText& shaped = shaper.Shape(text, 0);
+        std::u32string seen;
+        for (const GlyphRun& run : shaped.runs)
+            for (const ShapedGlyph& glyph : run.glyphs)
+                seen += shaped.characters.substr(glyph.sourceBegin, glyph.sourceLength);
+        EXPECT_EQ(seen, expected) << text;
+    }
+}
+
+} // namespace
+} // namespace velmora::ink

@@ -1,0 +1,151 @@
+#include "tests/print_ink/Ink.h"
+
+#include "base/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <sstream>
+
+namespace velmora::ink {
+namespace {
+
+std::string ReadAll(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+} // namespace
+
+void ExpectNear(const Rect& actual, const Rect& expected) {
+    constexpr double kOff = 0.2;
+    EXPECT_NEAR(actual.left, expected.left, kOff);
+    EXPECT_NEAR(actual.top, expected.top, kOff);
+    EXPECT_NEAR(actual.right, expected.right, kOff);
+    EXPECT_NEAR(actual.bottom, expected.bottom, kOff);
+}
+
+Box MmBox(double left, double top, double width, double height) {
+    return {left * kTwipsPerMmOfPaper, top * kTwipsPerMmOfPaper, width * kTwipsPerMmOfPaper,
+            height * kTwipsPerMmOfPaper};
+}
+
+Rect OnPaper(const Paper& paper, const Rect& asRead) {
+    if (!paper.turned)
+        return asRead;
+    return {asRead.top, paper.heightMm - asRead.right, asRead.bottom, paper.heightMm - asRead.left};
+}
+
+Sheet OneText(std::string_view text, const Box& box, std::int16_t alignment, const Paper& paper) {
+    return {paper, {{text, box, 0, alignment}}, {box}, {}};
+}
+
+FontSettings AllFields(const FieldFont& font) {
+    return {font, font, font};
+}
+
+std::optional<FontFile> DressedCatalogue::Match(const FontRequest& request) const {
+    auto file = own ? own : real.Match(request);
+    if (file) {
+        file->embolden = embolden;
+        file->slant = slant;
+    }
+    return file;
+}
+
+std::optional<FontFile> DressedCatalogue::MatchCharacter(const FontRequest& request,
+                                                         char32_t character) const {
+    return hasFallback ? real.MatchCharacter(request, character) : std::nullopt;
+}
+
+PdfFile::PdfFile(const std::vector<Sheet>& sheets, const FontSettings& fonts, const FontCatalogue& catalogue,
+                 Outlines outlines) {
+    std::ofstream file(folder_ / "sheets.pdf", std::ios::binary);
+    PdfCanvas pdf([&](std::string_view bytes) { file << bytes; },
+                  {"Hoërskool (1)", std::chrono::sys_days(std::chrono::year(2024) / 2 / 29)});
+    SheetPainter painter(catalogue, fonts);
+    for (const Sheet& sheet : sheets)
+        painter.Paint(sheet, pdf, outlines);
+    pdf.Finish();
+}
+
+std::string PdfFile::Bytes() const {
+    return ReadAll(folder_ / "sheets.pdf");
+}
+
+std::string PdfFile::Ask(const std::string& command) const {
+    const std::string path = (folder_ / "sheets.pdf").string();
+    const std::string line = std::regex_replace(command, std::regex("%"), path).append(" 2>&1");
+    std::FILE* pipe = ::popen(line.c_str(), "r");
+    if (!pipe)
+        throw std::runtime_error("no pipe");
+    std::string answer;
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe))
+        answer += static_cast<char>(c);
+    EXPECT_EQ(::pclose(pipe), 0) << command << "\n" << answer;
+    return answer;
+}
+
+std::string PdfFile::Text() const {
+    std::string text = Ask("pdftotext -enc UTF-8 % -");
+    std::erase(text, '\f');
+    while (!text.empty() && (text.back() == '\n' || text.back() == ' '))
+        text.pop_back();
+    return text;
+}
+
+std::vector<Rect> PdfFile::Words() const {
+    constexpr double kMmPerPoint = 25.4 / 72;
+    static const std::regex kWord(
+        R"re(<word xMin="([-.\d]+)" yMin="([-.\d]+)" xMax="([-.\d]+)" yMax="([-.\d]+)")re");
+    const std::string answer = Ask("pdftotext -bbox % -");
+    std::vector<Rect> words;
+    for (std::sregex_iterator word(answer.begin(), answer.end(), kWord); word != std::sregex_iterator();
+         ++word) {
+        const auto edge = [&](std::size_t group) { return std::stod((*word)[group]) * kMmPerPoint; };
+        words.push_back({edge(1), edge(2), edge(3), edge(4)});
+    }
+    return words;
+}
+
+PdfFile::Picture PdfFile::Render() const {
+    const std::string picture = (folder_ / "page").string();
+    Ask("pdftoppm -gray -singlefile -r " + std::to_string(kPixelsPerMm * 25.4) + " % " + picture);
+    std::istringstream file(ReadAll(picture + ".pgm"));
+    std::string kind;
+    int white = 0;
+    Picture page;
+    file >> kind >> page.width >> page.height >> white;
+    file.get();
+    page.pixels.assign(std::istreambuf_iterator<char>(file), {});
+    if (kind != "P5" || page.pixels.size() != static_cast<std::size_t>(page.width * page.height))
+        throw std::runtime_error("no picture");
+    return page;
+}
+
+Rect PdfFile::Picture::InkBox() const {
+    int left = width, top = height, right = 0, bottom = 0;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            if (IsDark(x, y)) {
+                left = std::min(left, x);
+                top = std::min(top, y);
+                right = std::max(right, x + 1);
+                bottom = std::max(bottom, y + 1);
+            }
+    if (left > right)
+        return {};
+    constexpr double kMm = 1.0 / kPixelsPerMm;
+    return {left * kMm, top * kMm, right * kMm, bottom * kMm};
+}
+
+int PdfFile::Picture::DarkPixels() const {
+    return static_cast<int>(
+        std::count_if(pixels.begin(), pixels.end(), [](unsigned char p) { return p < 128; }));
+}
+
+} // namespace velmora::ink

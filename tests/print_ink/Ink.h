@@ -1,0 +1,83 @@
+// Sheets made by hand, drawn to a PDF or a picture, and what other programs say about the result.
+#pragma once
+
+#include "platform/linux/FontconfigCatalogue.h"
+#include "print/PdfCanvas.h"
+#include "print/SheetPainter.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <string>
+#include <vector>
+
+namespace velmora::ink {
+
+inline constexpr double kTwipsPerMmOfPaper = kTwipsPerInch / 25.4;
+inline constexpr int kPixelsPerMm = 10;
+
+// The metrics shared by Arial and its free replacements, in parts of the font size.
+inline constexpr double kAscent = 1854.0 / 2048;
+inline constexpr double kDescent = 434.0 / 2048;
+inline constexpr double kDigitWidth = 1139.0 / 2048;
+
+inline constexpr Paper kA4{210, 297, false};
+inline constexpr Paper kTurnedDl{110, 220, true};
+
+struct Rect {
+    double left = 0, top = 0, right = 0, bottom = 0; ///< millimetres from the top left corner of the paper
+};
+/// Fails the test where an edge is off by more than 0.2 mm.
+void ExpectNear(const Rect& actual, const Rect& expected);
+
+Box MmBox(double left, double top, double width, double height);
+/// On turned paper, where a rectangle of the sheet as read comes to lie.
+Rect OnPaper(const Paper& paper, const Rect& asRead);
+
+Sheet OneText(std::string_view text, const Box& box, std::int16_t alignment = kAlignLeft,
+              const Paper& paper = kA4);
+/// All three fields in one font.
+FontSettings AllFields(const FieldFont& font);
+
+/// Answers with the faces of another catalogue, but as the test wants them.
+struct DressedCatalogue : FontCatalogue {
+    FontconfigCatalogue real;
+    bool embolden = false;
+    bool slant = false;
+    bool hasFallback = true;
+    std::optional<FontFile> own; ///< in place of what the machine has
+
+    std::optional<FontFile> Match(const FontRequest& request) const override;
+    std::optional<FontFile> MatchCharacter(const FontRequest& request, char32_t character) const override;
+};
+
+/// A file in a folder that goes with it.
+class PdfFile {
+public:
+    PdfFile(const std::vector<Sheet>& sheets, const FontSettings& fonts, const FontCatalogue& catalogue,
+            Outlines outlines = Outlines::Hidden);
+
+    std::string Bytes() const;
+    /// What a program prints, the errors too, when it is given the file; "%" stands for the path. Fails the
+    /// test where the program fails.
+    std::string Ask(const std::string& command) const;
+    /// The text that a person would copy, without blanks and line ends around it.
+    std::string Text() const;
+    /// The boxes of all words, baseline to baseline with ascent and descent.
+    std::vector<Rect> Words() const;
+
+    /// The first page in shades of grey, kPixelsPerMm.
+    struct Picture {
+        int width = 0;
+        int height = 0;
+        std::vector<unsigned char> pixels; ///< 0 black
+
+        bool IsDark(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)] < 128; }
+        Rect InkBox() const; ///< all zero without ink
+        int DarkPixels() const;
+    };
+    Picture Render() const;
+
+private:
+    TemporaryFolder folder_;
+};
+
+} // namespace velmora::ink
