@@ -21,13 +21,6 @@ void LoadDocumentProperties(MainModule& main) {
     document.NoOfPages = ToInt16(ToDouble(ReadAccepted(main.settings, kNoOfPages)));
 }
 
-void ShowPage(MainModule& main, std::int16_t page) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
-    main.document.CurrentPage = page;
-    if (main.editor)
-        main.editor->BringUp();
-}
-
 } // namespace
 
 void ShowDocumentStatus(MainModule& main) {
@@ -61,24 +54,6 @@ void ShowCaption(MainModule& main) {
     const std::filesystem::path& name = main.document.DocFileName;
     main.status->SetCaption(main.settings.SettingsAppName +
                             (name.empty() ? " [Untitled]" : " [" + name.string() + "]"));
-}
-
-void FirstPage(MainModule& main) {
-    ShowPage(main, 1);
-}
-
-void LastPage(MainModule& main) {
-    ShowPage(main, main.document.NoOfPages);
-}
-
-void NextPage(MainModule& main) {
-    if (main.document.CurrentPage < main.document.NoOfPages)
-        ShowPage(main, Add16(main.document.CurrentPage, 1));
-}
-
-void PreviousPage(MainModule& main) {
-    if (main.document.CurrentPage > 1)
-        ShowPage(main, Add16(main.document.CurrentPage, -1));
 }
 
 } // namespace velmora

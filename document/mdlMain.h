@@ -55,12 +55,6 @@ void ShowCurrentTab(MainModule& main);
 /// The application name with the document's name in brackets.
 void ShowCaption(MainModule& main);
 
-/// Takes the page on screen into the document and shows the first, last, next or previous page; at an end it stays.
-void FirstPage(MainModule& main);
-void LastPage(MainModule& main);
-void NextPage(MainModule& main);
-void PreviousPage(MainModule& main);
-
 /// "cause", a line break and the place, in a critical box: how a procedure reports an error that it trapped.
 void ReportError(MainModule& main, std::string_view cause, std::string_view place);
 

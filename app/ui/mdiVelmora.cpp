@@ -1,6 +1,7 @@
 #include "app/ui/mdiVelmora.h"
 
 #include "app/Commands.h"
+#include "document/Pages.h"
 #include "document/SaveDocument.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "print/PdfReport.h"
@@ -54,6 +55,12 @@ void mdiVelmora::BuildMenus() {
     AddItem(pages, "mnuPreviousPage", tr("&Previous Page"), QKeySequence("PgUp"), &mdiVelmora::ShowPreviousPage);
     AddItem(pages, "mnuNextPage", tr("&Next Page"), QKeySequence("PgDown"), &mdiVelmora::ShowNextPage);
     AddItem(pages, "mnuLastPage", tr("&Last Page"), QKeySequence("Ctrl+PgDown"), &mdiVelmora::ShowLastPage);
+    pages->addSeparator();
+    AddItem(pages, "mnuNewPage", tr("Ne&w Page"), QKeySequence("Ctrl+Shift+N"), &mdiVelmora::NewPage);
+    AddItem(pages, "mnuDeletePage", tr("&Delete Page"), {}, &mdiVelmora::DeleteCurrentPage);
+    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
+    tools->setObjectName("mnuTools");
+    AddItem(tools, "mnuDeleteEmpries", tr("Delete &Empty Tabs"), {}, &mdiVelmora::DeleteEmptyTabs);
 }
 
 void mdiVelmora::AddItem(QMenu* menu, const char* name, const QString& caption, const QKeySequence& shortcut,
@@ -112,6 +119,18 @@ void mdiVelmora::ShowNextPage() {
 
 void mdiVelmora::ShowLastPage() {
     LastPage(program_.main);
+}
+
+void mdiVelmora::NewPage() {
+    AddPage(program_.main);
+}
+
+void mdiVelmora::DeleteCurrentPage() {
+    DeletePage(program_.main);
+}
+
+void mdiVelmora::DeleteEmptyTabs() {
+    CleanLabels(program_.main);
 }
 
 void mdiVelmora::SavePdf() {

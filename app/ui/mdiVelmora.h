@@ -42,6 +42,9 @@ private:
     void ShowPreviousPage();
     void ShowNextPage();
     void ShowLastPage();
+    void NewPage();
+    void DeleteCurrentPage();
+    void DeleteEmptyTabs();
     void SavePdf();
     void Exit();
 

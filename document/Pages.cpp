@@ -1,0 +1,159 @@
+#include "document/Pages.h"
+
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+constexpr int kMostTabs = 32767;
+
+void TakePageBack(MainModule& main) {
+    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+}
+
+void ShowPage(MainModule& main, std::int16_t page) {
+    TakePageBack(main);
+    main.document.CurrentPage = page;
+    if (main.editor)
+        main.editor->BringUp();
+}
+
+/// The operation changed the page count, which is stored at once, and the editor comes up again.
+void ShowChangedPages(MainModule& main) {
+    main.document.DocChanged = true;
+    Write(main.settings, kNoOfPages, std::to_string(main.document.NoOfPages));
+    RefreshDocumentStatus(main);
+    if (main.editor)
+        main.editor->BringUp();
+}
+
+Answer Ask(MainModule& main, const char* question) {
+    return main.ui.Show({question, main.settings.SettingsAppName, Icon::Question, Buttons::YesNo, Answer::No});
+}
+
+void Tell(MainModule& main, const std::string& text) {
+    main.ui.Show({text, main.settings.SettingsAppName, Icon::Information});
+}
+
+void AppendPage(TabDocument& document) {
+    const std::int16_t pages = Add16(document.NoOfPages, 1);
+    const std::int32_t count = Multiply16(pages, document.TabsPerPage);
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        document.Field(field).Resize(count);
+    document.TabCount = count;
+    document.NoOfPages = document.CurrentPage = pages;
+}
+
+/// Closes the gap that the current page leaves.
+void RemovePage(TabDocument& document) {
+    const std::int32_t perPage = document.TabsPerPage;
+    const std::int32_t before = (document.CurrentPage - 1) * perPage;
+    for (int field = 0; field < kFieldsPerTab; ++field) {
+        FieldTexts& texts = document.Field(field);
+        for (std::int32_t tab = before + perPage + 1; tab <= document.TabCount; ++tab)
+            texts(tab - perPage) = std::move(texts(tab));
+        texts.Resize(document.TabCount - perPage);
+    }
+    document.TabCount -= perPage;
+    --document.NoOfPages;
+    --document.CurrentPage;
+}
+
+bool IsBlank(const TabDocument& document, std::int32_t tab) {
+    for (int field = 0; field < document.NoOfFields; ++field)
+        if (!Trim(document.Field(field)(tab)).empty())
+            return false;
+    return true;
+}
+
+/// Packs the tabs that are not blank to the front, in their order; gives their number.
+std::int32_t PackTabs(TabDocument& document) {
+    std::int32_t kept = 0;
+    for (std::int32_t tab = 1; tab <= document.TabCount; ++tab) {
+        if (IsBlank(document, tab))
+            continue;
+        ++kept;
+        for (int field = 0; field < kFieldsPerTab && kept != tab; ++field)
+            document.Field(field)(kept) = std::move(document.Field(field)(tab));
+    }
+    return kept;
+}
+
+} // namespace
+
+void FirstPage(MainModule& main) {
+    ShowPage(main, 1);
+}
+
+void LastPage(MainModule& main) {
+    ShowPage(main, main.document.NoOfPages);
+}
+
+void NextPage(MainModule& main) {
+    if (main.document.CurrentPage != main.document.NoOfPages)
+        ShowPage(main, Add16(main.document.CurrentPage, 1));
+    else if (Ask(main, "You are at the last page of this document.  Do you want to add a page?") == Answer::Yes)
+        AddPage(main);
+}
+
+void PreviousPage(MainModule& main) {
+    if (main.document.CurrentPage > 1)
+        ShowPage(main, Add16(main.document.CurrentPage, -1));
+}
+
+void AddPage(MainModule& main) {
+    TabDocument& document = main.document;
+    if (document.NoOfPages * document.TabsPerPage >= kMostTabs) {
+        main.ui.Beep();
+        Tell(main, "The maximum number of pages for this type on label is:" +
+                       std::to_string(kMostTabs / document.TabsPerPage));
+        return;
+    }
+    TakePageBack(main);
+    try {
+        AppendPage(document);
+    } catch (const OverflowError& error) {
+        ReportError(main, error.what(), "Called from Sub: AddPage");
+        return;
+    }
+    ShowChangedPages(main);
+}
+
+void DeletePage(MainModule& main) {
+    TabDocument& document = main.document;
+    if (document.NoOfPages == 1)
+        return Tell(main, "You can not delete the only page in this document.");
+    if (main.globals.AskBeforeDelete && Ask(main, "Do you want to delete the current page?") != Answer::Yes)
+        return;
+    TakePageBack(main);
+    if (main.editor)
+        main.editor->TakeDown();
+    RemovePage(document);
+    // Deleting the first page leaves page 0, which the editor cannot show.
+    document.CurrentPage = std::max<std::int16_t>(1, document.CurrentPage);
+    ShowChangedPages(main);
+}
+
+void CleanLabels(MainModule& main) {
+    TabDocument& document = main.document;
+    if (document.TabCount == 0)
+        return Tell(main, "No Tabs to clean.");
+    TakePageBack(main);
+    if (main.editor)
+        main.editor->TakeDown();
+    const std::int32_t kept = PackTabs(document);
+    document.NoOfPages = std::max<std::int16_t>(1, PagesForTabs(kept, document.TabsPerPage));
+    document.CurrentPage = document.NoOfPages;
+    document.TabCount = document.NoOfPages * document.TabsPerPage;
+    for (int field = 0; field < kFieldsPerTab; ++field) {
+        document.Field(field).Resize(kept); // what was packed away must not show on the last page
+        document.Field(field).Resize(document.TabCount);
+    }
+    ShowChangedPages(main);
+}
+
+} // namespace velmora

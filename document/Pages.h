@@ -1,0 +1,24 @@
+// Pages of the document: moving between them, adding and deleting one, and cleaning out empty tabs. Each operation
+// first takes the page on screen into the document and afterwards shows the current page.
+#pragma once
+
+#include "document/mdlMain.h"
+
+namespace velmora {
+
+void FirstPage(MainModule& main);
+void LastPage(MainModule& main);
+/// At the last page it offers to add one.
+void NextPage(MainModule& main);
+void PreviousPage(MainModule& main);
+
+/// Appends one empty page and shows it. A page that would take the document beyond 32767 tabs is reported, and nothing
+/// changes.
+void AddPage(MainModule& main);
+/// Removes the current page, after a question where the configuration asks for one, and shows the page before it. The
+/// only page stays.
+void DeletePage(MainModule& main);
+/// Deletes the tabs whose fields in use are all blank and closes the gaps; at least one page stays.
+void CleanLabels(MainModule& main);
+
+} // namespace velmora
