@@ -1,20 +1,13 @@
 #include "app/Commands.h"
 
+#include "document/Dialogs.h"
 #include "document/SaveDocument.h"
 
 namespace velmora {
-namespace {
-
-Answer AskToSave(MainModule& main) {
-    return main.ui.Show({"Do you want to save the current document?", main.settings.SettingsAppName, Icon::Question,
-                         Buttons::YesNoCancel});
-}
-
-} // namespace
-
 void NewCommand(MainModule& main) {
     const Answer answer = main.document.DocFileName.empty() ? Answer::No : AskToSave(main);
-    const bool replace = answer == Answer::No || (answer == Answer::Yes && SaveLabels(main, false) == SaveOutcome::Saved);
+    const bool replace =
+        answer == Answer::No || (answer == Answer::Yes && SaveLabels(main, false) == SaveOutcome::Saved);
     if (answer == Answer::Yes && !replace)
         return; // what could not be saved stays, with its name
     if (replace)
@@ -26,7 +19,7 @@ void NewCommand(MainModule& main) {
 OpenOutcome OpenCommand(MainModule& main) {
     const OpenOutcome outcome = OpenNewFile(main);
     if (outcome == OpenOutcome::Failed)
-        main.ui.Show({"The file could not be opened successfully", main.settings.SettingsAppName, Icon::Information});
+        Tell(main, "The file could not be opened successfully");
     return outcome;
 }
 

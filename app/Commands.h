@@ -1,8 +1,8 @@
 // Commands of the main window that are more than one call of the core.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "document/OpenDocument.h"
+#include "document/mdlMain.h"
 
 namespace velmora {
 

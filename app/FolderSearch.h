@@ -10,16 +10,11 @@ namespace velmora {
 
 struct FolderWanted {
     std::string markerFile; ///< a file that the folder holds; empty: any folder will do
-    std::string caption;    ///< what the person calls it: "Images"
     std::string key;        ///< in section "Paths"; a found folder is stored under it
     bool offerToCreate = false;
 };
 
 /// The folder made or chosen, which is stored, or `current` when the person gave up.
-std::filesystem::path SearchFolder(MainModule& main, const std::filesystem::path& current,
-                                   const FolderWanted& wanted);
-
-/// With one separator at the end; an empty path stays empty.
-std::filesystem::path WithSeparator(const std::filesystem::path& folder);
+std::filesystem::path SearchFolder(MainModule& main, const std::filesystem::path& current, const FolderWanted& wanted);
 
 } // namespace velmora

@@ -4,6 +4,7 @@
 #include "app/Version.h"
 #include "app/settings/Validate.h"
 #include "base/Text.h"
+#include "document/Dialogs.h"
 #include "document/OpenDocument.h"
 
 namespace velmora {
@@ -12,7 +13,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kSearchesBeforeQuestion = 5;
-constexpr std::size_t kLongestStoredValue = 128;
 
 void SetVersionTitle(Program& program) {
     program.main.settings.SettingsAppName = "Velmora";
@@ -23,9 +23,8 @@ void SetVersionTitle(Program& program) {
 /// again.
 fs::path ReadFolder(MainModule& main, const char* key, const fs::path& fallback) {
     const std::string otherwise = WithSeparator(fallback).string();
-    const std::string stored =
-        GetSetting(main.settings, main.settings.SettingsAppName, "Paths", key, otherwise);
-    const bool cut = CharacterCount(stored) >= kLongestStoredValue && otherwise.starts_with(stored);
+    const std::string stored = GetSetting(main.settings, main.settings.SettingsAppName, "Paths", key, otherwise);
+    const bool cut = CharacterCount(stored) >= kIniValueCharacters && otherwise.starts_with(stored);
     return WithSeparator(cut ? otherwise : stored);
 }
 
@@ -39,19 +38,18 @@ bool FindApplicationFolder(MainModule& main) {
     folder = ReadFolder(main, "Application", main.settings.ProgramFolder);
     for (int searches = 0; IsMissing(folder); ++searches) {
         if (searches == kSearchesBeforeQuestion) {
-            if (main.ui.Show({"Do you want to exit the installtion prosedure of Velmora",
-                              main.settings.SettingsAppName, Icon::Question, Buttons::YesNo}) == Answer::Yes)
+            if (Ask(main, "Do you want to exit the installtion prosedure of Velmora", Buttons::YesNo) == Answer::Yes)
                 return false;
             searches = 0;
         }
         if (folder.empty())
             folder = ReadFolder(main, "Application", folder);
-        folder = WithSeparator(SearchFolder(main, folder, {"", "Application", "Application", false}));
+        folder = WithSeparator(SearchFolder(main, folder, {"", "Application", false}));
     }
     return true;
 }
 
-/// Goes on until there is a folder: the person can always have it made.
+/// Goes on until there is a folder, made or chosen.
 void FindFolder(MainModule& main, fs::path& folder, const fs::path& fallback, const FolderWanted& wanted) {
     folder = ReadFolder(main, wanted.key.c_str(), fallback);
     while (IsMissing(folder)) {
@@ -65,9 +63,8 @@ bool FindFolders(MainModule& main) {
     if (!FindApplicationFolder(main))
         return false;
     const fs::path& application = main.globals.AppPath;
-    FindFolder(main, main.globals.ImagesPath, application / "Images",
-               {"A4_alpha_New.gif", "Images", "Images", true});
-    FindFolder(main, main.globals.TabsPath, application / "Tabs", {"Tabs.csv", "Lables", "Lables", true});
+    FindFolder(main, main.globals.ImagesPath, application / "Images", {"A4_alpha_New.gif", "Images", true});
+    FindFolder(main, main.globals.TabsPath, application / "Tabs", {"Tabs.csv", "Lables", true});
     return true;
 }
 
@@ -90,15 +87,14 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
     SetVersionTitle(program);
     main.settings.IniFile = main.settings.ProgramFolder / (main.settings.SettingsAppName + ".ini");
     if (EqualsNoCase(commandLine, "SETTINGS")) {
-        main.ui.Show({"The settings editor is not part of this version yet. The settings are in the file\r\n" +
-                          main.settings.IniFile.string(),
-                      main.settings.SettingsAppName, Icon::Information});
+        Tell(main, "The settings editor is not part of this version yet. The settings are in the file\r\n" +
+                       main.settings.IniFile.string());
         return StartOutcome::Ended;
     }
     if (LoadConfiguration(main) == LoadOutcome::NoPrinter || !FindFolders(main))
         return StartOutcome::Ended;
     forms.ShowMainWindow();
-    if (!commandLine.empty() && OpenFile(main, commandLine) == OpenOutcome::NoPrinter)
+    if (!commandLine.empty() && OpenFile(main, fs::absolute(commandLine)) == OpenOutcome::NoPrinter)
         return StartOutcome::Ended;
     return StartOutcome::Running;
 }

@@ -1,5 +1,6 @@
 #include "base/AtomicFile.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <fcntl.h>
@@ -63,7 +64,7 @@ FileAccessError::FileAccessError(const fs::path& path, int systemNumber)
     : Error(path.string() + ": " + std::generic_category().message(systemNumber), systemNumber),
       cause_(std::generic_category().message(systemNumber)) {}
 
-std::string ReadFile(const fs::path& path) {
+std::string ReadFile(const fs::path& path, std::size_t most) {
     const OpenFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     struct stat status {};
     if (file.Get() < 0 || ::fstat(file.Get(), &status) != 0)
@@ -71,7 +72,7 @@ std::string ReadFile(const fs::path& path) {
     std::string bytes;
     std::size_t length = 0;
     const auto expected = static_cast<std::size_t>(S_ISREG(status.st_mode) ? status.st_size : 0);
-    for (;;) {
+    while (length < most) {
         if (bytes.size() == length) // one byte past the expected end, to meet the end without another round
             bytes.resize(std::max(expected + 1, length + kBufferSize));
         const ssize_t got = ::read(file.Get(), bytes.data() + length, bytes.size() - length);
@@ -83,7 +84,7 @@ std::string ReadFile(const fs::path& path) {
             break;
         length += static_cast<std::size_t>(got);
     }
-    bytes.resize(length);
+    bytes.resize(std::min(length, most));
     return bytes;
 }
 
@@ -127,8 +128,8 @@ AtomicFile::Way AtomicFile::ChooseWay() {
 void AtomicFile::OpenSibling() {
     static std::atomic<unsigned> count{0};
     do {
-        sibling_ = target_.parent_path() /
-                   (".velmora-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp");
+        sibling_ =
+            target_.parent_path() / (".velmora-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp");
         file_ = ::open(sibling_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     } while (file_ < 0 && errno == EEXIST);
     if (file_ < 0) {

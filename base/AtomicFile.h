@@ -21,8 +21,8 @@ private:
     std::string cause_;
 };
 
-/// The whole file. Raises FileAccessError, also for a directory.
-std::string ReadFile(const std::filesystem::path& path);
+/// The file, or its first `most` bytes. Raises FileAccessError, also for a directory.
+std::string ReadFile(const std::filesystem::path& path, std::size_t most = std::string::npos);
 
 /// One replacement of a file. Nothing at the path changes before Commit; without it the destructor leaves the old
 /// file as it was. Symbolic links are followed, and the permissions and the owner of an old file survive. A file with

@@ -36,6 +36,8 @@ public:
 class TypeMismatchError : public Error {
 public:
     TypeMismatchError() : Error("Type mismatch", kTypeMismatchNumber) {}
+    /// `what` names the value at fault.
+    explicit TypeMismatchError(const std::string& what) : Error("Type mismatch: " + what, kTypeMismatchNumber) {}
 };
 
 } // namespace velmora

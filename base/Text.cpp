@@ -28,9 +28,19 @@ std::string ToUpper(std::string_view text) {
     return upper;
 }
 
+std::string OneLine(std::string_view text) {
+    std::string line;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto code = static_cast<unsigned char>(text[at]);
+        if (code == '\n' && at > 0 && text[at - 1] == '\r')
+            continue;
+        line += code < 0x20 || code == 0x7F ? ' ' : text[at];
+    }
+    return line;
+}
+
 bool EqualsNoCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return Upper(x) == Upper(y); });
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Upper(x) == Upper(y); });
 }
 
 bool EndsWithNoCase(std::string_view text, std::string_view ending) {

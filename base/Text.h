@@ -12,6 +12,8 @@ namespace velmora {
 std::string_view Trim(std::string_view text);
 /// a to z in capitals; every other character as it is.
 std::string ToUpper(std::string_view text);
+/// Every control character, and a line break of two, as one blank.
+std::string OneLine(std::string_view text);
 /// Equal but for the case of a to z.
 bool EqualsNoCase(std::string_view a, std::string_view b);
 /// True when `text` ends in `ending`, but for the case of a to z.

@@ -25,8 +25,8 @@ Json VersionOf(const TabFile& file) {
 }
 
 Json Margin(SettingsStore& settings, const SettingKey& key) {
-    const std::string text = ReadAccepted(settings, key);
-    return ToDouble(text);
+    const std::string text = GetSetting(settings, settings.SettingsAppName, key.section, key.key, key.fallback);
+    return IsNumeric(text) ? Json(ToDouble(text)) : Json(nullptr);
 }
 
 Json FontJson(const FieldFont& font) {
@@ -132,9 +132,8 @@ int RunPdf(const PdfArguments& arguments) {
         options.sheets = ParsePages(arguments.pages, report.SheetCount());
     else if (arguments.test)
         options.sheets = {1}; // the test page is one page, however long the document
-    WriteOutput(arguments.output, [&](const auto& sink) {
-        WritePdf(report, program.Main(), catalogue, options, sink);
-    });
+    WriteOutput(arguments.output,
+                [&](const auto& sink) { WritePdf(report, program.Main(), catalogue, options, sink); });
     return kDone;
 }
 
@@ -164,8 +163,13 @@ int RunNew(const NewArguments& arguments) {
 int RunCheck(const std::vector<std::string>& files) {
     bool clean = true;
     for (const std::string& file : files) {
-        for (const TabFileProblem& problem : CheckTabFile(ReadInput(file))) {
-            std::cout << file << ":" << problem.line << ": " << problem.text << '\n';
+        try {
+            for (const TabFileProblem& problem : CheckTabFile(ReadInput(file))) {
+                std::cout << file << ":" << problem.line << ": " << problem.text << '\n';
+                clean = false;
+            }
+        } catch (const FileAccessError& error) {
+            std::cerr << "velmora-batch: " << error.what() << '\n';
             clean = false;
         }
     }

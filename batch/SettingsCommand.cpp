@@ -70,8 +70,7 @@ int RunSettings(const SettingsArguments& arguments) {
     case SettingsAction::Sections: return ListSections(store);
     case SettingsAction::Keys: return ListKeys(store, arguments.section);
     case SettingsAction::Set:
-        return Done(SaveSetting(store, application, arguments.section, arguments.key, arguments.value),
-                    arguments.ini);
+        return Done(SaveSetting(store, application, arguments.section, arguments.key, arguments.value), arguments.ini);
     case SettingsAction::Delete:
         return Done(DeleteSetting(store, application, arguments.section, arguments.key), arguments.ini);
     case SettingsAction::Get: break;

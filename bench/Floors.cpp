@@ -53,8 +53,8 @@ std::string PageStream(const Arrays& tabs, std::size_t first) {
 std::string Deflated(const std::string& text) {
     std::string packed(compressBound(text.size()), '\0');
     uLongf size = packed.size();
-    compress2(reinterpret_cast<Bytef*>(packed.data()), &size, reinterpret_cast<const Bytef*>(text.data()),
-              text.size(), Z_BEST_SPEED);
+    compress2(reinterpret_cast<Bytef*>(packed.data()), &size, reinterpret_cast<const Bytef*>(text.data()), text.size(),
+              Z_BEST_SPEED);
     packed.resize(size);
     return packed;
 }

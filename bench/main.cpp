@@ -59,8 +59,7 @@ double Median(std::vector<double> values) {
 }
 
 /// One row of the table; the work and its floor take turns.
-void Row(const char* name, const std::function<void()>& work, const std::function<void()>& floor,
-         const char* wanted) {
+void Row(const char* name, const std::function<void()>& work, const std::function<void()>& floor, const char* wanted) {
     std::vector<double> times, floors;
     for (int round = 0; round <= kRounds; ++round) { // the first round only warms up
         const double time = Milliseconds(work);
@@ -143,9 +142,9 @@ void MeasureDocument(Bench& bench, const char* name, const std::string& what, co
     bench.Load(name);
     const floors::Arrays arrays = floors::Open(folder / name);
     const std::string header = SampleFile(0);
-    Row(("open " + what).c_str(), [&] { bench.Load(name); }, [&] { floors::Open(folder / name); }, wanted);
-    Row(("save " + what).c_str(), [&] { bench.Save(); },
-        [&] { floors::Save(folder / "floor.csv", header, arrays); }, wanted);
+    Row(("file to arrays, " + what).c_str(), [&] { bench.Load(name); }, [&] { floors::Open(folder / name); }, wanted);
+    Row(("save " + what).c_str(), [&] { bench.Save(); }, [&] { floors::Save(folder / "floor.csv", header, arrays); },
+        wanted);
     Row(("lay out " + what).c_str(), [&] { bench.LayOutAll(); }, nullptr, "30 ms");
     Row(("PDF of " + what).c_str(), [&] { bench.Pdf(); }, [&] { floors::Pdf(folder / "floor.pdf", arrays); }, "500 ms");
     std::printf("| %-44s | %6.2fMB | %6.2fMB |       | 1.5 MB |\n", ("  its size, " + what).c_str(),
@@ -157,8 +156,10 @@ void MeasureProcesses(Bench& bench) {
     const auto pdf = [&](const char* name) {
         return RunBatch({"pdf", (bench.folder / name).string(), "-o", (bench.folder / "process.pdf").string()});
     };
-    Row("PDF of one sheet, whole process", [&] { pdf("small.csv"); }, [] { RunBatch({"--version"}); }, "50 ms");
-    Row("PDF of 1,365 sheets, whole process", [&] { pdf("large.csv"); }, [] { RunBatch({"--version"}); }, "-");
+    Row(
+        "PDF of one sheet, whole process", [&] { pdf("small.csv"); }, [] { RunBatch({"--version"}); }, "50 ms");
+    Row(
+        "PDF of 1,365 sheets, whole process", [&] { pdf("large.csv"); }, [] { RunBatch({"--version"}); }, "-");
     std::printf("| %-44s | %6.1fMB | %6.1fMB |       | 60 MB |\n", "  peak memory, one sheet | 1,365 sheets",
                 pdf("small.csv"), pdf("large.csv"));
 }

@@ -33,6 +33,8 @@ struct FieldFont {
 /// Fields 1 to 3 at indexes 0 to 2.
 using FontSettings = std::array<FieldFont, kFieldsPerTab>;
 
+/// 1 to 1000 points; a fraction is rounded when it is used.
+bool IsFontSize(std::string_view text);
 /// Name of one of the seven keys in section "Font Settings", for field 0 to 2.
 std::string FontKeyName(int key, int field);
 std::string_view FontKeyDefault(int key, int field);

@@ -4,6 +4,7 @@
 #include "app/settings/Validate.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "document/Dialogs.h"
 
 #include <algorithm>
 
@@ -24,9 +25,10 @@ LoadOutcome LoadPrinter(MainModule& main) {
         return LoadOutcome::Loaded;
     const auto printer = main.printers.DefaultPrinter();
     if (!printer) {
-        main.ui.Show({"You must first install a default printer before you can use this application.\r\n"
-                      "The execution of this application will be aborted.",
-                      store.SettingsAppName, Icon::Critical});
+        Tell(main,
+             "You must first install a default printer before you can use this application.\r\n"
+             "The execution of this application will be aborted.",
+             Icon::Critical);
         return LoadOutcome::NoPrinter;
     }
     main.globals.PrinterName = *printer;
@@ -34,12 +36,20 @@ LoadOutcome LoadPrinter(MainModule& main) {
     return LoadOutcome::Loaded;
 }
 
+void TakeBack(TabDocument& document, const std::vector<TabTexts>& texts, std::int16_t page, std::int16_t tabsPerPage) {
+    for (std::size_t slot = 0; slot < texts.size(); ++slot) {
+        const int tab = Multiply16(page - 1, tabsPerPage) + static_cast<int>(slot) + 1;
+        for (std::size_t field = 0; field < static_cast<std::size_t>(document.NoOfFields); ++field)
+            document.Field(static_cast<int>(field))(tab) = texts[slot][field];
+    }
+}
+
 } // namespace
 
 LoadOutcome LoadGlobals(MainModule& main) {
     SettingsStore& store = main.settings;
     ChooseStore(store);
-    SettingsBatch batch(store);
+    const SettingsBatch batch(store);
     main.globals.AskBeforeDelete = ToFlag(ReadAccepted(store, kAskBeforeDelete));
     main.globals.StartWithSetup = ToFlag(ReadAccepted(store, kStartWithSetup));
     main.document.StationeryType = ReadAccepted(store, kStationeryType);
@@ -49,13 +59,12 @@ LoadOutcome LoadGlobals(MainModule& main) {
     // A fraction just below 4 passes the test and would round out of the range.
     main.document.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(ReadAccepted(store, kNoOfFields))));
     LoadFontSettings(store, main.fonts);
-    batch.Commit();
     return outcome;
 }
 
 void SaveGlobals(MainModule& main) {
     SettingsStore& store = main.settings;
-    SettingsBatch batch(store);
+    const SettingsBatch batch(store);
     Write(store, kAskBeforeDelete, FlagText(main.globals.AskBeforeDelete));
     Write(store, kStartWithSetup, FlagText(main.globals.StartWithSetup));
     Write(store, kPrinter, main.globals.PrinterName);
@@ -64,7 +73,6 @@ void SaveGlobals(MainModule& main) {
     Write(store, kOptType, std::to_string(main.document.OptType));
     Write(store, kNoOfFields, std::to_string(main.document.NoOfFields));
     Write(store, kNoOfPages, std::to_string(main.document.NoOfPages));
-    batch.Commit();
 }
 
 void ApplyTabType(MainModule& main) {
@@ -90,19 +98,9 @@ void NewDocument(MainModule& main) {
 }
 
 void SaveLabel(MainModule& main, std::int16_t page, std::int16_t tabsPerPage) {
-    if (!main.editor)
-        return;
-    TabDocument& document = main.document;
-    const std::vector<TabTexts> texts = main.editor->ShownTexts();
-    for (std::size_t slot = 0; slot < texts.size(); ++slot) {
-        const int tab = Multiply16(page - 1, tabsPerPage) + static_cast<int>(slot) + 1;
-        for (std::size_t field = 0; field < static_cast<std::size_t>(document.NoOfFields); ++field)
-            document.Field(static_cast<int>(field))(tab) = texts[slot][field];
-    }
-}
-
-void ReportError(MainModule& main, std::string_view cause, std::string_view place) {
-    main.ui.Show({std::string(cause) + "\r\n" + std::string(place), main.settings.SettingsAppName, Icon::Critical});
+    if (main.editor)
+        Trapped(main, "Called form Function:SaveLabel",
+                [&] { TakeBack(main.document, main.editor->ShownTexts(), page, tabsPerPage); });
 }
 
 } // namespace velmora

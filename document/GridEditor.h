@@ -17,7 +17,8 @@ public:
     virtual void TakeDown() = 0;
     /// Makes the boxes anew from the document and shows `CurrentPage`.
     virtual void BringUp() = 0;
-    /// What the boxes hold, slot 1 first; empty while the editor is down. Fields without a box are empty.
+    /// What the boxes hold, slot 1 first; empty while the editor is down. A field without a box is as the document has
+    /// it.
     virtual std::vector<TabTexts> ShownTexts() const = 0;
 };
 

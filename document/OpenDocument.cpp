@@ -3,6 +3,7 @@
 #include "app/settings/Validate.h"
 #include "base/AtomicFile.h"
 #include "base/Text.h"
+#include "document/Dialogs.h"
 #include "document/SaveDocument.h"
 #include "document/Transaction.h"
 
@@ -25,16 +26,11 @@ OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path) {
     }
 }
 
-void Tell(MainModule& main, const std::string& text, Icon icon = Icon::Information) {
-    main.ui.Show({text, main.settings.SettingsAppName, icon});
-}
-
 /// False when the person wants to stay with the open document, or it could not be saved.
 bool MayReplaceDocument(MainModule& main) {
     if (main.document.DocFileName.empty())
         return true;
-    const Answer answer = main.ui.Show({"Do you want to save the current document?", main.settings.SettingsAppName,
-                                        Icon::Question, Buttons::YesNoCancel});
+    const Answer answer = AskToSave(main);
     if (answer == Answer::Yes)
         return SaveLabels(main, false) == SaveOutcome::Saved;
     return answer == Answer::No;
@@ -42,15 +38,13 @@ bool MayReplaceDocument(MainModule& main) {
 
 /// Says what the file is unless it is of version 8. False when it cannot be read.
 bool AnnounceVersion(MainModule& main, const std::filesystem::path& path) {
-    std::string text;
+    std::string firstLine;
     try {
-        text = Decode(ReadFile(path)).text;
+        firstLine = ReadFirstLine(path);
     } catch (const FileAccessError&) {
         Tell(main, "Could not finish the process");
         return false;
     }
-    std::string_view firstLine;
-    LineReader(text).Next(firstLine);
     const std::string file = "The file: [" + path.string() + "] is ";
     if (TestVersion8(firstLine))
         return true;
@@ -73,8 +67,7 @@ LoadOutcome LoadDocument(MainModule& main, const TabFile& file) {
     SetTabsPerPage(document);
     {
         const auto progress = main.ui.StartProgress("Calculating the number of labels.  Please standby...", 1);
-        document.TabCount =
-            GetNumberOfLables(file, file.header ? -kHeaderLines : 0, document, main.settings);
+        document.TabCount = GetNumberOfLables(file, file.header ? -kHeaderLines : 0, document, main.settings);
     }
     document.CurrentPage = 1;
     document.CurrentTab = 0;
@@ -94,6 +87,8 @@ OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
         Tell(main, "Could not load the following file [" + path.string() + "]", Icon::Critical);
         return OpenOutcome::Failed;
     }
+    // An error gives back the document as it was, with what was typed last.
+    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
     if (main.editor)
         main.editor->TakeDown();
     const OpenOutcome outcome = LoadOrUndo(main, path);
@@ -111,8 +106,8 @@ OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
 OpenOutcome OpenNewFile(MainModule& main) {
     if (!MayReplaceDocument(main))
         return OpenOutcome::Cancelled;
-    const auto path = main.ui.ChooseFile({"OPEN", "Open", main.globals.TabsPath,
-                                          "Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"});
+    const auto path = main.ui.ChooseFile(
+        {"OPEN", "Open", main.globals.TabsPath, "Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"});
     if (!path)
         return OpenOutcome::Cancelled;
     if (!FileExists(*path)) {
@@ -120,10 +115,7 @@ OpenOutcome OpenNewFile(MainModule& main) {
         return OpenOutcome::Failed;
     }
     if (EndsWithNoCase(path->string(), ".XLS")) {
-        Tell(main,
-             "You have to have Microsoft Excel 2000 (or latter) installed on your PC if you want to open or import an "
-             "Excel file!",
-             Icon::Critical);
+        TellNoSpreadsheets(main);
         return OpenOutcome::Failed;
     }
     return AnnounceVersion(main, *path) ? OpenFile(main, *path) : OpenOutcome::Failed;

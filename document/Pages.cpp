@@ -1,8 +1,8 @@
 #include "document/Pages.h"
 
-#include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "document/Dialogs.h"
 
 #include <algorithm>
 
@@ -31,12 +31,9 @@ void ShowChangedPages(MainModule& main) {
         main.editor->BringUp();
 }
 
-Answer Ask(MainModule& main, const char* question) {
-    return main.ui.Show({question, main.settings.SettingsAppName, Icon::Question, Buttons::YesNo, Answer::No});
-}
-
-void Tell(MainModule& main, const std::string& text) {
-    main.ui.Show({text, main.settings.SettingsAppName, Icon::Information});
+/// A question whose safe answer is the default.
+bool Confirms(MainModule& main, const char* question) {
+    return Ask(main, question, Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
 void AppendPage(TabDocument& document) {
@@ -54,8 +51,7 @@ void RemovePage(TabDocument& document) {
     const std::int32_t before = (document.CurrentPage - 1) * perPage;
     for (int field = 0; field < kFieldsPerTab; ++field) {
         FieldTexts& texts = document.Field(field);
-        for (std::int32_t tab = before + perPage + 1; tab <= document.TabCount; ++tab)
-            texts(tab - perPage) = std::move(texts(tab));
+        CopyTabRange(texts, before + perPage + 1, document.TabCount, texts, before + 1);
         texts.Resize(document.TabCount - perPage);
     }
     document.TabCount -= perPage;
@@ -96,7 +92,7 @@ void LastPage(MainModule& main) {
 void NextPage(MainModule& main) {
     if (main.document.CurrentPage != main.document.NoOfPages)
         ShowPage(main, Add16(main.document.CurrentPage, 1));
-    else if (Ask(main, "You are at the last page of this document.  Do you want to add a page?") == Answer::Yes)
+    else if (Confirms(main, "You are at the last page of this document.  Do you want to add a page?"))
         AddPage(main);
 }
 
@@ -114,20 +110,15 @@ void AddPage(MainModule& main) {
         return;
     }
     TakePageBack(main);
-    try {
-        AppendPage(document);
-    } catch (const OverflowError& error) {
-        ReportError(main, error.what(), "Called from Sub: AddPage");
-        return;
-    }
-    ShowChangedPages(main);
+    if (Trapped(main, "Called from Sub: AddPage", [&] { AppendPage(document); }))
+        ShowChangedPages(main);
 }
 
 void DeletePage(MainModule& main) {
     TabDocument& document = main.document;
     if (document.NoOfPages == 1)
         return Tell(main, "You can not delete the only page in this document.");
-    if (main.globals.AskBeforeDelete && Ask(main, "Do you want to delete the current page?") != Answer::Yes)
+    if (main.globals.AskBeforeDelete && !Confirms(main, "Do you want to delete the current page?"))
         return;
     TakePageBack(main);
     if (main.editor)

@@ -3,6 +3,7 @@
 #include "app/settings/Validate.h"
 #include "base/AtomicFile.h"
 #include "base/Text.h"
+#include "document/Dialogs.h"
 #include "document/TabFile.h"
 
 #include <algorithm>
@@ -13,15 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kTabsNamed = 10;
-
-Answer Ask(MainModule& main, const std::string& text, Icon icon, Buttons buttons,
-           std::optional<Answer> defaultButton = std::nullopt) {
-    return main.ui.Show({text, main.settings.SettingsAppName, icon, buttons, defaultButton});
-}
-
-void Tell(MainModule& main, const std::string& text, Icon icon = Icon::Information) {
-    Ask(main, text, icon, Buttons::Ok);
-}
 
 bool HoldsComma(const TabDocument& document, int tab) {
     for (int field = 0; field < kFieldsPerTab; ++field)
@@ -58,11 +50,11 @@ std::optional<FileAccessError> TryWrite(MainModule& main, const fs::path& path) 
 }
 
 bool WantsRetry(MainModule& main, const fs::path& path, const FileAccessError& error) {
-    return Ask(main,
-               "The application encountered the following error when it attempted to save the following file: [" +
-                   path.string() + "]\r\nError Nommer:" + std::to_string(error.Number()) +
-                   "\r\nError Description:" + error.Cause(),
-               Icon::Critical, Buttons::RetryCancel) == Answer::Retry;
+    return main.ui.Show({"The application encountered the following error when it attempted to save the following "
+                         "file: [" +
+                             path.string() + "]\r\nError Nommer:" + std::to_string(error.Number()) +
+                             "\r\nError Description:" + error.Cause(),
+                         main.settings.SettingsAppName, Icon::Critical, Buttons::RetryCancel}) == Answer::Retry;
 }
 
 /// False when the person gave up.
@@ -77,23 +69,20 @@ bool WriteWithRetries(MainModule& main, const fs::path& path) {
             continue;
         if (FileExists(path))
             return true;
-        if (Ask(main, "The file was not saved.  Do you want to retry?", Icon::Question, Buttons::YesNo) != Answer::Yes)
+        if (Ask(main, "The file was not saved.  Do you want to retry?", Buttons::YesNo) != Answer::Yes)
             return false;
     }
 }
 
 void RememberFolder(MainModule& main, const fs::path& path) {
-    SaveSetting(main.settings, main.settings.SettingsAppName, "Paths", "Lables", (path.parent_path() / "").string());
-    main.globals.TabsPath = path.parent_path() / "";
+    main.globals.TabsPath = WithSeparator(path.parent_path());
+    SaveFolder(main.settings, "Lables", main.globals.TabsPath);
 }
 
-/// True when the person wants this path, which may have to be overwritten.
-bool MayWrite(MainModule& main, const fs::path& path, bool exists) {
-    if (!exists)
+/// False for a file that the system does not let us replace, which is said.
+bool CanReplace(MainModule& main, const fs::path& path) {
+    if (!FileExists(path))
         return true;
-    if (Ask(main, "Do you want to overwrite the following file?\r\n[" + path.string() + "]", Icon::Question,
-            Buttons::YesNo, Answer::No) != Answer::Yes)
-        return false;
     try {
         AtomicFile probe(path);
         return true;
@@ -116,51 +105,59 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path) {
     return SaveOutcome::Saved;
 }
 
-SaveOutcome AskAndSave(MainModule& main) {
-    const std::string name = main.document.DocFileName.filename().string();
+/// The path to write, asked for until there is one that may be written; nothing when the person cancels.
+std::optional<fs::path> AskForPath(MainModule& main) {
     for (;;) {
-        const auto path = main.ui.ChooseFile({"SAVE", "Save as", main.globals.TabsPath,
-                                              "Velmora file(*.csv)|*.csv", name.empty() ? "Tabs.csv" : name});
-        if (!path)
-            return SaveOutcome::Cancelled;
-        const bool exists = FileExists(*path);
-        if (!MayWrite(main, *path, exists))
-            continue;
-        const SaveOutcome outcome = SaveUnder(main, *path);
-        if (outcome == SaveOutcome::Saved && exists) // kept: a new file is saved without a word
-            Tell(main, "File saved successfully");
-        if (outcome == SaveOutcome::Saved)
-            RememberFolder(main, *path);
-        return outcome;
+        const auto path =
+            main.ui.ChooseFile({"SAVE", "Save as", main.globals.TabsPath, "Velmora file(*.csv)|*.csv", "Tabs.csv"});
+        if (path && EndsWithNoCase(path->string(), ".XLS"))
+            TellNoSpreadsheets(main);
+        else if (!path || (MayOverwrite(main, *path) && CanReplace(main, *path)))
+            return path;
     }
+}
+
+SaveOutcome AskAndSave(MainModule& main) {
+    const auto path = AskForPath(main);
+    if (!path)
+        return SaveOutcome::Cancelled;
+    const bool exists = FileExists(*path);
+    const SaveOutcome outcome = SaveUnder(main, *path);
+    if (outcome == SaveOutcome::Saved && exists) // kept: a new file is saved without a word
+        Tell(main, "File saved successfully");
+    if (outcome == SaveOutcome::Saved)
+        RememberFolder(main, *path);
+    return outcome;
+}
+
+SaveOutcome Save(MainModule& main, bool saveAs) {
+    if (saveAs || main.document.DocFileName.empty())
+        return AskAndSave(main);
+    const SaveOutcome outcome = SaveUnder(main, main.document.DocFileName);
+    if (outcome == SaveOutcome::Saved)
+        Tell(main, "File saved successfully");
+    return outcome;
 }
 
 } // namespace
 
 void SaveFile(MainModule& main, const fs::path& path) {
-    main.document.FileError = false;
-    WarnOfCommas(main);
-    try {
+    main.document.FileError = true;
+    Trapped(main, "Called form Sub:SaveFile", [&] {
+        WarnOfCommas(main);
         main.document.FileError = !WriteWithRetries(main, path);
-    } catch (const std::exception& error) {
-        main.document.FileError = true;
-        ReportError(main, error.what(), "Called form Sub:SaveFile");
-    }
+    });
     if (main.document.FileError)
         Tell(main, "Could not finish process");
 }
 
 SaveOutcome SaveLabels(MainModule& main, bool saveAs) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
-    SaveOutcome outcome;
-    if (saveAs || main.document.DocFileName.empty()) {
-        outcome = AskAndSave(main);
-    } else {
-        outcome = SaveUnder(main, main.document.DocFileName);
-        if (outcome == SaveOutcome::Saved)
-            Tell(main, "File saved successfully");
-    }
-    ShowCaption(main);
+    SaveOutcome outcome = SaveOutcome::Failed;
+    Trapped(main, "Called form Sub:SaveLabels", [&] {
+        SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+        outcome = Save(main, saveAs);
+        ShowCaption(main);
+    });
     return outcome;
 }
 

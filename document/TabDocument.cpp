@@ -76,8 +76,8 @@ void NormalisePages(TabDocument& document) {
     const std::int16_t pages = PagesForTabs(tabs, perPage);
     const std::int32_t count = Multiply16(pages, perPage);
 
-    document.RowsPerPage = type->rows;
-    document.ColsPerPage = type->columns;
+    SetRowsAndStationery(document, document.OptType);
+    SetColsPerPage(document, document.OptType);
     document.Grid = type->grid;
     if (document.TabCount != count)
         ResizeTabs(document, count);
@@ -85,10 +85,6 @@ void NormalisePages(TabDocument& document) {
     document.TabsPerPage = perPage;
     document.NoOfPages = pages;
     document.TabCount = count;
-}
-
-int PageOfTab(const TabDocument& document, int tab) {
-    return (tab - 1) / document.TabsPerPage + 1;
 }
 
 int CountFields(std::string_view line) {

@@ -89,9 +89,6 @@ void SetFieldLimits(TabDocument& document);
 /// than 32767 tabs. Deliberate: with `CurrentTab` at 0 or 1 a change of size empties the document.
 void NormalisePages(TabDocument& document);
 
-/// Page of a tab number; both count from 1.
-int PageOfTab(const TabDocument& document, int tab);
-
 /// Number of commas plus one.
 int CountFields(std::string_view line);
 /// Appends commas until the line has at least `fields` fields; returns the final count.

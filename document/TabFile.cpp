@@ -11,7 +11,6 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kFontSection = "Font Settings";
 constexpr std::string_view kVersionWord = "VERSION";
 constexpr const char* kEndOfLine = "\r\n";
 
@@ -101,6 +100,12 @@ std::string ValidOr(const std::string& value, bool (*accepts)(std::string_view),
     return accepts(value) ? value : std::string(otherwise);
 }
 
+/// A comma in a name would move all values behind it.
+std::string WithoutCommas(std::string name) {
+    std::replace(name.begin(), name.end(), ',', ' ');
+    return name;
+}
+
 std::string FontLine(SettingsStore& store, int field) {
     using Test = bool (*)(std::string_view);
     static constexpr std::array<Test, kFontKeys> kTests = {IsAnyText, IsNumeric,       IsFlag,         IsFlag,
@@ -111,7 +116,7 @@ std::string FontLine(SettingsStore& store, int field) {
         const auto index = static_cast<std::size_t>(key);
         const std::string value =
             GetSetting(store, store.SettingsAppName, kFontSection, FontKeyName(key, field), kAbsent[index]);
-        line += (key == 0 ? "" : ",") + ValidOr(value, kTests[index], "");
+        line += key == 0 ? WithoutCommas(value) : "," + ValidOr(value, kTests[index], "");
     }
     return line;
 }
@@ -163,6 +168,13 @@ TabFile ReadTabFile(const std::filesystem::path& path) {
     return ParseTabFile(ReadFile(path));
 }
 
+std::string ReadFirstLine(const std::filesystem::path& path) {
+    const std::string text = Decode(ReadFile(path, kLongestLine)).text;
+    std::string_view line;
+    LineReader(text).Next(line);
+    return std::string(line);
+}
+
 bool TestVersion7(std::string_view firstLine) {
     return ContainsVersion(firstLine, "7");
 }
@@ -175,7 +187,7 @@ void LoadData(const TabFile& file, SettingsStore& store) {
     if (!file.header)
         return;
     const TabFileHeader& header = *file.header;
-    SettingsBatch batch(store);
+    const SettingsBatch batch(store);
     Write(store, kPrinter, header.printer);
     Write(store, kStationeryType, ValidOr(header.stationeryType, IsStationeryType, kStationeryType.fallback));
     Write(store, kOptType, header.optType);
@@ -185,9 +197,8 @@ void LoadData(const TabFile& file, SettingsStore& store) {
     for (int field = 0; field < kFieldsPerTab; ++field)
         for (int key = 0; key < kFontKeys; ++key)
             SaveSetting(store, store.SettingsAppName, kFontSection, FontKeyName(key, field),
-                        StoredFontValue(
-                            header.fonts[static_cast<std::size_t>(field)][static_cast<std::size_t>(key)], key, field));
-    batch.Commit();
+                        StoredFontValue(header.fonts[static_cast<std::size_t>(field)][static_cast<std::size_t>(key)],
+                                        key, field));
 }
 
 std::int32_t GetNumberOfLables(const TabFile& file, std::int32_t startingCount, TabDocument& document,
@@ -215,19 +226,19 @@ void LoadRows(const TabFile& file, TabDocument& document, UserInterface& ui) {
 }
 
 std::string SaveData(SettingsStore& store) {
-    SettingsBatch batch(store);
+    const SettingsBatch batch(store);
     std::string text = std::string("Version 8") + kEndOfLine;
     const auto absentIsEmpty = [&](const SettingKey& key) {
         return GetSetting(store, store.SettingsAppName, key.section, key.key, "");
     };
-    text += absentIsEmpty(kPrinter) + "," + ValidOr(absentIsEmpty(kStationeryType), IsStationeryType, "") + "," +
+    text += WithoutCommas(absentIsEmpty(kPrinter)) + "," +
+            ValidOr(absentIsEmpty(kStationeryType), IsStationeryType, "") + "," +
             ValidOr(absentIsEmpty(kOptType), IsOptType, "") + "," +
             ValidOr(absentIsEmpty(kNoOfFields), IsNoOfFields, "") + kEndOfLine;
     text += ValidOr(Stored(store, kMarginLeft), IsNumeric, "0") + "," +
             ValidOr(Stored(store, kMarginTop), IsNumeric, "0") + kEndOfLine;
     for (int field = 0; field < kFieldsPerTab; ++field)
         text += FontLine(store, field) + kEndOfLine;
-    batch.Commit();
     return text;
 }
 

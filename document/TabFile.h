@@ -74,6 +74,9 @@ TabFile ParseTabFile(std::string bytes);
 /// Raises FileAccessError too.
 TabFile ReadTabFile(const std::filesystem::path& path);
 
+/// The first line alone, as far as a line may reach. Raises FileAccessError.
+std::string ReadFirstLine(const std::filesystem::path& path);
+
 /// "VERSION7" or "VERSION 7" anywhere in the first line, in any letter case.
 bool TestVersion7(std::string_view firstLine);
 bool TestVersion8(std::string_view firstLine);

@@ -58,10 +58,10 @@ private:
             Report("the " + what + " line is missing");
             return {};
         }
+        const int had = CountFields(line);
+        if (had != static_cast<int>(count))
+            Report("the " + what + " line has " + std::to_string(had) + " values instead of " + std::to_string(count));
         std::vector<std::string_view> fields = Split(line, ',');
-        if (fields.size() != count)
-            Report("the " + what + " line has " + std::to_string(fields.size()) + " values instead of " +
-                   std::to_string(count));
         fields.resize(count);
         return fields;
     }
@@ -82,8 +82,7 @@ private:
             optType_ = ToInt16(ToDouble(fields[2]));
         if (IsNoOfFields(fields[3]))
             layout_.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(fields[3])));
-        if (optType_ && IsStationeryType(fields[1]) &&
-            fields[1].substr(0, 2) != FindTabType(*optType_)->stationery)
+        if (optType_ && IsStationeryType(fields[1]) && fields[1].substr(0, 2) != FindTabType(*optType_)->stationery)
             Report("tab type " + std::to_string(*optType_) + " is not on \"" + std::string(fields[1]) +
                    "\" stationery");
     }
@@ -100,7 +99,8 @@ private:
         if (values.empty())
             return;
         CheckValue(name + "font name", values[0], IsNotBlank(values[0]));
-        CheckValue(name + "font size", values[1], IsNumeric(values[1]) && ToDouble(values[1]) >= 1);
+        CheckValue(name + "font size", values[1],
+                   IsFontSize(values[1]) && ToDouble(values[1]) == RoundHalfEven(ToDouble(values[1])));
         CheckValue(name + "bold", values[2], IsFlag(values[2]));
         CheckValue(name + "italic", values[3], IsFlag(values[3]));
         CheckValue(name + "underline", values[4], IsFlag(values[4]));

@@ -1,4 +1,5 @@
-// A strict reading of a tab file: everything that the program would silently replace, cut or move.
+// A strict reading of a tab file: header lines that are short or long, values that the program would replace, texts
+// that it would cut when they are edited, and a number of tabs that is no whole page.
 #pragma once
 
 #include <string>

@@ -3,6 +3,8 @@
 
 #include "document/mdlMain.h"
 
+#include <optional>
+
 namespace velmora {
 
 /// Takes a copy of what an operation may change. Without Commit, its end puts everything back; settings reach the INI
@@ -15,17 +17,15 @@ public:
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
-    /// Raises FileAccessError, with everything put back, when the settings cannot be written.
-    void Commit() {
-        batch_.Commit();
-        open_ = false;
-    }
+    /// The change stands, also where the INI file cannot be written, which is reported: the program has its own copy
+    /// of the settings that a document carries.
+    void Commit() { batch_.reset(); }
 
     void Undo() {
-        if (!open_)
+        if (!batch_)
             return;
-        open_ = false;
-        batch_.Discard();
+        batch_->Discard();
+        batch_.reset();
         main_.document = std::move(document_);
         main_.globals = globals_;
         main_.fonts = fonts_;
@@ -33,11 +33,10 @@ public:
 
 private:
     MainModule& main_;
-    SettingsBatch batch_;
+    std::optional<SettingsBatch> batch_;
     TabDocument document_;
     GlobalConfiguration globals_;
     FontSettings fonts_;
-    bool open_ = true;
 };
 
 } // namespace velmora

@@ -11,8 +11,6 @@
 #include "platform/PrintSystem.h"
 #include "platform/UserInterface.h"
 
-#include <string_view>
-
 namespace velmora {
 
 struct MainModule {
@@ -54,8 +52,5 @@ void RefreshDocumentStatus(MainModule& main);
 void ShowCurrentTab(MainModule& main);
 /// The application name with the document's name in brackets.
 void ShowCaption(MainModule& main);
-
-/// "cause", a line break and the place, in a critical box: how a procedure reports an error that it trapped.
-void ReportError(MainModule& main, std::string_view cause, std::string_view place);
 
 } // namespace velmora

@@ -4,6 +4,8 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
@@ -78,10 +80,11 @@ void EnterBox(MainModule& main, int slot) {
 std::string EditBox(MainModule& main, int field, const std::string& text) {
     main.document.DocChanged = true;
     const auto limit = static_cast<std::size_t>(Limit(main.document.Limits, field));
-    if (CharacterCount(text) <= limit)
-        return text;
+    const std::string line = OneLine(text); // a pasted line break would end the tab's line in the file
+    if (CharacterCount(line) <= limit)
+        return line;
     main.ui.Beep();
-    return std::string(LeftCharacters(text, limit));
+    return std::string(LeftCharacters(line, limit));
 }
 
 } // namespace velmora

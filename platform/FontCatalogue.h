@@ -17,8 +17,8 @@ struct FontRequest {
 /// One face of an outline font file (TrueType or OpenType).
 struct FontFile {
     std::string path;
-    int index = 0;        ///< of the face within a collection
-    std::string family;   ///< the family found, which may differ from the one asked for
+    int index = 0;         ///< of the face within a collection
+    std::string family;    ///< the family found, which may differ from the one asked for
     bool embolden = false; ///< the family has no bold face: thicken this one
     bool slant = false;    ///< the family has no italic face: slant this one
     bool operator==(const FontFile&) const = default;

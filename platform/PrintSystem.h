@@ -1,7 +1,6 @@
 // The printers of the machine.
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>

@@ -30,19 +30,16 @@ class Registry {
 public:
     virtual ~Registry() = default;
     /// FileNotFound when the key or the value is missing; `value` is then left alone.
-    virtual RegistryCode Query(const std::string& path, const std::string& name,
-                               RegistryValue& value) const = 0;
+    virtual RegistryCode Query(const std::string& path, const std::string& name, RegistryValue& value) const = 0;
     /// Makes the key, with all its parents, where it is missing.
-    virtual RegistryCode Set(const std::string& path, const std::string& name,
-                             const RegistryValue& value) = 0;
+    virtual RegistryCode Set(const std::string& path, const std::string& name, const RegistryValue& value) = 0;
     virtual RegistryCode DeleteValue(const std::string& path, const std::string& name) = 0;
     /// AccessDenied while the key has sub-keys.
     virtual RegistryCode DeleteKey(const std::string& path) = 0;
     /// Sub-key names in their stored order; FileNotFound when the key is missing.
     virtual RegistryCode EnumerateKeys(const std::string& path, std::vector<std::string>& names) const = 0;
-    virtual RegistryCode
-    EnumerateValues(const std::string& path,
-                    std::vector<std::pair<std::string, RegistryValue>>& values) const = 0;
+    virtual RegistryCode EnumerateValues(const std::string& path,
+                                         std::vector<std::pair<std::string, RegistryValue>>& values) const = 0;
 };
 
 } // namespace velmora

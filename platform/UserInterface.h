@@ -10,7 +10,7 @@ namespace velmora {
 
 enum class Buttons { Ok, YesNo, YesNoCancel, RetryCancel };
 enum class Icon { None, Information, Question, Exclamation, Critical };
-/// The numbers are those stored in `MsgAnswer`.
+/// The numbers are the desktop family's own.
 enum class Answer { Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7 };
 
 /// A modal message box. Lines are joined with CR LF.

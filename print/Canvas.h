@@ -26,8 +26,7 @@ public:
     virtual ~Canvas() = default;
     virtual void BeginSheet(const Paper& paper) = 0;
     /// Black text; ink outside `clip` is not drawn.
-    virtual void DrawText(const ShapedText& text, double left, double baseline,
-                          const std::optional<Box>& clip) = 0;
+    virtual void DrawText(const ShapedText& text, double left, double baseline, const std::optional<Box>& clip) = 0;
     virtual void FillBox(const Box& box) = 0; ///< black
     virtual void DrawOutline(const Box& box, OutlineStyle style) = 0;
     virtual void EndSheet() = 0;

@@ -54,7 +54,7 @@ std::string DateString(std::chrono::sys_seconds time) {
 /// A string of glyphs with the shifts between them, as the operators Tj and TJ take it.
 class GlyphString {
 public:
-    explicit GlyphString(std::string& out) : out_(out), begin_(out.size()) { out_ += '('; }
+    GlyphString(std::string& out, double owed) : out_(out), begin_(out.size()), owed_(owed) { out_ += '('; }
 
     /// Moves the next glyph to the right, in thousandths of the font size. What rounding leaves over counts
     /// for the next shift.
@@ -70,24 +70,25 @@ public:
         AppendByte(out_, code >> 8U);
         AppendByte(out_, code & 0xFFU);
     }
-    void End() {
+    /// Gives the shift that is still owed to the next glyph.
+    double End() {
         out_ += shifted_ ? ")]TJ\n" : ")Tj\n";
         if (shifted_)
             out_.insert(begin_, 1, '[');
+        return owed_;
     }
 
 private:
     std::string& out_;
     std::size_t begin_;
-    double owed_ = 0;
+    double owed_;
     bool shifted_ = false;
 };
 
 } // namespace
 
 PdfCanvas::PdfCanvas(PdfSink sink, PdfInfo info)
-    : writer_(std::move(sink)), info_(std::move(info)), pageTree_(writer_.Reserve()),
-      resources_(writer_.Reserve()) {}
+    : writer_(std::move(sink)), info_(std::move(info)), pageTree_(writer_.Reserve()), resources_(writer_.Reserve()) {}
 
 void PdfCanvas::BeginSheet(const Paper& paper) {
     mediaBox_ = MediaBox(paper);
@@ -120,8 +121,7 @@ void PdfCanvas::AppendRectangle(std::string& out, const Box& box) const {
     out += "re\n";
 }
 
-void PdfCanvas::DrawText(const ShapedText& text, double left, double baseline,
-                         const std::optional<Box>& clip) {
+void PdfCanvas::DrawText(const ShapedText& text, double left, double baseline, const std::optional<Box>& clip) {
     const TextState before = state_;
     if (clip)
         BeginClip(*clip);
@@ -200,22 +200,22 @@ void PdfCanvas::MoveTo(Point start, bool slant) {
 void PdfCanvas::ShowGlyphs(const ShapedText& text, const GlyphRun& run, PdfFont& font) {
     const double perUnit = kThousandths / run.typeface.face->UnitsPerEm();
     std::optional<GlyphString> string;
+    double owed = 0;
     for (const ShapedGlyph& glyph : run.glyphs) {
-        const auto rise =
-            glyph.yOffset == 0 ? 0 : std::llround(glyph.yOffset * perUnit * state_.size / kThousandths);
+        const auto rise = glyph.yOffset == 0 ? 0 : std::llround(glyph.yOffset * perUnit * state_.size / kThousandths);
         if (rise != state_.rise) {
             if (string)
-                string->End();
+                owed = string->End();
             string.reset();
             Operator(rise, " Ts\n");
             state_.rise = rise;
         }
         // The box for a missing glyph stands for a different character each time.
-        const auto source = std::u32string_view(text.characters)
-                                .substr(glyph.sourceBegin, glyph.id == 0 ? 0 : glyph.sourceLength);
+        const auto source =
+            std::u32string_view(text.characters).substr(glyph.sourceBegin, glyph.id == 0 ? 0 : glyph.sourceLength);
         const std::int32_t advance = font.Use(glyph.id, source);
         if (!string)
-            string.emplace(text_);
+            string.emplace(text_, owed);
         string->Shift(glyph.xOffset * perUnit);
         string->Add(font.CodeOf(glyph.id));
         string->Shift((glyph.advance - advance - glyph.xOffset) * perUnit);
@@ -257,14 +257,14 @@ void PdfCanvas::EndSheet() {
     }
     const std::string outlines = Outlines();
     const bool hasText = !text_.empty();
-    writer_.WriteStream(content, "",
-                        {turn, outlines, hasText ? "BT\n" : "", text_, hasText ? "ET\n" : "", boxes_,
-                         boxes_.empty() ? "" : "f\n"});
+    writer_.WriteStream(
+        content, "",
+        {turn, outlines, hasText ? "BT\n" : "", text_, hasText ? "ET\n" : "", boxes_, boxes_.empty() ? "" : "f\n"});
     if (pages_.empty())
         commonMediaBox_ = mediaBox_;
     const std::string size = mediaBox_ == commonMediaBox_ ? "" : "/MediaBox" + mediaBox_;
-    writer_.Write(page, "<</Type/Page/Parent " + PdfReference(pageTree_) + size + "/Contents " +
-                            PdfReference(content) + ">>");
+    writer_.Write(page, "<</Type/Page/Parent " + PdfReference(pageTree_) + size + "/Contents " + PdfReference(content) +
+                            ">>");
     pages_.push_back(page);
 }
 
@@ -277,12 +277,11 @@ void PdfCanvas::Finish() {
         kids += PdfReference(page) + ' ';
     // What all pages share stands in the tree, from which they inherit it.
     writer_.Write(pageTree_, "<</Type/Pages/Count " + std::to_string(pages_.size()) + "/Resources " +
-                                 PdfReference(resources_) +
-                                 (pages_.empty() ? "" : "/MediaBox" + commonMediaBox_) + "/Kids[" + kids +
-                                 "]>>");
+                                 PdfReference(resources_) + (pages_.empty() ? "" : "/MediaBox" + commonMediaBox_) +
+                                 "/Kids[" + kids + "]>>");
     const int catalog = writer_.Reserve(), information = writer_.Reserve();
-    writer_.Write(catalog, "<</Type/Catalog/Pages " + PdfReference(pageTree_) +
-                               "/ViewerPreferences<</PrintScaling/None>>>>");
+    writer_.Write(catalog,
+                  "<</Type/Catalog/Pages " + PdfReference(pageTree_) + "/ViewerPreferences<</PrintScaling/None>>>>");
     WriteInformation(information);
     writer_.Finish(catalog, information);
 }

@@ -25,8 +25,7 @@ public:
     PdfCanvas(PdfSink sink, PdfInfo info);
 
     void BeginSheet(const Paper& paper) override;
-    void DrawText(const ShapedText& text, double left, double baseline,
-                  const std::optional<Box>& clip) override;
+    void DrawText(const ShapedText& text, double left, double baseline, const std::optional<Box>& clip) override;
     void FillBox(const Box& box) override;
     void DrawOutline(const Box& box, OutlineStyle style) override;
     void EndSheet() override;

@@ -54,8 +54,7 @@ std::size_t SkipIndex(TableReader& reader) {
     if (count == 0)
         return reader.Position();
     const int offsetSize = static_cast<int>(reader.Number(1));
-    const std::size_t data =
-        reader.Position() + std::size_t{count + 1} * static_cast<std::size_t>(offsetSize);
+    const std::size_t data = reader.Position() + std::size_t{count + 1} * static_cast<std::size_t>(offsetSize);
     reader.Seek(data - static_cast<std::size_t>(offsetSize));
     const std::uint32_t length = reader.Number(offsetSize) - 1; // offsets count from 1
     reader.Seek(data + length);
@@ -131,8 +130,7 @@ std::vector<std::uint16_t> Codes(std::string_view cffTable, std::size_t glyphCou
 std::string PostScriptName(const FontFace& face) {
     std::string name(64, '\0');
     unsigned length = static_cast<unsigned>(name.size());
-    hb_ot_name_get_utf8(face.Face(), HB_OT_NAME_ID_POSTSCRIPT_NAME, HB_LANGUAGE_INVALID, &length,
-                        name.data());
+    hb_ot_name_get_utf8(face.Face(), HB_OT_NAME_ID_POSTSCRIPT_NAME, HB_LANGUAGE_INVALID, &length, name.data());
     name.resize(length);
     std::erase_if(name, [](unsigned char c) { return !std::isalnum(c) && c != '-' && c != '_'; });
     return name.empty() ? "Font" : name;
@@ -158,18 +156,15 @@ void AppendThousandths(std::string& out, std::int32_t units, int unitsPerEm) {
 /// What a reader of PDF files has no use for: it picks glyphs by number and places them itself. A variable
 /// font is frozen in its default instance.
 constexpr hb_tag_t kDroppedTables[] = {
-    HB_TAG('G', 'S', 'U', 'B'), HB_TAG('G', 'P', 'O', 'S'), HB_TAG('G', 'D', 'E', 'F'),
-    HB_TAG('B', 'A', 'S', 'E'), HB_TAG('M', 'A', 'T', 'H'), HB_TAG('J', 'S', 'T', 'F'),
-    HB_TAG('k', 'e', 'r', 'n'), HB_TAG('c', 'm', 'a', 'p'), HB_TAG('n', 'a', 'm', 'e'),
-    HB_TAG('p', 'o', 's', 't'), HB_TAG('O', 'S', '/', '2'), HB_TAG('g', 'a', 's', 'p'),
-    HB_TAG('D', 'S', 'I', 'G'), HB_TAG('S', 'T', 'A', 'T'), HB_TAG('f', 'v', 'a', 'r'),
-    HB_TAG('g', 'v', 'a', 'r'), HB_TAG('a', 'v', 'a', 'r'), HB_TAG('c', 'v', 'a', 'r'),
-    HB_TAG('H', 'V', 'A', 'R'), HB_TAG('V', 'V', 'A', 'R'), HB_TAG('M', 'V', 'A', 'R'),
-    HB_TAG('v', 'h', 'e', 'a'), HB_TAG('v', 'm', 't', 'x'), HB_TAG('V', 'O', 'R', 'G'),
-    HB_TAG('h', 'd', 'm', 'x'), HB_TAG('V', 'D', 'M', 'X'), HB_TAG('L', 'T', 'S', 'H'),
-    HB_TAG('m', 'e', 't', 'a'), HB_TAG('C', 'O', 'L', 'R'), HB_TAG('C', 'P', 'A', 'L'),
-    HB_TAG('S', 'V', 'G', ' '), HB_TAG('s', 'b', 'i', 'x'), HB_TAG('C', 'B', 'D', 'T'),
-    HB_TAG('C', 'B', 'L', 'C'), HB_TAG('E', 'B', 'D', 'T'), HB_TAG('E', 'B', 'L', 'C'),
+    HB_TAG('G', 'S', 'U', 'B'), HB_TAG('G', 'P', 'O', 'S'), HB_TAG('G', 'D', 'E', 'F'), HB_TAG('B', 'A', 'S', 'E'),
+    HB_TAG('M', 'A', 'T', 'H'), HB_TAG('J', 'S', 'T', 'F'), HB_TAG('k', 'e', 'r', 'n'), HB_TAG('c', 'm', 'a', 'p'),
+    HB_TAG('n', 'a', 'm', 'e'), HB_TAG('p', 'o', 's', 't'), HB_TAG('O', 'S', '/', '2'), HB_TAG('g', 'a', 's', 'p'),
+    HB_TAG('D', 'S', 'I', 'G'), HB_TAG('S', 'T', 'A', 'T'), HB_TAG('f', 'v', 'a', 'r'), HB_TAG('g', 'v', 'a', 'r'),
+    HB_TAG('a', 'v', 'a', 'r'), HB_TAG('c', 'v', 'a', 'r'), HB_TAG('H', 'V', 'A', 'R'), HB_TAG('V', 'V', 'A', 'R'),
+    HB_TAG('M', 'V', 'A', 'R'), HB_TAG('v', 'h', 'e', 'a'), HB_TAG('v', 'm', 't', 'x'), HB_TAG('V', 'O', 'R', 'G'),
+    HB_TAG('h', 'd', 'm', 'x'), HB_TAG('V', 'D', 'M', 'X'), HB_TAG('L', 'T', 'S', 'H'), HB_TAG('m', 'e', 't', 'a'),
+    HB_TAG('C', 'O', 'L', 'R'), HB_TAG('C', 'P', 'A', 'L'), HB_TAG('S', 'V', 'G', ' '), HB_TAG('s', 'b', 'i', 'x'),
+    HB_TAG('C', 'B', 'D', 'T'), HB_TAG('C', 'B', 'L', 'C'), HB_TAG('E', 'B', 'D', 'T'), HB_TAG('E', 'B', 'L', 'C'),
     HB_TAG('E', 'B', 'S', 'C'),
 };
 
@@ -217,8 +212,8 @@ void PdfFont::Write(PdfWriter& writer) const {
     const int descendant = writer.Reserve(), descriptor = writer.Reserve();
     const int file = writer.Reserve(), toUnicode = writer.Reserve();
     writer.Write(object_, "<</Type/Font/Subtype/Type0/BaseFont/" + SubsetTag(glyphs_) + name_ +
-                              "/Encoding/Identity-H/DescendantFonts[" + PdfReference(descendant) +
-                              "]/ToUnicode " + PdfReference(toUnicode) + ">>");
+                              "/Encoding/Identity-H/DescendantFonts[" + PdfReference(descendant) + "]/ToUnicode " +
+                              PdfReference(toUnicode) + ">>");
     WriteDescendant(writer, descendant, descriptor);
     WriteDescriptor(writer, descriptor, file);
     WriteFile(writer, file);
@@ -227,10 +222,9 @@ void PdfFont::Write(PdfWriter& writer) const {
 
 void PdfFont::WriteDescendant(PdfWriter& writer, int object, int descriptor) const {
     const std::string kind = hasCff_ ? "/Subtype/CIDFontType0" : "/Subtype/CIDFontType2/CIDToGIDMap/Identity";
-    writer.Write(object,
-                 "<</Type/Font" + kind + "/BaseFont/" + SubsetTag(glyphs_) + name_ +
-                     "/CIDSystemInfo<</Registry(Adobe)/Ordering(Identity)/Supplement 0>>/FontDescriptor " +
-                     PdfReference(descriptor) + "/W[" + Widths() + "]>>");
+    writer.Write(object, "<</Type/Font" + kind + "/BaseFont/" + SubsetTag(glyphs_) + name_ +
+                             "/CIDSystemInfo<</Registry(Adobe)/Ordering(Identity)/Supplement 0>>/FontDescriptor " +
+                             PdfReference(descriptor) + "/W[" + Widths() + "]>>");
 }
 
 /// Pairs of a first code and the widths from there on.
@@ -250,9 +244,8 @@ std::string PdfFont::Widths() const {
 
 void PdfFont::WriteDescriptor(PdfWriter& writer, int object, int file) const {
     constexpr int kBoundingBoxInHead = 36;
-    constexpr int kSymbolic = 4; // glyphs are picked by number, not by letter
-    constexpr int kUsualStem =
-        80; // no font says how thick its stems are; readers use it only for substitutes
+    constexpr int kSymbolic = 4;   // glyphs are picked by number, not by letter
+    constexpr int kUsualStem = 80; // no font says how thick its stems are; readers use it only for substitutes
     const int unitsPerEm = face_->UnitsPerEm();
     const HbBlob head = Table(face_->Face(), HB_TAG('h', 'e', 'a', 'd'));
     TableReader reader(Bytes(head));

@@ -1,7 +1,7 @@
 #include "print/PdfReport.h"
 
-#include "app/settings/Validate.h"
 #include "base/AtomicFile.h"
+#include "document/Dialogs.h"
 #include "print/PdfCanvas.h"
 #include "print/SheetPainter.h"
 
@@ -20,13 +20,10 @@ std::vector<int> AllSheets(const rptVelmor& report) {
 std::optional<std::filesystem::path> AskForPath(MainModule& main) {
     const std::filesystem::path& document = main.document.DocFileName;
     const std::string name = document.empty() ? "Tabs" : document.stem().string();
+    const std::filesystem::path folder = document.empty() ? main.globals.TabsPath : document.parent_path();
     for (;;) {
-        const auto path = main.ui.ChooseFile(
-            {"SAVE", "Save as PDF", document.parent_path(), "PDF file (*.pdf)|*.pdf", name + ".pdf"});
-        if (!path || !FileExists(*path))
-            return path;
-        if (main.ui.Show({"Do you want to overwrite the following file?\r\n[" + path->string() + "]",
-                          main.settings.SettingsAppName, Icon::Question, Buttons::YesNo, Answer::No}) == Answer::Yes)
+        const auto path = main.ui.ChooseFile({"SAVE", "Save as PDF", folder, "PDF file (*.pdf)|*.pdf", name + ".pdf"});
+        if (!path || MayOverwrite(main, *path))
             return path;
     }
 }
@@ -65,15 +62,14 @@ void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& cata
     const auto path = AskForPath(main);
     if (!path)
         return;
-    try {
+    Trapped(main, "Called from Function: PrintReport", [&] {
         rptVelmor report = PrepareReport(main, layout, {});
         const auto progress = main.ui.StartProgress("Exporting file.  Please standby...", report.SheetCount());
         AtomicFile file(*path);
-        WritePdf(report, main, catalogue, {}, [&](std::string_view bytes) { file.Write(bytes); }, progress.get());
+        WritePdf(
+            report, main, catalogue, {}, [&](std::string_view bytes) { file.Write(bytes); }, progress.get());
         file.Commit();
-    } catch (const std::exception& error) {
-        ReportError(main, error.what(), "Called from Function: PrintReport");
-    }
+    });
 }
 
 } // namespace velmora

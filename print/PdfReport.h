@@ -5,7 +5,6 @@
 #include "platform/FontCatalogue.h"
 #include "print/rptVelmor.h"
 
-#include <filesystem>
 #include <functional>
 #include <string_view>
 #include <vector>

@@ -134,9 +134,8 @@ void PdfWriter::WriteStream(int object, std::string_view entries, const std::vec
 
 std::string_view PdfWriter::Compress(const std::vector<std::string_view>& data) {
     deflateReset(deflate_.get());
-    const std::size_t total =
-        std::accumulate(data.begin(), data.end(), std::size_t{0},
-                        [](std::size_t sum, std::string_view s) { return sum + s.size(); });
+    const std::size_t total = std::accumulate(data.begin(), data.end(), std::size_t{0},
+                                              [](std::size_t sum, std::string_view s) { return sum + s.size(); });
     if (const std::size_t bound = deflateBound(deflate_.get(), total); compressed_.size() < bound)
         compressed_.resize(bound);
     deflate_->next_out = reinterpret_cast<Bytef*>(compressed_.data());
@@ -156,12 +155,11 @@ void PdfWriter::Finish(int catalog, int information) {
     Put("xref\n0 " + count + "\n0000000000 65535 f \n");
     for (const std::uint64_t offset : offsets_) {
         std::array<char, kXrefEntryBytes + 1> entry;
-        std::snprintf(entry.data(), entry.size(), "%010llu 00000 n \n",
-                      static_cast<unsigned long long>(offset));
+        std::snprintf(entry.data(), entry.size(), "%010llu 00000 n \n", static_cast<unsigned long long>(offset));
         Put({entry.data(), kXrefEntryBytes});
     }
-    Put("trailer\n<</Size " + count + "/Root " + PdfReference(catalog) + "/Info " +
-        PdfReference(information) + ">>\nstartxref\n" + std::to_string(table) + "\n%%EOF\n");
+    Put("trailer\n<</Size " + count + "/Root " + PdfReference(catalog) + "/Info " + PdfReference(information) +
+        ">>\nstartxref\n" + std::to_string(table) + "\n%%EOF\n");
     Flush();
 }
 

@@ -10,24 +10,18 @@ constexpr double kTolerance = 0.01; // twips; less than rounding takes away
 double LeftOf(const PlacedText& placed, double width) {
     const double room = placed.box.width - width; // less than nothing where the text is too wide
     switch (placed.alignment) {
-    case kAlignRight:
-        return placed.box.left + room;
-    case kAlignCentre:
-        return placed.box.left + room / 2;
-    default:
-        return placed.box.left;
+    case kAlignRight: return placed.box.left + room;
+    case kAlignCentre: return placed.box.left + room / 2;
+    default: return placed.box.left;
     }
 }
 
 double BaselineOf(const Box& box, std::int16_t alignment, const ShapedText& text) {
     const double room = box.height - text.ascent - text.descent;
     switch (alignment) {
-    case kAlignTop:
-        return box.top + text.ascent;
-    case kAlignBottom:
-        return box.top + room + text.ascent;
-    default:
-        return box.top + room / 2 + text.ascent;
+    case kAlignTop: return box.top + text.ascent;
+    case kAlignBottom: return box.top + room + text.ascent;
+    default: return box.top + room / 2 + text.ascent;
     }
 }
 
@@ -85,8 +79,7 @@ void SheetPainter::PaintText(const PlacedText& placed, Canvas& canvas) {
         canvas.DrawText(text, left, baseline, placed.box);
     if (!text.underline)
         return;
-    const Box line =
-        Common({left, baseline + text.underlineTop, text.width, text.underlineThickness}, placed.box);
+    const Box line = Common({left, baseline + text.underlineTop, text.width, text.underlineThickness}, placed.box);
     if (line.width > 0 && line.height > 0)
         canvas.FillBox(line);
 }

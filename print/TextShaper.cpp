@@ -18,14 +18,18 @@ hb_unicode_general_category_t Category(char32_t character) {
     return hb_unicode_general_category(hb_unicode_funcs_get_default(), character);
 }
 
+bool IsPlain(char32_t character) {
+    return character < kPlainCharacters;
+}
+
 bool DrawsNothing(char32_t character) {
+    constexpr char32_t kSpace = 0x20, kDelete = 0x7F, kLastControl = 0x9F;
+    if (IsPlain(character))
+        return character < kSpace || (character >= kDelete && character <= kLastControl);
     switch (Category(character)) {
-    case HB_UNICODE_GENERAL_CATEGORY_CONTROL:
     case HB_UNICODE_GENERAL_CATEGORY_LINE_SEPARATOR:
-    case HB_UNICODE_GENERAL_CATEGORY_PARAGRAPH_SEPARATOR:
-        return true;
-    default:
-        return false;
+    case HB_UNICODE_GENERAL_CATEGORY_PARAGRAPH_SEPARATOR: return true;
+    default: return false;
     }
 }
 
@@ -35,16 +39,9 @@ bool ExtendsCluster(char32_t character) {
     case HB_UNICODE_GENERAL_CATEGORY_NON_SPACING_MARK:
     case HB_UNICODE_GENERAL_CATEGORY_ENCLOSING_MARK:
     case HB_UNICODE_GENERAL_CATEGORY_SPACING_MARK:
-    case HB_UNICODE_GENERAL_CATEGORY_FORMAT:
-        return true;
-    default:
-        return false;
+    case HB_UNICODE_GENERAL_CATEGORY_FORMAT: return true;
+    default: return false;
     }
-}
-
-bool IsPlain(char32_t character) {
-    constexpr char32_t kFirstCombining = 0x300;
-    return character < kFirstCombining;
 }
 
 std::size_t ClusterEnd(std::u32string_view characters, std::size_t begin) {
@@ -58,8 +55,7 @@ std::size_t ClusterEnd(std::u32string_view characters, std::size_t begin) {
 /// letter counts as there.
 std::optional<char32_t> FirstMissing(const FontFace& face, std::u32string_view cluster) {
     hb_codepoint_t composed = 0;
-    if (cluster.size() == 2 &&
-        hb_unicode_compose(hb_unicode_funcs_get_default(), cluster[0], cluster[1], &composed) &&
+    if (cluster.size() == 2 && hb_unicode_compose(hb_unicode_funcs_get_default(), cluster[0], cluster[1], &composed) &&
         face.HasGlyph(composed))
         return std::nullopt;
     for (const char32_t character : cluster)
@@ -72,12 +68,13 @@ bool SameTypeface(const Typeface& a, const Typeface& b) {
     return a.face == b.face && a.embolden == b.embolden && a.slant == b.slant;
 }
 
-enum class Direction { Neutral, LeftToRight, RightToLeft };
+/// How a character takes part in the order of a line: a plain form of the Unicode bidirectional algorithm,
+/// without embeddings.
+enum class Direction { Neutral, LeftToRight, RightToLeft, Number };
 
 Direction DirectionOf(char32_t character) {
-    const auto category = Category(character);
-    if (category == HB_UNICODE_GENERAL_CATEGORY_DECIMAL_NUMBER)
-        return Direction::LeftToRight; // numbers run to the right in every script
+    if (Category(character) == HB_UNICODE_GENERAL_CATEGORY_DECIMAL_NUMBER)
+        return Direction::Number;
     const hb_script_t script = hb_unicode_script(hb_unicode_funcs_get_default(), character);
     if (script == HB_SCRIPT_COMMON || script == HB_SCRIPT_INHERITED || script == HB_SCRIPT_UNKNOWN)
         return Direction::Neutral;
@@ -86,52 +83,65 @@ Direction DirectionOf(char32_t character) {
 }
 
 /// A line reads in the direction of its first letter.
-Direction LineDirection(std::u32string_view characters) {
-    for (const char32_t character : characters) {
-        if (Category(character) == HB_UNICODE_GENERAL_CATEGORY_DECIMAL_NUMBER)
-            continue;
-        if (const Direction direction = DirectionOf(character); direction != Direction::Neutral)
+Direction LineDirection(const std::vector<Direction>& directions) {
+    for (const Direction direction : directions)
+        if (direction == Direction::LeftToRight || direction == Direction::RightToLeft)
             return direction;
-    }
     return Direction::LeftToRight;
 }
 
-int LevelOf(Direction character, Direction line) {
-    if (character == Direction::RightToLeft)
-        return 1;
-    return line == Direction::RightToLeft ? 2 : 0;
+/// A separator between two digits belongs to the number; a number after a letter that runs to the right runs
+/// with it.
+void ResolveNumbers(std::vector<Direction>& directions, std::u32string_view characters, Direction line) {
+    constexpr std::u32string_view kSeparators = U"+-,./:";
+    for (std::size_t i = 1; i + 1 < directions.size(); ++i)
+        if (directions[i - 1] == Direction::Number && directions[i + 1] == Direction::Number &&
+            kSeparators.find(characters[i]) != kSeparators.npos)
+            directions[i] = Direction::Number;
+    Direction letters = line;
+    for (Direction& direction : directions) {
+        if (direction == Direction::Number && letters == Direction::LeftToRight)
+            direction = Direction::LeftToRight;
+        else if (direction == Direction::LeftToRight || direction == Direction::RightToLeft)
+            letters = direction;
+    }
 }
 
-/// The nesting level of each character: odd ones run to the left. What has no direction of its own joins its
-/// neighbours where both agree, else the line. A plain form of the Unicode bidirectional algorithm, without
-/// embeddings.
+/// What has no direction of its own joins its neighbours where both agree, else the line.
+void ResolveNeutrals(std::vector<Direction>& directions, Direction line) {
+    const auto asLetter = [](Direction d) { return d == Direction::Number ? Direction::RightToLeft : d; };
+    Direction before = line;
+    for (auto i = directions.begin(); i != directions.end();) {
+        const auto end = std::find_if(i, directions.end(), [](Direction d) { return d != Direction::Neutral; });
+        const Direction after = end == directions.end() ? line : asLetter(*end);
+        std::fill(i, end, before == after ? before : line);
+        if (end == directions.end())
+            return;
+        before = after;
+        i = end + 1;
+    }
+}
+
+/// The nesting level of each character: odd ones run to the left.
 std::vector<std::uint8_t> Levels(std::u32string_view characters) {
     std::vector<std::uint8_t> levels(characters.size(), 0);
     if (std::all_of(characters.begin(), characters.end(), IsPlain))
         return levels;
-    const Direction line = LineDirection(characters);
-    Direction before = line;
-    std::size_t neutrals = 0;
-    for (std::size_t i = 0; i <= characters.size(); ++i) {
-        const Direction direction = i < characters.size() ? DirectionOf(characters[i]) : line;
-        if (direction == Direction::Neutral) {
-            ++neutrals;
-            continue;
-        }
-        const int between = before == direction ? LevelOf(direction, line) : line == Direction::RightToLeft;
-        std::fill_n(levels.begin() + static_cast<std::ptrdiff_t>(i - neutrals), neutrals, between);
-        if (i < levels.size())
-            levels[i] = static_cast<std::uint8_t>(LevelOf(direction, line));
-        before = direction;
-        neutrals = 0;
-    }
+    std::vector<Direction> directions(characters.size());
+    std::transform(characters.begin(), characters.end(), directions.begin(), DirectionOf);
+    const Direction line = LineDirection(directions);
+    ResolveNumbers(directions, characters, line);
+    ResolveNeutrals(directions, line);
+    const std::uint8_t toTheRight = line == Direction::RightToLeft ? 2 : 0;
+    std::transform(directions.begin(), directions.end(), levels.begin(), [&](Direction direction) -> std::uint8_t {
+        return direction == Direction::RightToLeft ? 1 : direction == Direction::Number ? 2 : toTheRight;
+    });
     return levels;
 }
 
 /// Gives each glyph the characters it stands for; where several stand for the same, the first in reading has
 /// them.
-void AssignSources(std::vector<ShapedGlyph>& glyphs, const hb_glyph_info_t* infos, bool toTheLeft,
-                   std::size_t end) {
+void AssignSources(std::vector<ShapedGlyph>& glyphs, const hb_glyph_info_t* infos, bool toTheLeft, std::size_t end) {
     const std::size_t count = glyphs.size();
     const auto inReading = [&](std::size_t i) { return toTheLeft ? count - 1 - i : i; };
     for (std::size_t i = 0; i < count;) {
@@ -144,6 +154,13 @@ void AssignSources(std::vector<ShapedGlyph>& glyphs, const hb_glyph_info_t* info
         glyphs[inReading(i)].sourceLength = static_cast<std::uint32_t>(stop - cluster);
         i = next;
     }
+}
+
+/// A bracket in a run to the left is drawn as its counterpart, and that is what the glyph stands for
+/// elsewhere too.
+void Mirror(std::u32string& characters, std::size_t begin, std::size_t end) {
+    for (std::size_t i = begin; i < end; ++i)
+        characters[i] = hb_unicode_mirroring(hb_unicode_funcs_get_default(), characters[i]);
 }
 
 /// From the order of reading to the order from left to right: each stretch of a level or above is turned
@@ -208,8 +225,7 @@ Box InkBox(const ShapedText& text) {
             stroke = text.fontSize * kEmboldenStroke;
         for (const ShapedGlyph& glyph : run.glyphs) {
             hb_glyph_extents_t extents{};
-            if (hb_font_get_glyph_extents(run.typeface.face->Font(), glyph.id, &extents) &&
-                extents.width != 0)
+            if (hb_font_get_glyph_extents(run.typeface.face->Font(), glyph.id, &extents) && extents.width != 0)
                 ink.Add(extents, pen + glyph.xOffset * unit, -glyph.yOffset * unit, unit,
                         run.typeface.slant ? kSlantShear : 0);
             pen += glyph.advance * unit;
@@ -217,14 +233,14 @@ Box InkBox(const ShapedText& text) {
     }
     if (ink.left > ink.right)
         return {};
-    return {ink.left - stroke / 2, ink.top - stroke / 2, ink.right - ink.left + stroke,
-            ink.bottom - ink.top + stroke};
+    return {ink.left - stroke / 2, ink.top - stroke / 2, ink.right - ink.left + stroke, ink.bottom - ink.top + stroke};
 }
 
 std::u32string Characters(std::string_view utf8) {
+    if (std::all_of(utf8.begin(), utf8.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+        return {utf8.begin(), utf8.end()};
     const HbBuffer buffer(hb_buffer_create());
-    hb_buffer_add_utf8(buffer.get(), utf8.data(), static_cast<int>(utf8.size()), 0,
-                       static_cast<int>(utf8.size()));
+    hb_buffer_add_utf8(buffer.get(), utf8.data(), static_cast<int>(utf8.size()), 0, static_cast<int>(utf8.size()));
     unsigned count = 0;
     const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer.get(), &count);
     std::u32string characters;
@@ -261,7 +277,7 @@ void ShapedTextCache::MakeRoom(const ShapedText& shaped) {
 TextShaper::TextShaper(const FontCatalogue& catalogue, const FontSettings& fonts)
     : catalogue_(catalogue), buffer_(hb_buffer_create()), language_(hb_language_from_string("und", -1)) {
     for (const FieldFont& font : fonts)
-        fields_.push_back({font, {font.Name, font.Bold, font.Italic}, {}, {}, {}});
+        fields_.push_back({font, {font.Name, font.Bold, font.Italic}, {}, {}, {}, {}});
     // A cluster for each character keeps the accents of a letter apart: text copied from a PDF is then exact.
     hb_buffer_set_cluster_level(buffer_.get(), HB_BUFFER_CLUSTER_LEVEL_MONOTONE_CHARACTERS);
 }
@@ -304,19 +320,22 @@ ShapedText TextShaper::ShapeNew(FieldState& state, std::string_view text) {
     for (const Piece& piece : Itemize(state, shaped.characters)) {
         shaped.runs.push_back(ShapePiece(shaped.characters, piece));
         shaped.width += RunWidth(shaped.runs.back(), shaped.fontSize);
+        if (piece.level % 2 == 1)
+            Mirror(shaped.characters, piece.begin, piece.end);
     }
     return shaped;
 }
 
 TextShaper::Pieces TextShaper::Itemize(FieldState& state, const std::u32string& characters) {
+    const auto isSimple = [&](char32_t character) { return IsPlain(character) && HasPlainGlyph(state, character); };
+    if (!characters.empty() && std::all_of(characters.begin(), characters.end(), isSimple))
+        return {{0, characters.size(), &state.typeface, 0}};
     const std::vector<std::uint8_t> levels = Levels(characters);
     Pieces pieces;
     for (std::size_t begin = 0; begin < characters.size();) {
         const std::size_t end = ClusterEnd(characters, begin);
-        const Typeface& typeface =
-            TypefaceFor(state, std::u32string_view(characters).substr(begin, end - begin));
-        if (!pieces.empty() && pieces.back().level == levels[begin] &&
-            SameTypeface(*pieces.back().typeface, typeface))
+        const Typeface& typeface = TypefaceFor(state, std::u32string_view(characters).substr(begin, end - begin));
+        if (!pieces.empty() && pieces.back().level == levels[begin] && SameTypeface(*pieces.back().typeface, typeface))
             pieces.back().end = end;
         else
             pieces.push_back({begin, end, &typeface, levels[begin]});
@@ -324,6 +343,13 @@ TextShaper::Pieces TextShaper::Itemize(FieldState& state, const std::u32string& 
     }
     OrderForTheEye(pieces);
     return pieces;
+}
+
+bool TextShaper::HasPlainGlyph(FieldState& state, char32_t character) {
+    auto& presence = state.plainGlyphs[character];
+    if (!presence)
+        presence = state.typeface.face->HasGlyph(character);
+    return *presence;
 }
 
 /// The field's own typeface unless it lacks a character of the cluster that another one has.
@@ -369,8 +395,7 @@ GlyphRun TextShaper::ShapePiece(const std::u32string& characters, const Piece& p
     const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
     GlyphRun run{*piece.typeface, std::vector<ShapedGlyph>(count), 0};
     for (unsigned i = 0; i < count; ++i) {
-        run.glyphs[i] = {infos[i].codepoint, positions[i].x_advance, positions[i].x_offset,
-                         positions[i].y_offset};
+        run.glyphs[i] = {infos[i].codepoint, positions[i].x_advance, positions[i].x_offset, positions[i].y_offset};
         run.advance += positions[i].x_advance;
     }
     AssignSources(run.glyphs, infos, toTheLeft, piece.end);

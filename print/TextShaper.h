@@ -7,9 +7,11 @@
 #include "print/FontFace.h"
 #include "print/Sheet.h"
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -50,7 +52,7 @@ struct GlyphRun {
 
 /// One line of text. Lengths in twips.
 struct ShapedText {
-    std::u32string characters; ///< those that draw something, as they are read
+    std::u32string characters; ///< those that draw something, in the order of reading; brackets as drawn
     std::vector<GlyphRun> runs;
     double fontSize = 0; ///< the em
     double width = 0;
@@ -88,6 +90,9 @@ private:
     std::size_t youngCost_ = 0; ///< in glyphs
 };
 
+/// Characters below this one are Latin letters, digits and signs, which neither combine nor run to the left.
+inline constexpr char32_t kPlainCharacters = 0x300;
+
 /// Shapes texts in the fonts of the three fields. Loads a font when it is first needed.
 class TextShaper {
 public:
@@ -103,6 +108,8 @@ private:
         FieldFont font;
         FontRequest request;
         Typeface typeface; ///< no face before the field's first text
+        /// Whether its face has a plain character; nothing: not asked yet.
+        std::array<std::optional<bool>, kPlainCharacters> plainGlyphs;
         std::unordered_map<char32_t, Typeface> fallbacks;
         ShapedTextCache cache;
     };
@@ -113,6 +120,7 @@ private:
     Typeface Open(const FontFile& file);
     ShapedText ShapeNew(FieldState& state, std::string_view text);
     Pieces Itemize(FieldState& state, const std::u32string& characters);
+    static bool HasPlainGlyph(FieldState& state, char32_t character);
     const Typeface& TypefaceFor(FieldState& state, std::u32string_view cluster);
     const Typeface& Fallback(FieldState& state, char32_t character);
     GlyphRun ShapePiece(const std::u32string& characters, const Piece& piece);

@@ -28,14 +28,17 @@ const std::array<TabStyle, kTabStyles> kStyles = {{
 
 constexpr std::array<std::string_view, kFieldsPerTab> kTestTexts = {"Field 1", "Field 2", "Field 3"};
 
-double Millimetres(std::string_view text) {
+/// Raises TypeMismatchError, which names the setting, for what is no number.
+double Millimetres(const SettingKey& key, std::string_view text) {
+    if (!IsNumeric(text))
+        throw TypeMismatchError(std::string(key.key));
     return ToDouble(text) * kTwipsPerMm;
 }
 
 /// Only probes for the stored tab top: a default written back by one style would hold for all that share the key.
 double TabTopTwips(const SettingKey& key, SettingsStore& store) {
     const std::string stored = GetSetting(store, store.SettingsAppName, key.section, key.key, kProbe);
-    return Millimetres(stored == kProbe ? key.fallback : std::string_view(stored));
+    return Millimetres(key, stored == kProbe ? key.fallback : std::string_view(stored));
 }
 
 Box Shifted(const Box& box, double left, double top) {
@@ -46,7 +49,7 @@ Box Shifted(const Box& box, double left, double top) {
 
 PageMargins ReadPageMargins(SettingsStore& store) {
     const auto margin = [&](const SettingKey& key) {
-        return Millimetres(GetSetting(store, store.SettingsAppName, key.section, key.key, key.fallback));
+        return Millimetres(key, GetSetting(store, store.SettingsAppName, key.section, key.key, key.fallback));
     };
     return {margin(kMarginLeft), margin(kMarginTop)};
 }
@@ -144,8 +147,7 @@ void rptVelmor::LayOutSheet(int number, Sheet& sheet) {
     for (int row = 0; row < rows_; ++row) {
         for (int column = 0; column < cols_; ++column) {
             ActiveReport_FetchData(endOfData);
-            PlaceRecord(sheet, margins_.left + column * layout_.ColumnWidth,
-                        margins_.top + row * layout_.RowHeight);
+            PlaceRecord(sheet, margins_.left + column * layout_.ColumnWidth, margins_.top + row * layout_.RowHeight);
         }
     }
 }

@@ -18,9 +18,9 @@ namespace {
 namespace fs = std::filesystem;
 
 TEST(Numbers, AHalfGoesToTheEvenNeighbour) {
-    const std::pair<double, int> cases[] = {{0.5, 0},   {1.5, 2},   {2.5, 2},    {-0.5, 0},   {-1.5, -2},
-                                            {-2.5, -2}, {2.49, 2},  {2.51, 3},   {-2.51, -3}, {1.02 + 0.49, 2},
-                                            {1.49, 1},  {32766.5, 32766}};
+    const std::pair<double, int> cases[] = {{0.5, 0},    {1.5, 2},         {2.5, 2},  {-0.5, 0},
+                                            {-1.5, -2},  {-2.5, -2},       {2.49, 2}, {2.51, 3},
+                                            {-2.51, -3}, {1.02 + 0.49, 2}, {1.49, 1}, {32766.5, 32766}};
     for (const auto& [value, rounded] : cases)
         EXPECT_EQ(ToInt16(value), rounded) << value;
 }
@@ -39,14 +39,15 @@ TEST(Numbers, WhatLeavesItsRangeIsAnOverflow) {
 }
 
 TEST(Numbers, NumbersInText) {
-    const std::pair<const char*, double> numbers[] = {{"7", 7},      {" 7 ", 7},     {"-7", -7},       {"+7", 7},
-                                                      {".5", 0.5},   {"5.", 5},      {"007", 7},       {"1e3", 1000},
-                                                      {"1D-2", 0.01}, {"\t2\t", 2},  {"-1.5E+2", -150}, {"1e-400", 0}};
+    const std::pair<const char*, double> numbers[] = {{"7", 7},       {" 7 ", 7},   {"-7", -7},        {"+7", 7},
+                                                      {".5", 0.5},    {"5.", 5},    {"007", 7},        {"1e3", 1000},
+                                                      {"1D-2", 0.01}, {"\t2\t", 2}, {"-1.5E+2", -150}, {"1e-400", 0}};
     for (const auto& [text, value] : numbers) {
         EXPECT_TRUE(IsNumeric(text)) << text;
         EXPECT_DOUBLE_EQ(ToDouble(text), value) << text;
     }
-    for (const char* text : {"", " ", ".", "-", "abc", "1e", "1e+", "1 2", "0x10", "1.2.3", "nan", "inf", "7mm", "--1"}) {
+    for (const char* text :
+         {"", " ", ".", "-", "abc", "1e", "1e+", "1 2", "0x10", "1.2.3", "nan", "inf", "7mm", "--1"}) {
         EXPECT_FALSE(IsNumeric(text)) << text;
         EXPECT_THROW(ToDouble(text), TypeMismatchError) << text;
     }
@@ -102,8 +103,7 @@ TEST(Encoding, Utf16KeepsEveryCharacterOrRefuses) {
         EXPECT_EQ(FromUtf16(utf16), utf8);
     }
     for (const std::string& bytes : {std::string("a"), std::string("\0\xD8", 2), std::string("\0\xDC", 2),
-                                     std::string("\0\xD8\0\xD8", 4),
-                                     std::string("\0\xD8x\0", 4)})
+                                     std::string("\0\xD8\0\xD8", 4), std::string("\0\xD8x\0", 4)})
         EXPECT_EQ(FromUtf16(bytes), std::nullopt);
     EXPECT_EQ(ToUtf16("a\xED\xA0\x80"), std::nullopt);
 }

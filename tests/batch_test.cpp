@@ -37,7 +37,7 @@ struct BatchTest : testing::Test {
 
     Result Batch(const std::string& arguments) {
         return Shell("cd '" + folder.Path().string() + "' && VELMORA_HOME='" + folder.Path().string() + "' '" +
-                   VELMORA_BATCH + "' " + arguments);
+                     VELMORA_BATCH + "' " + arguments);
     }
     void Write(const std::string& name, const std::string& text) { ReplaceFile(folder / name, text); }
 };
@@ -141,7 +141,8 @@ TEST_F(BatchTest, EveryWordStandsOnItsTab) {
 }
 
 TEST_F(BatchTest, ATurnedSheetIsFedShortEdgeFirst) {
-    Write("in.csv", TabFileText(5, 1, "0,0", 12, [](int tab) { return "A" + std::to_string(tab) + ",,"; }, "DL_v"));
+    Write("in.csv", TabFileText(
+                        5, 1, "0,0", 12, [](int tab) { return "A" + std::to_string(tab) + ",,"; }, "DL_v"));
     ASSERT_EQ(Batch("pdf in.csv -o out.pdf").code, 0);
     const auto words = Words(folder / "out.pdf");
     EXPECT_NEAR(words.at("").right, 110, 0.1);
@@ -218,7 +219,7 @@ TEST_F(BatchTest, FailuresAreOneClearLine) {
         {"pdf nul.csv -o old.pdf", "velmora-batch: nul.csv: line 1: holds bytes that are no text\n"},
         {"info long.csv", "velmora-batch: long.csv: line 1: longer than 32767 bytes\n"},
         {"pdf many.csv -o old.pdf", "velmora-batch: many.csv: Overflow: a document holds at most 32767 tabs\n"},
-        {"pdf margin.csv -o old.pdf", "velmora-batch: margin.csv: Type mismatch\n"},
+        {"pdf margin.csv -o old.pdf", "velmora-batch: margin.csv: Type mismatch: Margin Value Left\n"},
         {"pdf new.csv -o none/out.pdf", "velmora-batch: none/out.pdf: No such file or directory\n"}};
     ASSERT_EQ(Batch("new --type 0 --fields 1 -o new.csv").code, 0);
     for (const auto& [arguments, output] : cases) {
@@ -227,9 +228,9 @@ TEST_F(BatchTest, FailuresAreOneClearLine) {
         EXPECT_EQ(result.output, output);
         EXPECT_EQ(ReadFile(folder / "old.pdf"), "old") << arguments;
     }
-    for (const char* arguments : {"", "fly", "pdf new.csv", "pdf new.csv -o x.pdf --pages 2", "info",
-                                  "pdf new.csv -o x.pdf --pages 3-1", "new --type 6 --fields 1 -o x.csv",
-                                  "settings set a b c"}) {
+    for (const char* arguments :
+         {"", "fly", "pdf new.csv", "pdf new.csv -o x.pdf --pages 2", "info", "pdf new.csv -o x.pdf --pages 3-1",
+          "new --type 6 --fields 1 -o x.csv", "settings set a b c"}) {
         EXPECT_EQ(Batch(arguments).code, 2) << arguments;
         EXPECT_FALSE(fs::exists(folder / "x.pdf"));
     }

@@ -122,12 +122,18 @@ TEST_F(DocumentTest, TooManyTabsAreAnOverflowAndChangeNothing) {
 TEST_F(DocumentTest, AFirstStartFillsTheIniFile) {
     ASSERT_EQ(LoadGlobals(program.main), LoadOutcome::Loaded);
     const std::tuple<const char*, const char*, const char*> defaults[] = {
-        {"Settings", "Ask before delete", "True"}, {"Settings", "Start with setup", "True"},
-        {"Settings", "Stationery Type", "A4"},     {"Settings", "Page Size", "A4"},
-        {"Settings", "OptType", "0"},              {"Settings", "Printer", "Velmora PDF"},
-        {"Settings", "No Of Fields", "3"},         {"Font Settings", "Font Name 2", "Arial"},
-        {"Font Settings", "Font Size 3", "10"},    {"Font Settings", "Horizontal Alignment 2", "0"},
-        {"Font Settings", "Horizontal Alignment 3", "1"}, {"Font Settings", "Vertical Alignment 1", "1"}};
+        {"Settings", "Ask before delete", "True"},
+        {"Settings", "Start with setup", "True"},
+        {"Settings", "Stationery Type", "A4"},
+        {"Settings", "Page Size", "A4"},
+        {"Settings", "OptType", "0"},
+        {"Settings", "Printer", "Velmora PDF"},
+        {"Settings", "No Of Fields", "3"},
+        {"Font Settings", "Font Name 2", "Arial"},
+        {"Font Settings", "Font Size 3", "10"},
+        {"Font Settings", "Horizontal Alignment 2", "0"},
+        {"Font Settings", "Horizontal Alignment 3", "1"},
+        {"Font Settings", "Vertical Alignment 1", "1"}};
     for (const auto& [section, key, value] : defaults)
         EXPECT_EQ(program.Stored(section, key), value) << key;
     EXPECT_EQ(program.main.fonts[2].HorizontalAlignment, kAlignRight);
@@ -207,9 +213,11 @@ TEST_F(DocumentTest, TheStatusLineShowsTheDocument) {
 }
 
 TEST_F(DocumentTest, ADlTypeKeepsItsLayout) {
-    const std::tuple<int, const char*, const char*, const char*> cases[] = {
-        {0, "DL_h", "A4", "A4_8"},   {3, "A4", "A4", "A4_9"},     {4, "A4", "DL_v", "DL_v"},
-        {5, "DL_h", "DL_h", "DL_h"}, {4, "DL_v", "DL_v", "DL_v"}};
+    const std::tuple<int, const char*, const char*, const char*> cases[] = {{0, "DL_h", "A4", "A4_8"},
+                                                                            {3, "A4", "A4", "A4_9"},
+                                                                            {4, "A4", "DL_v", "DL_v"},
+                                                                            {5, "DL_h", "DL_h", "DL_h"},
+                                                                            {4, "DL_v", "DL_v", "DL_v"}};
     for (const auto& [type, before, stationery, layout] : cases) {
         document.OptType = static_cast<std::int16_t>(type);
         document.StationeryType = before;

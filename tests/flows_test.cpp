@@ -13,6 +13,10 @@ namespace fs = std::filesystem;
 
 const std::string kSaveQuestion = "Do you want to save the current document?";
 
+const std::string kNoSpreadsheets =
+    "You have to have Microsoft Excel 2000 (or latter) installed on your PC if you want "
+    "to open or import an Excel file!";
+
 struct FlowsTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
     TabDocument& document = program.main.document;
@@ -25,8 +29,12 @@ struct FlowsTest : testing::Test {
     }
     fs::path Path(const char* name) { return program.folder / name; }
     std::string Named(const char* name) { return "[" + Path(name).string() + "]"; }
-    void Ask(const std::string& text, Answer answer, Buttons buttons = Buttons::YesNoCancel) {
-        program.ui.Expect(text, Icon::Question, buttons, answer);
+    void Ask(const std::string& text, Answer answer) {
+        program.ui.Expect(text, Icon::Question, Buttons::YesNoCancel, answer);
+    }
+    void AskToOverwrite(const char* name, Answer answer) {
+        program.ui.Expect("Do you want to overwrite the following file?\r\n" + Named(name), Icon::Question,
+                          Buttons::YesNo, answer, Answer::No);
     }
     void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
 };
@@ -44,15 +52,16 @@ TEST_F(FlowsTest, ANewNameIsSavedWithoutAWordAndKept) {
 
 TEST_F(FlowsTest, AnExistingFileIsAskedAboutAndANoReturnsToTheChooser) {
     ReplaceFile(Path("a.csv"), "old");
-    const std::string question = "Do you want to overwrite the following file?\r\n" + Named("a.csv");
-    program.ui.ExpectChooser("Save as", Path("a.csv"));
-    Ask(question, Answer::No, Buttons::YesNo);
+    program.ui.ExpectChooser("Save as", Path("a.csv"), "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
+    AskToOverwrite("a.csv", Answer::No);
+    program.ui.ExpectChooser("Save as", Path("a.XLS"));
+    Tell(kNoSpreadsheets, Icon::Critical);
     program.ui.ExpectChooser("Save as", std::nullopt);
     EXPECT_EQ(SaveLabels(program.main, true), SaveOutcome::Cancelled);
     EXPECT_EQ(ReadFile(Path("a.csv")), "old");
     EXPECT_TRUE(document.DocChanged);
     program.ui.ExpectChooser("Save as", Path("a.csv"));
-    Ask(question, Answer::Yes, Buttons::YesNo);
+    AskToOverwrite("a.csv", Answer::Yes);
     Tell("File saved successfully");
     EXPECT_EQ(SaveLabels(program.main, true), SaveOutcome::Saved);
 }
@@ -83,7 +92,8 @@ TEST_F(FlowsTest, CommasAreToldOnceForASave) {
 
 TEST_F(FlowsTest, OpeningAnnouncesWhatIsNoVersion8File) {
     ReplaceFile(Path("plain.csv"), "one\r\n");
-    program.ui.ExpectChooser("Open", Path("plain.csv"));
+    program.ui.ExpectChooser("Open", Path("plain.csv"),
+                             "OPEN|Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|Tabs.csv");
     Tell("The file: " + Named("plain.csv") +
          " is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
     EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened); // untitled before: nothing asked
@@ -118,12 +128,47 @@ TEST_F(FlowsTest, OpeningRefusesWhatIsNoDocument) {
     EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Failed);
     ReplaceFile(Path("sheet.xls"), "");
     program.ui.ExpectChooser("Open", Path("sheet.xls"));
-    Tell("You have to have Microsoft Excel 2000 (or latter) installed on your PC if you want to open or import an "
-         "Excel file!",
-         Icon::Critical);
+    Tell(kNoSpreadsheets, Icon::Critical);
     Tell("The file could not be opened successfully");
     EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Failed);
     EXPECT_EQ(document.FieldA(1), "typed");
+}
+
+TEST_F(FlowsTest, TwoRunningCopiesKeepTheirOwnDocuments) {
+    const auto header = [](const char* line) {
+        return "Version 8\r\n" + std::string(line) +
+               "\r\n0,0\r\nArial,10,False,False,False,0,1\r\nArial,10,False,False,False,0,1\r\n"
+               "Arial,10,False,False,False,1,1\r\n";
+    };
+    ReplaceFile(Path("a4.csv"), header("P,A4,0,1"));
+    ReplaceFile(Path("dl.csv"), header("Q,DL_h,5,3"));
+    TestProgram other([](const std::string& text) { ADD_FAILURE() << text; });
+    other.settings.IniFile = program.settings.IniFile;
+    Tell("There are no information to import.");
+    OpenFile(program.main, Path("a4.csv"));
+    other.ui.Expect("There are no information to import.", Icon::Information);
+    OpenFile(other.main, Path("dl.csv"));
+    RefreshDocumentStatus(program.main);
+    EXPECT_EQ(document.OptType, 0);
+    Tell("File saved successfully");
+    SaveLabels(program.main, false);
+    EXPECT_TRUE(ReadFile(Path("a4.csv")).starts_with(header("P,A4,0,1")));
+}
+
+TEST_F(FlowsTest, AnIniFileThatCannotBeWrittenStopsNoWork) {
+    fs::remove(program.settings.IniFile);
+    fs::create_directory(program.settings.IniFile);
+    ReplaceFile(Path("a.csv"), "one\r\n");
+    ReplaceFile(Path("bad.csv"), "Version 8\r\nP,DL_h,5,1\r\n");
+    Tell(program.settings.IniFile.string() + ": Is a directory", Icon::Exclamation); // once
+    EXPECT_EQ(OpenFile(program.main, Path("a.csv")), OpenOutcome::Opened);
+    NewDocument(program.main);
+    fs::remove(program.settings.IniFile);
+    Tell("line 3: the header ends here; it has 6 lines\r\nCalled form Sub:LoadData", Icon::Critical);
+    Tell("Could not finish process");
+    EXPECT_EQ(OpenFile(program.main, Path("bad.csv")), OpenOutcome::Failed);
+    EXPECT_EQ(document.OptType, 0);
+    EXPECT_FALSE(fs::exists(program.settings.IniFile)) << "a refused file leaves no trace in the settings";
 }
 
 TEST_F(FlowsTest, NewAsksAboutANamedDocumentOnly) {

@@ -25,7 +25,7 @@ struct PagesTest : testing::Test {
         document.DocChanged = false;
     }
     void Ask(const char* question, Answer answer) {
-        program.ui.Expect(question, Icon::Question, Buttons::YesNo, answer);
+        program.ui.Expect(question, Icon::Question, Buttons::YesNo, answer, Answer::No);
     }
 };
 

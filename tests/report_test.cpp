@@ -153,9 +153,8 @@ TEST_F(ReportTest, APartPageEndsTheRun) {
 }
 
 TEST_F(ReportTest, PaperFollowsStationeryAndLayout) {
-    const std::tuple<const char*, const char*, double, double, bool> cases[] = {{"A4", "A4", 210, 297, false},
-                                                                                {"DL", "DL_v", 110, 220, true},
-                                                                                {"DL", "DL_h", 220, 110, false}};
+    const std::tuple<const char*, const char*, double, double, bool> cases[] = {
+        {"A4", "A4", 210, 297, false}, {"DL", "DL_v", 110, 220, true}, {"DL", "DL_h", 220, 110, false}};
     for (const auto& [stationery, layoutName, width, height, turned] : cases) {
         const Paper paper = SheetPaper(stationery, layoutName);
         EXPECT_EQ(paper.widthMm, width);

@@ -61,7 +61,7 @@ TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
     EXPECT_EQ(Start("settings"), StartOutcome::Ended);
     EXPECT_EQ(forms.shown, 0);
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
-    test.ui.Expect("Could not load the following file [SETTINGS x]", Icon::Critical);
+    test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
     EXPECT_EQ(Start("SETTINGS x"), StartOutcome::Running);
 }
 
@@ -85,6 +85,8 @@ TEST_F(StartTest, AFolderIsTakenOnlyWithItsMarker) {
     fs::remove(test.folder / "Images");
     fs::create_directory(test.folder / "Pictures");
     ReplaceFile(test.folder / "Pictures/a4_ALPHA_new.gif", "");
+    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::Cancel);
+    test.ui.Expect("This task will be canceled.", Icon::Information);
     test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::No);
     test.ui.ExpectChooser("Open Velmora path", test.folder / "Tabs");
     test.ui.Expect("The folder '" + (test.folder / "Tabs").string() + "' does not hold the file 'A4_alpha_New.gif'.",

@@ -44,9 +44,9 @@ struct TabFileTest : testing::Test {
 TEST_F(TabFileTest, AFileComesBackByteForByte) {
     const std::string files[] = {
         kHeader + "Smith,2024,\r\nJones,2024,unused\r\n" + Tabs(10),
-        kHeader + "Ho\xC3\xABr,\xE2\x82\xAC,\r\n" + Tabs(23),
-        kHeader + "Ho\xEBr,\x80,\r\n" + Tabs(11),
-        "Version 8\r\nP,A4,3,3\r\n12,3\r\nA,8,0,-1,True,2,2\r\nB,72,True,False,True,1,0\r\nC,10.5,False,False,False,0,1\r\n" +
+        kHeader + "Ho\xC3\xABr,\xE2\x82\xAC,\r\n" + Tabs(23), kHeader + "Ho\xEBr,\x80,\r\n" + Tabs(11),
+        "Version "
+        "8\r\nP,A4,3,3\r\n12,3\r\nA,8,0,-1,True,2,2\r\nB,72,True,False,True,1,0\r\nC,10.5,False,False,False,0,1\r\n" +
             Tabs(54, " x , y ,\xC3\xAA\r\n")};
     for (const std::string& file : files) {
         ASSERT_EQ(Open(file), OpenOutcome::Opened);
@@ -187,15 +187,19 @@ TEST(TabFileBad, RandomBytesNeverCrash) {
         CheckTabFile("Version 8" + bytes);
         try {
             ParseTabFile("VERSION" + bytes);
-        } catch (const TabFileError&) {
-        }
+        } catch (const TabFileError&) {}
     }
 }
 
 TEST(TabFileLines, EveryEndOfLineIsUnderstood) {
-    const std::pair<std::string, std::vector<std::string>> cases[] = {
-        {"", {}},          {"a", {"a"}},     {"a\r\nb\r\n", {"a", "b"}}, {"a\nb", {"a", "b"}},
-        {"a\rb\r", {"a", "b"}}, {"\n\n", {"", ""}}, {"a\r\n\rb", {"a", "", "b"}}, {"a\rb\nc", {"a", "b", "c"}}};
+    const std::pair<std::string, std::vector<std::string>> cases[] = {{"", {}},
+                                                                      {"a", {"a"}},
+                                                                      {"a\r\nb\r\n", {"a", "b"}},
+                                                                      {"a\nb", {"a", "b"}},
+                                                                      {"a\rb\r", {"a", "b"}},
+                                                                      {"\n\n", {"", ""}},
+                                                                      {"a\r\n\rb", {"a", "", "b"}},
+                                                                      {"a\rb\nc", {"a", "b", "c"}}};
     for (const auto& [text, lines] : cases) {
         std::vector<std::string> read;
         LineReader reader(text);
@@ -231,8 +235,10 @@ TEST(TabFileCheckTest, EveryProblemHasItsLine) {
         const bool found = std::any_of(problems.begin(), problems.end(), [&](const TabFileProblem& problem) {
             return problem.line == line && problem.text == text;
         });
-        EXPECT_TRUE(found) << text << (problems.empty() ? "" : "; first: " + std::to_string(problems[0].line) + " " +
-                                                                   problems[0].text);
+        EXPECT_TRUE(found) << text
+                           << (problems.empty()
+                                   ? ""
+                                   : "; first: " + std::to_string(problems[0].line) + " " + problems[0].text);
     }
 }
 

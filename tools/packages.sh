@@ -17,6 +17,7 @@ nlohmann-json3-dev  has_file include/nlohmann/json.hpp
 libgtest-dev        has_pkg gtest
 fonts-liberation    has_font "Liberation Sans"
 fonts-dejavu-core   has_font "DejaVu Sans"
+fonts-dejavu-extra  has_font "DejaVu Math TeX Gyre"
 fontconfig          command -v fc-list
 poppler-utils       command -v pdftotext
 qpdf                command -v qpdf

@@ -56,8 +56,7 @@ std::string CSetting::ReadIni(std::string_view section, std::string_view key, st
     return std::string(CutAtNul(LeftCharacters(value, kIniValueCharacters)));
 }
 
-std::string CSetting::GetSettingStr(std::string_view section, std::string_view key,
-                                    std::string_view fallback) {
+std::string CSetting::GetSettingStr(std::string_view section, std::string_view key, std::string_view fallback) {
     if (saveMode_ == 0)
         return ReadRegistry(globals_, globals_.SettingsAppName, section, key, fallback);
     std::string value = ReadIni(section, key, fallback);
@@ -68,8 +67,8 @@ std::string CSetting::GetSettingStr(std::string_view section, std::string_view k
 
 std::int16_t CSetting::GetSettingInt(std::string_view section, std::string_view key, std::int16_t fallback) {
     if (saveMode_ == 0)
-        return ToInt16(ProfileInteger(
-            ReadRegistry(globals_, globals_.SettingsAppName, section, key, std::to_string(fallback))));
+        return ToInt16(
+            ProfileInteger(ReadRegistry(globals_, globals_.SettingsAppName, section, key, std::to_string(fallback))));
     return ToInt16(File().Text().ReadInt(section, key, fallback));
 }
 
@@ -109,8 +108,7 @@ bool CSetting::SaveSettingStr(std::string_view section, std::string_view key, st
 
 bool CSetting::SaveSettingInt(std::string_view section, std::string_view key, std::int32_t value) {
     if (saveMode_ == 0)
-        return WriteRegistry(globals_, globals_.SettingsAppName, section, key,
-                             static_cast<std::uint32_t>(value));
+        return WriteRegistry(globals_, globals_.SettingsAppName, section, key, static_cast<std::uint32_t>(value));
     return SaveSettingStr(section, key, std::to_string(value));
 }
 

@@ -3,6 +3,9 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace velmora {
 namespace {
 
@@ -16,6 +19,24 @@ bool IsBetween(std::string_view text, double least, double end) {
 }
 
 } // namespace
+
+bool IsDocumentKey(std::string_view section, std::string_view key) {
+    const SettingKey* const carried[] = {&kPrinter,   &kStationeryType, &kOptType,  &kNoOfFields,
+                                         &kNoOfPages, &kMarginLeft,     &kMarginTop};
+    return section == kFontSection || std::any_of(std::begin(carried), std::end(carried), [&](const SettingKey* row) {
+               return row->section == section && row->key == key;
+           });
+}
+
+std::filesystem::path WithSeparator(const std::filesystem::path& folder) {
+    return folder.empty() || !folder.has_filename() ? folder : folder / "";
+}
+
+void SaveFolder(SettingsStore& store, std::string_view key, const std::filesystem::path& folder) {
+    const std::string text = WithSeparator(folder).string();
+    if (CharacterCount(text) <= kIniValueCharacters)
+        SaveSetting(store, store.SettingsAppName, "Paths", key, text);
+}
 
 bool IsStationeryType(std::string_view text) {
     return text == "A4" || text == "DL_v" || text == "DL_h";

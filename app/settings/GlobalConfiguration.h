@@ -30,6 +30,15 @@ extern const SettingKey kNoOfPages;
 extern const SettingKey kMarginLeft; ///< millimetres
 extern const SettingKey kMarginTop;  ///< millimetres
 
+/// True for what a tab file's header carries: fonts, margins and the document's properties.
+bool IsDocumentKey(std::string_view section, std::string_view key);
+inline constexpr std::string_view kFontSection = "Font Settings";
+
+/// Stores a folder in section "Paths", with one separator at its end; not one so long that reading would cut it.
+void SaveFolder(SettingsStore& store, std::string_view key, const std::filesystem::path& folder);
+/// With one separator at the end; an empty path stays empty.
+std::filesystem::path WithSeparator(const std::filesystem::path& folder);
+
 bool IsStationeryType(std::string_view text);
 bool IsOptType(std::string_view text);
 bool IsNoOfFields(std::string_view text);

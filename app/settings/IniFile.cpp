@@ -141,8 +141,7 @@ void IniFile::Submit(const std::vector<Change>& changes) {
     try {
         Commit(changes);
     } catch (const Error&) {
-        if (!std::all_of(changes.begin(), changes.end(),
-                         [](const Change& change) { return change.isDefault; }))
+        if (!std::all_of(changes.begin(), changes.end(), [](const Change& change) { return change.isDefault; }))
             throw;
     }
 }
@@ -190,8 +189,7 @@ IniFile::Identity IniFile::Look() const {
     struct stat status {};
     if (::stat(path_.c_str(), &status) != 0)
         return {};
-    return {status.st_dev, status.st_ino, status.st_size, Nanoseconds(status.st_mtim),
-            Nanoseconds(status.st_ctim)};
+    return {status.st_dev, status.st_ino, status.st_size, Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim)};
 }
 
 void IniFile::Refresh() {

@@ -191,8 +191,7 @@ std::int32_t IniText::ReadInt(std::string_view section, std::string_view key, st
     return !value || value->empty() ? fallback : ProfileInteger(*value);
 }
 
-std::string IniText::ListKeys(std::string_view section, std::string_view fallback,
-                              std::size_t bufferSize) const {
+std::string IniText::ListKeys(std::string_view section, std::string_view fallback, std::size_t bufferSize) const {
     const auto found = FindSection(section);
     if (!found)
         return CutText(fallback, bufferSize);
@@ -219,8 +218,7 @@ bool IniText::Write(std::string_view section, std::string_view key, std::optiona
         lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(*line));
     if (!value)
         return line.has_value();
-    const std::string entry =
-        std::string(TrimSpaces(key)) + "=" + std::string(*value) + std::string(kLineEnd);
+    const std::string entry = std::string(TrimSpaces(key)) + "=" + std::string(*value) + std::string(kLineEnd);
     if (!found) {
         Insert(lines_.size(), "[" + std::string(TrimSpaces(section)) + "]" + std::string(kLineEnd) + entry);
         return true;
@@ -256,8 +254,7 @@ void IniText::Insert(std::size_t at, std::string_view text) {
 bool IniText::Replace(std::size_t line, std::string_view value) {
     const std::string& old = lines_[line];
     const std::string_view content = WithoutLineEnd(old);
-    const std::string_view end =
-        content.size() == old.size() ? kLineEnd : std::string_view(old).substr(content.size());
+    const std::string_view end = content.size() == old.size() ? kLineEnd : std::string_view(old).substr(content.size());
     std::string text = std::string(ParseLine(old).prefix) + std::string(value) + std::string(end);
     if (text == old)
         return false;

@@ -9,8 +9,7 @@ namespace {
 /// was none.
 bool HasOldSettings(const SettingsStore& store) {
     RegistryValue value;
-    const RegistryCode code =
-        store.Keys.Query(RegistryPath(store.SettingsAppName, "Paths"), "Application", value);
+    const RegistryCode code = store.Keys.Query(RegistryPath(store.SettingsAppName, "Paths"), "Application", value);
     if (code != RegistryCode::Success)
         return code != RegistryCode::FileNotFound;
     const std::string text = RegistryText(value);

@@ -1,5 +1,6 @@
 #include "app/settings/mdlSettings.h"
 
+#include "app/settings/GlobalConfiguration.h"
 #include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -15,8 +16,8 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kMachineArea = "SOFTWARE\\Corvane Series\\";
 
 /// Shows `heading`, the key and what the registry answered, in the one form of all registry errors.
-void ReportRegistry(SettingsGlobals& globals, std::string_view heading, std::string_view place,
-                    const std::string& path, const std::string& answer) {
+void ReportRegistry(SettingsGlobals& globals, std::string_view heading, std::string_view place, const std::string& path,
+                    const std::string& answer) {
     std::string text(kLineEnd);
     text.append(heading).append(kLineEnd).append(place).append(path).append(answer);
     globals.Interface.Show({text, globals.SettingsAppName, Icon::Exclamation});
@@ -68,6 +69,20 @@ void ReportWriteFailure(SettingsStore& store, const Error& error) {
         store.Interface.Show({error.what(), store.SettingsAppName, Icon::Exclamation});
 }
 
+bool HasOwn(const SettingsStore& store, std::string_view section, std::string_view key) {
+    return store.SaveMode == 1 && IsDocumentKey(section, key);
+}
+
+std::string ReadOwn(SettingsStore& store, std::string_view section, std::string_view key, std::string_view fallback) {
+    const std::pair<std::string, std::string> name{section, key};
+    if (const auto found = store.Own.find(name); found != store.Own.end())
+        return found->second;
+    std::string value = store.Object.GetSettingStr(section, key, fallback);
+    if (value != kProbe)
+        store.Own[name] = value;
+    return value;
+}
+
 /// What `save` returns, or false for an error of the INI file, which is reported.
 template <typename Save> bool Trapped(SettingsStore& store, Save save) {
     try {
@@ -87,20 +102,24 @@ std::string GetSetting(SettingsStore& store, std::string_view, std::string_view 
                        std::string_view fallback, bool numeric) {
     store.Object.SaveMode(store.SaveMode);
     if (!numeric)
-        return store.Object.GetSettingStr(section, key, fallback);
+        return HasOwn(store, section, key) ? ReadOwn(store, section, key, fallback)
+                                           : store.Object.GetSettingStr(section, key, fallback);
     if (IsNumeric(fallback))
         return std::to_string(store.Object.GetSettingInt(section, key, ToInt16(ToDouble(fallback))));
     store.Interface.Beep();
-    store.Interface.Show({"You must enter a numeric value in the Default value field.", store.SettingsAppName,
-                          Icon::Critical});
+    store.Interface.Show(
+        {"You must enter a numeric value in the Default value field.", store.SettingsAppName, Icon::Critical});
     return "Error!";
 }
 
 bool SaveSetting(SettingsStore& store, std::string_view, std::string_view section, std::string_view key,
                  std::string_view value, bool numeric) {
     store.Object.SaveMode(store.SaveMode);
-    if (!numeric)
+    if (!numeric) {
+        if (HasOwn(store, section, key))
+            store.Own[{std::string(section), std::string(key)}] = value;
         return Trapped(store, [&] { return store.Object.SaveSettingStr(section, key, value); });
+    }
     if (!IsNumeric(value)) {
         store.Interface.Show({"You must enter a numeric value to save as Integer", store.SettingsAppName});
         return false;
@@ -109,8 +128,7 @@ bool SaveSetting(SettingsStore& store, std::string_view, std::string_view sectio
     return Trapped(store, [&] { return store.Object.SaveSettingInt(section, key, number); });
 }
 
-bool SaveSettingNow(SettingsStore& store, std::string_view section, std::string_view key,
-                    std::string_view value) {
+bool SaveSettingNow(SettingsStore& store, std::string_view section, std::string_view key, std::string_view value) {
     store.Object.SaveMode(1);
     return Trapped(store, [&] {
         store.Object.SaveSettingStr(section, key, value);
@@ -119,21 +137,19 @@ bool SaveSettingNow(SettingsStore& store, std::string_view section, std::string_
     });
 }
 
-bool DeleteSetting(SettingsStore& store, std::string_view application, std::string_view section,
-                   std::string_view key) {
+bool DeleteSetting(SettingsStore& store, std::string_view application, std::string_view section, std::string_view key) {
     store.Object.SaveMode(store.SaveMode);
     if (store.SaveMode != 1)
         return DeleteRegistry(store, application, section, key);
+    store.Own.erase({std::string(section), std::string(key)});
     return store.Object.DeleteKey(section, key);
 }
 
-bool EnumerateSettings(SettingsStore& store, std::string_view application, std::string_view section,
-                       std::string_view) {
+bool EnumerateSettings(SettingsStore& store, std::string_view application, std::string_view section, std::string_view) {
     store.Object.SaveMode(store.SaveMode);
     if (store.SaveMode == 0) {
         const std::string path = RegistryPath(application, section);
-        return section.empty() ? EnumerateRegistrySections(store, path)
-                               : EnumerateRegistryValues(store, path);
+        return section.empty() ? EnumerateRegistrySections(store, path) : EnumerateRegistryValues(store, path);
     }
     if (section.empty())
         store.SectionNames = store.Object.GetSectionNames();
@@ -174,10 +190,9 @@ bool WriteRegistry(SettingsGlobals& globals, std::string_view application, std::
     const RegistryCode code = globals.Keys.Set(path, std::string(key), value);
     if (code == RegistryCode::Success)
         return true;
-    const std::string heading =
-        Open(globals, path) == RegistryCode::Success
-            ? "Cannot set Registry value: RegSetValueEx"
-            : "Cannot Create Registry path: RegCreateKeyEx" + std::string(application);
+    const std::string heading = Open(globals, path) == RegistryCode::Success
+                                    ? "Cannot set Registry value: RegSetValueEx"
+                                    : "Cannot Create Registry path: RegCreateKeyEx" + std::string(application);
     ReportRegistry(globals, heading, "Key=", path, Returned(code));
     return false;
 }
@@ -201,8 +216,7 @@ bool DeleteRegistry(SettingsGlobals& globals, std::string_view application, std:
 }
 
 std::string ReadAccepted(SettingsStore& store, const SettingKey& setting) {
-    std::string value =
-        GetSetting(store, store.SettingsAppName, setting.section, setting.key, setting.fallback);
+    std::string value = GetSetting(store, store.SettingsAppName, setting.section, setting.key, setting.fallback);
     const bool accepted = setting.accepts == nullptr || setting.accepts(value);
     return accepted ? value : std::string(setting.fallback);
 }
@@ -212,14 +226,15 @@ bool Write(SettingsStore& store, const SettingKey& setting, std::string_view val
 }
 
 SettingsBatch::SettingsBatch(SettingsStore& store)
-    : store_(store), mark_(store.Object.File().BeginBatch()), exceptions_(std::uncaught_exceptions()) {}
+    : store_(store), own_(store.Own), mark_(store.Object.File().BeginBatch()), exceptions_(std::uncaught_exceptions()) {
+}
 
 SettingsBatch::~SettingsBatch() {
     if (!open_)
         return;
     try {
         if (std::uncaught_exceptions() > exceptions_)
-            store_.Object.File().AbandonBatch(mark_);
+            Discard();
         else
             Commit();
     } catch (const Error& error) {
@@ -231,14 +246,17 @@ SettingsBatch::~SettingsBatch() {
 }
 
 void SettingsBatch::Commit() {
-    open_ = false;
+    if (!std::exchange(open_, false))
+        return;
     store_.Object.File().EndBatch();
     if (!store_.Object.File().InBatch())
         store_.WriteFailureShown = false;
 }
 
 void SettingsBatch::Discard() {
-    open_ = false;
+    if (!std::exchange(open_, false))
+        return;
+    store_.Own = std::move(own_);
     store_.Object.File().AbandonBatch(mark_);
 }
 

@@ -7,8 +7,10 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace velmora {
@@ -20,8 +22,10 @@ struct SettingsStore : SettingsGlobals {
     CSetting Object{*this};
     std::vector<std::string> SectionNames; ///< filled by EnumerateSettings without a section
     KeyTable KeyValues;                    ///< filled by EnumerateSettings with one
-    bool WriteFailureShown =
-        false; ///< a file that can't be written is reported once, until a write succeeds again
+    /// By section and key: what this program holds of the settings that a document carries too. Another running copy,
+    /// with another document, writes the same keys of the INI file.
+    std::map<std::pair<std::string, std::string>, std::string> Own;
+    bool WriteFailureShown = false; ///< a file that can't be written is reported once, until a write succeeds again
 };
 
 /// The setting's text; `fallback` where it is missing, which is then written. With `numeric` the stored
@@ -32,16 +36,14 @@ std::string GetSetting(SettingsStore& store, std::string_view application, std::
                        std::string_view key, std::string_view fallback, bool numeric = false);
 /// False when nothing was saved; the person has been told, once for a row of failures. With `numeric` a value
 /// that is no number saves nothing, and one outside 32 bits raises OverflowError.
-bool SaveSetting(SettingsStore& store, std::string_view application, std::string_view section,
-                 std::string_view key, std::string_view value, bool numeric = false);
+bool SaveSetting(SettingsStore& store, std::string_view application, std::string_view section, std::string_view key,
+                 std::string_view value, bool numeric = false);
 /// SaveSetting in the INI file that does not wait for the end of a batch: when it is true, the value is on
 /// disk.
-bool SaveSettingNow(SettingsStore& store, std::string_view section, std::string_view key,
-                    std::string_view value);
+bool SaveSettingNow(SettingsStore& store, std::string_view section, std::string_view key, std::string_view value);
 /// False when the deletion failed, which has been reported. In registry mode an empty key name deletes the
 /// section.
-bool DeleteSetting(SettingsStore& store, std::string_view application, std::string_view section,
-                   std::string_view key);
+bool DeleteSetting(SettingsStore& store, std::string_view application, std::string_view section, std::string_view key);
 /// Fills SectionNames, or with a section KeyValues, with at most 2000 entries; the third text is not used.
 /// False when the registry key can't be opened, which has been reported; the list is empty then.
 bool EnumerateSettings(SettingsStore& store, std::string_view application, std::string_view section,
@@ -98,6 +100,7 @@ public:
 
 private:
     SettingsStore& store_;
+    std::map<std::pair<std::string, std::string>, std::string> own_; ///< as it was before
     std::size_t mark_;
     int exceptions_;
     bool open_ = true;

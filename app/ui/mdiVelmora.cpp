@@ -1,6 +1,7 @@
 #include "app/ui/mdiVelmora.h"
 
 #include "app/Commands.h"
+#include "document/Dialogs.h"
 #include "document/Pages.h"
 #include "document/SaveDocument.h"
 #include "editor/ui/frmGrid2a4.h"
@@ -13,20 +14,71 @@
 #include <QStatusBar>
 
 namespace velmora {
+
+/// One row of a menu; a row without a name is a separator.
+struct MenuItem {
+    const char* name;
+    const char* caption; ///< with the mnemonic
+    const char* shortcut;
+    void (*command)(mdiVelmora& window, Program& program);
+};
+
 namespace {
 
 constexpr QSize kFirstSize(1100, 720);
+constexpr MenuItem kSeparator = {nullptr, nullptr, nullptr, nullptr};
+
+struct Menu {
+    const char* name;
+    const char* caption;
+    std::vector<MenuItem> items;
+};
+
+const std::vector<Menu>& Menus() {
+    static const std::vector<Menu> menus = {
+        {"mnuFile",
+         "&File",
+         {{"mnuNew", "&New", "Ctrl+N", [](mdiVelmora&, Program& program) { NewCommand(program.main); }},
+          {"mnuOpen", "&Open", "Ctrl+O",
+           [](mdiVelmora&, Program& program) {
+               if (OpenCommand(program.main) == OpenOutcome::NoPrinter)
+                   QApplication::quit();
+           }},
+          {"mnuSave", "&Save", "Ctrl+S", [](mdiVelmora&, Program& program) { SaveLabels(program.main, false); }},
+          {"mnuSaveAs", "Save &as ...", "Ctrl+Shift+S",
+           [](mdiVelmora&, Program& program) { SaveLabels(program.main, true); }},
+          {"mnuSavePdf", "Save as P&DF ...", "",
+           [](mdiVelmora&, Program& program) { SavePdfAs(program.main, program.layout, program.fontCatalogue); }},
+          kSeparator,
+          {"mnuExit", "E&xit", "Ctrl+Q", [](mdiVelmora& window, Program&) { window.close(); }}}},
+        {"mnuData",
+         "&Data",
+         {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", [](mdiVelmora&, Program& program) { FirstPage(program.main); }},
+          {"mnuPreviousPage", "&Previous Page", "PgUp",
+           [](mdiVelmora&, Program& program) { PreviousPage(program.main); }},
+          {"mnuNextPage", "&Next Page", "PgDown", [](mdiVelmora&, Program& program) { NextPage(program.main); }},
+          {"mnuLastPage", "&Last Page", "Ctrl+PgDown", [](mdiVelmora&, Program& program) { LastPage(program.main); }},
+          kSeparator,
+          {"mnuNewPage", "Ne&w Page", "Ctrl+Shift+N", [](mdiVelmora&, Program& program) { AddPage(program.main); }},
+          {"mnuDeletePage", "&Delete Page", "", [](mdiVelmora&, Program& program) { DeletePage(program.main); }}}},
+        {"mnuTools",
+         "&Tools",
+         {{"mnuDeleteEmpries", "Delete &Empty Tabs", "",
+           [](mdiVelmora&, Program& program) { CleanLabels(program.main); }}}},
+    };
+    return menus;
+}
 
 } // namespace
 
 mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     setObjectName("mdiVelmora");
-    program_.main.status = this;
     BuildMenus();
     BuildStatusBar();
     grid_ = new frmGrid2a4(program_.main, this);
     setCentralWidget(grid_);
     resize(kFirstSize);
+    program_.main.status = this;
     // Deliberate: the stored page count starts empty with every run.
     Write(program_.main.settings, kNoOfPages, "");
     ApplyTabType(program_.main);
@@ -40,33 +92,24 @@ mdiVelmora::~mdiVelmora() {
 }
 
 void mdiVelmora::BuildMenus() {
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    file->setObjectName("mnuFile");
-    AddItem(file, "mnuNew", tr("&New"), QKeySequence::New, &mdiVelmora::New);
-    AddItem(file, "mnuOpen", tr("&Open"), QKeySequence::Open, &mdiVelmora::Open);
-    AddItem(file, "mnuSave", tr("&Save"), QKeySequence::Save, &mdiVelmora::Save);
-    AddItem(file, "mnuSaveAs", tr("Save &as ..."), QKeySequence("Ctrl+Shift+S"), &mdiVelmora::SaveAs);
-    AddItem(file, "mnuSavePdf", tr("Save as P&DF ..."), {}, &mdiVelmora::SavePdf);
-    file->addSeparator();
-    AddItem(file, "mnuExit", tr("E&xit"), QKeySequence("Ctrl+Q"), &mdiVelmora::Exit);
-    QMenu* pages = menuBar()->addMenu(tr("&Data"));
-    pages->setObjectName("mnuData");
-    AddItem(pages, "mnuFirstPage", tr("&First Page"), QKeySequence("Ctrl+PgUp"), &mdiVelmora::ShowFirstPage);
-    AddItem(pages, "mnuPreviousPage", tr("&Previous Page"), QKeySequence("PgUp"), &mdiVelmora::ShowPreviousPage);
-    AddItem(pages, "mnuNextPage", tr("&Next Page"), QKeySequence("PgDown"), &mdiVelmora::ShowNextPage);
-    AddItem(pages, "mnuLastPage", tr("&Last Page"), QKeySequence("Ctrl+PgDown"), &mdiVelmora::ShowLastPage);
-    pages->addSeparator();
-    AddItem(pages, "mnuNewPage", tr("Ne&w Page"), QKeySequence("Ctrl+Shift+N"), &mdiVelmora::NewPage);
-    AddItem(pages, "mnuDeletePage", tr("&Delete Page"), {}, &mdiVelmora::DeleteCurrentPage);
-    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
-    tools->setObjectName("mnuTools");
-    AddItem(tools, "mnuDeleteEmpries", tr("Delete &Empty Tabs"), {}, &mdiVelmora::DeleteEmptyTabs);
+    for (const Menu& row : Menus()) {
+        QMenu* menu = menuBar()->addMenu(tr(row.caption));
+        menu->setObjectName(row.name);
+        for (const MenuItem& item : row.items)
+            AddItem(menu, item);
+    }
 }
 
-void mdiVelmora::AddItem(QMenu* menu, const char* name, const QString& caption, const QKeySequence& shortcut,
-                         void (mdiVelmora::*command)()) {
-    QAction* action = menu->addAction(caption, shortcut, this, command);
-    action->setObjectName(name);
+/// No error leaves a command: what a procedure has not trapped itself is reported here.
+void mdiVelmora::AddItem(QMenu* menu, const MenuItem& item) {
+    if (!item.name) {
+        menu->addSeparator();
+        return;
+    }
+    QAction* action = menu->addAction(tr(item.caption), QKeySequence(item.shortcut), this, [this, item] {
+        Trapped(program_.main, std::string("Called from Sub: ") + item.name, [&] { item.command(*this, program_); });
+    });
+    action->setObjectName(item.name);
 }
 
 void mdiVelmora::BuildStatusBar() {
@@ -88,62 +131,8 @@ void mdiVelmora::SetCaption(const std::string& caption) {
     setWindowTitle(QString::fromStdString(caption));
 }
 
-void mdiVelmora::New() {
-    NewCommand(program_.main);
-}
-
-void mdiVelmora::Open() {
-    if (OpenCommand(program_.main) == OpenOutcome::NoPrinter)
-        QApplication::quit();
-}
-
-void mdiVelmora::Save() {
-    SaveLabels(program_.main, false);
-}
-
-void mdiVelmora::SaveAs() {
-    SaveLabels(program_.main, true);
-}
-
-void mdiVelmora::ShowFirstPage() {
-    FirstPage(program_.main);
-}
-
-void mdiVelmora::ShowPreviousPage() {
-    PreviousPage(program_.main);
-}
-
-void mdiVelmora::ShowNextPage() {
-    NextPage(program_.main);
-}
-
-void mdiVelmora::ShowLastPage() {
-    LastPage(program_.main);
-}
-
-void mdiVelmora::NewPage() {
-    AddPage(program_.main);
-}
-
-void mdiVelmora::DeleteCurrentPage() {
-    DeletePage(program_.main);
-}
-
-void mdiVelmora::DeleteEmptyTabs() {
-    CleanLabels(program_.main);
-}
-
-void mdiVelmora::SavePdf() {
-    SavePdfAs(program_.main, program_.layout, program_.fontCatalogue);
-}
-
-void mdiVelmora::Exit() {
-    close();
-}
-
 void mdiVelmora::closeEvent(QCloseEvent* event) {
-    SaveLabel(program_.main, program_.main.document.CurrentPage, program_.main.document.TabsPerPage);
-    CloseCommand(program_.main);
+    Trapped(program_.main, "Called from Sub: mnuExit", [&] { CloseCommand(program_.main); });
     event->accept();
 }
 

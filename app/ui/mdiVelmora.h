@@ -1,5 +1,4 @@
-// The main window: menus, the grid editor and the status bar. It owns no rules; every command takes the page on screen
-// into the document where needed and calls the core.
+// The main window: menus, the grid editor and the status bar. It owns no rules; every command calls the core.
 #pragma once
 
 #include "app/Program.h"
@@ -14,6 +13,7 @@ class QMenu;
 namespace velmora {
 
 class frmGrid2a4;
+struct MenuItem;
 
 class mdiVelmora : public QMainWindow, public MainWindowStatus {
     Q_OBJECT
@@ -30,23 +30,8 @@ protected:
 
 private:
     void BuildMenus();
+    void AddItem(QMenu* menu, const MenuItem& item);
     void BuildStatusBar();
-    void AddItem(QMenu* menu, const char* name, const QString& caption, const QKeySequence& shortcut,
-                 void (mdiVelmora::*command)());
-
-    void New();
-    void Open();
-    void Save();
-    void SaveAs();
-    void ShowFirstPage();
-    void ShowPreviousPage();
-    void ShowNextPage();
-    void ShowLastPage();
-    void NewPage();
-    void DeleteCurrentPage();
-    void DeleteEmptyTabs();
-    void SavePdf();
-    void Exit();
 
     Program& program_;
     frmGrid2a4* grid_ = nullptr;

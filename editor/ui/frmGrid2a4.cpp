@@ -73,8 +73,7 @@ QRect GridSheet::BoxRect(const GridBox& box) const {
     };
     const int left = box.left - origin.x();
     const int top = box.top - origin.y();
-    return QRect(QPoint(pixel(left), pixel(top)),
-                 QPoint(pixel(left + box.width) - 1, pixel(top + box.height) - 1));
+    return QRect(QPoint(pixel(left), pixel(top)), QPoint(pixel(left + box.width) - 1, pixel(top + box.height) - 1));
 }
 
 void GridSheet::paintEvent(QPaintEvent*) {
@@ -94,9 +93,9 @@ void GridSheet::paintEvent(QPaintEvent*) {
                                 kCellRadius);
     }
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(QRectF(sheet.left(), sheet.bottom() - kCaptionHeight - kPaperMargin / 2.0, sheet.width(),
-                            kCaptionHeight),
-                     Qt::AlignCenter, caption_);
+    painter.drawText(
+        QRectF(sheet.left(), sheet.bottom() - kCaptionHeight - kPaperMargin / 2.0, sheet.width(), kCaptionHeight),
+        Qt::AlignCenter, caption_);
 }
 
 frmGrid2a4::frmGrid2a4(MainModule& main, QWidget* parent)

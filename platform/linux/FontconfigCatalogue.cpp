@@ -59,9 +59,8 @@ Pattern Wanted(FcConfig* config, const FontRequest& request, char32_t character)
 
 bool HasCharacter(const FcPattern* font, char32_t character) {
     FcCharSet* characters = nullptr;
-    return character == kNoCharacter ||
-           (FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch &&
-            FcCharSetHasChar(characters, character));
+    return character == kNoCharacter || (FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch &&
+                                         FcCharSetHasChar(characters, character));
 }
 
 /// Type 1 and bitmap fonts, colour pictures and compressed web fonts can be neither shaped nor embedded.
@@ -72,13 +71,21 @@ bool IsUsable(const FcPattern* font) {
            !file.empty() && !EndsWithNoCase(file, ".woff") && !EndsWithNoCase(file, ".woff2");
 }
 
+bool IsLeaning(const FcPattern* font) {
+    FcMatrix* matrix = nullptr;
+    return FcPatternGetMatrix(font, FC_MATRIX, 0, &matrix) == FcResultMatch && matrix->xy != 0;
+}
+
+/// The desktop's rules may say that a missing style is to be made up; the pattern then claims to have the
+/// style.
 FontFile FileOf(const FcPattern* font, const FontRequest& request) {
     const int index = NumberOf(font, FC_INDEX, 0);
     const bool defaultInstance = FlagOf(font, FC_VARIABLE) || index > kFaceIndexMask;
     const int weight = defaultInstance ? FC_WEIGHT_REGULAR : NumberOf(font, FC_WEIGHT, FC_WEIGHT_REGULAR);
-    const int slant = NumberOf(font, FC_SLANT, FC_SLANT_ROMAN);
-    return {TextOf(font, FC_FILE), index & kFaceIndexMask, TextOf(font, FC_FAMILY),
-            request.bold && weight < FC_WEIGHT_DEMIBOLD, request.italic && slant == FC_SLANT_ROMAN};
+    const bool isBold = weight >= FC_WEIGHT_DEMIBOLD && !FlagOf(font, FC_EMBOLDEN);
+    const bool isItalic = NumberOf(font, FC_SLANT, FC_SLANT_ROMAN) != FC_SLANT_ROMAN && !IsLeaning(font);
+    return {TextOf(font, FC_FILE), index & kFaceIndexMask, TextOf(font, FC_FAMILY), request.bold && !isBold,
+            request.italic && !isItalic};
 }
 
 } // namespace
@@ -100,8 +107,7 @@ std::optional<FontFile> FontconfigCatalogue::Match(const FontRequest& request) c
     return Find(request, kNoCharacter);
 }
 
-std::optional<FontFile> FontconfigCatalogue::MatchCharacter(const FontRequest& request,
-                                                            char32_t character) const {
+std::optional<FontFile> FontconfigCatalogue::MatchCharacter(const FontRequest& request, char32_t character) const {
     return Find(request, character);
 }
 

@@ -50,8 +50,7 @@ bool IsOneLine(const std::string& text) {
 
 } // namespace
 
-RegistryCode RegistryFile::Query(const std::string& path, const std::string& name,
-                                 RegistryValue& value) const {
+RegistryCode RegistryFile::Query(const std::string& path, const std::string& name, RegistryValue& value) const {
     return With(path_, [&](const RegistryExport& text) {
         const RegistryItem* found = text.Find(path, name);
         if (!found)

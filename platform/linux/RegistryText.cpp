@@ -199,13 +199,9 @@ private:
         return true;
     }
 
-    void Skip(std::string_view characters) {
-        at_ = std::min(text_.find_first_not_of(characters, at_), text_.size());
-    }
+    void Skip(std::string_view characters) { at_ = std::min(text_.find_first_not_of(characters, at_), text_.size()); }
 
-    std::string_view RestOfLine() const {
-        return text_.substr(at_, text_.find_first_of(kLineEnd, at_) - at_);
-    }
+    std::string_view RestOfLine() const { return text_.substr(at_, text_.find_first_of(kLineEnd, at_) - at_); }
 
     void SkipLine() {
         at_ += RestOfLine().size();
@@ -296,9 +292,8 @@ void RegistryExport::RemoveValue(const std::string& path, const std::string& nam
 void RegistryExport::RemoveKey(const std::string& path) {
     const std::string section = ToUpper(path);
     const std::string shown = items_[Living().at(section).item].name;
-    std::erase_if(items_, [&](const RegistryItem& item) {
-        return item.section == section && item.kind != Kind::Comment;
-    });
+    std::erase_if(items_,
+                  [&](const RegistryItem& item) { return item.section == section && item.kind != Kind::Comment; });
     // A key above that no entry names was there by what lies below it, and must not vanish with it.
     const std::size_t end = shown.rfind('\\');
     if (end != std::string::npos && !SubKeys(shown.substr(0, end)))

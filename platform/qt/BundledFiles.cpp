@@ -19,8 +19,7 @@ void Unpack(const QString& bundled, const std::filesystem::path& target) {
     try {
         const QByteArray bytes = file.readAll();
         ReplaceFile(target, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    } catch (const FileAccessError&) {
-    }
+    } catch (const FileAccessError&) {}
 }
 
 } // namespace

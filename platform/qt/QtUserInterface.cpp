@@ -45,6 +45,10 @@ QMessageBox::StandardButton BoxButton(Answer answer) {
     return QMessageBox::Ok;
 }
 
+Answer FirstAnswer(Buttons buttons) {
+    return buttons == Buttons::Ok ? Answer::Ok : buttons == Buttons::RetryCancel ? Answer::Retry : Answer::Yes;
+}
+
 Answer BoxAnswer(int button) {
     switch (button) {
     case QMessageBox::Yes: return Answer::Yes;
@@ -66,14 +70,18 @@ QStringList NameFilters(const std::string& filter) {
     return filters;
 }
 
+/// "csv" for a filter whose first pattern is "*.csv".
+QString FirstSuffix(const std::string& filter) {
+    return Text(filter).section('|', 1, 1).section('.', 1, 1);
+}
+
 } // namespace
 
 Answer QtUserInterface::Show(const Message& message) {
     QMessageBox box(BoxIcon(message.icon), Text(message.title), Text(message.text).replace("\r\n", "\n"),
                     BoxButtons(message.buttons), QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
-    if (message.defaultButton)
-        box.setDefaultButton(BoxButton(*message.defaultButton));
+    box.setDefaultButton(BoxButton(message.defaultButton.value_or(FirstAnswer(message.buttons))));
     // A question without a Cancel button can be left with Escape all the same: that says No.
     if (message.buttons == Buttons::YesNo)
         box.setEscapeButton(QMessageBox::No);
@@ -95,8 +103,10 @@ std::optional<std::filesystem::path> QtUserInterface::ChooseFile(const FileReque
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the program asks in its own words
-    if (saving)
+    if (saving) {
+        dialog.setDefaultSuffix(FirstSuffix(request.filter));
         dialog.selectFile(Text(request.defaultName));
+    }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     return std::filesystem::path(dialog.selectedFiles().first().toStdString());

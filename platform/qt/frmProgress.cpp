@@ -39,8 +39,8 @@ void frmProgress::Advance(int done) {
 }
 
 void frmProgress::Show() {
-    window_ = std::make_unique<QWidget>(QApplication::activeWindow(), Qt::Dialog | Qt::CustomizeWindowHint |
-                                                                          Qt::WindowTitleHint);
+    window_ = std::make_unique<QWidget>(QApplication::activeWindow(),
+                                        Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     window_->setObjectName("frmProgress");
     window_->setWindowTitle(title_);
     window_->setWindowModality(Qt::ApplicationModal);

@@ -1,4 +1,5 @@
-// The small window that shows how far long work has come. It appears only when the work takes long enough to be noticed.
+// The small window that shows how far long work has come. It appears only when the work takes long enough to be
+// noticed.
 #pragma once
 
 #include "platform/UserInterface.h"

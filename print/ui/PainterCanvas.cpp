@@ -24,12 +24,12 @@ void MoveTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float x, float y, vo
 void LineTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float x, float y, void*) {
     PathOf(path).lineTo(x, -y);
 }
-void QuadraticTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float controlX, float controlY, float x,
-                 float y, void*) {
+void QuadraticTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float controlX, float controlY, float x, float y,
+                 void*) {
     PathOf(path).quadTo(controlX, -controlY, x, -y);
 }
-void CubicTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float control1X, float control1Y,
-             float control2X, float control2Y, float x, float y, void*) {
+void CubicTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float control1X, float control1Y, float control2X,
+             float control2Y, float x, float y, void*) {
     PathOf(path).cubicTo(control1X, -control1Y, control2X, -control2Y, x, -y);
 }
 void ClosePath(hb_draw_funcs_t*, void* path, hb_draw_state_t*, void*) {
@@ -37,8 +37,7 @@ void ClosePath(hb_draw_funcs_t*, void* path, hb_draw_state_t*, void*) {
 }
 
 QPainterPath GlyphOutline(const FontFace& face, std::uint32_t glyph) {
-    const std::unique_ptr<hb_draw_funcs_t, HbRelease<hb_draw_funcs_destroy>> functions(
-        hb_draw_funcs_create());
+    const std::unique_ptr<hb_draw_funcs_t, HbRelease<hb_draw_funcs_destroy>> functions(hb_draw_funcs_create());
     hb_draw_funcs_set_move_to_func(functions.get(), MoveTo, nullptr, nullptr);
     hb_draw_funcs_set_line_to_func(functions.get(), LineTo, nullptr, nullptr);
     hb_draw_funcs_set_quadratic_to_func(functions.get(), QuadraticTo, nullptr, nullptr);
@@ -96,8 +95,7 @@ void PainterCanvas::EndSheet() {
     painter_.restore();
 }
 
-void PainterCanvas::DrawText(const ShapedText& text, double left, double baseline,
-                             const std::optional<Box>& clip) {
+void PainterCanvas::DrawText(const ShapedText& text, double left, double baseline, const std::optional<Box>& clip) {
     if (clip) {
         painter_.save();
         painter_.setClipRect(ToRect(*clip), Qt::IntersectClip);
@@ -137,9 +135,9 @@ void PainterCanvas::DrawRunAsOutlines(const GlyphRun& run, double fontSize, QPoi
     painter_.translate(start);
     painter_.scale(fontSize / unitsPerEm, fontSize / unitsPerEm);
     painter_.setBrush(Qt::black);
-    painter_.setPen(run.typeface.embolden ? QPen(Qt::black, unitsPerEm * kEmboldenStroke, Qt::SolidLine,
-                                                 Qt::RoundCap, Qt::RoundJoin)
-                                          : QPen(Qt::NoPen));
+    painter_.setPen(run.typeface.embolden
+                        ? QPen(Qt::black, unitsPerEm * kEmboldenStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin)
+                        : QPen(Qt::NoPen));
     double pen = 0;
     for (const ShapedGlyph& glyph : run.glyphs) {
         QTransform place(1, 0, run.typeface.slant ? -kSlantShear : 0, 1, pen + glyph.xOffset, -glyph.yOffset);
@@ -156,9 +154,9 @@ void PainterCanvas::FillBox(const Box& box) {
 void PainterCanvas::DrawOutline(const Box& box, OutlineStyle style) {
     const OutlinePen pen = PenOf(style);
     painter_.save();
-    painter_.setPen(QPen(QColor::fromRgbF(static_cast<float>(pen.grey), static_cast<float>(pen.grey),
-                                          static_cast<float>(pen.grey)),
-                         pen.width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter_.setPen(
+        QPen(QColor::fromRgbF(static_cast<float>(pen.grey), static_cast<float>(pen.grey), static_cast<float>(pen.grey)),
+             pen.width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter_.drawRect(ToRect(box));
     painter_.restore();
 }

@@ -50,8 +50,7 @@ public:
     PainterCanvas(QPainter& painter, PainterFonts& fonts, SheetView view = SheetView::AsPrinted);
 
     void BeginSheet(const Paper& paper) override;
-    void DrawText(const ShapedText& text, double left, double baseline,
-                  const std::optional<Box>& clip) override;
+    void DrawText(const ShapedText& text, double left, double baseline, const std::optional<Box>& clip) override;
     void FillBox(const Box& box) override;
     void DrawOutline(const Box& box, OutlineStyle style) override;
     void EndSheet() override;

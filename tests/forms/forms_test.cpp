@@ -7,6 +7,8 @@
 #include "tests/support/TestProgram.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -97,8 +99,8 @@ private slots:
         QCOMPARE(running.Panel(4), QString("Pg No: 3 of 3"));
         QCOMPARE(running.Panel(5), QString("No of tabs: 53 of 72"));
         QCOMPARE(running.Box("TextA1(5)")->text(), QString("a53"));
-        running.test.ui.Expect("You are at the last page of this document.  Do you want to add a page?",
-                               Icon::Question, Buttons::YesNo, Answer::No);
+        running.test.ui.Expect("You are at the last page of this document.  Do you want to add a page?", Icon::Question,
+                               Buttons::YesNo, Answer::No, Answer::No);
         running.Trigger("mnuNextPage");
         QCOMPARE(running.Panel(4), QString("Pg No: 3 of 3"));
         running.Trigger("mnuPreviousPage");
@@ -114,7 +116,8 @@ private slots:
         QCOMPARE(running.Panel(4), QString("Pg No: 3 of 3"));
         QTest::keyClicks(running.Box("TextA1(1)"), "new");
         running.Trigger("mnuFirstPage");
-        running.test.ui.Expect("Do you want to delete the current page?", Icon::Question, Buttons::YesNo, Answer::Yes);
+        running.test.ui.Expect("Do you want to delete the current page?", Icon::Question, Buttons::YesNo, Answer::Yes,
+                               Answer::No);
         running.Trigger("mnuDeletePage");
         QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2"));
         QCOMPARE(running.Box("TextA1(1)")->text(), QString("a25"));
@@ -131,6 +134,34 @@ private slots:
         SaveLabel(running.program.main, 1, 24);
         QCOMPARE(running.program.main.document.FieldA(1), std::string(30, 'x') + "\ty");
         QCOMPARE(running.program.main.document.FieldB(1), std::string("hidden"));
+    }
+
+    void whatWasTypedSurvivesAFailedOpen() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        running.program.main.document.DocFileName.clear();
+        running.Box("TextA1(3)")->selectAll();
+        QTest::keyClicks(running.Box("TextA1(3)"), "typed");
+        ReplaceFile(running.test.folder / "cut.csv", "Version 8\r\n");
+        running.test.ui.ExpectChooser("Open", running.test.folder / "cut.csv");
+        running.test.ui.Expect("line 2: the header ends here; it has 6 lines\r\nCalled form Sub:LoadData",
+                               Icon::Critical);
+        running.test.ui.Expect("Could not finish process", Icon::Information);
+        running.test.ui.Expect("The file could not be opened successfully", Icon::Information);
+        running.Trigger("mnuOpen");
+        QCOMPARE(running.Box("TextA1(3)")->text(), QString("typed"));
+    }
+
+    void aPastedLineBreakBecomesABlank() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        QLineEdit* box = running.Box("TextA1(1)");
+        box->selectAll();
+        QApplication::clipboard()->setText("one\r\ntwo\tthree");
+        box->paste();
+        emit box->textEdited(box->text());
+        SaveLabel(running.program.main, 1, 24);
+        QCOMPARE(running.program.main.document.FieldA(1), std::string("one two three"));
     }
 
     void typingStopsAtTheLimitWithABeep() {
@@ -181,7 +212,7 @@ private slots:
         const std::string path = (running.test.folder / "out.pdf").string();
         running.test.ui.ExpectChooser("Save as PDF", path);
         running.test.ui.Expect("Do you want to overwrite the following file?\r\n[" + path + "]", Icon::Question,
-                               Buttons::YesNo, Answer::No);
+                               Buttons::YesNo, Answer::No, Answer::No);
         running.test.ui.ExpectChooser("Save as PDF", running.test.folder / "none/out.pdf");
         running.test.ui.Expect((running.test.folder / "none/out.pdf").string() +
                                    ": No such file or directory\r\nCalled from Function: PrintReport",

@@ -57,9 +57,7 @@ TEST(FontFace, AFileThatIsNoFontIsAnError) {
 TEST(TextShaper, AMachineWithoutFontsIsAnErrorNotAnEmptySheet) {
     struct NoFonts : FontCatalogue {
         std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
-        std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override {
-            return std::nullopt;
-        }
+        std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
     } const catalogue;
     TextShaper shaper(catalogue, {});
     EXPECT_THROW(shaper.Shape("text", 0), Error);
@@ -73,6 +71,16 @@ TEST(TextShaper, ACharacterThatNoFontHasIsTheBoxForAMissingGlyph) {
     ASSERT_EQ(text.runs.size(), 1U);
     EXPECT_EQ(text.runs[0].glyphs.at(1).id, 0U);
     EXPECT_GT(text.runs[0].glyphs.at(1).advance, 0);
+}
+
+TEST(TextShaper, AFontThatDoesNotHaveTheCharacterEitherIsNoReplacement) {
+    struct Useless : DressedCatalogue {
+        std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override {
+            return FontFile{VELMORA_TEST_FONTS "/named.otf", 0, "Boxes"}; // A and B only
+        }
+    } const catalogue;
+    TextShaper shaper(catalogue, {});
+    EXPECT_EQ(shaper.Shape("a☃", 0).runs.size(), 1U);
 }
 
 TEST(TextShaper, ADamagedReplacementFontDoesNotStopTheSheet) {
@@ -116,6 +124,7 @@ TEST(TextShaper, RunsStandInTheOrderOfTheEye) {
         {"אב 12", U"12 בא"},
         {"ab אב 12 cd", U"ab 12 בא cd"}, // a number among letters that run to the left is part of them
         {"12-34 אב", U"בא 12-34"},
+        {"אב (1/2), c", U"c ,(1/2) בא"},
     };
     for (const auto& [text, expected] : cases) {
         const ShapedText& shaped = shaper.Shape(text, 0);

@@ -1,14 +1,12 @@
 #include "tests/print_ink/Ink.h"
 
-#include "base/Text.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <sstream>
 
 namespace velmora::ink {
@@ -49,7 +47,8 @@ FontSettings AllFields(const FieldFont& font) {
 }
 
 std::optional<FontFile> DressedCatalogue::Match(const FontRequest& request) const {
-    auto file = own ? own : real.Match(request);
+    const bool embolden = request.bold && noBold, slant = request.italic && noItalic;
+    auto file = own ? own : real.Match({request.family, request.bold && !embolden, request.italic && !slant});
     if (file) {
         file->embolden = embolden;
         file->slant = slant;
@@ -57,8 +56,7 @@ std::optional<FontFile> DressedCatalogue::Match(const FontRequest& request) cons
     return file;
 }
 
-std::optional<FontFile> DressedCatalogue::MatchCharacter(const FontRequest& request,
-                                                         char32_t character) const {
+std::optional<FontFile> DressedCatalogue::MatchCharacter(const FontRequest& request, char32_t character) const {
     return hasFallback ? real.MatchCharacter(request, character) : std::nullopt;
 }
 
@@ -78,8 +76,8 @@ std::string PdfFile::Bytes() const {
 }
 
 std::string PdfFile::Ask(const std::string& command) const {
-    const std::string path = (folder_ / "sheets.pdf").string();
-    const std::string line = std::regex_replace(command, std::regex("%"), path).append(" 2>&1");
+    std::string line = command + " 2>&1";
+    line.replace(line.find('%'), 1, (folder_ / "sheets.pdf").string());
     std::FILE* pipe = ::popen(line.c_str(), "r");
     if (!pipe)
         throw std::runtime_error("no pipe");
@@ -92,7 +90,9 @@ std::string PdfFile::Ask(const std::string& command) const {
 
 std::string PdfFile::Text() const {
     std::string text = Ask("pdftotext -enc UTF-8 % -");
-    std::erase(text, '\f');
+    for (const char* mark : {"\f", "\u200E", "\u200F", "\u202A", "\u202B", "\u202C", "\u202D", "\u202E"})
+        for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark))
+            text.erase(at, std::strlen(mark));
     while (!text.empty() && (text.back() == '\n' || text.back() == ' '))
         text.pop_back();
     return text;
@@ -100,14 +100,16 @@ std::string PdfFile::Text() const {
 
 std::vector<Rect> PdfFile::Words() const {
     constexpr double kMmPerPoint = 25.4 / 72;
-    static const std::regex kWord(
-        R"re(<word xMin="([-.\d]+)" yMin="([-.\d]+)" xMax="([-.\d]+)" yMax="([-.\d]+)")re");
-    const std::string answer = Ask("pdftotext -bbox % -");
+    std::istringstream answer(Ask("pdftotext -bbox % -"));
     std::vector<Rect> words;
-    for (std::sregex_iterator word(answer.begin(), answer.end(), kWord); word != std::sregex_iterator();
-         ++word) {
-        const auto edge = [&](std::size_t group) { return std::stod((*word)[group]) * kMmPerPoint; };
-        words.push_back({edge(1), edge(2), edge(3), edge(4)});
+    for (std::string line; std::getline(answer, line);) {
+        Rect word;
+        if (std::sscanf(line.c_str(), " <word xMin=\"%lf\" yMin=\"%lf\" xMax=\"%lf\" yMax=\"%lf\"", &word.left,
+                        &word.top, &word.right, &word.bottom) != 4)
+            continue;
+        for (double* edge : {&word.left, &word.top, &word.right, &word.bottom})
+            *edge *= kMmPerPoint;
+        words.push_back(word);
     }
     return words;
 }
@@ -144,8 +146,33 @@ Rect PdfFile::Picture::InkBox() const {
 }
 
 int PdfFile::Picture::DarkPixels() const {
-    return static_cast<int>(
-        std::count_if(pixels.begin(), pixels.end(), [](unsigned char p) { return p < 128; }));
+    int dark = 0;
+    for (int y = 0; y < height; ++y)
+        dark += DarkPixels(y);
+    return dark;
+}
+
+int PdfFile::Picture::DarkPixels(int row) const {
+    int dark = 0;
+    for (int x = 0; x < width; ++x)
+        dark += IsDark(x, row);
+    return dark;
+}
+
+int PdfFile::Picture::PixelsFarFrom(const Picture& other) const {
+    constexpr int kNear = kPixelsPerMm / 5;
+    const auto isNear = [&](int x, int y) {
+        for (int v = std::max(0, y - kNear); v <= std::min(other.height - 1, y + kNear); ++v)
+            for (int u = std::max(0, x - kNear); u <= std::min(other.width - 1, x + kNear); ++u)
+                if (other.IsDark(u, v))
+                    return true;
+        return false;
+    };
+    int far = 0;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            far += IsDark(x, y) && !isNear(x, y);
+    return far;
 }
 
 } // namespace velmora::ink

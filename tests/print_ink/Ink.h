@@ -32,16 +32,15 @@ Box MmBox(double left, double top, double width, double height);
 /// On turned paper, where a rectangle of the sheet as read comes to lie.
 Rect OnPaper(const Paper& paper, const Rect& asRead);
 
-Sheet OneText(std::string_view text, const Box& box, std::int16_t alignment = kAlignLeft,
-              const Paper& paper = kA4);
+Sheet OneText(std::string_view text, const Box& box, std::int16_t alignment = kAlignLeft, const Paper& paper = kA4);
 /// All three fields in one font.
 FontSettings AllFields(const FieldFont& font);
 
 /// Answers with the faces of another catalogue, but as the test wants them.
 struct DressedCatalogue : FontCatalogue {
     FontconfigCatalogue real;
-    bool embolden = false;
-    bool slant = false;
+    bool noBold = false;   ///< no family has a bold face
+    bool noItalic = false; ///< no family has an italic face
     bool hasFallback = true;
     std::optional<FontFile> own; ///< in place of what the machine has
 
@@ -59,7 +58,8 @@ public:
     /// What a program prints, the errors too, when it is given the file; "%" stands for the path. Fails the
     /// test where the program fails.
     std::string Ask(const std::string& command) const;
-    /// The text that a person would copy, without blanks and line ends around it.
+    /// The text that a person would copy, without line ends at its end and marks for the direction of
+    /// writing.
     std::string Text() const;
     /// The boxes of all words, baseline to baseline with ascent and descent.
     std::vector<Rect> Words() const;
@@ -73,6 +73,8 @@ public:
         bool IsDark(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)] < 128; }
         Rect InkBox() const; ///< all zero without ink
         int DarkPixels() const;
+        int DarkPixels(int row) const;
+        int PixelsFarFrom(const Picture& other) const; ///< dark ones with no dark one within 0.2 mm in the other
     };
     Picture Render() const;
 

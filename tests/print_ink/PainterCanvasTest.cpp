@@ -8,8 +8,8 @@
 namespace velmora::ink {
 namespace {
 
-PdfFile::Picture Draw(const Sheet& sheet, const FontSettings& fonts, const FontCatalogue& catalogue,
-                      SheetView view, Outlines outlines = Outlines::Hidden) {
+PdfFile::Picture Draw(const Sheet& sheet, const FontSettings& fonts, const FontCatalogue& catalogue, SheetView view,
+                      Outlines outlines = Outlines::Hidden) {
     const bool upright = sheet.paper.turned && view == SheetView::AsRead;
     PdfFile::Picture page;
     page.width = static_cast<int>((upright ? sheet.paper.heightMm : sheet.paper.widthMm) * kPixelsPerMm);
@@ -29,41 +29,83 @@ struct Case {
     const char* text;
     const char* family;
     std::int16_t size;
-    enum Style { Plain, Bold, Italic, Underlined } style = Plain;
+    enum Style { Plain, Bold, Italic, BoldItalic, Underlined } style = Plain;
     Paper paper = kA4;
-    bool embolden = false;
-    bool slant = false;
+    bool synthetic = false; ///< bold and italic are made from the regular face
 };
 
 const Case kCases[] = {
-    {"plain", "No.0017 Môre", "Arial", 14, Case::Plain},
-    {"kerned, large", "AVAVA To", "Arial", 30, Case::Plain},
+    {"plain", "No.0017 Môre", "Arial", 14},
+    {"kerned, large", "AVAVA To", "Arial", 30},
     {"bold, turned", "No.0017 gj", "Arial", 14, Case::Bold, kTurnedDl},
     {"italic serif", "office fjord", "Times New Roman", 24, Case::Italic},
-    {"other fonts, accents of their own", "αβ → é̂", "Arial", 18, Case::Plain},
-    {"right to left", "אבג 123", "Arial", 18, Case::Plain},
-    {"thickened", "No.0017 gj", "Arial", 24, Case::Plain, kA4, true, false},
-    {"slanted, turned", "No.0017 gj", "Arial", 24, Case::Plain, kTurnedDl, false, true},
-    {"thickened and slanted", "WA 17", "Arial", 24, Case::Plain, kA4, true, true},
+    {"characters of other fonts", "αβ → ☃ x", "Arial", 18},
+    {"accents of their own", "X̂x̱̂ and q̂̂x", "DejaVu Sans", 30},
+    {"right to left", "אבג 123", "Arial", 18},
+    {"thickened", "No.0017 gj", "Arial", 24, Case::Bold, kA4, true},
+    {"slanted, turned", "No.0017 gj", "Arial", 24, Case::Italic, kTurnedDl, true},
+    {"thickened and slanted", "WA 17", "Arial", 24, Case::BoldItalic, kA4, true},
     {"underlined", "No.0017", "Arial", 14, Case::Underlined},
     {"too wide", "No.0017 and then very much more of it", "Arial", 36, Case::Underlined},
-    {"too wide, slanted, turned", "No.0017 and then very much more", "Arial", 36, Case::Plain, kTurnedDl,
-     false, true},
+    {"too wide, slanted, turned", "No.0017 and then very much more", "Arial", 36, Case::Italic, kTurnedDl, true},
 };
+
+void ExpectAlike(const Sheet& sheet, const FontSettings& fonts, const FontCatalogue& catalogue) {
+    const auto printed = PdfFile({sheet}, fonts, catalogue).Render();
+    const auto drawn = Draw(sheet, fonts, catalogue, SheetView::AsPrinted);
+    ExpectNear(drawn.InkBox(), printed.InkBox());
+    EXPECT_NEAR(drawn.DarkPixels(), printed.DarkPixels(), printed.DarkPixels() * 0.06);
+    // Ink in one where the other has none near would be a glyph astray.
+    EXPECT_LT(drawn.PixelsFarFrom(printed), printed.DarkPixels() / 100);
+    EXPECT_LT(printed.PixelsFarFrom(drawn), printed.DarkPixels() / 100);
+}
 
 TEST(PainterCanvas, DrawsWhatThePdfShows) {
     for (const Case& row : kCases) {
         SCOPED_TRACE(row.name);
         DressedCatalogue catalogue;
-        catalogue.embolden = row.embolden;
-        catalogue.slant = row.slant;
-        const FontSettings fonts = AllFields({row.family, row.size, row.style == Case::Bold,
-                                              row.style == Case::Italic, row.style == Case::Underlined});
-        const Sheet sheet = OneText(row.text, MmBox(20, 30, 70, 12), kAlignCentre, row.paper);
-        const auto printed = PdfFile({sheet}, fonts, catalogue).Render();
-        const auto drawn = Draw(sheet, fonts, catalogue, SheetView::AsPrinted);
-        ExpectNear(drawn.InkBox(), printed.InkBox());
-        EXPECT_NEAR(drawn.DarkPixels(), printed.DarkPixels(), printed.DarkPixels() * 0.06);
+        catalogue.noBold = catalogue.noItalic = row.synthetic;
+        const bool bold = row.style == Case::Bold || row.style == Case::BoldItalic;
+        const bool italic = row.style == Case::Italic || row.style == Case::BoldItalic;
+        const FontSettings fonts = AllFields({row.family, row.size, bold, italic, row.style == Case::Underlined});
+        ExpectAlike(OneText(row.text, MmBox(20, 30, 70, 12), kAlignCentre, row.paper), fonts, catalogue);
+    }
+}
+
+/// Nothing that one text sets may leak into the next: fonts, thickness, lean, clips, raised accents.
+TEST(PainterCanvas, TextsOfManyKindsOnOneSheetDoNotDisturbEachOther) {
+    DressedCatalogue catalogue;
+    catalogue.noBold = catalogue.noItalic = true;
+    const FontSettings fonts = {FieldFont{"Arial", 14}, FieldFont{"Arial", 14, true},
+                                FieldFont{"Arial", 20, false, true}};
+    Sheet sheet{kA4, {}, {}, {}};
+    int row = 0;
+    for (const int field : {0, 0, 1, 0, 2, 1, 2, 2, 0, 1, 1, 2, 0})
+        for (const char* text : {"X̂ᾷ 12", "far too wide for its box", "xy"}) {
+            sheet.texts.push_back({text, MmBox(20 + 5.0 * (row % 7), 10 + 7.0 * row, 30, 8), field, 0});
+            ++row;
+        }
+    ExpectAlike(sheet, fonts, catalogue);
+}
+
+/// Rectangles for glyphs tell from the ink which glyph of which face was drawn: A is 0.5 em wide and 0.7 em
+/// high, B reaches from 0.1 to 0.8 em and 0.2 em below the baseline.
+TEST(PainterCanvas, EveryKindOfFontFileShowsItsOwnGlyphsHereAndInThePdf) {
+    constexpr double kEmMm = 40 * 25.4 / 72;
+    const std::pair<const char*, int> files[] = {{"named.otf", 0}, {"numbered.otf", 0}, {"collection.ttc", 1}};
+    for (const auto& [name, index] : files) {
+        SCOPED_TRACE(name);
+        DressedCatalogue catalogue;
+        catalogue.own = FontFile{std::string(VELMORA_TEST_FONTS "/") + name, index, "Boxes"};
+        const FontSettings fonts = AllFields({"Boxes", 40, false, false, false, 0, kAlignTop});
+        const Sheet sheet = OneText("AB", MmBox(20, 30, 70, 20));
+        const PdfFile pdf({sheet}, fonts, catalogue);
+        const Rect expected = {20 + 0.1 * kEmMm, 30 + 0.1 * kEmMm, 20 + 1.5 * kEmMm, 30 + kEmMm};
+        ExpectNear(pdf.Render().InkBox(), expected);
+        ExpectNear(Draw(sheet, fonts, catalogue, SheetView::AsPrinted).InkBox(), expected);
+        EXPECT_EQ(pdf.Text(), "AB");
+        EXPECT_NE(pdf.Ask("pdffonts %").find("yes yes yes"), std::string::npos);
+        pdf.Ask("qpdf --check %");
     }
 }
 
@@ -84,17 +126,15 @@ TEST(PainterCanvas, OutlinesAreThoseOfThePdf) {
 
 /// Thickening and slanting must show at all, in both.
 TEST(PainterCanvas, ThickenedIsThickerAndSlantedLeans) {
-    DressedCatalogue plain, thick, slanted;
-    thick.embolden = true;
-    slanted.slant = true;
+    DressedCatalogue catalogue;
+    catalogue.noBold = catalogue.noItalic = true;
     const Sheet sheet = OneText("Illl", MmBox(20, 30, 70, 15));
-    const FontSettings fonts = AllFields({"Arial", 36});
-    const auto draw = [&](const FontCatalogue& catalogue) {
-        return Draw(sheet, fonts, catalogue, SheetView::AsPrinted);
+    const auto draw = [&](bool bold, bool italic) {
+        return Draw(sheet, AllFields({"Arial", 36, bold, italic}), catalogue, SheetView::AsPrinted);
     };
-    EXPECT_GT(draw(thick).DarkPixels(), draw(plain).DarkPixels() * 1.3);
+    EXPECT_GT(draw(true, false).DarkPixels(), draw(false, false).DarkPixels() * 1.3);
     // A letter 0.73 em high leans by a fifth of that.
-    EXPECT_NEAR(draw(slanted).InkBox().right - draw(plain).InkBox().right,
+    EXPECT_NEAR(draw(false, true).InkBox().right - draw(false, false).InkBox().right,
                 0.73 * 36 * 25.4 / 72 * kSlantShear, 0.2);
 }
 

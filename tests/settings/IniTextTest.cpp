@@ -100,8 +100,7 @@ TEST(IniText, StandsAnyBytes) {
         text.Write("s", "k", "v 1");
         ASSERT_EQ(IniText(text.Bytes()).ReadString("s", "k", ""), "v 1")
             << json(bytes).dump(-1, ' ', true, json::error_handler_t::replace);
-        while (text.DeleteSection("s")) {
-        }
+        while (text.DeleteSection("s")) {}
         ASSERT_EQ(IniText(text.Bytes()).ReadString("s", "k", "none"), "none");
     }
 }

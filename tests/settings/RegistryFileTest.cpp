@@ -83,9 +83,8 @@ TEST_F(RegistryFileTest, ChangesOnlyWhatItIsToldTo) {
     EXPECT_EQ(registry_.Set(kPath, "A", "\xC5\x82"), RegistryCode::WriteFault) << "not in the encoding";
     EXPECT_EQ(registry_.Set(kPath, "A\r\n", "1"), RegistryCode::WriteFault);
     EXPECT_EQ(Content(path_),
-              Exported(kept +
-                       "\"A\"=\"C:\\\\\\\"\xE9\"\r\n\"New\"=dword:0000001a\r\n\r\n[HKEY_LOCAL_MACHINE\\X]\r\n"
-                       "\"A\"=\"9\"\r\n\r\n[HKEY_LOCAL_MACHINE\\X\\Y]\r\n@=\"v\"\r\n"));
+              Exported(kept + "\"A\"=\"C:\\\\\\\"\xE9\"\r\n\"New\"=dword:0000001a\r\n\r\n[HKEY_LOCAL_MACHINE\\X]\r\n"
+                              "\"A\"=\"9\"\r\n\r\n[HKEY_LOCAL_MACHINE\\X\\Y]\r\n@=\"v\"\r\n"));
 }
 
 TEST_F(RegistryFileTest, WritesTheFormThatWasRead) {
@@ -141,9 +140,9 @@ TEST_F(RegistryFileTest, NeverChangesABrokenFile) {
 }
 
 TEST_F(RegistryFileTest, StandsAnyBytes) {
-    const std::string pieces[] = {
-        "[", "]",      "[-", "\"a\"=", "\"", "\\", "\r\n",   "\n", "=",   "hex:", "hex(2):",  "41,",
-        "0", "dword:", "@",  ";",      " ",  "-",  "HKLM\\", "X",  "\\Y", "\xE9", "\xC3\xA9", "[HKLM\\X]\n"};
+    const std::string pieces[] = {"[", "]",    "[-",      "\"a\"=", "\"",  "\\",     "\r\n",     "\n",
+                                  "=", "hex:", "hex(2):", "41,",    "0",   "dword:", "@",        ";",
+                                  " ", "-",    "HKLM\\",  "X",      "\\Y", "\xE9",   "\xC3\xA9", "[HKLM\\X]\n"};
     std::mt19937 random(8102);
     int changed = 0;
     for (int round = 0; round < 3000; ++round) {

@@ -79,8 +79,7 @@ TEST_F(SettingsTest, ReadingFillsTheFile) {
     ReplaceFile(ini_, "[Settings]\n  OptType = 0\n");
     EXPECT_EQ(GetSetting(store_, "Velmora", "Settings", "OptType", "0"), "0");
     EXPECT_EQ(GetSetting(store_, "Velmora", "Settings", "Number", "7", true), "7");
-    EXPECT_EQ(Content(ini_), "[Settings]\n  OptType = 0\n")
-        << "only texts are written back, where bytes change";
+    EXPECT_EQ(Content(ini_), "[Settings]\n  OptType = 0\n") << "only texts are written back, where bytes change";
 }
 
 TEST_F(SettingsTest, CutsValuesAndLists) {
@@ -106,8 +105,7 @@ TEST_F(SettingsTest, Numbers) {
     ui_.Expect("You must enter a numeric value to save as Integer", Icon::None);
     EXPECT_FALSE(Save("N", "abc", true));
     EXPECT_EQ(Content(ini_), "(none)");
-    const std::pair<const char*, const char*> cases[] = {
-        {"-5", "-5"}, {"12abc", "12"}, {"abc", "0"}, {"", "3"}};
+    const std::pair<const char*, const char*> cases[] = {{"-5", "-5"}, {"12abc", "12"}, {"abc", "0"}, {"", "3"}};
     for (const auto& [stored, read] : cases) {
         Save("N", stored);
         EXPECT_EQ(Get("N", " 3 ", true), read) << stored;
@@ -150,8 +148,7 @@ TEST_F(SettingsTest, BatchWritesAtItsEnd) {
             SettingsBatch inner(store_);
             Save("A", "2");
             throw Error("half done");
-        } catch (const Error&) {
-        }
+        } catch (const Error&) {}
         SettingsBatch inner(store_);
         EXPECT_EQ(Get("B", "3"), "3");
         inner.Commit();
@@ -205,14 +202,12 @@ TEST_F(SettingsTest, RegistryErrorsAreReported) {
     Save("A", "1");
     ExpectRegistryError("Error Deleting Registry Key Entry:", "Key/Path=" + kSection + "DLL Returned=2");
     EXPECT_FALSE(DeleteSetting(store_, "Velmora", "Sect", "B"));
-    ExpectRegistryError("Error Deleting Registry Key Entry:",
-                        "Key/Path=" + kApplication + "Delete sub sections. [5]");
+    ExpectRegistryError("Error Deleting Registry Key Entry:", "Key/Path=" + kApplication + "Delete sub sections. [5]");
     EXPECT_FALSE(DeleteSetting(store_, "Velmora", "", ""));
     ExpectRegistryError("Cannot set Registry value: RegSetValueEx", "Key=" + kSection + "DLL Returned=29");
     EXPECT_FALSE(Save("A", "\xC5\x82"));
     ReplaceFile(reg_, "broken");
-    ExpectRegistryError("Cannot Create Registry path: RegCreateKeyExVelmora",
-                        "Key=" + kSection + "DLL Returned=1015");
+    ExpectRegistryError("Cannot Create Registry path: RegCreateKeyExVelmora", "Key=" + kSection + "DLL Returned=1015");
     EXPECT_FALSE(Save("A", "1"));
 }
 
@@ -256,15 +251,13 @@ TEST_F(RegistryMoveTest, AWriteThatFailsHalfWayLosesNothing) {
     ExpectIniError();
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
     EXPECT_EQ(InRegistry("N"), "3");
-    EXPECT_EQ(Content(folder_ / "kept.ini"),
-              "[Paths]\r\nApplication=C:\\Velmora\\\r\n[Sect]\r\nA=caf\xC3\xA9\r\n");
+    EXPECT_EQ(Content(folder_ / "kept.ini"), "[Paths]\r\nApplication=C:\\Velmora\\\r\n[Sect]\r\nA=caf\xC3\xA9\r\n");
     EXPECT_EQ(store_.SaveMode, 1);
 }
 
 TEST_F(RegistryMoveTest, AProtectedRegistryIsReportedOnce) {
     registry_.onDelete = [](const std::string&) { return RegistryCode::WriteFault; };
-    ExpectRegistryError("Error Deleting Registry Key Entry:",
-                        "Key/Path=" + kApplication + "\\PathsDLL Returned=29");
+    ExpectRegistryError("Error Deleting Registry Key Entry:", "Key/Path=" + kApplication + "\\PathsDLL Returned=29");
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
     EXPECT_EQ(Content(ini_), all_);
     EXPECT_EQ(InRegistry("A"), "caf\xC3\xA9");
@@ -272,8 +265,7 @@ TEST_F(RegistryMoveTest, AProtectedRegistryIsReportedOnce) {
 
 TEST_F(RegistryMoveTest, ABrokenRegistryIsNotTakenForNone) {
     ReplaceFile(reg_, "broken");
-    ExpectRegistryError("Error Opening Registry Key Entry:",
-                        "Key/Path=" + kApplication + "DLL Returned=1015");
+    ExpectRegistryError("Error Opening Registry Key Entry:", "Key/Path=" + kApplication + "DLL Returned=1015");
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
     EXPECT_EQ(Content(reg_), "broken");
     fs::remove(reg_);

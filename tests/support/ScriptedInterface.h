@@ -21,13 +21,15 @@ public:
             fail_("never shown: " + step.text);
     }
 
-    /// A message box: its whole text, icon and buttons, and what is answered.
-    void Expect(const std::string& text, Icon icon, Buttons buttons = Buttons::Ok, Answer answer = Answer::Ok) {
-        script_.push_back({text, icon, buttons, answer, {}});
+    /// A message box: its whole text, icon and buttons, what is answered, and the default button where one is set.
+    void Expect(const std::string& text, Icon icon, Buttons buttons = Buttons::Ok, Answer answer = Answer::Ok,
+                std::optional<Answer> defaultButton = std::nullopt) {
+        script_.push_back({text, icon, buttons, answer, defaultButton, {}, ""});
     }
-    /// A file or folder chooser with this title; nothing chosen: cancelled.
-    void ExpectChooser(const std::string& title, std::optional<std::filesystem::path> chosen) {
-        script_.push_back({title, Icon::None, Buttons::Ok, Answer::Ok, std::move(chosen)});
+    /// A file or folder chooser with this title; nothing chosen: cancelled. `request` is "operation|filter|name".
+    void ExpectChooser(const std::string& title, std::optional<std::filesystem::path> chosen,
+                       const std::string& request = "") {
+        script_.push_back({title, Icon::None, Buttons::Ok, Answer::Ok, std::nullopt, std::move(chosen), request});
     }
 
     int beeps = 0;
@@ -35,8 +37,9 @@ public:
 
     Answer Show(const Message& message) override {
         const Step step = Next(message.text);
-        if (step.icon != message.icon || step.buttons != message.buttons || message.title != "Velmora")
-            fail_("other icon, buttons or title: " + message.text);
+        if (step.icon != message.icon || step.buttons != message.buttons || message.title != "Velmora" ||
+            step.defaultButton != message.defaultButton)
+            fail_("other icon, buttons, default button or title: " + message.text);
         return step.answer;
     }
     void Beep() override { ++beeps; }
@@ -45,10 +48,13 @@ public:
         return std::make_unique<Silent>();
     }
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override {
-        return Next(request.title).chosen;
+        const Step step = Next(request.title);
+        const std::string shown = request.operation + "|" + request.filter + "|" + request.defaultName;
+        if (!step.request.empty() && step.request != shown)
+            fail_("other chooser: " + shown);
+        return step.chosen;
     }
-    std::optional<std::filesystem::path> ChooseFolder(const std::string& title,
-                                                      const std::filesystem::path&) override {
+    std::optional<std::filesystem::path> ChooseFolder(const std::string& title, const std::filesystem::path&) override {
         return Next(title).chosen;
     }
 
@@ -58,7 +64,9 @@ private:
         Icon icon;
         Buttons buttons;
         Answer answer;
+        std::optional<Answer> defaultButton;
         std::optional<std::filesystem::path> chosen;
+        std::string request;
     };
     class Silent : public Progress {
         void Advance(int) override {}
@@ -67,7 +75,7 @@ private:
     Step Next(const std::string& text) {
         if (script_.empty() || script_.front().text != text) {
             fail_("not expected: " + text + (script_.empty() ? "" : "\n   instead of: " + script_.front().text));
-            return {text, Icon::None, Buttons::Ok, Answer::Cancel, {}};
+            return {text, Icon::None, Buttons::Ok, Answer::Cancel, {}, {}, ""};
         }
         Step step = script_.front();
         script_.pop_front();
