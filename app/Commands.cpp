@@ -23,9 +23,10 @@ OpenOutcome OpenCommand(MainModule& main) {
     return outcome;
 }
 
-void CloseCommand(MainModule& main) {
-    if (main.document.DocChanged && AskToSave(main) == Answer::Yes)
-        SaveLabels(main, false);
+bool CloseCommand(MainModule& main) {
+    if (!main.document.DocChanged || AskToSave(main) != Answer::Yes)
+        return true;
+    return SaveLabels(main, false) == SaveOutcome::Saved;
 }
 
 } // namespace velmora

@@ -12,7 +12,8 @@ void NewCommand(MainModule& main);
 /// Open, with the window's own word on a failure.
 OpenOutcome OpenCommand(MainModule& main);
 
-/// Before the window closes: asks about unsaved changes. Deliberate: every answer ends the program.
-void CloseCommand(MainModule& main);
+/// Before the window closes: asks about unsaved changes. Deliberate: every answer ends the program, Cancel too. Only a
+/// wanted save that did not happen gives false, and the window stays.
+bool CloseCommand(MainModule& main);
 
 } // namespace velmora

@@ -19,13 +19,14 @@ void SetVersionTitle(Program& program) {
     program.Title = program.main.settings.SettingsAppName + " [Version " + kVersion + "]";
 }
 
-/// A folder from section "Paths". A stored path that the settings cut at their longest value is taken from the default
-/// again.
+/// A folder from section "Paths". The default stands in for a stored path that the settings cut at their longest value,
+/// and for one that moved in from a machine with drives.
 fs::path ReadFolder(MainModule& main, const char* key, const fs::path& fallback) {
     const std::string otherwise = WithSeparator(fallback).string();
     const std::string stored = GetSetting(main.settings, main.settings.SettingsAppName, "Paths", key, otherwise);
     const bool cut = CharacterCount(stored) >= kIniValueCharacters && otherwise.starts_with(stored);
-    return WithSeparator(cut ? otherwise : stored);
+    const bool foreign = fs::path(stored).is_relative() && DriveOf(stored) != "NO DRIVE";
+    return WithSeparator(cut || foreign ? otherwise : stored);
 }
 
 bool IsMissing(const fs::path& folder) {
@@ -94,7 +95,7 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
     if (LoadConfiguration(main) == LoadOutcome::NoPrinter || !FindFolders(main))
         return StartOutcome::Ended;
     forms.ShowMainWindow();
-    if (!commandLine.empty() && OpenFile(main, fs::absolute(commandLine)) == OpenOutcome::NoPrinter)
+    if (!commandLine.empty() && OpenPath(main, fs::absolute(commandLine)) == OpenOutcome::NoPrinter)
         return StartOutcome::Ended;
     return StartOutcome::Running;
 }

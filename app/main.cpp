@@ -11,8 +11,7 @@
 
 #include <QApplication>
 #include <QIcon>
-
-#include <iostream>
+#include <QMessageBox>
 
 namespace {
 
@@ -32,15 +31,20 @@ private:
     std::unique_ptr<mdiVelmora> window_;
 };
 
-std::string CommandLine(const QStringList& arguments) {
-    return arguments.mid(1).join(' ').toStdString();
+/// The arguments as the system gave them: a file's name need not be UTF-8.
+std::string CommandLine(int argc, char** argv) {
+    std::string line;
+    for (int i = 1; i < argc; ++i)
+        line += std::string(i == 1 ? "" : " ") + argv[i];
+    return line;
 }
 
-int Run(QApplication& application) {
+int Run(const std::string& commandLine) {
     const Environment environment = SystemEnvironment();
     const std::filesystem::path folder =
         FindProgramFolder(QCoreApplication::applicationDirPath().toStdString(), environment);
-    if (!std::filesystem::exists(folder / "Velmora.ini"))
+    std::error_code error;
+    if (!std::filesystem::exists(folder / "Velmora.ini", error))
         UnpackBundledFiles(folder);
 
     QtUserInterface ui;
@@ -51,7 +55,7 @@ int Run(QApplication& application) {
     settings.ProgramFolder = folder;
     Program program{{settings, ui, printers, {}, {}, {}}, {}, fonts, {}};
     QtForms forms(program);
-    if (Main(program, CommandLine(application.arguments()), forms) == StartOutcome::Ended)
+    if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;
     return QApplication::exec();
 }
@@ -64,9 +68,9 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName("velmora");
     QApplication::setWindowIcon(QIcon(":/velmora.svg"));
     try {
-        return Run(application);
+        return Run(CommandLine(argc, argv));
     } catch (const std::exception& error) {
-        std::cerr << "velmora: " << error.what() << '\n';
+        QMessageBox::critical(nullptr, "Velmora", QString::fromLocal8Bit(error.what()));
         return 1;
     }
 }

@@ -188,6 +188,11 @@ void AtomicFile::Fail() const {
     throw FileAccessError(target_, errno);
 }
 
+bool IsSameFile(const fs::path& a, const fs::path& b) {
+    std::error_code error;
+    return fs::equivalent(a, b, error);
+}
+
 void ReplaceFile(const fs::path& path, std::string_view bytes) {
     AtomicFile file(path);
     file.Write(bytes);

@@ -54,6 +54,9 @@ private:
     int file_ = -1;
 };
 
+/// True when both paths lead to one existing file.
+bool IsSameFile(const std::filesystem::path& a, const std::filesystem::path& b);
+
 /// AtomicFile for content that is at hand.
 void ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
 

@@ -5,6 +5,7 @@
 #include "document/OpenDocument.h"
 
 #include <iostream>
+#include <sstream>
 
 namespace velmora {
 namespace {
@@ -46,18 +47,28 @@ void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {
 TabFile BatchProgram::Load(const std::string& file) {
     return NamingFile(file, [&] {
         TabFile read = ParseTabFile(ReadInput(file));
-        LoadDocument(main_, read);
+        try {
+            LoadDocument(main_, read);
+        } catch (const OverflowError& error) {
+            throw Error(std::string(error.what()) + ": a document of this tab type holds at most " +
+                        std::to_string(MostTabs(main_.document.OptType)) + " tabs");
+        }
         return read;
     });
 }
 
 void RaiseWithFile(const std::string& file, const Error& error) {
-    const char* hint = error.Number() == kOverflowNumber ? ": a document holds at most 32767 tabs" : "";
-    throw Error(DisplayName(file) + ": " + error.what() + hint, error.Number());
+    throw Error(DisplayName(file) + ": " + error.what(), error.Number());
 }
 
 std::string ReadInput(const std::string& file) {
-    return ReadFile(file == kStandardStream ? "/dev/stdin" : file);
+    if (file != kStandardStream)
+        return ReadFile(file);
+    std::ostringstream bytes;
+    bytes << std::cin.rdbuf();
+    if (std::cin.bad())
+        throw Error("standard input: cannot be read");
+    return std::move(bytes).str();
 }
 
 void WriteOutput(const std::string& file,
@@ -69,8 +80,6 @@ void WriteOutput(const std::string& file,
         return;
     }
     produce([](std::string_view bytes) { std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size())); });
-    if (!std::cout.flush())
-        throw Error("standard output: cannot be written");
 }
 
 } // namespace velmora

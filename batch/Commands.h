@@ -16,7 +16,7 @@ int RunInfo(const InfoArguments& arguments);
 struct PdfArguments {
     std::string file;
     std::string output;
-    std::string pages; ///< "1-3,7"; empty: all
+    std::optional<std::string> pages; ///< "1-3,7"; nothing: all
     std::string ini;
     bool test = false;
     bool outline = false;

@@ -118,6 +118,9 @@ int RunInfo(const InfoArguments& arguments) {
 }
 
 int RunPdf(const PdfArguments& arguments) {
+    for (const std::string& read : {arguments.file, arguments.ini})
+        if (IsSameFile(read, arguments.output))
+            throw UsageError(arguments.output + ": the PDF would replace what it is made from");
     BatchProgram program;
     if (!arguments.ini.empty())
         program.UseSettings(arguments.ini);
@@ -128,8 +131,8 @@ int RunPdf(const PdfArguments& arguments) {
     });
     PdfOptions options;
     options.outline = arguments.outline;
-    if (!arguments.pages.empty())
-        options.sheets = ParsePages(arguments.pages, report.SheetCount());
+    if (arguments.pages)
+        options.sheets = ParsePages(*arguments.pages, report.SheetCount());
     else if (arguments.test)
         options.sheets = {1}; // the test page is one page, however long the document
     WriteOutput(arguments.output,
@@ -139,7 +142,7 @@ int RunPdf(const PdfArguments& arguments) {
 
 int RunNew(const NewArguments& arguments) {
     const TabType& type = *FindTabType(arguments.type);
-    const int most = 32767 / type.TabsPerPage();
+    const int most = MostTabs(arguments.type) / type.TabsPerPage();
     if (arguments.pages > most)
         throw UsageError("a document of tab type " + std::to_string(arguments.type) + " holds at most " +
                          std::to_string(most) + " pages");

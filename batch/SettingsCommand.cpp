@@ -2,6 +2,7 @@
 
 #include "app/settings/Validate.h"
 #include "base/AtomicFile.h"
+#include "base/Text.h"
 #include "batch/BatchProgram.h"
 #include "platform/linux/ProgramFolder.h"
 
@@ -16,6 +17,30 @@ std::filesystem::path OwnIniFile() {
     return FindProgramFolder(executable.parent_path(), SystemEnvironment()) / "Velmora.ini";
 }
 
+/// Raises why the file cannot be read, also for one in UTF-16.
+void CheckIsIniFile(const std::string& file) {
+    const std::string start = ReadFile(file, 4);
+    if (start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF") || start.find('\0') != std::string::npos)
+        throw Error(file + ": neither UTF-8 nor Windows-1252");
+}
+
+bool HoldsControl(const std::string& text) {
+    return OneLine(text) != text;
+}
+
+/// An INI file could not give these back under their name.
+void CheckNames(const SettingsArguments& arguments) {
+    const std::string& key = arguments.key;
+    if (Trim(arguments.section).empty() || arguments.section.find(']') != std::string::npos ||
+        HoldsControl(arguments.section))
+        throw UsageError("\"" + arguments.section + "\" cannot be a section");
+    if (Trim(key).empty() || key.find('=') != std::string::npos || Trim(key)[0] == ';' || Trim(key)[0] == '[' ||
+        HoldsControl(key))
+        throw UsageError("\"" + key + "\" cannot be a key");
+    if (HoldsControl(arguments.value))
+        throw UsageError("a value is one line");
+}
+
 void ChooseFile(BatchProgram& program, const SettingsArguments& arguments) {
     const bool changes = arguments.action == SettingsAction::Set || arguments.action == SettingsAction::Delete;
     if (!arguments.ini.empty()) {
@@ -26,8 +51,9 @@ void ChooseFile(BatchProgram& program, const SettingsArguments& arguments) {
     } else if (FileExists(OwnIniFile())) {
         program.UseSettings(OwnIniFile());
     }
-    if (!changes && !arguments.fallback && !arguments.ini.empty() && !FileExists(arguments.ini))
-        ReadFile(arguments.ini); // raises why it cannot be read
+    std::error_code error;
+    if (!arguments.ini.empty() && ((!changes && !arguments.fallback) || std::filesystem::exists(arguments.ini, error)))
+        CheckIsIniFile(arguments.ini);
 }
 
 int Get(SettingsStore& store, const SettingsArguments& arguments) {
@@ -63,6 +89,8 @@ int Done(bool done, const std::string& file) {
 
 int RunSettings(const SettingsArguments& arguments) {
     BatchProgram program;
+    if (arguments.action == SettingsAction::Set)
+        CheckNames(arguments);
     ChooseFile(program, arguments);
     SettingsStore& store = program.Settings();
     const std::string& application = store.SettingsAppName;

@@ -14,6 +14,9 @@ namespace {
 
 using namespace velmora;
 
+/// An empty file name comes from a script's empty variable.
+const CLI::Validator kNotEmpty([](const std::string& text) { return text.empty() ? "is empty" : ""; }, "");
+
 /// What the parsed command line asks for.
 struct Request {
     InfoArguments info;
@@ -26,7 +29,7 @@ struct Request {
 
 void AddInfo(CLI::App& app, Request& request) {
     CLI::App* command = app.add_subcommand("info", "Print what a tab file holds, as JSON");
-    command->add_option("FILE", request.info.file, "Tab file, - for standard input")->required();
+    command->add_option("FILE", request.info.file, "Tab file, - for standard input")->required()->check(kNotEmpty);
     command->add_flag("--tabs", request.info.tabs, "Print the texts of all tabs too");
     command->callback([&] { request.run = [&] { return RunInfo(request.info); }; });
 }
@@ -34,8 +37,8 @@ void AddInfo(CLI::App& app, Request& request) {
 void AddPdf(CLI::App& app, Request& request) {
     PdfArguments& pdf = request.pdf;
     CLI::App* command = app.add_subcommand("pdf", "Print a tab file to a PDF");
-    command->add_option("FILE", pdf.file, "Tab file, - for standard input")->required();
-    command->add_option("-o,--output", pdf.output, "PDF to write, - for standard output")->required();
+    command->add_option("FILE", pdf.file, "Tab file, - for standard input")->required()->check(kNotEmpty);
+    command->add_option("-o,--output", pdf.output, "PDF to write, - for standard output")->required()->check(kNotEmpty);
     command->add_option("--pages", pdf.pages, "Pages to print, such as 1-3,7");
     command->add_flag("--test", pdf.test, "Print the fixed texts of the test page");
     command->add_flag("--outline", pdf.outline, "Draw the outlines of the tabs");
@@ -49,13 +52,15 @@ void AddNew(CLI::App& app, Request& request) {
     command->add_option("--type", create.type, "Tab type")->required()->check(CLI::Range(0, kTabTypes - 1));
     command->add_option("--fields", create.fields, "Fields per tab")->required()->check(CLI::Range(1, 3));
     command->add_option("--pages", create.pages, "Pages")->check(CLI::Range(1, 32767));
-    command->add_option("-o,--output", create.output, "Tab file to write, - for standard output")->required();
+    command->add_option("-o,--output", create.output, "Tab file to write, - for standard output")
+        ->required()
+        ->check(kNotEmpty);
     command->callback([&] { request.run = [&] { return RunNew(request.create); }; });
 }
 
 void AddCheck(CLI::App& app, Request& request) {
     CLI::App* command = app.add_subcommand("check", "Read tab files strictly and print one line per problem");
-    command->add_option("FILE", request.check, "Tab files, - for standard input")->required();
+    command->add_option("FILE", request.check, "Tab files, - for standard input")->required()->check(kNotEmpty);
     command->callback([&] { request.run = [&] { return RunCheck(request.check); }; });
 }
 
@@ -89,7 +94,10 @@ void AddSettings(CLI::App& app, Request& request) {
 
 int Run(const Request& request) {
     try {
-        return request.run();
+        const int code = request.run();
+        if (!std::cout.flush())
+            throw Error("standard output: cannot be written");
+        return code;
     } catch (const UsageError& error) {
         std::cerr << "velmora-batch: " << error.what() << '\n';
         return kWrongUsage;

@@ -103,6 +103,10 @@ OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
     return outcome;
 }
 
+OpenOutcome OpenPath(MainModule& main, const std::filesystem::path& path) {
+    return !FileExists(path) || AnnounceVersion(main, path) ? OpenFile(main, path) : OpenOutcome::Failed;
+}
+
 OpenOutcome OpenNewFile(MainModule& main) {
     if (!MayReplaceDocument(main))
         return OpenOutcome::Cancelled;
@@ -118,7 +122,7 @@ OpenOutcome OpenNewFile(MainModule& main) {
         TellNoSpreadsheets(main);
         return OpenOutcome::Failed;
     }
-    return AnnounceVersion(main, *path) ? OpenFile(main, *path) : OpenOutcome::Failed;
+    return OpenPath(main, *path);
 }
 
 } // namespace velmora

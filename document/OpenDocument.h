@@ -18,6 +18,9 @@ enum class OpenOutcome { Opened, Failed, Cancelled, NoPrinter };
 /// document, settings and file as they were. NoPrinter: as LoadGlobals says.
 OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path);
 
+/// OpenFile after an announcement of what is no version 8 file.
+OpenOutcome OpenPath(MainModule& main, const std::filesystem::path& path);
+
 /// The Open command: offers to save the open document, asks for a file, announces what is no version 8 file and loads
 /// it. Cancelled leaves everything as it was.
 OpenOutcome OpenNewFile(MainModule& main);

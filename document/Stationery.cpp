@@ -16,6 +16,11 @@ const TabType* FindTabType(int optType) {
     return optType >= 0 && optType < kTabTypes ? &kCatalogue[static_cast<std::size_t>(optType)] : nullptr;
 }
 
+int MostTabs(int optType) {
+    const TabType* type = FindTabType(optType);
+    return type ? 32767 / type->TabsPerPage() * type->TabsPerPage() : 0;
+}
+
 void GetTabsPerPage(int optType, std::int16_t& tabsPerPage) {
     if (const TabType* type = FindTabType(optType))
         tabsPerPage = type->TabsPerPage();

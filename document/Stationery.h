@@ -39,6 +39,9 @@ extern const std::array<TabType, kTabTypes> kCatalogue;
 /// The entry of a tab type, or nullptr outside 0 to 5.
 const TabType* FindTabType(int optType);
 
+/// Tabs of the most whole pages that a 16-bit tab number can count; 0 outside 0 to 5.
+int MostTabs(int optType);
+
 /// Leaves `tabsPerPage` as it is outside 0 to 5.
 void GetTabsPerPage(int optType, std::int16_t& tabsPerPage);
 /// "DL" for types 4 and 5, else "A4", also outside 0 to 5.

@@ -23,7 +23,10 @@ std::optional<std::filesystem::path> AskForPath(MainModule& main) {
     const std::filesystem::path folder = document.empty() ? main.globals.TabsPath : document.parent_path();
     for (;;) {
         const auto path = main.ui.ChooseFile({"SAVE", "Save as PDF", folder, "PDF file (*.pdf)|*.pdf", name + ".pdf"});
-        if (!path || MayOverwrite(main, *path))
+        if (path && IsSameFile(*path, document))
+            Tell(main, "The document itself cannot be replaced by its PDF.  Please select a new file name.",
+                 Icon::Critical);
+        else if (!path || MayOverwrite(main, *path))
             return path;
     }
 }

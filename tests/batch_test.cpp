@@ -218,7 +218,8 @@ TEST_F(BatchTest, FailuresAreOneClearLine) {
         {"pdf cut.csv -o old.pdf", "velmora-batch: cut.csv: line 3: the header ends here; it has 6 lines\n"},
         {"pdf nul.csv -o old.pdf", "velmora-batch: nul.csv: line 1: holds bytes that are no text\n"},
         {"info long.csv", "velmora-batch: long.csv: line 1: longer than 32767 bytes\n"},
-        {"pdf many.csv -o old.pdf", "velmora-batch: many.csv: Overflow: a document holds at most 32767 tabs\n"},
+        {"pdf many.csv -o old.pdf",
+         "velmora-batch: many.csv: Overflow: a document of this tab type holds at most 32760 tabs\n"},
         {"pdf margin.csv -o old.pdf", "velmora-batch: margin.csv: Type mismatch: Margin Value Left\n"},
         {"pdf new.csv -o none/out.pdf", "velmora-batch: none/out.pdf: No such file or directory\n"}};
     ASSERT_EQ(Batch("new --type 0 --fields 1 -o new.csv").code, 0);
@@ -230,10 +231,18 @@ TEST_F(BatchTest, FailuresAreOneClearLine) {
     }
     for (const char* arguments :
          {"", "fly", "pdf new.csv", "pdf new.csv -o x.pdf --pages 2", "info", "pdf new.csv -o x.pdf --pages 3-1",
-          "new --type 6 --fields 1 -o x.csv", "settings set a b c"}) {
+          "new --type 6 --fields 1 -o x.csv", "settings set a b c", "pdf new.csv -o x.pdf --pages ''",
+          "pdf new.csv -o new.csv", "info ''", "settings --ini x.ini set S a=b c",
+          "settings --ini x.ini set S k \"$(printf 'a\\nb')\""}) {
         EXPECT_EQ(Batch(arguments).code, 2) << arguments;
         EXPECT_FALSE(fs::exists(folder / "x.pdf"));
     }
+    for (const char* arguments :
+         {"info new.csv > /dev/full", "check nul.csv > /dev/full", "new --type 0 --fields 1 -o - > /dev/full"})
+        EXPECT_EQ(Batch(arguments).code, 1) << arguments;
+    EXPECT_EQ(Batch("check none.csv nul.csv").output,
+              "velmora-batch: none.csv: No such file or directory\nnul.csv:1: holds bytes that are no text\nnul.csv:1: "
+              "is not \"Version 8\"\n");
     EXPECT_EQ(Batch("--version").output, "velmora-batch 8.1.0\n");
     EXPECT_EQ(Batch("--help").code, 0);
 }

@@ -190,9 +190,12 @@ TEST_F(FlowsTest, NewAsksAboutANamedDocumentOnly) {
 
 TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {
     Ask(kSaveQuestion, Answer::Yes);
+    program.ui.ExpectChooser("Save as", std::nullopt);
+    EXPECT_FALSE(CloseCommand(program.main)) << "what could not be saved is not thrown away";
+    Ask(kSaveQuestion, Answer::Yes);
     program.ui.ExpectChooser("Save as", Path("a.csv"));
-    CloseCommand(program.main);
-    CloseCommand(program.main);
+    EXPECT_TRUE(CloseCommand(program.main));
+    EXPECT_TRUE(CloseCommand(program.main));
     EXPECT_NE(ReadFile(Path("a.csv")).find("typed"), std::string::npos);
 }
 

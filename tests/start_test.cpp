@@ -67,6 +67,9 @@ TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
 
 TEST_F(StartTest, AFileOnTheCommandLineIsOpened) {
     ReplaceFile(test.folder / "a.csv", "one\r\ntwo\r\n");
+    test.ui.Expect("The file: [" + (test.folder / "a.csv").string() +
+                       "] is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!",
+                   Icon::Information);
     Start((test.folder / "a.csv").string());
     EXPECT_EQ(program.main.document.FieldA(2), "two");
     EXPECT_EQ(program.main.document.DocFileName, test.folder / "a.csv");
@@ -111,6 +114,14 @@ TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {
     }
     EXPECT_EQ(Start(), StartOutcome::Ended);
     EXPECT_EQ(forms.shown, 0);
+}
+
+TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
+    const std::string key = "SOFTWARE\\Corvane Series\\Velmora\\Paths";
+    test.registry.Set(key, "Application", std::string("C:\\Velmora\\"));
+    test.registry.Set(key, "Images", std::string("C:\\Velmora\\Images\\"));
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
 }
 
 TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {

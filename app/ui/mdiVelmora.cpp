@@ -132,8 +132,7 @@ void mdiVelmora::SetCaption(const std::string& caption) {
 }
 
 void mdiVelmora::closeEvent(QCloseEvent* event) {
-    Trapped(program_.main, "Called from Sub: mnuExit", [&] { CloseCommand(program_.main); });
-    event->accept();
+    Trapped(program_.main, "Called from Sub: mnuExit", [&] { event->setAccepted(CloseCommand(program_.main)); });
 }
 
 } // namespace velmora

@@ -12,9 +12,9 @@ const QString kRoot = QStringLiteral(":/velmora/");
 
 void Unpack(const QString& bundled, const std::filesystem::path& target) {
     QFile file(bundled);
-    if (std::filesystem::exists(target) || !file.open(QIODevice::ReadOnly))
-        return;
     std::error_code error;
+    if (std::filesystem::exists(target, error) || !file.open(QIODevice::ReadOnly))
+        return;
     std::filesystem::create_directories(target.parent_path(), error);
     try {
         const QByteArray bytes = file.readAll();

@@ -130,6 +130,10 @@ private slots:
         RunningProgram running;
         ReplaceFile(running.test.folder / "odd.csv", std::string(30, 'x') + "\ty,hidden,too\r\n");
         running.test.Store("Settings", "No Of Fields", "1");
+        running.test.ui.Expect("The file: [" + (running.test.folder / "odd.csv").string() +
+                                   "] is not an Velmora version 7 or version 8 file.\r\n\r\n"
+                                   "Velmora will attempt to import it!",
+                               Icon::Information);
         running.Start((running.test.folder / "odd.csv").string());
         SaveLabel(running.program.main, 1, 24);
         QCOMPARE(running.program.main.document.FieldA(1), std::string(30, 'x') + "\ty");
