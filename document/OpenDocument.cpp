@@ -55,6 +55,47 @@ bool AnnounceVersion(MainModule& main, const std::filesystem::path& path) {
     return true;
 }
 
+OpenOutcome ReplaceDocument(MainModule& main, const std::filesystem::path& path) {
+    main.document.FileError = false;
+    if (!FileExists(path)) {
+        main.document.FileError = true;
+        Tell(main, "Could not load the following file [" + path.string() + "]", Icon::Critical);
+        return OpenOutcome::Failed;
+    }
+    // An error gives back the document as it was, with what was typed last.
+    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    if (main.editor)
+        main.editor->TakeDown();
+    const OpenOutcome outcome = LoadOrUndo(main, path);
+    if (outcome == OpenOutcome::Failed) {
+        main.document.FileError = true;
+        Tell(main, "Could not finish process");
+    }
+    RefreshDocumentStatus(main);
+    ShowCaption(main);
+    if (main.editor)
+        main.editor->BringUp();
+    return outcome;
+}
+
+OpenOutcome AskAndOpen(MainModule& main) {
+    if (!MayReplaceDocument(main))
+        return OpenOutcome::Cancelled;
+    const auto path = main.ui.ChooseFile(
+        {"OPEN", "Open", main.globals.TabsPath, "Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"});
+    if (!path)
+        return OpenOutcome::Cancelled;
+    if (!FileExists(*path)) {
+        Tell(main, "You have to select a valid file!");
+        return OpenOutcome::Failed;
+    }
+    if (EndsWithNoCase(path->string(), ".XLS")) {
+        TellNoSpreadsheets(main);
+        return OpenOutcome::Failed;
+    }
+    return OpenPath(main, *path);
+}
+
 } // namespace
 
 LoadOutcome LoadDocument(MainModule& main, const TabFile& file) {
@@ -81,25 +122,8 @@ LoadOutcome LoadDocument(MainModule& main, const TabFile& file) {
 }
 
 OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
-    main.document.FileError = false;
-    if (!FileExists(path)) {
-        main.document.FileError = true;
-        Tell(main, "Could not load the following file [" + path.string() + "]", Icon::Critical);
-        return OpenOutcome::Failed;
-    }
-    // An error gives back the document as it was, with what was typed last.
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
-    if (main.editor)
-        main.editor->TakeDown();
-    const OpenOutcome outcome = LoadOrUndo(main, path);
-    if (outcome == OpenOutcome::Failed) {
-        main.document.FileError = true;
-        Tell(main, "Could not finish process");
-    }
-    RefreshDocumentStatus(main);
-    ShowCaption(main);
-    if (main.editor)
-        main.editor->BringUp();
+    OpenOutcome outcome = OpenOutcome::Failed;
+    Trapped(main, "Called form Sub:OpenFile", [&] { outcome = ReplaceDocument(main, path); });
     return outcome;
 }
 
@@ -108,21 +132,9 @@ OpenOutcome OpenPath(MainModule& main, const std::filesystem::path& path) {
 }
 
 OpenOutcome OpenNewFile(MainModule& main) {
-    if (!MayReplaceDocument(main))
-        return OpenOutcome::Cancelled;
-    const auto path = main.ui.ChooseFile(
-        {"OPEN", "Open", main.globals.TabsPath, "Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"});
-    if (!path)
-        return OpenOutcome::Cancelled;
-    if (!FileExists(*path)) {
-        Tell(main, "You have to select a valid file!");
-        return OpenOutcome::Failed;
-    }
-    if (EndsWithNoCase(path->string(), ".XLS")) {
-        TellNoSpreadsheets(main);
-        return OpenOutcome::Failed;
-    }
-    return OpenPath(main, *path);
+    OpenOutcome outcome = OpenOutcome::Failed;
+    Trapped(main, "Called form Function:OpenNewFile", [&] { outcome = AskAndOpen(main); });
+    return outcome;
 }
 
 } // namespace velmora
