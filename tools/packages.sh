@@ -8,7 +8,7 @@ ninja-build         command -v ninja
 pkg-config          command -v pkg-config
 qt6-base-dev        has_pkg Qt6Widgets
 qt6-base-dev-tools  test -n "$(find /usr/lib /usr/lib64 -path "*qt6/libexec/rcc" -print -quit 2>/dev/null)"
-libqt6svg6          test -n "$(find /usr/lib /usr/lib64 -name "libqsvg.so" -print -quit 2>/dev/null)"
+qt6-svg-dev         has_pkg Qt6Svg
 libharfbuzz-dev     has_pkg harfbuzz-subset
 libfontconfig-dev   has_pkg fontconfig
 zlib1g-dev          has_pkg zlib

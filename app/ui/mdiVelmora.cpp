@@ -1,72 +1,29 @@
 #include "app/ui/mdiVelmora.h"
 
 #include "app/Commands.h"
+#include "app/settings/FormPosition.h"
+#include "app/ui/Commands.h"
+#include "app/ui/LineIcon.h"
 #include "document/Dialogs.h"
-#include "document/Pages.h"
-#include "document/SaveDocument.h"
 #include "editor/ui/frmGrid2a4.h"
-#include "print/PdfReport.h"
 
-#include <QApplication>
+#include <QAction>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
+#include <QToolBar>
 
 namespace velmora {
 
-/// One row of a menu; a row without a name is a separator.
-struct MenuItem {
-    const char* name;
-    const char* caption; ///< with the mnemonic
-    const char* shortcut;
-    void (*command)(mdiVelmora& window, Program& program);
-};
-
 namespace {
 
-constexpr QSize kFirstSize(1100, 720);
-constexpr MenuItem kSeparator = {nullptr, nullptr, nullptr, nullptr};
+constexpr QSize kFirstSize(1100, 760);
+constexpr const char* kPositionKey = "mdiVelmora";
 
-struct Menu {
-    const char* name;
-    const char* caption;
-    std::vector<MenuItem> items;
-};
-
-const std::vector<Menu>& Menus() {
-    static const std::vector<Menu> menus = {
-        {"mnuFile",
-         "&File",
-         {{"mnuNew", "&New", "Ctrl+N", [](mdiVelmora&, Program& program) { NewCommand(program.main); }},
-          {"mnuOpen", "&Open", "Ctrl+O",
-           [](mdiVelmora&, Program& program) {
-               if (OpenCommand(program.main) == OpenOutcome::NoPrinter)
-                   QApplication::quit();
-           }},
-          {"mnuSave", "&Save", "Ctrl+S", [](mdiVelmora&, Program& program) { SaveLabels(program.main, false); }},
-          {"mnuSaveAs", "Save &as ...", "Ctrl+Shift+S",
-           [](mdiVelmora&, Program& program) { SaveLabels(program.main, true); }},
-          {"mnuSavePdf", "Save as P&DF ...", "",
-           [](mdiVelmora&, Program& program) { SavePdfAs(program.main, program.layout, program.fontCatalogue); }},
-          kSeparator,
-          {"mnuExit", "E&xit", "Ctrl+Q", [](mdiVelmora& window, Program&) { window.close(); }}}},
-        {"mnuData",
-         "&Data",
-         {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", [](mdiVelmora&, Program& program) { FirstPage(program.main); }},
-          {"mnuPreviousPage", "&Previous Page", "PgUp",
-           [](mdiVelmora&, Program& program) { PreviousPage(program.main); }},
-          {"mnuNextPage", "&Next Page", "PgDown", [](mdiVelmora&, Program& program) { NextPage(program.main); }},
-          {"mnuLastPage", "&Last Page", "Ctrl+PgDown", [](mdiVelmora&, Program& program) { LastPage(program.main); }},
-          kSeparator,
-          {"mnuNewPage", "Ne&w Page", "Ctrl+Shift+N", [](mdiVelmora&, Program& program) { AddPage(program.main); }},
-          {"mnuDeletePage", "&Delete Page", "", [](mdiVelmora&, Program& program) { DeletePage(program.main); }}}},
-        {"mnuTools",
-         "&Tools",
-         {{"mnuDeleteEmpries", "Delete &Empty Tabs", "",
-           [](mdiVelmora&, Program& program) { CleanLabels(program.main); }}}},
-    };
-    return menus;
+FormPosition PositionOf(const QWidget& window) {
+    return {window.x(), window.y(), window.width(), window.height()};
 }
 
 } // namespace
@@ -74,10 +31,12 @@ const std::vector<Menu>& Menus() {
 mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     setObjectName("mdiVelmora");
     BuildMenus();
+    BuildToolBar();
     BuildStatusBar();
     grid_ = new frmGrid2a4(program_.main, this);
     setCentralWidget(grid_);
-    resize(kFirstSize);
+    connect(grid_, &frmGrid2a4::Changed, this, [this] { setWindowModified(true); });
+    RestorePosition();
     program_.main.status = this;
     // Deliberate: the stored page count starts empty with every run.
     Write(program_.main.settings, kNoOfPages, "");
@@ -107,9 +66,53 @@ void mdiVelmora::AddItem(QMenu* menu, const MenuItem& item) {
         return;
     }
     QAction* action = menu->addAction(tr(item.caption), QKeySequence(item.shortcut), this, [this, item] {
-        Trapped(program_.main, std::string("Called from Sub: ") + item.name, [&] { item.command(*this, program_); });
+        Trapped(program_.main, std::string("Called from Sub: ") + item.name, [&] {
+            CommandContext context{program_, *this};
+            item.command(context);
+        });
     });
     action->setObjectName(item.name);
+    action->setEnabled(item.command != nullptr);
+}
+
+void mdiVelmora::BuildToolBar() {
+    QToolBar* bar = addToolBar(tr("Commands"));
+    bar->setObjectName("Toolbar2");
+    bar->setMovable(false);
+    for (const ToolButton& button : ToolButtons()) {
+        if (!button.icon) {
+            bar->addSeparator();
+            continue;
+        }
+        auto* action = findChild<QAction*>(button.item);
+        if (!action) {
+            action = new QAction(tr(button.caption), this);
+            action->setObjectName(button.item);
+            action->setEnabled(false);
+        }
+        action->setIcon(LineIcon(button.icon));
+        action->setIconVisibleInMenu(false);
+        const QString shortcut = action->shortcut().toString(QKeySequence::NativeText);
+        action->setToolTip(action->text().remove('&') + (shortcut.isEmpty() ? "" : " (" + shortcut + ")"));
+        bar->addAction(action);
+    }
+}
+
+void mdiVelmora::RestorePosition() {
+    resize(kFirstSize);
+    const QSize room = screen()->virtualSize();
+    const FormPosition place =
+        RestoreFormPosition(program_.main.settings, kPositionKey, PositionOf(*this), room.width(), room.height());
+    setGeometry(place.left, place.top, place.width, place.height);
+}
+
+/// Commands that could do nothing are disabled.
+void mdiVelmora::EnableCommands() {
+    const TabDocument& document = program_.main.document;
+    for (const char* name : {"mnuFirstPage", "mnuPreviousPage"})
+        findChild<QAction*>(name)->setEnabled(document.CurrentPage > 1);
+    findChild<QAction*>("mnuLastPage")->setEnabled(document.CurrentPage < document.NoOfPages);
+    setWindowModified(document.DocChanged);
 }
 
 void mdiVelmora::BuildStatusBar() {
@@ -125,14 +128,18 @@ void mdiVelmora::BuildStatusBar() {
 
 void mdiVelmora::SetPanel(int panel, const std::string& text) {
     panels_.at(static_cast<std::size_t>(panel - 1))->setText(QString::fromStdString(text));
+    EnableCommands();
 }
 
 void mdiVelmora::SetCaption(const std::string& caption) {
-    setWindowTitle(QString::fromStdString(caption));
+    setWindowTitle(QString::fromStdString(caption).replace("[*]", "[*][*]") + "[*]"); // Qt's place for unsaved changes
+    EnableCommands();
 }
 
 void mdiVelmora::closeEvent(QCloseEvent* event) {
     Trapped(program_.main, "Called from Sub: mnuExit", [&] { event->setAccepted(CloseCommand(program_.main)); });
+    if (event->isAccepted())
+        SaveFormPosition(program_.main.settings, kPositionKey, PositionOf(*this));
 }
 
 } // namespace velmora

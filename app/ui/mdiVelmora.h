@@ -31,7 +31,10 @@ protected:
 private:
     void BuildMenus();
     void AddItem(QMenu* menu, const MenuItem& item);
+    void BuildToolBar();
     void BuildStatusBar();
+    void RestorePosition();
+    void EnableCommands();
 
     Program& program_;
     frmGrid2a4* grid_ = nullptr;

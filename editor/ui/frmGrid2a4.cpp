@@ -227,6 +227,7 @@ void frmGrid2a4::PlaceBoxes() {
 void frmGrid2a4::Edited(int field, QLineEdit* box) {
     const std::string typed = box->text().toStdString();
     const std::string kept = EditBox(main_, field, typed);
+    emit Changed();
     if (kept == typed)
         return;
     const int cursor = box->cursorPosition();

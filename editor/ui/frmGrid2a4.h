@@ -52,6 +52,10 @@ public:
     /// The box of field 0 to 2 in a slot from 1, or nullptr.
     QLineEdit* Box(int field, int slot) const;
 
+signals:
+    /// A box was typed in.
+    void Changed();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

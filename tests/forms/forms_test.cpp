@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolBar>
 
 namespace {
 
@@ -107,6 +108,37 @@ private slots:
         running.Trigger("mnuFirstPage");
         QCOMPARE(running.Box("TextA1(5)")->text(), QString("typed"));
         QCOMPARE(running.program.main.document.FieldB(5), std::string("b"));
+    }
+
+    void theToolbarRepeatsTheMenus() {
+        RunningProgram running;
+        running.Start(0, 1, 2);
+        const auto buttons = running.window->findChild<QToolBar*>("Toolbar2")->actions();
+        QCOMPARE(buttons.size(), 19);
+        for (const int gap : {4, 8, 13, 17})
+            QVERIFY(buttons[gap - 1]->isSeparator());
+        for (const QAction* button : buttons)
+            QVERIFY(button->isSeparator() || !button->icon().pixmap(24).isNull());
+        QVERIFY(!buttons[9 - 1]->isEnabled()); // first page, on the first page
+        buttons[12 - 1]->trigger();
+        QCOMPARE(running.Panel(4), QString("Pg No: 2 of 2"));
+        QVERIFY(buttons[9 - 1]->isEnabled());
+        QVERIFY(!buttons[12 - 1]->isEnabled());
+        QVERIFY(!buttons[7 - 1]->isEnabled()); // preview, which is not there yet
+    }
+
+    void theCaptionTellsUnsavedChangesAndThePlaceIsKept() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        QVERIFY(!running.window->isWindowModified());
+        QTest::keyClicks(running.Box("TextA1(2)"), "x");
+        QVERIFY(running.window->isWindowModified());
+        running.test.ui.Expect("File saved successfully", Icon::Information);
+        running.Trigger("mnuSave");
+        QVERIFY(!running.window->isWindowModified());
+        running.window->setGeometry(31, 42, 640, 480);
+        running.window->close();
+        QCOMPARE(running.test.Stored("Form Position", "mdiVelmora"), std::string("31,42,640,480"));
     }
 
     void pagesComeAndGo() {

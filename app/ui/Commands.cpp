@@ -1,0 +1,109 @@
+#include "app/ui/Commands.h"
+
+#include "app/Commands.h"
+#include "document/Pages.h"
+#include "document/SaveDocument.h"
+#include "print/PdfReport.h"
+
+#include <QApplication>
+#include <QWidget>
+
+namespace velmora {
+namespace {
+
+constexpr MenuItem kSeparator = {nullptr, nullptr, nullptr, nullptr};
+constexpr ToolButton kGap = {nullptr, nullptr, nullptr};
+
+void Open(CommandContext& context) {
+    if (OpenCommand(context.program.main) == OpenOutcome::NoPrinter)
+        QApplication::quit();
+}
+
+void SavePdf(CommandContext& context) {
+    SavePdfAs(context.program.main, context.program.layout, context.program.fontCatalogue);
+}
+
+void Exit(CommandContext& context) {
+    context.window.close();
+}
+
+/// A command that is one call of the core.
+template <auto operation> void Call(CommandContext& context) {
+    operation(context.program.main);
+}
+
+} // namespace
+
+std::span<const Menu> Menus() {
+    static const Menu menus[] = {
+        {"mnuFile",
+         "&File",
+         {{"mnuNew", "&New", "Ctrl+N", Call<NewCommand>},
+          {"mnuOpen", "&Open", "Ctrl+O", Open},
+          {"mnuSave", "&Save", "Ctrl+S", [](CommandContext& context) { SaveLabels(context.program.main, false); }},
+          {"mnuSaveAs", "Save &as ...", "Ctrl+Shift+S",
+           [](CommandContext& context) { SaveLabels(context.program.main, true); }},
+          kSeparator,
+          {"mnuImport", "&Import", "", nullptr},
+          {"mnuExport", "&Export", "", nullptr},
+          {"mnuSavePdf", "Save as P&DF ...", "", SavePdf},
+          kSeparator,
+          {"mnuPgSetup", "Page Set&up", "", nullptr},
+          {"mnuPrinterSetup", "Printe&r Setup", "", nullptr},
+          {"mnuMarginSetup", "&Margin Setup", "", nullptr},
+          kSeparator,
+          {"mnuPreview", "Pre&view", "", nullptr},
+          {"mnuPrint", "&Print", "Ctrl+P", nullptr},
+          {"mnuPrintPage", "Print &Current Page", "", nullptr},
+          kSeparator,
+          {"mnuExit", "E&xit", "Ctrl+Q", Exit}}},
+        {"mnuData",
+         "&Data",
+         {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", Call<FirstPage>},
+          {"mnuPreviousPage", "&Previous Page", "PgUp", Call<PreviousPage>},
+          {"mnuNextPage", "&Next Page", "PgDown", Call<NextPage>},
+          {"mnuLastPage", "&Last Page", "Ctrl+PgDown", Call<LastPage>},
+          kSeparator,
+          {"mnuNewPage", "Ne&w Page", "Ctrl+Shift+N", Call<AddPage>},
+          {"mnuDeletePage", "&Delete Page", "", Call<DeletePage>}}},
+        {"mnuTools",
+         "&Tools",
+         {{"mnuAutoRepWiz", "&AutoRepeat Wizard", "", nullptr},
+          {"mnuPrinterSetupWiz", "&Printer Setup Wizard", "", nullptr},
+          kSeparator,
+          {"mnuDeleteEmpries", "Delete &Empty Tabs", "", Call<CleanLabels>},
+          kSeparator,
+          {"mnuOptions", "&Options ...", "", nullptr}}},
+        {"mnuHelp",
+         "&Help",
+         {{"mnuOptTabHelp", "&Velmorin Help", "F1", nullptr}, {"mnuabout", "&About ...", "", nullptr}}},
+    };
+    return menus;
+}
+
+std::span<const ToolButton> ToolButtons() {
+    static constexpr ToolButton buttons[] = {
+        {"new", "mnuNew", nullptr},
+        {"open", "mnuOpen", nullptr},
+        {"save", "mnuSave", nullptr},
+        kGap,
+        {"print-page", "mnuPrintPage", nullptr},
+        {"print", "mnuPrint", nullptr},
+        {"preview", "mnuPreview", nullptr},
+        kGap,
+        {"first", "mnuFirstPage", nullptr},
+        {"previous", "mnuPreviousPage", nullptr},
+        {"next", "mnuNextPage", nullptr},
+        {"last", "mnuLastPage", nullptr},
+        kGap,
+        {"new-page", "mnuNewPage", nullptr},
+        {"delete-page", "mnuDeletePage", nullptr},
+        {"page-setup", "mnuPgSetup", nullptr},
+        kGap,
+        {"fonts", "tbrFonts", "Fonts"},
+        {"margins", "mnuMarginSetup", nullptr},
+    };
+    return buttons;
+}
+
+} // namespace velmora

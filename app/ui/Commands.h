@@ -1,0 +1,43 @@
+// The commands of the main window, each once, with their places in the menus and on the toolbar.
+#pragma once
+
+#include "app/Program.h"
+
+#include <span>
+#include <vector>
+
+class QWidget;
+
+namespace velmora {
+
+/// What a command may reach.
+struct CommandContext {
+    Program& program;
+    QWidget& window;
+};
+
+struct MenuItem {
+    const char* name;    ///< nullptr: a separator
+    const char* caption; ///< with the mnemonic
+    const char* shortcut;
+    void (*command)(CommandContext& context); ///< nullptr: not part of this version yet
+};
+
+struct Menu {
+    const char* name;
+    const char* caption;
+    std::vector<MenuItem> items;
+};
+
+/// A button repeats a menu item; without an item of its own it has a caption.
+struct ToolButton {
+    const char* icon;    ///< nullptr: a separator
+    const char* item;    ///< name of the menu item, or of an action that stands on the toolbar alone
+    const char* caption; ///< of the latter
+};
+
+std::span<const Menu> Menus();
+/// 19 places, four of them separators.
+std::span<const ToolButton> ToolButtons();
+
+} // namespace velmora

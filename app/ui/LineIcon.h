@@ -1,0 +1,11 @@
+// The toolbar's icons: simple line drawings in the colour of the desktop's text, light or dark.
+#pragma once
+
+#include <QIcon>
+
+namespace velmora {
+
+/// The bundled drawing of that name.
+QIcon LineIcon(const char* name);
+
+} // namespace velmora
