@@ -103,7 +103,8 @@ void mdiVelmora::RestorePosition() {
     const QSize room = screen()->virtualSize();
     const FormPosition place =
         RestoreFormPosition(program_.main.settings, kPositionKey, PositionOf(*this), room.width(), room.height());
-    setGeometry(place.left, place.top, place.width, place.height);
+    move(place.left, place.top);
+    resize(place.width, place.height);
 }
 
 /// Commands that could do nothing are disabled.

@@ -136,7 +136,8 @@ private slots:
         running.test.ui.Expect("File saved successfully", Icon::Information);
         running.Trigger("mnuSave");
         QVERIFY(!running.window->isWindowModified());
-        running.window->setGeometry(31, 42, 640, 480);
+        running.window->move(31, 42);
+        running.window->resize(640, 480);
         running.window->close();
         QCOMPARE(running.test.Stored("Form Position", "mdiVelmora"), std::string("31,42,640,480"));
     }
