@@ -131,6 +131,10 @@ OpenOutcome OpenPath(MainModule& main, const std::filesystem::path& path) {
     return !FileExists(path) || AnnounceVersion(main, path) ? OpenFile(main, path) : OpenOutcome::Failed;
 }
 
+OpenOutcome OpenInstead(MainModule& main, const std::filesystem::path& path) {
+    return MayReplaceDocument(main) ? OpenPath(main, path) : OpenOutcome::Cancelled;
+}
+
 OpenOutcome OpenNewFile(MainModule& main) {
     OpenOutcome outcome = OpenOutcome::Failed;
     Trapped(main, "Called form Function:OpenNewFile", [&] { outcome = AskAndOpen(main); });

@@ -21,6 +21,9 @@ OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path);
 /// OpenFile after an announcement of what is no version 8 file.
 OpenOutcome OpenPath(MainModule& main, const std::filesystem::path& path);
 
+/// OpenPath after the question about the open document, as for the Open command.
+OpenOutcome OpenInstead(MainModule& main, const std::filesystem::path& path);
+
 /// The Open command: offers to save the open document, asks for a file, announces what is no version 8 file and loads
 /// it. Cancelled leaves everything as it was.
 OpenOutcome OpenNewFile(MainModule& main);

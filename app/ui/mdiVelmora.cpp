@@ -9,11 +9,14 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QUrl>
 
 namespace velmora {
 
@@ -30,6 +33,7 @@ FormPosition PositionOf(const QWidget& window) {
 
 mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     setObjectName("mdiVelmora");
+    setAcceptDrops(true);
     BuildMenus();
     BuildToolBar();
     BuildStatusBar();
@@ -135,6 +139,18 @@ void mdiVelmora::SetPanel(int panel, const std::string& text) {
 void mdiVelmora::SetCaption(const std::string& caption) {
     setWindowTitle(QString::fromStdString(caption).replace("[*]", "[*][*]") + "[*]"); // Qt's place for unsaved changes
     EnableCommands();
+}
+
+void mdiVelmora::dragEnterEvent(QDragEnterEvent* event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    event->setAccepted(urls.size() == 1 && urls.first().isLocalFile());
+}
+
+/// A dropped file is opened.
+void mdiVelmora::dropEvent(QDropEvent* event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (!urls.isEmpty())
+        OpenInstead(program_.main, urls.first().toLocalFile().toStdString());
 }
 
 void mdiVelmora::closeEvent(QCloseEvent* event) {

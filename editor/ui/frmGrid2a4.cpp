@@ -1,7 +1,10 @@
 #include "editor/ui/frmGrid2a4.h"
 
+#include <QDragEnterEvent>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -18,6 +21,7 @@ constexpr int kGround = 12;
 constexpr int kCaptionHeight = 22;
 constexpr double kCellRadius = 4;
 constexpr const char* kSlotProperty = "slot";
+constexpr const char* kFieldProperty = "field";
 
 Qt::Alignment BoxAlignment(std::int16_t code) {
     const Qt::Alignment horizontal = code == kAlignRight    ? Qt::AlignRight
@@ -166,6 +170,7 @@ QLineEdit* frmGrid2a4::MakeBox(int field, int slot) {
     box->setObjectName(QString("TextA%1(%2)").arg(field + 1).arg(slot));
     box->setAccessibleName(tr("Tab %1, field %2").arg(slot).arg(field + 1));
     box->setProperty(kSlotProperty, slot);
+    box->setProperty(kFieldProperty, field);
     box->installEventFilter(this);
     connect(box, &QLineEdit::textEdited, this, [this, field, box] { Edited(field, box); });
     return box;
@@ -242,10 +247,44 @@ void frmGrid2a4::resizeEvent(QResizeEvent* event) {
         PlaceBoxes();
 }
 
+/// The slot that a key leads to from `slot`, 0 where the key belongs to the box.
+int frmGrid2a4::SlotAfterKey(int slot, const QKeyEvent& key, const QLineEdit& box) const {
+    if (key.modifiers() & ~Qt::KeypadModifier)
+        return 0;
+    const bool plain = !box.hasSelectedText();
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return slot + 1;
+    case Qt::Key_Up: return slot - main_.document.ColsPerPage;
+    case Qt::Key_Down: return slot + main_.document.ColsPerPage;
+    case Qt::Key_Left: return plain && box.cursorPosition() == 0 ? slot - 1 : 0;
+    case Qt::Key_Right: return plain && box.cursorPosition() == box.text().size() ? slot + 1 : 0;
+    default: return 0;
+    }
+}
+
+/// Goes to the same field of another tab; at the page's edge it stays.
+bool frmGrid2a4::MoveByKey(const QKeyEvent& key, QLineEdit* box) {
+    const int slot = SlotAfterKey(box->property(kSlotProperty).toInt(), key, *box);
+    if (slot < 1 || slot > static_cast<int>(boxes_.size()))
+        return false;
+    Box(box->property(kFieldProperty).toInt(), slot)->setFocus(Qt::TabFocusReason); // which selects the text
+    return true;
+}
+
 bool frmGrid2a4::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn && watched->property(kSlotProperty).isValid()) {
-        Entered(watched->property(kSlotProperty).toInt());
-        ensureWidgetVisible(static_cast<QWidget*>(watched));
+    auto* box = qobject_cast<QLineEdit*>(watched);
+    if (!box)
+        return QScrollArea::eventFilter(watched, event);
+    if (event->type() == QEvent::KeyPress && MoveByKey(*static_cast<QKeyEvent*>(event), box))
+        return true;
+    if (event->type() == QEvent::DragEnter && static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls()) {
+        event->ignore(); // a file is for the window, which opens it
+        return true;
+    }
+    if (event->type() == QEvent::FocusIn) {
+        Entered(box->property(kSlotProperty).toInt());
+        ensureWidgetVisible(box);
     }
     return QScrollArea::eventFilter(watched, event);
 }

@@ -6,6 +6,7 @@
 #include <QScrollArea>
 #include <QWidget>
 
+class QKeyEvent;
 class QLineEdit;
 
 namespace velmora {
@@ -68,6 +69,8 @@ private:
     void FocusTab();
     void Entered(int slot);
     double FittingScale() const;
+    int SlotAfterKey(int slot, const QKeyEvent& key, const QLineEdit& box) const;
+    bool MoveByKey(const QKeyEvent& key, QLineEdit* box);
     void Edited(int field, QLineEdit* box);
 
     MainModule& main_;

@@ -9,11 +9,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolBar>
+#include <QUrl>
 
 namespace {
 
@@ -220,6 +223,37 @@ private slots:
             QCOMPARE(running.window->focusWidget()->objectName(), QString(name));
         }
         QCOMPARE(running.Panel(5), QString("No of tabs: 7 of 48"));
+    }
+
+    void keysMoveBetweenTabs() {
+        RunningProgram running;
+        running.Start(0, 2, 1);
+        running.Box("TextA2(5)")->setFocus();
+        const std::pair<Qt::Key, const char*> moves[] = {
+            {Qt::Key_Down, "TextA2(8)"},  {Qt::Key_Up, "TextA2(5)"},   {Qt::Key_Return, "TextA2(6)"},
+            {Qt::Key_Right, "TextA2(6)"}, // leaves the selection first
+            {Qt::Key_Right, "TextA2(7)"}, {Qt::Key_Home, "TextA2(7)"}, {Qt::Key_Left, "TextA2(6)"},
+            {Qt::Key_Up, "TextA2(3)"},    {Qt::Key_Up, "TextA2(3)"}};
+        for (const auto& [key, box] : moves) {
+            QTest::keyClick(running.window->focusWidget(), key);
+            QCOMPARE(running.window->focusWidget()->objectName(), QString(box));
+        }
+        QCOMPARE(running.Panel(5), QString("No of tabs: 3 of 24"));
+        QCOMPARE(qobject_cast<QLineEdit*>(running.window->focusWidget())->selectedText(), QString("b"));
+    }
+
+    void aDroppedFileIsOpened() {
+        RunningProgram running;
+        running.Start();
+        ReplaceFile(running.test.folder / "drop.csv", "Version 8\r\nP,A4,1,1\r\n0,0\r\nA\r\nB\r\nC\r\ndropped\r\n");
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString((running.test.folder / "drop.csv").string()))});
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(running.window.get(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(running.window.get(), &drop);
+        QCOMPARE(running.Box("TextA1(1)")->text(), QString("dropped"));
     }
 
     void aSmallWindowScrolls() {
