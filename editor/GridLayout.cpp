@@ -80,7 +80,7 @@ void EnterBox(MainModule& main, int slot) {
 std::string EditBox(MainModule& main, int field, const std::string& text) {
     main.document.DocChanged = true;
     const auto limit = static_cast<std::size_t>(Limit(main.document.Limits, field));
-    const std::string line = OneLine(text); // a pasted line break would end the tab's line in the file
+    std::string line = OneLine(text); // a pasted line break would end the tab's line in the file
     if (CharacterCount(line) <= limit)
         return line;
     main.ui.Beep();
