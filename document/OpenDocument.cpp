@@ -4,6 +4,7 @@
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "document/Dialogs.h"
+#include "document/RecentFiles.h"
 #include "document/SaveDocument.h"
 #include "document/Transaction.h"
 
@@ -16,6 +17,7 @@ OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path) {
         if (LoadDocument(main, ReadTabFile(path)) == LoadOutcome::NoPrinter)
             return OpenOutcome::NoPrinter;
         main.document.DocFileName = path;
+        RememberFile(main.settings, path);
         main.document.DocChanged = false;
         transaction.Commit();
         return OpenOutcome::Opened;

@@ -4,6 +4,7 @@
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "document/Dialogs.h"
+#include "document/RecentFiles.h"
 #include "document/TabFile.h"
 
 #include <algorithm>
@@ -101,6 +102,7 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path) {
     if (main.document.FileError)
         return SaveOutcome::Failed;
     main.document.DocFileName = path;
+    RememberFile(main.settings, path);
     main.document.DocChanged = false;
     return SaveOutcome::Saved;
 }

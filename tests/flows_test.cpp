@@ -1,6 +1,7 @@
 // The flows of New, Open, Save and Save as: every question in its order, over real files.
 #include "app/Commands.h"
 #include "base/AtomicFile.h"
+#include "document/RecentFiles.h"
 #include "document/SaveDocument.h"
 #include "tests/support/TestProgram.h"
 
@@ -186,6 +187,21 @@ TEST_F(FlowsTest, NewAsksAboutANamedDocumentOnly) {
     NewCommand(program.main);
     EXPECT_EQ(document.FieldA(1), "");
     EXPECT_NE(ReadFile(Path("a.csv")).find("again"), std::string::npos);
+}
+
+TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {
+    for (int i = 1; i <= 9; ++i) {
+        const std::string name = std::to_string(i) + ".csv";
+        ReplaceFile(Path(name.c_str()), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
+        OpenFile(program.main, Path(name.c_str()));
+    }
+    OpenFile(program.main, Path("5.csv"));
+    fs::remove(Path("8.csv"));
+    const auto files = RecentFiles(program.settings);
+    ASSERT_EQ(files.size(), 7u);
+    EXPECT_EQ(files[0], Path("5.csv"));
+    EXPECT_EQ(files[1], Path("9.csv"));
+    EXPECT_EQ(files[6], Path("2.csv"));
 }
 
 TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {

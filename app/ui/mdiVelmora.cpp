@@ -5,6 +5,7 @@
 #include "app/ui/Commands.h"
 #include "app/ui/LineIcon.h"
 #include "document/Dialogs.h"
+#include "document/RecentFiles.h"
 #include "editor/ui/frmGrid2a4.h"
 
 #include <QAction>
@@ -60,7 +61,25 @@ void mdiVelmora::BuildMenus() {
         menu->setObjectName(row.name);
         for (const MenuItem& item : row.items)
             AddItem(menu, item);
+        if (menu->objectName() == "mnuFile")
+            AddRecentFiles(menu);
     }
+}
+
+/// A submenu before the last item, filled when it is about to show.
+void mdiVelmora::AddRecentFiles(QMenu* menu) {
+    QAction* last = menu->actions().last();
+    auto* recent = new QMenu(tr("Recent &Files"), menu);
+    recent->setObjectName("mnuRecent");
+    menu->insertMenu(last, recent);
+    menu->insertSeparator(last);
+    connect(menu, &QMenu::aboutToShow, this, [this, recent] {
+        recent->clear();
+        for (const std::filesystem::path& path : RecentFiles(program_.main.settings))
+            recent->addAction(QString::fromStdString(path.string()).replace('&', "&&"), this,
+                              [this, path] { OpenInstead(program_.main, path); });
+        recent->setEnabled(!recent->isEmpty());
+    });
 }
 
 /// No error leaves a command: what a procedure has not trapped itself is reported here.

@@ -33,6 +33,7 @@ protected:
 private:
     void BuildMenus();
     void AddItem(QMenu* menu, const MenuItem& item);
+    void AddRecentFiles(QMenu* menu);
     void BuildToolBar();
     void BuildStatusBar();
     void RestorePosition();

@@ -1,0 +1,49 @@
+#include "document/RecentFiles.h"
+
+#include "app/settings/Validate.h"
+#include "base/Text.h"
+
+#include <algorithm>
+#include <string>
+
+namespace velmora {
+namespace {
+
+constexpr std::string_view kSection = "Recent Files";
+
+std::string KeyName(std::size_t place) {
+    return "File " + std::to_string(place + 1);
+}
+
+/// All that are stored, also what is gone for now: a drive may come back.
+std::vector<std::filesystem::path> Stored(SettingsStore& store) {
+    std::vector<std::filesystem::path> files;
+    for (std::size_t place = 0; place < kRecentFiles; ++place) {
+        const std::string path = GetSetting(store, store.SettingsAppName, kSection, KeyName(place), kProbe);
+        if (path != kProbe && !path.empty())
+            files.emplace_back(path);
+    }
+    return files;
+}
+
+} // namespace
+
+std::vector<std::filesystem::path> RecentFiles(SettingsStore& store) {
+    std::vector<std::filesystem::path> files = Stored(store);
+    std::erase_if(files, [](const std::filesystem::path& path) { return !FileExists(path); });
+    return files;
+}
+
+void RememberFile(SettingsStore& store, const std::filesystem::path& path) {
+    if (CharacterCount(path.string()) > kIniValueCharacters)
+        return;
+    std::vector<std::filesystem::path> files = Stored(store);
+    std::erase(files, path);
+    files.insert(files.begin(), path);
+    files.resize(std::min(files.size(), kRecentFiles));
+    const SettingsBatch batch(store);
+    for (std::size_t place = 0; place < files.size(); ++place)
+        SaveSetting(store, store.SettingsAppName, kSection, KeyName(place), files[place].string());
+}
+
+} // namespace velmora
