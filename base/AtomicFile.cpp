@@ -188,6 +188,15 @@ void AtomicFile::Fail() const {
     throw FileAccessError(target_, errno);
 }
 
+std::optional<FileStamp> StampOf(const fs::path& path) {
+    std::error_code error;
+    FileStamp stamp;
+    stamp.size = fs::file_size(path, error);
+    if (!error)
+        stamp.written = fs::last_write_time(path, error);
+    return error ? std::nullopt : std::optional(stamp);
+}
+
 bool IsSameFile(const fs::path& a, const fs::path& b) {
     std::error_code error;
     return fs::equivalent(a, b, error);

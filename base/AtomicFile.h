@@ -4,7 +4,9 @@
 
 #include "base/Error.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -53,6 +55,15 @@ private:
     Way way_ = Way::Rename;
     int file_ = -1;
 };
+
+/// Tells whether a file is still the one that was read or written.
+struct FileStamp {
+    std::uintmax_t size = 0;
+    std::filesystem::file_time_type written;
+    bool operator==(const FileStamp&) const = default;
+};
+/// Nothing where there is no file.
+std::optional<FileStamp> StampOf(const std::filesystem::path& path);
 
 /// True when both paths lead to one existing file.
 bool IsSameFile(const std::filesystem::path& a, const std::filesystem::path& b);

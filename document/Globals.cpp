@@ -86,6 +86,7 @@ void NewDocument(MainModule& main) {
         main.editor->TakeDown();
     document.DocFileName.clear();
     document.FileEncoding = Encoding::Utf8;
+    document.Stamp.reset();
     document.TabCount = 0;
     document.CurrentPage = 0;
     document.CurrentTab = 0;

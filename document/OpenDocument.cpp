@@ -13,10 +13,12 @@ namespace {
 
 OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path) {
     Transaction transaction(main);
+    const auto stamp = StampOf(path); // before the reading, so that a change during it is noticed
     try {
         if (LoadDocument(main, ReadTabFile(path)) == LoadOutcome::NoPrinter)
             return OpenOutcome::NoPrinter;
         main.document.DocFileName = path;
+        main.document.Stamp = stamp;
         RememberFile(main.settings, path);
         main.document.DocChanged = false;
         transaction.Commit();

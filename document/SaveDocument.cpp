@@ -102,6 +102,7 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path) {
     if (main.document.FileError)
         return SaveOutcome::Failed;
     main.document.DocFileName = path;
+    main.document.Stamp = StampOf(path);
     RememberFile(main.settings, path);
     main.document.DocChanged = false;
     return SaveOutcome::Saved;
@@ -132,9 +133,22 @@ SaveOutcome AskAndSave(MainModule& main) {
     return outcome;
 }
 
+/// Asks where another program changed the file since it was read.
+bool MayReplaceChangedFile(MainModule& main) {
+    const TabDocument& document = main.document;
+    const auto now = StampOf(document.DocFileName);
+    return !now || !document.Stamp || now == document.Stamp ||
+           Ask(main,
+               "Another program has changed the following file since it was opened.\r\n[" +
+                   document.DocFileName.string() + "]\r\nDo you want to overwrite it?",
+               Buttons::YesNo, Answer::No) == Answer::Yes;
+}
+
 SaveOutcome Save(MainModule& main, bool saveAs) {
     if (saveAs || main.document.DocFileName.empty())
         return AskAndSave(main);
+    if (!MayReplaceChangedFile(main))
+        return SaveOutcome::Cancelled;
     const SaveOutcome outcome = SaveUnder(main, main.document.DocFileName);
     if (outcome == SaveOutcome::Saved)
         Tell(main, "File saved successfully");

@@ -1,12 +1,14 @@
 // The tab document: whole pages of tabs, each with up to three texts, as every part of the program shares it.
 #pragma once
 
+#include "base/AtomicFile.h"
 #include "base/Encoding.h"
 #include "document/Stationery.h"
 
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -66,8 +68,9 @@ struct TabDocument {
 
     std::filesystem::path DocFileName; ///< empty: untitled
     Encoding FileEncoding = Encoding::Utf8;
-    bool FileError = false;  ///< the last file operation failed
-    bool DocChanged = false; ///< unsaved changes
+    std::optional<FileStamp> Stamp; ///< of the file as it was read or written last
+    bool FileError = false;         ///< the last file operation failed
+    bool DocChanged = false;        ///< unsaved changes
 
     /// The array of field 0, 1 or 2.
     FieldTexts& Field(int field) { return field == 0 ? FieldA : field == 1 ? FieldB : FieldC; }

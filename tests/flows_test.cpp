@@ -189,6 +189,25 @@ TEST_F(FlowsTest, NewAsksAboutANamedDocumentOnly) {
     EXPECT_NE(ReadFile(Path("a.csv")).find("again"), std::string::npos);
 }
 
+TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
+    ReplaceFile(Path("a.csv"), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
+    OpenFile(program.main, Path("a.csv"));
+    ReplaceFile(Path("a.csv"), "from elsewhere");
+    const auto ask = [&](Answer answer) {
+        program.ui.Expect("Another program has changed the following file since it was opened.\r\n" + Named("a.csv") +
+                              "\r\nDo you want to overwrite it?",
+                          Icon::Question, Buttons::YesNo, answer, Answer::No);
+    };
+    ask(Answer::No);
+    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Cancelled);
+    EXPECT_EQ(ReadFile(Path("a.csv")), "from elsewhere");
+    ask(Answer::Yes);
+    Tell("File saved successfully");
+    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Saved);
+    Tell("File saved successfully");
+    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Saved);
+}
+
 TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {
     for (int i = 1; i <= 9; ++i) {
         const std::string name = std::to_string(i) + ".csv";
