@@ -125,19 +125,32 @@ AtomicFile::Way AtomicFile::ChooseWay() {
     return status.st_nlink > 1 ? Way::Overwrite : Way::Rename;
 }
 
-void AtomicFile::OpenSibling() {
+/// False where the folder takes no new file, which errno explains.
+bool AtomicFile::CreateSibling(const fs::path& folder) {
     static std::atomic<unsigned> count{0};
     do {
-        sibling_ =
-            target_.parent_path() / (".velmora-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp");
+        sibling_ = folder / (".velmora-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp");
         file_ = ::open(sibling_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     } while (file_ < 0 && errno == EEXIST);
-    if (file_ < 0) {
+    if (file_ < 0)
         sibling_.clear();
-        Fail();
-    }
+    return file_ >= 0;
+}
+
+void AtomicFile::OpenSibling() {
     struct stat status {};
-    if (::stat(target_.c_str(), &status) != 0)
+    const bool exists = ::stat(target_.c_str(), &status) == 0;
+    if (!CreateSibling(target_.parent_path())) {
+        const int cause = errno;
+        std::error_code error;
+        // A file that may be written in a folder that may not: its twin waits elsewhere.
+        if (!exists || cause != EACCES || !CreateSibling(fs::temp_directory_path(error))) {
+            errno = cause;
+            Fail();
+        }
+        way_ = Way::Overwrite;
+    }
+    if (!exists)
         return;
     if (::fchown(file_, status.st_uid, status.st_gid) != 0)
         way_ = Way::Overwrite;

@@ -28,8 +28,9 @@ std::string ReadFile(const std::filesystem::path& path, std::size_t most = std::
 
 /// One replacement of a file. Nothing at the path changes before Commit; without it the destructor leaves the old
 /// file as it was. Symbolic links are followed, and the permissions and the owner of an old file survive. A file with
-/// several hard links, or one whose owner cannot be kept, is overwritten in place from the finished sibling. A path
-/// that names a device or a pipe is written straight away. Every operation raises FileAccessError.
+/// several hard links, one whose owner cannot be kept, or one in a folder that takes no new file is overwritten in
+/// place from the finished sibling. A path that names a device or a pipe is written straight away. Every operation
+/// raises FileAccessError.
 class AtomicFile {
 public:
     explicit AtomicFile(const std::filesystem::path& path);
@@ -44,6 +45,7 @@ private:
     enum class Way { Rename, Overwrite, Straight };
 
     Way ChooseWay();
+    bool CreateSibling(const std::filesystem::path& folder);
     void OpenSibling();
     void Flush();
     void OverwriteTarget();

@@ -134,6 +134,25 @@ TEST(AtomicFileTest, LinksAndPermissionsSurvive) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2) << "a temporary file stayed behind";
 }
 
+TEST(AtomicFileTest, AWritableFileInAFolderThatIsNotIsOverwrittenInPlace) {
+    if (::geteuid() == 0 && ::seteuid(65534) != 0)
+        GTEST_SKIP() << "root may write everywhere";
+    const bool wasRoot = ::getuid() == 0;
+    {
+        const TemporaryFolder folder;
+        ReplaceFile(folder / "a.csv", "old");
+        fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_exec);
+        ReplaceFile(folder / "a.csv", "new");
+        EXPECT_EQ(ReadFile(folder / "a.csv"), "new");
+        EXPECT_THROW(ReplaceFile(folder / "b.csv", "x"), FileAccessError);
+        fs::permissions(folder / "a.csv", fs::perms::owner_read);
+        EXPECT_THROW(ReplaceFile(folder / "a.csv", "newer"), FileAccessError);
+    }
+    if (wasRoot) {
+        ASSERT_EQ(::seteuid(0), 0);
+    }
+}
+
 TEST(AtomicFileTest, NothingChangesBeforeCommit) {
     const TemporaryFolder folder;
     ReplaceFile(folder / "a.csv", "old");

@@ -21,17 +21,19 @@ using std::chrono::milliseconds;
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16Marks[] = {"\xFF\xFE", "\xFE\xFF"};
 
+constexpr milliseconds kPatience{5000};
+
 /// Holds the folder of a file against other programs. The folder itself carries the lock, so that no lock
 /// file is left behind for anybody to wonder about.
 class FolderLock {
 public:
-    explicit FolderLock(const fs::path& file) {
+    FolderLock(const fs::path& file, milliseconds patience) {
         std::error_code error;
         const fs::path folder = fs::weakly_canonical(fs::absolute(file, error), error).parent_path();
         descriptor_ = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         if (descriptor_ < 0)
             throw FileAccessError(file, errno);
-        if (const int cause = Acquire(); cause != 0) {
+        if (const int cause = Acquire(patience); cause != 0) {
             ::close(descriptor_);
             throw FileAccessError(file, cause);
         }
@@ -43,8 +45,8 @@ public:
 private:
     /// A program that was stopped while it held the lock must not freeze all others: after a while it is an
     /// error.
-    int Acquire() const {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    int Acquire(milliseconds patience) const {
+        const auto deadline = std::chrono::steady_clock::now() + patience;
         while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
             if (errno != EWOULDBLOCK && errno != EINTR)
                 return errno;
@@ -221,7 +223,10 @@ void IniFile::Load() {
 void IniFile::Commit(const std::vector<Change>& changes) {
     std::optional<FolderLock> lock;
     if (!path_.empty()) {
-        lock.emplace(path_);
+        // Who met a held lock once does not wait again, or a start would freeze at every setting.
+        const milliseconds patience = std::exchange(lockTimedOut_, true) ? milliseconds(0) : kPatience;
+        lock.emplace(path_, patience);
+        lockTimedOut_ = false;
         Load();
     }
     IniText text = stored_;

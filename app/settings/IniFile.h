@@ -90,6 +90,7 @@ private:
     std::optional<Identity> read_; ///< of the text in stored_; nothing while it must be read again
     std::vector<Change> collected_;
     int depth_ = 0;
+    bool lockTimedOut_ = false;
 };
 
 } // namespace velmora
