@@ -84,6 +84,7 @@ LoadOutcome LoadConfiguration(MainModule& main) {
 
 StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms) {
     MainModule& main = program.main;
+    main.history = &program.history;
     main.settings.SaveMode = 1;
     SetVersionTitle(program);
     main.settings.IniFile = main.settings.ProgramFolder / (main.settings.SettingsAppName + ".ini");

@@ -1,6 +1,7 @@
 // One running program: everything that lives as long as it does, made in main() and passed by reference.
 #pragma once
 
+#include "document/Undo.h"
 #include "document/mdlMain.h"
 #include "platform/FontCatalogue.h"
 #include "print/rptVelmor.h"
@@ -14,6 +15,7 @@ struct Program {
     LayoutValues layout;
     const FontCatalogue& fontCatalogue;
     std::string Title; ///< application title: name and version
+    UndoHistory history{};
 };
 
 } // namespace velmora

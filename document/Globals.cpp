@@ -5,6 +5,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "document/Dialogs.h"
+#include "document/Undo.h"
 
 #include <algorithm>
 
@@ -93,6 +94,8 @@ void NewDocument(MainModule& main) {
     document.TabsPerPage = 0;
     document.DocChanged = false;
     ApplyTabType(main);
+    if (main.history)
+        main.history->Clear(document);
     ShowCaption(main);
     if (main.editor)
         main.editor->BringUp();

@@ -7,6 +7,7 @@
 #include "document/RecentFiles.h"
 #include "document/SaveDocument.h"
 #include "document/Transaction.h"
+#include "document/Undo.h"
 
 namespace velmora {
 namespace {
@@ -22,6 +23,8 @@ OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path) {
         RememberFile(main.settings, path);
         main.document.DocChanged = false;
         transaction.Commit();
+        if (main.history)
+            main.history->Clear(main.document);
         return OpenOutcome::Opened;
     } catch (const std::exception& error) {
         transaction.Undo();

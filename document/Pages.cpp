@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "document/Dialogs.h"
+#include "document/Undo.h"
 
 #include <algorithm>
 
@@ -110,6 +111,7 @@ void AddPage(MainModule& main) {
         return;
     }
     TakePageBack(main);
+    const UndoStep step(main.history, main, "New Page");
     if (Trapped(main, "Called from Sub: AddPage", [&] { AppendPage(document); }))
         ShowChangedPages(main);
 }
@@ -121,6 +123,7 @@ void DeletePage(MainModule& main) {
     if (main.globals.AskBeforeDelete && !Confirms(main, "Do you want to delete the current page?"))
         return;
     TakePageBack(main);
+    const UndoStep step(main.history, main, "Delete Page");
     if (main.editor)
         main.editor->TakeDown();
     RemovePage(document);
@@ -134,6 +137,7 @@ void CleanLabels(MainModule& main) {
     if (document.TabCount == 0)
         return Tell(main, "No Tabs to clean.");
     TakePageBack(main);
+    const UndoStep step(main.history, main, "Delete Empty Tabs");
     if (main.editor)
         main.editor->TakeDown();
     const std::int32_t kept = PackTabs(document);
@@ -145,6 +149,28 @@ void CleanLabels(MainModule& main) {
         document.Field(field).Resize(document.TabCount);
     }
     ShowChangedPages(main);
+}
+
+namespace {
+
+void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(MainModule&)) {
+    if (!main.history)
+        return;
+    TakePageBack(main);
+    (main.history->*move)(main);
+    RefreshDocumentStatus(main);
+    if (main.editor)
+        main.editor->BringUp();
+}
+
+} // namespace
+
+void UndoChange(MainModule& main) {
+    MoveInHistory(main, &UndoHistory::Undo);
+}
+
+void RedoChange(MainModule& main) {
+    MoveInHistory(main, &UndoHistory::Redo);
 }
 
 } // namespace velmora

@@ -21,4 +21,8 @@ void DeletePage(MainModule& main);
 /// Deletes the tabs whose fields in use are all blank and closes the gaps; at least one page stays.
 void CleanLabels(MainModule& main);
 
+/// Takes the last change of the document back, and shows the page where it was made; nothing when there is none.
+void UndoChange(MainModule& main);
+void RedoChange(MainModule& main);
+
 } // namespace velmora

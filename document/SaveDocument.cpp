@@ -6,6 +6,7 @@
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
 #include "document/TabFile.h"
+#include "document/Undo.h"
 
 #include <algorithm>
 
@@ -105,6 +106,8 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path) {
     main.document.Stamp = StampOf(path);
     RememberFile(main.settings, path);
     main.document.DocChanged = false;
+    if (main.history)
+        main.history->MarkSaved();
     return SaveOutcome::Saved;
 }
 

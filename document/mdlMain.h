@@ -13,6 +13,8 @@
 
 namespace velmora {
 
+class UndoHistory;
+
 struct MainModule {
     SettingsStore& settings;
     UserInterface& ui;
@@ -22,6 +24,7 @@ struct MainModule {
     FontSettings fonts;
     GridEditor* editor = nullptr;       ///< set while a main window lives
     MainWindowStatus* status = nullptr; ///< set while a main window lives
+    UndoHistory* history = nullptr;     ///< without one nothing can be undone
 };
 
 enum class LoadOutcome { Loaded, NoPrinter };

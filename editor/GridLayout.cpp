@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "document/Undo.h"
 
 #include <algorithm>
 
@@ -34,6 +35,14 @@ GridBox Moved(GridBox box, int right, int down) {
 
 std::int16_t Limit(const FieldLimits& limits, int field) {
     return field == 0 ? limits.MaxLenField1 : field == 1 ? limits.MaxLenField2 : limits.MaxLenField3;
+}
+
+std::string Limited(MainModule& main, int field, const std::string& line) {
+    const auto limit = static_cast<std::size_t>(Limit(main.document.Limits, field));
+    if (CharacterCount(line) <= limit)
+        return line;
+    main.ui.Beep();
+    return std::string(LeftCharacters(line, limit));
 }
 
 } // namespace
@@ -77,14 +86,15 @@ void EnterBox(MainModule& main, int slot) {
     ShowCurrentTab(main);
 }
 
-std::string EditBox(MainModule& main, int field, const std::string& text) {
+std::string EditBox(MainModule& main, int slot, int field, const std::string& text) {
+    const std::string kept = Limited(main, field, OneLine(text)); // a line break would end the tab's line in the file
+    const int tab = (main.document.CurrentPage - 1) * main.document.TabsPerPage + slot;
+    if (main.history)
+        main.history->Type(main, {tab, field}, kept);
+    else
+        main.document.Field(field)(tab) = kept;
     main.document.DocChanged = true;
-    const auto limit = static_cast<std::size_t>(Limit(main.document.Limits, field));
-    std::string line = OneLine(text); // a pasted line break would end the tab's line in the file
-    if (CharacterCount(line) <= limit)
-        return line;
-    main.ui.Beep();
-    return std::string(LeftCharacters(line, limit));
+    return kept;
 }
 
 } // namespace velmora

@@ -33,8 +33,8 @@ std::vector<TabTexts> PopulateLabels(const TabDocument& document);
 /// A box of slot 1 onward took the focus: sets `CurrentTab` and shows it; a tab number beyond 16 bits changes nothing.
 void EnterBox(MainModule& main, int slot);
 
-/// A box of field 0 to 2 was typed in: marks the document as changed and gives back the text, cut (with a beep) to the
-/// field's limit.
-std::string EditBox(MainModule& main, int field, const std::string& text);
+/// The box of field 0 to 2 in a slot from 1 was typed in: marks the document as changed, whatever becomes of the text,
+/// puts it into the document and gives it back, on one line and cut (with a beep) to the field's limit.
+std::string EditBox(MainModule& main, int slot, int field, const std::string& text);
 
 } // namespace velmora

@@ -70,10 +70,10 @@ TEST_F(EditorTest, EnteringABoxSetsTheCurrentTab) {
 
 TEST_F(EditorTest, TypingIsCutAtTheFieldsLimit) {
     MakeDocument(0, 3);
-    EXPECT_EQ(EditBox(program.main, 0, std::string(20, 'x')), std::string(20, 'x'));
+    EXPECT_EQ(EditBox(program.main, 1, 0, std::string(20, 'x')), std::string(20, 'x'));
     EXPECT_EQ(program.ui.beeps, 0);
-    EXPECT_EQ(EditBox(program.main, 0, std::string(21, 'x')), std::string(20, 'x'));
-    EXPECT_EQ(EditBox(program.main, 2, "ëëëëëëëëëëx"), "ëëëëëëëëëë");
+    EXPECT_EQ(EditBox(program.main, 1, 0, std::string(21, 'x')), std::string(20, 'x'));
+    EXPECT_EQ(EditBox(program.main, 1, 2, "ëëëëëëëëëëx"), "ëëëëëëëëëë");
     EXPECT_EQ(program.ui.beeps, 2);
     EXPECT_TRUE(document.DocChanged);
 }

@@ -6,6 +6,7 @@
 #include "print/PdfReport.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QWidget>
 
 namespace velmora {
@@ -30,6 +31,12 @@ void Exit(CommandContext& context) {
 /// A command that is one call of the core.
 template <auto operation> void Call(CommandContext& context) {
     operation(context.program.main);
+}
+
+/// What the box in use can do itself.
+template <auto operation> void InBox(CommandContext&) {
+    if (auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
+        (box->*operation)();
 }
 
 } // namespace
@@ -57,6 +64,14 @@ std::span<const Menu> Menus() {
           {"mnuPrintPage", "Print &Current Page", "", nullptr},
           kSeparator,
           {"mnuExit", "E&xit", "Ctrl+Q", Exit}}},
+        {"mnuEdit",
+         "&Edit",
+         {{"mnuUndo", "&Undo", "Ctrl+Z", Call<UndoChange>},
+          {"mnuRedo", "&Redo", "Ctrl+Shift+Z", Call<RedoChange>},
+          kSeparator,
+          {"mnuCut", "Cu&t", "Ctrl+X", InBox<&QLineEdit::cut>},
+          {"mnuCopy", "&Copy", "Ctrl+C", InBox<&QLineEdit::copy>},
+          {"mnuPaste", "&Paste", "Ctrl+V", InBox<&QLineEdit::paste>}}},
         {"mnuData",
          "&Data",
          {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", Call<FirstPage>},

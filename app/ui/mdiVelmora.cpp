@@ -40,7 +40,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     BuildStatusBar();
     grid_ = new frmGrid2a4(program_.main, this);
     setCentralWidget(grid_);
-    connect(grid_, &frmGrid2a4::Changed, this, [this] { setWindowModified(true); });
+    connect(grid_, &frmGrid2a4::Changed, this, [this] { EnableCommands(); });
     RestorePosition();
     program_.main.status = this;
     // Deliberate: the stored page count starts empty with every run.
@@ -130,6 +130,18 @@ void mdiVelmora::RestorePosition() {
     resize(place.width, place.height);
 }
 
+/// "Undo Typing": the menu names what would be taken back.
+void mdiVelmora::ShowHistory() {
+    const UndoHistory& history = program_.history;
+    const auto show = [&](const char* item, const QString& word, bool enabled, const std::string& step) {
+        auto* action = findChild<QAction*>(item);
+        action->setText(enabled ? word + " " + QString::fromStdString(step) : word);
+        action->setEnabled(enabled);
+    };
+    show("mnuUndo", tr("&Undo"), history.CanUndo(), history.UndoName());
+    show("mnuRedo", tr("&Redo"), history.CanRedo(), history.RedoName());
+}
+
 /// Commands that could do nothing are disabled.
 void mdiVelmora::EnableCommands() {
     const TabDocument& document = program_.main.document;
@@ -137,6 +149,7 @@ void mdiVelmora::EnableCommands() {
         findChild<QAction*>(name)->setEnabled(document.CurrentPage > 1);
     findChild<QAction*>("mnuLastPage")->setEnabled(document.CurrentPage < document.NoOfPages);
     setWindowModified(document.DocChanged);
+    ShowHistory();
 }
 
 void mdiVelmora::BuildStatusBar() {

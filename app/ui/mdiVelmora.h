@@ -38,6 +38,7 @@ private:
     void BuildStatusBar();
     void RestorePosition();
     void EnableCommands();
+    void ShowHistory();
 
     Program& program_;
     frmGrid2a4* grid_ = nullptr;

@@ -231,7 +231,7 @@ void frmGrid2a4::PlaceBoxes() {
 
 void frmGrid2a4::Edited(int field, QLineEdit* box) {
     const std::string typed = box->text().toStdString();
-    const std::string kept = EditBox(main_, field, typed);
+    const std::string kept = EditBox(main_, box->property(kSlotProperty).toInt(), field, typed);
     emit Changed();
     if (kept == typed)
         return;
@@ -278,6 +278,11 @@ bool frmGrid2a4::eventFilter(QObject* watched, QEvent* event) {
         return QScrollArea::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress && MoveByKey(*static_cast<QKeyEvent*>(event), box))
         return true;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo))
+            return true; // the document's own history takes them
+    }
     if (event->type() == QEvent::DragEnter && static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls()) {
         event->ignore(); // a file is for the window, which opens it
         return true;

@@ -26,7 +26,7 @@ using namespace velmora;
 class RunningProgram : public Forms {
 public:
     RunningProgram()
-        : test([](const std::string& text) { qFatal("%s", text.c_str()); }), program{test.main, {}, fonts, {}} {
+        : test([](const std::string& text) { qFatal("%s", text.c_str()); }), program{test.main, {}, fonts, {}, {}} {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
     }
@@ -111,6 +111,32 @@ private slots:
         running.Trigger("mnuFirstPage");
         QCOMPARE(running.Box("TextA1(5)")->text(), QString("typed"));
         QCOMPARE(running.program.main.document.FieldB(5), std::string("b"));
+    }
+
+    void changesAreTakenBackOneByOne() {
+        RunningProgram running;
+        running.Start(0, 1, 2);
+        QLineEdit* box = running.Box("TextA1(2)");
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, "first");
+        running.Trigger("mnuNewPage");
+        QTest::keyClicks(running.Box("TextA1(1)"), "more");
+        auto* undo = running.window->findChild<QAction*>("mnuUndo");
+        QCOMPARE(undo->text(), QString("&Undo Typing"));
+        QTest::keyClick(running.window->focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(running.Box("TextA1(1)")->text(), QString());
+        QCOMPARE(undo->text(), QString("&Undo New Page"));
+        undo->trigger();
+        QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2"));
+        undo->trigger();
+        QCOMPARE(running.Box("TextA1(2)")->text(), QString("a2"));
+        QVERIFY(!undo->isEnabled());
+        QVERIFY(!running.window->isWindowModified());
+        for (int i = 0; i < 3; ++i)
+            running.Trigger("mnuRedo");
+        QCOMPARE(running.Box("TextA1(1)")->text(), QString("more"));
+        QVERIFY(running.window->isWindowModified());
     }
 
     void theToolbarRepeatsTheMenus() {

@@ -1,0 +1,413 @@
+#include "document/Undo.h"
+
+#include "base/Error.h"
+#include "document/mdlMain.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace velmora {
+namespace {
+
+constexpr std::size_t kBlockBytes = 16; // the allocator's own part of a block
+
+/// What steps restore of the document besides its texts. The structs are taken apart whole: with a new member this
+/// does not compile until somebody decides whether the member belongs here.
+template <typename Document> auto PropertiesOf(Document& document) {
+    auto& [fieldA, fieldB, fieldC, tabCount, pages, currentPage, currentTab, fields, optType, stationery, pageSize,
+           layout, perPage, rows, columns, grid, limits, fileName, encoding, stamp, fileError, changed] = document;
+    auto& [width1, width2, height1, height2, top, left, cellGap, lineGap] = grid;
+    auto& [limit1, limit2, limit3] = limits;
+    return std::tie(tabCount, pages, fields, optType, stationery, pageSize, layout, perPage, rows, columns, width1,
+                    width2, height1, height2, top, left, cellGap, lineGap, limit1, limit2, limit3);
+}
+
+template <typename... Members> std::tuple<Members...> ValuesOf(const std::tuple<Members&...>& members) {
+    return members;
+}
+
+using Properties = decltype(ValuesOf(PropertiesOf(std::declval<TabDocument&>())));
+
+struct StoredKey {
+    std::string section;
+    std::string key;
+    std::string fallback;
+};
+
+/// The settings that follow the document. The printer is the machine's, though a file names it.
+std::vector<StoredKey> MakeStoredKeys() {
+    std::vector<StoredKey> keys;
+    for (const SettingKey* row :
+         {&kStationeryType, &kPageSize, &kOptType, &kNoOfFields, &kNoOfPages, &kMarginLeft, &kMarginTop})
+        keys.push_back({std::string(row->section), std::string(row->key), std::string(row->fallback)});
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        for (int key = 0; key < kFontKeys; ++key)
+            keys.push_back(
+                {std::string(kFontSection), FontKeyName(key, field), std::string(FontKeyDefault(key, field))});
+    return keys;
+}
+
+const std::vector<StoredKey>& StoredKeys() {
+    static const std::vector<StoredKey> keys = MakeStoredKeys();
+    return keys;
+}
+
+/// kProbe where nothing is stored.
+std::string ReadStored(SettingsStore& store, const StoredKey& row) {
+    return GetSetting(store, store.SettingsAppName, row.section, row.key, kProbe);
+}
+
+/// What was missing is stored with its default, as any reading of it would do.
+void WriteStored(SettingsStore& store, const StoredKey& row, const std::string& text) {
+    SaveSetting(store, store.SettingsAppName, row.section, row.key, text == kProbe ? row.fallback : text);
+}
+
+struct StoredText {
+    std::size_t key; ///< in StoredKeys
+    std::string text;
+};
+
+/// Texts that take the place of `count` texts from tab `first` on.
+struct TextRange {
+    std::int32_t first = 1;
+    std::int32_t count = 0;
+    std::vector<std::string> texts;
+
+    bool Empty() const { return count == 0 && texts.empty(); }
+    bool Fits(const FieldTexts& field) const { return first - 1 + count <= field.Count(); }
+};
+
+/// What turns `after` into `before`: all but their common beginning and end. Moves the texts out of `before`.
+TextRange Difference(FieldTexts& before, const FieldTexts& after) {
+    const std::int32_t shorter = std::min(before.Count(), after.Count());
+    TextRange range;
+    while (range.first <= shorter && before(range.first) == after(range.first))
+        ++range.first;
+    std::int32_t same = 0;
+    while (shorter - same >= range.first && before(before.Count() - same) == after(after.Count() - same))
+        ++same;
+    range.count = after.Count() - same - range.first + 1;
+    range.texts.reserve(static_cast<std::size_t>(before.Count() - same - range.first + 1));
+    for (std::int32_t tab = range.first; tab <= before.Count() - same; ++tab)
+        range.texts.push_back(std::move(before(tab)));
+    return range;
+}
+
+/// Moves the texts behind `tab` by `distance` and lets the field grow or shrink with them.
+void MoveRest(FieldTexts& field, std::int32_t tab, std::int32_t distance) {
+    const std::int32_t end = field.Count();
+    if (distance > 0)
+        field.Resize(end + distance);
+    for (std::int32_t i = end; distance > 0 && i > tab; --i)
+        field(i + distance) = std::move(field(i));
+    for (std::int32_t i = tab + 1; distance < 0 && i <= end; ++i)
+        field(i + distance) = std::move(field(i));
+    if (distance < 0)
+        field.Resize(end + distance);
+}
+
+/// Puts the range into the field and takes out what stood there, so that the next call does the reverse.
+void Exchange(TextRange& range, FieldTexts& field) {
+    std::vector<std::string> taken;
+    taken.reserve(static_cast<std::size_t>(range.count));
+    for (std::int32_t i = 0; i < range.count; ++i)
+        taken.push_back(std::move(field(range.first + i)));
+    const auto count = static_cast<std::int32_t>(range.texts.size());
+    MoveRest(field, range.first + range.count - 1, count - range.count);
+    for (std::int32_t i = 0; i < count; ++i)
+        field(range.first + i) = std::move(range.texts[static_cast<std::size_t>(i)]);
+    range.count = count;
+    range.texts = std::move(taken);
+}
+
+/// Short texts lie within the string itself.
+std::size_t HeapBytes(const std::string& text) {
+    return text.capacity() > std::string().capacity() ? text.capacity() + 1 + kBlockBytes : 0;
+}
+
+std::size_t HeapBytes(const FontSettings& fonts) {
+    return HeapBytes(fonts[0].Name) + HeapBytes(fonts[1].Name) + HeapBytes(fonts[2].Name);
+}
+
+/// The larger of what the range holds and what it would take out of the field.
+std::size_t HeapBytes(const TextRange& range, const FieldTexts& field) {
+    std::size_t held = range.texts.size() * sizeof(std::string) + kBlockBytes;
+    for (const std::string& text : range.texts)
+        held += HeapBytes(text);
+    std::size_t taken = static_cast<std::size_t>(range.count) * sizeof(std::string) + kBlockBytes;
+    for (std::int32_t i = 0; i < range.count; ++i)
+        taken += HeapBytes(field(range.first + i));
+    return std::max(held, taken);
+}
+
+struct Place {
+    std::int16_t page = 0;
+    std::int16_t tab = 0;
+};
+
+Place PlaceOf(const TabDocument& document) {
+    return {document.CurrentPage, document.CurrentTab};
+}
+
+void GoTo(const Place& place, TabDocument& document) {
+    document.CurrentPage = place.page;
+    document.CurrentTab = place.tab;
+}
+
+} // namespace
+
+/// Holds the state that the document does not have: that before the step, or once it is taken back, that after it.
+class UndoHistory::Step {
+public:
+    virtual ~Step() = default;
+    virtual std::string Name() const = 0;
+    virtual std::optional<TabBox> Box() const = 0;
+    virtual std::size_t Bytes() const = 0;
+    /// Exchanges the two states. Raises SubscriptError, before any change, when the document has no room for it.
+    virtual void Exchange(MainModule& main, bool undo) = 0;
+};
+
+class UndoHistory::TypingStep : public Step {
+public:
+    TypingStep(const TabDocument& document, TabBox box, std::string before)
+        : box_(box), page_(document.CurrentPage), text_(std::move(before)) {}
+
+    std::string Name() const override { return "Typing"; }
+    std::optional<TabBox> Box() const override { return box_; }
+    std::size_t Bytes() const override { return sizeof(*this) + kBlockBytes + textBytes_; }
+    void Exchange(MainModule& main, bool) override {
+        std::swap(main.document.Field(box_.field)(box_.tab), text_);
+        GoTo({page_, static_cast<std::int16_t>(box_.tab)}, main.document);
+    }
+
+    /// The box's text in the document has changed again. False when it is back where it began.
+    bool Join(const std::string& typed) {
+        textBytes_ = std::max(HeapBytes(text_), HeapBytes(typed));
+        return typed != text_;
+    }
+
+private:
+    TabBox box_;
+    std::int16_t page_;
+    std::string text_;
+    std::size_t textBytes_ = 0; // fixed with the last typing, as text_ changes with every undo
+};
+
+struct UndoStep::Snapshot {
+    explicit Snapshot(MainModule& main)
+        : texts{main.document.FieldA, main.document.FieldB, main.document.FieldC},
+          properties(PropertiesOf(main.document)), fonts(main.fonts), place(PlaceOf(main.document)) {
+        for (const StoredKey& row : StoredKeys())
+            stored.push_back(ReadStored(main.settings, row));
+    }
+
+    std::array<FieldTexts, kFieldsPerTab> texts;
+    Properties properties;
+    FontSettings fonts;
+    std::vector<std::string> stored;
+    Place place;
+};
+
+class UndoHistory::OperationStep : public Step {
+public:
+    OperationStep(std::string name, UndoStep::Snapshot before, MainModule& main)
+        : name_(std::move(name)), before_(before.place), after_(PlaceOf(main.document)),
+          properties_(std::move(before.properties)), fonts_(std::move(before.fonts)) {
+        bytes_ = sizeof(*this) + kBlockBytes + HeapBytes(name_) + std::max(HeapBytes(fonts_), HeapBytes(main.fonts));
+        for (std::size_t field = 0; field < ranges_.size(); ++field) {
+            const FieldTexts& after = main.document.Field(static_cast<int>(field));
+            ranges_[field] = Difference(before.texts[field], after);
+            bytes_ += HeapBytes(ranges_[field], after);
+        }
+        for (std::size_t key = 0; key < before.stored.size(); ++key)
+            KeepStored(key, std::move(before.stored[key]), ReadStored(main.settings, StoredKeys()[key]));
+        bytes_ += stored_.capacity() * sizeof(StoredText) + kBlockBytes;
+        changes_ = !stored_.empty() || fonts_ != main.fonts || properties_ != PropertiesOf(main.document) ||
+                   !std::all_of(ranges_.begin(), ranges_.end(), [](const TextRange& range) { return range.Empty(); });
+    }
+
+    bool Changes() const { return changes_; }
+
+    std::string Name() const override { return name_; }
+    std::optional<TabBox> Box() const override { return std::nullopt; }
+    std::size_t Bytes() const override { return bytes_; }
+    void Exchange(MainModule& main, bool undo) override {
+        for (std::size_t field = 0; field < ranges_.size(); ++field)
+            if (!ranges_[field].Fits(main.document.Field(static_cast<int>(field))))
+                throw SubscriptError();
+        for (std::size_t field = 0; field < ranges_.size(); ++field)
+            velmora::Exchange(ranges_[field], main.document.Field(static_cast<int>(field)));
+        Properties now = PropertiesOf(main.document);
+        PropertiesOf(main.document) = std::exchange(properties_, std::move(now));
+        GoTo(undo ? before_ : after_, main.document);
+        std::swap(fonts_, main.fonts);
+        ExchangeStored(main.settings);
+    }
+
+private:
+    void KeepStored(std::size_t key, std::string before, const std::string& after) {
+        if (before == after)
+            return;
+        bytes_ += std::max(HeapBytes(before), HeapBytes(after));
+        stored_.push_back({key, std::move(before)});
+    }
+
+    void ExchangeStored(SettingsStore& store) {
+        if (stored_.empty())
+            return;
+        const SettingsBatch batch(store);
+        for (StoredText& stored : stored_) {
+            const StoredKey& row = StoredKeys()[stored.key];
+            std::string now = ReadStored(store, row);
+            WriteStored(store, row, std::exchange(stored.text, std::move(now)));
+        }
+    }
+
+    std::string name_;
+    Place before_;
+    Place after_;
+    Properties properties_; // its texts are a few letters each and never leave the string
+    FontSettings fonts_;
+    std::array<TextRange, kFieldsPerTab> ranges_;
+    std::vector<StoredText> stored_;
+    std::size_t bytes_ = 0;
+    bool changes_ = false;
+};
+
+UndoHistory::UndoHistory(std::size_t mostBytes) : mostBytes_(mostBytes) {}
+
+UndoHistory::~UndoHistory() = default;
+
+void UndoHistory::Type(MainModule& main, TabBox box, const std::string& text) {
+    std::string& held = main.document.Field(box.field)(box.tab);
+    if (open_) { // which records this with the rest
+        held = text;
+        return;
+    }
+    if (held != text) {
+        if (!typing_ || typing_->Box() != box) {
+            auto step = std::make_unique<TypingStep>(main.document, box, held);
+            TypingStep* typing = step.get();
+            Record(std::move(step));
+            typing_ = typing;
+        }
+        held = text;
+        bytes_ -= typing_->Bytes();
+        const bool changes = typing_->Join(held);
+        bytes_ += typing_->Bytes();
+        if (!changes)
+            DropNewest();
+        KeepWithinBounds();
+    }
+    main.document.DocChanged = saved_ != done_;
+}
+
+std::string UndoHistory::UndoName() const {
+    return CanUndo() ? steps_[done_ - 1]->Name() : std::string();
+}
+
+std::string UndoHistory::RedoName() const {
+    return CanRedo() ? steps_[done_]->Name() : std::string();
+}
+
+std::optional<TabBox> UndoHistory::Undo(MainModule& main) {
+    return CanUndo() ? Move(main, true) : std::nullopt;
+}
+
+std::optional<TabBox> UndoHistory::Redo(MainModule& main) {
+    return CanRedo() ? Move(main, false) : std::nullopt;
+}
+
+std::optional<TabBox> UndoHistory::Move(MainModule& main, bool undo) {
+    typing_ = nullptr;
+    Step& step = *steps_[undo ? done_ - 1 : done_];
+    step.Exchange(main, undo);
+    done_ = undo ? done_ - 1 : done_ + 1;
+    main.document.DocChanged = saved_ != done_;
+    return step.Box();
+}
+
+void UndoHistory::MarkSaved() {
+    typing_ = nullptr; // a step that went on would leave no way back to what was saved
+    saved_ = done_;
+}
+
+void UndoHistory::Clear(const TabDocument& document) {
+    Forget();
+    if (!document.DocChanged)
+        saved_ = 0;
+}
+
+void UndoHistory::Forget() {
+    typing_ = nullptr;
+    open_ = nullptr;
+    steps_.clear();
+    done_ = bytes_ = 0;
+    saved_.reset();
+}
+
+void UndoHistory::Record(std::unique_ptr<Step> step) {
+    typing_ = nullptr;
+    while (CanRedo())
+        DropNewest();
+    bytes_ += step->Bytes() + sizeof(step);
+    steps_.push_back(std::move(step));
+    ++done_;
+    KeepWithinBounds();
+}
+
+void UndoHistory::DropNewest() {
+    typing_ = nullptr;
+    bytes_ -= steps_.back()->Bytes() + sizeof(steps_.back());
+    steps_.pop_back();
+    if (saved_ > steps_.size())
+        saved_.reset();
+    done_ = std::min(done_, steps_.size());
+}
+
+void UndoHistory::DropOldest() {
+    bytes_ -= steps_.front()->Bytes() + sizeof(steps_.front());
+    steps_.pop_front();
+    --done_;
+    if (saved_ == 0U)
+        saved_.reset();
+    else if (saved_)
+        --*saved_;
+}
+
+void UndoHistory::KeepWithinBounds() {
+    while (bytes_ > mostBytes_ && steps_.size() > 1)
+        DropOldest();
+}
+
+UndoStep::UndoStep(UndoHistory* history, MainModule& main, std::string name)
+    : history_(history), main_(main), name_(std::move(name)) {
+    if (!history || history->open_)
+        return;
+    before_ = std::make_unique<Snapshot>(main);
+    history->open_ = this;
+}
+
+UndoStep::~UndoStep() {
+    try {
+        Commit();
+    } catch (...) { // out of memory: the steps do not lead to this document any more
+        history_->Forget();
+    }
+}
+
+void UndoStep::Commit() {
+    if (!history_ || history_->open_ != this)
+        return;
+    history_->open_ = nullptr;
+    auto step = std::make_unique<UndoHistory::OperationStep>(std::move(name_), std::move(*before_), main_);
+    before_.reset();
+    if (!step->Changes())
+        return;
+    history_->Record(std::move(step));
+    main_.document.DocChanged = true;
+}
+
+} // namespace velmora

@@ -1,0 +1,114 @@
+// Undo and redo: the history of the document's changes. A step holds only what differs before and after, so that a
+// change in a document of thousands of tabs costs what it touched.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace velmora {
+
+class UndoStep;
+struct MainModule;
+struct TabDocument;
+
+struct TabBox {
+    std::int32_t tab = 0; ///< tab number from 1
+    int field = 0;        ///< 0 to 2
+    bool operator==(const TabBox&) const = default;
+};
+
+/// Steps in the order they were made, those taken back last. Every change of the document goes through Type or an
+/// UndoStep, or ends in Clear: then `DocChanged` is true exactly while the document is not the one that was saved.
+/// File name, encoding, stamp and printer are not part of a step, nor is the page shown, which follows it.
+class UndoHistory {
+public:
+    static constexpr std::size_t kMostBytes = 64 * 1024 * 1024;
+
+    UndoHistory() : UndoHistory(kMostBytes) {}
+    /// Beyond `mostBytes` the oldest steps are dropped; the newest stays whatever its size.
+    explicit UndoHistory(std::size_t mostBytes);
+    ~UndoHistory();
+    UndoHistory(const UndoHistory&) = delete;
+    UndoHistory& operator=(const UndoHistory&) = delete;
+
+    /// A box of the page shown was typed in: puts its text into the document and sets `DocChanged`. Further typing in
+    /// the same box belongs to the same step, until something else happens; typed back to where it began, the step is
+    /// gone. Raises SubscriptError, with nothing changed, for a tab outside the document.
+    void Type(MainModule& main, TabBox box, const std::string& text);
+
+    bool CanUndo() const { return done_ > 0; }
+    bool CanRedo() const { return done_ < steps_.size(); }
+    /// "Typing" or the name of the operation; empty when there is none.
+    std::string UndoName() const;
+    std::string RedoName() const;
+
+    /// Document, fonts and settings as they were before the step, and `CurrentPage` where it was made; nothing when
+    /// there is no step. Gives the box when the step was typing. The editor's page must be in the document before
+    /// (SaveLabel) and be shown anew after. Raises SubscriptError, with nothing changed, for a document that was
+    /// changed without the history.
+    std::optional<TabBox> Undo(MainModule& main);
+    /// The same, as it was after the step.
+    std::optional<TabBox> Redo(MainModule& main);
+
+    /// The document as it is now is the saved one.
+    void MarkSaved();
+    /// Forgets all steps, and an UndoStep under way: the document was replaced. It is the saved one unless its
+    /// `DocChanged` says otherwise.
+    void Clear(const TabDocument& document);
+
+    /// Memory that the steps take at most, each in the larger of its two states, with the allocator's part.
+    std::size_t Bytes() const { return bytes_; }
+
+private:
+    friend class UndoStep;
+    class Step;
+    class TypingStep;
+    class OperationStep;
+
+    void Record(std::unique_ptr<Step> step);
+    void DropNewest();
+    void DropOldest();
+    void KeepWithinBounds();
+    void Forget();
+    std::optional<TabBox> Move(MainModule& main, bool undo);
+
+    std::size_t mostBytes_;
+    std::size_t bytes_ = 0;
+    std::deque<std::unique_ptr<Step>> steps_;
+    std::size_t done_ = 0;                 ///< steps not taken back
+    std::optional<std::size_t> saved_ = 0; ///< `done_` of the saved document; nothing: no step leads there
+    TypingStep* typing_ = nullptr;         ///< the newest step while more typing may join it
+    const UndoStep* open_ = nullptr;
+};
+
+/// Lives around an operation and records, as one step, what it changed in document, fonts and the settings that a
+/// document carries; nothing when all is as it was. Takes a copy of the document. Inside another UndoStep of the same
+/// history it does nothing: the outer one records.
+class UndoStep {
+public:
+    /// `name` as it follows "Undo" in the menu. What was typed last must be in the document (SaveLabel). Without a
+    /// history nothing is recorded.
+    UndoStep(UndoHistory* history, MainModule& main, std::string name);
+    /// Commits, also what an error cut short: the steps before fit only a document whose every change is recorded.
+    ~UndoStep();
+    UndoStep(const UndoStep&) = delete;
+    UndoStep& operator=(const UndoStep&) = delete;
+
+    /// Ends the step. One that holds a change marks the document as changed.
+    void Commit();
+
+private:
+    friend class UndoHistory;
+    struct Snapshot;
+
+    UndoHistory* history_;
+    MainModule& main_;
+    std::string name_;
+    std::unique_ptr<Snapshot> before_;
+};
+
+} // namespace velmora

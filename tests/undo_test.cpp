@@ -1,0 +1,302 @@
+// Undo and redo: what a step brings back, what belongs to one step, what counts as saved, and what the steps cost.
+#include "document/Pages.h"
+#include "document/Undo.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace velmora {
+namespace {
+
+struct UndoTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    MainModule& main = program.main;
+    TabDocument& document = program.main.document;
+    UndoHistory history;
+
+    void MakeDocument(int pages, int type = 0) {
+        LoadGlobals(main);
+        main.globals.AskBeforeDelete = false;
+        document.OptType = static_cast<std::int16_t>(type);
+        SetLayoutFromType(document);
+        NewDocument(main);
+        document.TabCount = pages * document.TabsPerPage;
+        for (int field = 0; field < kFieldsPerTab; ++field)
+            document.Field(field).ReDim(document.TabCount);
+        ApplyTabType(main);
+        for (int tab = 1; tab <= document.TabCount; ++tab)
+            document.FieldA(tab) = "tab " + std::to_string(tab);
+        document.DocChanged = false;
+        history.Clear(document);
+    }
+    /// `operation` as one step.
+    template <typename Operation> void Do(const char* name, Operation operation) {
+        UndoStep step(&history, main, name);
+        operation();
+    }
+    void Type(int tab, const std::string& text, int field = 0) { history.Type(main, {tab, field}, text); }
+    /// Everything that a step restores, with the settings as they stand in the INI file.
+    std::string State() {
+        std::string text;
+        for (int number :
+             {int{document.NoOfPages}, int{document.NoOfFields}, int{document.OptType}, int{document.TabsPerPage},
+              int{document.RowsPerPage}, int{document.ColsPerPage}, int{document.TabCount}, document.Grid.Width1,
+              document.Grid.Height2, int{document.Limits.MaxLenField1}, int{document.Limits.MaxLenField2}})
+            text += std::to_string(number) + "|";
+        text += document.StationeryType + document.PageSize + document.LayoutName;
+        for (int field = 0; field < kFieldsPerTab; ++field) {
+            const FieldFont& font = main.fonts[static_cast<std::size_t>(field)];
+            text += "\n" + font.Name + std::to_string(font.Size) + std::to_string(font.HorizontalAlignment);
+            for (int key = 0; key < kFontKeys; ++key)
+                text += "," + program.settings.Object.GetSettingStr(kFontSection, FontKeyName(key, field), kProbe);
+            for (int tab = 1; tab <= document.Field(field).Count(); ++tab)
+                text += "\n" + document.Field(field)(tab);
+        }
+        for (const SettingKey* row : {&kStationeryType, &kPageSize, &kOptType, &kNoOfFields, &kNoOfPages, &kMarginLeft})
+            text += "\n" + program.settings.Object.GetSettingStr(row->section, row->key, row->fallback);
+        return text;
+    }
+    void CheckInvariants() {
+        EXPECT_EQ(document.TabsPerPage, FindTabType(document.OptType)->TabsPerPage());
+        EXPECT_EQ(document.TabCount, document.NoOfPages * document.TabsPerPage);
+        for (int field = 0; field < kFieldsPerTab; ++field)
+            EXPECT_EQ(document.Field(field).Count(), document.TabCount);
+        EXPECT_TRUE(document.CurrentPage >= 1 && document.CurrentPage <= document.NoOfPages) << document.CurrentPage;
+    }
+    void SetUpPage(int type, int fields, int fontSize) {
+        document.OptType = static_cast<std::int16_t>(type);
+        document.NoOfFields = static_cast<std::int16_t>(fields);
+        SetLayoutFromType(document);
+        SetFieldLimits(document);
+        ApplyTabType(main);
+        main.fonts[1].Size = static_cast<std::int16_t>(fontSize);
+        main.fonts[2].Name = "A name too long for the string itself " + std::to_string(fontSize);
+        SaveFontSettings(main.settings, main.fonts);
+        Write(main.settings, kMarginLeft, std::to_string(fontSize) + ".5");
+    }
+};
+
+TEST_F(UndoTest, TypingInOneBoxIsOneStep) {
+    MakeDocument(2);
+    document.CurrentPage = 2;
+    for (const char* text : {"a", "ab", "abc"})
+        Type(30, text);
+    for (const char* text : {"x", "xy"})
+        Type(30, text, 1);
+    Type(30, "abcd");
+    document.CurrentPage = 1;
+    EXPECT_EQ(history.UndoName(), "Typing");
+    EXPECT_EQ(history.Undo(main), (TabBox{30, 0}));
+    EXPECT_EQ(document.FieldA(30), "abc") << "another box was typed in between";
+    EXPECT_EQ(document.CurrentPage, 2) << "the page where it was typed";
+    EXPECT_EQ(history.Undo(main), (TabBox{30, 1}));
+    EXPECT_EQ(history.Undo(main), (TabBox{30, 0}));
+    EXPECT_EQ(document.FieldA(30) + document.FieldB(30), "tab 30");
+    EXPECT_FALSE(history.CanUndo() || document.DocChanged);
+    EXPECT_EQ(history.Undo(main), std::nullopt);
+    history.Redo(main);
+    EXPECT_EQ(document.FieldA(30), "abc");
+    Type(30, "new"); // not part of the step that was made again
+    EXPECT_FALSE(history.CanRedo()) << "what was taken back no longer fits";
+    history.Undo(main);
+    EXPECT_EQ(document.FieldA(30), "abc");
+    Type(1, "tab 1x");
+    Type(1, "tab 1");
+    EXPECT_EQ(history.UndoName() + history.RedoName(), "Typing") << "typed back: no step of its own";
+    history.Undo(main);
+    EXPECT_EQ(document.FieldA(30), "tab 30");
+    EXPECT_THROW(Type(49, "x"), SubscriptError);
+}
+
+TEST_F(UndoTest, SavedIsWhatWasSaved) {
+    MakeDocument(1);
+    const auto changed = [&](auto move) { return move(), document.DocChanged; };
+    const auto undo = [&] { history.Undo(main); };
+    const auto redo = [&] { history.Redo(main); };
+    Type(1, "a");
+    document.DocChanged = false;
+    history.MarkSaved();
+    Type(1, "ab");
+    EXPECT_FALSE(changed(undo)) << "a save ends the step";
+    EXPECT_EQ(document.FieldA(1), "a");
+    EXPECT_TRUE(changed(undo));
+    EXPECT_FALSE(changed(redo));
+    EXPECT_TRUE(changed(redo));
+    EXPECT_TRUE(changed([&] { undo(), undo(), Type(2, "other"); }));
+    EXPECT_TRUE(changed(undo)) << "the saved state went with the steps that led there";
+    document.DocChanged = true; // as after an import
+    history.Clear(document);
+    EXPECT_TRUE(changed([&] { Type(1, "b"), undo(); }));
+    EXPECT_FALSE(history.CanUndo());
+}
+
+TEST_F(UndoTest, AnOperationIsOneStepWithItsPageAndName) {
+    MakeDocument(3);
+    document.CurrentPage = 2;
+    const std::string start = State();
+    Do("Delete Page", [&] { Do("inner", [&] { Type(1, "typed meanwhile"), DeletePage(main); }); });
+    Type(1, "a");
+    Do("Nothing", [] {});
+    Do("Page Setup", [&] { SetUpPage(4, 1, 12); });
+    EXPECT_EQ(history.UndoName(), "Page Setup");
+    history.Undo(main);
+    Type(1, "ab"); // after another operation
+    history.Undo(main);
+    EXPECT_EQ(document.FieldA(1), "a");
+    history.Undo(main);
+    EXPECT_EQ(history.UndoName() + history.RedoName(), "Delete PageTyping");
+    history.Undo(main);
+    EXPECT_EQ(State(), start);
+    EXPECT_EQ(document.CurrentPage, 2);
+    document.CurrentPage = 3;
+    history.Redo(main);
+    EXPECT_EQ(document.CurrentPage, 1);
+    EXPECT_EQ(program.Stored("Settings", "No Of Pages"), "2");
+}
+
+TEST_F(UndoTest, AnOperationCutShortIsRecorded) {
+    MakeDocument(1);
+    const auto fail = [&] {
+        document.FieldA(1) = document.FieldC(24) = "half done";
+        throw SubscriptError();
+    };
+    EXPECT_THROW(Do("Fill", fail), SubscriptError);
+    EXPECT_TRUE(document.DocChanged);
+    history.Undo(main);
+    EXPECT_EQ(document.FieldA(1) + document.FieldC(24), "tab 1");
+    history.Redo(main);
+    document.FieldC.Resize(1); // without the history
+    EXPECT_THROW(history.Undo(main), SubscriptError);
+    EXPECT_EQ(document.FieldA(1), "half done") << "all or nothing";
+    Do("Open", [&] { NewDocument(main), history.Clear(document); });
+    EXPECT_FALSE(history.CanUndo()) << "no way back to another document";
+    Do("Limits", [&] { document.Limits.MaxLenField1 = 5; });
+    Do("Page Setup", [&] { SetUpPage(0, 3, 12); });
+    history.Undo(main);
+    EXPECT_EQ(program.Stored("Settings", "Margin Value Left"), "0") << "was never stored before";
+    history.Undo(main);
+    EXPECT_NE(document.Limits.MaxLenField1, 5);
+    Type(24, "x");
+    document.FieldA.Resize(1);
+    EXPECT_THROW(history.Undo(main), SubscriptError);
+}
+
+TEST_F(UndoTest, AStepCostsWhatItTouches) {
+    MakeDocument(1365);
+    document.CurrentPage = 700;
+    const std::string start = State();
+    Do("Delete Page", [&] { DeletePage(main); });
+    EXPECT_LT(history.Bytes(), 3U * 1024);
+    history.Undo(main);
+    EXPECT_EQ(State(), start);
+    Do("Fonts", [&] { main.fonts[0].Bold = true; });
+    EXPECT_LT(history.Bytes(), 1024U);
+    for (const auto& text : {std::string(50000, 'x'), std::string()}) {
+        Do("Fill", [&] { document.FieldB(9) = text; });
+        history.Undo(main);
+        EXPECT_GT(history.Bytes(), 50000U) << "whichever side is in the step";
+        history.Redo(main);
+    }
+}
+
+TEST_F(UndoTest, TheOldestStepsGiveWay) {
+    UndoHistory small(20000);
+    MakeDocument(5);
+    small.Clear(document);
+    const auto typeLong = [&](int tab) { small.Type(main, {tab, 0}, std::string(900, 'x')); };
+    for (int tab = 1; tab <= 100; ++tab) {
+        typeLong(tab);
+        if (tab == 90)
+            small.MarkSaved();
+    }
+    EXPECT_TRUE(small.Bytes() <= 20000 && small.Bytes() > 18000) << small.Bytes();
+    int steps = 0;
+    for (; small.CanUndo(); ++steps) {
+        EXPECT_EQ(document.DocChanged, steps != 10) << steps;
+        small.Undo(main);
+    }
+    EXPECT_TRUE(steps >= 18 && steps <= 20) << steps;
+    EXPECT_EQ(document.FieldA(100), "tab 100");
+    EXPECT_EQ(document.FieldA(1).size(), 900U);
+    EXPECT_TRUE(document.DocChanged) << "no step leads back to the saved document";
+    typeLong(120); // drops all that was taken back
+    EXPECT_LT(small.Bytes(), 1200U);
+    small.Type(main, {1, 0}, std::string(50000, 'x'));
+    EXPECT_TRUE(small.CanUndo()) << "one step stays whatever its size";
+    small.Undo(main);
+    EXPECT_EQ(document.FieldA(1).size(), 900U);
+    typeLong(2); // as it is already: no step
+    small.Type(main, {2, 0}, "");
+    EXPECT_TRUE(small.Bytes() > 900 && small.Bytes() < 1200) << "the text typed over, and nothing of what is gone";
+}
+
+/// A walk of some hundred steps, with undo and redo on the way, compared with the states it went through.
+struct Walk : UndoTest {
+    std::mt19937 random{20240607};
+    std::vector<std::string> states;
+    std::size_t at = 0;
+    int typed = 0;
+
+    int Below(int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); }
+    void Operate() {
+        document.CurrentPage = static_cast<std::int16_t>(1 + Below(document.NoOfPages));
+        document.CurrentTab = static_cast<std::int16_t>(Below(40) == 0 ? 0 : 2); // at 0 a new tab type empties all
+        switch (Below(9)) {
+        case 0:
+        case 1: return Do("Add Page", [&] { AddPage(main); });
+        case 2: return document.NoOfPages > 1 ? Do("Delete Page", [&] { DeletePage(main); }) : void();
+        case 3: return Do("Delete Empty Tabs", [&] { CleanLabels(main); });
+        case 4: return Do("Page Setup", [&] { SetUpPage(Below(6), 1 + Below(3), 8 + Below(9)); });
+        default:
+            document.CurrentPage = static_cast<std::int16_t>(1 + Below(document.NoOfPages));
+            Type((document.CurrentPage - 1) * document.TabsPerPage + 1 + Below(document.TabsPerPage),
+                 Below(4) == 0 ? "" : std::string(static_cast<std::size_t>(Below(30)), 'x') + std::to_string(++typed),
+                 Below(3));
+        }
+    }
+    void Note() {
+        if (const std::string state = State(); state != states[at]) {
+            states.resize(++at);
+            states.push_back(state);
+        }
+        history.MarkSaved(); // each typing a step of its own
+    }
+    void Check(std::size_t expected) {
+        at = expected;
+        CheckInvariants();
+        ASSERT_TRUE(State() == states[at]) << "state " << at << "\n" << State() << "\ninstead of\n" << states[at];
+        ASSERT_EQ(history.CanUndo(), at > 0);
+        ASSERT_EQ(history.CanRedo(), at + 1 < states.size());
+    }
+};
+
+TEST_F(Walk, GoesBackAndForthThroughTheSameStates) {
+    MakeDocument(2);
+    SetUpPage(0, 2, 10);
+    history.Clear(document);
+    states = {State()};
+    const SettingsBatch batch(program.settings); // the file is written once, but read as if each write had been
+    for (int i = 0; i < 500 && !HasFatalFailure(); ++i) {
+        Operate();
+        Note();
+        for (int back = Below(6) == 0 ? Below(5) : 0; back > 0 && history.CanUndo(); --back)
+            history.Undo(main), Check(at - 1);
+        for (int again = Below(3); again > 0 && history.CanRedo(); --again)
+            history.Redo(main), Check(at + 1);
+        CheckInvariants();
+    }
+    EXPECT_GT(at, 200U);
+    for (int pass = 0; pass < 2; ++pass) {
+        while (history.CanUndo() && !HasFatalFailure())
+            history.Undo(main), Check(at - 1);
+        EXPECT_EQ(at, 0U);
+        while (history.CanRedo() && !HasFatalFailure())
+            history.Redo(main), Check(at + 1);
+        EXPECT_EQ(at + 1, states.size());
+    }
+}
+
+} // namespace
+} // namespace velmora
