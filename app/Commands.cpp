@@ -1,7 +1,12 @@
 #include "app/Commands.h"
 
 #include "document/Dialogs.h"
+#include "document/Recovery.h"
 #include "document/SaveDocument.h"
+#include "document/Undo.h"
+
+#include <array>
+#include <ctime>
 
 namespace velmora {
 void NewCommand(MainModule& main) {
@@ -24,9 +29,47 @@ OpenOutcome OpenCommand(MainModule& main) {
 }
 
 bool CloseCommand(MainModule& main) {
-    if (!main.document.DocChanged || AskToSave(main) != Answer::Yes)
+    if (!main.document.DocChanged)
         return true;
-    return SaveLabels(main, false) == SaveOutcome::Saved;
+    const Answer answer = AskToSave(main);
+    if (answer == Answer::Yes)
+        return SaveLabels(main, false) == SaveOutcome::Saved;
+    if (answer == Answer::No && main.recovery)
+        main.recovery->Drop();
+    else
+        KeepRecoveryCopy(main); // the next start offers it
+    return true;
+}
+
+bool OfferRecovery(MainModule& main) {
+    bool restored = false;
+    for (const RecoveredDocument& document : main.recovery->List()) {
+        if (!document.LeftBehind)
+            continue;
+        if (!restored && Ask(main,
+                             "Velmora ended without saving the document \"" + document.Name() + "\" of " +
+                                 LocalTime(document.Time) + ".\r\nDo you want to have it back?",
+                             Buttons::YesNo) == Answer::Yes)
+            restored = RestoreCommand(main, document);
+        else
+            main.recovery->Settle(document);
+    }
+    return restored;
+}
+
+bool RestoreCommand(MainModule& main, const RecoveredDocument& document) {
+    return Trapped(main, "Called from Sub: RestoreCommand", [&] {
+        if (main.recovery->Restore(main, document) == LoadOutcome::Loaded && main.history)
+            main.history->Clear(main.document);
+        ShowCaption(main);
+    });
+}
+
+std::string LocalTime(std::chrono::system_clock::time_point time) {
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
+    std::array<char, 64> text{};
+    std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", std::localtime(&seconds));
+    return text.data();
 }
 
 } // namespace velmora

@@ -2,7 +2,11 @@
 #pragma once
 
 #include "document/OpenDocument.h"
+#include "document/Recovery.h"
 #include "document/mdlMain.h"
+
+#include <chrono>
+#include <string>
 
 namespace velmora {
 
@@ -15,5 +19,13 @@ OpenOutcome OpenCommand(MainModule& main);
 /// Before the window closes: asks about unsaved changes. Deliberate: every answer ends the program, Cancel too. Only a
 /// wanted save that did not happen gives false, and the window stays.
 bool CloseCommand(MainModule& main);
+
+/// At the start: offers what a program that has ended left unsaved, newest first; what is not wanted can still be had
+/// from the menu. True when a document came back.
+bool OfferRecovery(MainModule& main);
+/// Makes a recovered copy the document. False when it could not be read, which is shown.
+bool RestoreCommand(MainModule& main, const RecoveredDocument& document);
+/// "2026-01-31 23:59" in the desktop's time zone.
+std::string LocalTime(std::chrono::system_clock::time_point time);
 
 } // namespace velmora

@@ -1,5 +1,6 @@
 #include "app/Main.h"
 
+#include "app/Commands.h"
 #include "app/FolderSearch.h"
 #include "app/Version.h"
 #include "app/settings/Validate.h"
@@ -95,7 +96,12 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
     }
     if (LoadConfiguration(main) == LoadOutcome::NoPrinter || !FindFolders(main))
         return StartOutcome::Ended;
+    program.recovery = std::make_unique<RecoveryStore>(main.settings.ProgramFolder / "Recovery",
+                                                       [] { return std::chrono::system_clock::now(); });
+    main.recovery = program.recovery.get();
     forms.ShowMainWindow();
+    if (OfferRecovery(main))
+        return StartOutcome::Running; // what was lost goes before what can be opened again
     if (!commandLine.empty() && OpenPath(main, fs::absolute(commandLine)) == OpenOutcome::NoPrinter)
         return StartOutcome::Ended;
     return StartOutcome::Running;

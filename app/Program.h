@@ -1,11 +1,13 @@
 // One running program: everything that lives as long as it does, made in main() and passed by reference.
 #pragma once
 
+#include "document/Recovery.h"
 #include "document/Undo.h"
 #include "document/mdlMain.h"
 #include "platform/FontCatalogue.h"
 #include "print/rptVelmor.h"
 
+#include <memory>
 #include <string>
 
 namespace velmora {
@@ -16,6 +18,7 @@ struct Program {
     const FontCatalogue& fontCatalogue;
     std::string Title; ///< application title: name and version
     UndoHistory history{};
+    std::unique_ptr<RecoveryStore> recovery{}; ///< made at the start, in the program folder
 };
 
 } // namespace velmora

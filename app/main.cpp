@@ -53,7 +53,7 @@ int Run(const std::string& commandLine) {
     FontconfigCatalogue fonts;
     SettingsStore settings(registry, ui);
     settings.ProgramFolder = folder;
-    Program program{{settings, ui, printers, {}, {}, {}}, {}, fonts, {}, {}};
+    Program program{{settings, ui, printers, {}, {}, {}}, {}, fonts, {}, {}, {}};
     QtForms forms(program);
     if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;

@@ -83,6 +83,7 @@ void ApplyTabType(MainModule& main) {
 
 void NewDocument(MainModule& main) {
     TabDocument& document = main.document;
+    ArchiveDocument(main);
     if (main.editor)
         main.editor->TakeDown();
     document.DocFileName.clear();

@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
+#include "document/Recovery.h"
 #include "document/SaveDocument.h"
 #include "document/Transaction.h"
 #include "document/Undo.h"
@@ -71,9 +72,12 @@ OpenOutcome ReplaceDocument(MainModule& main, const std::filesystem::path& path)
     }
     // An error gives back the document as it was, with what was typed last.
     SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    const auto archived = ArchiveDocument(main);
     if (main.editor)
         main.editor->TakeDown();
     const OpenOutcome outcome = LoadOrUndo(main, path);
+    if (archived && outcome != OpenOutcome::Opened)
+        main.recovery->Forget(*archived);
     if (outcome == OpenOutcome::Failed) {
         main.document.FileError = true;
         Tell(main, "Could not finish process");

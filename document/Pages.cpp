@@ -123,6 +123,7 @@ void DeletePage(MainModule& main) {
     if (main.globals.AskBeforeDelete && !Confirms(main, "Do you want to delete the current page?"))
         return;
     TakePageBack(main);
+    KeepRecoveryCopy(main);
     const UndoStep step(main.history, main, "Delete Page");
     if (main.editor)
         main.editor->TakeDown();
@@ -137,6 +138,7 @@ void CleanLabels(MainModule& main) {
     if (document.TabCount == 0)
         return Tell(main, "No Tabs to clean.");
     TakePageBack(main);
+    KeepRecoveryCopy(main);
     const UndoStep step(main.history, main, "Delete Empty Tabs");
     if (main.editor)
         main.editor->TakeDown();

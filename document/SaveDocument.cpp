@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
+#include "document/Recovery.h"
 #include "document/TabFile.h"
 #include "document/Undo.h"
 
@@ -108,6 +109,8 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path) {
     main.document.DocChanged = false;
     if (main.history)
         main.history->MarkSaved();
+    if (main.recovery)
+        main.recovery->Drop();
     return SaveOutcome::Saved;
 }
 

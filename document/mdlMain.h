@@ -13,6 +13,7 @@
 
 namespace velmora {
 
+class RecoveryStore;
 class UndoHistory;
 
 struct MainModule {
@@ -25,6 +26,8 @@ struct MainModule {
     GridEditor* editor = nullptr;       ///< set while a main window lives
     MainWindowStatus* status = nullptr; ///< set while a main window lives
     UndoHistory* history = nullptr;     ///< without one nothing can be undone
+    RecoveryStore* recovery = nullptr;  ///< without one nothing outlives a crash
+    bool recoveryFailureShown = false;  ///< a copy that cannot be written is reported once
 };
 
 enum class LoadOutcome { Loaded, NoPrinter };

@@ -208,6 +208,33 @@ TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
     EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Saved);
 }
 
+TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
+    const auto now = [] { return std::chrono::system_clock::time_point(std::chrono::hours(24)); };
+    const std::string question = "Velmora ended without saving the document \"Untitled\" of " + LocalTime(now()) +
+                                 ".\r\nDo you want to have it back?";
+    auto recovery = std::make_unique<RecoveryStore>(program.folder / "Recovery", now);
+    program.main.recovery = recovery.get();
+    Ask(kSaveQuestion, Answer::Cancel);
+    EXPECT_TRUE(CloseCommand(program.main));
+    recovery = std::make_unique<RecoveryStore>(program.folder / "Recovery", now); // the next start
+    program.main.recovery = recovery.get();
+    document.DocChanged = false;
+    NewDocument(program.main);
+    program.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    EXPECT_TRUE(OfferRecovery(program.main));
+    EXPECT_EQ(document.FieldA(1), "typed");
+    EXPECT_TRUE(document.DocChanged);
+    NewCommand(program.main); // asks nothing, but keeps what it replaces
+    ASSERT_FALSE(recovery->List().empty());
+    EXPECT_TRUE(RestoreCommand(program.main, recovery->List().front()));
+    EXPECT_EQ(document.FieldA(1), "typed");
+    Ask(kSaveQuestion, Answer::No);
+    EXPECT_TRUE(CloseCommand(program.main));
+    recovery = std::make_unique<RecoveryStore>(program.folder / "Recovery", now);
+    program.main.recovery = recovery.get();
+    EXPECT_FALSE(OfferRecovery(program.main)) << "what was given up is not offered";
+}
+
 TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {
     for (int i = 1; i <= 9; ++i) {
         const std::string name = std::to_string(i) + ".csv";

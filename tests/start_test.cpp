@@ -29,7 +29,7 @@ public:
 struct StartTest : testing::Test {
     TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
     NoFonts fonts;
-    Program program{test.main, {}, fonts, {}, {}};
+    Program program{test.main, {}, fonts, {}, {}, {}};
     CountingForms forms;
 
     StartTest() {
@@ -131,7 +131,7 @@ TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {
     fs::create_directories(deep / "Tabs");
     test.settings.ProgramFolder = deep;
     const NoFonts fonts;
-    Program program{test.main, {}, fonts, {}, {}};
+    Program program{test.main, {}, fonts, {}, {}, {}};
     CountingForms forms;
     EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);
     EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);

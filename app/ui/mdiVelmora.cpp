@@ -25,6 +25,7 @@ namespace {
 
 constexpr QSize kFirstSize(1100, 760);
 constexpr const char* kPositionKey = "mdiVelmora";
+constexpr int kKeepAfterMs = 3000;
 
 FormPosition PositionOf(const QWidget& window) {
     return {window.x(), window.y(), window.width(), window.height()};
@@ -35,6 +36,8 @@ FormPosition PositionOf(const QWidget& window) {
 mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     setObjectName("mdiVelmora");
     setAcceptDrops(true);
+    keepTimer_.setSingleShot(true);
+    connect(&keepTimer_, &QTimer::timeout, this, [this] { KeepRecoveryCopy(program_.main); });
     BuildMenus();
     BuildToolBar();
     BuildStatusBar();
@@ -61,8 +64,10 @@ void mdiVelmora::BuildMenus() {
         menu->setObjectName(row.name);
         for (const MenuItem& item : row.items)
             AddItem(menu, item);
-        if (menu->objectName() == "mnuFile")
+        if (menu->objectName() == "mnuFile") {
             AddRecentFiles(menu);
+            AddRecovered(menu);
+        }
     }
 }
 
@@ -80,6 +85,29 @@ void mdiVelmora::AddRecentFiles(QMenu* menu) {
                               [this, path] { OpenInstead(program_.main, path); });
         recent->setEnabled(!recent->isEmpty());
     });
+}
+
+/// The documents that were replaced or left unsaved, before the last item.
+void mdiVelmora::AddRecovered(QMenu* menu) {
+    QAction* exit = menu->actions().last();
+    auto* recovered = new QMenu(tr("Recover ..."), menu);
+    recovered->setObjectName("mnuRecover");
+    menu->insertMenu(menu->actions().at(menu->actions().indexOf(exit) - 1), recovered);
+    connect(menu, &QMenu::aboutToShow, this, [this, recovered] {
+        recovered->clear();
+        for (const RecoveredDocument& document : program_.recovery->List())
+            recovered->addAction(QString::fromStdString(LocalTime(document.Time) + "   " + document.Name() + "   (" +
+                                                        std::to_string(document.TabsFilled) + " tabs)")
+                                     .replace('&', "&&"),
+                                 this, [this, document] { RestoreCommand(program_.main, document); });
+        recovered->setEnabled(!recovered->isEmpty());
+    });
+}
+
+/// Unsaved work is on disk some seconds after it was typed.
+void mdiVelmora::KeepSoon() {
+    if (program_.main.document.DocChanged && !keepTimer_.isActive())
+        keepTimer_.start(kKeepAfterMs);
 }
 
 /// No error leaves a command: what a procedure has not trapped itself is reported here.
@@ -150,6 +178,7 @@ void mdiVelmora::EnableCommands() {
     findChild<QAction*>("mnuLastPage")->setEnabled(document.CurrentPage < document.NoOfPages);
     setWindowModified(document.DocChanged);
     ShowHistory();
+    KeepSoon();
 }
 
 void mdiVelmora::BuildStatusBar() {

@@ -4,6 +4,7 @@
 #include "app/Program.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <array>
 
@@ -34,6 +35,8 @@ private:
     void BuildMenus();
     void AddItem(QMenu* menu, const MenuItem& item);
     void AddRecentFiles(QMenu* menu);
+    void AddRecovered(QMenu* menu);
+    void KeepSoon();
     void BuildToolBar();
     void BuildStatusBar();
     void RestorePosition();
@@ -43,6 +46,7 @@ private:
     Program& program_;
     frmGrid2a4* grid_ = nullptr;
     std::array<QLabel*, kStatusPanels> panels_ = {};
+    QTimer keepTimer_;
 };
 
 } // namespace velmora

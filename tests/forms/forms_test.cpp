@@ -26,7 +26,7 @@ using namespace velmora;
 class RunningProgram : public Forms {
 public:
     RunningProgram()
-        : test([](const std::string& text) { qFatal("%s", text.c_str()); }), program{test.main, {}, fonts, {}, {}} {
+        : test([](const std::string& text) { qFatal("%s", text.c_str()); }), program{test.main, {}, fonts, {}, {}, {}} {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
     }

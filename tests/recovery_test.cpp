@@ -1,0 +1,303 @@
+// Recovery copies: what comes back after an ending of any kind, whose copies they are, and what damage does to them.
+#include "base/AtomicFile.h"
+#include "document/OpenDocument.h"
+#include "document/Recovery.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <fstream>
+#include <random>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kHeader = "Version 8\r\nOffice Printer,DL_h,5,2\r\n0,-2.5\r\nArial,12,True,False,False,0,1\r\n"
+                            "Liberation Serif,10,False,True,False,2,0\r\nArial,9,False,False,True,1,2\r\n";
+
+struct RecoveryTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    MainModule& main = program.main;
+    TabDocument& document = main.document;
+    fs::path folder = program.folder / "Recovery";
+    std::int64_t seconds = 1'700'000'000;
+    RecoveryStore::Clock clock = [this] { return std::chrono::system_clock::from_time_t(seconds); };
+    RecoveryStore store{folder, clock};
+
+    RecoveryTest() {
+        ReplaceFile(program.folder / "in.csv", kHeader + "Ho\xEBr,,\r\n,,\r\n,x,\r\n");
+        OpenFile(main, program.folder / "in.csv");
+    }
+    void Type(const std::string& text) {
+        document.FieldA(1) = text;
+        document.DocChanged = true;
+        ++seconds;
+    }
+    void ArchiveText(const std::string& text) {
+        Type(text);
+        store.Archive(main);
+    }
+    /// First texts of what is listed.
+    std::string Listed() {
+        std::string texts;
+        for (const RecoveredDocument& one : store.List()) {
+            RecoveryStore reader(program.folder / "Elsewhere", clock);
+            document.DocChanged = false;
+            reader.Restore(main, one);
+            texts += document.FieldA(1) + " ";
+        }
+        return texts;
+    }
+    /// Without the flush of a real writing.
+    void Put(const std::string& name, const std::string& bytes) {
+        fs::create_directory(folder);
+        std::ofstream(folder / name, std::ios::binary) << bytes;
+    }
+    std::size_t Files() { return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {})); }
+};
+
+TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
+    const TabDocument opened = document;
+    const std::string texts[] = {"Smith, John",           "\"a\"\r\nb",       "Ω",
+                                 std::string("nul\0", 4), "\xFF\xEF\xBB\xBF", "5:x\n"};
+    for (int i = 0; i < 6; ++i)
+        document.Field(i % 3)(1 + i / 3) = texts[i];
+    document.DocChanged = true;
+    const std::string ini = ReadFile(program.settings.IniFile);
+    const auto own = program.settings.Own;
+    std::optional<RecoveryStore> first(std::in_place, folder, clock);
+    first->Keep(main);
+    EXPECT_EQ(document.FileEncoding, Encoding::Windows1252) << "a copy must not change how the file is saved";
+    EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
+    EXPECT_EQ(program.settings.Own, own);
+    EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
+    first.reset();
+
+    ReplaceFile(program.folder / "other.csv", "Version 8\r\nP,A4,0,1\r\n3,3\r\n\r\n\r\n\r\nb,,\r\n");
+    OpenFile(main, program.folder / "other.csv");
+    ++seconds;
+    const auto list = store.List();
+    ASSERT_EQ(list.size(), 1U);
+    EXPECT_EQ(list[0].Name(), "in.csv");
+    EXPECT_EQ(std::chrono::system_clock::to_time_t(list[0].Time), seconds - 1);
+    EXPECT_EQ(list[0].TabsFilled, 3);
+    EXPECT_TRUE(list[0].LeftBehind);
+    EXPECT_EQ(store.Restore(main, list[0]), LoadOutcome::Loaded);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(document.Field(i % 3)(1 + i / 3), texts[i]);
+    EXPECT_EQ(document.DocFileName, program.folder / "in.csv");
+    EXPECT_EQ(document.Stamp, opened.Stamp) << "a save must notice that the file changed meanwhile";
+    EXPECT_EQ(document.FileEncoding, Encoding::Windows1252);
+    EXPECT_EQ(document.LayoutName, "DL_h");
+    EXPECT_EQ(document.TabCount, opened.TabCount);
+    EXPECT_TRUE(document.DocChanged);
+    EXPECT_EQ(main.fonts[1].Name, "Liberation Serif");
+    EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2.5");
+    ASSERT_EQ(store.List().size(), 1U) << "what was recovered stays among the last ten";
+    EXPECT_FALSE(store.List()[0].LeftBehind) << "but is not offered twice";
+    EXPECT_EQ(Files(), 1U) << "a lock stayed behind";
+}
+
+TEST_F(RecoveryTest, AProgramThatWasKilledLeavesItsWorkAndARunningOneKeepsIt) {
+    Type("typed");
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        RecoveryStore other(folder, clock);
+        other.Keep(main);
+        if (::write(ready[1], "x", 1) == 1)
+            ::pause();
+        ::_exit(1);
+    }
+    char byte;
+    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+    EXPECT_TRUE(store.List().empty());
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        store.Forget(entry.path());
+        store.Settle({entry.path(), {}, {}, 0, true, 0});
+    }
+    EXPECT_EQ(Files(), 2U) << "the file of a running program was taken";
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    ASSERT_EQ(store.List().size(), 1U);
+    store.Keep(main);
+    EXPECT_EQ(store.List().size(), 1U) << "its own file is no leftover";
+    store.Forget(store.List()[0].File);
+    store.Drop();
+    EXPECT_EQ(Files(), 0U);
+}
+
+TEST_F(RecoveryTest, OnlyWhatChangedIsWritten) {
+    const auto written = [&] {
+        struct stat status {};
+        for (const auto& entry : fs::directory_iterator(folder))
+            if (entry.path().extension() == ".recovery")
+                ::stat(entry.path().c_str(), &status);
+        return status.st_ino;
+    };
+    Type("a");
+    store.Keep(main);
+    const ino_t first = written();
+    ++seconds;
+    store.Keep(main);
+    EXPECT_EQ(written(), first);
+    Type("b");
+    store.Keep(main);
+    EXPECT_NE(written(), first);
+    fs::remove_all(folder);
+    store.Keep(main);
+    EXPECT_EQ(Files(), 2U) << "a copy that somebody removed is written again";
+    document.DocChanged = false;
+    store.Keep(main);
+    EXPECT_EQ(Files(), 0U) << "a saved document would be offered";
+}
+
+TEST_F(RecoveryTest, TheLastTenAreListedWhateverTheClockSays) {
+    for (char text = 'a'; text <= 'm'; ++text)
+        ArchiveText({text});
+    EXPECT_EQ(Listed(), "m l k j i h g f e d ");
+    Type("n");
+    const auto taken = store.Archive(main);
+    ASSERT_TRUE(taken);
+    store.Forget(*taken); // the replacing failed
+    EXPECT_EQ(Listed(), "m l k j i h g f e d ");
+    ArchiveText("d"); // from the end to the front, not twice
+    Type("o");
+    seconds = 5;
+    store.Archive(main);
+    EXPECT_EQ(Listed(), "m l k j i h g f d o ") << "the one archived last has the oldest time";
+    document.DocChanged = false;
+    EXPECT_FALSE(store.Archive(main));
+}
+
+TEST_F(RecoveryTest, LookingThroughTheListLosesNoneOfIt) {
+    for (char text = 'a'; text <= 'j'; ++text)
+        ArchiveText({text});
+    Type("typed");
+    for (std::size_t i = 0; i < 9; ++i)
+        store.Restore(main, store.List()[std::min<std::size_t>(i + 1, 9)]);
+    const std::string listed = Listed();
+    EXPECT_NE(listed.find("typed"), std::string::npos) << "what a recovery replaced is kept too";
+    EXPECT_EQ(listed.find("a "), std::string::npos);
+    EXPECT_EQ(listed.size(), 24U) << listed;
+}
+
+/// The bytes of a copy with this content, whose check sum is right.
+std::string Sealed(const std::string& content) {
+    std::uint64_t sum = 0xcbf29ce484222325U;
+    for (const unsigned char c : content + "10001")
+        sum = (sum ^ c) * 0x100000001b3U;
+    char hex[17];
+    std::snprintf(hex, sizeof hex, "%llx", static_cast<unsigned long long>(sum));
+    return "Velmora recovery 1\n1000\n1\n" + std::string(hex) + "\n" + content;
+}
+
+std::string Content(const std::string& header, const std::string& tabs, const std::string& texts) {
+    return "0:\n5:UTF-8\n0:\n0:\n" + std::to_string(header.size()) + ":" + header + "\n" + std::to_string(tabs.size()) +
+           ":" + tabs + "\n" + texts;
+}
+
+TEST_F(RecoveryTest, DamagedAndForeignFilesAreSkippedAndStay) {
+    document.TabCount = 1; // a short copy, so that every byte has its turn
+    Type("typed");
+    const fs::path file = *store.Archive(main);
+    const std::string whole = ReadFile(file);
+    for (std::size_t at = 0; at < whole.size(); ++at) {
+        std::string flipped = whole;
+        flipped[at] = static_cast<char>(flipped[at] ^ 1);
+        for (const std::string& bytes : {flipped, whole.substr(0, at)}) {
+            Put(file.filename(), bytes);
+            EXPECT_TRUE(store.List().empty()) << at;
+        }
+    }
+    ASSERT_EQ(::mkfifo((folder / "Kept-2-pipe.recovery").c_str(), 0600), 0);
+    fs::create_directory(folder / "Open-1.recovery");
+    Put("Kept-.recovery", "");
+    const std::size_t before = Files();
+    for (int i = 0; i < 15; ++i)
+        ArchiveText(std::to_string(i));
+    EXPECT_EQ(Files(), before + 11);
+    EXPECT_EQ(ReadFile(file), whole.substr(0, whole.size() - 1));
+}
+
+TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
+    Type("typed");
+    const std::string ini = ReadFile(program.settings.IniFile);
+    std::string tooMany;
+    for (int i = 0; i < 3 * 32767; ++i)
+        tooMany += "0:\n";
+    const std::string cases[] = {Content("no header", "0", ""), Content("Version 8\r\nP,A4,0", "0", ""),
+                                 Content(kHeader, "32767", tooMany)};
+    for (const std::string& content : cases) {
+        Put("Open-x.recovery", Sealed(content));
+        const auto list = store.List();
+        ASSERT_EQ(list.size(), 1U);
+        EXPECT_THROW(store.Restore(main, list[0]), Error);
+        EXPECT_EQ(document.FieldA(1), "typed");
+        EXPECT_EQ(document.OptType, 5);
+        EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
+        EXPECT_EQ(Files(), 1U) << "archived, but not replaced";
+    }
+}
+
+TEST_F(RecoveryTest, RandomContentNeverCrashes) {
+    std::mt19937 random(8);
+    const std::string alphabet("0123456789:\n:\n,\0\xFF", 17);
+    program.settings.InMemory = true;
+    for (int i = 0; i < 1000; ++i) {
+        std::string bytes = Content(kHeader, "2", "1:a\n0:\n0:\n1:b\n0:\n18446744073709551615:\n");
+        for (int change = 0; change < 3; ++change)
+            bytes[random() % bytes.size()] = alphabet[random() % alphabet.size()];
+        Put("Open-x.recovery", Sealed(i % 2 ? bytes : bytes.substr(0, bytes.size() - 22) + "0:\n"));
+        for (const RecoveredDocument& one : store.List()) {
+            document.DocChanged = false;
+            try {
+                RecoveryStore(program.folder / "Elsewhere", clock).Restore(main, one);
+            } catch (const Error&) {}
+        }
+    }
+}
+
+TEST_F(RecoveryTest, AFolderThatTakesNothingIsAnErrorAndNoMore) {
+    Type("typed");
+    ReplaceFile(folder, "a file stands here");
+    EXPECT_THROW(store.Keep(main), Error);
+    EXPECT_THROW(store.Archive(main), Error);
+    EXPECT_TRUE(store.List().empty());
+    EXPECT_EQ(document.FieldA(1), "typed");
+    fs::remove(folder);
+    store.Keep(main);
+    EXPECT_EQ(Files(), 2U) << "the next call tries again";
+}
+
+/// An editor with one text that was typed and not taken back.
+class TypedEditor : public GridEditor {
+public:
+    int ups = 0;
+    void TakeDown() override { texts_.clear(); }
+    void BringUp() override { ++ups; }
+    std::vector<TabTexts> ShownTexts() const override { return texts_; }
+
+private:
+    std::vector<TabTexts> texts_{{"on screen", "", ""}};
+};
+
+TEST_F(RecoveryTest, WhatIsOnScreenIsKeptAndTheEditorComesBack) {
+    TypedEditor editor;
+    main.editor = &editor;
+    Type("old");
+    ASSERT_TRUE(store.Archive(main));
+    store.Restore(main, store.List()[0]);
+    EXPECT_EQ(document.FieldA(1), "on screen");
+    EXPECT_EQ(editor.ups, 1);
+}
+
+} // namespace
+} // namespace velmora
