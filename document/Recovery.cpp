@@ -6,8 +6,10 @@
 #include "document/Transaction.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <charconv>
+#include <exception>
 #include <fcntl.h>
 #include <random>
 #include <sys/file.h>

@@ -109,13 +109,13 @@ TEST_F(RecoveryTest, AProgramThatWasKilledLeavesItsWorkAndARunningOneKeepsIt) {
     int ready[2];
     ASSERT_EQ(::pipe(ready), 0);
     const pid_t child = ::fork();
-    if (child == 0) {
-        RecoveryStore other(folder, clock);
-        other.Keep(main);
-        if (::write(ready[1], "x", 1) == 1)
-            ::pause();
-        ::_exit(1);
-    }
+    if (child == 0)
+        [&]() noexcept {
+            RecoveryStore other(folder, clock);
+            other.Keep(main);
+            ::_exit(::write(ready[1], "x", 1) == 1 ? ::pause() : 1);
+        }();
+    ::close(ready[1]);
     char byte;
     ASSERT_EQ(::read(ready[0], &byte, 1), 1);
     EXPECT_TRUE(store.List().empty());
@@ -126,6 +126,7 @@ TEST_F(RecoveryTest, AProgramThatWasKilledLeavesItsWorkAndARunningOneKeepsIt) {
     EXPECT_EQ(Files(), 2U) << "the file of a running program was taken";
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
+    ::close(ready[0]);
     ASSERT_EQ(store.List().size(), 1U);
     store.Keep(main);
     EXPECT_EQ(store.List().size(), 1U) << "its own file is no leftover";
