@@ -149,6 +149,7 @@ TEST_F(UndoTest, AnOperationIsOneStepWithItsPageAndName) {
     EXPECT_EQ(history.UndoName() + history.RedoName(), "Delete PageTyping");
     history.Undo(main);
     EXPECT_EQ(State(), start);
+    EXPECT_FALSE(history.CanUndo()) << "typing within the operation is no step";
     EXPECT_EQ(document.CurrentPage, 2);
     document.CurrentPage = 3;
     history.Redo(main);
@@ -178,9 +179,6 @@ TEST_F(UndoTest, AnOperationCutShortIsRecorded) {
     EXPECT_EQ(program.Stored("Settings", "Margin Value Left"), "0") << "was never stored before";
     history.Undo(main);
     EXPECT_NE(document.Limits.MaxLenField1, 5);
-    Type(24, "x");
-    document.FieldA.Resize(1);
-    EXPECT_THROW(history.Undo(main), SubscriptError);
 }
 
 TEST_F(UndoTest, AStepCostsWhatItTouches) {
@@ -194,6 +192,7 @@ TEST_F(UndoTest, AStepCostsWhatItTouches) {
     Do("Fonts", [&] { main.fonts[0].Bold = true; });
     EXPECT_LT(history.Bytes(), 1024U);
     for (const auto& text : {std::string(50000, 'x'), std::string()}) {
+        history.Clear(document);
         Do("Fill", [&] { document.FieldB(9) = text; });
         history.Undo(main);
         EXPECT_GT(history.Bytes(), 50000U) << "whichever side is in the step";
@@ -288,14 +287,12 @@ TEST_F(Walk, GoesBackAndForthThroughTheSameStates) {
         CheckInvariants();
     }
     EXPECT_GT(at, 200U);
-    for (int pass = 0; pass < 2; ++pass) {
-        while (history.CanUndo() && !HasFatalFailure())
-            history.Undo(main), Check(at - 1);
-        EXPECT_EQ(at, 0U);
-        while (history.CanRedo() && !HasFatalFailure())
-            history.Redo(main), Check(at + 1);
-        EXPECT_EQ(at + 1, states.size());
-    }
+    while (history.CanUndo() && !HasFatalFailure())
+        history.Undo(main), Check(at - 1);
+    EXPECT_EQ(at, 0U);
+    while (history.CanRedo() && !HasFatalFailure())
+        history.Redo(main), Check(at + 1);
+    EXPECT_EQ(at + 1, states.size());
 }
 
 } // namespace
