@@ -2,10 +2,12 @@
 
 #include "app/Commands.h"
 #include "document/Pages.h"
+#include "document/PasteBlock.h"
 #include "document/SaveDocument.h"
 #include "print/PdfReport.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QWidget>
 
@@ -37,6 +39,19 @@ template <auto operation> void Call(CommandContext& context) {
 template <auto operation> void InBox(CommandContext&) {
     if (auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
         (box->*operation)();
+}
+
+/// A block goes into tabs from the box in use on, anything else into the box.
+void Paste(CommandContext& context) {
+    auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    const std::string text = QApplication::clipboard()->text().toStdString();
+    if (!box)
+        return;
+    if (box->property("field").isValid() && IsBlock(text))
+        PasteBlock(context.program.main, {context.program.main.document.CurrentTab, box->property("field").toInt()},
+                   text);
+    else
+        box->paste();
 }
 
 } // namespace
@@ -71,7 +86,7 @@ std::span<const Menu> Menus() {
           kSeparator,
           {"mnuCut", "Cu&t", "Ctrl+X", InBox<&QLineEdit::cut>},
           {"mnuCopy", "&Copy", "Ctrl+C", InBox<&QLineEdit::copy>},
-          {"mnuPaste", "&Paste", "Ctrl+V", InBox<&QLineEdit::paste>}}},
+          {"mnuPaste", "&Paste", "Ctrl+V", Paste}}},
         {"mnuData",
          "&Data",
          {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", Call<FirstPage>},

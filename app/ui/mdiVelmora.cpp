@@ -121,6 +121,7 @@ void mdiVelmora::AddItem(QMenu* menu, const MenuItem& item) {
             CommandContext context{program_, *this};
             item.command(context);
         });
+        EnableCommands();
     });
     action->setObjectName(item.name);
     action->setEnabled(item.command != nullptr);

@@ -280,8 +280,8 @@ bool frmGrid2a4::eventFilter(QObject* watched, QEvent* event) {
         return true;
     if (event->type() == QEvent::ShortcutOverride) {
         const auto& key = *static_cast<QKeyEvent*>(event);
-        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo))
-            return true; // the document's own history takes them
+        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo) || key.matches(QKeySequence::Paste))
+            return true; // commands of the window, which know the whole document
     }
     if (event->type() == QEvent::DragEnter && static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls()) {
         event->ignore(); // a file is for the window, which opens it

@@ -218,13 +218,36 @@ private slots:
         QCOMPARE(running.Box("TextA1(3)")->text(), QString("typed"));
     }
 
+    void aBlockFromASpreadsheetFillsTabs() {
+        RunningProgram running;
+        running.Start(0, 2, 1);
+        running.Box("TextA1(23)")->setFocus();
+        QApplication::clipboard()->setText("x\t1\tgone\r\ny with more than twenty letters\t2\r\nz\t3\r\n");
+        const std::string question =
+            "Texts without a tab or field to go to, which will be left out: 3\r\n"
+            "Texts over the length of their field, which will be cut: 1\r\nDo you want to paste the rest?";
+        running.test.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+        running.Trigger("mnuPaste");
+        QCOMPARE(running.Box("TextA1(23)")->text(), QString("a23"));
+        running.test.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        QTest::keyClick(running.window->focusWidget(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(running.Box("TextA2(23)")->text(), QString("1"));
+        QCOMPARE(running.Box("TextA1(24)")->text(), QString("y with more than twe"));
+        running.Trigger("mnuUndo");
+        QCOMPARE(running.Box("TextA1(24)")->text(), QString("a24"));
+        QApplication::clipboard()->setText("plain\r\n");
+        running.Trigger("mnuPaste");
+        QCOMPARE(running.program.main.document.FieldA(24), std::string("a24"));
+        QCOMPARE(running.program.main.document.FieldA(23).find("plain") != std::string::npos, true);
+    }
+
     void aPastedLineBreakBecomesABlank() {
         RunningProgram running;
         running.Start(0, 1, 1);
         QLineEdit* box = running.Box("TextA1(1)");
         box->selectAll();
         QApplication::clipboard()->setText("one\r\ntwo\tthree");
-        box->paste();
+        box->paste(); // as from the box's own menu
         emit box->textEdited(box->text());
         SaveLabel(running.program.main, 1, 24);
         QCOMPARE(running.program.main.document.FieldA(1), std::string("one two three"));

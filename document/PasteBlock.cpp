@@ -1,0 +1,87 @@
+#include "document/PasteBlock.h"
+
+#include "base/Text.h"
+#include "document/Dialogs.h"
+#include "document/TabFile.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+namespace velmora {
+namespace {
+
+/// One text on its way to a box.
+struct Cell {
+    TabBox box;
+    std::string text;
+};
+
+struct Block {
+    std::vector<Cell> cells;
+    int leftOut = 0; ///< texts without a tab or a field to go to
+    int cut = 0;     ///< texts over their field's limit
+};
+
+std::size_t LimitOf(const FieldLimits& limits, int field) {
+    const std::array<std::int16_t, 3> all = {limits.MaxLenField1, limits.MaxLenField2, limits.MaxLenField3};
+    return static_cast<std::size_t>(all[static_cast<std::size_t>(field)]);
+}
+
+void AddCell(Block& block, const TabDocument& document, TabBox box, std::string_view text) {
+    if (box.tab > document.TabCount || box.field >= document.NoOfFields) {
+        block.leftOut += Trim(text).empty() ? 0 : 1;
+        return;
+    }
+    const std::string line = OneLine(text);
+    const std::string_view kept = LeftCharacters(line, LimitOf(document.Limits, box.field));
+    block.cut += kept.size() < line.size() ? 1 : 0;
+    block.cells.push_back({box, std::string(kept)});
+}
+
+Block TakeApart(const TabDocument& document, TabBox from, std::string_view text) {
+    Block block;
+    LineReader lines(text);
+    TabBox box = from;
+    for (std::string_view line; lines.Next(line); ++box.tab) {
+        box.field = from.field;
+        for (const std::string_view column : Split(line, '\t')) {
+            AddCell(block, document, box, column);
+            ++box.field;
+        }
+    }
+    return block;
+}
+
+bool Agrees(MainModule& main, const Block& block) {
+    std::string text;
+    if (block.leftOut > 0)
+        text +=
+            "Texts without a tab or field to go to, which will be left out: " + std::to_string(block.leftOut) + "\r\n";
+    if (block.cut > 0)
+        text += "Texts over the length of their field, which will be cut: " + std::to_string(block.cut) + "\r\n";
+    return text.empty() || Ask(main, text + "Do you want to paste the rest?", Buttons::YesNo) == Answer::Yes;
+}
+
+} // namespace
+
+bool IsBlock(std::string_view text) {
+    const std::size_t end = text.find_last_not_of("\r\n");
+    return text.find_first_of("\t\r\n") < (end == std::string_view::npos ? 0 : end);
+}
+
+void PasteBlock(MainModule& main, TabBox from, std::string_view text) {
+    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    const Block block = TakeApart(main.document, from, text);
+    if (!Agrees(main, block))
+        return;
+    const UndoStep step(main.history, main, "Paste");
+    for (const Cell& cell : block.cells)
+        main.document.Field(cell.box.field)(cell.box.tab) = cell.text;
+    main.document.DocChanged = true;
+    if (main.editor)
+        main.editor->BringUp();
+}
+
+} // namespace velmora
