@@ -212,6 +212,15 @@ TEST_F(DocumentTest, TheStatusLineShowsTheDocument) {
     EXPECT_EQ(panels.panels[5], "No of tabs: 24");
 }
 
+TEST_F(DocumentTest, AFirstRefreshReadsTheDocumentsProperties) {
+    program.Store("Settings", "Stationery Type", "DL_h");
+    program.Store("Settings", "OptType", "9");
+    RefreshDocumentStatus(program.main);
+    EXPECT_EQ(document.StationeryType, "DL_h");
+    EXPECT_EQ(document.OptType, 0);
+    EXPECT_EQ(document.NoOfFields, 1) << "one field here, three for the configuration";
+}
+
 TEST_F(DocumentTest, ADlTypeKeepsItsLayout) {
     const std::tuple<int, const char*, const char*, const char*> cases[] = {{0, "DL_h", "A4", "A4_8"},
                                                                             {3, "A4", "A4", "A4_9"},

@@ -2,8 +2,8 @@
 
 #include "app/Commands.h"
 #include "app/settings/FormPosition.h"
-#include "app/ui/Commands.h"
 #include "app/ui/LineIcon.h"
+#include "app/ui/MainMenu.h"
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
 #include "editor/ui/frmGrid2a4.h"

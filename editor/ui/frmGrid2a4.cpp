@@ -147,6 +147,11 @@ QLineEdit* frmGrid2a4::Box(int field, int slot) const {
     return boxes_.at(static_cast<std::size_t>(slot - 1)).at(static_cast<std::size_t>(field));
 }
 
+int frmGrid2a4::FieldOf(const QWidget& box) {
+    const QVariant field = box.property(kFieldProperty);
+    return field.isValid() ? field.toInt() : -1;
+}
+
 /// Keeps the boxes when their number is right, as it is on a move to another page.
 void frmGrid2a4::SetLablesOnGrid() {
     const bool docChanged = main_.document.DocChanged;
@@ -268,7 +273,7 @@ bool frmGrid2a4::MoveByKey(const QKeyEvent& key, QLineEdit* box) {
     const int slot = SlotAfterKey(box->property(kSlotProperty).toInt(), key, *box);
     if (slot < 1 || slot > static_cast<int>(boxes_.size()))
         return false;
-    Box(box->property(kFieldProperty).toInt(), slot)->setFocus(Qt::TabFocusReason); // which selects the text
+    Box(FieldOf(*box), slot)->setFocus(Qt::TabFocusReason); // which selects the text
     return true;
 }
 
@@ -280,8 +285,10 @@ bool frmGrid2a4::eventFilter(QObject* watched, QEvent* event) {
         return true;
     if (event->type() == QEvent::ShortcutOverride) {
         const auto& key = *static_cast<QKeyEvent*>(event);
-        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo) || key.matches(QKeySequence::Paste))
+        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo) || key.matches(QKeySequence::Paste)) {
+            event->ignore();
             return true; // commands of the window, which know the whole document
+        }
     }
     if (event->type() == QEvent::DragEnter && static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls()) {
         event->ignore(); // a file is for the window, which opens it

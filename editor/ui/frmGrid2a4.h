@@ -52,6 +52,8 @@ public:
 
     /// The box of field 0 to 2 in a slot from 1, or nullptr.
     QLineEdit* Box(int field, int slot) const;
+    /// The field, 0 to 2, that a box stands for; -1 for a control that is no box of a grid.
+    static int FieldOf(const QWidget& box);
 
 signals:
     /// A box was typed in.

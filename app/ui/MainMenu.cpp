@@ -1,9 +1,10 @@
-#include "app/ui/Commands.h"
+#include "app/ui/MainMenu.h"
 
 #include "app/Commands.h"
 #include "document/Pages.h"
 #include "document/PasteBlock.h"
 #include "document/SaveDocument.h"
+#include "editor/ui/frmGrid2a4.h"
 #include "print/PdfReport.h"
 
 #include <QApplication>
@@ -47,9 +48,8 @@ void Paste(CommandContext& context) {
     const std::string text = QApplication::clipboard()->text().toStdString();
     if (!box)
         return;
-    if (box->property("field").isValid() && IsBlock(text))
-        PasteBlock(context.program.main, {context.program.main.document.CurrentTab, box->property("field").toInt()},
-                   text);
+    if (const int field = frmGrid2a4::FieldOf(*box); field >= 0 && IsBlock(text))
+        PasteBlock(context.program.main, {context.program.main.document.CurrentTab, field}, text);
     else
         box->paste();
 }
