@@ -12,7 +12,7 @@ namespace velmora {
 void NewCommand(MainModule& main) {
     const Answer answer = main.document.DocFileName.empty() ? Answer::No : AskToSave(main);
     const bool replace =
-        answer == Answer::No || (answer == Answer::Yes && SaveLabels(main, false) == SaveOutcome::Saved);
+        answer == Answer::No || (answer == Answer::Yes && SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved);
     if (answer == Answer::Yes && !replace)
         return; // what could not be saved stays, with its name
     if (replace)
@@ -33,7 +33,7 @@ bool CloseCommand(MainModule& main) {
         return true;
     const Answer answer = AskToSave(main);
     if (answer == Answer::Yes)
-        return SaveLabels(main, false) == SaveOutcome::Saved;
+        return SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved;
     if (answer == Answer::No && main.recovery)
         main.recovery->Drop();
     else

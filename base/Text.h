@@ -12,6 +12,9 @@ namespace velmora {
 std::string_view Trim(std::string_view text);
 /// a to z in capitals; every other character as it is.
 std::string ToUpper(std::string_view text);
+/// The Latin, Greek and Cyrillic capitals as small letters, to compare texts whatever their case. Every character keeps
+/// its place and its number of bytes; a capital whose small form has another number stays.
+std::string FoldCase(std::string_view utf8);
 /// Every control character, and a line break of two, as one blank.
 std::string OneLine(std::string_view text);
 /// Equal but for the case of a to z.

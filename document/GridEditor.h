@@ -1,6 +1,8 @@
 // The grid editor as the core sees it: it holds only the boxes of the page shown.
 #pragma once
 
+#include "document/TabDocument.h"
+
 #include <array>
 #include <string>
 #include <vector>
@@ -20,6 +22,9 @@ public:
     /// What the boxes hold, slot 1 first; empty while the editor is down. A field without a box is as the document has
     /// it.
     virtual std::vector<TabTexts> ShownTexts() const = 0;
+    /// Shows the box's page, which was taken back before, and gives the box the focus with `length` bytes of its text
+    /// selected from byte `at` on; `length` beyond the text's end selects all of it.
+    virtual void ShowText(TabBox box, std::size_t at, std::size_t length) = 0;
 };
 
 } // namespace velmora

@@ -40,7 +40,7 @@ bool MayReplaceDocument(MainModule& main) {
         return true;
     const Answer answer = AskToSave(main);
     if (answer == Answer::Yes)
-        return SaveLabels(main, false) == SaveOutcome::Saved;
+        return SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved;
     return answer == Answer::No;
 }
 

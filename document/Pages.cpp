@@ -159,10 +159,13 @@ void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(
     if (!main.history)
         return;
     TakePageBack(main);
-    (main.history->*move)(main);
+    const auto box = (main.history->*move)(main);
     RefreshDocumentStatus(main);
-    if (main.editor)
-        main.editor->BringUp();
+    if (!main.editor)
+        return;
+    main.editor->BringUp();
+    if (box)
+        main.editor->ShowText(*box, 0, std::string::npos);
 }
 
 } // namespace

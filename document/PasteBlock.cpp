@@ -5,7 +5,6 @@
 #include "document/TabFile.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <vector>
 
@@ -24,18 +23,13 @@ struct Block {
     int cut = 0;     ///< texts over their field's limit
 };
 
-std::size_t LimitOf(const FieldLimits& limits, int field) {
-    const std::array<std::int16_t, 3> all = {limits.MaxLenField1, limits.MaxLenField2, limits.MaxLenField3};
-    return static_cast<std::size_t>(all[static_cast<std::size_t>(field)]);
-}
-
 void AddCell(Block& block, const TabDocument& document, TabBox box, std::string_view text) {
     if (box.tab > document.TabCount || box.field >= document.NoOfFields) {
         block.leftOut += Trim(text).empty() ? 0 : 1;
         return;
     }
     const std::string line = OneLine(text);
-    const std::string_view kept = LeftCharacters(line, LimitOf(document.Limits, box.field));
+    const std::string_view kept = LeftCharacters(line, document.Limits.Of(box.field));
     block.cut += kept.size() < line.size() ? 1 : 0;
     block.cells.push_back({box, std::string(kept)});
 }

@@ -6,7 +6,6 @@
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
 #include "document/Recovery.h"
-#include "document/TabFile.h"
 #include "document/Undo.h"
 
 #include <algorithm>
@@ -42,8 +41,8 @@ void WarnOfCommas(MainModule& main) {
 }
 
 /// Nothing when written; the system's refusal otherwise.
-std::optional<FileAccessError> TryWrite(MainModule& main, const fs::path& path) {
-    const std::string bytes = TabFileBytes(main.document, main.settings, main.ui);
+std::optional<FileAccessError> TryWrite(MainModule& main, const fs::path& path, FileHeader header) {
+    const std::string bytes = TabFileBytes(main.document, main.settings, main.ui, header);
     try {
         ReplaceFile(path, bytes);
         return std::nullopt;
@@ -61,9 +60,9 @@ bool WantsRetry(MainModule& main, const fs::path& path, const FileAccessError& e
 }
 
 /// False when the person gave up.
-bool WriteWithRetries(MainModule& main, const fs::path& path) {
+bool WriteWithRetries(MainModule& main, const fs::path& path, FileHeader header) {
     for (;;) {
-        const auto error = TryWrite(main, path);
+        const auto error = TryWrite(main, path, header);
         if (error && !WantsRetry(main, path, *error)) {
             Tell(main, "File was NOT saved succesfully!");
             return false;
@@ -99,10 +98,15 @@ bool CanReplace(MainModule& main, const fs::path& path) {
     }
 }
 
-SaveOutcome SaveUnder(MainModule& main, const fs::path& path) {
-    SaveFile(main, path);
+SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
+    SaveFile(main, path, kind == SaveKind::Export ? FileHeader::LeftOut : FileHeader::Written);
     if (main.document.FileError)
         return SaveOutcome::Failed;
+    if (kind == SaveKind::Export) {
+        if (IsSameFile(path, main.document.DocFileName))
+            main.document.Stamp = StampOf(path); // changed by this program, not by another
+        return SaveOutcome::Saved;
+    }
     main.document.DocFileName = path;
     main.document.Stamp = StampOf(path);
     RememberFile(main.settings, path);
@@ -115,10 +119,10 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path) {
 }
 
 /// The path to write, asked for until there is one that may be written; nothing when the person cancels.
-std::optional<fs::path> AskForPath(MainModule& main) {
+std::optional<fs::path> AskForPath(MainModule& main, SaveKind kind) {
     for (;;) {
-        const auto path =
-            main.ui.ChooseFile({"SAVE", "Save as", main.globals.TabsPath, "Velmora file(*.csv)|*.csv", "Tabs.csv"});
+        const auto path = main.ui.ChooseFile({"SAVE", kind == SaveKind::Export ? "Export" : "Save as",
+                                              main.globals.TabsPath, "Velmora file(*.csv)|*.csv", "Tabs.csv"});
         if (path && EndsWithNoCase(path->string(), ".XLS"))
             TellNoSpreadsheets(main);
         else if (!path || (MayOverwrite(main, *path) && CanReplace(main, *path)))
@@ -126,12 +130,12 @@ std::optional<fs::path> AskForPath(MainModule& main) {
     }
 }
 
-SaveOutcome AskAndSave(MainModule& main) {
-    const auto path = AskForPath(main);
+SaveOutcome AskAndSave(MainModule& main, SaveKind kind) {
+    const auto path = AskForPath(main, kind);
     if (!path)
         return SaveOutcome::Cancelled;
     const bool exists = FileExists(*path);
-    const SaveOutcome outcome = SaveUnder(main, *path);
+    const SaveOutcome outcome = SaveUnder(main, *path, kind);
     if (outcome == SaveOutcome::Saved && exists) // kept: a new file is saved without a word
         Tell(main, "File saved successfully");
     if (outcome == SaveOutcome::Saved)
@@ -150,12 +154,12 @@ bool MayReplaceChangedFile(MainModule& main) {
                Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
-SaveOutcome Save(MainModule& main, bool saveAs) {
-    if (saveAs || main.document.DocFileName.empty())
-        return AskAndSave(main);
+SaveOutcome Save(MainModule& main, SaveKind kind) {
+    if (kind != SaveKind::Save || main.document.DocFileName.empty())
+        return AskAndSave(main, kind);
     if (!MayReplaceChangedFile(main))
         return SaveOutcome::Cancelled;
-    const SaveOutcome outcome = SaveUnder(main, main.document.DocFileName);
+    const SaveOutcome outcome = SaveUnder(main, main.document.DocFileName, kind);
     if (outcome == SaveOutcome::Saved)
         Tell(main, "File saved successfully");
     return outcome;
@@ -163,21 +167,23 @@ SaveOutcome Save(MainModule& main, bool saveAs) {
 
 } // namespace
 
-void SaveFile(MainModule& main, const fs::path& path) {
+void SaveFile(MainModule& main, const fs::path& path, FileHeader header) {
     main.document.FileError = true;
     Trapped(main, "Called form Sub:SaveFile", [&] {
         WarnOfCommas(main);
-        main.document.FileError = !WriteWithRetries(main, path);
+        main.document.FileError = !WriteWithRetries(main, path, header);
     });
     if (main.document.FileError)
         Tell(main, "Could not finish process");
 }
 
-SaveOutcome SaveLabels(MainModule& main, bool saveAs) {
+SaveOutcome SaveLabels(MainModule& main, SaveKind kind) {
+    if (kind == SaveKind::Export && main.document.TabsPerPage == 0)
+        return SaveOutcome::Cancelled; // there are no pages yet
     SaveOutcome outcome = SaveOutcome::Failed;
     Trapped(main, "Called form Sub:SaveLabels", [&] {
         SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
-        outcome = Save(main, saveAs);
+        outcome = Save(main, kind);
         ShowCaption(main);
     });
     return outcome;

@@ -2,19 +2,26 @@
 // step, so that a failure leaves the old one.
 #pragma once
 
+#include "document/TabFile.h"
 #include "document/mdlMain.h"
 
 #include <filesystem>
 
 namespace velmora {
 
+enum class SaveKind {
+    Save,   ///< under the document's own name; an untitled document is asked for one
+    SaveAs, ///< under a name that is asked for
+    Export  ///< a copy of the tabs alone, without header lines, under a name that is asked for
+};
+
 enum class SaveOutcome { Saved, Failed, Cancelled };
 
-/// Saves under the document's own name, or under one that is asked for (`saveAs`, and always for an untitled document).
-/// Once saved, `DocFileName` is the path written and the caption shows it. The page on screen is taken back first.
-SaveOutcome SaveLabels(MainModule& main, bool saveAs);
+/// Saves the document, the page on screen taken back first. Once saved, `DocFileName` is the path written and the
+/// caption shows it; an export leaves name, caption and unsaved changes as they are.
+SaveOutcome SaveLabels(MainModule& main, SaveKind kind);
 
 /// Writes one file, with its questions after a failure. `FileError` tells the outcome.
-void SaveFile(MainModule& main, const std::filesystem::path& path);
+void SaveFile(MainModule& main, const std::filesystem::path& path, FileHeader header = FileHeader::Written);
 
 } // namespace velmora

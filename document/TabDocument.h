@@ -35,11 +35,23 @@ private:
     std::vector<std::string> texts_;
 };
 
+/// One text of the document.
+struct TabBox {
+    std::int32_t tab = 0; ///< tab number from 1
+    int field = 0;        ///< 0 to 2
+    bool operator==(const TabBox&) const = default;
+};
+
 /// Most characters that may be typed into each field; 0 for a field that is not in use.
 struct FieldLimits {
     std::int16_t MaxLenField1 = 20;
     std::int16_t MaxLenField2 = 0;
     std::int16_t MaxLenField3 = 0;
+
+    /// Of field 0, 1 or 2.
+    std::size_t Of(int field) const {
+        return static_cast<std::size_t>(field == 0 ? MaxLenField1 : field == 1 ? MaxLenField2 : MaxLenField3);
+    }
 };
 
 /// Invariants, kept by ApplyTabType and the page operations: the three arrays have `TabCount` texts, and `TabCount` is

@@ -255,8 +255,8 @@ void SaveRows(const TabDocument& document, UserInterface& ui, std::string& text)
     }
 }
 
-std::string TabFileBytes(TabDocument& document, SettingsStore& store, UserInterface& ui) {
-    std::string text = SaveData(store);
+std::string TabFileBytes(TabDocument& document, SettingsStore& store, UserInterface& ui, FileHeader header) {
+    std::string text = header == FileHeader::Written ? SaveData(store) : "";
     SaveRows(document, ui, text);
     if (document.FileEncoding == Encoding::Utf8)
         return text;

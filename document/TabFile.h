@@ -96,7 +96,11 @@ void LoadRows(const TabFile& file, TabDocument& document, UserInterface& ui);
 std::string SaveData(SettingsStore& store);
 /// Appends one line per tab.
 void SaveRows(const TabDocument& document, UserInterface& ui, std::string& text);
+
+enum class FileHeader { Written, LeftOut };
+
 /// The whole file in the encoding that the document came in, or in UTF-8 once a text does not fit that.
-std::string TabFileBytes(TabDocument& document, SettingsStore& store, UserInterface& ui);
+std::string TabFileBytes(TabDocument& document, SettingsStore& store, UserInterface& ui,
+                         FileHeader header = FileHeader::Written);
 
 } // namespace velmora

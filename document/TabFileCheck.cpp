@@ -127,14 +127,13 @@ private:
         if (fields.size() > kFieldsPerTab)
             Report("the tab has " + std::to_string(fields.size()) + " fields instead of " +
                    std::to_string(kFieldsPerTab));
-        const std::array<std::int16_t, kFieldsPerTab> limits = {
-            layout_.Limits.MaxLenField1, layout_.Limits.MaxLenField2, layout_.Limits.MaxLenField3};
         const std::size_t count = std::min<std::size_t>(fields.size(), static_cast<std::size_t>(layout_.NoOfFields));
         for (std::size_t i = 0; i < count; ++i) {
             const std::size_t length = CharacterCount(fields[i]);
-            if (length > static_cast<std::size_t>(limits[i]))
+            const std::size_t limit = layout_.Limits.Of(static_cast<int>(i));
+            if (length > limit)
                 Report("field " + std::to_string(i + 1) + " has " + std::to_string(length) +
-                       " characters instead of at most " + std::to_string(limits[i]));
+                       " characters instead of at most " + std::to_string(limit));
         }
     }
 

@@ -2,6 +2,8 @@
 // change in a document of thousands of tabs costs what it touched.
 #pragma once
 
+#include "document/TabDocument.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -13,13 +15,6 @@ namespace velmora {
 
 class UndoStep;
 struct MainModule;
-struct TabDocument;
-
-struct TabBox {
-    std::int32_t tab = 0; ///< tab number from 1
-    int field = 0;        ///< 0 to 2
-    bool operator==(const TabBox&) const = default;
-};
 
 /// Steps in the order they were made, those taken back last. Every change of the document goes through Type or an
 /// UndoStep, or ends in Clear: then `DocChanged` is true exactly while the document is not the one that was saved.

@@ -33,12 +33,8 @@ GridBox Moved(GridBox box, int right, int down) {
     return box;
 }
 
-std::int16_t Limit(const FieldLimits& limits, int field) {
-    return field == 0 ? limits.MaxLenField1 : field == 1 ? limits.MaxLenField2 : limits.MaxLenField3;
-}
-
 std::string Limited(MainModule& main, int field, const std::string& line) {
-    const auto limit = static_cast<std::size_t>(Limit(main.document.Limits, field));
+    const std::size_t limit = main.document.Limits.Of(field);
     if (CharacterCount(line) <= limit)
         return line;
     main.ui.Beep();

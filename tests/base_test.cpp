@@ -7,9 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstring>
 #include <limits>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace velmora {
@@ -162,6 +164,35 @@ TEST(AtomicFileTest, NothingChangesBeforeCommit) {
     }
     EXPECT_EQ(ReadFile(folder / "a.csv"), "old");
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1);
+}
+
+/// Saves, over and over, until it is killed.
+[[noreturn]] void SaveForEver(const fs::path& path, const std::string& old, const std::string& fresh) noexcept {
+    for (;;) {
+        ReplaceFile(path, fresh);
+        ReplaceFile(path, old);
+    }
+}
+
+TEST(AtomicFileTest, AKilledSaveLeavesTheOldFileOrTheNewOneWhole) {
+    const TemporaryFolder folder;
+    const fs::path path = folder / "a.csv";
+    const std::string old(1'000'000, 'o');
+    const std::string fresh(1'500'000, 'n');
+    ReplaceFile(path, old);
+    int fresher = 0;
+    for (unsigned kill = 0; kill < 60; ++kill) {
+        const pid_t child = ::fork();
+        if (child == 0)
+            SaveForEver(path, old, fresh);
+        ::usleep(kill * 391); // 0 to 23 ms, over many saves
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        const std::string found = ReadFile(path);
+        ASSERT_TRUE(found == old || found == fresh) << found.size() << " bytes after kill " << kill;
+        fresher += found == fresh ? 1 : 0;
+    }
+    EXPECT_GT(fresher, 0) << "no kill met a save";
 }
 
 TEST(AtomicFileTest, RefusalsNameThePathAndTheCause) {

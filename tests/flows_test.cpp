@@ -33,52 +33,18 @@ struct FlowsTest : testing::Test {
     void Ask(const std::string& text, Answer answer) {
         program.ui.Expect(text, Icon::Question, Buttons::YesNoCancel, answer);
     }
-    void AskToOverwrite(const char* name, Answer answer) {
-        program.ui.Expect("Do you want to overwrite the following file?\r\n" + Named(name), Icon::Question,
-                          Buttons::YesNo, answer, Answer::No);
-    }
     void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
 };
 
 TEST_F(FlowsTest, ANewNameIsSavedWithoutAWordAndKept) {
     program.ui.ExpectChooser("Save as", Path("a.csv"));
-    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Saved);
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
     EXPECT_EQ(document.DocFileName, Path("a.csv"));
     EXPECT_FALSE(document.DocChanged);
     EXPECT_EQ(program.Stored("Paths", "Lables"), program.folder.Path().string() + "/");
     Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Saved);
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
     EXPECT_NE(ReadFile(Path("a.csv")).find("typed,,"), std::string::npos);
-}
-
-TEST_F(FlowsTest, AnExistingFileIsAskedAboutAndANoReturnsToTheChooser) {
-    ReplaceFile(Path("a.csv"), "old");
-    program.ui.ExpectChooser("Save as", Path("a.csv"), "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
-    AskToOverwrite("a.csv", Answer::No);
-    program.ui.ExpectChooser("Save as", Path("a.XLS"));
-    Tell(kNoSpreadsheets, Icon::Critical);
-    program.ui.ExpectChooser("Save as", std::nullopt);
-    EXPECT_EQ(SaveLabels(program.main, true), SaveOutcome::Cancelled);
-    EXPECT_EQ(ReadFile(Path("a.csv")), "old");
-    EXPECT_TRUE(document.DocChanged);
-    program.ui.ExpectChooser("Save as", Path("a.csv"));
-    AskToOverwrite("a.csv", Answer::Yes);
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, true), SaveOutcome::Saved);
-}
-
-TEST_F(FlowsTest, AFailedCreationIsRetriedUntilItsCauseIsGone) {
-    document.DocFileName = Path("none/a.csv");
-    const std::string failure =
-        "The application encountered the following error when it attempted to save the following file: " +
-        Named("none/a.csv") + "\r\nError Nommer:2\r\nError Description:No such file or directory";
-    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Retry);
-    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Cancel);
-    Tell("File was NOT saved succesfully!");
-    Tell("Could not finish process");
-    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Failed);
-    EXPECT_TRUE(document.FileError);
-    EXPECT_TRUE(document.DocChanged) << "what is not on disk is not saved";
 }
 
 TEST_F(FlowsTest, CommasAreToldOnceForASave) {
@@ -88,28 +54,7 @@ TEST_F(FlowsTest, CommasAreToldOnceForASave) {
     Tell("These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the text "
          "after a comma moves into the next field.");
     Tell("File saved successfully");
-    SaveLabels(program.main, false);
-}
-
-TEST_F(FlowsTest, OpeningAnnouncesWhatIsNoVersion8File) {
-    ReplaceFile(Path("plain.csv"), "one\r\n");
-    program.ui.ExpectChooser("Open", Path("plain.csv"),
-                             "OPEN|Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|Tabs.csv");
-    Tell("The file: " + Named("plain.csv") +
-         " is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
-    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened); // untitled before: nothing asked
-    EXPECT_EQ(document.FieldA(1), "one");
-
-    ReplaceFile(Path("seven.csv"), "VERSION7\r\nP,A4,1,2\r\n0,0\r\nA\r\nB\r\nC\r\nold,,\r\n");
-    Ask(kSaveQuestion, Answer::No);
-    program.ui.ExpectChooser("Open", Path("seven.csv"));
-    Tell("The file: " + Named("seven.csv") +
-         " is an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
-    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened);
-    EXPECT_EQ(document.OptType, 1);
-    Tell("File saved successfully");
-    SaveLabels(program.main, false);
-    EXPECT_TRUE(ReadFile(Path("seven.csv")).starts_with("Version 8\r\n"));
+    SaveLabels(program.main, SaveKind::Save);
 }
 
 TEST_F(FlowsTest, OpeningRefusesWhatIsNoDocument) {
@@ -152,7 +97,7 @@ TEST_F(FlowsTest, TwoRunningCopiesKeepTheirOwnDocuments) {
     RefreshDocumentStatus(program.main);
     EXPECT_EQ(document.OptType, 0);
     Tell("File saved successfully");
-    SaveLabels(program.main, false);
+    SaveLabels(program.main, SaveKind::Save);
     EXPECT_TRUE(ReadFile(Path("a4.csv")).starts_with(header("P,A4,0,1")));
 }
 
@@ -172,23 +117,6 @@ TEST_F(FlowsTest, AnIniFileThatCannotBeWrittenStopsNoWork) {
     EXPECT_FALSE(fs::exists(program.settings.IniFile)) << "a refused file leaves no trace in the settings";
 }
 
-TEST_F(FlowsTest, NewAsksAboutANamedDocumentOnly) {
-    NewCommand(program.main);
-    EXPECT_EQ(document.FieldA(1), "");
-    document.FieldA(1) = "again";
-    document.DocFileName = Path("a.csv");
-    Ask(kSaveQuestion, Answer::Cancel);
-    NewCommand(program.main);
-    EXPECT_EQ(document.FieldA(1), "again");
-    EXPECT_TRUE(document.DocFileName.empty()) << "a cancelled New makes the document untitled";
-    document.DocFileName = Path("a.csv");
-    Ask(kSaveQuestion, Answer::Yes);
-    Tell("File saved successfully");
-    NewCommand(program.main);
-    EXPECT_EQ(document.FieldA(1), "");
-    EXPECT_NE(ReadFile(Path("a.csv")).find("again"), std::string::npos);
-}
-
 TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
     ReplaceFile(Path("a.csv"), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
     OpenFile(program.main, Path("a.csv"));
@@ -199,13 +127,13 @@ TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
                           Icon::Question, Buttons::YesNo, answer, Answer::No);
     };
     ask(Answer::No);
-    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Cancelled);
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Cancelled);
     EXPECT_EQ(ReadFile(Path("a.csv")), "from elsewhere");
     ask(Answer::Yes);
     Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Saved);
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
     Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, false), SaveOutcome::Saved);
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
 }
 
 TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {

@@ -286,6 +286,7 @@ public:
     void TakeDown() override { texts_.clear(); }
     void BringUp() override { ++ups; }
     std::vector<TabTexts> ShownTexts() const override { return texts_; }
+    void ShowText(TabBox, std::size_t, std::size_t) override {}
 
 private:
     std::vector<TabTexts> texts_{{"on screen", "", ""}};

@@ -1,5 +1,7 @@
 #include "app/settings/Validate.h"
 
+#include "base/Text.h"
+
 #include <fstream>
 #include <system_error>
 
@@ -32,6 +34,16 @@ bool FolderExists(const fs::path& path, bool create) {
 bool FileExists(const fs::path& path) {
     std::error_code error;
     return fs::is_regular_file(path, error) && std::ifstream(path).is_open();
+}
+
+std::optional<fs::path> FindFile(const fs::path& folder, const std::string& name) {
+    if (FileExists(folder / name))
+        return folder / name;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+        if (EqualsNoCase(entry->path().filename().string(), name) && FileExists(entry->path()))
+            return entry->path();
+    return std::nullopt;
 }
 
 std::string DriveOf(std::string_view path) {

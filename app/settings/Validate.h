@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,8 @@ namespace velmora {
 bool FolderExists(const std::filesystem::path& path, bool create = false);
 /// True for a file that can be opened; a folder is no file.
 bool FileExists(const std::filesystem::path& path);
+/// The file of that name in the folder, of that very name first, else in any letter case.
+std::optional<std::filesystem::path> FindFile(const std::filesystem::path& folder, const std::string& name);
 
 // The parts of a path. Its separator is "/"; a path without one may come from an old machine, so that there
 // "\" and the

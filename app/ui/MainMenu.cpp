@@ -4,6 +4,7 @@
 #include "document/Pages.h"
 #include "document/PasteBlock.h"
 #include "document/SaveDocument.h"
+#include "editor/ui/frmFind.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "print/PdfReport.h"
 
@@ -36,6 +37,10 @@ template <auto operation> void Call(CommandContext& context) {
     operation(context.program.main);
 }
 
+template <SaveKind kind> void Save(CommandContext& context) {
+    SaveLabels(context.program.main, kind);
+}
+
 /// What the box in use can do itself.
 template <auto operation> void InBox(CommandContext&) {
     if (auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
@@ -54,6 +59,21 @@ void Paste(CommandContext& context) {
         box->paste();
 }
 
+/// One for the window's life, so that it remembers what was looked for.
+frmFind& FindForm(CommandContext& context) {
+    if (auto* form = context.window.findChild<frmFind*>())
+        return *form;
+    return *new frmFind(context.program.main, &context.window);
+}
+
+/// Repeats the search, or asks what for.
+void FindNext(CommandContext& context) {
+    if (auto* form = context.window.findChild<frmFind*>(); form && form->CanFind())
+        form->FindNext();
+    else
+        FindForm(context).Open();
+}
+
 } // namespace
 
 std::span<const Menu> Menus() {
@@ -62,12 +82,11 @@ std::span<const Menu> Menus() {
          "&File",
          {{"mnuNew", "&New", "Ctrl+N", Call<NewCommand>},
           {"mnuOpen", "&Open", "Ctrl+O", Open},
-          {"mnuSave", "&Save", "Ctrl+S", [](CommandContext& context) { SaveLabels(context.program.main, false); }},
-          {"mnuSaveAs", "Save &as ...", "Ctrl+Shift+S",
-           [](CommandContext& context) { SaveLabels(context.program.main, true); }},
+          {"mnuSave", "&Save", "Ctrl+S", Save<SaveKind::Save>},
+          {"mnuSaveAs", "Save &as ...", "Ctrl+Shift+S", Save<SaveKind::SaveAs>},
           kSeparator,
           {"mnuImport", "&Import", "", nullptr},
-          {"mnuExport", "&Export", "", nullptr},
+          {"mnuExport", "&Export", "", Save<SaveKind::Export>},
           {"mnuSavePdf", "Save as P&DF ...", "", SavePdf},
           kSeparator,
           {"mnuPgSetup", "Page Set&up", "", nullptr},
@@ -86,7 +105,10 @@ std::span<const Menu> Menus() {
           kSeparator,
           {"mnuCut", "Cu&t", "Ctrl+X", InBox<&QLineEdit::cut>},
           {"mnuCopy", "&Copy", "Ctrl+C", InBox<&QLineEdit::copy>},
-          {"mnuPaste", "&Paste", "Ctrl+V", Paste}}},
+          {"mnuPaste", "&Paste", "Ctrl+V", Paste},
+          kSeparator,
+          {"mnuFind", "&Find and Replace ...", "Ctrl+F", [](CommandContext& context) { FindForm(context).Open(); }},
+          {"mnuFindNext", "Find &Next", "F3", FindNext}}},
         {"mnuData",
          "&Data",
          {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", Call<FirstPage>},

@@ -1,11 +1,11 @@
 #include "app/ui/mdiVelmora.h"
 
 #include "app/Commands.h"
-#include "app/settings/FormPosition.h"
 #include "app/ui/LineIcon.h"
 #include "app/ui/MainMenu.h"
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
+#include "document/ui/FormPlace.h"
 #include "editor/ui/frmGrid2a4.h"
 
 #include <QAction>
@@ -14,7 +14,6 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QUrl>
@@ -26,10 +25,6 @@ namespace {
 constexpr QSize kFirstSize(1100, 760);
 constexpr const char* kPositionKey = "mdiVelmora";
 constexpr int kKeepAfterMs = 3000;
-
-FormPosition PositionOf(const QWidget& window) {
-    return {window.x(), window.y(), window.width(), window.height()};
-}
 
 } // namespace
 
@@ -44,7 +39,8 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     grid_ = new frmGrid2a4(program_.main, this);
     setCentralWidget(grid_);
     connect(grid_, &frmGrid2a4::Changed, this, [this] { EnableCommands(); });
-    RestorePosition();
+    resize(kFirstSize);
+    RestorePlace(*this, program_.main.settings, kPositionKey);
     program_.main.status = this;
     // Deliberate: the stored page count starts empty with every run.
     Write(program_.main.settings, kNoOfPages, "");
@@ -150,15 +146,6 @@ void mdiVelmora::BuildToolBar() {
     }
 }
 
-void mdiVelmora::RestorePosition() {
-    resize(kFirstSize);
-    const QSize room = screen()->virtualSize();
-    const FormPosition place =
-        RestoreFormPosition(program_.main.settings, kPositionKey, PositionOf(*this), room.width(), room.height());
-    move(place.left, place.top);
-    resize(place.width, place.height);
-}
-
 /// "Undo Typing": the menu names what would be taken back.
 void mdiVelmora::ShowHistory() {
     const UndoHistory& history = program_.history;
@@ -218,7 +205,7 @@ void mdiVelmora::dropEvent(QDropEvent* event) {
 void mdiVelmora::closeEvent(QCloseEvent* event) {
     Trapped(program_.main, "Called from Sub: mnuExit", [&] { event->setAccepted(CloseCommand(program_.main)); });
     if (event->isAccepted())
-        SaveFormPosition(program_.main.settings, kPositionKey, PositionOf(*this));
+        SavePlace(*this, program_.main.settings, kPositionKey);
 }
 
 } // namespace velmora

@@ -39,7 +39,6 @@ private:
     void KeepSoon();
     void BuildToolBar();
     void BuildStatusBar();
-    void RestorePosition();
     void EnableCommands();
     void ShowHistory();
 

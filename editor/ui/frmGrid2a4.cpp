@@ -143,6 +143,25 @@ std::vector<TabTexts> frmGrid2a4::ShownTexts() const {
     return texts;
 }
 
+void frmGrid2a4::ShowText(TabBox place, std::size_t at, std::size_t length) {
+    const int perPage = main_.document.TabsPerPage;
+    const auto page = static_cast<std::int16_t>((place.tab - 1) / perPage + 1);
+    if (page != main_.document.CurrentPage) {
+        main_.document.CurrentPage = page;
+        BringUp();
+    }
+    QLineEdit* box = Box(place.field, (place.tab - 1) % perPage + 1);
+    if (!box)
+        return;
+    const std::string& text = main_.document.Field(place.field)(place.tab);
+    const QString before = QString::fromStdString(text.substr(0, at));
+    box->setFocus();
+    Entered(box->property(kSlotProperty).toInt()); // a window in the background gets no focus event
+    ensureWidgetVisible(box);
+    box->setSelection(static_cast<int>(before.size()),
+                      static_cast<int>(QString::fromStdString(text.substr(before.toUtf8().size(), length)).size()));
+}
+
 QLineEdit* frmGrid2a4::Box(int field, int slot) const {
     return boxes_.at(static_cast<std::size_t>(slot - 1)).at(static_cast<std::size_t>(field));
 }

@@ -21,15 +21,16 @@ public:
             fail_("never shown: " + step.text);
     }
 
-    /// A message box: its whole text, icon and buttons, what is answered, and the default button where one is set.
+    /// A message box: its whole text, icon and buttons, what is answered, the default button where one is set, and what
+    /// happens while the box is open.
     void Expect(const std::string& text, Icon icon, Buttons buttons = Buttons::Ok, Answer answer = Answer::Ok,
-                std::optional<Answer> defaultButton = std::nullopt) {
-        script_.push_back({text, icon, buttons, answer, defaultButton, {}, ""});
+                std::optional<Answer> defaultButton = std::nullopt, std::function<void()> meanwhile = {}) {
+        script_.push_back({text, icon, buttons, answer, defaultButton, {}, "", std::move(meanwhile)});
     }
     /// A file or folder chooser with this title; nothing chosen: cancelled. `request` is "operation|filter|name".
     void ExpectChooser(const std::string& title, std::optional<std::filesystem::path> chosen,
                        const std::string& request = "") {
-        script_.push_back({title, Icon::None, Buttons::Ok, Answer::Ok, std::nullopt, std::move(chosen), request});
+        script_.push_back({title, Icon::None, Buttons::Ok, Answer::Ok, std::nullopt, std::move(chosen), request, {}});
     }
 
     int beeps = 0;
@@ -40,6 +41,8 @@ public:
         if (step.icon != message.icon || step.buttons != message.buttons || message.title != "Velmora" ||
             step.defaultButton != message.defaultButton)
             fail_("other icon, buttons, default button or title: " + message.text);
+        if (step.meanwhile)
+            step.meanwhile();
         return step.answer;
     }
     void Beep() override { ++beeps; }
@@ -67,6 +70,7 @@ private:
         std::optional<Answer> defaultButton;
         std::optional<std::filesystem::path> chosen;
         std::string request;
+        std::function<void()> meanwhile;
     };
     class Silent : public Progress {
         void Advance(int) override {}
@@ -75,7 +79,7 @@ private:
     Step Next(const std::string& text) {
         if (script_.empty() || script_.front().text != text) {
             fail_("not expected: " + text + (script_.empty() ? "" : "\n   instead of: " + script_.front().text));
-            return {text, Icon::None, Buttons::Ok, Answer::Cancel, {}, {}, ""};
+            return {text, Icon::None, Buttons::Ok, Answer::Cancel, {}, {}, "", {}};
         }
         Step step = script_.front();
         script_.pop_front();

@@ -1,0 +1,167 @@
+#include "document/FindReplace.h"
+
+#include "base/Text.h"
+#include "document/Dialogs.h"
+
+#include <algorithm>
+#include <tuple>
+#include <vector>
+
+namespace velmora {
+namespace {
+
+/// Finds one text in many; the places are those of the text as it stands.
+class Pattern {
+public:
+    explicit Pattern(const FindRequest& request)
+        : matchCase_(request.matchCase), find_(matchCase_ ? request.find : FoldCase(request.find)) {}
+
+    std::size_t In(const std::string& text, std::size_t from) const {
+        if (find_.empty() || text.size() < from + find_.size())
+            return std::string::npos;
+        return matchCase_ ? text.find(find_, from) : FoldCase(text).find(find_, from);
+    }
+    std::size_t Length() const { return find_.size(); }
+
+    std::string ReplacedIn(const std::string& text, const std::string& with) const {
+        std::string replaced;
+        std::size_t from = 0;
+        for (std::size_t at = In(text, 0); at != std::string::npos; at = In(text, from)) {
+            replaced.append(text, from, at - from) += with;
+            from = at + Length();
+        }
+        return replaced.append(text, from, std::string::npos);
+    }
+
+private:
+    bool matchCase_;
+    std::string find_;
+};
+
+void TakePageBack(MainModule& main) {
+    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+}
+
+bool IsSearched(const FindRequest& request, int field) {
+    return !request.field || *request.field == field;
+}
+
+/// A text that is too long already may stay so, but not grow.
+bool Fits(const TabDocument& document, int field, const std::string& old, const std::string& text) {
+    const std::size_t limit = std::max(document.Limits.Of(field), CharacterCount(old));
+    return CharacterCount(text) <= limit;
+}
+
+struct Replacements {
+    std::vector<std::pair<TabBox, std::string>> texts;
+    int tooLong = 0; ///< texts left out
+};
+
+void PlanReplacement(Replacements& plan, const TabDocument& document, const Pattern& pattern, TabBox box,
+                     const std::string& with) {
+    const std::string& old = document.Field(box.field)(box.tab);
+    if (pattern.In(old, 0) == std::string::npos)
+        return;
+    std::string text = pattern.ReplacedIn(old, with);
+    if (Fits(document, box.field, old, text))
+        plan.texts.emplace_back(box, std::move(text));
+    else
+        ++plan.tooLong;
+}
+
+Replacements PlanReplacements(const TabDocument& document, const FindRequest& request) {
+    Replacements plan;
+    const Pattern pattern(request);
+    for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
+        for (int field = 0; field < document.NoOfFields; ++field)
+            if (IsSearched(request, field))
+                PlanReplacement(plan, document, pattern, {tab, field}, request.replaceWith);
+    return plan;
+}
+
+void Put(MainModule& main, const std::vector<std::pair<TabBox, std::string>>& texts) {
+    {
+        const UndoStep step(main.history, main, "Replace");
+        for (const auto& [box, text] : texts)
+            main.document.Field(box.field)(box.tab) = text;
+        main.document.DocChanged = true;
+    }
+    if (main.editor)
+        main.editor->BringUp();
+}
+
+} // namespace
+
+Finder::Match Finder::Start() const {
+    const TabDocument& document = main_.document;
+    if (last_ && last_->box.tab == document.CurrentTab && last_->box.field < document.NoOfFields)
+        return {last_->box, last_->at + last_->length, 0};
+    return {{std::clamp<std::int32_t>(document.CurrentTab, 1, document.TabCount), 0}, 0, 0};
+}
+
+/// Every box once from the start on, and what stands before the start in its own box last.
+std::optional<Finder::Match> Finder::Search(const FindRequest& request, const Match& start) const {
+    const TabDocument& document = main_.document;
+    const Pattern pattern(request);
+    TabBox box = start.box;
+    std::size_t from = start.at;
+    for (std::int64_t left = std::int64_t{document.TabCount} * document.NoOfFields; left >= 0; --left, from = 0) {
+        if (IsSearched(request, box.field)) {
+            const std::size_t at = pattern.In(document.Field(box.field)(box.tab), from);
+            if (at != std::string::npos)
+                return Match{box, at, pattern.Length()};
+        }
+        if (++box.field >= document.NoOfFields)
+            box = {box.tab % document.TabCount + 1, 0};
+    }
+    return std::nullopt;
+}
+
+FindOutcome Finder::GoTo(const std::optional<Match>& match, const Match& start) {
+    last_ = match;
+    if (!match)
+        return FindOutcome::NotFound;
+    if (main_.editor)
+        main_.editor->ShowText(match->box, match->at, match->length);
+    const auto place = [](const Match& of) { return std::tuple(of.box.tab, of.box.field, of.at); };
+    return place(*match) < place(start) ? FindOutcome::FoundFromTop : FindOutcome::Found;
+}
+
+FindOutcome Finder::FindNext(const FindRequest& request) {
+    TakePageBack(main_);
+    const Match start = Start();
+    return GoTo(Search(request, start), start);
+}
+
+FindOutcome Finder::Replace(const FindRequest& request) {
+    TakePageBack(main_);
+    const Match start = last_ ? *last_ : Start();
+    if (!last_ || last_->box.tab != main_.document.CurrentTab || Search(request, start) != last_)
+        return FindNext(request);
+    const std::string& old = main_.document.Field(start.box.field)(start.box.tab);
+    const std::string text = std::string(old).replace(start.at, start.length, request.replaceWith);
+    if (!Fits(main_.document, start.box.field, old, text)) {
+        main_.ui.Beep();
+        Tell(main_, "The text would become longer than its field allows: " +
+                        std::to_string(main_.document.Limits.Of(start.box.field)) + " characters.");
+        return FindNext(request);
+    }
+    Put(main_, {{start.box, text}});
+    last_->length = request.replaceWith.size();
+    return FindNext(request);
+}
+
+int Finder::ReplaceAll(const FindRequest& request) {
+    TakePageBack(main_);
+    const Replacements plan = PlanReplacements(main_.document, request);
+    if (plan.tooLong > 0 && Ask(main_,
+                                "Texts that would become longer than their field allows, and stay as they are: " +
+                                    std::to_string(plan.tooLong) + "\r\nDo you want to replace the others?",
+                                Buttons::YesNo) != Answer::Yes)
+        return 0;
+    if (!plan.texts.empty())
+        Put(main_, plan.texts);
+    return static_cast<int>(plan.texts.size());
+}
+
+} // namespace velmora

@@ -1,0 +1,53 @@
+// Find and replace over all pages.
+#pragma once
+
+#include "document/Undo.h"
+#include "document/mdlMain.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+namespace velmora {
+
+struct FindRequest {
+    std::string find; ///< an empty text is nowhere
+    std::string replaceWith;
+    bool matchCase = false;
+    std::optional<int> field = std::nullopt; ///< 0 to 2; nothing: every field in use
+};
+
+enum class FindOutcome { Found, FoundFromTop, NotFound };
+
+/// Goes through a document from match to match. Whatever else happens to the document meanwhile, a search starts at the
+/// last match as long as its tab has the focus, else at the tab that has it.
+class Finder {
+public:
+    explicit Finder(MainModule& main) : main_(main) {}
+
+    /// Shows the page of the next match and selects it; after the last tab it goes on with the first.
+    FindOutcome FindNext(const FindRequest& request);
+    /// Replaces the match that FindNext went to, if it is still there, and goes to the next. A text that would become
+    /// longer than its field allows stays, which is said.
+    FindOutcome Replace(const FindRequest& request);
+    /// Replaces all matches, as one change, and gives the number of texts changed. Texts that would become longer than
+    /// their field allows stay; how many is asked about before anything changes, and a No changes nothing.
+    int ReplaceAll(const FindRequest& request);
+
+private:
+    struct Match {
+        TabBox box;
+        std::size_t at = 0; ///< in bytes
+        std::size_t length = 0;
+        bool operator==(const Match&) const = default;
+    };
+
+    Match Start() const;
+    std::optional<Match> Search(const FindRequest& request, const Match& start) const;
+    FindOutcome GoTo(const std::optional<Match>& match, const Match& start);
+
+    MainModule& main_;
+    std::optional<Match> last_;
+};
+
+} // namespace velmora

@@ -1,0 +1,28 @@
+// Every window comes back where it was left; the dialogs share one class for it.
+#pragma once
+
+#include "app/settings/mdlSettings.h"
+
+#include <QDialog>
+
+namespace velmora {
+
+/// Puts the window where it was closed last, or in the middle of the screen with the size that it has.
+void RestorePlace(QWidget& window, SettingsStore& settings, const char* key);
+void SavePlace(const QWidget& window, SettingsStore& settings, const char* key);
+
+/// A dialog that keeps its place, under its position key in section "Form Position", as of its first showing.
+class PlacedDialog : public QDialog {
+protected:
+    /// `key` must outlive the dialog.
+    PlacedDialog(SettingsStore& settings, const char* key, QWidget* parent);
+
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    SettingsStore& settings_;
+    const char* key_;
+};
+
+} // namespace velmora

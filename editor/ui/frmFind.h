@@ -1,0 +1,47 @@
+// Find and replace: stays open beside the grid while the person works on.
+#pragma once
+
+#include "document/FindReplace.h"
+#include "document/ui/FormPlace.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace velmora {
+
+class frmFind : public PlacedDialog {
+    Q_OBJECT
+
+public:
+    frmFind(MainModule& main, QWidget* parent);
+
+    /// Shows it, or brings it to the front, with the entry of the text to find in focus.
+    void Open();
+    /// True once there is a text to find.
+    bool CanFind() const;
+    void FindNext();
+
+private:
+    void BuildUi();
+    void EnableButtons();
+    FindRequest Request() const;
+    void Show(FindOutcome outcome);
+    void Replace();
+    void ReplaceAll();
+
+    MainModule& main_;
+    Finder finder_;
+    QLineEdit* txtFind_;
+    QLineEdit* txtReplace_;
+    QComboBox* cboField_;
+    QCheckBox* chkMatchCase_;
+    QLabel* lblResult_;
+    QPushButton* cmdFindNext_;
+    QPushButton* cmdReplace_;
+    QPushButton* cmdReplaceAll_;
+};
+
+} // namespace velmora
