@@ -23,15 +23,6 @@ void ShowPage(MainModule& main, std::int16_t page) {
         main.editor->BringUp();
 }
 
-/// The operation changed the page count, which is stored at once, and the editor comes up again.
-void ShowChangedPages(MainModule& main) {
-    main.document.DocChanged = true;
-    Write(main.settings, kNoOfPages, std::to_string(main.document.NoOfPages));
-    RefreshDocumentStatus(main);
-    if (main.editor)
-        main.editor->BringUp();
-}
-
 /// A question whose safe answer is the default.
 bool Confirms(MainModule& main, const char* question) {
     return Ask(main, question, Buttons::YesNo, Answer::No) == Answer::Yes;
@@ -81,6 +72,14 @@ std::int32_t PackTabs(TabDocument& document) {
 }
 
 } // namespace
+
+void ShowChangedPages(MainModule& main) {
+    main.document.DocChanged = true;
+    Write(main.settings, kNoOfPages, std::to_string(main.document.NoOfPages));
+    RefreshDocumentStatus(main);
+    if (main.editor)
+        main.editor->BringUp();
+}
 
 void FirstPage(MainModule& main) {
     ShowPage(main, 1);

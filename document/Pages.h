@@ -21,6 +21,10 @@ void DeletePage(MainModule& main);
 /// Deletes the tabs whose fields in use are all blank and closes the gaps; at least one page stays.
 void CleanLabels(MainModule& main);
 
+/// The end of an operation that changed pages, the page count perhaps too, within its UndoStep: the document is marked
+/// as changed, "No Of Pages" stored, and status and editor show `CurrentPage`.
+void ShowChangedPages(MainModule& main);
+
 /// Takes the last change of the document back, and shows the page where it was made; nothing when there is none.
 void UndoChange(MainModule& main);
 void RedoChange(MainModule& main);

@@ -1,0 +1,335 @@
+// The wizard without its windows: the values it makes, the rules of its pages, and what becomes of the document.
+#include "base/Text.h"
+#include "document/Pages.h"
+#include "document/Undo.h"
+#include "tests/support/TestProgram.h"
+#include "wizard/AppendWizardTabs.h"
+#include "wizard/NextNumber.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+/// "a|b|c"
+std::string Joined(const FieldTexts& texts, int first, int last) {
+    std::string joined;
+    for (int tab = first; tab <= last; ++tab)
+        joined += (tab > first ? "|" : "") + texts(tab);
+    return joined;
+}
+
+std::string Made(const ValueSeries& series, int count) {
+    FieldTexts buffer;
+    buffer.ReDim(count);
+    FillBuffer(series, buffer);
+    const Preview preview = PreviewValues(series, count);
+    EXPECT_EQ(preview.last, buffer(count)) << "the preview tells what will be made";
+    for (std::size_t i = 0; i < preview.first.size(); ++i)
+        EXPECT_EQ(preview.first[i], buffer(static_cast<int>(i) + 1));
+    return Joined(buffer, 1, count);
+}
+
+TEST(ValueSeries, NumbersFollowTheNumberPage) {
+    const struct {
+        const char *first, *before, *after;
+        int digits;
+        const char* wanted;
+    } cases[] = {{"7", "No.", "", 3, "No.007|No.008|No.009"},
+                 {"7", "No.", "/x", 0, "7|8|9"}, // without a format the texts around are left out
+                 {"99", "", "/x", 2, "99/x|100/x|101/x"},
+                 {"abc", "", "", 0, "1|2|3"},
+                 {" 2.5 ", "", "", 0, "2|3|4"},
+                 {"-1", "n", "", 2, "n-01|n00|n01"},
+                 {"2147483645", "", "", 15, "000002147483645|000002147483646|000002147483647"}};
+    for (const auto& c : cases) {
+        const std::string format = c.digits == 0 ? "No, I donot require any number formatting."
+                                                 : "Make each number at least " + std::to_string(c.digits) +
+                                                       " digits long - eg " +
+                                                       std::string(static_cast<std::size_t>(c.digits - 1), '0') + "1";
+        EXPECT_EQ(kNumberFormats[FormatOfWidth(c.digits)], format);
+        EXPECT_EQ(Made(ReadNumberPage(c.first, format, c.before, c.after), 3), c.wanted);
+    }
+    EXPECT_THROW(ReadNumberPage("2147483648", "", "", ""), OverflowError);
+    EXPECT_THROW(PreviewValues(NumberSeries{2147483646, 0, "", ""}, 3), OverflowError);
+}
+
+TEST(ValueSeries, CapitalsAreThoseOfTheNamesAlone) {
+    const auto check = [](const auto& table) {
+        for (const auto& style : table)
+            for (const std::string_view name : style) {
+                EXPECT_EQ(UpperCaption(name), ToUpper(name));
+                EXPECT_EQ(LowerCaption(ToUpper(name)), name);
+            }
+    };
+    check(MonthNameTable);
+    check(DayNameTable);
+    EXPECT_EQ(UpperCaption("Mei."), "MEI.");
+    EXPECT_EQ(UpperCaption("Select All") + LowerCaption("CANCEL") + UpperCaption("may"), "Select AllCANCELmay");
+}
+
+TEST(ValueSeries, TheNextNumberFollowsTheLastOne) {
+    const struct {
+        std::vector<const char*> texts;
+        std::optional<NumberSeries> wanted;
+    } cases[] = {{{"No.006/x", "No.007/x", "", " "}, NumberSeries{8, 3, "No.", "/x"}},
+                 {{"3", "9", "no number"}, NumberSeries{10, 0, "", ""}},
+                 {{"007", "2024-1"}, NumberSeries{8, 3, "", ""}}, // two numbers are no number
+                 {{"Box 9", "99999999999"}, NumberSeries{10, 1, "Box ", ""}},
+                 {{"2147483647", "ë"}, std::nullopt}};
+    for (const auto& c : cases) {
+        TabDocument document;
+        document.FieldB.ReDim(static_cast<std::int32_t>(c.texts.size()));
+        for (std::size_t i = 0; i < c.texts.size(); ++i)
+            document.FieldB(static_cast<std::int32_t>(i) + 1) = c.texts[i];
+        EXPECT_EQ(NextNumberInDocument(document, 1), c.wanted) << c.texts[0];
+        EXPECT_EQ(NextNumberInDocument(document, 0), std::nullopt);
+    }
+}
+
+/// An editor whose only edited box is the first of the page shown.
+struct OneBoxEditor : GridEditor {
+    std::string typed = "typed";
+    int broughtUp = 0;
+    void TakeDown() override {}
+    void BringUp() override { ++broughtUp; }
+    std::vector<TabTexts> ShownTexts() const override { return {{typed, "", ""}}; }
+};
+
+struct WizardTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    MainModule& main = program.main;
+    TabDocument& document = program.main.document;
+    UndoHistory history;
+    WizardState wizard;
+
+    /// Tab n holds "an", "bn" and "cn".
+    void MakeDocument(int pages, int fields, int type = 0) {
+        LoadGlobals(main);
+        document.NoOfFields = static_cast<std::int16_t>(fields);
+        document.OptType = static_cast<std::int16_t>(type);
+        NewDocument(main);
+        document.TabCount = pages * document.TabsPerPage;
+        for (int field = 0; field < 3; ++field)
+            document.Field(field).ReDim(document.TabCount);
+        ApplyTabType(main);
+        for (int tab = 1; tab <= document.TabCount; ++tab)
+            for (int field = 0; field < 3; ++field)
+                document.Field(field)(tab) = static_cast<char>('a' + field) + std::to_string(tab);
+        document.DocChanged = false;
+        history.Clear(document);
+        main.history = &history;
+    }
+    /// The wizard with numbers from 1 in field A.
+    void Number(const char* count) {
+        StartWizard(wizard);
+        ASSERT_EQ(ConfirmCount(wizard, count), std::nullopt);
+        ChooseField(wizard, document, 1);
+        FillNumbers(wizard, {});
+    }
+    std::string State() {
+        return Joined(document.FieldA, 1, document.FieldA.Count()) +
+               Joined(document.FieldB, 1, document.FieldB.Count()) + std::to_string(document.NoOfPages) + "," +
+               std::to_string(document.TabCount) + "," + std::to_string(document.CurrentPage) + "," +
+               program.Stored("Settings", "No Of Pages");
+    }
+};
+
+TEST_F(WizardTest, ACountIsANumberOfTabs) {
+    constexpr const char* kRange = "The value must be between 1 and 32766";
+    constexpr const char* kNumerics = "Please use numerics only!";
+    const std::pair<const char*, std::optional<std::string>> cases[] = {
+        {"1", std::nullopt}, {" 32766 ", std::nullopt}, {"32766.4", kRange}, {"32767", kRange},
+        {"0", kRange},       {"0.9", kRange},           {"-3", kRange},      {"", kNumerics},
+        {"ten", kNumerics},  {"1,5", kNumerics}};
+    for (const auto& [text, message] : cases) {
+        wizard.NewTabCount = 77;
+        EXPECT_EQ(ConfirmCount(wizard, text), message) << text;
+        EXPECT_EQ(wizard.NewTabCount == 77, message.has_value()) << text;
+    }
+    EXPECT_EQ(wizard.WizFieldC.Count(), 32766);
+}
+
+TEST_F(WizardTest, TheNumberOfFieldsDecidesOnFieldsAndLimits) {
+    const struct {
+        int inUse, field, limit;
+    } cases[] = {{1, 1, 20}, {2, 1, 20}, {2, 2, 20}, {3, 1, 20}, {3, 2, 10}, {3, 3, 10}};
+    ConfirmCount(wizard, "1");
+    for (const auto& c : cases) {
+        document.NoOfFields = static_cast<std::int16_t>(c.inUse);
+        EXPECT_THROW(ChooseField(wizard, document, c.inUse + 1), SubscriptError);
+        ChooseField(wizard, document, c.field);
+        const std::string name = std::string("Field ") + static_cast<char>('A' + c.field - 1);
+        EXPECT_EQ(TextsOfPage(WizardPage::Text, wizard).lines.back(),
+                  name + " will be set to a LIMITED amount of " + std::to_string(c.limit) + " characters.");
+        EXPECT_EQ(TextsOfPage(WizardPage::Type, wizard).lines[0],
+                  name + " can be set to one of four type of settings.");
+        FillText(wizard, "  ëëëëëëëëëëëëëëëëëëëëëëëëë ");
+        EXPECT_EQ(CharacterCount(wizard.Buffer(c.field - 1)(1)), static_cast<std::size_t>(c.limit));
+    }
+    FillText(wizard, "  Hello  ");
+    EXPECT_EQ(wizard.WizFieldC(1), "Hello");
+}
+
+TEST_F(WizardTest, TickedNamesComeInTurn) {
+    document.NoOfFields = 1;
+    ConfirmCount(wizard, "5");
+    ChooseField(wizard, document, 1);
+    const struct {
+        ValueKind kind;
+        int style;
+        std::vector<std::size_t> ticked;
+        const char *wanted, *flag;
+    } cases[] = {{ValueKind::Month, 1, {2, 5}, "March|June|March|June|March", "Yes_Mon"},
+                 {ValueKind::Month, 3, {4}, "May|May|May|May|May", "Yes_Mon"},
+                 {ValueKind::Month, 4, {4, 2, 9, 11, 0, 7}, "Jan.|Mrt.|Mei|Aug.|Okt.", "Yes_Mon"},
+                 {ValueKind::Day, 4, {5, 6}, "Sat.|Son.|Sat.|Son.|Sat.", "Yes_Day"},
+                 {ValueKind::Day, 2, {6}, "Sondag|Sondag|Sondag|Sondag|Sondag", "Yes_Day"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(ChooseKind(wizard, c.kind), WizardPage::Style);
+        ChooseStyle(wizard, c.style);
+        std::vector<TickBox> boxes;
+        for (const std::string& caption : TickCaptions(wizard))
+            boxes.push_back({caption});
+        EXPECT_EQ(FillNames(wizard, boxes), "Please make a selection before you click next or click on Cancel.");
+        for (const std::size_t box : c.ticked)
+            boxes[box].ticked = true;
+        EXPECT_EQ(FillNames(wizard, boxes), std::nullopt);
+        EXPECT_EQ(Joined(wizard.WizFieldA, 1, 5), c.wanted);
+        EXPECT_EQ(wizard.LastFillFlag, c.flag);
+    }
+}
+
+TEST_F(WizardTest, TheFontPageComesOnceAllFieldsAreDone) {
+    document.NoOfFields = 2;
+    ConfirmCount(wizard, "2");
+    ChooseField(wizard, document, 1);
+    EXPECT_EQ(ChooseKind(wizard, ValueKind::Numeric), WizardPage::Numbers);
+    EXPECT_THROW(FillNumbers(wizard, {2147483647, 0, "", ""}), OverflowError);
+    EXPECT_EQ(Joined(wizard.WizFieldA, 1, 2), "|") << "nothing is written";
+    EXPECT_FALSE(wizard.FieldDone[0]);
+    FillNumbers(wizard, {5, 0, "", ""});
+    EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Chooser);
+    ChooseField(wizard, document, 2);
+    FillText(wizard, "");
+    EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Fonts);
+    EXPECT_EQ(wizard.LastFillFlag, "Yes_Text");
+    ConfirmCount(wizard, "3");
+    EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Chooser) << "the new buffers are empty";
+    WizardState fresh;
+    FillText(fresh, "no field chosen");
+    EXPECT_EQ(fresh.LastFillFlag, "");
+}
+
+TEST_F(WizardTest, CancelAsksInTheWordsOfThePageAndDiscards) {
+    const std::string start = "If you cancel this wizard, none of the settings will be saved.";
+    const std::pair<WizardPage, const char*> cases[] = {
+        {WizardPage::Style, "  Are you sure you want to cancel?"},
+        {WizardPage::Fonts, "  Are you sure you want to cancel?"},
+        {WizardPage::Introduction, "  Are you sure you want to cancel ?"},
+        {WizardPage::Text, "  Are you sure you want to cancel ?"},
+        {WizardPage::Ticks, "  Are you sure you want to cancel ?"},
+        {WizardPage::Count, " Are you sure you want to cancel ?"},
+        {WizardPage::Chooser, " Are you sure you want to cancel ?"},
+        {WizardPage::Type, " Are you sure you want to cancel ?"},
+        {WizardPage::Numbers, " Are you sure you want to cancel ?"}};
+    MakeDocument(1, 1);
+    for (const auto& [page, question] : cases) {
+        Number("3");
+        program.ui.Expect(start + question, Icon::Question, Buttons::YesNo, Answer::No);
+        EXPECT_FALSE(ConfirmCancel(main, wizard, page));
+        EXPECT_EQ(wizard.WizFieldA(3), "3");
+        program.ui.Expect(start + question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        EXPECT_TRUE(ConfirmCancel(main, wizard, page));
+        EXPECT_EQ(wizard.WizFieldA.Count(), 0);
+    }
+    EXPECT_FALSE(document.DocChanged);
+}
+
+TEST_F(WizardTest, AppendingGrowsByWholePagesFromTheTabInUse) {
+    const struct {
+        int pages, currentTab;
+        const char* count;
+        int pagesAfter, shown;
+    } cases[] = {{1, 0, "30", 2, 1}, // an empty document has no tab in use
+                 {2, 40, "20", 3, 2},
+                 {3, 24, "2", 3, 1},
+                 {3, 25, "24", 3, 2}, // a run that ends early keeps the rest
+                 {1, 25, "1", 2, 2}};
+    for (const auto& c : cases) {
+        MakeDocument(c.pages, 3);
+        document.CurrentTab = static_cast<std::int16_t>(c.currentTab);
+        const TabDocument before = document;
+        const std::string state = State();
+        Number(c.count);
+        ASSERT_TRUE(AppendWizardTabs(main, wizard));
+        const int start = std::max(1, c.currentTab);
+        EXPECT_EQ(document.NoOfPages, c.pagesAfter);
+        EXPECT_EQ(document.TabCount, c.pagesAfter * 24);
+        EXPECT_EQ(document.CurrentPage, c.shown);
+        EXPECT_EQ(program.Stored("Settings", "No Of Pages"), std::to_string(c.pagesAfter));
+        EXPECT_TRUE(document.DocChanged);
+        for (int tab = 1; tab <= document.TabCount; ++tab) {
+            const bool existed = tab <= before.TabCount;
+            const bool filled = tab >= start && tab < start + wizard.NewTabCount;
+            EXPECT_EQ(document.FieldA(tab), filled    ? std::to_string(tab - start + 1)
+                                            : existed ? before.FieldA(tab)
+                                                      : "");
+            EXPECT_EQ(document.FieldB(tab), existed ? before.FieldB(tab) : "") << "not used";
+            EXPECT_EQ(document.FieldC(tab), existed ? before.FieldC(tab) : "");
+        }
+        EXPECT_EQ(history.UndoName(), "AutoRepeat Wizard");
+        UndoChange(main);
+        EXPECT_EQ(State(), state);
+        EXPECT_FALSE(history.CanUndo() || document.DocChanged);
+    }
+}
+
+TEST_F(WizardTest, AppendingTakesThePageOnScreenAndShowsTheFirstNewTab) {
+    MakeDocument(2, 2);
+    OneBoxEditor editor;
+    main.editor = &editor;
+    document.CurrentPage = 2;
+    document.CurrentTab = 2;
+    Number("3");
+    ChooseField(wizard, document, 2); // chosen, but left without values
+    ASSERT_TRUE(AppendWizardTabs(main, wizard));
+    EXPECT_EQ(document.FieldA(25), "typed");
+    EXPECT_EQ(Joined(document.FieldA, 1, 5), "a1|1|2|3|a5");
+    EXPECT_EQ(Joined(document.FieldB, 1, 5), "b1||||b5") << "empty values are values too";
+    EXPECT_EQ(document.CurrentPage, 1);
+    EXPECT_EQ(editor.broughtUp, 1);
+    main.editor = nullptr;
+}
+
+TEST_F(WizardTest, WhatIsTooLargeLeavesAllAsItWas) {
+    const struct {
+        int type, currentTab;
+        const char *count, *pages, *labels;
+    } refused[] = {
+        {5, 0, "32766", "2730", "32760"}, {0, 24, "32738", "1365", "32736"}, {3, 2, "32725", "606", "32724"}};
+    for (const auto& c : refused) {
+        MakeDocument(2, 2, c.type);
+        document.CurrentTab = static_cast<std::int16_t>(c.currentTab);
+        const std::string state = State();
+        Number(c.count);
+        program.ui.Expect(std::string("The maximum number of pages for this type on label is: ") + c.pages +
+                              "\r\nPlease change your number of labels to " + c.labels,
+                          Icon::Information);
+        EXPECT_FALSE(AppendWizardTabs(main, wizard));
+        EXPECT_EQ(document.CurrentTab, std::max(1, c.currentTab));
+        document.CurrentTab = 3;
+        Number("32766");
+        EXPECT_THROW(AppendWizardTabs(main, wizard), OverflowError);
+        EXPECT_EQ(State(), state);
+        EXPECT_FALSE(document.DocChanged || history.CanUndo());
+    }
+    EXPECT_EQ(program.ui.beeps, 3);
+    Number("32724");
+    document.CurrentTab = 1;
+    EXPECT_TRUE(AppendWizardTabs(main, wizard)) << "the most that fits";
+    EXPECT_EQ(document.FieldA(32724), "32724");
+}
+
+} // namespace
+} // namespace velmora

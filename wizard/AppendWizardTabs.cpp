@@ -1,0 +1,64 @@
+#include "wizard/AppendWizardTabs.h"
+
+#include "base/Numbers.h"
+#include "document/Dialogs.h"
+#include "document/Pages.h"
+#include "document/Undo.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+constexpr int kMostTabs = 32767;
+
+/// Of the document once it holds the values, never fewer than it has.
+std::int16_t PagesAfter(const TabDocument& document, int start, int count) {
+    const std::int16_t last = Add16(Add16(start, count), -1);
+    return std::max(document.NoOfPages, PagesForTabs(last, document.TabsPerPage));
+}
+
+void TellLimit(MainModule& main, int start) {
+    const int perPage = main.document.TabsPerPage;
+    main.ui.Beep();
+    Tell(main, "The maximum number of pages for this type on label is: " + std::to_string(kMostTabs / perPage) +
+                   "\r\nPlease change your number of labels to " +
+                   std::to_string((kMostTabs - 1 - start) / perPage * perPage));
+}
+
+void GrowTo(TabDocument& document, std::int16_t pages) {
+    document.NoOfPages = pages;
+    document.TabCount = Multiply16(pages, document.TabsPerPage);
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        document.Field(field).Resize(document.TabCount);
+}
+
+void CopyValues(const WizardState& wizard, TabDocument& document) {
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        if (wizard.WizFieldUsed[static_cast<std::size_t>(field)])
+            CopyTabRange(wizard.Buffer(field), 1, wizard.NewTabCount, document.Field(field), document.CurrentTab);
+}
+
+} // namespace
+
+bool AppendWizardTabs(MainModule& main, const WizardState& wizard) {
+    TabDocument& document = main.document;
+    const std::int16_t start = std::max<std::int16_t>(1, document.CurrentTab);
+    const std::int16_t pages = PagesAfter(document, start, wizard.NewTabCount);
+    document.CurrentTab = start;
+    if (pages * document.TabsPerPage >= kMostTabs) {
+        TellLimit(main, start);
+        return false;
+    }
+    SaveLabel(main, document.CurrentPage, document.TabsPerPage);
+    KeepRecoveryCopy(main);
+    const UndoStep step(main.history, main, "AutoRepeat Wizard");
+    GrowTo(document, pages);
+    CopyValues(wizard, document);
+    document.CurrentPage = PagesForTabs(start, document.TabsPerPage);
+    SaveGlobals(main);
+    ShowChangedPages(main);
+    return true;
+}
+
+} // namespace velmora

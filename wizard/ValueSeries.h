@@ -1,0 +1,74 @@
+// The values that the wizard gives to new tabs: running numbers, names of months and days in turn, or one text for all.
+#pragma once
+
+#include "document/TabDocument.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace velmora {
+
+inline constexpr int kNameStyles = 4;
+inline constexpr int kMonths = 12;
+inline constexpr int kDays = 7;
+
+/// Indexed by style - 1 and month - 1. The irregular abbreviations are as they have always been printed.
+extern const std::array<std::array<std::string_view, kMonths>, kNameStyles> MonthNameTable;
+/// The week starts on Monday.
+extern const std::array<std::array<std::string_view, kDays>, kNameStyles> DayNameTable;
+/// The captions of the styles 1 to 4.
+extern const std::array<std::string_view, kNameStyles> kStyleCaptions;
+/// The choices of a number's format, as the list shows them.
+extern const std::array<std::string_view, 15> kNumberFormats;
+inline constexpr int kWidestFormat = 15;
+
+/// Digits that the example in a format's text has; 0 for a text without an example.
+int FormatWidth(std::string_view format);
+/// The place in kNumberFormats of the narrowest format with at least `width` digits; the last one for more than it has.
+std::size_t FormatOfWidth(int width);
+
+/// The capital form of a caption that is one of the names; any other caption as it is.
+std::string UpperCaption(std::string_view caption);
+/// The way back: capital first letter, the rest small.
+std::string LowerCaption(std::string_view caption);
+
+/// first, first + 1 and so on. With a width of 0 the texts before and after are not used.
+struct NumberSeries {
+    std::int32_t first = 1;
+    int width = 0; ///< least number of digits, filled up with zeros
+    std::string before;
+    std::string after;
+    bool operator==(const NumberSeries&) const = default;
+};
+
+/// The names in turn, again and again. Never without a name.
+struct NameSeries {
+    std::vector<std::string> names;
+};
+
+struct TextSeries {
+    std::string text;
+};
+
+using ValueSeries = std::variant<NumberSeries, NameSeries, TextSeries>;
+
+/// The input without blanks at its ends, its first `most` characters.
+TextSeries MakeTextSeries(std::string_view input, std::int16_t most);
+
+/// Writes one value into every entry. Raises OverflowError, with nothing written, when a number leaves the 32-bit
+/// range.
+void FillBuffer(const ValueSeries& series, FieldTexts& buffer);
+
+struct Preview {
+    std::vector<std::string> first; ///< three, or all when there are fewer
+    std::string last;
+};
+
+/// What FillBuffer will write into `count` entries (at least 1). Raises OverflowError.
+Preview PreviewValues(const ValueSeries& series, std::int32_t count);
+
+} // namespace velmora

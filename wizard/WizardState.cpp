@@ -1,0 +1,215 @@
+#include "wizard/WizardState.h"
+
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "document/Dialogs.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+constexpr std::int16_t kLongText = 20;
+constexpr std::int16_t kShortText = 10;
+
+std::int16_t MostCharacters(int fieldNo, int fieldsInUse) {
+    return fieldNo == 1 || (fieldNo == 2 && fieldsInUse == 2) ? kLongText : kShortText;
+}
+
+/// "Field A" for "FieldA".
+std::string FieldName(const WizardState& wizard) {
+    const std::string& key = wizard.CurrentFieldKey;
+    return key.empty() ? key : "Field " + key.substr(key.size() - 1);
+}
+
+bool HasCurrentField(const WizardState& wizard) {
+    return wizard.CurrentFieldNo >= 1 && wizard.CurrentFieldNo <= kFieldsPerTab;
+}
+
+void FillCurrentField(WizardState& wizard, const ValueSeries& series, const char* flag) {
+    if (!HasCurrentField(wizard))
+        return;
+    FillBuffer(series, wizard.Buffer(wizard.CurrentFieldNo - 1));
+    wizard.FieldDone[static_cast<std::size_t>(wizard.CurrentFieldNo - 1)] = true;
+    wizard.LastFillFlag = flag;
+}
+
+std::string CancelQuestion(WizardPage page) {
+    const std::string start = "If you cancel this wizard, none of the settings will be saved.";
+    switch (page) {
+    case WizardPage::Style:
+    case WizardPage::Fonts: return start + "  Are you sure you want to cancel?";
+    case WizardPage::Introduction:
+    case WizardPage::Text:
+    case WizardPage::Ticks: return start + "  Are you sure you want to cancel ?";
+    default: return start + " Are you sure you want to cancel ?";
+    }
+}
+
+} // namespace
+
+void StartWizard(WizardState& wizard) {
+    wizard.WizFieldUsed = {};
+}
+
+std::optional<std::string> CheckCount(std::string_view text) {
+    if (!IsNumeric(text))
+        return "Please use numerics only!";
+    const double count = ToDouble(text);
+    if (count < 1 || count > kMostNewTabs)
+        return "The value must be between 1 and " + std::to_string(kMostNewTabs);
+    return std::nullopt;
+}
+
+std::optional<std::string> ConfirmCount(WizardState& wizard, std::string_view text) {
+    if (auto message = CheckCount(text))
+        return message;
+    wizard.LastFillFlag.clear();
+    wizard.NewTabCount = ToInt16(ToDouble(text));
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        wizard.Buffer(field).ReDim(wizard.NewTabCount);
+    wizard.FieldDone = {};
+    return std::nullopt;
+}
+
+void ChooseField(WizardState& wizard, const TabDocument& document, int fieldNo) {
+    if (fieldNo < 1 || fieldNo > document.NoOfFields)
+        throw SubscriptError();
+    wizard.CurrentFieldNo = static_cast<std::int16_t>(fieldNo);
+    wizard.WizFieldUsed[static_cast<std::size_t>(fieldNo - 1)] = true;
+    wizard.CurrentFieldKey = std::string("Field") + static_cast<char>('A' + fieldNo - 1);
+    wizard.FieldMaxLen = MostCharacters(fieldNo, document.NoOfFields);
+}
+
+WizardPage ChooseKind(WizardState& wizard, ValueKind kind) {
+    static constexpr std::array<const char*, 4> kNames = {"Numeric", "Month", "Day", "Text"};
+    if (HasCurrentField(wizard))
+        wizard.FieldKind[static_cast<std::size_t>(wizard.CurrentFieldNo - 1)] = kNames[static_cast<std::size_t>(kind)];
+    if (kind == ValueKind::Numeric)
+        return WizardPage::Numbers;
+    if (kind == ValueKind::Text)
+        return WizardPage::Text;
+    wizard.MonthMode = kind == ValueKind::Month;
+    return WizardPage::Style;
+}
+
+void ChooseStyle(WizardState& wizard, int style) {
+    if (style < 1 || style > kNameStyles)
+        throw SubscriptError();
+    wizard.MonthStyle = wizard.DayStyle = static_cast<std::int16_t>(style);
+}
+
+std::vector<std::string> TickCaptions(const WizardState& wizard) {
+    if (wizard.MonthMode) {
+        const auto& months = MonthNameTable.at(static_cast<std::size_t>(wizard.MonthStyle - 1));
+        return {months.begin(), months.end()};
+    }
+    const auto& days = DayNameTable.at(static_cast<std::size_t>(wizard.DayStyle - 1));
+    return {days.begin(), days.end()};
+}
+
+NumberSeries ReadNumberPage(std::string_view first, std::string_view format, std::string_view before,
+                            std::string_view after) {
+    const std::int32_t number = IsNumeric(first) ? ToInt32(ToDouble(first)) : 1;
+    return {number, FormatWidth(format), OneLine(before), OneLine(after)};
+}
+
+std::optional<NameSeries> ReadTicks(const std::vector<TickBox>& boxes) {
+    NameSeries series;
+    for (const TickBox& box : boxes)
+        if (box.ticked)
+            series.names.push_back(box.caption);
+    return series.names.empty() ? std::nullopt : std::optional(std::move(series));
+}
+
+void FillNumbers(WizardState& wizard, const NumberSeries& series) {
+    FillCurrentField(wizard, series, "Num_Yes");
+}
+
+std::optional<std::string> FillNames(WizardState& wizard, const std::vector<TickBox>& boxes) {
+    const auto series = ReadTicks(boxes);
+    if (!series)
+        return "Please make a selection before you click next or click on Cancel.";
+    FillCurrentField(wizard, *series, wizard.MonthMode ? "Yes_Mon" : "Yes_Day");
+    return std::nullopt;
+}
+
+void FillText(WizardState& wizard, std::string_view input) {
+    FillCurrentField(wizard, MakeTextSeries(input, wizard.FieldMaxLen), "Yes_Text");
+}
+
+bool AllFieldsDone(const WizardState& wizard, const TabDocument& document) {
+    const auto begin = wizard.FieldDone.begin();
+    return std::all_of(begin, begin + document.NoOfFields, [](bool done) { return done; });
+}
+
+WizardPage PageAfterField(const WizardState& wizard, const TabDocument& document) {
+    return AllFieldsDone(wizard, document) ? WizardPage::Fonts : WizardPage::Chooser;
+}
+
+std::optional<WizardPage> PageBefore(WizardPage page) {
+    switch (page) {
+    case WizardPage::Introduction: break;
+    case WizardPage::Count: return WizardPage::Introduction;
+    case WizardPage::Chooser: return WizardPage::Count;
+    case WizardPage::Type:
+    case WizardPage::Fonts: return WizardPage::Chooser;
+    case WizardPage::Numbers:
+    case WizardPage::Style:
+    case WizardPage::Text: return WizardPage::Type;
+    case WizardPage::Ticks: return WizardPage::Style;
+    }
+    return std::nullopt;
+}
+
+PageTexts TextsOfPage(WizardPage page, const WizardState& wizard) {
+    const std::string field = FieldName(wizard);
+    const std::string names = wizard.MonthMode ? "MONTH SETTINGS" : "DAY SETTINGS";
+    switch (page) {
+    case WizardPage::Introduction:
+        return {"",
+                {"This wizard is designed to help you automatically  create a batch of  labels. This is mainly used "
+                 "when you want for example, to print 50 lables with the same  text or if you want numbered lables eg. "
+                 "( No.1, No.2, No.3, ...)",
+                 "Please note that all the new lables that are created will appear at the end of the file.   ( i.e. if "
+                 "you have 10 pages of lables and this wizard add's one, it will be page 11)"}};
+    case WizardPage::Count:
+        return {"",
+                {"How many  tabs do you want to automatically create ?", "Example of a tab",
+                 "The above picture is a simple tab layout, broken down into three fields. You will be required to "
+                 "answer basic questions to help assist you in custom designing your lables to meet your requirements. "
+                 "All printing in each field, begins from left to right."}};
+    case WizardPage::Chooser:
+        return {"",
+                {"Please choose in which field you would like a wizard to assist you in customizing your tab layout."}};
+    case WizardPage::Type: return {"", {field + " can be set to one of four type of settings."}};
+    case WizardPage::Numbers:
+        return {"NUMBER SETTINGS",
+                {"What would you like the first number of the tab to be ?",
+                 "What type of tab numbering format would you like ?",
+                 "You can add any text before and/or after the number !"}};
+    case WizardPage::Style: return {names, {field + " can be set to one of two LANGUAGE and STYLES selections."}};
+    case WizardPage::Ticks: return {names, {}};
+    case WizardPage::Text:
+        return {"TEXT SETTINGS",
+                {"Text fields will be set to a LIMITED amount of characters.  Font size 10 was used to determine this "
+                 "limited.  The text may not fit on the label if you use a larger font.",
+                 field + " will be set to a LIMITED amount of " + std::to_string(wizard.FieldMaxLen) + " characters."}};
+    case WizardPage::Fonts: break;
+    }
+    return {};
+}
+
+std::string FieldPicture(const WizardState& wizard) {
+    return HasCurrentField(wizard) ? "blk" + std::to_string(wizard.CurrentFieldNo) + ".gif" : std::string();
+}
+
+bool ConfirmCancel(MainModule& main, WizardState& wizard, WizardPage page) {
+    if (Ask(main, CancelQuestion(page), Buttons::YesNo) != Answer::Yes)
+        return false;
+    wizard = {};
+    return true;
+}
+
+} // namespace velmora
