@@ -26,6 +26,7 @@ std::string DisplayName(const std::string& file) {
 Answer BatchInterface::Show(const Message& message) {
     if (message.icon == Icon::Critical || message.icon == Icon::Exclamation)
         throw Error(message.text);
+    told = message.text;
     return Answer::Ok;
 }
 

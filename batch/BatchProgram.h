@@ -4,6 +4,7 @@
 
 #include "app/settings/mdlSettings.h"
 #include "base/AtomicFile.h"
+#include "base/Text.h"
 #include "document/TabFile.h"
 #include "document/mdlMain.h"
 #include "platform/UserInterface.h"
@@ -25,9 +26,10 @@ public:
     using Error::Error;
 };
 
-/// Nobody can answer: a critical message becomes the command's error, any other is passed over.
+/// Nobody can answer: a critical message becomes the command's error, any other is kept for the command that wants it.
 class BatchInterface : public UserInterface {
 public:
+    std::string told; ///< the last message that was passed over
     Answer Show(const Message& message) override;
     void Beep() override {}
     std::unique_ptr<Progress> StartProgress(const std::string& text, int total) override;
@@ -49,6 +51,8 @@ public:
     SettingsStore& Settings() { return settings_; }
     MainModule& Main() { return main_; }
     LayoutValues& Layout() { return layout_; }
+    /// The last message that a person would have read and clicked away, in one line.
+    std::string Told() const { return OneLine(ui_.told); }
 
 private:
     BatchInterface ui_;

@@ -31,6 +31,15 @@ struct NewArguments {
 };
 int RunNew(const NewArguments& arguments);
 
+struct FillArguments {
+    std::string file;
+    int start = 1;
+    int count = 0;
+    std::vector<std::string> fields; ///< such as "A=number,first=7,width=3,before=No."
+    std::string output;
+};
+int RunFill(const FillArguments& arguments);
+
 /// One line per problem on standard output; kFailed when there is any.
 int RunCheck(const std::vector<std::string>& files);
 

@@ -4,6 +4,7 @@
 #include "batch/BatchProgram.h"
 #include "batch/Commands.h"
 #include "document/Stationery.h"
+#include "wizard/WizardState.h"
 
 #include <CLI/CLI.hpp>
 
@@ -22,6 +23,7 @@ struct Request {
     InfoArguments info;
     PdfArguments pdf;
     NewArguments create;
+    FillArguments fill;
     std::vector<std::string> check;
     SettingsArguments settings;
     std::function<int()> run;
@@ -56,6 +58,27 @@ void AddNew(CLI::App& app, Request& request) {
         ->required()
         ->check(kNotEmpty);
     command->callback([&] { request.run = [&] { return RunNew(request.create); }; });
+}
+
+void AddFill(CLI::App& app, Request& request) {
+    FillArguments& fill = request.fill;
+    CLI::App* command = app.add_subcommand("fill", "Give many tabs their texts");
+    command->add_option("FILE", fill.file, "Tab file, - for standard input")->required()->check(kNotEmpty);
+    command->add_option("--start", fill.start, "First tab to fill; one behind the last appends")
+        ->check(CLI::Range(1, 32767));
+    command->add_option("--count", fill.count, "Tabs to fill")->required()->check(CLI::Range(1, kMostNewTabs));
+    command
+        ->add_option("--field", fill.fields,
+                     "A field and its values, once per field:\n"
+                     "A=number,first=7,width=3,before=No.,after=/x\n"
+                     "B=month,style=2,names=3+6,upper (or day; all names by default)\n"
+                     "C=text,value=\"in quotes, with commas\"")
+        ->required()
+        ->allow_extra_args(false);
+    command->add_option("-o,--output", fill.output, "Tab file to write, - for standard output")
+        ->required()
+        ->check(kNotEmpty);
+    command->callback([&] { request.run = [&] { return RunFill(request.fill); }; });
 }
 
 void AddCheck(CLI::App& app, Request& request) {
@@ -117,6 +140,7 @@ int main(int argc, char** argv) {
     AddInfo(app, request);
     AddPdf(app, request);
     AddNew(app, request);
+    AddFill(app, request);
     AddCheck(app, request);
     AddSettings(app, request);
     try {

@@ -24,22 +24,6 @@ bool HoldsComma(const TabDocument& document, int tab) {
     return false;
 }
 
-/// The format has no quoting: who typed a comma must know what becomes of it.
-void WarnOfCommas(MainModule& main) {
-    std::size_t count = 0;
-    std::string named;
-    for (int tab = 1; tab <= main.document.TabCount; ++tab)
-        if (HoldsComma(main.document, tab) && ++count <= kTabsNamed)
-            named += (named.empty() ? "" : ", ") + std::to_string(tab);
-    if (count == 0)
-        return;
-    if (count > kTabsNamed)
-        named += " and " + std::to_string(count - kTabsNamed) + " more";
-    Tell(main, "These tabs hold commas: " + named +
-                   ".\r\nA comma separates the fields in the file. When it is opened again, the text after a comma "
-                   "moves into the next field.");
-}
-
 /// Nothing when written; the system's refusal otherwise.
 std::optional<FileAccessError> TryWrite(MainModule& main, const fs::path& path, FileHeader header) {
     const std::string bytes = TabFileBytes(main.document, main.settings, main.ui, header);
@@ -166,6 +150,21 @@ SaveOutcome Save(MainModule& main, SaveKind kind) {
 }
 
 } // namespace
+
+void WarnOfCommas(MainModule& main) {
+    std::size_t count = 0;
+    std::string named;
+    for (int tab = 1; tab <= main.document.TabCount; ++tab)
+        if (HoldsComma(main.document, tab) && ++count <= kTabsNamed)
+            named += (named.empty() ? "" : ", ") + std::to_string(tab);
+    if (count == 0)
+        return;
+    if (count > kTabsNamed)
+        named += " and " + std::to_string(count - kTabsNamed) + " more";
+    Tell(main, "These tabs hold commas: " + named +
+                   ".\r\nA comma separates the fields in the file. When it is opened again, the text after a comma "
+                   "moves into the next field.");
+}
 
 void SaveFile(MainModule& main, const fs::path& path, FileHeader header) {
     main.document.FileError = true;

@@ -21,6 +21,9 @@ enum class SaveOutcome { Saved, Failed, Cancelled };
 /// caption shows it; an export leaves name, caption and unsaved changes as they are.
 SaveOutcome SaveLabels(MainModule& main, SaveKind kind);
 
+/// Tells which tabs hold commas, which the file cannot keep; nothing when none does.
+void WarnOfCommas(MainModule& main);
+
 /// Writes one file, with its questions after a failure. `FileError` tells the outcome.
 void SaveFile(MainModule& main, const std::filesystem::path& path, FileHeader header = FileHeader::Written);
 

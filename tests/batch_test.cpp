@@ -205,6 +205,56 @@ TEST_F(BatchTest, NewFilesAreCleanAndBounded) {
     }
 }
 
+TEST_F(BatchTest, FillGivesTheTabsFromOneOnTheirTexts) {
+    Write("in.csv", TabFileText(0, 3, "0,0", 24, [](int) { return "a,b,c"; }));
+    const Result run =
+        Batch("fill in.csv --start 23 --count 4 --field A=number,first=9,width=2,before=No.,after=/x "
+              "--field B=month,style=2,names=6+3,upper --field 'C=text,value=\" x, \"\"y\"\" \"' -o out.csv");
+    EXPECT_EQ(run.code, 0);
+    EXPECT_TRUE(run.output.starts_with("velmora-batch: These tabs hold commas: 23, 24, 25, 26. ")) << run.output;
+    const std::string bytes = ReadFile(folder / "out.csv");
+    EXPECT_NE(bytes.find("a,b,c\r\nNo.09/x,MAART,x, \"y\"\r\nNo.10/x,JUNIE,x, \"y\"\r\nNo.11/x,MAART,x, \"y\"\r\n"),
+              std::string::npos)
+        << bytes;
+    ASSERT_EQ(Batch("fill - --start 25 --count 8 --field A=day -o in.csv < in.csv").code, 0);
+    const auto info = nlohmann::json::parse(Batch("info --tabs in.csv").output);
+    EXPECT_EQ(info["pages"], 2);
+    EXPECT_EQ(info["texts"][23], (nlohmann::json{"a", "b", "c"}));
+    EXPECT_EQ(info["texts"][31], (nlohmann::json{"Monday", "", ""})) << "all names by default";
+    EXPECT_EQ(Batch("check in.csv").output, "");
+}
+
+TEST_F(BatchTest, FillRefusesWhatTheWizardWould) {
+    Write("in.csv", TabFileText(0, 2, "0,0", 24, [](int) { return "a,b,c"; }));
+    const std::pair<const char*, const char*> cases[] = {
+        {"--count 32766 --field A=day", "--count: The maximum number of pages for this type on label is: 1365 Please "
+                                        "change your number of labels to 32760"},
+        {"--start 9 --count 32760 --field A=day", "--count: Overflow: there is no tab beyond 32767"},
+        {"--start 26 --count 1 --field A=day", "--start: the document has 24 tabs"},
+        {"--count 3 --field C=day", "--field C=day: fields per tab in this document: 2"},
+        {"--count 3 --field A=day --field A=text", "--field A=text: this field has its values already"},
+        {"--count 3 --field D=day", "--field D=day: starts with no field A, B or C"},
+        {"--count 3 --field A=year", "--field A=year: \"year\" is none of number, month, day and text"},
+        {"--count 3 --field A=day,width=2", "--field A=day,width=2: \"width\" is no setting of day"},
+        {"--count 3 --field A=day,names=2+8", "--field A=day,names=2+8: names must be 1 to 7"},
+        {"--count 3 --field A=number,before=x", "--field A=number,before=x: before and after need a width"},
+        {"--count 3 --field A=number,first=2147483646", "--field A=number,first=2147483646: Overflow"},
+        {"--count 3 --field B=text,value=123456789012345678901",
+         "--field B=text,value=123456789012345678901: value has more than 20 characters"},
+        {"--count 3 --field 'A=text,value=\"x'", "--field A=text,value=\"x: a double quote is not closed"},
+        {"--count 3 --field 'A=text,value=\"x\"y'",
+         "--field A=text,value=\"x\"y: a comma must follow the closing quote"}};
+    for (const auto& [arguments, output] : cases) {
+        const Result result = Batch("fill in.csv -o out.csv " + std::string(arguments));
+        EXPECT_EQ(result.code, 2) << arguments;
+        EXPECT_EQ(result.output, "velmora-batch: " + std::string(output) + "\n");
+    }
+    for (const char* arguments : {"--count 0 --field A=day", "--count 3", "--field A=day",
+                                  "--count 3 --field A=text,value=\"$(printf 'a\\nb')\""})
+        EXPECT_EQ(Batch("fill in.csv -o out.csv " + std::string(arguments)).code, 2) << arguments;
+    EXPECT_FALSE(fs::exists(folder / "out.csv"));
+}
+
 TEST_F(BatchTest, FailuresAreOneClearLine) {
     Write("old.pdf", "old");
     Write("cut.csv", "Version 8\r\nP,A4,0,1\r\n");
