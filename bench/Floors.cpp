@@ -91,6 +91,17 @@ void Save(const std::filesystem::path& path, const std::string& header, const Ar
     ::rename(temporary.c_str(), path.c_str());
 }
 
+std::vector<std::string> Fill(int count) {
+    std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(count));
+    std::array<char, 32> text{};
+    for (int i = 1; i <= count; ++i) {
+        const int length = std::snprintf(text.data(), text.size(), "No.%05d/x", i);
+        texts.emplace_back(text.data(), static_cast<std::size_t>(length));
+    }
+    return texts;
+}
+
 void Pdf(const std::filesystem::path& path, const Arrays& tabs) {
     std::string pdf = "%PDF-1.4\n";
     std::vector<std::size_t> offsets;

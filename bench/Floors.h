@@ -14,6 +14,8 @@ using Arrays = std::array<std::vector<std::string>, 3>;
 Arrays Open(const std::filesystem::path& path);
 /// Three arrays into a file: temporary sibling, flush, rename.
 void Save(const std::filesystem::path& path, const std::string& header, const Arrays& tabs);
+/// "No.00001/x" and so on: only the texts are made, in one array.
+std::vector<std::string> Fill(int count);
 /// Compressed page streams of single-byte text in one font that every reader brings along: nothing shaped, nothing
 /// embedded. 24 tabs on a sheet.
 void Pdf(const std::filesystem::path& path, const Arrays& tabs);

@@ -4,10 +4,12 @@
 #include "base/AtomicFile.h"
 #include "bench/Floors.h"
 #include "document/OpenDocument.h"
+#include "document/Undo.h"
 #include "platform/linux/BuiltInPrinters.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/RegistryFile.h"
 #include "print/PdfReport.h"
+#include "wizard/AppendWizardTabs.h"
 
 #include <algorithm>
 #include <chrono>
@@ -25,6 +27,7 @@ namespace fs = std::filesystem;
 constexpr int kRounds = 11;
 constexpr int kLargeTabs = 32760;
 constexpr int kSmallTabs = 24;
+constexpr int kFilledTabs = 32000;
 
 class NoInterface : public UserInterface {
     class NoProgress : public Progress {
@@ -122,6 +125,19 @@ struct Bench {
 
     void Load(const char* name) { LoadDocument(main, ReadTabFile(folder / name)); }
     void Save() { ReplaceFile(folder / "out.csv", TabFileBytes(main.document, settings, ui)); }
+    /// The wizard from its count page to Finish, with its step of undo.
+    void Fill(const TabDocument& start) {
+        UndoHistory history;
+        main.document = start;
+        main.history = &history;
+        WizardState wizard;
+        ConfirmCount(wizard, std::to_string(kFilledTabs));
+        ChooseField(wizard, main.document, 1);
+        FillNumbers(wizard, {1, 5, "No.", "/x"});
+        if (!AppendWizardTabs(main, wizard))
+            throw Error("the wizard refused");
+        main.history = nullptr;
+    }
     void LayOutAll() {
         rptVelmor report = PrepareReport(main, layout, {});
         Sheet sheet;
@@ -152,6 +168,14 @@ void MeasureDocument(Bench& bench, const char* name, const std::string& what, co
                 static_cast<double>(fs::file_size(folder / "out.pdf")) / 1e6);
 }
 
+void MeasureFill(Bench& bench) {
+    bench.Load("small.csv");
+    const TabDocument start = bench.main.document;
+    Row(
+        "fill 32,000 numbers with prefix and padding", [&] { bench.Fill(start); }, [] { floors::Fill(kFilledTabs); },
+        "10 ms");
+}
+
 void MeasureProcesses(Bench& bench) {
     const auto pdf = [&](const char* name) {
         return RunBatch({"pdf", (bench.folder / name).string(), "-o", (bench.folder / "process.pdf").string()});
@@ -173,6 +197,7 @@ int main() {
                     "ratio");
         MeasureDocument(bench, "large.csv", "32,760 tabs, 1,365 sheets", "2 x");
         MeasureDocument(bench, "small.csv", "24 tabs, one sheet", "-");
+        MeasureFill(bench);
         MeasureProcesses(bench);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "velmora-bench: %s\n", error.what());

@@ -25,7 +25,7 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"print", {"base", "platform", "app/settings", "document"}},
     {"editor", {"base", "platform", "app/settings", "document"}},
     {"app", {"base", "platform", "app/settings", "document", "wizard", "print", "editor"}},
-    {"bench", {"base", "platform", "platform/linux", "app/settings", "document", "print"}},
+    {"bench", {"base", "platform", "platform/linux", "app/settings", "document", "wizard", "print"}},
     {"batch", {"base", "platform/linux", "platform", "app/settings", "document", "wizard", "print", "editor", "app"}},
 };
 
