@@ -3,8 +3,10 @@
 #include "base/Error.h"
 #include "base/Text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <optional>
 
@@ -104,6 +106,19 @@ double ToDouble(std::string_view text) {
     if (!std::isfinite(*value))
         throw OverflowError();
     return *value;
+}
+
+std::string NumberText(double value) {
+    constexpr int kDigits = 15; // the last one or two of a double are rounding
+    char text[40];
+    const auto end = std::to_chars(std::begin(text), std::end(text), value, std::chars_format::general, kDigits).ptr;
+    return {text, end};
+}
+
+std::string WithDecimalPoint(std::string_view typed) {
+    std::string pointed(typed);
+    std::replace(pointed.begin(), pointed.end(), ',', '.');
+    return IsNumeric(pointed) ? pointed : std::string(typed);
 }
 
 bool IsFlag(std::string_view text) {

@@ -27,6 +27,11 @@ bool IsNumeric(std::string_view text);
 /// else, the empty text included, and OverflowError for a number too large for a double.
 double ToDouble(std::string_view text);
 
+/// The shortest text that ToDouble reads as `value`, to 15 digits.
+std::string NumberText(double value);
+/// As a person types it: a decimal comma becomes a point where that makes it a number. Any other text as it is.
+std::string WithDecimalPoint(std::string_view typed);
+
 /// True for "True" or "False" in any letter case, blanks around, and for every number.
 bool IsFlag(std::string_view text);
 /// A number is true when it is not 0. Raises TypeMismatchError where IsFlag is false.

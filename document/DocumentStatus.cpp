@@ -24,9 +24,12 @@ void LoadDocumentProperties(MainModule& main) {
 } // namespace
 
 void ShowDocumentStatus(MainModule& main) {
+    ShowDocumentStatus(main, main.document);
+}
+
+void ShowDocumentStatus(MainModule& main, const TabDocument& document) {
     if (!main.status)
         return;
-    const TabDocument& document = main.document;
     main.status->SetPanel(1, "Stationery: " + document.StationeryType);
     main.status->SetPanel(2, "Tab Type: " + TabTypeText(document.OptType));
     main.status->SetPanel(3, "No of fields: " + std::to_string(document.NoOfFields));

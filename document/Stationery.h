@@ -26,6 +26,8 @@ struct GridGeometry {
 struct TabType {
     std::string_view stationery; ///< "A4" or "DL"
     std::string_view caption;    ///< as in the page set-up; the status line shows the part after the "-"
+    std::string_view label;      ///< as in the printer set-up wizard
+    std::string_view picture;    ///< file in the images folder, found whatever its letter case
     std::int16_t rows;
     std::int16_t columns;
     GridGeometry grid;

@@ -38,8 +38,9 @@ struct PlacedText {
 struct Sheet {
     Paper paper;
     std::vector<PlacedText> texts;
-    std::vector<Box> tabs;   ///< text bands of all tabs of the sheet, for the outline
-    std::vector<Box> fields; ///< boxes of all fields in use, for the outline
+    std::vector<Box> tabs;       ///< text bands of all tabs of the sheet, for the outline
+    std::vector<Box> fields;     ///< boxes of all fields in use, for the outline
+    std::vector<Box> marks = {}; ///< filled black: rulers
 };
 
 } // namespace velmora

@@ -50,6 +50,13 @@ Box Common(const Box& a, const Box& b) {
 
 } // namespace
 
+LinePlace PlaceLine(const PlacedText& placed, const ShapedText& text, const FontSettings& fonts) {
+    const double left = LeftOf(placed, text.width);
+    const std::int16_t vertical = fonts[static_cast<std::size_t>(placed.field)].VerticalAlignment;
+    const double baseline = BaselineOf(placed.box, vertical, text);
+    return {left, baseline, FitsIn(placed.box, text, left, baseline)};
+}
+
 SheetPainter::SheetPainter(const FontCatalogue& catalogue, const FontSettings& fonts)
     : fonts_(fonts), shaper_(catalogue, fonts) {}
 
@@ -61,6 +68,8 @@ void SheetPainter::Paint(const Sheet& sheet, Canvas& canvas, Outlines outlines) 
         for (const Box& box : sheet.tabs)
             canvas.DrawOutline(box, OutlineStyle::Tab);
     }
+    for (const Box& mark : sheet.marks)
+        canvas.FillBox(mark);
     for (const PlacedText& placed : sheet.texts)
         PaintText(placed, canvas);
     canvas.EndSheet();
@@ -70,10 +79,8 @@ void SheetPainter::PaintText(const PlacedText& placed, Canvas& canvas) {
     const ShapedText& text = shaper_.Shape(placed.text, placed.field);
     if (text.runs.empty())
         return;
-    const double left = LeftOf(placed, text.width);
-    const std::int16_t vertical = fonts_[static_cast<std::size_t>(placed.field)].VerticalAlignment;
-    const double baseline = BaselineOf(placed.box, vertical, text);
-    if (FitsIn(placed.box, text, left, baseline))
+    const auto [left, baseline, fits] = PlaceLine(placed, text, fonts_);
+    if (fits)
         canvas.DrawText(text, left, baseline, std::nullopt);
     else
         canvas.DrawText(text, left, baseline, placed.box);

@@ -8,6 +8,14 @@ namespace velmora {
 /// The boxes of tabs and fields around the texts.
 enum class Outlines { Hidden, Shown };
 
+/// Where a shaped line stands, in twips from the top left corner of the sheet.
+struct LinePlace {
+    double left;
+    double baseline;
+    bool fits; ///< else what lies outside the box is cut off
+};
+LinePlace PlaceLine(const PlacedText& placed, const ShapedText& text, const FontSettings& fonts);
+
 /// Puts the texts of a sheet into their boxes in the fonts of their fields.
 class SheetPainter {
 public:

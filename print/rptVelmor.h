@@ -58,6 +58,9 @@ public:
     void FormatFields(std::int16_t numFields, std::int16_t cols, std::int16_t style, const FontSettings& fonts);
     void SetPage(const Paper& paper, const PageMargins& margins);
 
+    /// Horizontal alignments of fields 1 to 3 as they are printed.
+    const std::array<std::int16_t, kFieldsPerTab>& Alignments() const { return alignments_; }
+
     int SheetCount() const;
     /// Lays out sheet `number`, counted from 1; `sheet` is reused, so that one sheet is in memory at a time.
     void LayOutSheet(int number, Sheet& sheet);

@@ -34,11 +34,12 @@ public:
     }
 
     int beeps = 0;
+    std::string boxTitle = "Velmora"; ///< of all message boxes to come
     std::vector<std::string> progressTexts;
 
     Answer Show(const Message& message) override {
         const Step step = Next(message.text);
-        if (step.icon != message.icon || step.buttons != message.buttons || message.title != "Velmora" ||
+        if (step.icon != message.icon || step.buttons != message.buttons || message.title != boxTitle ||
             step.defaultButton != message.defaultButton)
             fail_("other icon, buttons, default button or title: " + message.text);
         if (step.meanwhile)

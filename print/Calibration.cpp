@@ -1,0 +1,122 @@
+#include "print/Calibration.h"
+
+#include "base/Numbers.h"
+#include "document/Dialogs.h"
+#include "document/Undo.h"
+#include "print/rptVelmor.h"
+
+#include <limits>
+
+namespace velmora {
+namespace {
+
+constexpr std::string_view kSection = "Margin Settings";
+constexpr double kSecondColumn = 2880; // twips, like the rows
+constexpr double kFirstRow = 840;
+constexpr double kSecondRow = 2040;
+constexpr double kEndOfDrawing = 252; // millimetres
+
+struct SampleKeys {
+    SettingKey left;
+    SettingKey top;
+};
+
+constexpr std::array<SampleKeys, 4> kSamples = {{
+    {{kSection, "MarginLeft1", "0", IsNumeric}, {kSection, "MarginTop1", "840", IsNumeric}},
+    {{kSection, "MarginLeft2", "2880", IsNumeric}, {kSection, "MarginTop2", "840", IsNumeric}},
+    {{kSection, "MarginLeft3", "0", IsNumeric}, {kSection, "MarginTop3", "2040", IsNumeric}},
+    {{kSection, "MarginLeft4", "2880", IsNumeric}, {kSection, "MarginTop4", "2040", IsNumeric}},
+}};
+
+std::string ReadMargin(SettingsStore& store, const SettingKey& key) {
+    const std::string text = GetSetting(store, store.SettingsAppName, key.section, key.key, key.fallback);
+    return text.empty() ? "0" : text;
+}
+
+double NumberOrZero(const std::string& text) {
+    const std::string pointed = WithDecimalPoint(text);
+    return IsNumeric(pointed) ? ToDouble(pointed) : 0;
+}
+
+/// Nothing where the drawing stays as it is: for no number, and one that leads out of it.
+std::optional<double> ShownMillimetres(const std::string& text) {
+    const std::string pointed = WithDecimalPoint(text);
+    if (!IsNumeric(pointed))
+        return std::nullopt;
+    const double value = ToDouble(pointed);
+    const double whole = RoundHalfEven(value);
+    if (whole >= kEndOfDrawing || whole < std::numeric_limits<std::int16_t>::min())
+        return std::nullopt;
+    return value;
+}
+
+} // namespace
+
+Calibration::Calibration(MainModule& main)
+    : main_(main), left_(ReadMargin(main.settings, kMarginLeft)), top_(ReadMargin(main.settings, kMarginTop)) {
+    const SettingsBatch batch(main.settings);
+    for (std::size_t i = 0; i < samples_.size(); ++i)
+        samples_[i] = {ToDouble(ReadAccepted(main.settings, kSamples[i].left)),
+                       ToDouble(ReadAccepted(main.settings, kSamples[i].top))};
+}
+
+MarginTexts Calibration::Margins() const {
+    return {WithDecimalPoint(left_), WithDecimalPoint(top_)};
+}
+
+void Calibration::Arrow(MarginArrow arrow) {
+    const bool sideways = arrow == MarginArrow::Left || arrow == MarginArrow::Right;
+    const int step = arrow == MarginArrow::Right || arrow == MarginArrow::Down ? 1 : -1;
+    Typed(sideways ? MarginBox::Left : MarginBox::Top, NumberText(NumberOrZero(sideways ? left_ : top_) + step));
+}
+
+void Calibration::Typed(MarginBox box, const std::string& text) {
+    (box == MarginBox::Left ? left_ : top_) = text;
+    const auto shown = ShownMillimetres(text);
+    for (std::size_t i = 0; i < samples_.size() && shown; ++i) {
+        if (box == MarginBox::Left)
+            samples_[i].left = *shown * kTwipsPerMm + (i % 2 == 0 ? 0 : kSecondColumn);
+        else
+            samples_[i].top = *shown * kTwipsPerMm + (i < 2 ? kFirstRow : kSecondRow);
+    }
+}
+
+void Calibration::Ok() {
+    TabDocument& document = main_.document;
+    SaveLabel(main_, document.CurrentPage, document.TabsPerPage);
+    const MarginTexts margins = Margins();
+    {
+        const UndoStep step(main_.history, main_, "Margin Setup");
+        const SettingsBatch batch(main_.settings);
+        for (std::size_t i = 0; i < samples_.size(); ++i) {
+            Write(main_.settings, kSamples[i].left, NumberText(samples_[i].left));
+            Write(main_.settings, kSamples[i].top, NumberText(samples_[i].top));
+        }
+        if (margins.left != ReadMargin(main_.settings, kMarginLeft) ||
+            margins.top != ReadMargin(main_.settings, kMarginTop))
+            document.DocChanged = true;
+        Write(main_.settings, kMarginLeft, margins.left);
+        Write(main_.settings, kMarginTop, margins.top);
+    }
+    if (!MarginsReady(main_) && Ask(main_,
+                                    "Do you want to save this margin settings as the default margin settings for " +
+                                        LayoutDisplayName(document.LayoutName, document.OptType) + " stationery?",
+                                    Buttons::YesNo) == Answer::Yes)
+        SaveDefaults();
+    RefreshDocumentStatus(main_);
+}
+
+void Calibration::SaveDefaults() {
+    SaveDefaultMargins(main_.settings, main_.document.OptType, main_.document.LayoutName, Margins());
+}
+
+void Calibration::LoadDefaults() {
+    Trapped(main_, "Called from Sub: LoadDefaults", [&] {
+        const MarginTexts margins =
+            LoadDefaultMargins(main_.settings, main_.document.OptType, main_.document.LayoutName);
+        Typed(MarginBox::Left, margins.left);
+        Typed(MarginBox::Top, margins.top);
+    });
+}
+
+} // namespace velmora

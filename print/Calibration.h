@@ -1,0 +1,55 @@
+// The margin calibration dialog frmFix3: two boxes for the active margins, and four sample tabs that follow them.
+#pragma once
+
+#include "document/mdlMain.h"
+#include "print/Margins.h"
+
+#include <array>
+#include <optional>
+#include <string>
+
+namespace velmora {
+
+/// Left and top corner of a sample tab in the drawing, in twips.
+struct SamplePosition {
+    double left = 0;
+    double top = 0;
+};
+
+enum class MarginArrow { Left, Right, Up, Down };
+enum class MarginBox { Left, Top };
+
+/// A decimal comma is accepted and stored as a point; a text that is no number is stored as it was typed.
+class Calibration {
+public:
+    /// Reads the active margins and the sample positions.
+    explicit Calibration(MainModule& main);
+
+    const std::string& LeftText() const { return left_; }
+    const std::string& TopText() const { return top_; }
+    /// famPreview1 to famPreview4 at indexes 0 to 3: two rows of two.
+    const std::array<SamplePosition, 4>& Samples() const { return samples_; }
+
+    /// One millimetre more or less in the arrow's direction, without bounds: a printer that starts too far right needs
+    /// a negative shift. A text that is no number counts as 0.
+    void Arrow(MarginArrow arrow);
+    /// Each change of a box. The drawing follows a number below 252.
+    void Typed(MarginBox box, const std::string& text);
+
+    /// Stores margins and sample positions, in one undo step, and offers to keep the margins as the defaults of a
+    /// layout that has none. The dialog closes.
+    void Ok();
+    void SaveDefaults();
+    /// Into the boxes; nothing active changes before Ok. A failure is shown and leaves the boxes as they were.
+    void LoadDefaults();
+
+private:
+    MarginTexts Margins() const;
+
+    MainModule& main_;
+    std::string left_;
+    std::string top_;
+    std::array<SamplePosition, 4> samples_;
+};
+
+} // namespace velmora

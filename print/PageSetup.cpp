@@ -1,0 +1,111 @@
+#include "print/PageSetup.h"
+
+#include "document/Dialogs.h"
+#include "document/Transaction.h"
+#include "document/Undo.h"
+#include "print/Margins.h"
+
+namespace velmora {
+namespace {
+
+bool SameSetup(const TabDocument& a, const TabDocument& b) {
+    return a.OptType == b.OptType && a.NoOfFields == b.NoOfFields && a.StationeryType == b.StationeryType &&
+           a.LayoutName == b.LayoutName;
+}
+
+void TakeOver(MainModule& main, const TabDocument& draft, DefaultMargins margins) {
+    TabDocument& document = main.document;
+    const bool calibrate = margins == DefaultMargins::Always || draft.LayoutName != document.LayoutName;
+    if (!SameSetup(draft, document))
+        document.DocChanged = true;
+    document.OptType = draft.OptType;
+    document.StationeryType = draft.StationeryType;
+    document.LayoutName = draft.LayoutName;
+    document.NoOfFields = draft.NoOfFields;
+    SetFieldLimits(document);
+    document.CurrentPage = 1;
+    ApplyTabType(main);
+    if (calibrate && DefaultMarginsExist(main.settings, draft.OptType, draft.LayoutName))
+        ApplyDefaultMargins(main.settings, draft.OptType, draft.LayoutName);
+}
+
+} // namespace
+
+TabDocument SetupDraft(const TabDocument& document) {
+    TabDocument draft;
+    draft.OptType = document.OptType;
+    draft.NoOfFields = document.NoOfFields;
+    draft.StationeryType = document.StationeryType;
+    draft.CurrentPage = document.CurrentPage;
+    draft.NoOfPages = document.NoOfPages;
+    draft.TabCount = document.TabCount; // for the status line
+    SetDraftType(draft, draft.OptType);
+    SetFieldLimits(draft);
+    return draft;
+}
+
+void SetDraftType(TabDocument& draft, int type) {
+    draft.OptType = static_cast<std::int16_t>(type);
+    SetLayoutFromType(draft);
+    SetColsPerPage(draft, type);
+    SetRowsAndStationery(draft, type);
+}
+
+bool ApplySetup(MainModule& main, const TabDocument& draft, const std::string& stepName, DefaultMargins margins) {
+    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    KeepRecoveryCopy(main);
+    const UndoStep step(main.history, main, stepName);
+    if (main.editor)
+        main.editor->TakeDown();
+    const bool done = Trapped(main, "Called from Sub: ApplySetup", [&] {
+        Transaction transaction(main);
+        TakeOver(main, draft, margins);
+        transaction.Commit();
+    });
+    if (main.editor)
+        main.editor->BringUp();
+    RefreshDocumentStatus(main);
+    SaveGlobals(main);
+    return done;
+}
+
+LoadOutcome PageSetup::Open() {
+    const LoadOutcome outcome = LoadGlobals(main_);
+    RefreshDocumentStatus(main_);
+    ReadDocument();
+    return outcome;
+}
+
+void PageSetup::ChooseType(int type) {
+    if (!FindTabType(type))
+        return Tell(main_, "Invalid type of stationary selected!");
+    SetDraftType(draft_, type);
+    ShowDocumentStatus(main_, draft_);
+}
+
+void PageSetup::ChooseFields(int fields) {
+    if (fields < 1 || fields > kFieldsPerTab)
+        return;
+    draft_.NoOfFields = static_cast<std::int16_t>(fields);
+    SetFieldLimits(draft_);
+    ShowDocumentStatus(main_, draft_);
+}
+
+std::string PageSetup::Picture() const {
+    return std::string(FindTabType(draft_.OptType)->picture);
+}
+
+std::string PageSetup::GridSizeText() const {
+    return std::to_string(draft_.RowsPerPage) + " Rows, " + std::to_string(draft_.ColsPerPage) + " Colums";
+}
+
+bool PageSetup::Ok() {
+    return ApplySetup(main_, draft_, "Page Setup", DefaultMargins::OnNewLayout);
+}
+
+void PageSetup::Cancel() {
+    RefreshDocumentStatus(main_);
+    ReadDocument();
+}
+
+} // namespace velmora

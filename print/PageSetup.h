@@ -1,0 +1,59 @@
+// The page set-up dialog frmPageSetUp: tab type and number of fields, chosen in a draft that only the status line
+// shows until OK.
+#pragma once
+
+#include "document/mdlMain.h"
+
+#include <cstdint>
+#include <string>
+
+namespace velmora {
+
+/// The properties that the set-up dialogs change and those that follow from them; no texts.
+TabDocument SetupDraft(const TabDocument& document);
+/// A tab type with its layout, rows and columns; a DL type keeps the DL layout that the draft has. `type` is 0 to 5.
+void SetDraftType(TabDocument& draft, int type);
+
+enum class DefaultMargins { OnNewLayout, Always };
+
+/// Gives the document the draft's tab type, layout and fields, and the layout's default margins where there are any,
+/// as one undo step; shows page 1. Deliberate: with `CurrentTab` at 0 or 1 another sheet size empties the document; a
+/// recovery copy is kept before. False after an error, which was shown and left everything as it was.
+bool ApplySetup(MainModule& main, const TabDocument& draft, const std::string& stepName, DefaultMargins margins);
+
+class PageSetup {
+public:
+    explicit PageSetup(MainModule& main) : main_(main) { ReadDocument(); }
+
+    /// When the dialog comes up, and again when the printer set-up wizard, called from it, has ended: reads the global
+    /// configuration and shows the document's own state. NoPrinter: as LoadGlobals says.
+    LoadOutcome Open();
+
+    int TabType() const { return draft_.OptType; }
+    int Fields() const { return draft_.NoOfFields; }
+    /// An index outside 0 to 5 is reported and changes nothing.
+    void ChooseType(int type);
+    /// 1 to 3; any other number changes nothing.
+    void ChooseFields(int fields);
+
+    std::string Picture() const;      ///< of the chosen stationery: a file name in the images folder
+    std::string GridSizeText() const; ///< such as "8 Rows, 3 Colums"
+    /// Whether the sample box of field 0 to 2 shows, and the code of its horizontal alignment.
+    bool SampleShown(int field) const { return field < draft_.NoOfFields; }
+    std::int16_t SampleAlignment(int field) const {
+        return main_.fonts.at(static_cast<std::size_t>(field)).HorizontalAlignment;
+    }
+
+    /// False after an error, which was shown and left everything as it was.
+    bool Ok();
+    /// The status line shows the document's own state again.
+    void Cancel();
+
+private:
+    void ReadDocument() { draft_ = SetupDraft(main_.document); }
+
+    MainModule& main_;
+    TabDocument draft_;
+};
+
+} // namespace velmora

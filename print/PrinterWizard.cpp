@@ -1,0 +1,83 @@
+#include "print/PrinterWizard.h"
+
+#include "document/Dialogs.h"
+#include "document/Transaction.h"
+#include "print/Margins.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace velmora {
+
+void TellPrinterAdvice(MainModule& main, bool othersPrint) {
+    const char* const advice =
+        othersPrint ? "This means that Velmora is having trouble reading your printer drivers. You should try to use a "
+                      "different stationary settings in the wizard. If you are still having problems you should ask "
+                      "your network administrator to help you, after which you can contact Quenmark for technicial "
+                      "support."
+                    : "Well it is best now to call your network technician who will be able to fix your printing "
+                      "problem !";
+    main.ui.Show({advice, main.settings.SettingsAppName + " - Information ...", Icon::Information});
+}
+
+PrinterWizard::PrinterWizard(MainModule& main) : main_(main), draft_(SetupDraft(main.document)) {
+    const std::string standard = main.printers.DefaultPrinter().value_or("");
+    for (const std::string& name : main.printers.Printers())
+        printers_.push_back({name, name == standard});
+    if (!printers_.empty())
+        printer_ = printers_.front().name;
+    ChoosePrinter(standard);
+    ChoosePrinter(main.globals.PrinterName);
+}
+
+void PrinterWizard::ChoosePrinter(const std::string& name) {
+    if (std::any_of(printers_.begin(), printers_.end(), [&](const auto& printer) { return printer.name == name; }))
+        printer_ = name;
+}
+
+std::vector<std::string> PrinterWizard::StationeryLabels() {
+    std::vector<std::string> labels;
+    for (const velmora::TabType& type : kCatalogue)
+        labels.emplace_back(type.label);
+    return labels;
+}
+
+void PrinterWizard::ChooseType(int type) {
+    if (FindTabType(type))
+        SetDraftType(draft_, type);
+}
+
+void PrinterWizard::ChooseLayout(const std::string& layout) {
+    if (!HasLayouts() || (layout != "DL_v" && layout != "DL_h"))
+        return;
+    draft_.StationeryType = layout;
+    SetDraftType(draft_, draft_.OptType);
+}
+
+void PrinterWizard::PrintTestPage(const std::function<void(std::int32_t)>& print) {
+    const Transaction trial(main_); // never committed
+    TabDocument& document = main_.document;
+    document.OptType = draft_.OptType;
+    document.StationeryType = draft_.StationeryType;
+    document.LayoutName = draft_.LayoutName;
+    SetRowsAndStationery(document, draft_.OptType);
+    SetColsPerPage(document, draft_.OptType);
+    main_.globals.PrinterName = printer_;
+    Write(main_.settings, kPrinter, printer_);
+    if (DefaultMarginsExist(main_.settings, draft_.OptType, draft_.LayoutName))
+        ApplyDefaultMargins(main_.settings, draft_.OptType, draft_.LayoutName);
+    print(draft_.RowsPerPage * draft_.ColsPerPage);
+}
+
+bool PrinterWizard::Finish() {
+    if (!CanFinish())
+        return false;
+    const std::string before = std::exchange(main_.globals.PrinterName, printer_);
+    if (ApplySetup(main_, draft_, "Printer Setup", DefaultMargins::Always))
+        return true;
+    main_.globals.PrinterName = before;
+    SaveGlobals(main_);
+    return false;
+}
+
+} // namespace velmora

@@ -1,0 +1,349 @@
+// Margins, the set-up dialogs and the checks before printing, without their forms.
+#include "document/Pages.h"
+#include "document/Undo.h"
+#include "platform/linux/FontconfigCatalogue.h"
+#include "print/Calibration.h"
+#include "print/PrintChecks.h"
+#include "print/PrinterWizard.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+struct StatusLine : MainWindowStatus {
+    std::array<std::string, kStatusPanels> panels;
+    void SetPanel(int panel, const std::string& text) override {
+        panels.at(static_cast<std::size_t>(panel - 1)) = text;
+    }
+    void SetCaption(const std::string&) override {}
+};
+
+/// Counts what an editor with its boxes would be told.
+struct Editor : GridEditor {
+    std::string calls;
+    void TakeDown() override { calls += "down "; }
+    void BringUp() override { calls += "up "; }
+    std::vector<TabTexts> ShownTexts() const override { return {}; }
+};
+
+struct SetupTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    MainModule& main = program.main;
+    TabDocument& document = main.document;
+    UndoHistory history;
+    StatusLine status;
+    Editor editor;
+
+    SetupTest() {
+        main.history = &history;
+        LoadGlobals(main);
+        SetLayoutFromType(document);
+        SetFieldLimits(document);
+        NewDocument(main);
+        main.status = &status;
+        main.editor = &editor;
+    }
+    std::string Active() {
+        return program.Stored("Settings", "Margin Value Left") + "/" + program.Stored("Settings", "Margin Value Top");
+    }
+    std::string Default(const char* side, const char* layout) {
+        return program.Stored("Margin Settings", std::string("Default ") + side + " Margin - " + layout);
+    }
+    void StoreDefaults(const char* layout, const char* left, const char* top) {
+        program.Store("Margin Settings", std::string("Default Left Margin - ") + layout, left);
+        program.Store("Margin Settings", std::string("Default Top Margin - ") + layout, top);
+    }
+    /// Tab type, layout, stationery, fields and limits in one line.
+    std::string Setup() const {
+        const FieldLimits& limits = document.Limits;
+        return std::to_string(document.OptType) + " " + document.LayoutName + " " + document.StationeryType + " " +
+               document.PageSize + " " + std::to_string(document.NoOfFields) + " " +
+               std::to_string(limits.MaxLenField1) + "," + std::to_string(limits.MaxLenField2) + "," +
+               std::to_string(limits.MaxLenField3);
+    }
+};
+
+TEST_F(SetupTest, EachLayoutHasItsOwnDefaultMargins) {
+    struct Row {
+        int type;
+        const char *layout, *name;
+    };
+    for (const Row& row : {Row{0, "A4_8", "A4 (8 rows)"}, Row{2, "A4_9", "A4 (9 rows)"}, Row{4, "DL_v", "DL_v"},
+                           Row{5, "DL_h", "DL_h"}}) {
+        EXPECT_EQ(LayoutDisplayName(row.layout, row.type), row.name);
+        EXPECT_EQ(LoadDefaultMargins(main.settings, row.type, row.layout).left, "0");
+        EXPECT_FALSE(DefaultMarginsExist(main.settings, row.type, row.layout)) << row.layout;
+        StoreDefaults(row.layout, std::to_string(row.type).c_str(), "-2.5");
+        EXPECT_TRUE(DefaultMarginsExist(main.settings, row.type, row.layout)) << row.layout;
+        ApplyDefaultMargins(main.settings, row.type, row.layout);
+        EXPECT_EQ(Active(), std::to_string(row.type) + "/-2") << "half to even";
+    }
+    EXPECT_TRUE(DefaultMarginsExist(main.settings, 1, "A4_8"));
+    EXPECT_EQ(LoadDefaultMargins(main.settings, 3, "A4_9").left, "2");
+    EXPECT_EQ(LayoutDisplayName("A4", 4), "");
+    EXPECT_TRUE(DefaultMarginsExist(main.settings, 4, "A4"));
+    EXPECT_FALSE(DefaultMarginsExist(main.settings, 6, "A4_8"));
+    StoreDefaults("DL_v", "x", "40000");
+    EXPECT_THROW(ApplyDefaultMargins(main.settings, 4, "DL_v"), OverflowError);
+    EXPECT_EQ(Active(), "5/-2");
+    ApplyDefaultMargins(main.settings, 6, "A4_8");
+    EXPECT_EQ(Active(), "0/0");
+}
+
+TEST_F(SetupTest, TheSetupIsCompleteWithAllFourSettings) {
+    EXPECT_TRUE(SetupComplete(main.settings));
+    for (const char* key : {"Printer", "Stationery Type", "Page Size", "OptType"}) {
+        const std::string before = program.Stored("Settings", key);
+        program.Store("Settings", key, "");
+        EXPECT_FALSE(SetupComplete(main.settings)) << key;
+        program.Store("Settings", key, before);
+    }
+    EXPECT_FALSE(MarginsReady(main));
+    StoreDefaults("A4_8", "1", "2");
+    EXPECT_TRUE(MarginsReady(main));
+}
+
+TEST_F(SetupTest, ArrowsStepFromAnyText) {
+    struct Row {
+        const char* text;
+        MarginArrow arrow;
+        const char* expected;
+    };
+    Calibration dialog(main);
+    for (const Row& row :
+         {Row{"abc", MarginArrow::Right, "1"}, Row{"", MarginArrow::Left, "-1"}, Row{"2,5", MarginArrow::Left, "1.5"},
+          Row{"0.3", MarginArrow::Left, "-0.7"}, Row{"1.1", MarginArrow::Left, "0.1"}}) {
+        dialog.Typed(MarginBox::Left, row.text);
+        dialog.Arrow(row.arrow);
+        EXPECT_EQ(dialog.LeftText(), row.expected) << row.text;
+    }
+    dialog.Arrow(MarginArrow::Up);
+    EXPECT_EQ(dialog.TopText(), "-1");
+    EXPECT_NEAR(dialog.Samples()[2].top, 2040 - 56.7, 0.001);
+    dialog.Arrow(MarginArrow::Down);
+    EXPECT_EQ(dialog.TopText(), "0");
+}
+
+TEST_F(SetupTest, TheDrawingFollowsNumbersBelow252) {
+    Calibration dialog(main);
+    for (const char* text : {"251", "252", "abc", "1E99"}) {
+        dialog.Typed(MarginBox::Left, text);
+        EXPECT_NEAR(dialog.Samples()[2].left, 14231.7, 0.01) << text;
+        EXPECT_NEAR(dialog.Samples()[3].left, 17111.7, 0.01) << text;
+        EXPECT_EQ(dialog.Samples()[3].top, 2040);
+    }
+    dialog.Typed(MarginBox::Top, "10");
+    EXPECT_NEAR(dialog.Samples()[1].top, 1407, 0.01);
+}
+
+TEST_F(SetupTest, TheFirstCalibrationOffersToBecomeTheDefault) {
+    const std::string question = "Do you want to save this margin settings as the default margin settings for A4 (8 "
+                                 "rows) stationery?";
+    Calibration first(main);
+    first.LoadDefaults();
+    first.Typed(MarginBox::Left, "2,5");
+    first.Arrow(MarginArrow::Down);
+    program.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    first.Ok();
+    EXPECT_EQ(Active(), "2.5/1");
+    EXPECT_EQ(program.Stored("Margin Settings", "MarginLeft2"), "3021.75");
+    EXPECT_EQ(Default("Left", "A4_8"), kProbe);
+    EXPECT_TRUE(document.DocChanged);
+    EXPECT_EQ(history.UndoName(), "Margin Setup");
+    program.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    Calibration(main).Ok();
+    EXPECT_EQ(Default("Left", "A4_8") + "/" + Default("Top", "A4_8"), "2.5/1");
+    Calibration third(main);
+    EXPECT_NEAR(third.Samples()[1].left, 3021.75, 0.001);
+    third.Typed(MarginBox::Top, "9");
+    third.LoadDefaults();
+    EXPECT_EQ(third.LeftText() + "/" + third.TopText(), "2/1");
+    third.Ok();
+    EXPECT_EQ(Active(), "2/1");
+    UndoChange(main);
+    UndoChange(main);
+    EXPECT_EQ(Active(), "0/0");
+    EXPECT_FALSE(document.DocChanged);
+}
+
+TEST_F(SetupTest, ChoicesShowInTheStatusLineAndGoWithCancel) {
+    PageSetup dialog(main);
+    dialog.Open();
+    const std::string before = Setup();
+    const auto panels = status.panels;
+    dialog.ChooseType(4);
+    dialog.ChooseFields(2);
+    EXPECT_EQ(status.panels[0] + "|" + status.panels[1] + "|" + status.panels[2],
+              "Stationery: DL_v|Tab Type: 3 rows, 7 Columns|No of fields: 2");
+    EXPECT_EQ(dialog.GridSizeText() + " " + dialog.Picture(), "3 Rows, 7 Colums DL1a_num.gif");
+    EXPECT_TRUE(dialog.SampleShown(1) && !dialog.SampleShown(2));
+    EXPECT_EQ(dialog.SampleAlignment(2), 1);
+    program.ui.Expect("Invalid type of stationary selected!", Icon::Information);
+    dialog.ChooseType(6);
+    EXPECT_EQ(dialog.TabType(), 4);
+    EXPECT_EQ(Setup(), before) << "the document waits for OK";
+    dialog.Cancel();
+    EXPECT_EQ(status.panels, panels);
+    EXPECT_EQ(dialog.GridSizeText(), "8 Rows, 3 Colums");
+    EXPECT_EQ(editor.calls, "");
+}
+
+TEST_F(SetupTest, OkTakesTheDocumentToTheChoice) {
+    struct Row {
+        std::vector<int> types;
+        int fields;
+        const char *setup, *margins;
+    };
+    StoreDefaults("DL_v", "7", "8");
+    StoreDefaults("A4_9", "3", "4");
+    const Row rows[] = {{{4}, 3, "4 DL_v DL_v DL 3 20,10,10", "7/8"},
+                        {{5}, 1, "5 DL_v DL_v DL 1 20,0,0", "7/8"},
+                        {{4, 2}, 2, "2 A4_9 A4 A4 2 20,20,0", "3/4"},
+                        {{0}, 2, "0 A4_8 A4 A4 2 20,20,0", "3/4"}}; // a layout without defaults keeps the margins
+    for (const Row& row : rows) {
+        PageSetup dialog(main);
+        dialog.Open();
+        for (const int type : row.types)
+            dialog.ChooseType(type);
+        dialog.ChooseFields(row.fields);
+        EXPECT_TRUE(dialog.Ok());
+        EXPECT_EQ(Setup(), row.setup);
+        EXPECT_EQ(Active(), row.margins) << row.setup;
+        EXPECT_EQ(document.TabCount % document.TabsPerPage, 0);
+        EXPECT_EQ(program.Stored("Settings", "OptType"), std::to_string(document.OptType));
+    }
+    document.LayoutName = document.StationeryType = "DL_h";
+    document.OptType = 4;
+    PageSetup turned(main);
+    turned.ChooseType(5);
+    EXPECT_TRUE(turned.Ok());
+    EXPECT_EQ(document.StationeryType, "DL_h");
+}
+
+TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
+    document.FieldA(24) = "kept";
+    document.CurrentTab = 0;
+    PageSetup dialog(main);
+    dialog.ChooseType(1);
+    EXPECT_TRUE(dialog.Ok());
+    EXPECT_EQ(editor.calls, "down up ");
+    EXPECT_EQ(document.TabCount, 48);
+    EXPECT_EQ(document.FieldA(24), "") << "a new size empties the document while no later tab has the focus";
+    EXPECT_TRUE(document.DocChanged);
+    EXPECT_EQ(history.UndoName(), "Page Setup");
+    UndoChange(main);
+    EXPECT_EQ(document.FieldA(24), "kept");
+    EXPECT_EQ(document.OptType, 0);
+    EXPECT_FALSE(document.DocChanged);
+    document.CurrentTab = 2;
+    EXPECT_TRUE(dialog.Ok());
+    EXPECT_EQ(document.FieldA(24), "kept");
+}
+
+TEST_F(SetupTest, ADocumentThatDoesNotFitStaysAsItWas) {
+    document.TabCount = 32760; // 1365 sheets; the last of 1214 with 27 tabs would end above 32767
+    for (int field = 0; field < 3; ++field)
+        document.Field(field).Resize(document.TabCount);
+    document.CurrentTab = 2;
+    ApplyTabType(main);
+    const std::string before = Setup();
+    PageSetup dialog(main);
+    dialog.ChooseType(2);
+    program.ui.Expect("Overflow\r\nCalled from Sub: ApplySetup", Icon::Critical);
+    EXPECT_FALSE(dialog.Ok());
+    EXPECT_EQ(Setup(), before);
+    EXPECT_EQ(program.Stored("Settings", "OptType"), "0");
+    EXPECT_EQ(status.panels[1], "Tab Type: 8 rows, 3  Columns");
+    EXPECT_FALSE(document.DocChanged || history.CanUndo());
+}
+
+TEST_F(SetupTest, TheWizardKeepsAllToItselfUntilFinish) {
+    StoreDefaults("DL_h", "5", "6");
+    const std::string before = Setup();
+    PrinterWizard wizard(main);
+    ASSERT_EQ(wizard.Printers().size(), 1U);
+    EXPECT_TRUE(wizard.Printers()[0].isDefault);
+    EXPECT_EQ(PrinterWizard::StationeryLabels()[5], "DL Alpha (3 rows, 4 cols)");
+    wizard.ChooseLayout("DL_h");
+    EXPECT_EQ(wizard.Layout(), "A4") << "an A4 sheet has one layout";
+    wizard.ChooseType(5);
+    EXPECT_EQ(wizard.Layout(), "DL_v");
+    wizard.ChooseLayout("DL_h");
+    const std::string trial = "5 DL_h DL_h DL";
+    const auto test = [&](std::int32_t tabs) {
+        EXPECT_EQ(tabs, 12);
+        EXPECT_EQ(Setup().substr(0, trial.size()), trial);
+        EXPECT_EQ(Active(), "5/6");
+        EXPECT_EQ(main.globals.PrinterName, kPdfPrinter);
+        throw Error("out of paper");
+    };
+    main.globals.PrinterName = "Gone";
+    EXPECT_THROW(wizard.PrintTestPage(test), Error);
+    EXPECT_EQ(Setup(), before);
+    EXPECT_EQ(main.globals.PrinterName, "Gone");
+    EXPECT_EQ(program.Stored("Settings", "Margin Value Left"), kProbe);
+    EXPECT_FALSE(history.CanUndo());
+
+    EXPECT_TRUE(wizard.Finish());
+    EXPECT_EQ(Setup().substr(0, trial.size()), trial);
+    EXPECT_EQ(Active(), "5/6");
+    for (const auto& [key, value] :
+         {std::pair{"Printer", kPdfPrinter}, {"Stationery Type", "DL_h"}, {"Page Size", "DL"}, {"OptType", "5"}})
+        EXPECT_EQ(program.Stored("Settings", key), value);
+    EXPECT_EQ(history.UndoName(), "Printer Setup");
+    EXPECT_TRUE(document.DocChanged);
+}
+
+TEST_F(SetupTest, TheAdviceFollowsTheAnswer) {
+    program.ui.boxTitle = "Velmora - Information ...";
+    program.ui.Expect("Well it is best now to call your network technician who will be able to fix your printing "
+                      "problem !",
+                      Icon::Information);
+    TellPrinterAdvice(main, false);
+}
+
+std::string Findings(const std::vector<PrintFinding>& findings) {
+    std::string text;
+    for (const PrintFinding& finding : findings)
+        text += std::to_string(static_cast<int>(finding.problem)) + ":" + std::to_string(finding.box.tab) + "." +
+                std::to_string(finding.box.field) + " ";
+    return text;
+}
+
+TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
+    LayoutValues layout;
+    const FontconfigCatalogue catalogue;
+    const auto check = [&](const PrintCheckRequest& request) {
+        return Findings(CheckBeforePrinting(main, layout, catalogue, request));
+    };
+    const std::string wide(40, 'W');
+    document.NoOfFields = 2;
+    document.FieldA(1) = document.FieldB(24) = "short";
+    document.FieldB(5) = wide;
+    EXPECT_EQ(check({}), "1:5.1 ");
+    EXPECT_EQ(check({false, PaperSize{297.2, 209.9}, {}}), "1:5.1 ") << "turned, and rounded to points";
+    EXPECT_EQ(check({false, PaperSize{220, 110}, {}}), "0:0.0 1:5.1 ");
+    EXPECT_EQ(check({false, {}, {4, 0, 0, 0}}), "2:1.0 1:5.1 ") << "the left column starts at the edge";
+    program.Store("Settings", "Margin Value Left", "4");
+    EXPECT_EQ(check({false, {}, {4, 0, 0, 0}}), "1:5.1 ");
+    program.Store("Settings", "Margin Value Top", "40");
+    EXPECT_EQ(check({}), "1:5.1 2:24.1 ") << "the last row is off the paper";
+
+    // A turned sheet: its left edge is the paper's bottom.
+    program.Store("Settings", "Margin Value Left", "0");
+    program.Store("Settings", "Margin Value Top", "0");
+    document = {};
+    document.OptType = 4;
+    document.StationeryType = "DL_v";
+    NormalisePages(document);
+    document.FieldA(1) = "left";
+    EXPECT_EQ(check({false, {}, {0, 0, 0, 5}}), "2:1.0 ");
+    EXPECT_EQ(check({false, {}, {5, 5, 5, 0}}), "");
+    EXPECT_EQ(FindingText({PrintProblem::TextCut, {5, 1}}),
+              "Tab 5, field 2: the text is larger than its place on the tab and will be cut off.");
+}
+
+} // namespace
+} // namespace velmora
