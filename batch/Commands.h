@@ -23,6 +23,14 @@ struct PdfArguments {
 };
 int RunPdf(const PdfArguments& arguments);
 
+struct CalibrationArguments {
+    int type = 0;
+    std::string layout; ///< empty: "A4" or "DL_v"
+    std::string output;
+    std::string ini;
+};
+int RunCalibration(const CalibrationArguments& arguments);
+
 struct NewArguments {
     int type = 0;
     int fields = 1;

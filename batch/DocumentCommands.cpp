@@ -5,6 +5,7 @@
 #include "batch/BatchProgram.h"
 #include "document/TabFileCheck.h"
 #include "platform/linux/FontconfigCatalogue.h"
+#include "print/CalibrationSheet.h"
 #include "print/PdfReport.h"
 
 #include <nlohmann/json.hpp>
@@ -137,6 +138,23 @@ int RunPdf(const PdfArguments& arguments) {
         options.sheets = {1}; // the test page is one page, however long the document
     WriteOutput(arguments.output,
                 [&](const auto& sink) { WritePdf(report, program.Main(), catalogue, options, sink); });
+    return kDone;
+}
+
+int RunCalibration(const CalibrationArguments& arguments) {
+    if (IsSameFile(arguments.ini, arguments.output))
+        throw UsageError(arguments.output + ": the PDF would replace the settings");
+    const bool isDl = SetStationeryFromType(arguments.type) == "DL";
+    if (!isDl && !arguments.layout.empty())
+        throw UsageError("tab type " + std::to_string(arguments.type) + " has no layouts to choose from");
+    const std::string layout = !isDl ? "A4" : arguments.layout.empty() ? "DL_v" : arguments.layout;
+    BatchProgram program;
+    if (!arguments.ini.empty())
+        program.UseSettings(arguments.ini);
+    const FontconfigCatalogue catalogue;
+    WriteOutput(arguments.output, [&](const auto& sink) {
+        WriteCalibrationPdf(program.Settings(), catalogue, arguments.type, layout, sink);
+    });
     return kDone;
 }
 

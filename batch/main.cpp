@@ -22,6 +22,7 @@ const CLI::Validator kNotEmpty([](const std::string& text) { return text.empty()
 struct Request {
     InfoArguments info;
     PdfArguments pdf;
+    CalibrationArguments calibration;
     NewArguments create;
     FillArguments fill;
     std::vector<std::string> check;
@@ -46,6 +47,18 @@ void AddPdf(CLI::App& app, Request& request) {
     command->add_flag("--outline", pdf.outline, "Draw the outlines of the tabs");
     command->add_option("--ini", pdf.ini, "Settings such as tab tops; the file is only read");
     command->callback([&] { request.run = [&] { return RunPdf(request.pdf); }; });
+}
+
+void AddCalibration(CLI::App& app, Request& request) {
+    CalibrationArguments& calibration = request.calibration;
+    CLI::App* command = app.add_subcommand("calibration", "Make the sheet from which the margins are read off");
+    command->add_option("--type", calibration.type, "Tab type")->required()->check(CLI::Range(0, kTabTypes - 1));
+    command->add_option("--layout", calibration.layout, "Layout of a DL sheet")->check(CLI::IsMember({"DL_v", "DL_h"}));
+    command->add_option("-o,--output", calibration.output, "PDF to write, - for standard output")
+        ->required()
+        ->check(kNotEmpty);
+    command->add_option("--ini", calibration.ini, "Settings such as tab tops; the file is only read");
+    command->callback([&] { request.run = [&] { return RunCalibration(request.calibration); }; });
 }
 
 void AddNew(CLI::App& app, Request& request) {
@@ -139,6 +152,7 @@ int main(int argc, char** argv) {
     Request request;
     AddInfo(app, request);
     AddPdf(app, request);
+    AddCalibration(app, request);
     AddNew(app, request);
     AddFill(app, request);
     AddCheck(app, request);

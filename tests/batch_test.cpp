@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <map>
@@ -58,10 +59,10 @@ struct Word {
     double left, top, right, bottom; ///< millimetres
 };
 
-/// The words of a PDF's first page by their text, and the page's size under "".
-std::map<std::string, Word> Words(const fs::path& pdf) {
+/// The words of a PDF's first page, and the page's size under "".
+std::vector<std::pair<std::string, Word>> AllWords(const fs::path& pdf) {
     constexpr double kMmPerPoint = 25.4 / 72;
-    std::map<std::string, Word> words;
+    std::vector<std::pair<std::string, Word>> words;
     const std::string page = Shell("pdftotext -bbox -l 1 '" + pdf.string() + "' -").output;
     LineReader lines(page);
     for (std::string_view line; lines.Next(line);) {
@@ -69,12 +70,18 @@ std::map<std::string, Word> Words(const fs::path& pdf) {
         double a = 0, b = 0, c = 0, d = 0;
         std::array<char, 64> text{};
         if (std::sscanf(owned.c_str(), " <page width=\"%lf\" height=\"%lf\">", &a, &b) == 2)
-            words[""] = {0, 0, a * kMmPerPoint, b * kMmPerPoint};
+            words.push_back({"", {0, 0, a * kMmPerPoint, b * kMmPerPoint}});
         if (std::sscanf(owned.c_str(), " <word xMin=\"%lf\" yMin=\"%lf\" xMax=\"%lf\" yMax=\"%lf\">%63[^<]</word>", &a,
                         &b, &c, &d, text.data()) == 5)
-            words[text.data()] = {a * kMmPerPoint, b * kMmPerPoint, c * kMmPerPoint, d * kMmPerPoint};
+            words.push_back({text.data(), {a * kMmPerPoint, b * kMmPerPoint, c * kMmPerPoint, d * kMmPerPoint}});
     }
     return words;
+}
+
+/// The same by their text.
+std::map<std::string, Word> Words(const fs::path& pdf) {
+    const auto words = AllWords(pdf);
+    return {words.begin(), words.end()};
 }
 
 struct Grid {
@@ -168,6 +175,41 @@ TEST_F(BatchTest, ThePdfIsSoundEmbeddedAndNotScaled) {
     EXPECT_EQ(fonts.find(" no "), std::string::npos) << fonts;
     ASSERT_EQ(Batch("pdf in.csv --test -o - > test.pdf").code, 0);
     EXPECT_NE(Shell("pdftotext '" + (folder / "test.pdf").string() + "' -").output.find("Field 1"), std::string::npos);
+}
+
+// Numbers stand behind their ticks, or centred below them: the distance from the 0 is the reading.
+TEST_F(BatchTest, TheRulersOfTheCalibrationSheetStartAtTheOutlines) {
+    constexpr double kTabTops[] = {23, 23, 20, 20, 21, 21};
+    for (const Grid& grid : kGrids) {
+        const std::string layout = grid.type < 4 ? "" : " --layout DL_h";
+        ASSERT_EQ(Batch("calibration --type " + std::to_string(grid.type) + layout + " -o out.pdf").code, 0);
+        const double top = kTabTops[grid.type], third = top + 2 * grid.rowMm;
+        std::string found;
+        for (const auto& [text, word] : AllWords(folder / "out.pdf")) {
+            const double x = (word.left + word.right) / 2 / kMmPerUnit, y = (word.top + word.bottom) / 2 / kMmPerUnit;
+            if (text.empty() || text.find_first_not_of("-0123456789") != std::string::npos)
+                continue;
+            const double reading = std::stod(text);
+            if (y > third && y < third + 10) {
+                EXPECT_NEAR(x - grid.columnMm, reading, kTolerance) << grid.type;
+                found += "b";
+            } else if (x > grid.columnMm && y < top + grid.rowMm) {
+                EXPECT_NEAR(y - top, reading, 0.5) << grid.type; // the line's middle, not the digits'
+                found += "d";
+            } else if (reading > 0 && y < top + 10) {
+                EXPECT_NEAR(x, reading, kTolerance) << grid.type;
+                found += "a";
+            }
+        }
+        std::sort(found.begin(), found.end());
+        EXPECT_EQ(found.substr(0, 2) + found.substr(found.find('b'), 3), "aabbb") << grid.type;
+        EXPECT_GE(std::count(found.begin(), found.end(), 'd'), 3) << grid.type;
+    }
+    ASSERT_EQ(Batch("calibration --type 5 -o out.pdf").code, 0);
+    EXPECT_NEAR(Words(folder / "out.pdf").at("").bottom, 220, 0.1) << "DL_v is fed short edge first";
+    for (const char* wrong :
+         {"calibration --type 0 --layout DL_v -o x.pdf", "calibration --type 4 --layout A4 -o x.pdf"})
+        EXPECT_EQ(Batch(wrong).code, 2) << wrong;
 }
 
 TEST_F(BatchTest, InfoTellsWhatTheFileHolds) {

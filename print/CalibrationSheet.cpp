@@ -1,0 +1,155 @@
+#include "print/CalibrationSheet.h"
+
+#include "document/Stationery.h"
+#include "print/PdfCanvas.h"
+#include "print/SheetPainter.h"
+#include "print/rptVelmor.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace velmora {
+namespace {
+
+// Millimetres, as the margins count them.
+constexpr double kLineWidth = 0.1;
+constexpr double kTick = 1.5;
+constexpr double kTickAtFive = 2.5;
+constexpr double kTickAtTen = 3.5;
+constexpr double kNumberWidth = 8;
+constexpr double kNumberHeight = 3;
+constexpr double kFromOutline = 1.5;
+constexpr double kTextWidth = 190;
+constexpr double kLineHeight = 4;
+constexpr int kRulerEnd = 35; // a grid leaves at most 33 mm of its sheet
+
+constexpr int kSmallFont = 0; // for the numbers
+constexpr int kTextFont = 1;
+
+constexpr int kFirstNumber = -10;
+constexpr std::array<std::string_view, 5> kNumbers = {"-10", "0", "10", "20", "30"};
+
+constexpr std::string_view kLeftLabel = "Left margin, read at the left cut edge";
+constexpr std::string_view kTopLabel = "Top margin, read at the top cut edge";
+constexpr std::array<std::string_view, 2> kExplanation = {
+    "Print this sheet on the stationery. Where a ruler meets the cut edge of the tab that it crosses, it shows the "
+    "margin to type.",
+    "The margins in use are left out here: the two numbers replace them. Below 0 they are typed with the minus.",
+};
+
+double Twips(double mm) {
+    return mm * kTwipsPerMm;
+}
+
+double TickLength(int mm) {
+    return mm % 10 == 0 ? kTickAtTen : mm % 5 == 0 ? kTickAtFive : kTick;
+}
+
+struct Ruler {
+    double left; ///< where its 0 stands, in twips
+    double top;
+    int first; ///< millimetres
+    int last;
+};
+
+void AddNumber(Sheet& sheet, int mm, const Box& box, std::int16_t alignment) {
+    const auto index = static_cast<std::size_t>((mm - kFirstNumber) / 10);
+    sheet.texts.push_back({kNumbers.at(index), box, kSmallFont, alignment});
+}
+
+/// A line with room to the right edge of any sheet.
+void AddText(Sheet& sheet, std::string_view text, int font, double left, double top) {
+    sheet.texts.push_back({text, {left, top, Twips(kTextWidth), Twips(kLineHeight)}, font, kAlignLeft});
+}
+
+/// Ticks hang down from the line, numbers stand below them; one at the paper's edge stands beside its tick.
+void AddRulerAcross(Sheet& sheet, const Ruler& ruler) {
+    const double line = Twips(kLineWidth);
+    sheet.marks.push_back({ruler.left + Twips(ruler.first), ruler.top, Twips(ruler.last - ruler.first), line});
+    for (int mm = ruler.first; mm <= ruler.last; ++mm) {
+        const double x = ruler.left + Twips(mm);
+        sheet.marks.push_back({x - line / 2, ruler.top, line, Twips(TickLength(mm))});
+        const double left = std::max(0.0, x - Twips(kNumberWidth) / 2);
+        if (mm % 10 == 0)
+            AddNumber(sheet, mm, {left, ruler.top + Twips(kTickAtTen), Twips(kNumberWidth), Twips(kNumberHeight)},
+                      left > 0 ? kAlignCentre : kAlignLeft);
+    }
+}
+
+/// Ticks point to the right, numbers stand behind them.
+void AddRulerDown(Sheet& sheet, const Ruler& ruler) {
+    const double line = Twips(kLineWidth);
+    sheet.marks.push_back({ruler.left, ruler.top + Twips(ruler.first), line, Twips(ruler.last - ruler.first)});
+    for (int mm = ruler.first; mm <= ruler.last; ++mm) {
+        const double y = ruler.top + Twips(mm);
+        sheet.marks.push_back({ruler.left, y - line / 2, Twips(TickLength(mm)), line});
+        if (mm % 10 == 0)
+            AddNumber(sheet, mm,
+                      {ruler.left + Twips(kTickAtTen + 0.5), y - Twips(kNumberHeight) / 2, Twips(kNumberWidth),
+                       Twips(kNumberHeight)},
+                      kAlignLeft);
+    }
+}
+
+/// The outlines of one sheet without margins.
+Sheet LayOutOutlines(SettingsStore& store, int tabType, std::string_view layout) {
+    const TabType& type = kCatalogue.at(static_cast<std::size_t>(tabType));
+    LayoutValues values;
+    rptVelmor report(values);
+    report.InitArray("TEST", type.TabsPerPage(), type.rows, type.columns, 1, false, {});
+    report.PrepareTabStyle(static_cast<std::int16_t>(tabType), store);
+    report.FormatFields(1, type.columns, static_cast<std::int16_t>(tabType), {});
+    report.SetPage(SheetPaper(type.stationery, layout), {});
+    Sheet sheet;
+    report.LayOutSheet(1, sheet);
+    sheet.texts.clear();
+    sheet.fields.clear();
+    return sheet;
+}
+
+/// Whole millimetres of a ruler that never meets the same edge of two neighbours.
+int LastBefore(double pitchTwips) {
+    return static_cast<int>(std::lround(pitchTwips / kTwipsPerMm)) - 1;
+}
+
+FontSettings SheetFonts() {
+    FontSettings fonts;
+    fonts[kSmallFont].Size = 6;
+    fonts[kTextFont].Size = 8;
+    return fonts;
+}
+
+} // namespace
+
+Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view layout) {
+    Sheet sheet = LayOutOutlines(store, tabType, layout);
+    const std::size_t columns = static_cast<std::size_t>(kCatalogue.at(static_cast<std::size_t>(tabType)).columns);
+    const Box first = sheet.tabs[0], second = sheet.tabs[1];
+    const Box under = sheet.tabs[columns], third = sheet.tabs[2 * columns + 1];
+    const int columnEnd = LastBefore(first.width), rowEnd = LastBefore(under.top - first.top);
+    const Ruler down = {second.left + second.width / 2, first.top, kFirstNumber, kFirstNumber + rowEnd};
+    for (const Ruler& across : {Ruler{first.left, first.top + Twips(kFromOutline), 0, std::min(kRulerEnd, columnEnd)},
+                                Ruler{third.left, third.top + Twips(kFromOutline), kFirstNumber,
+                                      std::min(kRulerEnd, kFirstNumber + columnEnd)}}) {
+        AddRulerAcross(sheet, across);
+        AddText(sheet, kLeftLabel, kSmallFont, across.left + Twips(5), across.top + first.height);
+    }
+    AddRulerDown(sheet, down);
+    AddText(sheet, kTopLabel, kSmallFont, down.left + Twips(kTickAtTen + 4), down.top + Twips(14));
+    double top = under.top + under.height + Twips(kLineHeight);
+    for (const std::string_view line : kExplanation) {
+        AddText(sheet, line, kTextFont, Twips(10), top);
+        top += Twips(kLineHeight);
+    }
+    return sheet;
+}
+
+void WriteCalibrationPdf(SettingsStore& store, const FontCatalogue& catalogue, int tabType, std::string_view layout,
+                         const std::function<void(std::string_view)>& sink) {
+    PdfCanvas pdf(sink, {"Calibration sheet", {}});
+    SheetPainter(catalogue, SheetFonts()).Paint(LayOutCalibrationSheet(store, tabType, layout), pdf, Outlines::Shown);
+    pdf.Finish();
+}
+
+} // namespace velmora

@@ -1,0 +1,26 @@
+// The sheet from which both margins are read off: the tab outlines of a stationery as they are printed without margins,
+// and rulers that start at them.
+#pragma once
+
+#include "app/settings/mdlSettings.h"
+#include "platform/FontCatalogue.h"
+#include "print/Sheet.h"
+
+#include <functional>
+#include <string_view>
+
+namespace velmora {
+
+/// One sheet of a tab type (0 to 5) in a layout ("A4", "DL_v" or "DL_h"). Margins shift the whole grid, so the way from
+/// an outline printed with margins 0 to the cut edge of the same tab is the margin itself. Each ruler has its 0 at such
+/// an outline and crosses the cut edge: what it shows there is the number to type, in place of the margin in use. The
+/// 0 of the first tab's ruler lies at the paper's edge, where printers print nothing; the ruler in the second column
+/// goes below 0 too, for a printer that starts too far right. A ruler is shorter than the way from tab to tab, so that
+/// it meets one left or top edge only. Raises TypeMismatchError for a stored tab top that is no number.
+Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view layout);
+
+/// The sheet as a PDF. Raises Error on a machine without fonts too.
+void WriteCalibrationPdf(SettingsStore& store, const FontCatalogue& catalogue, int tabType, std::string_view layout,
+                         const std::function<void(std::string_view)>& sink);
+
+} // namespace velmora
