@@ -2,6 +2,7 @@
 #include "base/AtomicFile.h"
 #include "document/OpenDocument.h"
 #include "document/Recovery.h"
+#include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -279,27 +280,15 @@ TEST_F(RecoveryTest, AFolderThatTakesNothingIsAnErrorAndNoMore) {
     EXPECT_EQ(Files(), 2U) << "the next call tries again";
 }
 
-/// An editor with one text that was typed and not taken back.
-class TypedEditor : public GridEditor {
-public:
-    int ups = 0;
-    void TakeDown() override { texts_.clear(); }
-    void BringUp() override { ++ups; }
-    std::vector<TabTexts> ShownTexts() const override { return texts_; }
-    void ShowText(TabBox, std::size_t, std::size_t) override {}
-
-private:
-    std::vector<TabTexts> texts_{{"on screen", "", ""}};
-};
-
 TEST_F(RecoveryTest, WhatIsOnScreenIsKeptAndTheEditorComesBack) {
-    TypedEditor editor;
+    FakeEditor editor;
+    editor.texts = {{"on screen", "", ""}};
     main.editor = &editor;
     Type("old");
     ASSERT_TRUE(store.Archive(main));
     store.Restore(main, store.List()[0]);
     EXPECT_EQ(document.FieldA(1), "on screen");
-    EXPECT_EQ(editor.ups, 1);
+    EXPECT_TRUE(editor.calls.ends_with("up ")) << editor.calls;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "print/Calibration.h"
 #include "print/PrintChecks.h"
 #include "print/PrinterWizard.h"
+#include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -20,21 +21,13 @@ struct StatusLine : MainWindowStatus {
     void SetCaption(const std::string&) override {}
 };
 
-/// Counts what an editor with its boxes would be told.
-struct Editor : GridEditor {
-    std::string calls;
-    void TakeDown() override { calls += "down "; }
-    void BringUp() override { calls += "up "; }
-    std::vector<TabTexts> ShownTexts() const override { return {}; }
-};
-
 struct SetupTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
     MainModule& main = program.main;
     TabDocument& document = main.document;
     UndoHistory history;
     StatusLine status;
-    Editor editor;
+    FakeEditor editor;
 
     SetupTest() {
         main.history = &history;

@@ -2,6 +2,7 @@
 #include "base/Text.h"
 #include "document/Pages.h"
 #include "document/Undo.h"
+#include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
 #include "wizard/AppendWizardTabs.h"
 #include "wizard/NextNumber.h"
@@ -86,15 +87,6 @@ TEST(ValueSeries, TheNextNumberFollowsTheLastOne) {
         EXPECT_EQ(NextNumberInDocument(document, 0), std::nullopt);
     }
 }
-
-/// An editor whose only edited box is the first of the page shown.
-struct OneBoxEditor : GridEditor {
-    std::string typed = "typed";
-    int broughtUp = 0;
-    void TakeDown() override {}
-    void BringUp() override { ++broughtUp; }
-    std::vector<TabTexts> ShownTexts() const override { return {{typed, "", ""}}; }
-};
 
 struct WizardTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
@@ -287,7 +279,8 @@ TEST_F(WizardTest, AppendingGrowsByWholePagesFromTheTabInUse) {
 
 TEST_F(WizardTest, AppendingTakesThePageOnScreenAndShowsTheFirstNewTab) {
     MakeDocument(2, 2);
-    OneBoxEditor editor;
+    FakeEditor editor;
+    editor.texts = {{"typed", "", ""}};
     main.editor = &editor;
     document.CurrentPage = 2;
     document.CurrentTab = 2;
@@ -298,7 +291,7 @@ TEST_F(WizardTest, AppendingTakesThePageOnScreenAndShowsTheFirstNewTab) {
     EXPECT_EQ(Joined(document.FieldA, 1, 5), "a1|1|2|3|a5");
     EXPECT_EQ(Joined(document.FieldB, 1, 5), "b1||||b5") << "empty values are values too";
     EXPECT_EQ(document.CurrentPage, 1);
-    EXPECT_EQ(editor.broughtUp, 1);
+    EXPECT_EQ(editor.calls, "up ");
     main.editor = nullptr;
 }
 

@@ -1,0 +1,21 @@
+// An editor without a window: what it holds is set by the test, and it tells what it was asked to do.
+#pragma once
+
+#include "document/GridEditor.h"
+
+namespace velmora {
+
+struct FakeEditor : GridEditor {
+    std::vector<TabTexts> texts; ///< in its boxes, as if typed and not taken back
+    std::string calls;
+
+    void TakeDown() override {
+        texts.clear();
+        calls += "down ";
+    }
+    void BringUp() override { calls += "up "; }
+    std::vector<TabTexts> ShownTexts() const override { return texts; }
+    void ShowText(TabBox, std::size_t, std::size_t) override { calls += "text "; }
+};
+
+} // namespace velmora
