@@ -13,6 +13,30 @@
 namespace velmora {
 namespace {
 
+/// `Source` is a TabFile or a Worksheet.
+template <typename Source> LoadOutcome Load(MainModule& main, const Source& source) {
+    TabDocument& document = main.document;
+    LoadData(source, main.settings);
+    if (LoadGlobals(main) == LoadOutcome::NoPrinter)
+        return LoadOutcome::NoPrinter;
+    SetLayoutFromType(document);
+    SetFieldLimits(document);
+    SetTabsPerPage(document);
+    {
+        const auto progress = main.ui.StartProgress("Calculating the number of labels.  Please standby...", 1);
+        document.TabCount = GetNumberOfLables(source, source.header ? -kHeaderLines : 0, document, main.settings);
+    }
+    document.CurrentPage = 1;
+    document.CurrentTab = 0;
+    if (document.TabCount > 0)
+        LoadRows(source, document, main.ui);
+    else
+        Tell(main, "There are no information to import.");
+    document.FileEncoding = source.encoding;
+    ApplyTabType(main);
+    return LoadOutcome::Loaded;
+}
+
 OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path) {
     Transaction transaction(main);
     const auto stamp = StampOf(path); // before the reading, so that a change during it is noticed
@@ -110,26 +134,11 @@ OpenOutcome AskAndOpen(MainModule& main) {
 } // namespace
 
 LoadOutcome LoadDocument(MainModule& main, const TabFile& file) {
-    TabDocument& document = main.document;
-    LoadData(file, main.settings);
-    if (LoadGlobals(main) == LoadOutcome::NoPrinter)
-        return LoadOutcome::NoPrinter;
-    SetLayoutFromType(document);
-    SetFieldLimits(document);
-    SetTabsPerPage(document);
-    {
-        const auto progress = main.ui.StartProgress("Calculating the number of labels.  Please standby...", 1);
-        document.TabCount = GetNumberOfLables(file, file.header ? -kHeaderLines : 0, document, main.settings);
-    }
-    document.CurrentPage = 1;
-    document.CurrentTab = 0;
-    if (document.TabCount > 0)
-        LoadRows(file, document, main.ui);
-    else
-        Tell(main, "There are no information to import.");
-    document.FileEncoding = file.encoding;
-    ApplyTabType(main);
-    return LoadOutcome::Loaded;
+    return Load(main, file);
+}
+
+LoadOutcome LoadDocument(MainModule& main, const Worksheet& sheet) {
+    return Load(main, sheet);
 }
 
 OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {

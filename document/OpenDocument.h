@@ -1,7 +1,8 @@
-// Loading a tab file into the document that is open.
+// Loading a tab file or a worksheet into the document that is open.
 #pragma once
 
 #include "document/TabFile.h"
+#include "document/Worksheet.h"
 #include "document/mdlMain.h"
 
 #include <filesystem>
@@ -11,6 +12,8 @@ namespace velmora {
 /// The load procedure: header into the settings, tab lines into the arrays, whole pages; an announcement when there
 /// are none. Raises OverflowError and what the settings raise; the caller puts back what was changed by then.
 LoadOutcome LoadDocument(MainModule& main, const TabFile& file);
+/// The same with a worksheet's cells; the document is one for a UTF-8 file.
+LoadOutcome LoadDocument(MainModule& main, const Worksheet& sheet);
 
 enum class OpenOutcome { Opened, Failed, Cancelled, NoPrinter };
 

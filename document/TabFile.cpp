@@ -184,9 +184,11 @@ bool TestVersion8(std::string_view firstLine) {
 }
 
 void LoadData(const TabFile& file, SettingsStore& store) {
-    if (!file.header)
-        return;
-    const TabFileHeader& header = *file.header;
+    if (file.header)
+        LoadData(*file.header, store);
+}
+
+void LoadData(const TabFileHeader& header, SettingsStore& store) {
     const SettingsBatch batch(store);
     Write(store, kPrinter, header.printer);
     Write(store, kStationeryType, ValidOr(header.stationeryType, IsStationeryType, kStationeryType.fallback));
@@ -203,7 +205,12 @@ void LoadData(const TabFile& file, SettingsStore& store) {
 
 std::int32_t GetNumberOfLables(const TabFile& file, std::int32_t startingCount, TabDocument& document,
                                SettingsStore& store) {
-    const std::int16_t pages = PagesForTabs(file.lines + startingCount, document.TabsPerPage);
+    return GetNumberOfLables(file.lines, startingCount, document, store);
+}
+
+std::int32_t GetNumberOfLables(std::int32_t lines, std::int32_t startingCount, TabDocument& document,
+                               SettingsStore& store) {
+    const std::int16_t pages = PagesForTabs(lines + startingCount, document.TabsPerPage);
     const std::int32_t count = Multiply16(pages, document.TabsPerPage);
     document.NoOfPages = pages;
     Write(store, kNoOfPages, std::to_string(pages));

@@ -83,10 +83,14 @@ bool TestVersion8(std::string_view firstLine);
 
 /// Writes the header to the settings; a font value that fails its test becomes its default. Nothing without a header.
 void LoadData(const TabFile& file, SettingsStore& store);
+void LoadData(const TabFileHeader& header, SettingsStore& store);
 
 /// Counts the file's lines from `startingCount` (minus the header lines), sets `NoOfPages`, stores "No Of Pages" and
 /// returns the tabs of that many whole pages. Raises OverflowError, with nothing changed, above 32767.
 std::int32_t GetNumberOfLables(const TabFile& file, std::int32_t startingCount, TabDocument& document,
+                               SettingsStore& store);
+/// The same for lines that were counted elsewhere.
+std::int32_t GetNumberOfLables(std::int32_t lines, std::int32_t startingCount, TabDocument& document,
                                SettingsStore& store);
 
 /// The row reader: fills the three arrays, made anew with `TabCount` texts; tabs beyond the last line stay empty.

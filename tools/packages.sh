@@ -12,6 +12,8 @@ qt6-svg-dev         has_pkg Qt6Svg
 libharfbuzz-dev     has_pkg harfbuzz-subset
 libfontconfig-dev   has_pkg fontconfig
 zlib1g-dev          has_pkg zlib
+libexpat1-dev       has_pkg expat
+libxlsxwriter-dev   has_pkg xlsxwriter
 libcli11-dev        has_file include/CLI/CLI.hpp
 nlohmann-json3-dev  has_file include/nlohmann/json.hpp
 libgtest-dev        has_pkg gtest

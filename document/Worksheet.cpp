@@ -1,0 +1,162 @@
+#include "document/Worksheet.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace velmora {
+namespace {
+
+constexpr std::int32_t kMostTabs = std::numeric_limits<std::int16_t>::max();
+constexpr std::size_t kMostBytes = 64u << 20;
+constexpr int kCountedColumns = 4;
+constexpr std::string_view kVersionWord = "VERSION";
+
+std::string Cell(const std::vector<std::string>& cells, int column) {
+    const auto index = static_cast<std::size_t>(column) - 1;
+    return column >= 1 && index < cells.size() ? std::string(Trim(cells[index])) : "";
+}
+
+/// Header cells are upper-cased; the names of stationery are compared without case and get their own back.
+std::string StationeryName(const std::string& upper) {
+    for (const char* name : {"A4", "DL_v", "DL_h"})
+        if (EqualsNoCase(upper, name))
+            return name;
+    return upper;
+}
+
+bool AnnouncesHeader(std::string_view firstCell) {
+    return EqualsNoCase(firstCell.substr(0, kVersionWord.size()), kVersionWord);
+}
+
+} // namespace
+
+int WorksheetBuilder::LastColumn() const {
+    const auto furthest = std::max_element(options_.columns.begin(), options_.columns.end());
+    return std::max(furthest == options_.columns.end() ? 0 : *furthest, kFontKeys);
+}
+
+void WorksheetBuilder::AddHeader(std::int32_t row, const std::vector<std::string>& cells) {
+    TabFileHeader& header = *sheet_.header;
+    const auto cell = [&](int column) { return ToUpper(Cell(cells, column)); };
+    if (row == 2) {
+        header.printer = cell(1);
+        header.stationeryType = StationeryName(cell(2));
+        header.optType = cell(3);
+        header.noOfFields = cell(4);
+    } else if (row == 3) {
+        header.marginLeft = cell(1);
+        header.marginTop = cell(2);
+    } else {
+        for (int key = 0; key < kFontKeys; ++key)
+            header.fonts[static_cast<std::size_t>(row - 4)][static_cast<std::size_t>(key)] = cell(key + 1);
+    }
+}
+
+bool WorksheetBuilder::IsBlank(const std::vector<std::string>& cells) const {
+    for (int column = 1; column <= kCountedColumns; ++column)
+        if (!Cell(cells, column).empty())
+            return false;
+    return std::all_of(options_.columns.begin(), options_.columns.end(),
+                       [&](int column) { return Cell(cells, column).empty(); });
+}
+
+void WorksheetBuilder::Add(std::int32_t row, const std::vector<std::string>& cells) {
+    if (row == 1) {
+        sheet_.firstCell = Cell(cells, 1);
+        if (AnnouncesHeader(sheet_.firstCell)) {
+            sheet_.header.emplace();
+            return;
+        }
+    }
+    if (sheet_.header && row <= kHeaderLines) {
+        AddHeader(row, cells);
+        return;
+    }
+    const std::int32_t before = sheet_.header ? kHeaderLines : options_.heading ? 1 : 0;
+    if (row <= before || IsBlank(cells))
+        return;
+    if (row - before > kMostTabs)
+        throw OverflowError();
+    sheet_.rows.resize(static_cast<std::size_t>(row - before));
+    for (std::size_t field = 0; field < std::min<std::size_t>(options_.columns.size(), kFieldsPerTab); ++field) {
+        sheet_.rows.back()[field] = OneLine(Cell(cells, options_.columns[field]));
+        bytes_ += sheet_.rows.back()[field].size();
+    }
+    if (bytes_ > kMostBytes)
+        throw WorkbookError("the worksheet holds more than 64 MB of text");
+}
+
+Worksheet WorksheetBuilder::Take() {
+    sheet_.lines = static_cast<std::int32_t>(sheet_.rows.size()) + (sheet_.header ? kHeaderLines : 0);
+    return std::move(sheet_);
+}
+
+Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const WorksheetOptions& options) {
+    WorksheetBuilder builder(options);
+    std::vector<int> columns;
+    for (int column = 1; column <= builder.LastColumn(); ++column)
+        columns.push_back(column);
+    workbook.ReadSheet(name, columns, [&](std::int32_t row, const std::vector<std::string>& cells) {
+        builder.Add(row, cells);
+        return true;
+    });
+    return builder.Take();
+}
+
+Worksheet WorksheetOf(const std::vector<std::vector<std::string>>& rows, const WorksheetOptions& options) {
+    WorksheetBuilder builder(options);
+    std::int32_t number = 0;
+    for (const std::vector<std::string>& cells : rows)
+        builder.Add(++number, cells);
+    return builder.Take();
+}
+
+std::string ReadFirstCell(Workbook& workbook, const std::string& name) {
+    std::string text;
+    workbook.ReadSheet(name, {1}, [&](std::int32_t row, const std::vector<std::string>& cells) {
+        if (row == 1)
+            text = cells[0];
+        return false;
+    });
+    return text;
+}
+
+void LoadData(const Worksheet& sheet, SettingsStore& store) {
+    if (sheet.header)
+        LoadData(*sheet.header, store);
+}
+
+std::int32_t GetNumberOfLables(const Worksheet& sheet, std::int32_t startingCount, TabDocument& document,
+                               SettingsStore& store) {
+    return GetNumberOfLables(sheet.lines, startingCount, document, store);
+}
+
+void LoadRows(const Worksheet& sheet, TabDocument& document, UserInterface& ui) {
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        document.Field(field).ReDim(document.TabCount);
+    const auto progress =
+        ui.StartProgress("Importing Microsoft Excel Worksheet.  Please standby ...", std::max(1, document.TabCount));
+    std::int32_t tab = 0;
+    for (const auto& row : sheet.rows) {
+        if (++tab > document.TabCount)
+            return;
+        for (int field = 0; field < kFieldsPerTab; ++field)
+            document.Field(field)(tab) = row[static_cast<std::size_t>(field)];
+        progress->Advance(tab);
+    }
+}
+
+SheetRowSource TabRows(const TabDocument& document) {
+    return [&document, tab = std::int32_t{0}](std::vector<std::string>& texts) mutable {
+        if (++tab > document.TabCount)
+            return false;
+        texts.clear();
+        for (int field = 0; field < kFieldsPerTab; ++field)
+            texts.push_back(document.Field(field)(tab));
+        return true;
+    };
+}
+
+} // namespace velmora

@@ -1,0 +1,54 @@
+// What the program asks of spreadsheets: the texts of one worksheet, row by row, and a workbook of texts.
+#pragma once
+
+#include "base/Error.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmora {
+
+/// A workbook that cannot be read or written, with the cause.
+class WorkbookError : public Error {
+public:
+    using Error::Error;
+};
+
+enum class WorkbookFormat { Xls, Xlsx, Ods };
+
+/// Takes a row's number, from 1 and ascending, and one text for each column asked for; false ends the reading.
+using SheetRowSink = std::function<bool(std::int32_t row, const std::vector<std::string>& texts)>;
+/// Gives the next row's texts; false behind the last row.
+using SheetRowSource = std::function<bool(std::vector<std::string>& texts)>;
+
+/// An open workbook.
+class Workbook {
+public:
+    virtual ~Workbook() = default;
+    /// The worksheets that a person sees, in workbook order; hidden ones and charts are left out.
+    virtual const std::vector<std::string>& SheetNames() const = 0;
+    /// The texts that a person sees in these columns (from 1), trimmed and on one line. A row that is blank in all of
+    /// them may be left out. A formula gives its stored result. Raises WorkbookError for a sheet that is not there or
+    /// is damaged, perhaps after some rows were handed on.
+    virtual void ReadSheet(const std::string& name, const std::vector<int>& columns, const SheetRowSink& sink) = 0;
+};
+
+class SpreadsheetApplication {
+public:
+    virtual ~SpreadsheetApplication() = default;
+    virtual bool CanRead(WorkbookFormat format) const = 0;
+    virtual bool CanWrite(WorkbookFormat format) const = 0;
+    /// What the file holds counts, not its name. Raises WorkbookError, and FileAccessError for a file out of reach.
+    virtual std::unique_ptr<Workbook> Open(const std::filesystem::path& path) = 0;
+    /// One worksheet whose cells are all texts, so that nothing runs as a formula and "007" stays; hands the file's
+    /// bytes on when all rows are known. Raises WorkbookError for more rows than the format holds.
+    virtual void Write(WorkbookFormat format, const std::string& sheetName, const SheetRowSource& rows,
+                       const std::function<void(std::string_view)>& sink) = 0;
+};
+
+} // namespace velmora

@@ -1,0 +1,183 @@
+// .ods: one XML part holds all sheets, and each cell the very text that a person sees.
+#include "base/Text.h"
+#include "platform/linux/WorkbookParts.h"
+#include "platform/linux/XmlPart.h"
+
+#include <algorithm>
+#include <set>
+
+namespace velmora {
+namespace {
+
+/// No sheet of the format's programs is longer.
+constexpr int kMostRows = 1 << 20;
+
+/// Finds the names of the sheets that are shown.
+class NamesReader : public XmlReader {
+public:
+    std::vector<std::string> names;
+    void Start(std::string_view name, const XmlAttributes& attributes) override {
+        if (name == "style")
+            style_ = attributes("name");
+        else if (name == "table-properties" && attributes("display") == "false")
+            hidden_.emplace(style_);
+        else if (name == "table" && ++depth_ == 1 && !hidden_.contains(std::string(attributes("style-name"))))
+            names.emplace_back(attributes("name"));
+    }
+    void End(std::string_view name) override {
+        if (name == "table")
+            --depth_;
+    }
+
+private:
+    std::string style_;
+    std::set<std::string> hidden_;
+    int depth_ = 0;
+};
+
+class SheetReader : public XmlReader {
+public:
+    SheetReader(std::string sheet, const std::vector<int>& columns, const SheetRowSink& sink)
+        : sheet_(std::move(sheet)), last_(*std::max_element(columns.begin(), columns.end())), row_(columns, sink) {}
+
+    void Start(std::string_view name, const XmlAttributes& attributes) override {
+        if (name == "table" && ++depth_ == 1)
+            inSheet_ = attributes("name") == sheet_;
+        if (!inSheet_ || depth_ != 1)
+            return;
+        if (name == "annotation" || name == "shapes")
+            ++aside_;
+        else if (aside_ > 0)
+            return;
+        else if (name == "table-row") {
+            repeatRow_ = std::max(1, attributes.Number("number-rows-repeated", 1));
+            column_ = 0;
+            cells_.clear();
+        } else if (name == "table-cell" || name == "covered-table-cell")
+            StartCell(attributes);
+        else
+            StartText(name, attributes);
+    }
+    void End(std::string_view name) override {
+        if (name == "table" && depth_-- == 1 && inSheet_)
+            stopped = true;
+        if (!inSheet_ || depth_ != 1)
+            return;
+        if (name == "annotation" || name == "shapes")
+            --aside_;
+        else if (aside_ > 0)
+            return;
+        else if (name == "p")
+            reading_ = false;
+        else if (name == "table-cell" || name == "covered-table-cell")
+            EndCell();
+        else if (name == "table-row")
+            EndRow();
+    }
+    void Text(std::string_view text) override {
+        if (reading_ && aside_ == 0)
+            text_ += text;
+    }
+
+private:
+    void StartCell(const XmlAttributes& attributes) {
+        repeatCell_ = std::max(1, attributes.Number("number-columns-repeated", 1));
+        text_.clear();
+        paragraphs_ = 0;
+        value_ = attributes("value");
+    }
+    void StartText(std::string_view name, const XmlAttributes& attributes) {
+        if (name == "p") {
+            reading_ = true;
+            text_ += paragraphs_++ > 0 ? " " : "";
+        } else if (reading_ && name == "s")
+            text_.append(static_cast<std::size_t>(std::clamp(attributes.Number("c", 1), 1, 1000)), ' ');
+        else if (reading_ && (name == "tab" || name == "line-break"))
+            text_ += ' ';
+    }
+    void EndCell() {
+        if (!value_.empty())
+            UsePlainMinus();
+        const std::string& text = paragraphs_ > 0 ? text_ : value_;
+        for (int i = 0; i < repeatCell_ && column_ + i < last_ && !text.empty(); ++i)
+            cells_.emplace_back(column_ + i + 1, text);
+        column_ = std::min(column_ + std::min(repeatCell_, kMostRows), kMostRows);
+    }
+    /// Some programs show numbers with the mathematical minus, which no other reader takes for a sign.
+    void UsePlainMinus() {
+        constexpr std::string_view kMinus = "\u2212";
+        if (const std::size_t at = text_.find(kMinus); at != std::string::npos)
+            text_.replace(at, kMinus.size(), "-");
+    }
+    void EndRow() {
+        if (repeatRow_ > kMostRows - number_)
+            repeatRow_ = kMostRows - number_;
+        for (int i = 1; i <= repeatRow_ && !cells_.empty() && !stopped; ++i) {
+            for (const auto& [column, text] : cells_)
+                row_.Put(column, text);
+            stopped = !row_.Flush(number_ + i);
+        }
+        number_ += repeatRow_;
+    }
+
+    const std::string sheet_;
+    const int last_; ///< the last column asked for
+    SheetRow row_;
+    std::vector<std::pair<int, std::string>> cells_;
+    std::string text_;
+    std::string value_; ///< stands in for a missing text
+    int number_ = 0;
+    int column_ = 0;
+    int repeatRow_ = 1;
+    int repeatCell_ = 1;
+    int paragraphs_ = 0;
+    int depth_ = 0; ///< of tables
+    int aside_ = 0; ///< within notes and drawings
+    bool inSheet_ = false;
+    bool reading_ = false;
+};
+
+class ManifestReader : public XmlReader {
+public:
+    void Start(std::string_view name, const XmlAttributes&) override {
+        if (name == "encryption-data")
+            throw WorkbookError("the workbook is protected by a password");
+    }
+};
+
+class Ods : public Workbook {
+public:
+    explicit Ods(ZipFile zip) : zip_(std::move(zip)) {
+        ManifestReader manifest;
+        if (zip_.Has("META-INF/manifest.xml"))
+            ReadXmlPart(zip_, "META-INF/manifest.xml", manifest);
+        NamesReader reader;
+        ReadXmlPart(zip_, "content.xml", reader);
+        names_ = std::move(reader.names);
+        if (names_.empty())
+            throw WorkbookError("the workbook has no worksheet");
+    }
+
+    const std::vector<std::string>& SheetNames() const override { return names_; }
+
+    void ReadSheet(const std::string& name, const std::vector<int>& columns, const SheetRowSink& sink) override {
+        if (columns.empty())
+            return;
+        if (std::find(names_.begin(), names_.end(), name) == names_.end())
+            throw WorkbookError("the workbook has no worksheet [" + name + "]");
+        SheetReader reader(name, columns, sink);
+        ReadXmlPart(zip_, "content.xml", reader);
+    }
+
+private:
+    ZipFile zip_;
+    std::vector<std::string> names_;
+};
+
+} // namespace
+
+std::unique_ptr<Workbook> OpenOds(ZipFile zip) {
+    return std::make_unique<Ods>(std::move(zip));
+}
+
+} // namespace velmora

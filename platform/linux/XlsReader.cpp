@@ -1,0 +1,411 @@
+// .xls of 1995 (BIFF5) and since 1997 (BIFF8): a stream of records. Cells may stand in any order, so a sheet's cells
+// are collected first, texts of the shared table as their number.
+#include "base/Encoding.h"
+#include "base/Text.h"
+#include "platform/linux/BiffRecords.h"
+#include "platform/linux/NumberFormat.h"
+#include "platform/linux/OleFile.h"
+#include "platform/linux/WorkbookParts.h"
+
+#include <algorithm>
+#include <bit>
+#include <map>
+
+namespace velmora {
+namespace {
+
+struct BiffRecord {
+    int id = 0;
+    std::string_view data;
+};
+
+class RecordReader {
+public:
+    RecordReader(std::string_view stream, std::size_t at) : stream_(stream), at_(at) {}
+    /// False at the end of the stream. Raises WorkbookError for half a record.
+    bool Next(BiffRecord& record) {
+        if (at_ + 4 > stream_.size())
+            return false;
+        record.id = static_cast<int>(LittleEndian(stream_, at_, 2));
+        const std::size_t size = LittleEndian(stream_, at_ + 2, 2);
+        if (stream_.size() - at_ - 4 < size)
+            RaiseDamaged();
+        record.data = stream_.substr(at_ + 4, size);
+        at_ += 4 + size;
+        return true;
+    }
+    /// The data of a record and of those that continue it.
+    std::vector<std::string_view> WithContinuations(const BiffRecord& record) {
+        std::vector<std::string_view> pieces{record.data};
+        for (BiffRecord next; at_ + 4 <= stream_.size() && LittleEndian(stream_, at_, 2) == biff::kContinue;) {
+            Next(next);
+            pieces.push_back(next.data);
+        }
+        return pieces;
+    }
+
+private:
+    std::string_view stream_;
+    std::size_t at_;
+};
+
+void AppendUtf8(std::string& text, std::uint32_t code) {
+    if (code < 0x80)
+        text += static_cast<char>(code);
+    else if (code < 0x800)
+        (text += static_cast<char>(0xC0 | code >> 6)) += static_cast<char>(0x80 | (code & 0x3F));
+    else if (code < 0x10000)
+        ((text += static_cast<char>(0xE0 | code >> 12)) += static_cast<char>(0x80 | (code >> 6 & 0x3F))) +=
+            static_cast<char>(0x80 | (code & 0x3F));
+    else
+        (((text += static_cast<char>(0xF0 | code >> 18)) += static_cast<char>(0x80 | (code >> 12 & 0x3F))) +=
+         static_cast<char>(0x80 | (code >> 6 & 0x3F))) += static_cast<char>(0x80 | (code & 0x3F));
+}
+
+/// Half a pair of surrogates becomes the replacement character.
+std::string Utf8Of(const std::u16string& units) {
+    std::string text;
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        const std::uint32_t unit = units[i];
+        const bool high = unit >= 0xD800 && unit < 0xDC00;
+        const bool low = unit >= 0xDC00 && unit < 0xE000;
+        if (high && i + 1 < units.size() && units[i + 1] >= 0xDC00 && units[i + 1] < 0xE000)
+            AppendUtf8(text, 0x10000 + ((unit - 0xD800) << 10) + (units[++i] - 0xDC00u));
+        else
+            AppendUtf8(text, high || low ? 0xFFFD : unit);
+    }
+    return text;
+}
+
+/// Reads BIFF8 strings out of a record and its continuations.
+class StringReader {
+public:
+    explicit StringReader(std::vector<std::string_view> pieces) : pieces_(std::move(pieces)) {}
+
+    bool AtEnd() {
+        Settle();
+        return piece_ >= pieces_.size();
+    }
+    std::uint32_t Number(int bytes) {
+        std::uint32_t value = 0;
+        for (int i = 0; i < bytes; ++i)
+            value |= std::uint32_t{Byte()} << (8 * i);
+        return value;
+    }
+    /// A string whose length stands in `lengthBytes`, with all that may be attached to it.
+    std::string Text(int lengthBytes) {
+        const std::uint32_t length = Number(lengthBytes);
+        unsigned flags = Byte();
+        const std::size_t runs = flags & 8 ? Number(2) : 0;
+        const std::size_t extension = flags & 4 ? Number(4) : 0;
+        std::u16string units;
+        for (std::uint32_t i = 0; i < length; ++i) {
+            // A continuation in the middle of the characters starts with flags of its own.
+            if (at_ >= pieces_[piece_].size()) {
+                Settle();
+                flags = Byte();
+            }
+            units += static_cast<char16_t>(flags & 1 ? Number(2) : Byte());
+        }
+        Skip(4 * runs + extension);
+        return Utf8Of(units);
+    }
+
+private:
+    /// On to a piece with bytes left.
+    void Settle() {
+        while (piece_ < pieces_.size() && at_ >= pieces_[piece_].size()) {
+            ++piece_;
+            at_ = 0;
+        }
+    }
+    unsigned char Byte() {
+        Settle();
+        if (piece_ >= pieces_.size())
+            RaiseDamaged();
+        return static_cast<unsigned char>(pieces_[piece_][at_++]);
+    }
+    void Skip(std::size_t count) {
+        for (Settle(); count > 0; Settle()) {
+            if (piece_ >= pieces_.size())
+                RaiseDamaged();
+            const std::size_t step = std::min(count, pieces_[piece_].size() - at_);
+            at_ += step;
+            count -= step;
+        }
+    }
+
+    std::vector<std::string_view> pieces_;
+    std::size_t piece_ = 0;
+    std::size_t at_ = 0;
+};
+
+/// A whole number or a double in 30 bits, perhaps a hundredth of it.
+double RkNumber(std::uint32_t rk) {
+    const double number = rk & 2 ? static_cast<double>(static_cast<std::int32_t>(rk) >> 2)
+                                 : std::bit_cast<double>(std::uint64_t{rk & ~3u} << 32);
+    return rk & 1 ? number / 100 : number;
+}
+
+std::string ErrorText(std::uint64_t code) {
+    switch (code) {
+    case 0x00: return "#NULL!";
+    case 0x07: return "#DIV/0!";
+    case 0x0F: return "#VALUE!";
+    case 0x17: return "#REF!";
+    case 0x1D: return "#NAME?";
+    case 0x24: return "#NUM!";
+    default: return "#N/A";
+    }
+}
+
+struct SheetStart {
+    std::string name;
+    std::size_t at = 0; ///< in the stream
+};
+
+class Xls : public Workbook {
+public:
+    explicit Xls(std::string stream) : stream_(std::move(stream)) {
+        ReadGlobals();
+        for (const SheetStart& sheet : sheets_)
+            names_.push_back(sheet.name);
+        if (names_.empty())
+            throw WorkbookError("the workbook has no worksheet");
+    }
+
+    const std::vector<std::string>& SheetNames() const override { return names_; }
+    void ReadSheet(const std::string& name, const std::vector<int>& columns, const SheetRowSink& sink) override;
+
+private:
+    friend class CellCollector;
+
+    void ReadGlobals();
+    void ReadGlobal(const BiffRecord& record, RecordReader& records);
+    void AddSheet(std::string_view data);
+    void AddFormat(std::string_view data);
+    std::string ShortText(std::string_view data, int lengthBytes) const;
+    std::string NumberText(double number, std::size_t style) const;
+
+    std::string stream_;
+    bool wide_ = true; ///< BIFF8, whose strings are not bytes
+    bool from1904_ = false;
+    std::vector<SheetStart> sheets_;
+    std::vector<std::string> names_;
+    std::vector<std::string> strings_;
+    std::map<int, std::string> formats_;
+    std::vector<int> styles_; ///< the format of each cell style
+};
+
+void Xls::ReadGlobals() {
+    RecordReader records(stream_, 0);
+    BiffRecord record;
+    if (!records.Next(record) || record.id != biff::kBof)
+        throw WorkbookError("the file is no workbook of a version that can be read");
+    wide_ = LittleEndian(record.data, 0, 2) >= 0x0600;
+    while (records.Next(record) && record.id != biff::kEof)
+        ReadGlobal(record, records);
+}
+
+void Xls::ReadGlobal(const BiffRecord& record, RecordReader& records) {
+    switch (record.id) {
+    case biff::kFilePass: throw WorkbookError("the workbook is protected by a password");
+    case biff::kDateMode: from1904_ = LittleEndian(record.data, 0, 2) == 1; break;
+    case biff::kBoundSheet: AddSheet(record.data); break;
+    case biff::kFormat: AddFormat(record.data); break;
+    case biff::kXf: styles_.push_back(static_cast<int>(LittleEndian(record.data, 2, 2))); break;
+    case biff::kSst: {
+        StringReader reader(records.WithContinuations(record));
+        reader.Number(4); // how often they are used
+        for (std::uint32_t left = reader.Number(4); left > 0 && !reader.AtEnd(); --left)
+            strings_.push_back(reader.Text(2));
+        break;
+    }
+    default: break;
+    }
+}
+
+void Xls::AddSheet(std::string_view data) {
+    const bool hidden = (LittleEndian(data, 4, 1) & 3) != 0;
+    const bool worksheet = LittleEndian(data, 5, 1) == 0;
+    if (!hidden && worksheet)
+        sheets_.push_back({ShortText(data.substr(6), 1), LittleEndian(data, 0, 4)});
+}
+
+void Xls::AddFormat(std::string_view data) {
+    const auto number = static_cast<int>(LittleEndian(data, 0, 2));
+    formats_[number] = ShortText(data.substr(2), wide_ ? 2 : 1);
+}
+
+/// A string within one record.
+std::string Xls::ShortText(std::string_view data, int lengthBytes) const {
+    if (wide_)
+        return StringReader({data}).Text(lengthBytes);
+    const std::size_t length = LittleEndian(data, 0, lengthBytes);
+    return Decode(std::string(data.substr(static_cast<std::size_t>(lengthBytes), length))).text;
+}
+
+std::string Xls::NumberText(double number, std::size_t style) const {
+    const int format = style < styles_.size() ? styles_[style] : 0;
+    // The system's own date formats are stored with the look of the machine that wrote them.
+    const auto own = format == 14 || format == 22 ? formats_.end() : formats_.find(format);
+    return FormatNumber(number, own != formats_.end() ? own->second : BuiltInNumberFormat(format), from1904_);
+}
+
+/// Collects the cells of the columns asked for.
+class CellCollector {
+public:
+    CellCollector(const Xls& book, const std::vector<int>& columns) : book_(book), columns_(columns) {}
+
+    void Read(RecordReader& records) {
+        int depth = 0; // charts within the sheet have an end of their own
+        for (BiffRecord record; records.Next(record);) {
+            if (record.id == biff::kBof)
+                ++depth;
+            else if (record.id == biff::kEof && --depth <= 0)
+                return;
+            else if (depth == 1)
+                Take(record, records);
+        }
+        throw WorkbookError("the worksheet ends in the middle");
+    }
+
+    void HandOn(const SheetRowSink& sink) const {
+        SheetRow row(columns_, sink);
+        for (const auto& [number, cells] : rows_) {
+            for (const Cell& cell : cells)
+                row.Put(cell.column,
+                        cell.shared >= 0 ? book_.strings_[static_cast<std::size_t>(cell.shared)] : cell.text);
+            if (!row.Flush(number))
+                return;
+        }
+    }
+
+private:
+    struct Cell {
+        int column = 0;
+        std::int64_t shared = -1; ///< number of a shared text, or -1
+        std::string text;
+    };
+
+    /// A new cell, or nothing in a column that nobody asked for.
+    Cell* CellAt(std::size_t row, std::size_t column) {
+        awaitsString_ = nullptr;
+        const auto number = static_cast<int>(column) + 1;
+        if (std::find(columns_.begin(), columns_.end(), number) == columns_.end())
+            return nullptr;
+        if (++count_ > columns_.size() * biff::kMostRows)
+            RaiseDamaged();
+        std::vector<Cell>& cells = rows_[static_cast<std::int32_t>(row) + 1];
+        cells.push_back({number, -1, ""});
+        return &cells.back();
+    }
+
+    void Take(const BiffRecord& record, RecordReader& records) {
+        const std::string_view data = record.data;
+        switch (record.id) {
+        case biff::kLabelSst:
+        case biff::kLabel:
+        case biff::kRString:
+        case biff::kNumber:
+        case biff::kRk:
+        case biff::kBoolErr:
+        case biff::kFormula:
+            if (Cell* cell = CellAt(LittleEndian(data, 0, 2), LittleEndian(data, 2, 2)))
+                Fill(*cell, record, records);
+            break;
+        case biff::kMulRk: TakeMany(data); break;
+        case biff::kString:
+            if (awaitsString_)
+                awaitsString_->text =
+                    book_.wide_ ? StringReader(records.WithContinuations(record)).Text(2) : book_.ShortText(data, 2);
+            awaitsString_ = nullptr;
+            break;
+        default: break;
+        }
+    }
+
+    void Fill(Cell& cell, const BiffRecord& record, RecordReader& records) {
+        const std::string_view data = record.data;
+        const std::size_t style = LittleEndian(data, 4, 2);
+        switch (record.id) {
+        case biff::kLabelSst:
+            cell.shared = static_cast<std::int64_t>(LittleEndian(data, 6, 4));
+            if (static_cast<std::size_t>(cell.shared) >= book_.strings_.size())
+                RaiseDamaged();
+            break;
+        case biff::kNumber: cell.text = book_.NumberText(std::bit_cast<double>(LittleEndian(data, 6, 8)), style); break;
+        case biff::kRk:
+            cell.text = book_.NumberText(RkNumber(static_cast<std::uint32_t>(LittleEndian(data, 6, 4))), style);
+            break;
+        case biff::kBoolErr: cell.text = TruthOrError(LittleEndian(data, 6, 1), LittleEndian(data, 7, 1) != 0); break;
+        case biff::kFormula: FillResult(cell, data, style); break;
+        default: cell.text = book_.wide_ ? WideLabel(record, records) : book_.ShortText(data.substr(6), 2);
+        }
+    }
+
+    static std::string WideLabel(const BiffRecord& record, RecordReader& records) {
+        std::vector<std::string_view> pieces = records.WithContinuations(record);
+        pieces[0].remove_prefix(6);
+        return StringReader(std::move(pieces)).Text(2);
+    }
+
+    static std::string TruthOrError(std::uint64_t value, bool error) {
+        return error ? ErrorText(value) : value != 0 ? "TRUE" : "FALSE";
+    }
+
+    /// The stored result: a number, or what it is not; a text follows in a record of its own.
+    void FillResult(Cell& cell, std::string_view data, std::size_t style) {
+        if (LittleEndian(data, 12, 2) != 0xFFFF) {
+            cell.text = book_.NumberText(std::bit_cast<double>(LittleEndian(data, 6, 8)), style);
+            return;
+        }
+        const std::uint64_t kind = LittleEndian(data, 6, 1);
+        if (kind == 0)
+            awaitsString_ = &cell;
+        else if (kind == 1 || kind == 2)
+            cell.text = TruthOrError(LittleEndian(data, 8, 1), kind == 2);
+    }
+
+    void TakeMany(std::string_view data) {
+        const std::size_t row = LittleEndian(data, 0, 2);
+        std::size_t column = LittleEndian(data, 2, 2);
+        for (std::size_t at = 4; at + 6 + 2 <= data.size(); at += 6, ++column)
+            if (Cell* cell = CellAt(row, column))
+                cell->text = book_.NumberText(RkNumber(static_cast<std::uint32_t>(LittleEndian(data, at + 2, 4))),
+                                              LittleEndian(data, at, 2));
+    }
+
+    const Xls& book_;
+    const std::vector<int>& columns_;
+    std::map<std::int32_t, std::vector<Cell>> rows_;
+    std::size_t count_ = 0;
+    Cell* awaitsString_ = nullptr; ///< the formula before the record that holds its text
+};
+
+void Xls::ReadSheet(const std::string& name, const std::vector<int>& columns, const SheetRowSink& sink) {
+    const auto sheet =
+        std::find_if(sheets_.begin(), sheets_.end(), [&](const SheetStart& start) { return start.name == name; });
+    if (sheet == sheets_.end())
+        throw WorkbookError("the workbook has no worksheet [" + name + "]");
+    RecordReader records(stream_, sheet->at);
+    CellCollector cells(*this, columns);
+    cells.Read(records);
+    cells.HandOn(sink);
+}
+
+} // namespace
+
+std::unique_ptr<Workbook> OpenXls(std::string bytes) {
+    const OleFile container(bytes);
+    if (container.Stream("EncryptedPackage"))
+        throw WorkbookError("the workbook is protected by a password");
+    auto stream = container.Stream("Workbook");
+    if (!stream)
+        stream = container.Stream("Book");
+    if (!stream)
+        throw WorkbookError("the file is no workbook");
+    return std::make_unique<Xls>(*std::move(stream));
+}
+
+} // namespace velmora

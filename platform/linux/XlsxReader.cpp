@@ -1,0 +1,300 @@
+// .xlsx: a zip of XML parts that point at one another. Rows are handed on as they are read.
+#include "base/Text.h"
+#include "platform/linux/NumberFormat.h"
+#include "platform/linux/WorkbookParts.h"
+#include "platform/linux/XmlPart.h"
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+
+namespace velmora {
+namespace {
+
+struct Relation {
+    std::string type;
+    std::string target;
+};
+using Relations = std::map<std::string, Relation, std::less<>>; ///< by their id
+
+class RelationsReader : public XmlReader {
+public:
+    Relations relations;
+    void Start(std::string_view name, const XmlAttributes& attributes) override {
+        if (name == "Relationship")
+            relations[std::string(attributes("Id"))] = {std::string(attributes("Type")),
+                                                        std::string(attributes("Target"))};
+    }
+};
+
+struct SheetPart {
+    std::string name;
+    std::string id;
+};
+
+class WorkbookReader : public XmlReader {
+public:
+    std::vector<SheetPart> sheets;
+    bool from1904 = false;
+    void Start(std::string_view name, const XmlAttributes& attributes) override {
+        if (name == "workbookPr")
+            from1904 = attributes("date1904") == "1" || attributes("date1904") == "true";
+        const std::string_view state = attributes("state");
+        if (name == "sheet" && (state.empty() || state == "visible"))
+            sheets.push_back({std::string(attributes("name")), std::string(attributes("id"))});
+    }
+};
+
+/// The number format of each cell style.
+class StylesReader : public XmlReader {
+public:
+    std::vector<std::string> formats;
+    void Start(std::string_view name, const XmlAttributes& attributes) override {
+        if (name == "numFmt")
+            own_[attributes.Number("numFmtId", 0)] = attributes("formatCode");
+        else if (name == "cellXfs")
+            inCells_ = true;
+        else if (name == "xf" && inCells_) {
+            const int number = attributes.Number("numFmtId", 0);
+            formats.push_back(own_.contains(number) ? own_[number] : std::string(BuiltInNumberFormat(number)));
+        }
+    }
+    void End(std::string_view name) override {
+        if (name == "cellXfs")
+            inCells_ = false;
+    }
+
+private:
+    std::map<int, std::string> own_;
+    bool inCells_ = false;
+};
+
+/// Puts back the characters that the format writes as _x000D_.
+std::string Unescaped(std::string text) {
+    for (std::size_t at = 0; (at = text.find("_x", at)) != std::string::npos; ++at) {
+        unsigned code = 0;
+        const char* digits = text.data() + at + 2;
+        if (at + 7 > text.size() || text[at + 6] != '_' ||
+            std::from_chars(digits, digits + 4, code, 16).ptr != digits + 4)
+            continue;
+        if (code < 0x80)
+            text.replace(at, 7, 1, static_cast<char>(code));
+    }
+    return text;
+}
+
+class StringsReader : public XmlReader {
+public:
+    std::vector<std::string> strings;
+    void Start(std::string_view name, const XmlAttributes&) override {
+        if (name == "si")
+            strings.emplace_back();
+        reading_ = name == "t" && !phonetic_ && !strings.empty();
+        phonetic_ = phonetic_ || name == "rPh";
+    }
+    void End(std::string_view name) override {
+        reading_ = false;
+        if (name == "rPh")
+            phonetic_ = false;
+        if (name == "si" && !strings.empty())
+            strings.back() = Unescaped(std::move(strings.back()));
+    }
+    void Text(std::string_view text) override {
+        if (reading_)
+            strings.back() += text;
+    }
+
+private:
+    bool reading_ = false;
+    bool phonetic_ = false;
+};
+
+/// The column, from 1, of a reference such as "AB12"; 0 where there is none.
+int ColumnOf(std::string_view reference) {
+    int column = 0;
+    for (const char letter : reference.substr(0, 3))
+        if (letter >= 'A' && letter <= 'Z')
+            column = column * 26 + letter - 'A' + 1;
+    return column;
+}
+
+/// What all sheets of a workbook need.
+struct SharedParts {
+    std::vector<std::string> strings;
+    std::vector<std::string> formats;
+    bool from1904 = false;
+};
+
+class SheetReader : public XmlReader {
+public:
+    SheetReader(const SharedParts& shared, const std::vector<int>& columns, const SheetRowSink& sink)
+        : shared_(shared), row_(columns, sink) {}
+
+    void Start(std::string_view name, const XmlAttributes& attributes) override {
+        if (name == "row")
+            StartRow(attributes.Number("r", number_ + 1));
+        else if (name == "c")
+            StartCell(attributes);
+        reading_ = wanted_ && !phonetic_ && (name == "v" || name == "t");
+        phonetic_ = phonetic_ || name == "rPh";
+    }
+    void End(std::string_view name) override {
+        reading_ = false;
+        if (name == "rPh")
+            phonetic_ = false;
+        if (name == "c" && wanted_)
+            row_.Put(column_, CellText());
+        if (name == "c")
+            wanted_ = false;
+        if (name == "row" && !row_.Flush(number_))
+            stopped = true;
+    }
+    void Text(std::string_view text) override {
+        if (reading_)
+            value_ += text;
+    }
+
+private:
+    void StartRow(int number) {
+        if (number <= number_)
+            throw WorkbookError("the rows of the worksheet are out of order");
+        number_ = number;
+        column_ = 0;
+    }
+    void StartCell(const XmlAttributes& attributes) {
+        const int column = ColumnOf(attributes("r"));
+        column_ = column > 0 ? column : column_ + 1;
+        wanted_ = row_.Wants(column_);
+        if (!wanted_)
+            return;
+        type_ = attributes("t");
+        style_ = static_cast<std::size_t>(attributes.Number("s", 0));
+        value_.clear();
+    }
+    std::string CellText() {
+        if (type_ == "s")
+            return value_.empty() ? "" : SharedString();
+        if (type_ == "b")
+            return value_ == "1" ? "TRUE" : value_ == "0" ? "FALSE" : value_;
+        if (type_ == "inlineStr" || type_ == "str")
+            return Unescaped(value_);
+        if (type_ == "e" || type_ == "d")
+            return value_;
+        return NumberText();
+    }
+    std::string SharedString() const {
+        std::size_t index = 0;
+        const char* end = value_.data() + value_.size();
+        if (std::from_chars(value_.data(), end, index).ptr != end || index >= shared_.strings.size())
+            RaiseDamaged();
+        return shared_.strings[index];
+    }
+    std::string NumberText() const {
+        double number = 0;
+        const char* end = value_.data() + value_.size();
+        if (value_.empty() || std::from_chars(value_.data(), end, number).ptr != end)
+            return value_;
+        return FormatNumber(number, style_ < shared_.formats.size() ? shared_.formats[style_] : "", shared_.from1904);
+    }
+
+    const SharedParts& shared_;
+    SheetRow row_;
+    std::string value_;
+    std::string type_;
+    std::size_t style_ = 0;
+    int number_ = 0;
+    int column_ = 0;
+    bool wanted_ = false;
+    bool reading_ = false;
+    bool phonetic_ = false;
+};
+
+std::string FolderOf(const std::string& part) {
+    return part.substr(0, part.rfind('/') + 1);
+}
+
+/// The part that a relation of `from` leads to.
+std::string Resolve(const std::string& from, const std::string& target) {
+    if (target.starts_with('/'))
+        return target.substr(1);
+    return std::filesystem::path(FolderOf(from) + target).lexically_normal().generic_string();
+}
+
+Relations RelationsOf(const ZipFile& zip, const std::string& part) {
+    RelationsReader reader;
+    const std::string folder = FolderOf(part);
+    const std::string name = folder + "_rels/" + part.substr(folder.size()) + ".rels";
+    if (zip.Has(name))
+        ReadXmlPart(zip, name, reader);
+    return reader.relations;
+}
+
+class Xlsx : public Workbook {
+public:
+    explicit Xlsx(ZipFile zip) : zip_(std::move(zip)) {
+        for (const auto& [id, relation] : RelationsOf(zip_, ""))
+            if (relation.type.ends_with("/officeDocument"))
+                main_ = Resolve("", relation.target);
+        if (main_.empty())
+            throw WorkbookError("the file is no workbook");
+        relations_ = RelationsOf(zip_, main_);
+        WorkbookReader reader;
+        ReadXmlPart(zip_, main_, reader);
+        shared_.from1904 = reader.from1904;
+        for (const SheetPart& sheet : reader.sheets) {
+            const auto relation = relations_.find(sheet.id);
+            if (relation == relations_.end() || !relation->second.type.ends_with("/worksheet"))
+                continue;
+            names_.push_back(sheet.name);
+            parts_.push_back(Resolve(main_, relation->second.target));
+        }
+        if (names_.empty())
+            throw WorkbookError("the workbook has no worksheet");
+    }
+
+    const std::vector<std::string>& SheetNames() const override { return names_; }
+
+    void ReadSheet(const std::string& name, const std::vector<int>& columns, const SheetRowSink& sink) override {
+        const auto found = std::find(names_.begin(), names_.end(), name);
+        if (found == names_.end())
+            throw WorkbookError("the workbook has no worksheet [" + name + "]");
+        ReadSharedParts();
+        SheetReader reader(shared_, columns, sink);
+        ReadXmlPart(zip_, parts_[static_cast<std::size_t>(found - names_.begin())], reader);
+    }
+
+private:
+    void ReadSharedParts() {
+        if (sharedRead_)
+            return;
+        for (const auto& [id, relation] : relations_) {
+            const std::string part = Resolve(main_, relation.target);
+            if (relation.type.ends_with("/sharedStrings")) {
+                StringsReader reader;
+                ReadXmlPart(zip_, part, reader);
+                shared_.strings = std::move(reader.strings);
+            } else if (relation.type.ends_with("/styles")) {
+                StylesReader reader;
+                ReadXmlPart(zip_, part, reader);
+                shared_.formats = std::move(reader.formats);
+            }
+        }
+        sharedRead_ = true;
+    }
+
+    ZipFile zip_;
+    std::string main_;
+    Relations relations_;
+    std::vector<std::string> names_;
+    std::vector<std::string> parts_;
+    SharedParts shared_;
+    bool sharedRead_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<Workbook> OpenXlsx(ZipFile zip) {
+    return std::make_unique<Xlsx>(std::move(zip));
+}
+
+} // namespace velmora

@@ -1,0 +1,77 @@
+// .xlsx by libxlsxwriter, row by row through temporary files of its own.
+#include "base/AtomicFile.h"
+#include "base/Text.h"
+#include "platform/linux/WorkbookParts.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <xlsxwriter.h>
+
+namespace velmora {
+namespace {
+
+/// A folder for one file, gone with it.
+class ScratchFolder {
+public:
+    ScratchFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "velmora-XXXXXX").string();
+        if (!::mkdtemp(name.data()))
+            throw FileAccessError(name, errno);
+        path_ = name;
+    }
+    ~ScratchFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    std::string File() const { return (path_ / "workbook.xlsx").string(); }
+
+private:
+    std::filesystem::path path_;
+};
+
+void Check(lxw_error error) {
+    if (error != LXW_NO_ERROR)
+        throw WorkbookError(lxw_strerror(error));
+}
+
+void WriteRows(lxw_worksheet* sheet, lxw_format* text, const SheetRowSource& rows) {
+    lxw_row_t number = 0;
+    for (std::vector<std::string> row; rows(row); ++number) {
+        if (number == LXW_ROW_MAX)
+            throw WorkbookError("a worksheet of this format holds at most 1048576 rows");
+        for (std::size_t column = 0; column < row.size(); ++column)
+            if (!row[column].empty())
+                Check(worksheet_write_string(sheet, number, static_cast<lxw_col_t>(column), row[column].c_str(), text));
+    }
+}
+
+} // namespace
+
+std::string WriteXlsx(const std::string& sheetName, const SheetRowSource& rows) {
+    const ScratchFolder folder;
+    lxw_workbook_options options{LXW_TRUE, nullptr, LXW_FALSE};
+    lxw_workbook* workbook = workbook_new_opt(folder.File().c_str(), &options);
+    if (!workbook)
+        throw WorkbookError("out of memory");
+    std::exception_ptr failure;
+    try {
+        lxw_worksheet* sheet = workbook_add_worksheet(workbook, sheetName.c_str());
+        if (!sheet)
+            throw WorkbookError("[" + sheetName + "] cannot be the name of a worksheet");
+        lxw_format* text = workbook_add_format(workbook);
+        format_set_num_format_index(text, 49); // "@"
+        WriteRows(sheet, text, rows);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    const lxw_error closed = workbook_close(workbook); // frees it too
+    if (failure)
+        std::rethrow_exception(failure);
+    Check(closed);
+    return ReadFile(folder.File());
+}
+
+} // namespace velmora
