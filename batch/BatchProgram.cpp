@@ -21,6 +21,15 @@ std::string DisplayName(const std::string& file) {
     return file == kStandardStream ? "standard input" : file;
 }
 
+template <typename Source> void LoadOrExplain(MainModule& main, const Source& source) {
+    try {
+        LoadDocument(main, source);
+    } catch (const OverflowError& error) {
+        throw Error(std::string(error.what()) + ": a document of this tab type holds at most " +
+                    std::to_string(MostTabs(main.document.OptType)) + " tabs");
+    }
+}
+
 } // namespace
 
 Answer BatchInterface::Show(const Message& message) {
@@ -48,14 +57,17 @@ void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {
 TabFile BatchProgram::Load(const std::string& file) {
     return NamingFile(file, [&] {
         TabFile read = ParseTabFile(ReadInput(file));
-        try {
-            LoadDocument(main_, read);
-        } catch (const OverflowError& error) {
-            throw Error(std::string(error.what()) + ": a document of this tab type holds at most " +
-                        std::to_string(MostTabs(main_.document.OptType)) + " tabs");
-        }
+        Load(read);
         return read;
     });
+}
+
+void BatchProgram::Load(const TabFile& file) {
+    LoadOrExplain(main_, file);
+}
+
+void BatchProgram::Load(const Worksheet& sheet) {
+    LoadOrExplain(main_, sheet);
 }
 
 void RaiseWithFile(const std::string& file, const Error& error) {

@@ -6,6 +6,7 @@
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "document/TabFile.h"
+#include "document/Worksheet.h"
 #include "document/mdlMain.h"
 #include "platform/UserInterface.h"
 #include "platform/linux/BuiltInPrinters.h"
@@ -47,6 +48,9 @@ public:
     void UseSettings(const std::filesystem::path& iniFile);
     /// Reads and loads a tab file, "-" for standard input. Raises Error with the file's name in front.
     TabFile Load(const std::string& file);
+    /// Raise Error for more tabs than the tab type holds.
+    void Load(const TabFile& file);
+    void Load(const Worksheet& sheet);
 
     SettingsStore& Settings() { return settings_; }
     MainModule& Main() { return main_; }

@@ -51,6 +51,21 @@ int RunFill(const FillArguments& arguments);
 /// One line per problem on standard output; kFailed when there is any.
 int RunCheck(const std::vector<std::string>& files);
 
+struct ConvertArguments {
+    std::string input;
+    std::string output;
+    std::string sheet; ///< empty: the only one
+    std::vector<int> columns;
+    bool heading = false;
+    std::optional<int> type;
+    std::optional<int> fields;
+    bool noHeader = false;
+};
+int RunConvert(const ConvertArguments& arguments);
+
+/// One name per line.
+int RunSheets(const std::string& file);
+
 enum class SettingsAction { Get, Set, Delete, Sections, Keys };
 struct SettingsArguments {
     SettingsAction action = SettingsAction::Get;

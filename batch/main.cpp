@@ -26,6 +26,8 @@ struct Request {
     NewArguments create;
     FillArguments fill;
     std::vector<std::string> check;
+    ConvertArguments convert;
+    std::string sheets;
     SettingsArguments settings;
     std::function<int()> run;
 };
@@ -100,6 +102,29 @@ void AddCheck(CLI::App& app, Request& request) {
     command->callback([&] { request.run = [&] { return RunCheck(request.check); }; });
 }
 
+void AddConvert(CLI::App& app, Request& request) {
+    ConvertArguments& convert = request.convert;
+    CLI::App* command = app.add_subcommand("convert", "Turn a tab file, a text list or a workbook into another");
+    command->add_option("IN", convert.input, ".csv, .txt, .xls, .xlsx or .ods")->required()->check(kNotEmpty);
+    command->add_option("OUT", convert.output, ".csv, .xls or .xlsx")->required()->check(kNotEmpty);
+    command->add_option("--sheet", convert.sheet, "Worksheet to read");
+    command->add_option("--columns", convert.columns, "Columns of the fields, such as 2,1,3")
+        ->delimiter(',')
+        ->expected(1, 3)
+        ->check(CLI::Range(1, 256));
+    command->add_flag("--heading", convert.heading, "The first row names the columns");
+    command->add_option("--type", convert.type, "Tab type")->check(CLI::Range(0, kTabTypes - 1));
+    command->add_option("--fields", convert.fields, "Fields per tab")->check(CLI::Range(1, 3));
+    command->add_flag("--no-header", convert.noHeader, "Write the tabs alone");
+    command->callback([&] { request.run = [&] { return RunConvert(request.convert); }; });
+}
+
+void AddSheets(CLI::App& app, Request& request) {
+    CLI::App* command = app.add_subcommand("sheets", "Print the names of a workbook's worksheets");
+    command->add_option("FILE", request.sheets, "Workbook")->required()->check(kNotEmpty);
+    command->callback([&] { request.run = [&] { return RunSheets(request.sheets); }; });
+}
+
 CLI::App* AddSettingsAction(CLI::App& parent, Request& request, SettingsAction action, const char* name,
                             const char* text) {
     CLI::App* command = parent.add_subcommand(name, text);
@@ -156,6 +181,8 @@ int main(int argc, char** argv) {
     AddNew(app, request);
     AddFill(app, request);
     AddCheck(app, request);
+    AddConvert(app, request);
+    AddSheets(app, request);
     AddSettings(app, request);
     try {
         app.parse(argc, argv);

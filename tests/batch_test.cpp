@@ -362,5 +362,46 @@ TEST_F(BatchTest, StoredTabTopsAreTakenFromAnIniFile) {
     EXPECT_EQ(ReadFile(folder / "tops.ini"), "[Settings]\r\nTab Top A4_1=10\r\n");
 }
 
+TEST_F(BatchTest, ConvertsListsAndWorkbooks) {
+    Write("list.csv", "Name;Year\r\n\"Smith; John\";007\r\n");
+    for (const char* ending : {"xls", "xlsx"}) {
+        const std::string book = std::string("book.") + ending;
+        ASSERT_EQ(Batch("convert list.csv " + book + " --heading --columns 2,1 --type 5").code, 0);
+        EXPECT_EQ(Batch("sheets " + book).output, "Tabs\n");
+        ASSERT_EQ(Batch("convert " + book + " back.csv --no-header --type 5").code, 0);
+        EXPECT_TRUE(ReadFile(folder / "back.csv").starts_with("007,Smith; John,\r\n,,\r\n")) << book;
+    }
+    ASSERT_EQ(Batch("convert list.csv tabs.csv --type 4").code, 0);
+    ASSERT_EQ(Batch("convert tabs.csv other.csv --fields 3").code, 0);
+    EXPECT_NE(ReadFile(folder / "other.csv").find("DL_v,4,3\r\n"), std::string::npos);
+    EXPECT_EQ(Batch("check other.csv").output, "");
+}
+
+TEST_F(BatchTest, ConvertRefusesWithoutWriting) {
+    Write("no.xls", "PK no workbook");
+    Write("long.csv", [] {
+        std::string lines;
+        for (int i = 0; i < 32768; ++i)
+            lines += "x\n";
+        return lines;
+    }());
+    const struct {
+        const char* arguments;
+        int code;
+        const char* text;
+    } cases[] = {{"convert no.xls out.csv", 1, "no.xls: the file is no workbook"},
+                 {"convert long.csv out.csv", 1, "long.csv: Overflow"},
+                 {"convert missing.xls out.csv", 1, "missing.xls"},
+                 {"convert long.csv out.ods", 2, "out.ods"},
+                 {"convert no.xls no.xls", 2, "would replace"},
+                 {"sheets no.xls", 1, "no.xls: "}};
+    for (const auto& [arguments, code, text] : cases) {
+        const Result result = Batch(arguments);
+        EXPECT_EQ(result.code, code) << arguments;
+        EXPECT_NE(result.output.find(text), std::string::npos) << result.output;
+        EXPECT_FALSE(std::filesystem::exists(folder / "out.csv") || std::filesystem::exists(folder / "out.ods"));
+    }
+}
+
 } // namespace
 } // namespace velmora

@@ -1,0 +1,134 @@
+#include "base/Text.h"
+#include "batch/BatchProgram.h"
+#include "batch/Commands.h"
+#include "document/OpenDocument.h"
+#include "document/TextList.h"
+#include "document/Worksheet.h"
+#include "platform/linux/LibraryWorkbooks.h"
+
+#include <iostream>
+
+namespace velmora {
+namespace {
+
+constexpr const char* kSheetName = "Tabs";
+
+/// By the ending of the name; nothing for a text file.
+std::optional<WorkbookFormat> FormatOf(const std::string& file) {
+    if (EndsWithNoCase(file, ".xls"))
+        return WorkbookFormat::Xls;
+    if (EndsWithNoCase(file, ".xlsx"))
+        return WorkbookFormat::Xlsx;
+    return EndsWithNoCase(file, ".ods") ? std::optional(WorkbookFormat::Ods) : std::nullopt;
+}
+
+void CheckUsage(const ConvertArguments& arguments) {
+    const auto format = FormatOf(arguments.output);
+    if (!format && !EndsWithNoCase(arguments.output, ".csv"))
+        throw UsageError(arguments.output + ": the output must end in .csv, .xls or .xlsx");
+    if (format && !LibraryWorkbooks().CanWrite(*format))
+        throw UsageError(arguments.output + ": workbooks of this format cannot be written");
+    if (IsSameFile(arguments.input, arguments.output))
+        throw UsageError(arguments.output + ": the output would replace what it is made from");
+}
+
+std::string ChooseSheet(const Workbook& workbook, const std::string& wanted) {
+    if (!wanted.empty())
+        return wanted;
+    if (workbook.SheetNames().size() == 1)
+        return workbook.SheetNames().front();
+    std::string names;
+    for (const std::string& name : workbook.SheetNames())
+        names += " [" + name + "]";
+    throw UsageError("choose a worksheet with --sheet:" + names);
+}
+
+WorksheetOptions OptionsOf(const ConvertArguments& arguments) {
+    WorksheetOptions options;
+    options.heading = arguments.heading;
+    if (!arguments.columns.empty())
+        options.columns = arguments.columns;
+    return options;
+}
+
+/// A workbook's sheet, or a list of another program.
+Worksheet ReadSheet(const ConvertArguments& arguments, const std::string& text) {
+    if (!FormatOf(arguments.input))
+        return WorksheetOf(ParseTextList(text, GuessDelimiter(text)), OptionsOf(arguments));
+    const auto workbook = LibraryWorkbooks().Open(arguments.input);
+    return ReadWorksheet(*workbook, ChooseSheet(*workbook, arguments.sheet), OptionsOf(arguments));
+}
+
+int FieldsInUse(const Worksheet& sheet) {
+    int fields = 1;
+    for (const auto& row : sheet.rows)
+        for (int field = fields; field < kFieldsPerTab; ++field)
+            if (!row[static_cast<std::size_t>(field)].empty())
+                fields = field + 1;
+    return fields;
+}
+
+/// Puts what the command line says in the place of what the input says, in its header or in the settings.
+template <typename Source>
+void Overrule(Source& source, const ConvertArguments& arguments, int fields, SettingsStore& settings) {
+    const auto type = std::to_string(arguments.type.value_or(0));
+    const auto used = std::to_string(arguments.fields.value_or(fields));
+    if (!source.header) {
+        Write(settings, kOptType, type);
+        Write(settings, kNoOfFields, used);
+        return;
+    }
+    source.header->optType = arguments.type ? type : source.header->optType;
+    source.header->noOfFields = arguments.fields ? used : source.header->noOfFields;
+}
+
+void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
+    const std::string bytes = FormatOf(arguments.input) ? "" : ReadInput(arguments.input);
+    NamingFile(arguments.input, [&] {
+        // A tab file knows no quotes, so its own reader takes it.
+        TabFile file = ParseTabFile(bytes);
+        if (file.header) {
+            Overrule(file, arguments, 1, program.Settings());
+            program.Load(file);
+            return;
+        }
+        Worksheet sheet = ReadSheet(arguments, file.text);
+        if (sheet.rows.empty() && !sheet.header)
+            throw Error("there are no rows to convert");
+        Overrule(sheet, arguments, FieldsInUse(sheet), program.Settings());
+        program.Load(sheet);
+    });
+}
+
+void WriteDocument(BatchProgram& program, const ConvertArguments& arguments,
+                   const std::function<void(std::string_view)>& sink) {
+    TabDocument& document = program.Main().document;
+    if (const auto format = FormatOf(arguments.output)) {
+        LibraryWorkbooks().Write(*format, kSheetName, TabRows(document), sink);
+        return;
+    }
+    std::string text = arguments.noHeader ? "" : SaveData(program.Settings());
+    SaveRows(document, program.Main().ui, text);
+    sink(text);
+}
+
+} // namespace
+
+int RunConvert(const ConvertArguments& arguments) {
+    CheckUsage(arguments);
+    BatchProgram program;
+    LoadInput(program, arguments);
+    WriteOutput(arguments.output, [&](const auto& sink) {
+        NamingFile(arguments.output, [&] { WriteDocument(program, arguments, sink); });
+    });
+    return kDone;
+}
+
+int RunSheets(const std::string& file) {
+    const auto workbook = NamingFile(file, [&] { return LibraryWorkbooks().Open(file); });
+    for (const std::string& name : workbook->SheetNames())
+        std::cout << name << '\n';
+    return kDone;
+}
+
+} // namespace velmora
