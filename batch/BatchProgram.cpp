@@ -17,10 +17,6 @@ public:
     void Advance(int) override {}
 };
 
-std::string DisplayName(const std::string& file) {
-    return file == kStandardStream ? "standard input" : file;
-}
-
 template <typename Source> void LoadOrExplain(MainModule& main, const Source& source) {
     try {
         LoadDocument(main, source);
@@ -32,6 +28,10 @@ template <typename Source> void LoadOrExplain(MainModule& main, const Source& so
 
 } // namespace
 
+std::string DisplayName(const std::string& file) {
+    return file == kStandardStream ? "standard input" : file;
+}
+
 Answer BatchInterface::Show(const Message& message) {
     if (message.icon == Icon::Critical || message.icon == Icon::Exclamation)
         throw Error(message.text);
@@ -41,6 +41,10 @@ Answer BatchInterface::Show(const Message& message) {
 
 std::unique_ptr<Progress> BatchInterface::StartProgress(const std::string&, int) {
     return std::make_unique<NoProgress>();
+}
+
+std::unique_ptr<Progress> BatchInterface::StartCancellable(const std::string& text, int total) {
+    return StartProgress(text, total);
 }
 
 BatchProgram::BatchProgram()

@@ -34,6 +34,7 @@ public:
     Answer Show(const Message& message) override;
     void Beep() override {}
     std::unique_ptr<Progress> StartProgress(const std::string& text, int total) override;
+    std::unique_ptr<Progress> StartCancellable(const std::string& text, int total) override;
     std::optional<std::filesystem::path> ChooseFile(const FileRequest&) override { return std::nullopt; }
     std::optional<std::filesystem::path> ChooseFolder(const std::string&, const std::filesystem::path&) override {
         return std::nullopt;
@@ -66,6 +67,9 @@ private:
     MainModule main_;
     LayoutValues layout_;
 };
+
+/// The file's name, "standard input" for "-".
+std::string DisplayName(const std::string& file);
 
 [[noreturn]] void RaiseWithFile(const std::string& file, const Error& error);
 

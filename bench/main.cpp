@@ -36,6 +36,9 @@ class NoInterface : public UserInterface {
     Answer Show(const Message& message) override { throw Error(message.text); }
     void Beep() override {}
     std::unique_ptr<Progress> StartProgress(const std::string&, int) override { return std::make_unique<NoProgress>(); }
+    std::unique_ptr<Progress> StartCancellable(const std::string&, int) override {
+        return std::make_unique<NoProgress>();
+    }
     std::optional<fs::path> ChooseFile(const FileRequest&) override { return std::nullopt; }
     std::optional<fs::path> ChooseFolder(const std::string&, const fs::path&) override { return std::nullopt; }
 };

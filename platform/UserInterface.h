@@ -37,6 +37,8 @@ public:
     virtual ~Progress() = default;
     /// `done` of the total that the window was opened with.
     virtual void Advance(int done) = 0;
+    /// True once the person has pressed Cancel.
+    virtual bool Cancelled() const { return false; }
 };
 
 class UserInterface {
@@ -47,6 +49,8 @@ public:
     virtual void Beep() = 0;
     /// Also turns the pointer into the hourglass until the progress ends. `total` is at least 1.
     virtual std::unique_ptr<Progress> StartProgress(const std::string& text, int total) = 0;
+    /// The same with a Cancel button; the work asks Cancelled after each Advance.
+    virtual std::unique_ptr<Progress> StartCancellable(const std::string& text, int total) = 0;
     /// The chosen path, or nothing when the person cancelled.
     virtual std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) = 0;
     virtual std::optional<std::filesystem::path> ChooseFolder(const std::string& title,

@@ -93,7 +93,11 @@ void QtUserInterface::Beep() {
 }
 
 std::unique_ptr<Progress> QtUserInterface::StartProgress(const std::string& text, int total) {
-    return std::make_unique<frmProgress>(Text(text), total, QApplication::applicationName());
+    return std::make_unique<frmProgress>(Text(text), total, frmProgress::Cancel::None);
+}
+
+std::unique_ptr<Progress> QtUserInterface::StartCancellable(const std::string& text, int total) {
+    return std::make_unique<frmProgress>(Text(text), total, frmProgress::Cancel::Offered);
 }
 
 std::optional<std::filesystem::path> QtUserInterface::ChooseFile(const FileRequest& request) {

@@ -10,6 +10,7 @@ public:
     Answer Show(const Message& message) override;
     void Beep() override;
     std::unique_ptr<Progress> StartProgress(const std::string& text, int total) override;
+    std::unique_ptr<Progress> StartCancellable(const std::string& text, int total) override;
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
     std::optional<std::filesystem::path> ChooseFolder(const std::string& title,
                                                       const std::filesystem::path& start) override;

@@ -1,8 +1,10 @@
 #include "platform/qt/frmProgress.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace velmora {
@@ -14,8 +16,7 @@ constexpr qint64 kRepaintEveryMs = 50;
 
 } // namespace
 
-frmProgress::frmProgress(const QString& text, int total, const QString& title)
-    : text_(text), title_(title), total_(total) {
+frmProgress::frmProgress(const QString& text, int total, Cancel cancel) : text_(text), total_(total), cancel_(cancel) {
     clock_.start();
     QApplication::setOverrideCursor(Qt::WaitCursor);
 }
@@ -25,7 +26,8 @@ frmProgress::~frmProgress() {
 }
 
 void frmProgress::Advance(int done) {
-    if (++sinceLook_ < kCallsBetweenLooks)
+    // What can be cancelled advances in steps long enough to be looked at singly.
+    if (++sinceLook_ < kCallsBetweenLooks && cancel_ == Cancel::None)
         return;
     sinceLook_ = 0;
     const qint64 now = clock_.elapsed();
@@ -35,21 +37,31 @@ void frmProgress::Advance(int done) {
         Show();
     shownAt_ = now;
     bar_->setValue(done);
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QApplication::processEvents(cancel_ == Cancel::None ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
 }
 
 void frmProgress::Show() {
-    window_ = std::make_unique<QWidget>(QApplication::activeWindow(),
-                                        Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    window_ = std::make_unique<QDialog>(QApplication::activeWindow(), Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     window_->setObjectName("frmProgress");
-    window_->setWindowTitle(title_);
+    window_->setWindowTitle(QApplication::applicationName());
     window_->setWindowModality(Qt::ApplicationModal);
     auto* layout = new QVBoxLayout(window_.get());
     layout->addWidget(new QLabel(text_));
     bar_ = new QProgressBar;
     bar_->setRange(0, total_);
     layout->addWidget(bar_);
+    if (cancel_ == Cancel::Offered)
+        AddCancel();
     window_->show();
+}
+
+void frmProgress::AddCancel() {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName("cmdCancel");
+    window_->layout()->addWidget(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, window_.get(), &QDialog::reject);
+    // Escape and closing the window end in the same signal.
+    QObject::connect(window_.get(), &QDialog::rejected, window_.get(), [this] { cancelled_ = true; });
 }
 
 } // namespace velmora

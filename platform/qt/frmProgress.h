@@ -4,9 +4,9 @@
 
 #include "platform/UserInterface.h"
 
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QString>
-#include <QWidget>
 
 #include <memory>
 
@@ -16,20 +16,25 @@ namespace velmora {
 
 class frmProgress : public Progress {
 public:
-    frmProgress(const QString& text, int total, const QString& title);
+    enum class Cancel { None, Offered };
+
+    frmProgress(const QString& text, int total, Cancel cancel);
     ~frmProgress() override;
     void Advance(int done) override;
+    bool Cancelled() const override { return cancelled_; }
 
 private:
     void Show();
+    void AddCancel();
 
     QString text_;
-    QString title_;
     int total_;
+    Cancel cancel_;
+    bool cancelled_ = false;
     int sinceLook_ = 0; ///< calls since the clock was last read
     qint64 shownAt_ = 0;
     QElapsedTimer clock_;
-    std::unique_ptr<QWidget> window_;
+    std::unique_ptr<QDialog> window_;
     QProgressBar* bar_ = nullptr;
 };
 

@@ -1,10 +1,13 @@
 // The main window and its grid on the offscreen platform, driven through the named controls.
 #include "editor/ui/frmGrid2a4.h"
+#include "platform/qt/QtUserInterface.h"
 #include "tests/forms/RunningProgram.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
+#include <QElapsedTimer>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QToolBar>
@@ -19,6 +22,31 @@ class FormsTest : public QObject {
 
 private slots:
     void init() { FailOnWarnings(); }
+
+    void longWorkIsCancelledByButtonAndByEscape() {
+        for (const bool byButton : {true, false}) {
+            const auto progress = QtUserInterface().StartCancellable("Work", 100000);
+            const auto advanceUntil = [&](const std::function<bool()>& done) {
+                QElapsedTimer clock;
+                clock.start();
+                while (!done() && !clock.hasExpired(5000))
+                    progress->Advance(1);
+                return done();
+            };
+            QWidget* window = nullptr;
+            QVERIFY(advanceUntil([&] {
+                for (QWidget* widget : QApplication::topLevelWidgets())
+                    window = widget->objectName() == "frmProgress" ? widget : window;
+                return window != nullptr;
+            }));
+            QVERIFY(!progress->Cancelled());
+            if (byButton)
+                QTest::mouseClick(window->findChild<QAbstractButton*>("cmdCancel"), Qt::LeftButton);
+            else
+                QTest::keyClick(window, Qt::Key_Escape);
+            QVERIFY(progress->Cancelled());
+        }
+    }
 
     void everyTypeShowsItsBoxesInsideTheSheet_data() {
         QTest::addColumn<int>("type");

@@ -36,6 +36,7 @@ public:
     int beeps = 0;
     std::string boxTitle = "Velmora"; ///< of all message boxes to come
     std::vector<std::string> progressTexts;
+    int cancelAfter = -1; ///< Advance calls until Cancel is pressed in a window that offers it; -1: never
 
     Answer Show(const Message& message) override {
         const Step step = Next(message.text);
@@ -50,6 +51,10 @@ public:
     std::unique_ptr<Progress> StartProgress(const std::string& text, int) override {
         progressTexts.push_back(text);
         return std::make_unique<Silent>();
+    }
+    std::unique_ptr<Progress> StartCancellable(const std::string& text, int) override {
+        progressTexts.push_back(text);
+        return std::make_unique<Silent>(cancelAfter);
     }
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override {
         const Step step = Next(request.title);
@@ -74,7 +79,13 @@ private:
         std::function<void()> meanwhile;
     };
     class Silent : public Progress {
-        void Advance(int) override {}
+    public:
+        explicit Silent(int cancelAfter = -1) : left_(cancelAfter) {}
+        void Advance(int) override { left_ -= left_ > 0 ? 1 : 0; }
+        bool Cancelled() const override { return left_ == 0; }
+
+    private:
+        int left_;
     };
 
     Step Next(const std::string& text) {
