@@ -2,8 +2,8 @@
 
 #include "app/Main.h"
 #include "app/ui/mdiVelmora.h"
-#include "platform/linux/BuiltInPrinters.h"
 #include "platform/linux/FontconfigCatalogue.h"
+#include "platform/linux/InstalledPrinters.h"
 #include "platform/linux/ProgramFolder.h"
 #include "platform/linux/RegistryFile.h"
 #include "platform/qt/BundledFiles.h"
@@ -49,7 +49,7 @@ int Run(const std::string& commandLine) {
 
     QtUserInterface ui;
     RegistryFile registry(folder / "Velmora.reg");
-    BuiltInPrinters printers(environment("VELMORA_NO_PDF_PRINTER") != "1");
+    InstalledPrinters printers = MakeInstalledPrinters(environment("VELMORA_NO_PDF_PRINTER") != "1");
     FontconfigCatalogue fonts;
     SettingsStore settings(registry, ui);
     settings.ProgramFolder = folder;

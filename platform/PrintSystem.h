@@ -1,6 +1,10 @@
 // The printers of the machine.
 #pragma once
 
+#include "base/Error.h"
+
+#include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,6 +14,42 @@ namespace velmora {
 /// The built-in printer, which writes a PDF to a path that it asks for.
 inline constexpr const char* kPdfPrinter = "Velmora PDF";
 
+inline constexpr int kPrinterErrorNumber = 482;     ///< the printer or its queue refuses
+inline constexpr int kPrinterNotValidNumber = 5707; ///< there is no such printer
+
+/// A refusal by the printers: one of the two numbers above, or 0 with the system's own text.
+class PrinterError : public Error {
+public:
+    using Error::Error;
+};
+
+/// What a printer cannot reach at each edge of the paper, in millimetres.
+struct UnprintableMargins {
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+};
+
+/// What a printer says of one size of paper.
+struct PaperSupport {
+    bool listed = false;                                          ///< it has exactly this size
+    std::optional<UnprintableMargins> unprintable = std::nullopt; ///< nothing where it does not say
+};
+
+enum class Orientation : std::int16_t { Portrait = 1, Landscape = 2 };
+
+/// A finished PDF, to be printed at its own size in the printer's best quality. Lengths as the paper goes through the
+/// printer.
+struct PrintJob {
+    std::string title;
+    std::filesystem::path pdf;
+    double widthMm = 0;
+    double heightMm = 0;
+    /// How the sheet is read. The pages of the PDF are turned already: nothing may turn them again.
+    Orientation orientation = Orientation::Portrait;
+};
+
 class PrintSystem {
 public:
     virtual ~PrintSystem() = default;
@@ -17,6 +57,10 @@ public:
     virtual std::vector<std::string> Printers() const = 0;
     /// Device name of the system's default printer; nothing on a machine without one.
     virtual std::optional<std::string> DefaultPrinter() const = 0;
+    /// What `printer` says of paper of this size, in millimetres; nothing is listed for an unknown printer.
+    virtual PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const = 0;
+    /// Hands the job over; the file may go afterwards. Raises PrinterError, and nothing is printed then.
+    virtual void Print(const std::string& printer, const PrintJob& job) = 0;
 };
 
 } // namespace velmora

@@ -14,6 +14,7 @@ libfontconfig-dev   has_pkg fontconfig
 zlib1g-dev          has_pkg zlib
 libexpat1-dev       has_pkg expat
 libxlsxwriter-dev   has_pkg xlsxwriter
+libcups2-dev        has_file include/cups/cups.h
 libcli11-dev        has_file include/CLI/CLI.hpp
 nlohmann-json3-dev  has_file include/nlohmann/json.hpp
 libgtest-dev        has_pkg gtest
@@ -23,6 +24,8 @@ fonts-dejavu-extra  has_font "DejaVu Math TeX Gyre"
 fontconfig          command -v fc-list
 poppler-utils       command -v pdftotext
 qpdf                command -v qpdf
+cups-daemon         PATH=$PATH:/usr/sbin command -v cupsd
+cups-ipp-utils      command -v ipptool
 '
 
 has_pkg() { pkg-config --exists "$1"; }

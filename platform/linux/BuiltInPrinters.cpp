@@ -10,4 +10,13 @@ std::optional<std::string> BuiltInPrinters::DefaultPrinter() const {
     return pdfPrinter_ ? std::optional<std::string>(kPdfPrinter) : std::nullopt;
 }
 
+PaperSupport BuiltInPrinters::PaperOf(const std::string& printer, double, double) const {
+    return pdfPrinter_ && printer == kPdfPrinter ? PaperSupport{true, UnprintableMargins{}} : PaperSupport{};
+}
+
+void BuiltInPrinters::Print(const std::string& printer, const PrintJob&) {
+    throw PrinterError("\"" + printer + "\" takes no print jobs.",
+                       printer == kPdfPrinter ? kPrinterErrorNumber : kPrinterNotValidNumber);
+}
+
 } // namespace velmora

@@ -1,0 +1,20 @@
+// The printers of CUPS.
+#pragma once
+
+#include "platform/PrintSystem.h"
+
+namespace velmora {
+
+/// Every call makes a connection of its own and gives up soon where no server answers: a machine without CUPS has no
+/// printers. The server is the one that CUPS' own settings name (CUPS_SERVER, client.conf).
+class CupsPrinters : public PrintSystem {
+public:
+    /// Queue names, instances as "queue/instance"; printers found on the network are among them.
+    std::vector<std::string> Printers() const override;
+    std::optional<std::string> DefaultPrinter() const override;
+    PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const override;
+    /// PrinterError: 5707 for an unknown printer; 482 where no server answers, or the queue takes no jobs.
+    void Print(const std::string& printer, const PrintJob& job) override;
+};
+
+} // namespace velmora

@@ -1,0 +1,41 @@
+#include "platform/linux/InstalledPrinters.h"
+
+#ifdef VELMORA_CUPS
+#include "platform/linux/CupsPrinters.h"
+#endif
+
+namespace velmora {
+
+std::vector<std::string> InstalledPrinters::Printers() const {
+    std::vector<std::string> names = server_ ? server_->Printers() : std::vector<std::string>{};
+    for (std::string& name : builtIn_.Printers())
+        names.push_back(std::move(name));
+    return names;
+}
+
+std::optional<std::string> InstalledPrinters::DefaultPrinter() const {
+    const auto name = server_ ? server_->DefaultPrinter() : std::nullopt;
+    return name ? name : builtIn_.DefaultPrinter();
+}
+
+PaperSupport InstalledPrinters::PaperOf(const std::string& printer, double widthMm, double heightMm) const {
+    return server_ && printer != kPdfPrinter ? server_->PaperOf(printer, widthMm, heightMm)
+                                             : builtIn_.PaperOf(printer, widthMm, heightMm);
+}
+
+void InstalledPrinters::Print(const std::string& printer, const PrintJob& job) {
+    if (server_ && printer != kPdfPrinter)
+        server_->Print(printer, job);
+    else
+        builtIn_.Print(printer, job);
+}
+
+InstalledPrinters MakeInstalledPrinters(bool pdfPrinter) {
+#ifdef VELMORA_CUPS
+    return {std::make_unique<CupsPrinters>(), pdfPrinter};
+#else
+    return {nullptr, pdfPrinter};
+#endif
+}
+
+} // namespace velmora
