@@ -5,7 +5,7 @@
 #include "document/Undo.h"
 #include "document/mdlMain.h"
 #include "platform/FontCatalogue.h"
-#include "print/rptVelmor.h"
+#include "print/PrintModule.h"
 
 #include <memory>
 #include <string>
@@ -19,6 +19,7 @@ struct Program {
     std::string Title; ///< application title: name and version
     UndoHistory history{};
     std::unique_ptr<RecoveryStore> recovery{}; ///< made at the start, in the program folder
+    PrintModule print{main, layout, fontCatalogue};
 };
 
 } // namespace velmora

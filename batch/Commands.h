@@ -13,11 +13,16 @@ struct InfoArguments {
 };
 int RunInfo(const InfoArguments& arguments);
 
-struct PdfArguments {
+/// Which sheets of a tab file, and how they are laid out.
+struct SheetArguments {
     std::string file;
-    std::string output;
     std::optional<std::string> pages; ///< "1-3,7"; nothing: all
+    std::optional<std::string> used;  ///< positions of the first sheet without a label, "1-5,9"
     std::string ini;
+};
+
+struct PdfArguments : SheetArguments {
+    std::string output;
     bool test = false;
     bool outline = false;
 };
@@ -30,6 +35,13 @@ struct CalibrationArguments {
     std::string ini;
 };
 int RunCalibration(const CalibrationArguments& arguments);
+
+struct PrintArguments : SheetArguments {
+    std::string printer; ///< empty: the one that the tab file names
+};
+int RunPrint(const PrintArguments& arguments);
+/// One printer per line, the default one with a tab and "default" behind it.
+int RunPrinters();
 
 struct NewArguments {
     int type = 0;

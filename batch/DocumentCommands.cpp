@@ -6,12 +6,14 @@
 #include "document/TabFileCheck.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/CalibrationSheet.h"
+#include "platform/linux/InstalledPrinters.h"
+#include "platform/linux/ProgramFolder.h"
+#include "print/NumberList.h"
 #include "print/PdfReport.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <charconv>
 #include <iostream>
 
 namespace velmora {
@@ -61,35 +63,44 @@ Json TextsJson(const TabDocument& document) {
     return texts;
 }
 
-/// A whole number at the front of `text`, which is cut off.
-int TakeNumber(std::string_view& text, const std::string& list) {
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || number < 1)
-        throw UsageError("\"" + list + "\" is no list of pages such as 1-3,7");
-    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-    return number;
+std::vector<int> ParseList(const std::string& list, int most, const ListWords& words) {
+    try {
+        return ParseNumberList(list, most, words);
+    } catch (const Error& error) {
+        throw UsageError(error.what());
+    }
 }
 
-/// "1-3,7" as page numbers of a document of `pages` pages.
-std::vector<int> ParsePages(const std::string& list, int pages) {
-    std::vector<int> numbers;
-    for (std::string_view part : Split(list, ',')) {
-        const int first = TakeNumber(part, list);
-        int last = first;
-        if (part.starts_with('-')) {
-            part.remove_prefix(1);
-            last = TakeNumber(part, list);
-        }
-        if (!part.empty() || last < first)
-            throw UsageError("\"" + list + "\" is no list of pages such as 1-3,7");
-        if (last > pages)
-            throw UsageError("page " + std::to_string(last) + " is asked for, the document has " +
-                             std::to_string(pages));
-        for (int number = first; number <= last; ++number)
-            numbers.push_back(number);
-    }
-    return numbers;
+ReportRequest RequestOf(const SheetArguments& arguments, const TabDocument& document) {
+    ReportRequest request;
+    if (arguments.used)
+        request.used = ParseList(*arguments.used, document.TabsPerPage, {"position", "sheet"});
+    return request;
+}
+
+PdfOptions OptionsOf(const SheetArguments& arguments, const rptVelmor& report) {
+    PdfOptions options;
+    if (arguments.pages)
+        options.sheets = ParseList(*arguments.pages, report.SheetCount(), {"page", "document"});
+    return options;
+}
+
+void LoadSheets(BatchProgram& program, const SheetArguments& arguments) {
+    if (!arguments.ini.empty())
+        program.UseSettings(arguments.ini);
+    program.Load(arguments.file);
+}
+
+InstalledPrinters MachinePrinters() {
+    return MakeInstalledPrinters(SystemEnvironment()("VELMORA_NO_PDF_PRINTER") != "1");
+}
+
+void CheckPrinter(const PrintSystem& printers, const std::string& name) {
+    if (name == kPdfPrinter)
+        throw UsageError("\"" + name + "\" writes a file: use \"velmora-batch pdf\", or name a printer with --printer");
+    const std::vector<std::string> names = printers.Printers();
+    if (std::find(names.begin(), names.end(), name) == names.end())
+        throw Error("there is no printer \"" + name + "\"; \"velmora-batch printers\" lists them");
 }
 
 } // namespace
@@ -123,18 +134,15 @@ int RunPdf(const PdfArguments& arguments) {
         if (IsSameFile(read, arguments.output))
             throw UsageError(arguments.output + ": the PDF would replace what it is made from");
     BatchProgram program;
-    if (!arguments.ini.empty())
-        program.UseSettings(arguments.ini);
-    program.Load(arguments.file);
+    LoadSheets(program, arguments);
     const FontconfigCatalogue catalogue;
-    rptVelmor report = NamingFile(arguments.file, [&] {
-        return PrepareReport(program.Main(), program.Layout(), {arguments.test ? "TEST" : "PRINT", false});
-    });
-    PdfOptions options;
+    ReportRequest request = RequestOf(arguments, program.Main().document);
+    request.mode = arguments.test ? "TEST" : "PRINT";
+    rptVelmor report =
+        NamingFile(arguments.file, [&] { return PrepareReport(program.Main(), program.Layout(), request); });
+    PdfOptions options = OptionsOf(arguments, report);
     options.outline = arguments.outline;
-    if (arguments.pages)
-        options.sheets = ParsePages(*arguments.pages, report.SheetCount());
-    else if (arguments.test)
+    if (arguments.test && !arguments.pages)
         options.sheets = {1}; // the test page is one page, however long the document
     WriteOutput(arguments.output,
                 [&](const auto& sink) { WritePdf(report, program.Main(), catalogue, options, sink); });
@@ -155,6 +163,30 @@ int RunCalibration(const CalibrationArguments& arguments) {
     WriteOutput(arguments.output, [&](const auto& sink) {
         WriteCalibrationPdf(program.Settings(), catalogue, arguments.type, layout, sink);
     });
+    return kDone;
+}
+
+int RunPrint(const PrintArguments& arguments) {
+    BatchProgram program;
+    LoadSheets(program, arguments);
+    InstalledPrinters printers = MachinePrinters();
+    const std::string& configured = program.Main().globals.PrinterName;
+    const std::string& printer = arguments.printer.empty() ? configured : arguments.printer;
+    CheckPrinter(printers, printer);
+    const FontconfigCatalogue catalogue;
+    rptVelmor report = NamingFile(arguments.file, [&] {
+        return PrepareReport(program.Main(), program.Layout(), RequestOf(arguments, program.Main().document));
+    });
+    PrintSheets(report, program.Main(), catalogue, OptionsOf(arguments, report),
+                {printers, printer, "Velmora [" + DisplayName(arguments.file) + "]"});
+    return kDone;
+}
+
+int RunPrinters() {
+    const InstalledPrinters printers = MachinePrinters();
+    const auto standard = printers.DefaultPrinter();
+    for (const std::string& name : printers.Printers())
+        std::cout << name << (name == standard ? "\tdefault" : "") << '\n';
     return kDone;
 }
 

@@ -23,6 +23,7 @@ struct Request {
     InfoArguments info;
     PdfArguments pdf;
     CalibrationArguments calibration;
+    PrintArguments print;
     NewArguments create;
     FillArguments fill;
     std::vector<std::string> check;
@@ -39,15 +40,20 @@ void AddInfo(CLI::App& app, Request& request) {
     command->callback([&] { request.run = [&] { return RunInfo(request.info); }; });
 }
 
+void AddSheetOptions(CLI::App& command, SheetArguments& sheets) {
+    command.add_option("FILE", sheets.file, "Tab file, - for standard input")->required()->check(kNotEmpty);
+    command.add_option("--pages", sheets.pages, "Pages to print, such as 1-3,7");
+    command.add_option("--used", sheets.used, "Positions of the first sheet without a label, such as 1-5,9");
+    command.add_option("--ini", sheets.ini, "Settings such as tab tops; the file is only read");
+}
+
 void AddPdf(CLI::App& app, Request& request) {
     PdfArguments& pdf = request.pdf;
     CLI::App* command = app.add_subcommand("pdf", "Print a tab file to a PDF");
-    command->add_option("FILE", pdf.file, "Tab file, - for standard input")->required()->check(kNotEmpty);
+    AddSheetOptions(*command, pdf);
     command->add_option("-o,--output", pdf.output, "PDF to write, - for standard output")->required()->check(kNotEmpty);
-    command->add_option("--pages", pdf.pages, "Pages to print, such as 1-3,7");
     command->add_flag("--test", pdf.test, "Print the fixed texts of the test page");
     command->add_flag("--outline", pdf.outline, "Draw the outlines of the tabs");
-    command->add_option("--ini", pdf.ini, "Settings such as tab tops; the file is only read");
     command->callback([&] { request.run = [&] { return RunPdf(request.pdf); }; });
 }
 
@@ -61,6 +67,15 @@ void AddCalibration(CLI::App& app, Request& request) {
         ->check(kNotEmpty);
     command->add_option("--ini", calibration.ini, "Settings such as tab tops; the file is only read");
     command->callback([&] { request.run = [&] { return RunCalibration(request.calibration); }; });
+}
+
+void AddPrint(CLI::App& app, Request& request) {
+    CLI::App* command = app.add_subcommand("print", "Send a tab file to a printer");
+    AddSheetOptions(*command, request.print);
+    command->add_option("--printer", request.print.printer, "Printer; without it the one that the file names")
+        ->check(kNotEmpty);
+    command->callback([&] { request.run = [&] { return RunPrint(request.print); }; });
+    app.add_subcommand("printers", "List the printers")->callback([&] { request.run = RunPrinters; });
 }
 
 void AddNew(CLI::App& app, Request& request) {
@@ -178,6 +193,7 @@ int main(int argc, char** argv) {
     AddInfo(app, request);
     AddPdf(app, request);
     AddCalibration(app, request);
+    AddPrint(app, request);
     AddNew(app, request);
     AddFill(app, request);
     AddCheck(app, request);

@@ -51,12 +51,14 @@ void ShowCurrentTab(MainModule& main) {
                                      std::to_string(main.document.TabCount));
 }
 
+std::string DocumentCaption(const TabDocument& document) {
+    return document.DocFileName.empty() ? "Untitled" : document.DocFileName.string();
+}
+
 void ShowCaption(MainModule& main) {
     if (!main.status)
         return;
-    const std::filesystem::path& name = main.document.DocFileName;
-    main.status->SetCaption(main.settings.SettingsAppName +
-                            (name.empty() ? " [Untitled]" : " [" + name.string() + "]"));
+    main.status->SetCaption(main.settings.SettingsAppName + " [" + DocumentCaption(main.document) + "]");
 }
 
 } // namespace velmora

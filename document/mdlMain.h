@@ -58,6 +58,8 @@ void ShowDocumentStatus(MainModule& main, const TabDocument& document);
 void RefreshDocumentStatus(MainModule& main);
 /// Panel 5 while a tab has the focus.
 void ShowCurrentTab(MainModule& main);
+/// The document's path, or "Untitled".
+std::string DocumentCaption(const TabDocument& document);
 /// The application name with the document's name in brackets.
 void ShowCaption(MainModule& main);
 

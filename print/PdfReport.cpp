@@ -1,6 +1,7 @@
 #include "print/PdfReport.h"
 
 #include "base/AtomicFile.h"
+#include "base/TemporaryFile.h"
 #include "document/Dialogs.h"
 #include "print/PdfCanvas.h"
 #include "print/SheetPainter.h"
@@ -16,8 +17,9 @@ std::vector<int> AllSheets(const rptVelmor& report) {
     return numbers;
 }
 
-/// Asks until a path is chosen that may be written; nothing when the person cancels.
-std::optional<std::filesystem::path> AskForPath(MainModule& main) {
+} // namespace
+
+std::optional<std::filesystem::path> AskForPdfPath(MainModule& main) {
     const std::filesystem::path& document = main.document.DocFileName;
     const std::string name = document.empty() ? "Tabs" : document.stem().string();
     const std::filesystem::path folder = document.empty() ? main.globals.TabsPath : document.parent_path();
@@ -31,13 +33,11 @@ std::optional<std::filesystem::path> AskForPath(MainModule& main) {
     }
 }
 
-} // namespace
-
 rptVelmor PrepareReport(const MainModule& main, LayoutValues& layout, const ReportRequest& request) {
     const TabDocument& document = main.document;
     rptVelmor report(layout);
     report.InitArray(request.mode, request.pageOnly ? document.TabsPerPage : document.TabCount, document.RowsPerPage,
-                     document.ColsPerPage, document.NoOfFields, request.pageOnly, document);
+                     document.ColsPerPage, document.NoOfFields, request.pageOnly, document, request.used);
     report.PrepareTabStyle(document.OptType, main.settings);
     report.FormatFields(document.NoOfFields, document.ColsPerPage, document.OptType, main.fonts);
     report.SetPage(SheetPaper(SetStationeryFromType(document.OptType), document.StationeryType),
@@ -45,7 +45,7 @@ rptVelmor PrepareReport(const MainModule& main, LayoutValues& layout, const Repo
     return report;
 }
 
-void WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
+bool WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
               const std::function<void(std::string_view)>& sink, Progress* progress) {
     PdfCanvas pdf(sink, {});
     SheetPainter painter(catalogue, main.fonts);
@@ -56,22 +56,44 @@ void WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& ca
         painter.Paint(sheet, pdf, options.outline ? Outlines::Shown : Outlines::Hidden);
         if (progress)
             progress->Advance(++done);
+        if (progress && progress->Cancelled())
+            return false;
     }
     pdf.Finish();
+    return true;
+}
+
+bool SavePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
+             const std::filesystem::path& path, Progress* progress) {
+    AtomicFile file(path);
+    const bool whole = WritePdf(
+        report, main, catalogue, options, [&](std::string_view bytes) { file.Write(bytes); }, progress);
+    if (whole)
+        file.Commit();
+    return whole;
+}
+
+bool PrintSheets(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
+                 const PrintTarget& target, Progress* progress) {
+    TemporaryFile pdf(".pdf");
+    if (!WritePdf(
+            report, main, catalogue, options, [&](std::string_view bytes) { pdf.Write(bytes); }, progress))
+        return false;
+    const Paper& paper = report.PagePaper();
+    target.printers.Print(target.printer, {target.title, pdf.Path(), paper.widthMm, paper.heightMm,
+                                           paper.turned ? Orientation::Landscape : Orientation::Portrait});
+    return true;
 }
 
 void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& catalogue) {
     SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
-    const auto path = AskForPath(main);
+    const auto path = AskForPdfPath(main);
     if (!path)
         return;
     Trapped(main, "Called from Function: PrintReport", [&] {
         rptVelmor report = PrepareReport(main, layout, {});
-        const auto progress = main.ui.StartProgress("Exporting file.  Please standby...", report.SheetCount());
-        AtomicFile file(*path);
-        WritePdf(
-            report, main, catalogue, {}, [&](std::string_view bytes) { file.Write(bytes); }, progress.get());
-        file.Commit();
+        const auto progress = main.ui.StartCancellable("Exporting file.  Please standby...", report.SheetCount());
+        SavePdf(report, main, catalogue, {}, *path, progress.get());
     });
 }
 

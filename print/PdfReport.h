@@ -5,7 +5,9 @@
 #include "platform/FontCatalogue.h"
 #include "print/rptVelmor.h"
 
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -15,6 +17,7 @@ namespace velmora {
 struct ReportRequest {
     std::string_view mode = "PRINT"; ///< "TEST": the fixed texts of the test page
     bool pageOnly = false;           ///< the page shown alone
+    std::vector<int> used = {};      ///< slots of the first sheet that are used up, from 1
 };
 
 /// The report of the document, ready for its sheets. Raises what the report's steps raise.
@@ -26,8 +29,26 @@ struct PdfOptions {
 };
 
 /// Writes the sheets through `sink`, one sheet in memory at a time. `progress` is told the sheets done.
-void WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
+/// False when the person cancelled: what was written is no PDF then.
+bool WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
               const std::function<void(std::string_view)>& sink, Progress* progress = nullptr);
+
+/// Replaces the file at `path` by the PDF; false, with the file as it was, when the person cancelled.
+bool SavePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
+             const std::filesystem::path& path, Progress* progress = nullptr);
+
+struct PrintTarget {
+    PrintSystem& printers;
+    std::string printer;
+    std::string title; ///< of the job
+};
+/// Hands the sheets over as one job, by way of a temporary file; false, and no job, when the person cancelled. Raises
+/// PrinterError, and what WritePdf raises.
+bool PrintSheets(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
+                 const PrintTarget& target, Progress* progress = nullptr);
+
+/// Asks until a path is chosen that may be written; nothing when the person cancels.
+std::optional<std::filesystem::path> AskForPdfPath(MainModule& main);
 
 /// The command: asks for a path, takes the page on screen into the document and writes the whole document. The file is
 /// replaced only when all of it is written; a failure is shown.

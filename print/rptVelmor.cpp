@@ -4,6 +4,8 @@
 #include "base/Error.h"
 #include "base/Numbers.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
@@ -47,11 +49,12 @@ Box Shifted(const Box& box, double left, double top) {
 
 } // namespace
 
+double ReadPageMargin(SettingsStore& store, const SettingKey& key) {
+    return Millimetres(key, GetSetting(store, store.SettingsAppName, key.section, key.key, key.fallback));
+}
+
 PageMargins ReadPageMargins(SettingsStore& store) {
-    const auto margin = [&](const SettingKey& key) {
-        return Millimetres(key, GetSetting(store, store.SettingsAppName, key.section, key.key, key.fallback));
-    };
-    return {margin(kMarginLeft), margin(kMarginTop)};
+    return {ReadPageMargin(store, kMarginLeft), ReadPageMargin(store, kMarginTop)};
 }
 
 Paper SheetPaper(std::string_view stationery, std::string_view layout) {
@@ -63,16 +66,44 @@ Paper SheetPaper(std::string_view stationery, std::string_view layout) {
 }
 
 void rptVelmor::InitArray(std::string_view mode, std::int32_t count, std::int16_t rows, std::int16_t cols,
-                          std::int16_t numFields, bool pageOnly, const TabDocument& document) {
+                          std::int16_t numFields, bool pageOnly, const TabDocument& document,
+                          const std::vector<int>& used) {
     if (count < 1 || rows < 1 || cols < 1 || count % (rows * cols) != 0)
         throw SubscriptError();
     rows_ = rows;
     cols_ = cols;
     numFields_ = numFields;
-    tabs_.assign(static_cast<std::size_t>(ToInt16(count)), {});
+    const std::vector<bool> free = FreeSlots(used);
+    tabs_.assign(static_cast<std::size_t>(ToInt16(count)) + (used.empty() ? 0 : free.size()), {});
     const std::int32_t before = pageOnly ? Multiply16(document.CurrentPage - 1, document.TabsPerPage) : 0;
-    for (std::size_t index = 0; index < tabs_.size(); ++index)
-        FillRecord(index, mode, document, before + static_cast<std::int32_t>(index) + 1);
+    std::size_t index = 0;
+    for (std::int32_t tab = 1; tab <= count; ++tab, ++index) {
+        while (index < free.size() && !free[index])
+            ++index;
+        FillRecord(index, mode, document, before + tab);
+    }
+    if (!used.empty())
+        DropEmptyEnd(static_cast<std::size_t>(count));
+}
+
+std::vector<bool> rptVelmor::FreeSlots(const std::vector<int>& used) const {
+    std::vector<bool> free(static_cast<std::size_t>(rows_ * cols_), true);
+    for (const int slot : used) {
+        if (slot < 1 || slot > rows_ * cols_)
+            throw SubscriptError();
+        free[static_cast<std::size_t>(slot - 1)] = false;
+    }
+    if (std::find(free.begin(), free.end(), true) == free.end())
+        throw Error("All positions of the first sheet are used.");
+    return free;
+}
+
+void rptVelmor::DropEmptyEnd(std::size_t count) {
+    const auto isEmpty = [](const Record& record) {
+        return std::all_of(record.begin(), record.end(), [](std::string_view text) { return text.empty(); });
+    };
+    if (std::all_of(tabs_.begin() + static_cast<std::ptrdiff_t>(count), tabs_.end(), isEmpty))
+        tabs_.resize(count);
 }
 
 void rptVelmor::FillRecord(std::size_t index, std::string_view mode, const TabDocument& document, std::int32_t tab) {

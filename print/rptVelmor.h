@@ -4,10 +4,12 @@
 #include "app/settings/mdlSettings.h"
 #include "document/FontSettings.h"
 #include "document/TabDocument.h"
+#include "platform/PrintSystem.h"
 #include "print/Sheet.h"
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -34,11 +36,21 @@ struct PageMargins {
     double top = 0;  ///< twips
 };
 
+/// One page margin in twips, from a setting in millimetres. Raises TypeMismatchError for what is no number.
+double ReadPageMargin(SettingsStore& store, const SettingKey& key);
 /// From "Margin Value Left" and "Margin Value Top" (millimetres). Raises TypeMismatchError for what is no number.
 PageMargins ReadPageMargins(SettingsStore& store);
 
 /// The paper of a stationery ("A4" or "DL") in a layout ("A4", "DL_v" or "DL_h"; any other is turned).
 Paper SheetPaper(std::string_view stationery, std::string_view layout);
+
+/// The printer that a report goes to; codes are those of the printing system that the settings come from.
+struct ReportPrinter {
+    std::string DeviceName;
+    std::int16_t PrintQuality = 0; ///< -4: high
+    std::int16_t PaperSize = 0;    ///< 9: A4, 27: DL; 0: the printer's own
+    Orientation Orient = Orientation::Portrait;
+};
 
 /// Built for one run and then dropped. Order of use: InitArray, PrepareTabStyle, FormatFields, SetPage, then the
 /// sheets. The texts of a sheet belong to the document, which must not change meanwhile.
@@ -49,8 +61,13 @@ public:
     /// Builds the tab array from the document, or from the page shown alone (`pageOnly`), or with the fixed texts of
     /// the test page (mode "TEST"). Raises SubscriptError when `count` is less than 1 or no whole number of pages, and
     /// OverflowError above 32767 tabs.
+    ///
+    /// `used` are slots of the first sheet, from 1, whose labels are gone: the tabs flow around them, onto one sheet
+    /// more where there is something to put on it. Raises SubscriptError for a slot that the sheet does not have, and
+    /// Error when none is left.
     void InitArray(std::string_view mode, std::int32_t count, std::int16_t rows, std::int16_t cols,
-                   std::int16_t numFields, bool pageOnly, const TabDocument& document);
+                   std::int16_t numFields, bool pageOnly, const TabDocument& document,
+                   const std::vector<int>& used = {});
     /// Sets the layout values of tab style 0 to 5; any other keeps those of the run before, the row height apart.
     /// Raises TypeMismatchError when a stored tab top is no number.
     void PrepareTabStyle(std::int16_t style, SettingsStore& store);
@@ -60,10 +77,13 @@ public:
 
     /// Horizontal alignments of fields 1 to 3 as they are printed.
     const std::array<std::int16_t, kFieldsPerTab>& Alignments() const { return alignments_; }
+    const Paper& PagePaper() const { return paper_; }
 
     int SheetCount() const;
     /// Lays out sheet `number`, counted from 1; `sheet` is reused, so that one sheet is in memory at a time.
     void LayOutSheet(int number, Sheet& sheet);
+
+    ReportPrinter Printer;
 
     // The engine's own steps, in the order in which a run takes them.
     void ActiveReport_DataInitialize();
@@ -72,6 +92,8 @@ public:
 private:
     using Record = std::array<std::string_view, kFieldsPerTab>;
 
+    std::vector<bool> FreeSlots(const std::vector<int>& used) const;
+    void DropEmptyEnd(std::size_t count);
     void FillRecord(std::size_t index, std::string_view mode, const TabDocument& document, std::int32_t tab);
     void PlaceTwoLines(std::int16_t numFields);
     void PlaceRecord(Sheet& sheet, double left, double top) const;

@@ -212,6 +212,29 @@ TEST_F(BatchTest, TheRulersOfTheCalibrationSheetStartAtTheOutlines) {
         EXPECT_EQ(Batch(wrong).code, 2) << wrong;
 }
 
+TEST_F(BatchTest, PrintingStartsAtTheFirstLabelLeft) {
+    Write("in.csv", TabFileText(0, 1, "0,0", 24, [](int tab) { return "A" + std::to_string(tab) + ",,"; }));
+    ASSERT_EQ(Batch("pdf in.csv --used 1-3,5 -o out.pdf").code, 0);
+    const auto words = Words(folder / "out.pdf");
+    EXPECT_NEAR(words.at("A1").left, 0, kTolerance);
+    EXPECT_GE(words.at("A1").top, (33 + 23) * kMmPerUnit - kTolerance);
+    EXPECT_NEAR(words.at("A2").left, 2 * 60 * kMmPerUnit, kTolerance);
+    EXPECT_FALSE(words.contains("A21")) << "on the second sheet";
+    const std::pair<const char*, const char*> refused[] = {
+        {"pdf in.csv --used 25 -o x.pdf", "velmora-batch: position 25 is asked for, the sheet has 24\n"},
+        {"print in.csv --printer 'Velmora PDF'", "velmora-batch: \"Velmora PDF\" writes a file: use \"velmora-batch "
+                                                 "pdf\", or name a printer with --printer\n"}};
+    for (const auto& [arguments, output] : refused) {
+        const Result result = Batch(arguments);
+        EXPECT_EQ(result.code, 2) << arguments;
+        EXPECT_EQ(result.output, output);
+    }
+    const Result unknown = Batch("print in.csv"); // the one that the file names
+    EXPECT_EQ(unknown.code, 1);
+    EXPECT_EQ(unknown.output,
+              "velmora-batch: there is no printer \"Printer\"; \"velmora-batch printers\" lists them\n");
+}
+
 TEST_F(BatchTest, InfoTellsWhatTheFileHolds) {
     Write("in.csv", TabFileText(5, 2, "1.5,-2", 13, [](int tab) { return tab < 3 ? "a,b,c" : ",,c"; }));
     const auto info = nlohmann::json::parse(Batch("info --tabs in.csv").output);

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 namespace velmora {
 namespace {
 
@@ -141,6 +143,38 @@ TEST_F(ReportTest, PagesAndTestTexts) {
     EXPECT_EQ(test.texts[2].text, "Field 3");
     EXPECT_EQ(test.texts.size(), 144u);
     EXPECT_THROW(LayOut(4), SubscriptError);
+}
+
+TEST_F(ReportTest, TabsFlowAroundUsedSlots) {
+    MakeDocument(0, 1, 2);
+    const auto report = [&](const std::vector<int>& used) {
+        rptVelmor made(layout);
+        made.InitArray("PRINT", document.TabCount, 8, 3, 1, false, document, used);
+        made.PrepareTabStyle(0, program.settings);
+        made.FormatFields(1, 3, 0, fonts);
+        return made;
+    };
+    rptVelmor flowing = report({2, 1, 6});
+    EXPECT_EQ(flowing.SheetCount(), 3);
+    Sheet sheet;
+    flowing.LayOutSheet(1, sheet);
+    ASSERT_EQ(sheet.texts.size(), 21u);
+    EXPECT_EQ(sheet.texts[0].text, "a1");
+    ExpectBox(sheet.texts[0].box, 2 * 3402, 23 * 56.7, 3402, 567); // slot 3
+    EXPECT_EQ(sheet.texts[3].text, "a4");
+    ExpectBox(sheet.texts[3].box, 0, (2 * 33 + 23) * 56.7, 3402, 567); // slot 7, behind slot 6
+    flowing.LayOutSheet(2, sheet);
+    EXPECT_EQ(sheet.texts[0].text, "a22") << "only the first sheet was begun before";
+    EXPECT_NEAR(sheet.texts[0].box.left, 0, 0.001);
+    flowing.LayOutSheet(3, sheet);
+    EXPECT_EQ(sheet.texts.size(), 3u);
+    for (int tab = 46; tab <= 48; ++tab)
+        document.FieldA(tab).clear();
+    EXPECT_EQ(report({1, 2, 6}).SheetCount(), 2) << "no sheet for empty tabs alone";
+    EXPECT_THROW(report({25}), SubscriptError);
+    std::vector<int> all(24);
+    std::iota(all.begin(), all.end(), 1);
+    EXPECT_THROW(report(all), Error);
 }
 
 TEST_F(ReportTest, APartPageEndsTheRun) {

@@ -1,0 +1,22 @@
+// What printing shares from one run to the next.
+#pragma once
+
+#include "document/mdlMain.h"
+#include "platform/FontCatalogue.h"
+#include "print/ReportViewer.h"
+#include "print/rptVelmor.h"
+
+#include <string>
+
+namespace velmora {
+
+struct PrintModule {
+    MainModule& main;
+    LayoutValues& layout;
+    const FontCatalogue& catalogue;
+    ReportViewer* viewer = nullptr;  ///< set while a main window lives
+    bool PrinterProblem = false;     ///< the last SetupPrinter met an error
+    std::string CurrentPrinter = {}; ///< the application's own, once one was chosen
+};
+
+} // namespace velmora

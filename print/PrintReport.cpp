@@ -1,0 +1,141 @@
+#include "print/PrintReport.h"
+
+#include "app/settings/GlobalConfiguration.h"
+#include "document/Dialogs.h"
+#include "print/PrintErrors.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+constexpr std::int16_t kHighQuality = -4;
+constexpr std::int16_t kPaperA4 = 9;
+constexpr std::int16_t kPaperDL = 27;
+
+bool Holds(const std::vector<std::string>& names, const std::string& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+bool HasPrinter(const PrintSystem& printers) {
+    return printers.DefaultPrinter() || !printers.Printers().empty();
+}
+
+/// The application's own printer while it is installed, else the system's default.
+std::string ReadCurrentPrinter(const PrintModule& print, const std::vector<std::string>& names) {
+    if (Holds(names, print.CurrentPrinter))
+        return print.CurrentPrinter;
+    const std::string first = names.empty() ? "" : names.front();
+    return print.main.printers.DefaultPrinter().value_or(first);
+}
+
+void ChooseDevice(const PrintModule& print, ReportPrinter& printer, const std::vector<std::string>& names) {
+    const std::string& configured = print.main.globals.PrinterName;
+    if (!Holds(names, configured))
+        throw PrinterError("There is no printer \"" + configured + "\".", kPrinterNotValidNumber);
+    printer.DeviceName = configured;
+    printer.PrintQuality = kHighQuality;
+}
+
+void ChoosePaper(const TabDocument& document, ReportPrinter& printer) {
+    if (document.PageSize == "A4")
+        printer.PaperSize = kPaperA4;
+    else if (document.PageSize == "DL")
+        printer.PaperSize = kPaperDL;
+}
+
+Orientation OrientationOf(std::string_view layout) {
+    return layout == "A4" || layout == "DL_h" ? Orientation::Portrait : Orientation::Landscape;
+}
+
+PrintOutcome TellNoPrinter(MainModule& main) {
+    KeepRecoveryCopy(main); // what ends now offers its work at the next start
+    Tell(main,
+         "You must have access to a printer before you can run the printer.\r\n"
+         "The execution of this application will be aborted.",
+         Icon::Critical);
+    return PrintOutcome::NoPrinter;
+}
+
+PrintOutcome ShowRun(PrintModule& print, PrintRun& run) {
+    if (!print.viewer)
+        throw Error("There is no window for a preview.");
+    print.viewer->ShowReport(run);
+    return PrintOutcome::Done;
+}
+
+PrintOutcome RunReport(PrintModule& print, const std::string& caption, const RunArguments& arguments) {
+    MainModule& main = print.main;
+    if (!HasPrinter(main.printers))
+        return TellNoPrinter(main);
+    LoadFontSettings(main.settings, main.fonts);
+    rptVelmor report(print.layout);
+    SetupPrinter(print, report);
+    if (print.PrinterProblem) {
+        ReportError(main,
+                    "Problem getting printer information from the system. Make sure the printer is set up correctly.",
+                    "Called from Sub: PrintReport");
+        return PrintOutcome::NotPrinted;
+    }
+    PrintRun run(print, report, main.settings.SettingsAppName + " [" + caption + "]", arguments);
+    if (arguments.mode != "PRINT" && arguments.mode != "TEST")
+        return ShowRun(print, run);
+    return run.Print() ? PrintOutcome::Done : PrintOutcome::NotPrinted;
+}
+
+PrintOutcome RunDocument(PrintModule& print, const char* mode, bool pageOnly) {
+    MainModule& main = print.main;
+    const TabDocument& document = main.document;
+    SaveLabel(main, document.CurrentPage, document.TabsPerPage);
+    return PrintReport(print, DocumentCaption(document),
+                       {mode, document.OptType, pageOnly ? document.TabsPerPage : document.TabCount,
+                        document.NoOfFields, document.RowsPerPage, document.ColsPerPage, pageOnly});
+}
+
+} // namespace
+
+PrintOutcome PrintReport(PrintModule& print, const std::string& caption, const RunArguments& arguments) {
+    print.PrinterProblem = false;
+    PrintOutcome outcome = PrintOutcome::NotPrinted;
+    TrappedPrinting(print, kPrintReportPlace, [&] { outcome = RunReport(print, caption, arguments); });
+    return outcome;
+}
+
+void SetupPrinter(PrintModule& print, rptVelmor& report) {
+    print.PrinterProblem = false;
+    const auto step = [&](const auto& work) {
+        if (!TrappedPrinting(print, "Called from Sub: SetupPrinter", work))
+            print.PrinterProblem = true;
+    };
+    MainModule& main = print.main;
+    const TabDocument& document = main.document;
+    std::vector<std::string> names;
+    PageMargins margins;
+    step([&] {
+        names = main.printers.Printers();
+        print.CurrentPrinter = ReadCurrentPrinter(print, names);
+    });
+    if (Holds(names, main.globals.PrinterName))
+        print.CurrentPrinter = main.globals.PrinterName;
+    if (!print.PrinterProblem)
+        step([&] { ChooseDevice(print, report.Printer, names); });
+    ChoosePaper(document, report.Printer);
+    report.Printer.Orient = OrientationOf(document.StationeryType);
+    step([&] { margins.top = ReadPageMargin(main.settings, kMarginTop); });
+    step([&] { margins.left = ReadPageMargin(main.settings, kMarginLeft); });
+    report.SetPage(SheetPaper(SetStationeryFromType(document.OptType), document.StationeryType), margins);
+}
+
+PrintOutcome PrintCommand(PrintModule& print) {
+    return RunDocument(print, "PRINT", false);
+}
+
+PrintOutcome PrintPageCommand(PrintModule& print) {
+    return RunDocument(print, "PrintPage", true);
+}
+
+PrintOutcome PreviewCommand(PrintModule& print) {
+    return RunDocument(print, "VIEW", false);
+}
+
+} // namespace velmora

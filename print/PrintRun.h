@@ -1,0 +1,58 @@
+// One run of the tab report, from its records to paper or to a file: what a preview window needs, without its rules.
+#pragma once
+
+#include "print/PrintModule.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+/// What a run prints, as its caller names it.
+struct RunArguments {
+    std::string mode; ///< "TEST": the fixed texts of the test page
+    std::int16_t tabType = 0;
+    std::int32_t count = 0; ///< of tabs, whole sheets
+    std::int16_t numFields = 1;
+    std::int16_t rows = 1;
+    std::int16_t cols = 1;
+    bool pageOnly = false; ///< the page shown alone
+};
+
+class PrintRun {
+public:
+    /// `report` has been through SetupPrinter. Raises what the report's steps raise.
+    PrintRun(PrintModule& print, rptVelmor& report, std::string caption, RunArguments arguments);
+
+    const std::string& Caption() const { return caption_; }
+    const RunArguments& Arguments() const { return arguments_; }
+    /// Ready for LayOutSheet.
+    rptVelmor& Report() { return report_; }
+    const MainModule& Main() const { return print_.main; }
+    const FontCatalogue& Catalogue() const { return print_.catalogue; }
+
+    /// Slots of the first sheet that are used up, from 1.
+    const std::vector<int>& UsedSlots() const { return used_; }
+    /// Lets the tabs flow around them, which may change the number of sheets. A failure is shown, and the run stays as
+    /// it was; false then.
+    bool SetUsedSlots(std::vector<int> used);
+
+    /// Sends sheets, numbered from 1, to the report's printer; none: all. The built-in printer asks for a path. False
+    /// when the person cancelled, and after a failure, which is shown: nothing is printed then.
+    bool Print(const std::vector<int>& sheets = {});
+    /// The same as a PDF file, at a path that is asked for.
+    bool SaveAsPdf(const std::vector<int>& sheets = {});
+
+private:
+    void Prepare(const std::vector<int>& used);
+
+    PrintModule& print_;
+    rptVelmor& report_;
+    std::string caption_;
+    RunArguments arguments_;
+    std::vector<int> used_;
+};
+
+} // namespace velmora

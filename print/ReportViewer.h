@@ -1,0 +1,15 @@
+// The preview window as the core sees it.
+#pragma once
+
+namespace velmora {
+
+class PrintRun;
+
+class ReportViewer {
+public:
+    virtual ~ReportViewer() = default;
+    /// Shows the run modally, and returns when its window closes. The run and its document outlive the window.
+    virtual void ShowReport(PrintRun& run) = 0;
+};
+
+} // namespace velmora

@@ -1,0 +1,237 @@
+// Printing's message sequences, what reaches the printer, and what a cancelled or failed job leaves behind.
+#include "base/AtomicFile.h"
+#include "platform/linux/FontconfigCatalogue.h"
+#include "print/NumberList.h"
+#include "print/PrintReport.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct FakePrinters : PrintSystem {
+    std::vector<std::string> names = {"Office", "Hall"};
+    std::optional<std::string> standard = "Hall";
+    std::optional<PrinterError> listing, printing; ///< raised instead
+    std::vector<PrintJob> jobs;
+    std::string target, bytes;
+
+    std::vector<std::string> Printers() const override { return listing ? throw PrinterError(*listing) : names; }
+    std::optional<std::string> DefaultPrinter() const override { return standard; }
+    PaperSupport PaperOf(const std::string&, double, double) const override { return {}; }
+    void Print(const std::string& printer, const PrintJob& job) override {
+        target = printer;
+        bytes = ReadFile(job.pdf);
+        jobs.push_back(job);
+        if (printing)
+            throw PrinterError(*printing);
+    }
+};
+
+struct FakeViewer : ReportViewer {
+    std::string caption;
+    std::function<void(PrintRun&)> act = [](PrintRun&) {};
+    void ShowReport(PrintRun& run) override {
+        caption = run.Caption();
+        act(run);
+    }
+};
+
+constexpr const char* kProblem =
+    "Problem getting printer information from the system. Make sure the printer is set up correctly.\r\n"
+    "Called from Sub: PrintReport";
+constexpr const char* kCheck = "Printer error.  Please check the printer.\r\nCalled from ";
+
+struct PrintTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    FakePrinters printers;
+    FontconfigCatalogue fonts;
+    LayoutValues layout;
+    MainModule main{program.settings, program.ui, printers, {}, {}, {}};
+    FakeViewer viewer;
+    PrintModule print{main, layout, fonts, &viewer};
+
+    PrintTest() { Document(0, "A4"); }
+
+    void Document(int type, const std::string& stationery) {
+        main.globals.PrinterName = "Office";
+        main.document = {};
+        main.document.OptType = static_cast<std::int16_t>(type);
+        main.document.StationeryType = stationery;
+        main.document.CurrentTab = 2;
+        NormalisePages(main.document);
+        main.document.TabCount = 3 * main.document.TabsPerPage;
+        for (int field = 0; field < 3; ++field)
+            main.document.Field(field).ReDim(main.document.TabCount);
+        NormalisePages(main.document);
+        SetRowsAndStationery(main.document, type);
+        main.document.CurrentPage = 1;
+        main.document.FieldA(1) = "first";
+    }
+    void ExpectError(const std::string& text) { program.ui.Expect(text, Icon::Critical); }
+    /// Files that printing left in the temporary folder.
+    static int LeftBehind() {
+        int count = 0;
+        for (const auto& entry : fs::directory_iterator(fs::temp_directory_path()))
+            count += entry.path().extension() == ".pdf" && entry.path().filename().string().starts_with("velmora-");
+        return count;
+    }
+};
+
+TEST_F(PrintTest, AJobGoesToTheConfiguredPrinterOnItsPaper) {
+    const std::tuple<int, const char*, double, double, Orientation> cases[] = {
+        {0, "A4", 210, 297, Orientation::Portrait},
+        {5, "DL_v", 110, 220, Orientation::Landscape},
+        {4, "DL_h", 220, 110, Orientation::Portrait}};
+    for (const auto& [type, stationery, width, height, orientation] : cases) {
+        Document(type, stationery);
+        EXPECT_EQ(PrintCommand(print), PrintOutcome::Done);
+        const PrintJob& job = printers.jobs.back();
+        EXPECT_EQ(printers.target, "Office");
+        EXPECT_EQ(job.title, "Velmora [Untitled]");
+        EXPECT_EQ(job.widthMm, width);
+        EXPECT_EQ(job.heightMm, height);
+        EXPECT_EQ(job.orientation, orientation);
+        EXPECT_TRUE(printers.bytes.starts_with("%PDF-"));
+        EXPECT_FALSE(fs::exists(job.pdf));
+    }
+    EXPECT_EQ(print.CurrentPrinter, "Office");
+}
+
+TEST_F(PrintTest, SetupGivesTheReportItsCodes) {
+    const std::tuple<const char*, const char*, int, Orientation> cases[] = {{"A4", "A4", 9, Orientation::Portrait},
+                                                                            {"DL", "DL_h", 27, Orientation::Portrait},
+                                                                            {"DL", "DL_v", 27, Orientation::Landscape},
+                                                                            {"B5", "x", 0, Orientation::Landscape}};
+    for (const auto& [size, stationery, paper, orientation] : cases) {
+        main.document.PageSize = size;
+        main.document.StationeryType = stationery;
+        rptVelmor report(layout);
+        SetupPrinter(print, report);
+        EXPECT_EQ(report.Printer.DeviceName, "Office");
+        EXPECT_EQ(report.Printer.PrintQuality, -4);
+        EXPECT_EQ(report.Printer.PaperSize, paper) << size;
+        EXPECT_EQ(report.Printer.Orient, orientation) << stationery;
+    }
+}
+
+TEST_F(PrintTest, AMissingPrinterStopsTheRunWithBothMessages) {
+    main.globals.PrinterName = "office";
+    ExpectError("The printer 'office' is not a valid printer on this workstation.\r\n"
+                "The program will use 'Hall' as an alternative.");
+    ExpectError(kProblem);
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
+    EXPECT_TRUE(print.PrinterProblem);
+    EXPECT_TRUE(printers.jobs.empty());
+    main.globals.PrinterName = "Office";
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::Done);
+    EXPECT_FALSE(print.PrinterProblem);
+}
+
+TEST_F(PrintTest, EveryStepOfTheSetUpReportsItsOwnError) {
+    program.Store("Settings", "Margin Value Top", "x");
+    program.Store("Settings", "Margin Value Left", "");
+    printers.listing = PrinterError("gone", 482);
+    ExpectError(std::string(kCheck) + "Sub: SetupPrinter");
+    ExpectError("Type mismatch: Margin Value Top\r\nCalled from Sub: SetupPrinter");
+    ExpectError("Type mismatch: Margin Value Left\r\nCalled from Sub: SetupPrinter");
+    ExpectError(kProblem);
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
+    EXPECT_TRUE(printers.jobs.empty());
+}
+
+TEST_F(PrintTest, ARefusedJobIsReportedAndLeavesNoFile) {
+    const std::tuple<PrinterError, std::string> cases[] = {
+        {PrinterError("stopped", 482), std::string(kCheck) + "Function: PrintReport"},
+        {PrinterError("gone", 5707), "The printer 'Office' is not a valid printer on this workstation.\r\n"
+                                     "The program will use 'Office' as an alternative."},
+        {PrinterError("Too large"), "Too large\r\nCalled from Function: PrintReport"}};
+    for (const auto& [error, text] : cases) {
+        printers.printing = error;
+        ExpectError(text);
+        EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
+        EXPECT_FALSE(fs::exists(printers.jobs.back().pdf));
+    }
+}
+
+TEST_F(PrintTest, WithoutAnyPrinterTheProgramMustEnd) {
+    printers.names.clear();
+    printers.standard.reset();
+    ExpectError("You must have access to a printer before you can run the printer.\r\n"
+                "The execution of this application will be aborted.");
+    EXPECT_EQ(PreviewCommand(print), PrintOutcome::NoPrinter);
+}
+
+TEST_F(PrintTest, CancellingLeavesNoJobAndNoFile) {
+    const int before = LeftBehind();
+    program.ui.cancelAfter = 2;
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
+    EXPECT_TRUE(printers.jobs.empty());
+    EXPECT_EQ(LeftBehind(), before);
+    ReplaceFile(program.folder / "old.pdf", "old");
+    program.ui.ExpectChooser("Save as PDF", program.folder / "old.pdf");
+    program.ui.Expect("Do you want to overwrite the following file?\r\n[" + (program.folder / "old.pdf").string() + "]",
+                      Icon::Question, Buttons::YesNo, Answer::Yes, Answer::No);
+    viewer.act = [](PrintRun& run) { EXPECT_FALSE(run.SaveAsPdf()); };
+    PreviewCommand(print);
+    EXPECT_EQ(ReadFile(program.folder / "old.pdf"), "old");
+}
+
+TEST_F(PrintTest, ModesChooseBetweenPaperAndPreview) {
+    const auto run = [&](const char* mode) {
+        printers.jobs.clear();
+        viewer.caption.clear();
+        EXPECT_EQ(PrintReport(print, "TestPage", {mode, 0, 24, 1, 8, 3, true}), PrintOutcome::Done);
+        EXPECT_NE(printers.jobs.empty(), viewer.caption.empty()) << mode;
+        return printers.jobs.empty() ? "preview" : "paper";
+    };
+    for (const char* mode : {"PRINT", "TEST"})
+        EXPECT_STREQ(run(mode), "paper") << mode;
+    for (const char* mode : {"PrintPage", "VIEW", "PDF_EXPORT", "EXCEL_EXPORT", "print"})
+        EXPECT_STREQ(run(mode), "preview") << mode;
+    EXPECT_EQ(viewer.caption, "Velmora [TestPage]");
+    ExpectError("Subscript out of range\r\nCalled from Function: PrintReport");
+    EXPECT_EQ(PrintReport(print, "", {"PRINT", 0, 25, 1, 8, 3, false}), PrintOutcome::NotPrinted);
+}
+
+TEST_F(PrintTest, APreviewPrintsChosenSheetsAroundUsedSlots) {
+    for (int tab = 1; tab <= 72; ++tab)
+        main.document.FieldA(tab) = "x";
+    viewer.act = [&](PrintRun& run) {
+        EXPECT_EQ(run.Report().SheetCount(), 3);
+        EXPECT_TRUE(run.SetUsedSlots({1, 2}));
+        EXPECT_EQ(run.Report().SheetCount(), 4);
+        ExpectError("Subscript out of range\r\nCalled from Function: PrintReport");
+        EXPECT_FALSE(run.SetUsedSlots({99}));
+        EXPECT_EQ(run.UsedSlots(), (std::vector<int>{1, 2}));
+        EXPECT_TRUE(run.Print({4, 1}));
+        EXPECT_NE(printers.bytes.find("/Count 2"), std::string::npos);
+    };
+    EXPECT_EQ(PreviewCommand(print), PrintOutcome::Done);
+    viewer.act = [&](PrintRun& run) { EXPECT_EQ(run.Report().SheetCount(), 1); };
+    EXPECT_EQ(PrintPageCommand(print), PrintOutcome::Done) << "used slots held for that run only";
+}
+
+TEST_F(PrintTest, TheBuiltInPrinterAsksForItsPath) {
+    printers.names.push_back(kPdfPrinter);
+    main.globals.PrinterName = kPdfPrinter;
+    program.ui.ExpectChooser("Save as PDF", std::nullopt);
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
+    program.ui.ExpectChooser("Save as PDF", program.folder / "out.pdf", "SAVE|PDF file (*.pdf)|*.pdf|Tabs.pdf");
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::Done);
+    EXPECT_TRUE(ReadFile(program.folder / "out.pdf").starts_with("%PDF-"));
+    EXPECT_TRUE(printers.jobs.empty());
+}
+
+TEST(NumberList, SpellsRangesOutAndRefusesTheRest) {
+    const ListWords words{"page", "document"};
+    EXPECT_EQ(ParseNumberList("3, 1-2", 3, words), (std::vector<int>{3, 1, 2}));
+    for (const char* list : {"", "0", "2-1", "1-", "1,,2", "a", "4", "-1", "99999999999"})
+        EXPECT_THROW(ParseNumberList(list, 3, words), Error) << list;
+}
+
+} // namespace
+} // namespace velmora
