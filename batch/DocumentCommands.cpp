@@ -5,9 +5,9 @@
 #include "batch/BatchProgram.h"
 #include "document/TabFileCheck.h"
 #include "platform/linux/FontconfigCatalogue.h"
-#include "print/CalibrationSheet.h"
 #include "platform/linux/InstalledPrinters.h"
 #include "platform/linux/ProgramFolder.h"
+#include "print/CalibrationSheet.h"
 #include "print/NumberList.h"
 #include "print/PdfReport.h"
 
