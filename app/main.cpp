@@ -13,6 +13,8 @@
 #include <QIcon>
 #include <QMessageBox>
 
+#include <clocale>
+
 namespace {
 
 using namespace velmora;
@@ -64,6 +66,7 @@ int Run(const std::string& commandLine) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C"); // Qt took the desktop's: libraries would write decimal commas into workbooks
     QApplication::setApplicationName("Velmora"); // no display name: Qt would append it to every caption
     QApplication::setDesktopFileName("velmora");
     QApplication::setWindowIcon(QIcon(":/velmora.svg"));

@@ -1,5 +1,7 @@
 #include "print/PdfCanvas.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <utility>
@@ -27,9 +29,11 @@ void AppendByte(std::string& out, unsigned byte) {
 std::string MediaBox(const Paper& paper) {
     std::string box = "[0 0";
     for (const double length : {paper.widthMm, paper.heightMm}) {
-        char number[32];
-        std::snprintf(number, sizeof number, " %.3f", length * kPointsPerMm);
-        box += number;
+        std::array<char, 32> number; // printf would write the decimal point of the desktop's locale
+        const auto end = std::to_chars(number.data(), number.data() + number.size(), length * kPointsPerMm,
+                                       std::chars_format::fixed, 3)
+                             .ptr;
+        (box += ' ').append(number.data(), end);
     }
     return box + "]";
 }
