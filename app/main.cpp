@@ -1,6 +1,7 @@
 // The desktop program: makes the one struct that is the running program, opens its window and waits for commands.
 
 #include "app/Main.h"
+#include "app/Version.h"
 #include "app/ui/mdiVelmora.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
@@ -14,6 +15,7 @@
 #include <QMessageBox>
 
 #include <clocale>
+#include <cstdio>
 
 namespace {
 
@@ -62,13 +64,29 @@ int Run(const std::string& commandLine) {
     return QApplication::exec();
 }
 
+/// Answers that need no display. False for any other command line.
+bool AnswersAtOnce(const std::string& commandLine) {
+    if (commandLine == "--version")
+        std::printf("velmora %s\n", kVersion);
+    else if (commandLine == "--help" || commandLine == "-h")
+        std::printf("Designs and prints the tabs of file folders.\n"
+                    "Usage: velmora [FILE]      open a tab document\n"
+                    "       velmora SETTINGS    open the settings editor alone\n"
+                    "       velmora --help | --version\n");
+    else
+        return false;
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    if (AnswersAtOnce(CommandLine(argc, argv)))
+        return 0;
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // Qt took the desktop's: libraries would write decimal commas into workbooks
     QApplication::setApplicationName("Velmora"); // no display name: Qt would append it to every caption
-    QApplication::setDesktopFileName("velmora");
+    QApplication::setDesktopFileName("org.velmora.Velmora");
     QApplication::setWindowIcon(QIcon(":/velmora.svg"));
     try {
         return Run(CommandLine(argc, argv));

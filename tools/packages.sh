@@ -22,6 +22,10 @@ fonts-liberation    has_font "Liberation Sans"
 fonts-dejavu-core   has_font "DejaVu Sans"
 fonts-dejavu-extra  has_font "DejaVu Math TeX Gyre"
 fontconfig          command -v fc-list
+desktop-file-utils  command -v desktop-file-validate
+appstream           command -v appstreamcli
+shared-mime-info    command -v update-mime-database
+libglib2.0-bin      command -v gio
 poppler-utils       command -v pdftotext
 qpdf                command -v qpdf
 cups-daemon         PATH=$PATH:/usr/sbin command -v cupsd
