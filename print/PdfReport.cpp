@@ -73,13 +73,23 @@ bool SavePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& cat
     return whole;
 }
 
-bool PrintSheets(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
-                 const PrintTarget& target, Progress* progress) {
+Paper PaperAtPrinter(const PrintSystem& printers, const std::string& printer, const Paper& sheet) {
+    const bool longEdgeFirst = sheet.widthMm > sheet.heightMm;
+    if (!longEdgeFirst || printers.PaperOf(printer, sheet.widthMm, sheet.heightMm).listed ||
+        !printers.PaperOf(printer, sheet.heightMm, sheet.widthMm).listed)
+        return sheet;
+    return {sheet.heightMm, sheet.widthMm, true};
+}
+
+bool PrintSheets(const rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue,
+                 const PdfOptions& options, const PrintTarget& target, Progress* progress) {
+    rptVelmor run = report;
+    run.SetPaper(PaperAtPrinter(target.printers, target.printer, report.PagePaper()));
     TemporaryFile pdf(".pdf");
     if (!WritePdf(
-            report, main, catalogue, options, [&](std::string_view bytes) { pdf.Write(bytes); }, progress))
+            run, main, catalogue, options, [&](std::string_view bytes) { pdf.Write(bytes); }, progress))
         return false;
-    const Paper& paper = report.PagePaper();
+    const Paper& paper = run.PagePaper();
     target.printers.Print(target.printer, {target.title, pdf.Path(), paper.widthMm, paper.heightMm,
                                            paper.turned ? Orientation::Landscape : Orientation::Portrait});
     return true;

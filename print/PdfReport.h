@@ -37,6 +37,10 @@ bool WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& ca
 bool SavePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
              const std::filesystem::path& path, Progress* progress = nullptr);
 
+/// How the sheet goes through the printer: one that knows a sheet fed long edge first only as the same paper fed short
+/// edge first gets it so, with the content turned.
+Paper PaperAtPrinter(const PrintSystem& printers, const std::string& printer, const Paper& sheet);
+
 struct PrintTarget {
     PrintSystem& printers;
     std::string printer;
@@ -44,8 +48,8 @@ struct PrintTarget {
 };
 /// Hands the sheets over as one job, by way of a temporary file; false, and no job, when the person cancelled. Raises
 /// PrinterError, and what WritePdf raises.
-bool PrintSheets(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
-                 const PrintTarget& target, Progress* progress = nullptr);
+bool PrintSheets(const rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue,
+                 const PdfOptions& options, const PrintTarget& target, Progress* progress = nullptr);
 
 /// Asks until a path is chosen that may be written; nothing when the person cancels.
 std::optional<std::filesystem::path> AskForPdfPath(MainModule& main);

@@ -74,6 +74,8 @@ public:
     /// Places the fields in use within a row and a column.
     void FormatFields(std::int16_t numFields, std::int16_t cols, std::int16_t style, const FontSettings& fonts);
     void SetPage(const Paper& paper, const PageMargins& margins);
+    /// Another way of the same sheet through the printer.
+    void SetPaper(const Paper& paper) { paper_ = paper; }
 
     /// Horizontal alignments of fields 1 to 3 as they are printed.
     const std::array<std::int16_t, kFieldsPerTab>& Alignments() const { return alignments_; }

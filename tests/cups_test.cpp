@@ -2,14 +2,17 @@
 #include "base/AtomicFile.h"
 #include "platform/linux/CupsPrinters.h"
 #include "platform/linux/InstalledPrinters.h"
+#include "tests/support/PdfWords.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <arpa/inet.h>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <list>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <thread>
@@ -29,15 +32,6 @@ int FreePort() {
     ::getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
     ::close(probe);
     return ntohs(address.sin_port);
-}
-
-std::string Shell(const std::string& command) {
-    std::string output;
-    FILE* pipe = ::popen((command + " 2>&1").c_str(), "r");
-    for (int c = 0; (c = std::fgetc(pipe)) != EOF;)
-        output += static_cast<char>(c);
-    ::pclose(pipe);
-    return output;
 }
 
 struct CupsTest : testing::Test {
@@ -85,12 +79,20 @@ struct CupsTest : testing::Test {
     }
     void Write(const std::string& name, const std::string& text) { ReplaceFile(folder / name, text); }
 
-    std::string JobAttributes(int job) {
+    std::uintmax_t LargestSpooled() const {
+        std::uintmax_t largest = 0;
+        std::error_code error;
+        for (const auto& entry : std::filesystem::directory_iterator(folder / "spool", error))
+            if (const auto size = entry.file_size(error); !error)
+                largest = std::max(largest, size);
+        return largest;
+    }
+    std::string JobAttributes(const std::string& uri) {
         Write("job.test", "{\nOPERATION Get-Job-Attributes\nGROUP operation-attributes-tag\nATTR charset "
                           "attributes-charset utf-8\nATTR naturalLanguage attributes-natural-language en\nATTR uri "
-                          "job-uri ipp://" +
-                              server + "/jobs/" + std::to_string(job) + "\n}\n");
-        return Shell("ipptool -tv ipp://" + server + "/ '" + (folder / "job.test").string() + "'");
+                          "job-uri " +
+                              uri + "\n}\n");
+        return Shell("ipptool -tv " + uri + " '" + (folder / "job.test").string() + "'").output;
     }
 };
 
@@ -107,7 +109,7 @@ TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
     int id = 0;
     for (const auto& [width, height, orientation, medium] : cases) {
         printers.Print("Office", {"Tabs ê", folder / "a.pdf", width, height, orientation});
-        const std::string job = JobAttributes(++id);
+        const std::string job = JobAttributes("ipp://" + server + "/jobs/" + std::to_string(++id));
         for (const std::string& attribute :
              {std::string("media (keyword) = ") + medium, std::string("print-scaling (keyword) = none"),
               std::string("print-quality (enum) = high"), std::string("orientation-requested (enum) = portrait"),
@@ -130,12 +132,144 @@ TEST_F(CupsTest, RefusalsCarryTheirNumber) {
     EXPECT_EQ(numberOf("None", "a.pdf"), 5707);
     EXPECT_EQ(numberOf("Closed", "a.pdf"), 482);
     EXPECT_EQ(numberOf("Office", "none.pdf"), ENOENT);
-    EXPECT_EQ(Shell("ls '" + (folder / "spool").string() + "' | grep -c ^d"), "0\n") << "no half job";
+    EXPECT_EQ(Shell("ls '" + (folder / "spool").string() + "' | grep -c ^d").output, "0\n") << "no half job";
     EXPECT_FALSE(printers.PaperOf("None", 210, 297).listed);
     StopServer();
     EXPECT_EQ(numberOf("Office", "a.pdf"), 482);
     EXPECT_TRUE(printers.Printers().empty());
     EXPECT_FALSE(printers.DefaultPrinter());
+}
+
+TEST_F(CupsTest, AServerThatGoesAwayInTheMiddleOfAJobIsAnError) {
+    Write("large.pdf", "%PDF-1.4\n");
+    std::filesystem::resize_file(folder / "large.pdf", 2'000'000'000);
+    std::jthread killer([&](const std::stop_token& stop) {
+        while (!stop.stop_requested() && LargestSpooled() < 1'000'000)
+            std::this_thread::yield();
+        ::kill(process, SIGKILL);
+    });
+    EXPECT_THROW(printers.Print("Office", {"Tabs", folder / "large.pdf", 210, 297, Orientation::Portrait}),
+                 PrinterError);
+}
+
+/// A program in the background, ended with its keeper.
+class Daemon {
+public:
+    explicit Daemon(std::vector<std::string> command) : process_(::fork()) {
+        if (process_ != 0)
+            return;
+        ::setenv("PATH", "/usr/sbin:/usr/bin:/sbin:/bin", 1);
+        std::vector<char*> arguments;
+        for (std::string& argument : command)
+            arguments.push_back(argument.data());
+        arguments.push_back(nullptr);
+        ::execvp(arguments[0], arguments.data());
+        ::_exit(127);
+    }
+    ~Daemon() {
+        ::kill(process_, SIGTERM);
+        ::waitpid(process_, nullptr, 0);
+    }
+    Daemon(const Daemon&) = delete;
+    Daemon& operator=(const Daemon&) = delete;
+
+private:
+    pid_t process_;
+};
+
+/// A printer on the network, which keeps the jobs that arrive, behind a queue of the test's server.
+struct NetworkPrinterTest : CupsTest {
+    std::list<Daemon> daemons;
+    const std::string printer = "ipp://localhost:" + std::to_string(FreePort()) + "/ipp/print";
+
+    void SetUp() override {
+        CupsTest::SetUp();
+        if (Shell("/usr/sbin/avahi-daemon --check").code != 0)
+            StartNameService();
+        std::filesystem::create_directory(folder / "jobs");
+        const std::string port = printer.substr(16, printer.find('/', 16) - 16);
+        daemons.emplace_back(std::vector<std::string>{"ippeveprinter", "-f", "application/pdf", "-k", "-d",
+                                                      folder / "jobs", "-c", "/bin/true", "-n", "localhost", "-p", port,
+                                                      "Desk"});
+        WaitUntil("PATH=$PATH:/usr/sbin lpadmin -p Desk -E -v " + printer + " -m everywhere");
+    }
+    /// The printer announces itself on a bus of the test's own.
+    void StartNameService() {
+        const std::string bus = "unix:path=" + (folder / "bus").string();
+        Write("bus.conf", "<busconfig><type>system</type><listen>" + bus +
+                              "</listen><policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
+                              "<allow eavesdrop=\"true\"/><allow own=\"*\"/><allow user=\"*\"/></policy></busconfig>");
+        Write("avahi.conf", "[server]\nallow-interfaces=lo\nuse-ipv6=no\n");
+        ::setenv("DBUS_SYSTEM_BUS_ADDRESS", bus.c_str(), 1);
+        daemons.emplace_back(
+            std::vector<std::string>{"dbus-daemon", "--nofork", "--config-file=" + (folder / "bus.conf").string()});
+        WaitUntil("test -S '" + (folder / "bus").string() + "'");
+        daemons.emplace_back(std::vector<std::string>{"avahi-daemon", "-f", folder / "avahi.conf", "--no-drop-root",
+                                                      "--no-chroot", "--no-rlimits"});
+        WaitUntil(
+            "dbus-send --system --print-reply --dest=org.freedesktop.Avahi / org.freedesktop.Avahi.Server.GetState");
+    }
+    static void WaitUntil(const std::string& command) {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (Shell(command).code != 0 && std::chrono::steady_clock::now() < deadline)
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    void Batch(const std::string& arguments) {
+        const Result result = Shell("cd '" + folder.Path().string() + "' && '" VELMORA_BATCH "' " + arguments);
+        EXPECT_EQ(result.code, 0) << arguments << "\n" << result.output;
+    }
+    std::vector<std::filesystem::path> Arrived() {
+        std::vector<std::filesystem::path> jobs;
+        for (const auto& entry : std::filesystem::directory_iterator(folder / "jobs"))
+            if (entry.path().extension() == ".pdf") // beside what the printer's command said
+                jobs.push_back(entry.path());
+        std::sort(jobs.begin(), jobs.end());
+        return jobs;
+    }
+    /// The job's file, once its last byte is there.
+    std::filesystem::path WaitFor(std::size_t job) {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        while (JobAttributes(printer + "/" + std::to_string(job)).find("job-state (enum) = completed") ==
+                   std::string::npos &&
+               std::chrono::steady_clock::now() < deadline)
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        return Arrived().at(job - 1);
+    }
+};
+
+TEST_F(NetworkPrinterTest, EveryTextArrivesInItsTab) {
+    // A printer that knows DL only short edge first gets the other layout turned.
+    const std::tuple<int, const char*, const char*, const char*> cases[] = {
+        {0, "A4", "A4", "{x-dimension=21000 y-dimension=29700}"},
+        {5, "DL_v", "DL_v", "{x-dimension=11000 y-dimension=22000}"},
+        {5, "DL_h", "DL_v", "{x-dimension=11000 y-dimension=22000}"}};
+    std::size_t job = 0;
+    for (const auto& [type, layout, arriving, medium] : cases) {
+        const auto text = [&](const char* stationery) {
+            return TabFileText(
+                type, 2, "2.5,-2", 48, [](int tab) { return "A" + std::to_string(tab) + ",B" + std::to_string(tab); },
+                stationery);
+        };
+        Write("in.csv", text(layout));
+        Write("arriving.csv", text(arriving));
+        Batch("pdf arriving.csv -o expected.pdf");
+        Batch("print in.csv --printer Desk");
+        const std::filesystem::path arrived = WaitFor(++job);
+        const std::string attributes = JobAttributes(printer + "/" + std::to_string(job));
+        for (const std::string& attribute : {std::string(medium), std::string("print-quality (enum) = high")})
+            EXPECT_NE(attributes.find(attribute), std::string::npos) << layout << " " << attribute << attributes;
+        const auto expected = AllWords(folder / "expected.pdf");
+        const auto words = AllWords(arrived);
+        ASSERT_EQ(words.size(), expected.size()) << layout;
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            EXPECT_EQ(words[i].first, expected[i].first) << layout;
+            EXPECT_NEAR(words[i].second.left, expected[i].second.left, 0.01) << layout;
+            EXPECT_NEAR(words[i].second.bottom, expected[i].second.bottom, 0.01) << layout;
+        }
+        EXPECT_NE(Shell("pdfinfo '" + arrived.string() + "'")
+                      .output.find(type == 0 ? "Pages:           2" : "Pages:           4"),
+                  std::string::npos);
+    }
 }
 
 } // namespace

@@ -29,7 +29,11 @@ libglib2.0-bin      command -v gio
 poppler-utils       command -v pdftotext
 qpdf                command -v qpdf
 cups-daemon         PATH=$PATH:/usr/sbin command -v cupsd
+cups-client         command -v lpstat
+cups-filters        test -x /usr/lib/cups/filter/pdftopdf
 cups-ipp-utils      command -v ipptool
+dbus                command -v dbus-daemon
+avahi-daemon        PATH=$PATH:/usr/sbin command -v avahi-daemon
 '
 
 has_pkg() { pkg-config --exists "$1"; }
