@@ -119,6 +119,28 @@ TEST_F(BatchTest, ThePdfIsSoundEmbeddedAndNotScaled) {
     EXPECT_NE(Shell("pdftotext '" + (folder / "test.pdf").string() + "' -").output.find("Field 1"), std::string::npos);
 }
 
+TEST_F(BatchTest, MarginsShiftEveryTextByExactlyThat) {
+    const auto wordsAt = [&](const std::string& margins) {
+        Write("in.csv", TabFileText(0, 3, margins, 24, [](int tab) {
+                  const std::string number = std::to_string(tab);
+                  return "A" + number + ",B" + number + ",C" + number;
+              }));
+        EXPECT_EQ(Batch("pdf in.csv -o out.pdf").code, 0);
+        return Words(folder / "out.pdf");
+    };
+    const auto still = wordsAt("0,0");
+    for (const auto& [left, top] : {std::pair(3.0, -2.0), std::pair(-2.0, 2.5), std::pair(2.5, 3.0)}) {
+        const auto shifted = wordsAt(std::to_string(left) + "," + std::to_string(top));
+        ASSERT_EQ(shifted.size(), still.size());
+        for (const auto& [text, word] : still) {
+            if (text.empty())
+                continue; // the page's size
+            EXPECT_NEAR(shifted.at(text).left - word.left, left * kMmPerUnit, 0.01) << text;
+            EXPECT_NEAR(shifted.at(text).top - word.top, top * kMmPerUnit, 0.01) << text;
+        }
+    }
+}
+
 // Numbers stand behind their ticks, or centred below them: the distance from the 0 is the reading.
 TEST_F(BatchTest, TheRulersOfTheCalibrationSheetStartAtTheOutlines) {
     constexpr double kTabTops[] = {23, 23, 20, 20, 21, 21};
