@@ -29,8 +29,10 @@ OpenOutcome OpenCommand(MainModule& main) {
 }
 
 bool CloseCommand(MainModule& main) {
-    if (!main.document.DocChanged)
+    if (!main.document.DocChanged) {
+        KeepRecoveryCopy(main); // which removes what was kept before the changes were taken back
         return true;
+    }
     const Answer answer = AskToSave(main);
     if (answer == Answer::Yes)
         return SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved;

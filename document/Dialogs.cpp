@@ -32,7 +32,7 @@ void TellNoSpreadsheets(MainModule& main) {
 }
 
 void KeepRecoveryCopy(MainModule& main) {
-    if (!main.recovery)
+    if (!main.recovery || main.openTransactions > 0)
         return;
     try {
         main.recovery->Keep(main);

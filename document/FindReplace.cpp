@@ -63,6 +63,8 @@ void PlanReplacement(Replacements& plan, const TabDocument& document, const Patt
     if (pattern.In(old, 0) == std::string::npos)
         return;
     std::string text = pattern.ReplacedIn(old, with);
+    if (text == old)
+        return;
     if (Fits(document, box.field, old, text))
         plan.texts.emplace_back(box, std::move(text));
     else
@@ -80,6 +82,7 @@ Replacements PlanReplacements(const TabDocument& document, const FindRequest& re
 }
 
 void Put(MainModule& main, const std::vector<std::pair<TabBox, std::string>>& texts) {
+    KeepRecoveryCopy(main);
     {
         const UndoStep step(main.history, main, "Replace");
         for (const auto& [box, text] : texts)
@@ -146,9 +149,11 @@ FindOutcome Finder::Replace(const FindRequest& request) {
                         std::to_string(main_.document.Limits.Of(start.box.field)) + " characters.");
         return FindNext(request);
     }
-    Put(main_, {{start.box, text}});
+    if (text != old)
+        Put(main_, {{start.box, text}});
     last_->length = request.replaceWith.size();
-    return FindNext(request);
+    const FindOutcome outcome = FindNext(request);
+    return outcome == FindOutcome::NotFound ? FindOutcome::LastReplaced : outcome;
 }
 
 int Finder::ReplaceAll(const FindRequest& request) {

@@ -17,7 +17,7 @@ struct FindRequest {
     std::optional<int> field = std::nullopt; ///< 0 to 2; nothing: every field in use
 };
 
-enum class FindOutcome { Found, FoundFromTop, NotFound };
+enum class FindOutcome { Found, FoundFromTop, NotFound, LastReplaced };
 
 /// Goes through a document from match to match. Whatever else happens to the document meanwhile, a search starts at the
 /// last match as long as its tab has the focus, else at the tab that has it.
@@ -27,8 +27,8 @@ public:
 
     /// Shows the page of the next match and selects it; after the last tab it goes on with the first.
     FindOutcome FindNext(const FindRequest& request);
-    /// Replaces the match that FindNext went to, if it is still there, and goes to the next. A text that would become
-    /// longer than its field allows stays, which is said.
+    /// Replaces the match that FindNext went to, if it is still there, and goes to the next; LastReplaced without one.
+    /// A text that would become longer than its field allows stays, which is said.
     FindOutcome Replace(const FindRequest& request);
     /// Replaces all matches, as one change, and gives the number of texts changed. Texts that would become longer than
     /// their field allows stay; how many is asked about before anything changes, and a No changes nothing.

@@ -100,8 +100,10 @@ OpenOutcome ReplaceDocument(MainModule& main, const std::filesystem::path& path)
     if (main.editor)
         main.editor->TakeDown();
     const OpenOutcome outcome = LoadOrUndo(main, path);
-    if (archived && outcome != OpenOutcome::Opened)
+    if (archived && outcome != OpenOutcome::Opened) {
+        KeepRecoveryCopy(main); // before its stand-in goes
         main.recovery->Forget(*archived);
+    }
     if (outcome == OpenOutcome::Failed) {
         main.document.FileError = true;
         Tell(main, "Could not finish process");

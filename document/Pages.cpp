@@ -158,6 +158,7 @@ void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(
     if (!main.history)
         return;
     TakePageBack(main);
+    KeepRecoveryCopy(main);
     const auto box = (main.history->*move)(main);
     RefreshDocumentStatus(main);
     if (!main.editor)

@@ -60,9 +60,15 @@ bool Agrees(MainModule& main, const Block& block) {
 
 } // namespace
 
+std::string_view CellText(std::string_view text) {
+    for (const std::string_view end : {"\r\n", "\n", "\r"})
+        if (text.ends_with(end))
+            return text.substr(0, text.size() - end.size());
+    return text;
+}
+
 bool IsBlock(std::string_view text) {
-    const std::size_t end = text.find_last_not_of("\r\n");
-    return text.find_first_of("\t\r\n") < (end == std::string_view::npos ? 0 : end);
+    return CellText(text).find_first_of("\t\r\n") != std::string_view::npos;
 }
 
 void PasteBlock(MainModule& main, TabBox from, std::string_view text) {
@@ -70,6 +76,7 @@ void PasteBlock(MainModule& main, TabBox from, std::string_view text) {
     const Block block = TakeApart(main.document, from, text);
     if (!Agrees(main, block))
         return;
+    KeepRecoveryCopy(main);
     const UndoStep step(main.history, main, "Paste");
     for (const Cell& cell : block.cells)
         main.document.Field(cell.box.field)(cell.box.tab) = cell.text;

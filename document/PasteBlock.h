@@ -8,6 +8,8 @@
 
 namespace velmora {
 
+/// The text without the one line end that a spreadsheet puts behind a cell.
+std::string_view CellText(std::string_view text);
 /// True for more than one line or column; anything else is a text for one box.
 bool IsBlock(std::string_view text);
 

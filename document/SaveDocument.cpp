@@ -86,11 +86,8 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
     SaveFile(main, path, kind == SaveKind::Export ? FileHeader::LeftOut : FileHeader::Written);
     if (main.document.FileError)
         return SaveOutcome::Failed;
-    if (kind == SaveKind::Export) {
-        if (IsSameFile(path, main.document.DocFileName))
-            main.document.Stamp = StampOf(path); // changed by this program, not by another
+    if (kind == SaveKind::Export)
         return SaveOutcome::Saved;
-    }
     main.document.DocFileName = path;
     main.document.Stamp = StampOf(path);
     RememberFile(main.settings, path);
@@ -109,6 +106,8 @@ std::optional<fs::path> AskForPath(MainModule& main, SaveKind kind) {
                                               main.globals.TabsPath, "Velmora file(*.csv)|*.csv", "Tabs.csv"});
         if (path && EndsWithNoCase(path->string(), ".XLS"))
             TellNoSpreadsheets(main);
+        else if (path && kind == SaveKind::Export && IsSameFile(*path, main.document.DocFileName))
+            Tell(main, "An export is a copy without the document's settings.  Please select another file name.");
         else if (!path || (MayOverwrite(main, *path) && CanReplace(main, *path)))
             return path;
     }

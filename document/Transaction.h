@@ -12,8 +12,13 @@ namespace velmora {
 class Transaction {
 public:
     explicit Transaction(MainModule& main)
-        : main_(main), batch_(main.settings), document_(main.document), globals_(main.globals), fonts_(main.fonts) {}
-    ~Transaction() { Undo(); }
+        : main_(main), batch_(main.settings), document_(main.document), globals_(main.globals), fonts_(main.fonts) {
+        ++main_.openTransactions;
+    }
+    ~Transaction() {
+        Undo();
+        --main_.openTransactions;
+    }
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 

@@ -27,6 +27,7 @@ struct MainModule {
     MainWindowStatus* status = nullptr; ///< set while a main window lives
     UndoHistory* history = nullptr;     ///< without one nothing can be undone
     RecoveryStore* recovery = nullptr;  ///< without one nothing outlives a crash
+    int openTransactions = 0;           ///< above 0 the document may be half changed
     bool recoveryFailureShown = false;  ///< a copy that cannot be written is reported once
 };
 

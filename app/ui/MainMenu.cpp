@@ -1,6 +1,7 @@
 #include "app/ui/MainMenu.h"
 
 #include "app/Commands.h"
+#include "base/Text.h"
 #include "document/Pages.h"
 #include "document/PasteBlock.h"
 #include "document/SaveDocument.h"
@@ -56,7 +57,7 @@ void Paste(CommandContext& context) {
     if (const int field = frmGrid2a4::FieldOf(*box); field >= 0 && IsBlock(text))
         PasteBlock(context.program.main, {context.program.main.document.CurrentTab, field}, text);
     else
-        box->paste();
+        box->insert(QString::fromStdString(OneLine(CellText(text))));
 }
 
 /// One for the window's life, so that it remembers what was looked for.
@@ -90,7 +91,7 @@ std::span<const Menu> Menus() {
           {"mnuSavePdf", "Save as P&DF ...", "", SavePdf},
           kSeparator,
           {"mnuPgSetup", "Page Set&up", "", nullptr},
-          {"mnuPrinterSetup", "Printe&r Setup", "", nullptr},
+          {"mnuPrinterSetup", "Prin&ter Setup", "", nullptr},
           {"mnuMarginSetup", "&Margin Setup", "", nullptr},
           kSeparator,
           {"mnuPreview", "Pre&view", "", nullptr},

@@ -9,9 +9,12 @@
 #include "editor/ui/frmGrid2a4.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
@@ -26,6 +29,27 @@ constexpr QSize kFirstSize(1100, 760);
 constexpr const char* kPositionKey = "mdiVelmora";
 constexpr int kKeepAfterMs = 3000;
 
+/// "&1 text" for the first nine entries of a menu.
+QString Numbered(const QMenu& menu, const std::string& text) {
+    const qsizetype number = menu.actions().size() + 1;
+    const QString caption = QString::fromStdString(text).replace('&', "&&");
+    return number > 9 ? caption : QString("&%1   %2").arg(number).arg(caption);
+}
+
+/// Every key that the desktop has for the command whose shortcut this is.
+QList<QKeySequence> ShortcutsLike(const QKeySequence& shortcut) {
+    for (const auto standard :
+         {QKeySequence::Undo, QKeySequence::Redo, QKeySequence::Cut, QKeySequence::Copy, QKeySequence::Paste}) {
+        QList<QKeySequence> keys = QKeySequence::keyBindings(standard);
+        if (!keys.contains(shortcut))
+            continue;
+        keys.removeAll(shortcut);
+        keys.prepend(shortcut); // the menu shows the first
+        return keys;
+    }
+    return {shortcut};
+}
+
 } // namespace
 
 mdiVelmora::mdiVelmora(Program& program) : program_(program) {
@@ -39,6 +63,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     grid_ = new frmGrid2a4(program_.main, this);
     setCentralWidget(grid_);
     connect(grid_, &frmGrid2a4::Changed, this, [this] { EnableCommands(); });
+    WatchEditMenu(findChild<QMenu*>("mnuEdit"));
     resize(kFirstSize);
     RestorePlace(*this, program_.main.settings, kPositionKey);
     program_.main.status = this;
@@ -77,33 +102,58 @@ void mdiVelmora::AddRecentFiles(QMenu* menu) {
     connect(menu, &QMenu::aboutToShow, this, [this, recent] {
         recent->clear();
         for (const std::filesystem::path& path : RecentFiles(program_.main.settings))
-            recent->addAction(QString::fromStdString(path.string()).replace('&', "&&"), this,
-                              [this, path] { OpenInstead(program_.main, path); });
+            recent->addAction(Numbered(*recent, path.string()), this, [this, path] { OpenAnother(path); });
         recent->setEnabled(!recent->isEmpty());
     });
+}
+
+void mdiVelmora::OpenAnother(const std::filesystem::path& path) {
+    if (OpenInstead(program_.main, path) == OpenOutcome::NoPrinter)
+        QApplication::quit();
 }
 
 /// The documents that were replaced or left unsaved, before the last item.
 void mdiVelmora::AddRecovered(QMenu* menu) {
     QAction* exit = menu->actions().last();
-    auto* recovered = new QMenu(tr("Recover ..."), menu);
+    auto* recovered = new QMenu(tr("&Recover ..."), menu);
     recovered->setObjectName("mnuRecover");
     menu->insertMenu(menu->actions().at(menu->actions().indexOf(exit) - 1), recovered);
     connect(menu, &QMenu::aboutToShow, this, [this, recovered] {
         recovered->clear();
         for (const RecoveredDocument& document : program_.recovery->List())
-            recovered->addAction(QString::fromStdString(LocalTime(document.Time) + "   " + document.Name() + "   (" +
-                                                        std::to_string(document.TabsFilled) + " tabs)")
-                                     .replace('&', "&&"),
+            recovered->addAction(Numbered(*recovered, LocalTime(document.Time) + "   " + document.Name() + "   (" +
+                                                          std::to_string(document.TabsFilled) + " tabs)"),
                                  this, [this, document] { RestoreCommand(program_.main, document); });
         recovered->setEnabled(!recovered->isEmpty());
     });
 }
 
-/// Unsaved work is on disk some seconds after it was typed.
+/// While the menu is open, commands that could do nothing are grey; their shortcuts work whenever they can.
+void mdiVelmora::WatchEditMenu(QMenu* menu) {
+    connect(menu, &QMenu::aboutToShow, this, [this] {
+        const auto* box = qobject_cast<QLineEdit*>(focusWidget());
+        for (const char* name : {"mnuCut", "mnuCopy"})
+            findChild<QAction*>(name)->setEnabled(box && box->hasSelectedText());
+        findChild<QAction*>("mnuPaste")->setEnabled(box && !QApplication::clipboard()->text().isEmpty());
+    });
+    connect(
+        menu, &QMenu::aboutToHide, this,
+        [this] {
+            for (const char* name : {"mnuCut", "mnuCopy", "mnuPaste"})
+                findChild<QAction*>(name)->setEnabled(true);
+        },
+        Qt::QueuedConnection); // after the chosen command was looked up
+    connect(grid_, &frmGrid2a4::MenuWanted, menu, [menu](const QPoint& place) { menu->popup(place); });
+}
+
+/// Unsaved work is on disk some seconds after it was typed, and its copy goes when nothing is unsaved any more.
 void mdiVelmora::KeepSoon() {
-    if (program_.main.document.DocChanged && !keepTimer_.isActive())
+    if (program_.main.openTransactions > 0 || keepTimer_.isActive())
+        return;
+    if (program_.main.document.DocChanged)
         keepTimer_.start(kKeepAfterMs);
+    else if (program_.recovery)
+        program_.recovery->Drop();
 }
 
 /// No error leaves a command: what a procedure has not trapped itself is reported here.
@@ -112,13 +162,14 @@ void mdiVelmora::AddItem(QMenu* menu, const MenuItem& item) {
         menu->addSeparator();
         return;
     }
-    QAction* action = menu->addAction(tr(item.caption), QKeySequence(item.shortcut), this, [this, item] {
+    QAction* action = menu->addAction(tr(item.caption), this, [this, item] {
         Trapped(program_.main, std::string("Called from Sub: ") + item.name, [&] {
             CommandContext context{program_, *this};
             item.command(context);
         });
         EnableCommands();
     });
+    action->setShortcuts(ShortcutsLike(QKeySequence(item.shortcut)));
     action->setObjectName(item.name);
     action->setEnabled(item.command != nullptr);
 }
@@ -199,13 +250,16 @@ void mdiVelmora::dragEnterEvent(QDragEnterEvent* event) {
 void mdiVelmora::dropEvent(QDropEvent* event) {
     const QList<QUrl> urls = event->mimeData()->urls();
     if (!urls.isEmpty())
-        OpenInstead(program_.main, urls.first().toLocalFile().toStdString());
+        OpenAnother(urls.first().toLocalFile().toStdString());
 }
 
 void mdiVelmora::closeEvent(QCloseEvent* event) {
+    event->ignore(); // also after an error
     Trapped(program_.main, "Called from Sub: mnuExit", [&] { event->setAccepted(CloseCommand(program_.main)); });
-    if (event->isAccepted())
-        SavePlace(*this, program_.main.settings, kPositionKey);
+    if (!event->isAccepted())
+        return;
+    keepTimer_.stop();
+    SavePlace(*this, program_.main.settings, kPositionKey);
 }
 
 } // namespace velmora

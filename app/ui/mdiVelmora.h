@@ -35,6 +35,8 @@ private:
     void BuildMenus();
     void AddItem(QMenu* menu, const MenuItem& item);
     void AddRecentFiles(QMenu* menu);
+    void OpenAnother(const std::filesystem::path& path);
+    void WatchEditMenu(QMenu* menu);
     void AddRecovered(QMenu* menu);
     void KeepSoon();
     void BuildToolBar();

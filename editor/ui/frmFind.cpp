@@ -9,6 +9,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
@@ -32,7 +34,11 @@ frmFind::frmFind(MainModule& main, QWidget* parent)
     connect(cmdFindNext_, &QPushButton::clicked, this, [run] { run(&frmFind::FindNext); });
     connect(cmdReplace_, &QPushButton::clicked, this, [run] { run(&frmFind::Replace); });
     connect(cmdReplaceAll_, &QPushButton::clicked, this, [run] { run(&frmFind::ReplaceAll); });
-    connect(txtFind_, &QLineEdit::textChanged, this, &frmFind::EnableButtons);
+    for (QLineEdit* entry : {txtFind_, txtReplace_})
+        connect(entry, &QLineEdit::textChanged, this, &frmFind::EnableButtons);
+    connect(cboField_, &QComboBox::currentIndexChanged, this, &frmFind::EnableButtons);
+    connect(chkMatchCase_, &QCheckBox::toggled, this, &frmFind::EnableButtons);
+    ListFields();
     EnableButtons();
 }
 
@@ -40,9 +46,6 @@ void frmFind::BuildUi() {
     txtFind_ = Named(new QLineEdit, "txtFind");
     txtReplace_ = Named(new QLineEdit, "txtReplace");
     cboField_ = Named(new QComboBox, "cboField");
-    cboField_->addItem(tr("All fields"), kAllFields);
-    for (int field = 0; field < kFieldsPerTab; ++field)
-        cboField_->addItem(tr("Field %1").arg(QChar('A' + field)), field);
     chkMatchCase_ = Named(new QCheckBox(tr("&Match case")), "chkMatchCase");
     lblResult_ = Named(new QLabel(" "), "lblResult");
     cmdFindNext_ = Named(new QPushButton(tr("Find &Next")), "cmdFindNext");
@@ -67,7 +70,18 @@ void frmFind::BuildUi() {
     layout->addLayout(buttons);
 }
 
+/// The fields in use, which the page set-up may have changed since.
+void frmFind::ListFields() {
+    const int chosen = cboField_->count() > 0 ? cboField_->currentData().toInt() : kAllFields;
+    cboField_->clear();
+    cboField_->addItem(tr("All fields"), kAllFields);
+    for (int field = 0; field < main_.document.NoOfFields; ++field)
+        cboField_->addItem(tr("Field %1").arg(QChar('A' + field)), field);
+    cboField_->setCurrentIndex(std::max(0, cboField_->findData(chosen)));
+}
+
 void frmFind::Open() {
+    ListFields();
     show();
     raise();
     activateWindow();
@@ -79,7 +93,7 @@ bool frmFind::CanFind() const {
     return !txtFind_->text().isEmpty();
 }
 
-/// Nothing can be found without a text to find.
+/// Nothing can be found without a text to find; what was said of the last search does not hold for another.
 void frmFind::EnableButtons() {
     lblResult_->setText(" ");
     for (QPushButton* button : {cmdFindNext_, cmdReplace_, cmdReplaceAll_})
@@ -95,11 +109,15 @@ FindRequest frmFind::Request() const {
 void frmFind::Show(FindOutcome outcome) {
     lblResult_->setText(outcome == FindOutcome::NotFound       ? tr("Not found.")
                         : outcome == FindOutcome::FoundFromTop ? tr("Found from the first tab on.")
+                        : outcome == FindOutcome::LastReplaced ? tr("Replaced the last one.")
                                                                : " ");
 }
 
 void frmFind::FindNext() {
-    Show(finder_.FindNext(Request()));
+    const FindOutcome outcome = finder_.FindNext(Request());
+    if (outcome == FindOutcome::NotFound && !isVisible())
+        Open(); // to say so
+    Show(outcome);
 }
 
 void frmFind::Replace() {

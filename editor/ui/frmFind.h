@@ -26,6 +26,7 @@ public:
 
 private:
     void BuildUi();
+    void ListFields();
     void EnableButtons();
     FindRequest Request() const;
     void Show(FindOutcome outcome);

@@ -1,5 +1,6 @@
 #include "editor/ui/frmGrid2a4.h"
 
+#include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QEvent>
 #include <QKeyEvent>
@@ -216,10 +217,12 @@ void frmGrid2a4::ShowTexts() {
 /// Keeps the focus in its slot on a move to another page; a page that comes up anew starts at its first tab.
 void frmGrid2a4::FocusTab() {
     QWidget* focused = focusWidget();
-    if (focused && focused->property(kSlotProperty).isValid())
+    if (focused && focused->property(kSlotProperty).isValid()) {
         Entered(focused->property(kSlotProperty).toInt());
-    else if (!boxes_.empty())
+        qobject_cast<QLineEdit*>(focused)->selectAll();
+    } else if (!boxes_.empty()) {
         boxes_[0][0]->setFocus();
+    }
 }
 
 void frmGrid2a4::Entered(int slot) {
@@ -299,15 +302,21 @@ bool frmGrid2a4::eventFilter(QObject* watched, QEvent* event) {
     auto* box = qobject_cast<QLineEdit*>(watched);
     if (!box)
         return QScrollArea::eventFilter(watched, event);
-    if (event->type() == QEvent::KeyPress && MoveByKey(*static_cast<QKeyEvent*>(event), box))
-        return true;
-    if (event->type() == QEvent::ShortcutOverride) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo) || key.matches(QKeySequence::Paste)) {
             event->ignore();
             return true; // commands of the window, which know the whole document
         }
+        if (event->type() == QEvent::KeyPress && MoveByKey(key, box))
+            return true;
     }
+    if (event->type() == QEvent::ContextMenu) {
+        emit MenuWanted(static_cast<QContextMenuEvent*>(event)->globalPos());
+        return true; // the box's own menu would change it alone
+    }
+    if (event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() == Qt::MenuBarFocusReason)
+        return true; // what is selected stays selected for the command
     if (event->type() == QEvent::DragEnter && static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls()) {
         event->ignore(); // a file is for the window, which opens it
         return true;

@@ -59,6 +59,8 @@ public:
 signals:
     /// A box was typed in.
     void Changed();
+    /// The menu of a box is wanted at a place on the screen.
+    void MenuWanted(const QPoint& place);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
