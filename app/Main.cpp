@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "document/Dialogs.h"
 #include "document/OpenDocument.h"
+#include "print/Margins.h"
 
 namespace velmora {
 namespace {
@@ -81,6 +82,18 @@ LoadOutcome LoadConfiguration(MainModule& main) {
     return outcome;
 }
 
+/// What is not set up yet is offered, one dialog after the other.
+LoadOutcome OfferSetup(MainModule& main, Forms& forms) {
+    const auto wanted = [&](const char* what) {
+        return Ask(main, std::string(what) + "\r\nDo you want to do it now?", Buttons::YesNo) == Answer::Yes;
+    };
+    if (!SetupComplete(main.settings) && wanted("You have to configure a printer."))
+        forms.ShowPrinterSetup();
+    if (!MarginsReady(main) && wanted("You have to setup margins for the tabs."))
+        forms.ShowMarginSetup();
+    return main.globals.StartWithSetup ? forms.ShowPageSetup() : LoadOutcome::Loaded;
+}
+
 } // namespace
 
 StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms) {
@@ -100,6 +113,8 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
                                                        [] { return std::chrono::system_clock::now(); });
     main.recovery = program.recovery.get();
     forms.ShowMainWindow();
+    if (OfferSetup(main, forms) == LoadOutcome::NoPrinter)
+        return StartOutcome::Ended;
     if (OfferRecovery(main))
         return StartOutcome::Running; // what was lost goes before what can be opened again
     if (!commandLine.empty() && OpenPath(main, fs::absolute(commandLine)) == OpenOutcome::NoPrinter)

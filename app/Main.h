@@ -12,6 +12,11 @@ class Forms {
 public:
     virtual ~Forms() = default;
     virtual void ShowMainWindow() = 0;
+    // The set-up dialogs: modal, over the main window.
+    virtual void ShowPrinterSetup() = 0;
+    virtual void ShowMarginSetup() = 0;
+    /// NoPrinter: as LoadGlobals says.
+    virtual LoadOutcome ShowPageSetup() = 0;
 };
 
 enum class StartOutcome { Running, Ended };

@@ -2,6 +2,7 @@
 
 #include "app/Main.h"
 #include "app/Version.h"
+#include "app/ui/SetupForms.h"
 #include "app/ui/mdiVelmora.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
@@ -29,6 +30,9 @@ public:
         window_ = std::make_unique<mdiVelmora>(program_);
         window_->show();
     }
+    void ShowPrinterSetup() override { velmora::ShowPrinterSetup(program_, window_.get()); }
+    void ShowMarginSetup() override { velmora::ShowMarginSetup(program_, window_.get()); }
+    LoadOutcome ShowPageSetup() override { return velmora::ShowPageSetup(program_, window_.get()); }
 
 private:
     Program& program_;

@@ -52,6 +52,9 @@ std::optional<double> ShownMillimetres(const std::string& text) {
 
 } // namespace
 
+const std::array<SamplePosition, 4> Calibration::kUnshifted = {
+    {{0, kFirstRow}, {kSecondColumn, kFirstRow}, {0, kSecondRow}, {kSecondColumn, kSecondRow}}};
+
 Calibration::Calibration(MainModule& main)
     : main_(main), left_(ReadMargin(main.settings, kMarginLeft)), top_(ReadMargin(main.settings, kMarginTop)) {
     const SettingsBatch batch(main.settings);
@@ -75,9 +78,9 @@ void Calibration::Typed(MarginBox box, const std::string& text) {
     const auto shown = ShownMillimetres(text);
     for (std::size_t i = 0; i < samples_.size() && shown; ++i) {
         if (box == MarginBox::Left)
-            samples_[i].left = *shown * kTwipsPerMm + (i % 2 == 0 ? 0 : kSecondColumn);
+            samples_[i].left = *shown * kTwipsPerMm + kUnshifted[i].left;
         else
-            samples_[i].top = *shown * kTwipsPerMm + (i < 2 ? kFirstRow : kSecondRow);
+            samples_[i].top = *shown * kTwipsPerMm + kUnshifted[i].top;
     }
 }
 

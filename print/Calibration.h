@@ -25,6 +25,9 @@ public:
     /// Reads the active margins and the sample positions.
     explicit Calibration(MainModule& main);
 
+    /// The samples of margins 0.
+    static const std::array<SamplePosition, 4> kUnshifted;
+
     const std::string& LeftText() const { return left_; }
     const std::string& TopText() const { return top_; }
     /// famPreview1 to famPreview4 at indexes 0 to 3: two rows of two.

@@ -1,7 +1,11 @@
 #include "print/CalibrationSheet.h"
 
+#include "base/AtomicFile.h"
+#include "base/TemporaryFile.h"
 #include "document/Stationery.h"
 #include "print/PdfCanvas.h"
+#include "print/PdfReport.h"
+#include "print/PrintErrors.h"
 #include "print/SheetPainter.h"
 #include "print/rptVelmor.h"
 
@@ -30,6 +34,7 @@ constexpr int kTextFont = 1;
 constexpr int kFirstNumber = -10;
 constexpr std::array<std::string_view, 5> kNumbers = {"-10", "0", "10", "20", "30"};
 
+constexpr const char* kTitle = "Calibration sheet";
 constexpr std::string_view kLeftLabel = "Left margin, read at the left cut edge";
 constexpr std::string_view kTopLabel = "Top margin, read at the top cut edge";
 constexpr std::array<std::string_view, 2> kExplanation = {
@@ -147,9 +152,35 @@ Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view
 
 void WriteCalibrationPdf(SettingsStore& store, const FontCatalogue& catalogue, int tabType, std::string_view layout,
                          const std::function<void(std::string_view)>& sink) {
-    PdfCanvas pdf(sink, {"Calibration sheet", {}});
+    PdfCanvas pdf(sink, {kTitle, {}});
     SheetPainter(catalogue, SheetFonts()).Paint(LayOutCalibrationSheet(store, tabType, layout), pdf, Outlines::Shown);
     pdf.Finish();
+}
+
+void PrintCalibrationSheet(PrintModule& print) {
+    MainModule& main = print.main;
+    const std::string& printer = main.globals.PrinterName;
+    const bool toFile = printer == kPdfPrinter;
+    const auto path = toFile ? AskForPdfPath(main, kTitle) : std::nullopt;
+    if (toFile && !path)
+        return;
+    const TabDocument& document = main.document;
+    TrappedPrinting(print, "Called from Sub: PrintCalibrationSheet", [&] {
+        const auto write = [&](auto& file) {
+            WriteCalibrationPdf(main.settings, print.catalogue, document.OptType, document.StationeryType,
+                                [&](std::string_view bytes) { file.Write(bytes); });
+        };
+        if (path) {
+            AtomicFile file(*path);
+            write(file);
+            return file.Commit();
+        }
+        TemporaryFile pdf(".pdf");
+        write(pdf);
+        const Paper paper = SheetPaper(document.PageSize, document.StationeryType);
+        main.printers.Print(printer, {kTitle, pdf.Path(), paper.widthMm, paper.heightMm,
+                                      paper.turned ? Orientation::Landscape : Orientation::Portrait});
+    });
 }
 
 } // namespace velmora

@@ -2,8 +2,7 @@
 // and rulers that start at them.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
-#include "platform/FontCatalogue.h"
+#include "print/PrintModule.h"
 #include "print/Sheet.h"
 
 #include <functional>
@@ -22,5 +21,9 @@ Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view
 /// The sheet as a PDF. Raises Error on a machine without fonts too.
 void WriteCalibrationPdf(SettingsStore& store, const FontCatalogue& catalogue, int tabType, std::string_view layout,
                          const std::function<void(std::string_view)>& sink);
+
+/// The sheet of the document's stationery goes to the configured printer; the built-in one asks for a path. A failure
+/// is shown.
+void PrintCalibrationSheet(PrintModule& print);
 
 } // namespace velmora

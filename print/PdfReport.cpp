@@ -19,9 +19,10 @@ std::vector<int> AllSheets(const rptVelmor& report) {
 
 } // namespace
 
-std::optional<std::filesystem::path> AskForPdfPath(MainModule& main) {
+std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string name) {
     const std::filesystem::path& document = main.document.DocFileName;
-    const std::string name = document.empty() ? "Tabs" : document.stem().string();
+    if (name.empty())
+        name = document.empty() ? "Tabs" : document.stem().string();
     const std::filesystem::path folder = document.empty() ? main.globals.TabsPath : document.parent_path();
     for (;;) {
         const auto path = main.ui.ChooseFile({"SAVE", "Save as PDF", folder, "PDF file (*.pdf)|*.pdf", name + ".pdf"});

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -51,8 +52,9 @@ struct PrintTarget {
 bool PrintSheets(const rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue,
                  const PdfOptions& options, const PrintTarget& target, Progress* progress = nullptr);
 
-/// Asks until a path is chosen that may be written; nothing when the person cancels.
-std::optional<std::filesystem::path> AskForPdfPath(MainModule& main);
+/// Asks until a path is chosen that may be written; nothing when the person cancels. `name` is offered, without ending;
+/// empty: the document's.
+std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string name = {});
 
 /// The command: asks for a path, takes the page on screen into the document and writes the whole document. The file is
 /// replaced only when all of it is written; a failure is shown.

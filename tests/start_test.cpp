@@ -2,6 +2,7 @@
 #include "app/Main.h"
 #include "base/AtomicFile.h"
 #include "platform/linux/ProgramFolder.h"
+#include "print/Margins.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -20,23 +21,36 @@ public:
     std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
 };
 
-class CountingForms : public Forms {
+/// Notes what was opened, in order; the main window's opening may set things up.
+class NotingForms : public Forms {
 public:
-    void ShowMainWindow() override { ++shown; }
-    int shown = 0;
+    void ShowMainWindow() override {
+        shown += "main ";
+        whenShown();
+    }
+    void ShowPrinterSetup() override { shown += "printer "; }
+    void ShowMarginSetup() override { shown += "margins "; }
+    LoadOutcome ShowPageSetup() override {
+        shown += "page ";
+        return pageSetup;
+    }
+    std::string shown;
+    std::function<void()> whenShown = [] {};
+    LoadOutcome pageSetup = LoadOutcome::Loaded;
 };
 
 struct StartTest : testing::Test {
     TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
     NoFonts fonts;
     Program program{test.main, {}, fonts, {}, {}, {}};
-    CountingForms forms;
+    NotingForms forms;
 
     StartTest() {
         fs::create_directory(test.folder / "Images");
         fs::create_directory(test.folder / "Tabs");
         test.settings.SettingsAppName.clear();
         test.settings.IniFile.clear();
+        forms.whenShown = [this] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };
     }
     StartOutcome Start(const std::string& commandLine = "") { return Main(program, commandLine, forms); }
     std::string Question(const std::string& folder) {
@@ -46,7 +60,7 @@ struct StartTest : testing::Test {
 
 TEST_F(StartTest, NamesTheProgramAndItsFolders) {
     EXPECT_EQ(Start(), StartOutcome::Running);
-    EXPECT_EQ(forms.shown, 1);
+    EXPECT_EQ(forms.shown, "main page ");
     EXPECT_EQ(test.settings.SettingsAppName, "Velmora");
     EXPECT_EQ(program.Title, "Velmora [Version 8.1.0]");
     EXPECT_EQ(test.settings.IniFile, test.folder / "Velmora.ini");
@@ -59,7 +73,7 @@ TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
                        (test.folder / "Velmora.ini").string(),
                    Icon::Information);
     EXPECT_EQ(Start("settings"), StartOutcome::Ended);
-    EXPECT_EQ(forms.shown, 0);
+    EXPECT_EQ(forms.shown, "");
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
     test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
     EXPECT_EQ(Start("SETTINGS x"), StartOutcome::Running);
@@ -73,6 +87,37 @@ TEST_F(StartTest, AFileOnTheCommandLineIsOpened) {
     Start((test.folder / "a.csv").string());
     EXPECT_EQ(program.main.document.FieldA(2), "two");
     EXPECT_EQ(program.main.document.DocFileName, test.folder / "a.csv");
+}
+
+TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
+    const std::string now = "\r\nDo you want to do it now?";
+    struct Row {
+        const char* type; ///< stored; none: the printer is not configured
+        const char* startWithSetup;
+        Answer answer;
+        const char* shown;
+    };
+    for (const Row& row :
+         {Row{"", "True", Answer::Yes, "main printer margins page "}, Row{"", "False", Answer::No, "main "},
+          Row{"2", "True", Answer::Yes, "main margins page "}, Row{"2", "no", Answer::No, "main page "}}) {
+        forms.shown.clear();
+        forms.whenShown = [&] {
+            test.Store("Settings", "OptType", row.type);
+            test.Store("Settings", "Start with setup", row.startWithSetup);
+            LoadGlobals(program.main);
+            SetLayoutFromType(program.main.document);
+        };
+        if (std::string(row.type).empty())
+            test.ui.Expect("You have to configure a printer." + now, Icon::Question, Buttons::YesNo, row.answer);
+        test.ui.Expect("You have to setup margins for the tabs." + now, Icon::Question, Buttons::YesNo, row.answer);
+        EXPECT_EQ(Start(), StartOutcome::Running);
+        EXPECT_EQ(forms.shown, row.shown);
+    }
+}
+
+TEST_F(StartTest, APageSetupWithoutPrintersEndsTheStart) {
+    forms.pageSetup = LoadOutcome::NoPrinter;
+    EXPECT_EQ(Start("missing.csv"), StartOutcome::Ended);
 }
 
 TEST_F(StartTest, MissingFoldersAreMade) {
@@ -113,7 +158,7 @@ TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {
                        round == 0 ? Answer::No : Answer::Yes);
     }
     EXPECT_EQ(Start(), StartOutcome::Ended);
-    EXPECT_EQ(forms.shown, 0);
+    EXPECT_EQ(forms.shown, "");
 }
 
 TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
@@ -132,7 +177,8 @@ TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {
     test.settings.ProgramFolder = deep;
     const NoFonts fonts;
     Program program{test.main, {}, fonts, {}, {}, {}};
-    CountingForms forms;
+    NotingForms forms;
+    forms.whenShown = [&] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };
     EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);
     EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);
     EXPECT_EQ(program.main.globals.ImagesPath, deep / "Images/");

@@ -1,6 +1,7 @@
 #include "app/ui/MainMenu.h"
 
 #include "app/Commands.h"
+#include "app/ui/SetupForms.h"
 #include "base/Text.h"
 #include "document/Pages.h"
 #include "document/PasteBlock.h"
@@ -75,6 +76,25 @@ void FindNext(CommandContext& context) {
         FindForm(context).Open();
 }
 
+void SetUpPage(CommandContext& context) {
+    if (ShowPageSetup(context.program, &context.window) == LoadOutcome::NoPrinter)
+        QApplication::quit();
+}
+
+/// The toolbar's way: from the first page on.
+void SetUpFirstPage(CommandContext& context) {
+    FirstPage(context.program.main);
+    SetUpPage(context);
+}
+
+void SetUpMargins(CommandContext& context) {
+    ShowMarginSetup(context.program, &context.window);
+}
+
+void SetUpPrinter(CommandContext& context) {
+    ShowPrinterSetup(context.program, &context.window);
+}
+
 } // namespace
 
 std::span<const Menu> Menus() {
@@ -90,9 +110,9 @@ std::span<const Menu> Menus() {
           {"mnuExport", "&Export", "", Save<SaveKind::Export>},
           {"mnuSavePdf", "Save as P&DF ...", "", SavePdf},
           kSeparator,
-          {"mnuPgSetup", "Page Set&up", "", nullptr},
-          {"mnuPrinterSetup", "Prin&ter Setup", "", nullptr},
-          {"mnuMarginSetup", "&Margin Setup", "", nullptr},
+          {"mnuPgSetup", "Page Set&up", "", SetUpPage},
+          {"mnuPrinterSetup", "Prin&ter Setup", "", SetUpPrinter},
+          {"mnuMarginSetup", "&Margin Setup", "", SetUpMargins},
           kSeparator,
           {"mnuPreview", "Pre&view", "", nullptr},
           {"mnuPrint", "&Print", "Ctrl+P", nullptr},
@@ -122,7 +142,7 @@ std::span<const Menu> Menus() {
         {"mnuTools",
          "&Tools",
          {{"mnuAutoRepWiz", "&AutoRepeat Wizard", "", nullptr},
-          {"mnuPrinterSetupWiz", "&Printer Setup Wizard", "", nullptr},
+          {"mnuPrinterSetupWiz", "&Printer Setup Wizard", "", SetUpPrinter},
           kSeparator,
           {"mnuDeleteEmpries", "Delete &Empty Tabs", "", Call<CleanLabels>},
           kSeparator,
@@ -151,7 +171,7 @@ std::span<const ToolButton> ToolButtons() {
         kGap,
         {"new-page", "mnuNewPage", nullptr},
         {"delete-page", "mnuDeletePage", nullptr},
-        {"page-setup", "mnuPgSetup", nullptr},
+        {"page-setup", "tbrPageSetup", "Page Setup", SetUpFirstPage},
         kGap,
         {"fonts", "tbrFonts", "Fonts"},
         {"margins", "mnuMarginSetup", nullptr},

@@ -29,11 +29,12 @@ struct Menu {
     std::vector<MenuItem> items;
 };
 
-/// A button repeats a menu item; without an item of its own it has a caption.
+/// A button repeats a menu item; one that stands on the toolbar alone has a caption and a command.
 struct ToolButton {
     const char* icon;    ///< nullptr: a separator
     const char* item;    ///< name of the menu item, or of an action that stands on the toolbar alone
     const char* caption; ///< of the latter
+    void (*command)(CommandContext& context) = nullptr; ///< of the latter; nullptr: not part of this version yet
 };
 
 std::span<const Menu> Menus();

@@ -157,21 +157,26 @@ void mdiVelmora::KeepSoon() {
 }
 
 /// No error leaves a command: what a procedure has not trapped itself is reported here.
+void mdiVelmora::Connect(QAction* action, const char* name, void (*command)(CommandContext& context)) {
+    action->setObjectName(name);
+    action->setEnabled(command != nullptr);
+    connect(action, &QAction::triggered, this, [this, name, command] {
+        Trapped(program_.main, std::string("Called from Sub: ") + name, [&] {
+            CommandContext context{program_, *this};
+            command(context);
+        });
+        EnableCommands();
+    });
+}
+
 void mdiVelmora::AddItem(QMenu* menu, const MenuItem& item) {
     if (!item.name) {
         menu->addSeparator();
         return;
     }
-    QAction* action = menu->addAction(tr(item.caption), this, [this, item] {
-        Trapped(program_.main, std::string("Called from Sub: ") + item.name, [&] {
-            CommandContext context{program_, *this};
-            item.command(context);
-        });
-        EnableCommands();
-    });
+    QAction* action = menu->addAction(tr(item.caption));
     action->setShortcuts(ShortcutsLike(QKeySequence(item.shortcut)));
-    action->setObjectName(item.name);
-    action->setEnabled(item.command != nullptr);
+    Connect(action, item.name, item.command);
 }
 
 void mdiVelmora::BuildToolBar() {
@@ -186,8 +191,7 @@ void mdiVelmora::BuildToolBar() {
         auto* action = findChild<QAction*>(button.item);
         if (!action) {
             action = new QAction(tr(button.caption), this);
-            action->setObjectName(button.item);
-            action->setEnabled(false);
+            Connect(action, button.item, button.command);
         }
         action->setIcon(LineIcon(button.icon));
         action->setIconVisibleInMenu(false);

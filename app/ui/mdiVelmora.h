@@ -8,12 +8,14 @@
 
 #include <array>
 
+class QAction;
 class QLabel;
 class QMenu;
 
 namespace velmora {
 
 class frmGrid2a4;
+struct CommandContext;
 struct MenuItem;
 
 class mdiVelmora : public QMainWindow, public MainWindowStatus {
@@ -34,6 +36,7 @@ protected:
 private:
     void BuildMenus();
     void AddItem(QMenu* menu, const MenuItem& item);
+    void Connect(QAction* action, const char* name, void (*command)(CommandContext& context));
     void AddRecentFiles(QMenu* menu);
     void OpenAnother(const std::filesystem::path& path);
     void WatchEditMenu(QMenu* menu);

@@ -4,10 +4,14 @@
 #include "document/mdlMain.h"
 
 #include <QPixmap>
+#include <QSize>
 
 #include <string>
 
 namespace velmora {
+
+/// Takes the picture of any stationery.
+inline constexpr QSize kStationeryRoom(222, 298);
 
 /// The picture of that file name, whatever its letter case on disk. Nothing (a null picture) for a file that is missing
 /// or no picture, which is said.

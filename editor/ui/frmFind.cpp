@@ -1,6 +1,7 @@
 #include "editor/ui/frmFind.h"
 
 #include "document/Dialogs.h"
+#include "document/ui/Controls.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,11 +16,6 @@ namespace velmora {
 namespace {
 
 constexpr int kAllFields = -1;
-
-template <typename Control> Control* Named(Control* control, const char* name) {
-    control->setObjectName(name);
-    return control;
-}
 
 } // namespace
 

@@ -1,5 +1,7 @@
 #include "editor/ui/frmGrid2a4.h"
 
+#include "document/ui/Controls.h"
+
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QEvent>
@@ -22,13 +24,6 @@ constexpr int kGround = 12;
 constexpr int kCaptionHeight = 22;
 constexpr const char* kSlotProperty = "slot";
 constexpr const char* kFieldProperty = "field";
-
-Qt::Alignment BoxAlignment(std::int16_t code) {
-    const Qt::Alignment horizontal = code == kAlignRight    ? Qt::AlignRight
-                                     : code == kAlignCentre ? Qt::AlignHCenter
-                                                            : Qt::AlignLeft;
-    return horizontal | Qt::AlignVCenter;
-}
 
 QColor Blend(const QColor& a, const QColor& b, double share) {
     return QColor::fromRgbF(static_cast<float>(a.redF() + (b.redF() - a.redF()) * share),

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "app/Main.h"
+#include "app/ui/SetupForms.h"
 #include "app/ui/mdiVelmora.h"
 #include "base/AtomicFile.h"
 #include "platform/linux/FontconfigCatalogue.h"
+#include "print/Margins.h"
 #include "tests/support/TestProgram.h"
 
 #include <QAction>
@@ -30,14 +32,20 @@ public:
         : test([](const std::string& text) { qFatal("%s", text.c_str()); }), program{test.main, {}, fonts, {}, {}, {}} {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
+        test.Store("Settings", "Start with setup", "False");
+        SaveDefaultMargins(test.settings, 0, "A4_8", {}); // a start that asks nothing
     }
     void ShowMainWindow() override {
         window = std::make_unique<mdiVelmora>(program);
         window->show();
         window->activateWindow();
     }
+    void ShowPrinterSetup() override { velmora::ShowPrinterSetup(program, window.get()); }
+    void ShowMarginSetup() override { velmora::ShowMarginSetup(program, window.get()); }
+    LoadOutcome ShowPageSetup() override { return velmora::ShowPageSetup(program, window.get()); }
     void Start(const std::string& commandLine = "") {
         Main(program, commandLine, *this);
+        window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
     void Start(int type, int fields, int pages) {

@@ -1,0 +1,44 @@
+#include "app/ui/SetupForms.h"
+
+#include "document/Dialogs.h"
+#include "print/PrintReport.h"
+#include "print/ui/frmAutoPrtWiz.h"
+#include "print/ui/frmFix3.h"
+#include "print/ui/frmPageSetUp.h"
+
+#include <QApplication>
+
+namespace velmora {
+namespace {
+
+/// One sheet of fixed texts, as the set-up stands.
+std::function<void(std::int32_t)> TestPagePrinter(Program& program) {
+    return [&program](std::int32_t tabs) {
+        const TabDocument& document = program.main.document;
+        const PrintOutcome outcome = PrintReport(
+            program.print, "Test page",
+            {"TEST", document.OptType, tabs, document.NoOfFields, document.RowsPerPage, document.ColsPerPage, false});
+        if (outcome == PrintOutcome::NoPrinter)
+            QApplication::quit();
+    };
+}
+
+} // namespace
+
+void ShowPrinterSetup(Program& program, QWidget* parent) {
+    Trapped(program.main, "Called from Sub: frmAutoPrtWiz1",
+            [&] { RunPrinterWizard(program.main, TestPagePrinter(program), parent); });
+}
+
+void ShowMarginSetup(Program& program, QWidget* parent) {
+    Trapped(program.main, "Called from Sub: frmFix3", [&] { frmFix3(program.print, parent).exec(); });
+}
+
+LoadOutcome ShowPageSetup(Program& program, QWidget* parent) {
+    LoadOutcome outcome = LoadOutcome::Loaded;
+    Trapped(program.main, "Called from Sub: frmPageSetUp",
+            [&] { outcome = frmPageSetUp(program.main, TestPagePrinter(program), parent).Run(); });
+    return outcome;
+}
+
+} // namespace velmora

@@ -1,0 +1,44 @@
+#include "print/ui/frmFix.h"
+
+#include "document/ui/Controls.h"
+#include "print/PrinterWizard.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace velmora {
+namespace {
+
+/// Yes and No give their advice; Escape gives none.
+void BuildQuestion(QDialog& dialog, MainModule& main, const char* question) {
+    dialog.setWindowTitle(QObject::tr("Printer Setup"));
+    auto* buttons = new QDialogButtonBox;
+    const auto addButton = [&](QDialogButtonBox::StandardButton which, const char* name, bool othersPrint) {
+        QObject::connect(Named(buttons->addButton(which), name), &QPushButton::clicked, &dialog,
+                         [&dialog, &main, othersPrint] {
+                             dialog.accept();
+                             TellPrinterAdvice(main, othersPrint);
+                         });
+    };
+    addButton(QDialogButtonBox::Yes, "cmdYes", true);
+    addButton(QDialogButtonBox::No, "cmdNo", false);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(new QLabel(QString(question).remove('\r')));
+    layout->addWidget(buttons);
+}
+
+} // namespace
+
+frmFix1::frmFix1(MainModule& main, QWidget* parent) : PlacedDialog(main.settings, "fix1", parent) {
+    setObjectName("frmFix1");
+    BuildQuestion(*this, main, kFix1Question);
+}
+
+frmFix2::frmFix2(MainModule& main, QWidget* parent) : PlacedDialog(main.settings, "fix2", parent) {
+    setObjectName("frmFix2");
+    BuildQuestion(*this, main, kFix2Question);
+}
+
+} // namespace velmora

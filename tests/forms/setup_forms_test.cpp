@@ -1,0 +1,294 @@
+// The set-up dialogs, driven through the window's own commands and the controls' names.
+#include "document/ui/WizardFrame.h"
+#include "tests/forms/RunningProgram.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QListWidget>
+#include <QTimer>
+
+namespace {
+
+using namespace velmora;
+
+const std::string kKeepAsDefault = "Do you want to save this margin settings as the default margin settings for A4 (8 "
+                                   "rows) stationery?";
+
+/// The dialog in front, by its controls.
+struct Shown {
+    QWidget& dialog;
+
+    template <typename Control> Control* Find(const char* name) const {
+        auto* control = dialog.findChild<Control*>(name);
+        if (!control)
+            qFatal("no control %s in %s", name, qPrintable(dialog.objectName()));
+        return control;
+    }
+    void Click(const char* name) const { Find<QAbstractButton>(name)->click(); }
+    QLineEdit& Box(const char* name) const { return *Find<QLineEdit>(name); }
+    QString Text(const char* name) const { return Find<QLabel>(name)->text(); }
+};
+
+class SetupFormsTest : public QObject {
+    Q_OBJECT
+
+    using Work = std::function<void(const Shown&)>;
+
+    /// Opens a modal dialog, works in it, and proves that it came and is gone.
+    static void Within(const std::function<void()>& open, const char* name, const Work& work) {
+        bool came = false;
+        QTimer::singleShot(0, [&] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            if (!dialog || dialog->objectName() != name)
+                qFatal("no dialog %s", name);
+            dialog->activateWindow(); // for its keys: no window manager does it here
+            came = QTest::qWaitFor([&] { return QApplication::activeWindow() == dialog; });
+            work({*dialog});
+            if (dialog->isVisible())
+                qFatal("%s stays open", name);
+        });
+        open();
+        QVERIFY(came);
+    }
+    static void Within(RunningProgram& running, const char* command, const char* name, const Work& work) {
+        Within([&] { running.Trigger(command); }, name, work);
+    }
+    static void CopyPictures(const RunningProgram& running) {
+        std::filesystem::copy(VELMORA_IMAGES, running.test.folder / "Images");
+    }
+    static std::string Margins(RunningProgram& running) {
+        return running.test.Stored("Settings", "Margin Value Left") + "/" +
+               running.test.Stored("Settings", "Margin Value Top");
+    }
+
+private slots:
+    void init() { FailOnWarnings(); }
+
+    void theSamplesFollowTheMargins() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
+            struct Row {
+                const char* typed;
+                bool moves;
+            };
+            const auto* sample = form.Find<QWidget>("famPreview2");
+            for (const Row& row : {Row{"2,5", true}, Row{"-10", true}, Row{"abc", false}, Row{"1E999", false},
+                                   Row{"251", true}, Row{"252", false}, Row{"0", true}}) {
+                for (const char* box : {"txtMarLeft", "txtMarTop"}) {
+                    const QPoint before = sample->pos();
+                    form.Box(box).setText(row.typed);
+                    QVERIFY2((sample->pos() != before) == row.moves, row.typed);
+                }
+            }
+            // One scale for both ways: 2880 twips across, 1200 down.
+            const QPoint step = form.Find<QWidget>("famPreview4")->pos() - form.Find<QWidget>("famPreview1")->pos();
+            QVERIFY(std::abs(step.x() * 1200 - step.y() * 2880) < 2880);
+            form.Click("cmdCancel");
+        });
+        QVERIFY(!running.window->isWindowModified());
+    }
+
+    void arrowsStepByOneMillimetre() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
+            form.Click("cmdUp");
+            QCOMPARE(form.Box("txtMarTop").text(), QString("-1"));
+            form.Box("txtMarLeft").setText("abc");
+            form.Click("cmdRht");
+            QCOMPARE(form.Box("txtMarLeft").text(), QString("1"));
+            QTest::keyClick(&form.dialog, Qt::Key_Left);
+            QTRY_COMPARE(form.Box("txtMarLeft").text(), QString("0"));
+            QTest::keyClick(&form.dialog, Qt::Key_Escape);
+        });
+        QCOMPARE(Margins(running), std::string("0/0"));
+    }
+
+    void okStoresAndAsksForDefaultsOnce() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        DeleteSetting(running.test.settings, "Velmora", "Margin Settings", "Default Left Margin - A4_8");
+        running.test.ui.Expect(kKeepAsDefault, Icon::Question, Buttons::YesNo, Answer::Yes);
+        Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
+            form.Box("txtMarLeft").setText("2,5");
+            form.Box("txtMarTop").setText("3");
+            QTest::keyClick(&form.dialog, Qt::Key_Return);
+        });
+        QCOMPARE(Margins(running), std::string("2.5/3"));
+        QVERIFY(running.window->isWindowModified());
+        Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
+            form.Box("txtMarLeft").setText("7");
+            form.Click("cmdLoadDefaults");
+            QCOMPARE(form.Box("txtMarLeft").text(), QString("2"));
+            form.Box("txtMarLeft").setText("4");
+            form.Click("cmdSaveDefaults");
+            form.Click("cmdOk");
+        });
+        QCOMPARE(running.test.Stored("Margin Settings", "Default Left Margin - A4_8"), std::string("4"));
+        QCOMPARE(Margins(running), std::string("4/3"));
+    }
+
+    void theCalibrationSheetIsWritten() {
+        RunningProgram running;
+        running.Start(4, 1, 1);
+        running.program.main.globals.PrinterName = kPdfPrinter;
+        const auto pdf = running.test.folder / "sheet.pdf";
+        running.test.ui.ExpectChooser("Save as PDF", pdf, "SAVE|PDF file (*.pdf)|*.pdf|Calibration sheet.pdf");
+        Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
+            form.Click("cmdCalibrationSheet");
+            form.Click("cmdCancel");
+        });
+        QVERIFY(ReadFile(pdf).starts_with("%PDF-"));
+    }
+
+    void theStatusLineFollowsThePageSetupUntilCancel() {
+        RunningProgram running;
+        CopyPictures(running);
+        running.Start(0, 3, 2);
+        running.Trigger("mnuLastPage");
+        const QString before = running.Panel(1) + running.Panel(2) + running.Panel(3);
+        Within(running, "mnuPgSetup", "frmPageSetUp", [&](const Shown& form) {
+            QVERIFY(form.Find<QAbstractButton>("optPgsize(0)")->isChecked());
+            QVERIFY(form.Find<QAbstractButton>("optField3")->isChecked());
+            QCOMPARE(form.Text("lblGridSize"), QString("8 Rows, 3 Colums"));
+            form.Click("optPgsize(4)");
+            QCOMPARE(form.Text("lblGridSize"), QString("3 Rows, 7 Colums"));
+            QCOMPARE(form.Find<QLabel>("Image1")->pixmap().size(), QSize(219, 111));
+            form.Click("optField2");
+            QVERIFY(form.Box("txtField2").isVisible() && !form.Box("txtField3").isVisible());
+            const QString during = running.Panel(1) + running.Panel(2) + running.Panel(3);
+            QVERIFY2(during != before && during.contains("3 rows, 7 Columns"), qPrintable(during));
+            form.Click("cmdCancel");
+        });
+        QCOMPARE(running.Panel(1) + running.Panel(2) + running.Panel(3), before);
+        QCOMPARE(running.Panel(4), QString("Pg No: 2 of 2"));
+        QCOMPARE(running.test.Stored("Settings", "OptType"), std::string("0"));
+        QVERIFY(!running.window->isWindowModified());
+        Within(running, "tbrPageSetup", "frmPageSetUp", [](const Shown& form) { form.Click("cmdCancel"); });
+        QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2")); // the toolbar's way
+    }
+
+    void okRebuildsTheGrid() {
+        RunningProgram running;
+        CopyPictures(running);
+        running.Start(5, 1, 1);
+        running.program.main.document.StationeryType = running.program.main.document.LayoutName = "DL_h";
+        Write(running.test.settings, kStationeryType, "DL_h");
+        running.program.main.document.CurrentTab = 2; // no emptying
+        Within(running, "mnuPgSetup", "frmPageSetUp", [](const Shown& form) {
+            form.Click("optPgsize(4)");
+            form.Click("optField2");
+            QTest::keyClick(&form.dialog, Qt::Key_Return);
+        });
+        QCOMPARE(running.Box("TextA1(2)")->text(), QString("a2"));
+        QVERIFY(running.Box("TextA2(21)") && !running.Box("TextA3(21)"));
+        QCOMPARE(running.test.Stored("Settings", "Stationery Type"), std::string("DL_h"));
+        QVERIFY(running.window->isWindowModified());
+        QVERIFY(running.window->findChild<QAction*>("mnuUndo")->text().endsWith("Page Setup"));
+    }
+
+    void thePrinterWizardStoresItsFourSettings() {
+        RunningProgram running;
+        CopyPictures(running);
+        running.Start(0, 1, 1);
+        const auto stored = [&] {
+            std::string all;
+            for (const char* key : {"Printer", "Stationery Type", "Page Size", "OptType"})
+                all += running.test.Stored("Settings", key) + "|";
+            return all;
+        };
+        const std::string before = stored();
+        const std::string leaving = "Do you want to leave the wizard without keeping what you have chosen?";
+        const auto pdf = running.test.folder / "test.pdf";
+        Within(running, "mnuPrinterSetup", "frmWizard", [](const Shown& form) { form.Click("cmdCancel"); });
+        for (const bool finish : {false, true}) {
+            if (!finish)
+                running.test.ui.Expect(leaving, Icon::Question, Buttons::YesNo, Answer::No);
+            running.test.ui.ExpectChooser("Save as PDF", pdf);
+            if (!finish)
+                running.test.ui.Expect(leaving, Icon::Question, Buttons::YesNo, Answer::Yes);
+            Within(running, "mnuPrinterSetupWiz", "frmWizard", [&](const Shown& form) {
+                QCOMPARE(form.Find<QListWidget>("lstPrinters")->item(0)->text(), QString("Velmora PDF (default)"));
+                form.Click("cmdNext");
+                QVERIFY(!form.Find<QWidget>("optLayout(0)")->isEnabled());
+                form.Click("optStationery(5)");
+                form.Click("optLayout(1)");
+                if (!finish)
+                    form.Click("cmdCancel"); // No: it stays
+                form.Click("cmdNext");
+                form.Click("cmdTestPage");
+                form.Click(finish ? "cmdFinish" : "cmdCancel");
+            });
+            QVERIFY(ReadFile(pdf).starts_with("%PDF-"));
+            std::filesystem::remove(pdf);
+            QCOMPARE(stored(), finish ? "Velmora PDF|DL_h|DL|5|" : before);
+        }
+    }
+
+    void thePageSetupShowsWhatItsPrinterWizardChose() {
+        RunningProgram running;
+        CopyPictures(running);
+        running.Start(0, 1, 1);
+        Within(running, "mnuPgSetup", "frmPageSetUp", [](const Shown& form) {
+            Within([&] { form.Click("cmdPrtWiz"); }, "frmWizard",
+                   [](const Shown& wizard) {
+                       wizard.Click("cmdNext");
+                       wizard.Click("optStationery(3)");
+                       wizard.Click("cmdFinish");
+                   });
+            QVERIFY(form.Find<QAbstractButton>("optPgsize(3)")->isChecked());
+            QCOMPARE(form.Text("lblGridSize"), QString("9 Rows, 6 Colums"));
+            form.Click("cmdCancel");
+        });
+        QVERIFY(running.Box("TextA1(54)"));
+    }
+
+    void troublesEndInAdvice() {
+        RunningProgram running;
+        CopyPictures(running);
+        running.Start(0, 1, 1);
+        running.test.ui.boxTitle = "Velmora - Information ...";
+        Within(running, "mnuPrinterSetupWiz", "frmWizard", [&](const Shown& form) {
+            for (int page = 1; page < 4; ++page)
+                form.Click("cmdNext");
+            running.test.ui.Expect("Well it is best now to call your network technician who will be able to fix your "
+                                   "printing problem !",
+                                   Icon::Information);
+            Within([&] { form.Click("cmdFix1"); }, "frmFix1", [](const Shown& fix) { fix.Click("cmdNo"); });
+            Within([&] { form.Click("cmdFix2"); }, "frmFix2",
+                   [](const Shown& fix) { QTest::keyClick(&fix.dialog, Qt::Key_Escape); });
+            form.Click("cmdNext");
+            QVERIFY(!form.Find<QWidget>("cmdNext")->isVisible());
+            form.Click("cmdCancel");
+        });
+    }
+
+    void theStartLeadsToTheDialogs() {
+        RunningProgram running;
+        CopyPictures(running);
+        const std::string now = "\r\nDo you want to do it now?";
+        running.test.Store("Settings", "OptType", "2"); // without default margins
+        running.test.Store("Settings", "Start with setup", "True");
+        running.test.ui.Expect("You have to setup margins for the tabs." + now, Icon::Question, Buttons::YesNo,
+                               Answer::Yes);
+        QStringList came;
+        QTimer closer;
+        connect(&closer, &QTimer::timeout, this, [&] {
+            if (QWidget* dialog = QApplication::activeModalWidget()) {
+                came.append(dialog->objectName());
+                dialog->close();
+            }
+        });
+        closer.start(0);
+        ReplaceFile(running.test.folder / "a.csv", "Version 8\r\nP,A4,1,1\r\n0,0\r\nA\r\nB\r\nC\r\nafter\r\n");
+        running.Start((running.test.folder / "a.csv").string());
+        QCOMPARE(came, QStringList({"frmFix3", "frmPageSetUp"}));
+        QCOMPARE(running.Box("TextA1(1)")->text(), QString("after"));
+    }
+};
+
+} // namespace
+
+QTEST_MAIN(SetupFormsTest)
+#include "setup_forms_test.moc"
