@@ -121,8 +121,8 @@ std::string FindingText(const PrintFinding& finding) {
         "Tab " + std::to_string(finding.box.tab) + ", field " + std::to_string(finding.box.field + 1) + ": ";
     switch (finding.problem) {
     case PrintProblem::PaperDiffers: return "The printer does not have paper of the sheet's size.";
-    case PrintProblem::TextCut: return place + "the text is larger than its place on the tab and will be cut off.";
-    default: return place + "part of the text lies where the printer cannot print.";
+    case PrintProblem::TextCut: return place + "will be cut off.";
+    default: return place + "partly where the printer cannot print.";
     }
 }
 

@@ -3,6 +3,7 @@
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/NumberList.h"
 #include "print/PrintReport.h"
+#include "tests/support/FakePrinters.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -11,28 +12,6 @@ namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct FakePrinters : PrintSystem {
-    std::vector<std::string> names = {"Office", "Hall"};
-    std::optional<std::string> standard = "Hall";
-    std::optional<PrinterError> listing, printing; ///< raised instead
-    std::vector<PrintJob> jobs;
-    std::string target, bytes;
-
-    std::vector<std::string> Printers() const override { return listing ? throw PrinterError(*listing) : names; }
-    std::optional<std::string> DefaultPrinter() const override { return standard; }
-    double paperWidth = 0; ///< of the only paper; 0: every paper
-    PaperSupport PaperOf(const std::string&, double width, double) const override {
-        return {paperWidth == 0 || paperWidth == width, std::nullopt};
-    }
-    void Print(const std::string& printer, const PrintJob& job) override {
-        target = printer;
-        bytes = ReadFile(job.pdf);
-        jobs.push_back(job);
-        if (printing)
-            throw PrinterError(*printing);
-    }
-};
 
 struct FakeViewer : ReportViewer {
     std::string caption;
