@@ -148,7 +148,7 @@ QWidget* frmPreview::BuildPanel() {
 }
 
 QGroupBox* frmPreview::BuildPrintBox() {
-    auto* box = new QGroupBox(Text(run_.Report().Printer.DeviceName).replace('&', "&&"));
+    auto* box = new QGroupBox(tr("Print on %1").arg(Text(run_.Report().Printer.DeviceName).replace('&', "&&")));
     auto* layout = new QVBoxLayout(box);
     optSheets_ = new QButtonGroup(this);
     const auto add = [&](SheetChoice choice, const char* name, const QString& text) {
