@@ -80,6 +80,8 @@ PrintOutcome RunReport(PrintModule& print, const std::string& caption, const Run
     PrintRun run(print, report, main.settings.SettingsAppName + " [" + caption + "]", arguments);
     if (arguments.mode != "PRINT" && arguments.mode != "TEST")
         return ShowRun(print, run);
+    if (arguments.mode == "PRINT" && !run.WantedAnyway())
+        return PrintOutcome::NotPrinted;
     return run.Print() ? PrintOutcome::Done : PrintOutcome::NotPrinted;
 }
 

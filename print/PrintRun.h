@@ -1,10 +1,10 @@
 // One run of the tab report, from its records to paper or to a file: what a preview window needs, without its rules.
 #pragma once
 
+#include "print/PrintChecks.h"
 #include "print/PrintModule.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -21,6 +21,8 @@ struct RunArguments {
     bool pageOnly = false; ///< the page shown alone
 };
 
+enum class SheetChoice { All, Shown, Filled, Range };
+
 class PrintRun {
 public:
     /// `report` has been through SetupPrinter. Raises what the report's steps raise.
@@ -31,6 +33,10 @@ public:
     /// Ready for LayOutSheet.
     rptVelmor& Report() { return report_; }
     const MainModule& Main() const { return print_.main; }
+    /// A check of all sheets, with what the printer says of the paper. It holds until the used slots change.
+    PrintCheck Check();
+    /// False when the person was told what a check finds, and does not want to print.
+    bool WantedAnyway();
     const FontCatalogue& Catalogue() const { return print_.catalogue; }
 
     /// Slots of the first sheet that are used up, from 1.
@@ -38,6 +44,10 @@ public:
     /// Lets the tabs flow around them, which may change the number of sheets. A failure is shown, and the run stays as
     /// it was; false then.
     bool SetUsedSlots(std::vector<int> used);
+
+    /// The sheets of a choice; never none. `shown` is the sheet on screen, `range` what was typed. Raises Error, in
+    /// words for the person, for a range that is none and where no sheet has a text.
+    std::vector<int> Sheets(SheetChoice choice, int shown, const std::string& range) const;
 
     /// Sends sheets, numbered from 1, to the report's printer; none: all. The built-in printer asks for a path. False
     /// when the person cancelled, and after a failure, which is shown: nothing is printed then.

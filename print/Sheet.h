@@ -33,6 +33,8 @@ struct PlacedText {
     Box box;
     int field = 0;              ///< 0 to 2: index of its font and of its vertical alignment
     std::int16_t alignment = 0; ///< horizontal: 0 left, 1 right, 2 centre
+    std::int32_t tab = 0;       ///< of the document, from 1
+    int slot = 0;               ///< place on the sheet, from 1: the box of `tabs` that it belongs to
 };
 
 struct Sheet {

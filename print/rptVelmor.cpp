@@ -5,6 +5,7 @@
 #include "base/Numbers.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace velmora {
 namespace {
@@ -99,18 +100,20 @@ std::vector<bool> rptVelmor::FreeSlots(const std::vector<int>& used) const {
 }
 
 void rptVelmor::DropEmptyEnd(std::size_t count) {
-    const auto isEmpty = [](const Record& record) {
-        return std::all_of(record.begin(), record.end(), [](std::string_view text) { return text.empty(); });
-    };
-    if (std::all_of(tabs_.begin() + static_cast<std::ptrdiff_t>(count), tabs_.end(), isEmpty))
+    if (std::all_of(tabs_.begin() + static_cast<std::ptrdiff_t>(count), tabs_.end(), std::mem_fn(&Record::IsEmpty)))
         tabs_.resize(count);
 }
 
+bool rptVelmor::Record::IsEmpty() const {
+    return std::all_of(fields.begin(), fields.end(), std::mem_fn(&std::string_view::empty));
+}
+
 void rptVelmor::FillRecord(std::size_t index, std::string_view mode, const TabDocument& document, std::int32_t tab) {
+    tabs_[index].tab = tab;
     if (numFields_ < 1 || numFields_ > kFieldsPerTab)
         return;
     for (std::size_t field = 0; field < static_cast<std::size_t>(numFields_); ++field)
-        tabs_[index][field] =
+        tabs_[index].fields[field] =
             mode == "TEST" ? kTestTexts[field] : std::string_view(document.Field(static_cast<int>(field))(tab));
 }
 
@@ -165,6 +168,17 @@ int rptVelmor::SheetCount() const {
     return static_cast<int>(tabs_.size()) / (rows_ * cols_);
 }
 
+std::vector<int> rptVelmor::FilledSheets() const {
+    std::vector<int> sheets;
+    const int perSheet = rows_ * cols_;
+    for (int sheet = 1; sheet <= SheetCount(); ++sheet) {
+        const auto first = tabs_.begin() + static_cast<std::ptrdiff_t>(sheet - 1) * perSheet;
+        if (!std::all_of(first, first + perSheet, std::mem_fn(&Record::IsEmpty)))
+            sheets.push_back(sheet);
+    }
+    return sheets;
+}
+
 void rptVelmor::LayOutSheet(int number, Sheet& sheet) {
     if (number < 1 || number > SheetCount())
         throw SubscriptError();
@@ -201,8 +215,9 @@ void rptVelmor::PlaceRecord(Sheet& sheet, double left, double top) const {
             continue;
         const Box box = Shifted(fields_[field], left, top);
         sheet.fields.push_back(box);
-        if (!record_[field].empty())
-            sheet.texts.push_back({record_[field], box, static_cast<int>(field), alignments_[field]});
+        if (!record_.fields[field].empty())
+            sheet.texts.push_back({record_.fields[field], box, static_cast<int>(field), alignments_[field], record_.tab,
+                                   static_cast<int>(sheet.tabs.size())});
     }
 }
 

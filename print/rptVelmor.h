@@ -82,6 +82,8 @@ public:
     const Paper& PagePaper() const { return paper_; }
 
     int SheetCount() const;
+    /// The numbers of the sheets that hold a text.
+    std::vector<int> FilledSheets() const;
     /// Lays out sheet `number`, counted from 1; `sheet` is reused, so that one sheet is in memory at a time.
     void LayOutSheet(int number, Sheet& sheet);
 
@@ -92,7 +94,12 @@ public:
     void ActiveReport_FetchData(bool& endOfData);
 
 private:
-    using Record = std::array<std::string_view, kFieldsPerTab>;
+    struct Record {
+        std::array<std::string_view, kFieldsPerTab> fields;
+        std::int32_t tab = 0;
+
+        bool IsEmpty() const;
+    };
 
     std::vector<bool> FreeSlots(const std::vector<int>& used) const;
     void DropEmptyEnd(std::size_t count);

@@ -3,6 +3,7 @@
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/NumberList.h"
 #include "print/PrintReport.h"
+#include "tests/support/FakePrinters.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -11,25 +12,6 @@ namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct FakePrinters : PrintSystem {
-    std::vector<std::string> names = {"Office", "Hall"};
-    std::optional<std::string> standard = "Hall";
-    std::optional<PrinterError> listing, printing; ///< raised instead
-    std::vector<PrintJob> jobs;
-    std::string target, bytes;
-
-    std::vector<std::string> Printers() const override { return listing ? throw PrinterError(*listing) : names; }
-    std::optional<std::string> DefaultPrinter() const override { return standard; }
-    PaperSupport PaperOf(const std::string&, double, double) const override { return {}; }
-    void Print(const std::string& printer, const PrintJob& job) override {
-        target = printer;
-        bytes = ReadFile(job.pdf);
-        jobs.push_back(job);
-        if (printing)
-            throw PrinterError(*printing);
-    }
-};
 
 struct FakeViewer : ReportViewer {
     std::string caption;
@@ -202,12 +184,63 @@ TEST_F(PrintTest, APreviewPrintsChosenSheetsAroundUsedSlots) {
         ExpectError("Subscript out of range\r\nCalled from Function: PrintReport");
         EXPECT_FALSE(run.SetUsedSlots({99}));
         EXPECT_EQ(run.UsedSlots(), (std::vector<int>{1, 2}));
-        EXPECT_TRUE(run.Print({4, 1}));
+        EXPECT_TRUE(run.Print(run.Sheets(SheetChoice::Range, 1, "4,1")));
         EXPECT_NE(printers.bytes.find("/Count 2"), std::string::npos);
     };
     EXPECT_EQ(PreviewCommand(print), PrintOutcome::Done);
     viewer.act = [&](PrintRun& run) { EXPECT_EQ(run.Report().SheetCount(), 1); };
     EXPECT_EQ(PrintPageCommand(print), PrintOutcome::Done) << "used slots held for that run only";
+}
+
+TEST_F(PrintTest, PrintAsksOnceAboutAllThatPaperWouldShow) {
+    const std::string wide(60, 'W');
+    main.document.FieldA(5) = wide;
+    const std::string cut = "One text does not fit its tab and will be cut off, in tab 5.\r\n";
+    const auto answered = [&](const std::string& found, Answer answer) {
+        program.ui.Expect(found + "Do you want to print anyway?", Icon::Question, Buttons::YesNo, answer, Answer::Yes);
+        return PrintCommand(print);
+    };
+    EXPECT_EQ(answered(cut, Answer::No), PrintOutcome::NotPrinted);
+    EXPECT_TRUE(printers.jobs.empty());
+    EXPECT_EQ(answered(cut, Answer::Yes), PrintOutcome::Done);
+    program.Store("Settings", "Margin Value Left", "-40");
+    main.document.FieldA(72) = wide;
+    printers.paperWidth = 100;
+    EXPECT_EQ(answered("The printer does not have paper of the sheet's size.\r\n"
+                       "2 texts do not fit their tabs and will be cut off, the first in tab 5.\r\n"
+                       "One text lies partly where the printer cannot print, in tab 1.\r\n",
+                       Answer::No),
+              PrintOutcome::NotPrinted);
+    printers.paperWidth = 297; // the same paper, turned
+    EXPECT_EQ(answered("2 texts do not fit their tabs and will be cut off, the first in tab 5.\r\n"
+                       "One text lies partly where the printer cannot print, in tab 1.\r\n",
+                       Answer::Yes),
+              PrintOutcome::Done);
+    viewer.act = [](PrintRun&) {};
+    EXPECT_EQ(PreviewCommand(print), PrintOutcome::Done) << "the window says it itself";
+}
+
+TEST_F(PrintTest, ASheetIsChosenByItsTexts) {
+    main.document.FieldA(1).clear();
+    viewer.act = [&](PrintRun& run) {
+        EXPECT_THROW(run.Sheets(SheetChoice::Filled, 1, ""), Error);
+        EXPECT_EQ(run.Sheets(SheetChoice::All, 2, ""), (std::vector<int>{1, 2, 3}));
+        EXPECT_EQ(run.Sheets(SheetChoice::Shown, 2, ""), std::vector<int>{2});
+        EXPECT_THROW(run.Sheets(SheetChoice::Range, 1, "4"), Error);
+    };
+    PreviewCommand(print);
+    main.document.FieldA(25) = "x";
+    main.document.FieldB(49) = "in a field that is not in use";
+    viewer.act = [&](PrintRun& run) {
+        EXPECT_EQ(run.Sheets(SheetChoice::Filled, 1, ""), std::vector<int>{2});
+        run.SetUsedSlots({1});
+        EXPECT_EQ(run.Sheets(SheetChoice::Filled, 1, ""), std::vector<int>{2});
+        Sheet sheet;
+        run.Report().LayOutSheet(2, sheet);
+        EXPECT_EQ(sheet.texts.at(0).tab, 25);
+        EXPECT_EQ(sheet.texts.at(0).slot, 2) << "one further on";
+    };
+    PreviewCommand(print);
 }
 
 TEST_F(PrintTest, TheBuiltInPrinterAsksForItsPath) {

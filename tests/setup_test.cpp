@@ -3,6 +3,7 @@
 #include "document/Undo.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/Calibration.h"
+#include "print/PdfReport.h"
 #include "print/PrintChecks.h"
 #include "print/PrinterWizard.h"
 #include "tests/support/FakeEditor.h"
@@ -308,19 +309,23 @@ std::string Findings(const std::vector<PrintFinding>& findings) {
 TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
     LayoutValues layout;
     const FontconfigCatalogue catalogue;
-    const auto check = [&](const PrintCheckRequest& request) {
-        return Findings(CheckBeforePrinting(main, layout, catalogue, request));
+    const auto check = [&](const std::optional<PaperSupport>& printer, const std::vector<int>& used = {}) {
+        rptVelmor report = PrepareReport(main, layout, {"PRINT", false, used});
+        return Findings(CheckBeforePrinting({main.fonts, catalogue, report, printer}));
+    };
+    const auto margins = [](double left, double top, double right, double bottom) {
+        return PaperSupport{true, UnprintableMargins{left, top, right, bottom}};
     };
     const std::string wide(40, 'W');
     document.NoOfFields = 2;
     document.FieldA(1) = document.FieldB(24) = "short";
     document.FieldB(5) = wide;
     EXPECT_EQ(check({}), "1:5.1 ");
-    EXPECT_EQ(check({false, PaperSize{297.2, 209.9}, {}}), "1:5.1 ") << "turned, and rounded to points";
-    EXPECT_EQ(check({false, PaperSize{220, 110}, {}}), "0:0.0 1:5.1 ");
-    EXPECT_EQ(check({false, {}, {4, 0, 0, 0}}), "2:1.0 1:5.1 ") << "the left column starts at the edge";
+    EXPECT_EQ(check(PaperSupport{}), "0:0.0 1:5.1 ");
+    EXPECT_EQ(check(margins(4, 0, 0, 0)), "2:1.0 1:5.1 ") << "the left column starts at the edge";
+    EXPECT_EQ(check(margins(4, 0, 0, 0), {1}), "1:5.1 2:24.1 ") << "one place further on";
     program.Store("Settings", "Margin Value Left", "4");
-    EXPECT_EQ(check({false, {}, {4, 0, 0, 0}}), "1:5.1 ");
+    EXPECT_EQ(check(margins(4, 0, 0, 0)), "1:5.1 ");
     program.Store("Settings", "Margin Value Top", "40");
     EXPECT_EQ(check({}), "1:5.1 2:24.1 ") << "the last row is off the paper";
 
@@ -332,10 +337,9 @@ TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
     document.StationeryType = "DL_v";
     NormalisePages(document);
     document.FieldA(1) = "left";
-    EXPECT_EQ(check({false, {}, {0, 0, 0, 5}}), "2:1.0 ");
-    EXPECT_EQ(check({false, {}, {5, 5, 5, 0}}), "");
-    EXPECT_EQ(FindingText({PrintProblem::TextCut, {5, 1}}),
-              "Tab 5, field 2: the text is larger than its place on the tab and will be cut off.");
+    EXPECT_EQ(check(margins(0, 0, 0, 5)), "2:1.0 ");
+    EXPECT_EQ(check(margins(5, 5, 5, 0)), "");
+    EXPECT_EQ(FindingText({PrintProblem::TextCut, {5, 1}}), "Tab 5, field 2: will be cut off.");
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "editor/ui/frmFind.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "print/PdfReport.h"
+#include "print/PrintReport.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -23,6 +24,11 @@ constexpr ToolButton kGap = {nullptr, nullptr, nullptr};
 
 void Open(CommandContext& context) {
     if (OpenCommand(context.program.main) == OpenOutcome::NoPrinter)
+        QApplication::quit();
+}
+
+template <auto command> void Print(CommandContext& context) {
+    if (command(context.program.print) == PrintOutcome::NoPrinter)
         QApplication::quit();
 }
 
@@ -114,9 +120,9 @@ std::span<const Menu> Menus() {
           {"mnuPrinterSetup", "Prin&ter Setup", "", SetUpPrinter},
           {"mnuMarginSetup", "&Margin Setup", "", SetUpMargins},
           kSeparator,
-          {"mnuPreview", "Pre&view", "", nullptr},
-          {"mnuPrint", "&Print", "Ctrl+P", nullptr},
-          {"mnuPrintPage", "Print &Current Page", "", nullptr},
+          {"mnuPreview", "Pre&view", "Ctrl+Shift+P", Print<PreviewCommand>},
+          {"mnuPrint", "&Print", "Ctrl+P", Print<PrintCommand>},
+          {"mnuPrintPage", "Print &Current Page", "", Print<PrintPageCommand>},
           kSeparator,
           {"mnuExit", "E&xit", "Ctrl+Q", Exit}}},
         {"mnuEdit",

@@ -1,11 +1,11 @@
 #include "app/ui/mdiVelmora.h"
 
 #include "app/Commands.h"
-#include "app/ui/LineIcon.h"
 #include "app/ui/MainMenu.h"
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
 #include "document/ui/FormPlace.h"
+#include "document/ui/LineIcon.h"
 #include "editor/ui/frmGrid2a4.h"
 
 #include <QAction>
@@ -72,9 +72,11 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     ApplyTabType(program_.main);
     ShowCaption(program_.main);
     grid_->BringUp();
+    program_.print.viewer = &viewer_;
 }
 
 mdiVelmora::~mdiVelmora() {
+    program_.print.viewer = nullptr;
     delete grid_; // before the panels that it writes to
     program_.main.status = nullptr;
 }

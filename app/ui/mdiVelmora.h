@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Program.h"
+#include "print/ui/frmPreview.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -51,6 +52,7 @@ private:
     frmGrid2a4* grid_ = nullptr;
     std::array<QLabel*, kStatusPanels> panels_ = {};
     QTimer keepTimer_;
+    PreviewViewer viewer_{*this};
 };
 
 } // namespace velmora

@@ -28,8 +28,10 @@ inline void FailOnWarnings() {
 
 class RunningProgram : public Forms {
 public:
-    RunningProgram()
-        : test([](const std::string& text) { qFatal("%s", text.c_str()); }), program{test.main, {}, fonts, {}, {}, {}} {
+    /// `printers` null: the built-in ones.
+    explicit RunningProgram(PrintSystem* printers = nullptr)
+        : test([](const std::string& text) { qFatal("%s", text.c_str()); }),
+          program{{test.settings, test.ui, printers ? *printers : test.printers, {}, {}, {}}, {}, fonts, {}, {}, {}} {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
         test.Store("Settings", "Start with setup", "False");

@@ -97,6 +97,9 @@ public:
         window->show();
         window->activateWindow();
     }
+    void ShowPrinterSetup() override {}
+    void ShowMarginSetup() override {}
+    LoadOutcome ShowPageSetup() override { return LoadOutcome::Loaded; }
     QAction* Item(const char* name) { return window->findChild<QAction*>(name); }
 
     FontconfigCatalogue fonts;

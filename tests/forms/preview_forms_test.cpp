@@ -1,0 +1,303 @@
+// The preview: moving through its sheets, what it prints, used slots, and the way from a finding to its box.
+#include "print/PdfReport.h"
+#include "print/ui/frmPreview.h"
+#include "tests/forms/RunningProgram.h"
+#include "tests/support/FakePrinters.h"
+
+#include <QComboBox>
+#include <QListView>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTimer>
+
+namespace {
+
+using namespace velmora;
+
+class Preview {
+public:
+    explicit Preview(frmPreview& window) : form(window), display(*form.findChild<SheetDisplay*>("SheetDisplay")) {}
+
+    template <typename Control> Control& Get(const char* name) { return *form.findChild<Control*>(name); }
+    void Click(const char* name) { Get<QAbstractButton>(name).click(); }
+    void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    }
+    void Type(const char* name, const QString& text) {
+        QLineEdit& box = Get<QLineEdit>(name);
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, text);
+    }
+    /// Tabs of the sheet shown as "tab@slot".
+    QString Tabs(std::size_t count) {
+        QStringList tabs;
+        for (std::size_t i = 0; i < count; ++i)
+            tabs << QString("%1@%2").arg(display.Shown().texts.at(i).tab).arg(display.Shown().texts.at(i).slot);
+        return tabs.join(' ');
+    }
+
+    frmPreview& form;
+    SheetDisplay& display;
+};
+
+class PreviewFormsTest : public QObject {
+    Q_OBJECT
+
+    FakePrinters printers_;
+
+    /// Opens the preview, acts in it, and closes it where that has not been done.
+    template <typename Act> void InPreview(RunningProgram& running, Act act, const char* command = "mnuPreview") {
+        bool opened = false;
+        QTimer::singleShot(0, this, [&] {
+            auto* form = qobject_cast<frmPreview*>(QApplication::activeModalWidget());
+            QVERIFY(form);
+            form->activateWindow();
+            QTRY_VERIFY(form->isAncestorOf(QApplication::focusWidget()));
+            opened = true;
+            Preview preview(*form);
+            act(preview);
+            form->reject();
+        });
+        running.Trigger(command);
+        QVERIFY(opened);
+    }
+    void Start(RunningProgram& running, int type, int pages) {
+        running.Start(type, 1, pages);
+        running.program.main.globals.PrinterName = "Office";
+    }
+    /// The seconds tick on between two files of the same sheets.
+    static std::string WithoutDate(std::string pdf) {
+        const std::size_t date = pdf.find("/CreationDate");
+        return date == std::string::npos ? pdf : pdf.erase(date, pdf.find(')', date) - date);
+    }
+    std::string PdfOf(RunningProgram& running, const std::vector<int>& sheets) {
+        rptVelmor report = PrepareReport(running.program.main, running.program.layout, {});
+        std::string bytes;
+        WritePdf(report, running.program.main, running.fonts, {sheets, false},
+                 [&](std::string_view part) { bytes += part; });
+        return WithoutDate(bytes);
+    }
+
+private slots:
+    void init() {
+        FailOnWarnings();
+        printers_ = {};
+    }
+
+    void sheetsAreReachedByKeysAndNumber() {
+        RunningProgram running(&printers_);
+        Start(running, 0, 4);
+        InPreview(running, [&](Preview& preview) {
+            const std::tuple<int, int> keys[] = {{Qt::Key_PageDown, 2}, {Qt::Key_PageDown, 3}, {Qt::Key_PageUp, 2},
+                                                 {Qt::Key_End, 4},      {Qt::Key_PageDown, 4}, {Qt::Key_Home, 1},
+                                                 {Qt::Key_PageUp, 1}};
+            for (const auto& [key, sheet] : keys) {
+                preview.Key(key);
+                QCOMPARE(preview.display.Shown().texts.at(0).tab, (sheet - 1) * 24 + 1);
+                QCOMPARE(preview.Get<QSpinBox>("txtPage").value(), sheet);
+            }
+            QSpinBox& page = preview.Get<QSpinBox>("txtPage");
+            page.setFocus();
+            page.selectAll();
+            QTest::keyClicks(&page, "3\r");
+            QCOMPARE(preview.display.Shown().texts.at(0).tab, 49);
+            QVERIFY(preview.form.isVisible());
+        });
+        QVERIFY2(printers_.jobs.empty(), "Enter in the page box only moves");
+        InPreview(running, [](Preview& preview) { preview.Key(Qt::Key_Escape); });
+        running.Trigger("mnuNextPage");
+        InPreview(
+            running,
+            [](Preview& preview) {
+                QCOMPARE(preview.Tabs(1), QString("25@1"));
+                QCOMPARE(preview.Get<QSpinBox>("txtPage").maximum(), 1);
+            },
+            "mnuPrintPage");
+    }
+
+    void zoomKeepsWithinItsBounds() {
+        RunningProgram running(&printers_);
+        Start(running, 0, 1);
+        InPreview(running, [&](Preview& preview) {
+            const std::tuple<int, int, double> keys[] = {
+                {Qt::Key_Plus, 30, 400}, {Qt::Key_Minus, 30, 25}, {Qt::Key_0, 1, 100}, {Qt::Key_Plus, 1, 125}};
+            for (const auto& [key, times, percent] : keys) {
+                for (int i = 0; i < times; ++i)
+                    preview.Key(key, Qt::ControlModifier);
+                QVERIFY(std::abs(preview.display.Percent() - percent) < 0.01);
+            }
+            QWidget* viewport = preview.display.viewport();
+            const QPointF at(200, 150);
+            const QPointF before = (at - preview.display.SlotRect(1).topLeft()) / preview.display.Percent();
+            QWheelEvent turn(at, viewport->mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::ControlModifier,
+                             Qt::NoScrollPhase, false);
+            QApplication::sendEvent(viewport, &turn);
+            QVERIFY(std::abs(preview.display.Percent() - 150) < 0.01);
+            const QPointF after = (at - preview.display.SlotRect(1).topLeft()) / preview.display.Percent();
+            QVERIFY2((after - before).manhattanLength() < 0.02, "the place under the pointer stays");
+            preview.Get<QComboBox>("cboZoom").setCurrentIndex(0);
+            const QRectF last = preview.display.SlotRect(24);
+            QVERIFY(viewport->rect().contains(last.toAlignedRect()));
+        });
+    }
+
+    void theChoiceDecidesWhatIsPrinted() {
+        RunningProgram running(&printers_);
+        Start(running, 0, 4);
+        for (std::int32_t tab = 25; tab <= 48; ++tab)
+            running.program.main.document.FieldA(tab).clear();
+        struct Row {
+            const char* option;
+            const char* range;
+            std::vector<int> sheets;
+        };
+        InPreview(running, [&](Preview& preview) {
+            preview.Key(Qt::Key_PageDown);
+            for (const Row& row : {Row{"optAll", nullptr, {1, 2, 3, 4}}, Row{"optShown", nullptr, {2}},
+                                   Row{"optFilled", nullptr, {1, 3, 4}}, Row{"", "4,1-2", {4, 1, 2}}}) {
+                if (row.range)
+                    preview.Type("txtRange", row.range);
+                else
+                    preview.Click(row.option);
+                preview.Key(Qt::Key_Return);
+                QCOMPARE(printers_.target, std::string("Office"));
+                QVERIFY2(WithoutDate(printers_.bytes) == PdfOf(running, row.sheets), row.option);
+                QVERIFY(preview.Get<QLabel>("lblPrinted").text().startsWith(QString::number(row.sheets.size())));
+            }
+            running.test.ui.ExpectChooser("Save as PDF", running.test.folder / "out.pdf");
+            preview.Click("cmdSavePdf");
+            QVERIFY(WithoutDate(ReadFile(running.test.folder / "out.pdf")) == PdfOf(running, {4, 1, 2}));
+            printers_.printing = PrinterError("Too large");
+            running.test.ui.Expect("Too large\r\nCalled from Function: PrintReport", Icon::Critical);
+            preview.Click("cmdPrint");
+        });
+        QCOMPARE(printers_.jobs.size(), 5u);
+    }
+
+    void aWrongRangeIsSaidWhileItIsTyped() {
+        RunningProgram running(&printers_);
+        Start(running, 0, 3);
+        InPreview(running, [&](Preview& preview) {
+            const std::tuple<const char*, const char*> rows[] = {{"1-", "\"1-\" is no list of sheets such as 1-3,7."},
+                                                                 {"1-4", "Sheet 4 is asked for, the document has 3."},
+                                                                 {"2,3", ""}};
+            for (const auto& [typed, fault] : rows) {
+                preview.Type("txtRange", typed);
+                QCOMPARE(preview.Get<QLabel>("lblRange").text(), QString(fault));
+                QCOMPARE(preview.Get<QLabel>("lblRange").isVisible(), *fault != 0);
+                QCOMPARE(preview.Get<QPushButton>("cmdPrint").isEnabled(), *fault == 0);
+            }
+            preview.Type("txtRange", "9");
+            preview.Key(Qt::Key_Return);
+            QVERIFY(printers_.jobs.empty());
+        });
+    }
+
+    void tabsFlowAroundLabelsThatAreGone() {
+        RunningProgram running(&printers_);
+        Start(running, 0, 1);
+        InPreview(running, [&](Preview& preview) {
+            const auto click = [&](int slot) {
+                QTest::mouseClick(preview.display.viewport(), Qt::LeftButton, {},
+                                  preview.display.SlotRect(slot).center().toPoint());
+            };
+            click(2);
+            QCOMPARE(preview.Tabs(2), QString("1@1 2@2"));
+            preview.Click("chkPartlyUsed");
+            click(2);
+            QCOMPARE(preview.Tabs(3), QString("1@1 2@3 3@4"));
+            QCOMPARE(preview.Get<QSpinBox>("txtPage").maximum(), 2);
+            const int keys[] = {Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Space}; // from slot 2 to slot 5
+            for (const int key : keys)
+                preview.Key(key);
+            QCOMPARE(preview.Tabs(4), QString("1@1 2@3 3@4 4@6"));
+            preview.Key(Qt::Key_Space);
+            QCOMPARE(preview.Tabs(4), QString("1@1 2@3 3@4 4@5"));
+            preview.Key(Qt::Key_End);
+            QCOMPARE(preview.Tabs(1), QString("24@1"));
+            click(7); // of the second sheet
+            QCOMPARE(preview.Tabs(1), QString("24@1"));
+            preview.Click("cmdClearUsed");
+            QCOMPARE(preview.Get<QSpinBox>("txtPage").maximum(), 1);
+            for (int slot = 1; slot <= 24; ++slot)
+                click(slot);
+            QCOMPARE(preview.display.Shown().texts.size(), 1u); // the last label cannot be struck out
+            preview.Click("chkPartlyUsed");
+            QCOMPARE(preview.Tabs(2), QString("1@1 2@2"));
+        });
+    }
+
+    void aFindingLeadsToItsTabAndItsBox() {
+        RunningProgram running(&printers_);
+        Start(running, 0, 3);
+        running.program.main.document.FieldA(30) = std::string(60, 'W');
+        printers_.paperWidth = 100;
+        InPreview(running, [&](Preview& preview) {
+            QListView& list = preview.Get<QListView>("lstFindings");
+            QTRY_COMPARE(list.model()->rowCount(), 2);
+            QTRY_VERIFY(!preview.Get<QLabel>("lblChecking").isVisible());
+            list.setCurrentIndex(list.model()->index(0, 0));
+            QVERIFY(!preview.Get<QPushButton>("cmdEditTab").isEnabled());
+            preview.Click("chkPartlyUsed");
+            preview.Key(Qt::Key_Space);
+            QTRY_COMPARE(list.model()->rowCount(), 2);
+            list.setCurrentIndex(list.model()->index(1, 0));
+            QCOMPARE(preview.Get<QSpinBox>("txtPage").value(), 2);
+            QCOMPARE(preview.display.MarkedSlot(), 7);
+            list.setFocus();
+            preview.Key(Qt::Key_Return);
+            QVERIFY(!preview.form.isVisible());
+        });
+        QCOMPARE(running.Panel(4), QString("Pg No: 2 of 3"));
+        QCOMPARE(running.Box("TextA1(6)")->selectedText(), QString(60, 'W'));
+        QVERIFY(printers_.jobs.empty());
+
+        printers_.paperWidth = 0;
+        running.program.main.document.FieldA(30) = "short";
+        running.program.main.editor->BringUp();
+        InPreview(running, [](Preview& preview) {
+            preview.display.viewport()->repaint();
+            QTest::qWait(0); // the check begins behind the first paint
+            QVERIFY(!preview.Get<QWidget>("fraFindings").isVisible());
+        });
+    }
+
+    void withoutFontsTheSheetSaysSo() {
+        struct NoFonts : FontCatalogue {
+            std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
+            std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
+        };
+        const NoFonts fonts;
+        SheetDisplay display(fonts, {}, nullptr);
+        display.resize(400, 400);
+        const auto darkest = [&] {
+            const QImage image = display.viewport()->grab({150, 150, 100, 100}).toImage();
+            int least = 255;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    least = std::min(least, qGray(image.pixel(x, y)));
+            return least;
+        };
+        display.SetSheet({{210, 297, false}, {}, {}, {}});
+        QCOMPARE(darkest(), 255);
+        display.SetSheet({{210, 297, false}, {{"text", {0, 0, 11000, 16000}}}, {}, {}});
+        QVERIFY(darkest() < 128);
+    }
+
+    void theBuiltInPrinterAsksForItsPath() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        running.program.main.globals.PrinterName = kPdfPrinter;
+        InPreview(running, [&](Preview& preview) {
+            running.test.ui.ExpectChooser("Save as PDF", running.test.folder / "out.pdf");
+            preview.Click("cmdPrint");
+            QVERIFY(WithoutDate(ReadFile(running.test.folder / "out.pdf")) == PdfOf(running, {1}));
+        });
+    }
+};
+
+} // namespace
+
+QTEST_MAIN(PreviewFormsTest)
+#include "preview_forms_test.moc"
