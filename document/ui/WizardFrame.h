@@ -1,0 +1,113 @@
+// The one window of a wizard, whose pages are exchanged in place: picture on the left, heading, question and answer on
+// the right, and at the foot the buttons, always in the same places.
+#pragma once
+
+#include "document/mdlMain.h"
+
+#include <QDialog>
+#include <QPixmap>
+
+#include <array>
+#include <memory>
+#include <optional>
+
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace velmora {
+
+enum class WizardButton { Cancel, Previous, Next, Finish };
+inline constexpr int kWizardButtons = 4;
+
+/// A page. It says which buttons it has and what they do; the frame calls it, within Trapped.
+class WizardForm : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `positionKey` must outlive the page.
+    WizardForm(const char* name, const char* positionKey);
+
+    const char* PositionKey() const { return positionKey_; }
+    /// The caption of a button that the page has and whether it can do something now; nothing for one it has not.
+    struct ButtonState {
+        QString caption;
+        bool enabled = true;
+    };
+    const std::optional<ButtonState>& Button(WizardButton button) const { return buttons_[Index(button)]; }
+
+    /// True when the wizard may close: the page asks here what it has to ask.
+    virtual bool Cancel() { return true; }
+    virtual void Previous() {}
+    virtual void Next() {}
+    virtual void Finish() {}
+    /// Where the next entry is due; nullptr: on the default button.
+    virtual QWidget* FirstFocus() { return nullptr; }
+
+signals:
+    void ButtonsChanged();
+
+protected:
+    /// Every page has Cancel; the other buttons are there once they are set, with the captions "&Previous", "&Next" and
+    /// "&Finish".
+    void SetButton(WizardButton button, bool enabled = true);
+    void SetButton(WizardButton button, bool enabled, const QString& caption);
+
+    /// The column on the left, with a caption below the picture; without a picture the page has none.
+    void SetPicture(const QPixmap& picture, const QString& caption = {});
+    void SetHeading(const QString& heading);
+    /// A text below what is there, wrapped.
+    QLabel* AddText(const QString& text);
+    /// A question, wrapped, with its answer below; its mnemonic leads to the answer.
+    QLabel* AddQuestion(const QString& question, QWidget* answer);
+    /// Heading, texts and answers from top to bottom; what is added later stands below.
+    QVBoxLayout& Content() { return *content_; }
+    /// Where the picture stands, for what belongs below it.
+    QVBoxLayout& PictureColumn() { return *pictureColumn_; }
+
+private:
+    static std::size_t Index(WizardButton button) { return static_cast<std::size_t>(button); }
+
+    const char* positionKey_;
+    QVBoxLayout* pictureColumn_;
+    QVBoxLayout* content_;
+    std::array<std::optional<ButtonState>, kWizardButtons> buttons_;
+};
+
+/// Escape and the window's own button are Cancel. The default button is Next, or Finish where Next can do nothing. The
+/// place is kept under the position key of each page that is left, and comes back under that of the first one, so that
+/// the window never jumps.
+class WizardFrame : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `main` must outlive the frame. Show a page, then open() the frame: it deletes itself when it is closed.
+    WizardFrame(MainModule& main, const QString& title, QWidget* parent);
+
+    /// Takes the place of the page shown, which is deleted as soon as it has returned.
+    void ShowPage(std::unique_ptr<WizardForm> page);
+    WizardForm* Page() const { return page_; }
+    MainModule& Main() { return main_; }
+
+    void reject() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void BuildUi();
+    void Pressed(WizardButton button);
+    void ShowButtons();
+    void FocusPage();
+    void GrowToPage();
+    QPushButton* Button(WizardButton button) const { return buttons_[static_cast<std::size_t>(button)]; }
+
+    MainModule& main_;
+    QVBoxLayout* pageArea_ = nullptr;
+    WizardForm* page_ = nullptr;
+    std::array<QPushButton*, kWizardButtons> buttons_ = {};
+};
+
+} // namespace velmora
