@@ -18,6 +18,7 @@ class NoFonts : public FontCatalogue {
 public:
     std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
     std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
+    std::vector<std::string> Families() const override { return {}; }
 };
 
 class CountingForms : public Forms {
