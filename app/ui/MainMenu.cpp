@@ -7,6 +7,7 @@
 #include "editor/ui/frmFind.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "print/PdfReport.h"
+#include "wizard/ui/frmAutoRepWiz.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -17,7 +18,7 @@ namespace velmora {
 namespace {
 
 constexpr MenuItem kSeparator = {nullptr, nullptr, nullptr, nullptr};
-constexpr ToolButton kGap = {nullptr, nullptr, nullptr};
+constexpr ToolButton kGap = {nullptr, nullptr};
 
 void Open(CommandContext& context) {
     if (OpenCommand(context.program.main) == OpenOutcome::NoPrinter)
@@ -26,6 +27,10 @@ void Open(CommandContext& context) {
 
 void SavePdf(CommandContext& context) {
     SavePdfAs(context.program.main, context.program.layout, context.program.fontCatalogue);
+}
+
+template <frmAutoRepWiz::Start start> void Wizard(CommandContext& context) {
+    (new frmAutoRepWiz(context.program.main, context.program.fontCatalogue, start, &context.window))->open();
 }
 
 void Exit(CommandContext& context) {
@@ -120,7 +125,7 @@ std::span<const Menu> Menus() {
           {"mnuDeletePage", "&Delete Page", "", Call<DeletePage>}}},
         {"mnuTools",
          "&Tools",
-         {{"mnuAutoRepWiz", "&AutoRepeat Wizard", "", nullptr},
+         {{"mnuAutoRepWiz", "&AutoRepeat Wizard", "", Wizard<frmAutoRepWiz::Start::Wizard>},
           {"mnuPrinterSetupWiz", "&Printer Setup Wizard", "", nullptr},
           kSeparator,
           {"mnuDeleteEmpries", "Delete &Empty Tabs", "", Call<CleanLabels>},
@@ -135,25 +140,25 @@ std::span<const Menu> Menus() {
 
 std::span<const ToolButton> ToolButtons() {
     static constexpr ToolButton buttons[] = {
-        {"new", "mnuNew", nullptr},
-        {"open", "mnuOpen", nullptr},
-        {"save", "mnuSave", nullptr},
+        {"new", "mnuNew"},
+        {"open", "mnuOpen"},
+        {"save", "mnuSave"},
         kGap,
-        {"print-page", "mnuPrintPage", nullptr},
-        {"print", "mnuPrint", nullptr},
-        {"preview", "mnuPreview", nullptr},
+        {"print-page", "mnuPrintPage"},
+        {"print", "mnuPrint"},
+        {"preview", "mnuPreview"},
         kGap,
-        {"first", "mnuFirstPage", nullptr},
-        {"previous", "mnuPreviousPage", nullptr},
-        {"next", "mnuNextPage", nullptr},
-        {"last", "mnuLastPage", nullptr},
+        {"first", "mnuFirstPage"},
+        {"previous", "mnuPreviousPage"},
+        {"next", "mnuNextPage"},
+        {"last", "mnuLastPage"},
         kGap,
-        {"new-page", "mnuNewPage", nullptr},
-        {"delete-page", "mnuDeletePage", nullptr},
-        {"page-setup", "mnuPgSetup", nullptr},
+        {"new-page", "mnuNewPage"},
+        {"delete-page", "mnuDeletePage"},
+        {"page-setup", "mnuPgSetup"},
         kGap,
-        {"fonts", "tbrFonts", "Fonts"},
-        {"margins", "mnuMarginSetup", nullptr},
+        {"fonts", "tbrFonts", "Fonts", Wizard<frmAutoRepWiz::Start::Fonts>},
+        {"margins", "mnuMarginSetup"},
     };
     return buttons;
 }

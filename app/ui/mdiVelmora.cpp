@@ -1,11 +1,11 @@
 #include "app/ui/mdiVelmora.h"
 
 #include "app/Commands.h"
-#include "app/ui/LineIcon.h"
 #include "app/ui/MainMenu.h"
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
 #include "document/ui/FormPlace.h"
+#include "document/ui/LineIcon.h"
 #include "editor/ui/frmGrid2a4.h"
 
 #include <QAction>
@@ -25,6 +25,12 @@ namespace {
 constexpr QSize kFirstSize(1100, 760);
 constexpr const char* kPositionKey = "mdiVelmora";
 constexpr int kKeepAfterMs = 3000;
+
+QAction* Separator(QObject* parent) {
+    auto* separator = new QAction(parent);
+    separator->setSeparator(true);
+    return separator;
+}
 
 } // namespace
 
@@ -59,7 +65,7 @@ void mdiVelmora::BuildMenus() {
         QMenu* menu = menuBar()->addMenu(tr(row.caption));
         menu->setObjectName(row.name);
         for (const MenuItem& item : row.items)
-            AddItem(menu, item);
+            menu->addAction(item.name ? MakeAction(item) : Separator(menu));
         if (menu->objectName() == "mnuFile") {
             AddRecentFiles(menu);
             AddRecovered(menu);
@@ -107,20 +113,19 @@ void mdiVelmora::KeepSoon() {
 }
 
 /// No error leaves a command: what a procedure has not trapped itself is reported here.
-void mdiVelmora::AddItem(QMenu* menu, const MenuItem& item) {
-    if (!item.name) {
-        menu->addSeparator();
-        return;
-    }
-    QAction* action = menu->addAction(tr(item.caption), QKeySequence(item.shortcut), this, [this, item] {
+QAction* mdiVelmora::MakeAction(const MenuItem& item) {
+    auto* action = new QAction(tr(item.caption), this);
+    action->setObjectName(item.name);
+    action->setShortcut(QKeySequence(item.shortcut));
+    action->setEnabled(item.command != nullptr);
+    connect(action, &QAction::triggered, this, [this, item] {
         Trapped(program_.main, std::string("Called from Sub: ") + item.name, [&] {
             CommandContext context{program_, *this};
             item.command(context);
         });
         EnableCommands();
     });
-    action->setObjectName(item.name);
-    action->setEnabled(item.command != nullptr);
+    return action;
 }
 
 void mdiVelmora::BuildToolBar() {
@@ -133,11 +138,8 @@ void mdiVelmora::BuildToolBar() {
             continue;
         }
         auto* action = findChild<QAction*>(button.item);
-        if (!action) {
-            action = new QAction(tr(button.caption), this);
-            action->setObjectName(button.item);
-            action->setEnabled(false);
-        }
+        if (!action)
+            action = MakeAction({button.item, button.caption, "", button.command});
         action->setIcon(LineIcon(button.icon));
         action->setIconVisibleInMenu(false);
         const QString shortcut = action->shortcut().toString(QKeySequence::NativeText);

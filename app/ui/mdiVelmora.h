@@ -8,6 +8,7 @@
 
 #include <array>
 
+class QAction;
 class QLabel;
 class QMenu;
 
@@ -33,7 +34,7 @@ protected:
 
 private:
     void BuildMenus();
-    void AddItem(QMenu* menu, const MenuItem& item);
+    QAction* MakeAction(const MenuItem& item);
     void AddRecentFiles(QMenu* menu);
     void AddRecovered(QMenu* menu);
     void KeepSoon();

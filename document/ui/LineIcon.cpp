@@ -1,4 +1,4 @@
-#include "app/ui/LineIcon.h"
+#include "document/ui/LineIcon.h"
 
 #include <QFile>
 #include <QGuiApplication>
