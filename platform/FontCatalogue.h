@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace velmora {
 
@@ -31,6 +32,8 @@ public:
     virtual std::optional<FontFile> Match(const FontRequest& request) const = 0;
     /// The nearest face that has a glyph for `character`; nothing when no installed font has one.
     virtual std::optional<FontFile> MatchCharacter(const FontRequest& request, char32_t character) const = 0;
+    /// The names of the installed families that Match can give, each once, sorted whatever their case.
+    virtual std::vector<std::string> Families() const = 0;
 };
 
 } // namespace velmora

@@ -19,6 +19,7 @@ class NoFonts : public FontCatalogue {
 public:
     std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
     std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
+    std::vector<std::string> Families() const override { return {}; }
 };
 
 /// Notes what was opened, in order; the main window's opening may set things up.

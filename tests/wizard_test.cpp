@@ -5,6 +5,7 @@
 #include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
 #include "wizard/AppendWizardTabs.h"
+#include "wizard/FontPage.h"
 #include "wizard/NextNumber.h"
 
 #include <gtest/gtest.h>
@@ -322,6 +323,45 @@ TEST_F(WizardTest, WhatIsTooLargeLeavesAllAsItWas) {
     document.CurrentTab = 1;
     EXPECT_TRUE(AppendWizardTabs(main, wizard)) << "the most that fits";
     EXPECT_EQ(document.FieldA(32724), "32724");
+}
+
+/// Has the families given; replaces any other by the first.
+struct FewFonts : FontCatalogue {
+    std::vector<std::string> families;
+
+    explicit FewFonts(std::vector<std::string> names) : families(std::move(names)) {}
+    std::optional<FontFile> Match(const FontRequest&) const override {
+        return families.empty() ? std::nullopt : std::optional(FontFile{"", 0, families[0]});
+    }
+    std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
+    std::vector<std::string> Families() const override { return families; }
+};
+
+TEST_F(WizardTest, WhatIsStoredCanBeChosenOnTheFontPage) {
+    MakeDocument(1, 3);
+    main.fonts[0].Name = "Garamond";
+    main.fonts[0].Size = 13;
+    main.fonts[1].Name = "bitter";
+    main.fonts[2].Name = "Zilla";
+    main.fonts[2].HorizontalAlignment = 9;
+    SaveFontSettings(main.settings, main.fonts);
+    const auto captions = [](const FontPage& page, int field) {
+        std::string joined;
+        for (const TypefaceChoice& choice : page.Typefaces(field))
+            joined += choice.Caption + "|";
+        return joined;
+    };
+    const FewFonts few({"Arimo", "Bitter", "Tinos"}), none({});
+    const FontPage page(main, few);
+    const char* wanted[] = {"Arimo|Bitter|Garamond (replaced by Arimo)|Tinos|", "Arimo|Bitter|Tinos|",
+                            "Arimo|Bitter|Tinos|Zilla (replaced by Arimo)|"};
+    for (int field = 0; field < 3; ++field)
+        EXPECT_EQ(captions(page, field), wanted[field]);
+    EXPECT_EQ(page.Sizes(0),
+              (std::vector<std::int16_t>{6, 7, 8, 9, 10, 11, 12, 13, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72}));
+    EXPECT_EQ(page.HorizontalButton(2), 1) << "an unknown code is printed left";
+    program.ui.Expect("Please reinstall the printer fonts.\r\nCalled from Sub: FillFontType", Icon::Critical);
+    EXPECT_EQ(captions(FontPage(main, none), 0), "Garamond (not installed)|");
 }
 
 } // namespace

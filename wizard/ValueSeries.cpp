@@ -154,4 +154,13 @@ Preview PreviewValues(const ValueSeries& series, std::int32_t count) {
     return preview;
 }
 
+std::string PreviewText(const ValueSeries& series, std::int32_t count) {
+    const Preview preview = PreviewValues(series, count);
+    std::string text;
+    for (const std::string& value : preview.first)
+        text += (text.empty() ? "" : ", ") + value;
+    const auto shown = static_cast<std::int32_t>(preview.first.size());
+    return count == shown ? text : text + (count == shown + 1 ? ", " : " ... ") + preview.last;
+}
+
 } // namespace velmora

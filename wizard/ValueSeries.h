@@ -71,4 +71,7 @@ struct Preview {
 /// What FillBuffer will write into `count` entries (at least 1). Raises OverflowError.
 Preview PreviewValues(const ValueSeries& series, std::int32_t count);
 
+/// The same in one line: "No.007, No.008, No.009 ... No.056". Raises OverflowError.
+std::string PreviewText(const ValueSeries& series, std::int32_t count);
+
 } // namespace velmora

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "document/Dialogs.h"
+#include "document/Pages.h"
 
 #include <algorithm>
 
@@ -115,6 +116,15 @@ NumberSeries ReadNumberPage(std::string_view first, std::string_view format, std
     return {number, FormatWidth(format), OneLine(before), OneLine(after)};
 }
 
+std::string PreviewNumberPage(std::string_view first, std::string_view format, std::string_view before,
+                              std::string_view after, std::int32_t count) {
+    try {
+        return PreviewText(ReadNumberPage(first, format, before, after), count);
+    } catch (const OverflowError&) {
+        return "The numbers would not all lie between -2147483648 and 2147483647.";
+    }
+}
+
 std::optional<NameSeries> ReadTicks(const std::vector<TickBox>& boxes) {
     NameSeries series;
     for (const TickBox& box : boxes)
@@ -208,6 +218,8 @@ std::string FieldPicture(const WizardState& wizard) {
 bool ConfirmCancel(MainModule& main, WizardState& wizard, WizardPage page) {
     if (Ask(main, CancelQuestion(page), Buttons::YesNo) != Answer::Yes)
         return false;
+    for (; wizard.FontSteps > 0; --wizard.FontSteps)
+        UndoChange(main);
     wizard = {};
     return true;
 }

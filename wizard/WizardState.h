@@ -30,6 +30,7 @@ struct WizardState {
     bool MonthMode = false;          ///< names of months, else of days
     std::int16_t MonthStyle = 1;     ///< 1 to 4, always that of the days too
     std::int16_t DayStyle = 1;
+    int FontSteps = 0;        ///< times that the font page was stored with other fonts
     std::string LastFillFlag; ///< "Num_Yes", "Yes_Mon", "Yes_Day" or "Yes_Text"; empty before the first values
 
     std::array<std::string, kFieldsPerTab> FieldKind;  ///< "Numeric", "Month", "Day" or "Text"
@@ -73,6 +74,10 @@ NumberSeries ReadNumberPage(std::string_view first, std::string_view format, std
 /// The ticked captions in turn, nothing when none is ticked.
 std::optional<NameSeries> ReadTicks(const std::vector<TickBox>& boxes);
 
+/// What the number page will make of `count` tabs, in one line, or in words why it cannot.
+std::string PreviewNumberPage(std::string_view first, std::string_view format, std::string_view before,
+                              std::string_view after, std::int32_t count);
+
 /// "Next Field" on the page of values: the current field gets its values and is done. Without a current field nothing
 /// happens. Raises OverflowError, with nothing changed.
 void FillNumbers(WizardState& wizard, const NumberSeries& series);
@@ -98,7 +103,7 @@ PageTexts TextsOfPage(WizardPage page, const WizardState& wizard);
 /// The file name of the picture that marks the current field; empty without a current field.
 std::string FieldPicture(const WizardState& wizard);
 
-/// Cancel: true when the person confirms; the state is then as new.
+/// Cancel: true when the person confirms; fonts stored on the way are then taken back, and the state is as new.
 bool ConfirmCancel(MainModule& main, WizardState& wizard, WizardPage page);
 
 } // namespace velmora

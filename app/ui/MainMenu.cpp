@@ -10,6 +10,7 @@
 #include "editor/ui/frmGrid2a4.h"
 #include "print/PdfReport.h"
 #include "print/PrintReport.h"
+#include "wizard/ui/frmAutoRepWiz.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -20,7 +21,7 @@ namespace velmora {
 namespace {
 
 constexpr MenuItem kSeparator = {nullptr, nullptr, nullptr, nullptr};
-constexpr ToolButton kGap = {nullptr, nullptr, nullptr};
+constexpr ToolButton kGap = {nullptr, nullptr};
 
 void Open(CommandContext& context) {
     if (OpenCommand(context.program.main) == OpenOutcome::NoPrinter)
@@ -34,6 +35,10 @@ template <auto command> void Print(CommandContext& context) {
 
 void SavePdf(CommandContext& context) {
     SavePdfAs(context.program.main, context.program.layout, context.program.fontCatalogue);
+}
+
+template <frmAutoRepWiz::Start start> void Wizard(CommandContext& context) {
+    (new frmAutoRepWiz(context.program.main, context.program.fontCatalogue, start, &context.window))->open();
 }
 
 void Exit(CommandContext& context) {
@@ -147,7 +152,7 @@ std::span<const Menu> Menus() {
           {"mnuDeletePage", "&Delete Page", "", Call<DeletePage>}}},
         {"mnuTools",
          "&Tools",
-         {{"mnuAutoRepWiz", "&AutoRepeat Wizard", "", nullptr},
+         {{"mnuAutoRepWiz", "&AutoRepeat Wizard", "", Wizard<frmAutoRepWiz::Start::Wizard>},
           {"mnuPrinterSetupWiz", "&Printer Setup Wizard", "", SetUpPrinter},
           kSeparator,
           {"mnuDeleteEmpries", "Delete &Empty Tabs", "", Call<CleanLabels>},
@@ -162,25 +167,25 @@ std::span<const Menu> Menus() {
 
 std::span<const ToolButton> ToolButtons() {
     static constexpr ToolButton buttons[] = {
-        {"new", "mnuNew", nullptr},
-        {"open", "mnuOpen", nullptr},
-        {"save", "mnuSave", nullptr},
+        {"new", "mnuNew"},
+        {"open", "mnuOpen"},
+        {"save", "mnuSave"},
         kGap,
-        {"print-page", "mnuPrintPage", nullptr},
-        {"print", "mnuPrint", nullptr},
-        {"preview", "mnuPreview", nullptr},
+        {"print-page", "mnuPrintPage"},
+        {"print", "mnuPrint"},
+        {"preview", "mnuPreview"},
         kGap,
-        {"first", "mnuFirstPage", nullptr},
-        {"previous", "mnuPreviousPage", nullptr},
-        {"next", "mnuNextPage", nullptr},
-        {"last", "mnuLastPage", nullptr},
+        {"first", "mnuFirstPage"},
+        {"previous", "mnuPreviousPage"},
+        {"next", "mnuNextPage"},
+        {"last", "mnuLastPage"},
         kGap,
-        {"new-page", "mnuNewPage", nullptr},
-        {"delete-page", "mnuDeletePage", nullptr},
+        {"new-page", "mnuNewPage"},
+        {"delete-page", "mnuDeletePage"},
         {"page-setup", "tbrPageSetup", "Page Setup", SetUpFirstPage},
         kGap,
-        {"fonts", "tbrFonts", "Fonts"},
-        {"margins", "mnuMarginSetup", nullptr},
+        {"fonts", "tbrFonts", "Fonts", Wizard<frmAutoRepWiz::Start::Fonts>},
+        {"margins", "mnuMarginSetup"},
     };
     return buttons;
 }

@@ -31,10 +31,10 @@ struct Menu {
 
 /// A button repeats a menu item; one that stands on the toolbar alone has a caption and a command.
 struct ToolButton {
-    const char* icon;    ///< nullptr: a separator
-    const char* item;    ///< name of the menu item, or of an action that stands on the toolbar alone
-    const char* caption; ///< of the latter
-    void (*command)(CommandContext& context) = nullptr; ///< of the latter; nullptr: not part of this version yet
+    const char* icon;              ///< nullptr: a separator
+    const char* item;              ///< name of the menu item, or of a command that stands on the toolbar alone
+    const char* caption = nullptr; ///< of the latter
+    void (*command)(CommandContext& context) = nullptr; ///< of the latter
 };
 
 std::span<const Menu> Menus();

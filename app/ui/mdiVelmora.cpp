@@ -50,6 +50,12 @@ QList<QKeySequence> ShortcutsLike(const QKeySequence& shortcut) {
     return {shortcut};
 }
 
+QAction* Separator(QObject* parent) {
+    auto* separator = new QAction(parent);
+    separator->setSeparator(true);
+    return separator;
+}
+
 } // namespace
 
 mdiVelmora::mdiVelmora(Program& program) : program_(program) {
@@ -86,7 +92,7 @@ void mdiVelmora::BuildMenus() {
         QMenu* menu = menuBar()->addMenu(tr(row.caption));
         menu->setObjectName(row.name);
         for (const MenuItem& item : row.items)
-            AddItem(menu, item);
+            menu->addAction(item.name ? MakeAction(item) : Separator(menu));
         if (menu->objectName() == "mnuFile") {
             AddRecentFiles(menu);
             AddRecovered(menu);
@@ -159,26 +165,19 @@ void mdiVelmora::KeepSoon() {
 }
 
 /// No error leaves a command: what a procedure has not trapped itself is reported here.
-void mdiVelmora::Connect(QAction* action, const char* name, void (*command)(CommandContext& context)) {
-    action->setObjectName(name);
-    action->setEnabled(command != nullptr);
-    connect(action, &QAction::triggered, this, [this, name, command] {
-        Trapped(program_.main, std::string("Called from Sub: ") + name, [&] {
+QAction* mdiVelmora::MakeAction(const MenuItem& item) {
+    auto* action = new QAction(tr(item.caption), this);
+    action->setObjectName(item.name);
+    action->setShortcuts(ShortcutsLike(QKeySequence(item.shortcut)));
+    action->setEnabled(item.command != nullptr);
+    connect(action, &QAction::triggered, this, [this, item] {
+        Trapped(program_.main, std::string("Called from Sub: ") + item.name, [&] {
             CommandContext context{program_, *this};
-            command(context);
+            item.command(context);
         });
         EnableCommands();
     });
-}
-
-void mdiVelmora::AddItem(QMenu* menu, const MenuItem& item) {
-    if (!item.name) {
-        menu->addSeparator();
-        return;
-    }
-    QAction* action = menu->addAction(tr(item.caption));
-    action->setShortcuts(ShortcutsLike(QKeySequence(item.shortcut)));
-    Connect(action, item.name, item.command);
+    return action;
 }
 
 void mdiVelmora::BuildToolBar() {
@@ -191,10 +190,8 @@ void mdiVelmora::BuildToolBar() {
             continue;
         }
         auto* action = findChild<QAction*>(button.item);
-        if (!action) {
-            action = new QAction(tr(button.caption), this);
-            Connect(action, button.item, button.command);
-        }
+        if (!action)
+            action = MakeAction({button.item, button.caption, "", button.command});
         action->setIcon(LineIcon(button.icon));
         action->setIconVisibleInMenu(false);
         const QString shortcut = action->shortcut().toString(QKeySequence::NativeText);

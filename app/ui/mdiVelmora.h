@@ -36,8 +36,7 @@ protected:
 
 private:
     void BuildMenus();
-    void AddItem(QMenu* menu, const MenuItem& item);
-    void Connect(QAction* action, const char* name, void (*command)(CommandContext& context));
+    QAction* MakeAction(const MenuItem& item);
     void AddRecentFiles(QMenu* menu);
     void OpenAnother(const std::filesystem::path& path);
     void WatchEditMenu(QMenu* menu);

@@ -1,4 +1,4 @@
-// The icons of the toolbars: simple line drawings in the colour of the desktop's text, light or dark.
+// The icons of toolbars and buttons: simple line drawings in the colour of the desktop's text, light or dark.
 #pragma once
 
 #include <QIcon>

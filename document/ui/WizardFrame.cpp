@@ -23,9 +23,10 @@ constexpr std::array<ButtonText, kWizardButtons> kButtonTexts = {
 constexpr const char* kWidestCaption = "&Next Field";
 
 // Room for the fullest page, in the desktop's own letters and lines.
-constexpr int kPageLetters = 108;
+constexpr int kPageLetters = 120;
 constexpr int kPageLines = 21;
 constexpr int kGap = 12;
+constexpr int kAnswerGap = 6;
 constexpr int kColumnGap = 24;
 
 QLabel* WrappedLabel(const QString& text) {
@@ -81,6 +82,7 @@ void WizardForm::SetPicture(const QPixmap& picture, const QString& caption) {
     if (!caption.isEmpty()) {
         QLabel* below = WrappedLabel(caption);
         below->setAlignment(Qt::AlignHCenter);
+        below->setFixedWidth(picture.width());
         pictureColumn_->addWidget(below);
     }
 }
@@ -101,10 +103,17 @@ QLabel* WizardForm::AddText(const QString& text) {
     return label;
 }
 
-QLabel* WizardForm::AddQuestion(const QString& question, QWidget* answer) {
-    QLabel* label = AddText(question);
+QLabel* WizardForm::AddQuestion(const QString& question, QWidget* answer, QLayout* row) {
+    QLabel* label = WrappedLabel(question);
     label->setBuddy(answer);
-    content_->addWidget(answer);
+    auto* together = new QVBoxLayout;
+    together->setSpacing(kAnswerGap);
+    together->addWidget(label);
+    if (row)
+        together->addLayout(row);
+    else
+        together->addWidget(answer, 0, answer->maximumWidth() < QWIDGETSIZE_MAX ? Qt::AlignLeft : Qt::Alignment());
+    content_->addLayout(together);
     return label;
 }
 
@@ -184,7 +193,8 @@ void WizardFrame::ShowButtons() {
         if (state)
             buttons_[i]->setText(state->caption);
     }
-    const bool finish = Button(WizardButton::Finish)->isEnabled() && !Button(WizardButton::Next)->isEnabled();
+    const bool finish = Button(WizardButton::Finish)->isEnabled() &&
+                        (page_->PrefersFinish() || !Button(WizardButton::Next)->isEnabled());
     Button(finish ? WizardButton::Finish : WizardButton::Next)->setDefault(true);
 }
 

@@ -12,6 +12,7 @@
 #include <optional>
 
 class QLabel;
+class QLayout;
 class QPushButton;
 class QVBoxLayout;
 
@@ -43,6 +44,8 @@ public:
     virtual void Finish() {}
     /// Where the next entry is due; nullptr: on the default button.
     virtual QWidget* FirstFocus() { return nullptr; }
+    /// True where Finish is the default although Next could go on.
+    virtual bool PrefersFinish() const { return false; }
 
 signals:
     void ButtonsChanged();
@@ -58,8 +61,9 @@ protected:
     void SetHeading(const QString& heading);
     /// A text below what is there, wrapped.
     QLabel* AddText(const QString& text);
-    /// A question, wrapped, with its answer below; its mnemonic leads to the answer.
-    QLabel* AddQuestion(const QString& question, QWidget* answer);
+    /// A question, wrapped, with its answer below, which fills the line unless its width is limited, in a row of
+    /// controls where one is given; its mnemonic leads to the answer.
+    QLabel* AddQuestion(const QString& question, QWidget* answer, QLayout* row = nullptr);
     /// Heading, texts and answers from top to bottom; what is added later stands below.
     QVBoxLayout& Content() { return *content_; }
     /// Where the picture stands, for what belongs below it.

@@ -4,7 +4,9 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <set>
 #include <string_view>
+#include <utility>
 
 namespace velmora {
 namespace {
@@ -14,6 +16,7 @@ template <auto destroy> struct Release {
 };
 using Pattern = std::unique_ptr<FcPattern, Release<FcPatternDestroy>>;
 using CharSet = std::unique_ptr<FcCharSet, Release<FcCharSetDestroy>>;
+using ObjectSet = std::unique_ptr<FcObjectSet, Release<FcObjectSetDestroy>>;
 using FontSet = std::unique_ptr<FcFontSet, Release<FcFontSetDestroy>>;
 
 constexpr char32_t kNoCharacter = 0;
@@ -109,6 +112,21 @@ std::optional<FontFile> FontconfigCatalogue::Match(const FontRequest& request) c
 
 std::optional<FontFile> FontconfigCatalogue::MatchCharacter(const FontRequest& request, char32_t character) const {
     return Find(request, character);
+}
+
+std::vector<std::string> FontconfigCatalogue::Families() const {
+    const Pattern any(FcPatternCreate());
+    const ObjectSet wanted(
+        FcObjectSetBuild(FC_FAMILY, FC_FILE, FC_FONTFORMAT, FC_OUTLINE, FC_COLOR, static_cast<char*>(nullptr)));
+    const FontSet fonts(Config() ? FcFontList(Config(), any.get(), wanted.get()) : nullptr);
+    const auto before = [](const std::string& a, const std::string& b) {
+        return std::pair(FoldCase(a), a) < std::pair(FoldCase(b), b);
+    };
+    std::set<std::string, decltype(before)> families(before);
+    for (int i = 0; fonts && i < fonts->nfont; ++i)
+        if (IsUsable(fonts->fonts[i]))
+            families.insert(TextOf(fonts->fonts[i], FC_FAMILY));
+    return {families.begin(), families.end()};
 }
 
 std::optional<FontFile> FontconfigCatalogue::Find(const FontRequest& request, char32_t character) const {

@@ -17,6 +17,7 @@ public:
     ~FontconfigCatalogue() override;
     std::optional<FontFile> Match(const FontRequest& request) const override;
     std::optional<FontFile> MatchCharacter(const FontRequest& request, char32_t character) const override;
+    std::vector<std::string> Families() const override;
 
 private:
     struct ReleaseConfig {

@@ -267,6 +267,7 @@ private slots:
         struct NoFonts : FontCatalogue {
             std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
             std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
+            std::vector<std::string> Families() const override { return {}; }
         };
         const NoFonts fonts;
         SheetDisplay display(fonts, {}, nullptr);

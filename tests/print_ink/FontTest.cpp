@@ -1,5 +1,6 @@
 // Which font a text gets, and what the shaper makes of hard cases.
 #include "base/Error.h"
+#include "base/Text.h"
 #include "tests/print_ink/Ink.h"
 
 #include <gtest/gtest.h>
@@ -39,6 +40,18 @@ TEST(FontconfigCatalogue, FindsTheFamilyOrItsReplacementInTheStyleAskedFor) {
     EXPECT_TRUE(catalogue.Match({"No Such Family", false, false}));
 }
 
+TEST(FontconfigCatalogue, EveryFamilyListedIsFoundUnderItsName) {
+    const FontconfigCatalogue catalogue;
+    const std::vector<std::string> families = catalogue.Families();
+    for (const char* known : {"DejaVu Sans", "Liberation Serif"})
+        EXPECT_EQ(std::count(families.begin(), families.end(), known), 1) << known;
+    for (std::size_t i = 0; i < families.size(); ++i) {
+        const auto file = catalogue.Match({families[i], false, false});
+        EXPECT_TRUE(file && file->family == families[i]) << families[i];
+        EXPECT_TRUE(i == 0 || FoldCase(families[i - 1]) <= FoldCase(families[i])) << families[i];
+    }
+}
+
 TEST(FontconfigCatalogue, ACharacterComesFromAFontThatHasItOrFromNone) {
     const FontconfigCatalogue catalogue;
     const auto snowman = catalogue.MatchCharacter({"Arial", false, false}, U'☃');
@@ -58,6 +71,7 @@ TEST(TextShaper, AMachineWithoutFontsIsAnErrorNotAnEmptySheet) {
     struct NoFonts : FontCatalogue {
         std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
         std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
+        std::vector<std::string> Families() const override { return {}; }
     } const catalogue;
     TextShaper shaper(catalogue, {});
     EXPECT_THROW(shaper.Shape("text", 0), Error);

@@ -46,6 +46,7 @@ struct DressedCatalogue : FontCatalogue {
 
     std::optional<FontFile> Match(const FontRequest& request) const override;
     std::optional<FontFile> MatchCharacter(const FontRequest& request, char32_t character) const override;
+    std::vector<std::string> Families() const override { return real.Families(); }
 };
 
 /// A file in a folder that goes with it.

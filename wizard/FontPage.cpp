@@ -1,0 +1,123 @@
+#include "wizard/FontPage.h"
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "document/Dialogs.h"
+#include "document/Undo.h"
+
+#include <algorithm>
+#include <array>
+
+namespace velmora {
+namespace {
+
+// Stored codes in the order of the buttons.
+constexpr std::array<std::int16_t, 3> kHorizontalCodes = {kAlignLeft, kAlignCentre, kAlignRight};
+constexpr std::array<std::int16_t, 3> kVerticalCodes = {kAlignTop, kAlignMiddle, kAlignBottom};
+
+void Press(const std::array<std::int16_t, 3>& codes, int button, std::int16_t& alignment) {
+    if (button >= 1 && button <= static_cast<int>(codes.size()))
+        alignment = codes[static_cast<std::size_t>(button - 1)];
+}
+
+/// The button of the code, or `other`.
+int ButtonOf(const std::array<std::int16_t, 3>& codes, std::int16_t code, int other) {
+    const auto found = std::find(codes.begin(), codes.end(), code);
+    return found == codes.end() ? other : static_cast<int>(found - codes.begin()) + 1;
+}
+
+/// Runs `work`; an error is told in the words that a person can do something with, not in its own.
+template <typename Work> void TellFailure(MainModule& main, const char* words, const char* place, Work work) {
+    try {
+        work();
+    } catch (const std::exception&) {
+        ReportError(main, words, place);
+    }
+}
+
+} // namespace
+
+FontPage::FontPage(MainModule& main, const FontCatalogue& catalogue)
+    : main_(main), catalogue_(catalogue), draft_(main.fonts) {
+    TellFailure(main_, "Please reinstall the printer fonts.", "Called from Sub: FillFontType", [&] { FillFontType(); });
+    TellFailure(main_, "Printer error.  Please check the printer.", "Called from Sub: FillFontSize",
+                [&] { FillFontSize(); });
+    TellFailure(main_,
+                "Problem getting printer information from the system. Make sure the printer is set up correctly.",
+                "Called from Sub: Load Wizard 7", [&] { LoadFontSettings(main_.settings, draft_); });
+}
+
+void FontPage::FillFontType() {
+    families_ = catalogue_.Families();
+    if (families_.empty())
+        throw Error("No fonts are installed");
+}
+
+void FontPage::FillFontSize() {
+    sizes_ = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
+}
+
+std::vector<TypefaceChoice> FontPage::Typefaces(int field) const {
+    std::vector<TypefaceChoice> choices;
+    for (const std::string& family : families_)
+        choices.push_back({family, family});
+    const std::string& own = Font(field).Name;
+    const auto after = std::find_if(choices.begin(), choices.end(), [&](const TypefaceChoice& choice) {
+        return FoldCase(choice.Name) >= FoldCase(own);
+    });
+    if (after != choices.end() && FoldCase(after->Name) == FoldCase(own))
+        return choices;
+    const auto nearest = catalogue_.Match({own, Font(field).Bold, Font(field).Italic});
+    choices.insert(after, {own, own + (nearest ? " (replaced by " + nearest->family + ")" : " (not installed)")});
+    return choices;
+}
+
+std::vector<std::int16_t> FontPage::Sizes(int field) const {
+    std::vector<std::int16_t> sizes = sizes_;
+    const std::int16_t own = Font(field).Size;
+    const auto place = std::lower_bound(sizes.begin(), sizes.end(), own);
+    if (place == sizes.end() || *place != own)
+        sizes.insert(place, own);
+    return sizes;
+}
+
+void FontPage::PressStyle(int field, int button, bool pressed) {
+    FieldFont& font = Draft(field);
+    switch (button) {
+    case 3: font.Bold = pressed; break;
+    case 4: font.Italic = pressed; break;
+    case 5: font.Underline = pressed; break;
+    default: break;
+    }
+}
+
+void FontPage::PressHorizontal(int field, int button) {
+    Press(kHorizontalCodes, button, Draft(field).HorizontalAlignment);
+}
+
+void FontPage::PressVertical(int field, int button) {
+    Press(kVerticalCodes, button, Draft(field).VerticalAlignment);
+}
+
+int FontPage::HorizontalButton(int field) const {
+    return ButtonOf(kHorizontalCodes, Font(field).HorizontalAlignment, 1);
+}
+
+int FontPage::VerticalButton(int field) const {
+    return ButtonOf(kVerticalCodes, Font(field).VerticalAlignment, 2);
+}
+
+bool FontPage::Store() {
+    SaveLabel(main_, main_.document.CurrentPage, main_.document.TabsPerPage);
+    const bool changed = main_.fonts != draft_;
+    UndoStep step(main_.history, main_, "Fonts");
+    main_.fonts = draft_;
+    SaveFontSettings(main_.settings, main_.fonts);
+    main_.document.DocChanged = main_.document.DocChanged || changed; // the file's header carries them
+    step.Commit();
+    if (main_.editor)
+        main_.editor->BringUp();
+    return changed;
+}
+
+} // namespace velmora

@@ -1,0 +1,58 @@
+// The font page: a draft of the three fields' fonts, what each of its controls does to it, and its storing.
+#pragma once
+
+#include "document/mdlMain.h"
+#include "platform/FontCatalogue.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+/// An entry of the list of typefaces.
+struct TypefaceChoice {
+    std::string Name;
+    std::string Caption; ///< the name, and what replaces it where it is not installed
+};
+
+class FontPage {
+public:
+    /// Loads the stored fonts and fills the lists. What fails is reported, and the lists hold what there is.
+    FontPage(MainModule& main, const FontCatalogue& catalogue);
+
+    const FieldFont& Font(int field) const { return draft_.at(static_cast<std::size_t>(field)); }
+    /// The installed families, and the field's own typeface where it is none of them.
+    std::vector<TypefaceChoice> Typefaces(int field) const;
+    /// The usual sizes in points, and the field's own, in ascending order.
+    std::vector<std::int16_t> Sizes(int field) const;
+
+    void ChooseName(int field, const std::string& name) { Draft(field).Name = name; }
+    void ChooseSize(int field, std::int16_t points) { Draft(field).Size = points; }
+    /// Toolbar1: 3 is bold, 4 italic, 5 underline; any other button does nothing.
+    void PressStyle(int field, int button, bool pressed);
+    /// Toolbar2: 1 left, 2 centre, 3 right; any other button does nothing.
+    void PressHorizontal(int field, int button);
+    /// Toolbar3: 1 top, 2 middle, 3 bottom; any other button does nothing.
+    void PressVertical(int field, int button);
+    /// The button that stands for the field's alignment; any other code than the known ones counts as their default.
+    int HorizontalButton(int field) const;
+    int VerticalButton(int field) const;
+
+    /// Stores the draft as the document's fonts, as the step "Fonts", and shows the editor anew. True when they are
+    /// other fonts than before.
+    bool Store();
+
+private:
+    FieldFont& Draft(int field) { return draft_.at(static_cast<std::size_t>(field)); }
+    void FillFontType();
+    void FillFontSize();
+
+    MainModule& main_;
+    const FontCatalogue& catalogue_;
+    FontSettings draft_;
+    std::vector<std::string> families_;
+    std::vector<std::int16_t> sizes_;
+};
+
+} // namespace velmora

@@ -1,0 +1,205 @@
+#include "wizard/ui/frmAutoRepWiz7.h"
+
+#include "base/Text.h"
+#include "document/ui/LineIcon.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace velmora {
+namespace {
+
+constexpr int kRowsPerField = 3; // controls, sample, gap
+constexpr int kFieldGap = 8;
+constexpr int kSampleLines = 2;
+constexpr int kFontLetters = 24;
+constexpr int kSizeLetters = 4;
+
+struct BarButton {
+    int index; ///< in its toolbar
+    const char* icon;
+    const char* toolTip;
+};
+constexpr BarButton kStyles[] = {{3, "bold", "Bold"}, {4, "italic", "Italic"}, {5, "underline", "Underline"}};
+constexpr BarButton kHorizontal[] = {
+    {1, "align-left", "Left"}, {2, "align-centre", "Centre"}, {3, "align-right", "Right"}};
+constexpr BarButton kVertical[] = {
+    {1, "align-top", "Top"}, {2, "align-middle", "Middle"}, {3, "align-bottom", "Bottom"}};
+
+QToolButton* MakeButton(const BarButton& row, QWidget* bar) {
+    auto* button = Named(new QToolButton(bar), "Button", row.index);
+    button->setIcon(LineIcon(row.icon));
+    button->setToolTip(QObject::tr(row.toolTip));
+    button->setAccessibleName(QObject::tr(row.toolTip));
+    button->setCheckable(true);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    bar->layout()->addWidget(button);
+    return button;
+}
+
+QWidget* MakeBar(const char* name, int field) {
+    auto* bar = Named(new QWidget, name, field + 1);
+    auto* layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    return bar;
+}
+
+Qt::Alignment SampleAlignment(const FieldFont& font) {
+    return Qt::AlignVCenter | (font.HorizontalAlignment == kAlignRight    ? Qt::AlignRight
+                               : font.HorizontalAlignment == kAlignCentre ? Qt::AlignHCenter
+                                                                          : Qt::AlignLeft);
+}
+
+/// What the field holds in the tab in use, or its name.
+QString SampleText(const TabDocument& document, int field) {
+    const FieldTexts& texts = document.Field(field);
+    if (document.CurrentTab >= 1 && document.CurrentTab <= texts.Count() && !texts(document.CurrentTab).empty())
+        return QString::fromStdString(texts(document.CurrentTab));
+    return FieldCaption(field + 1).remove('&');
+}
+
+} // namespace
+
+frmAutoRepWiz7::frmAutoRepWiz7(frmAutoRepWiz& wizard)
+    : AutoRepForm(wizard, WizardPage::Fonts), page_(wizard.Main(), wizard.Fonts()) {
+    auto* grid = new QGridLayout;
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        AddField(grid, field);
+    Content().addLayout(grid);
+    auto* note = new QHBoxLayout;
+    note->addWidget(new QLabel(tr("Note:")), 0, Qt::AlignTop);
+    auto* text = new QLabel(tr("You will only be able to see the effect of the Vertical Alignment settings in the "
+                               "preview or the print out."));
+    text->setWordWrap(true);
+    note->addWidget(text, 1);
+    Content().addLayout(note);
+    if (!wizard.IsFontsAlone())
+        SetButton(WizardButton::Next);
+    SetButton(WizardButton::Finish, wizard.IsFontsAlone()); // in the wizard the chooser finishes
+}
+
+void frmAutoRepWiz7::AddField(QGridLayout* grid, int field) {
+    const int row = kRowsPerField * field;
+    auto* label = new QLabel(FieldCaption(field + 1));
+    cboFont_.at(static_cast<std::size_t>(field)) = MakeFontBox(field);
+    samples_.at(static_cast<std::size_t>(field)) = MakeSample(field);
+    QComboBox* cboFont = cboFont_.at(static_cast<std::size_t>(field));
+    label->setBuddy(cboFont);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(cboFont, row, 1);
+    grid->addWidget(MakeSizeBox(field), row, 2);
+    grid->addWidget(MakeStyleBar(field), row, 3);
+    grid->addWidget(MakeAlignmentBar(field, true), row, 4);
+    grid->addWidget(MakeAlignmentBar(field, false), row, 5);
+    grid->addWidget(samples_.at(static_cast<std::size_t>(field)), row + 1, 1, 1, 5);
+    grid->setRowMinimumHeight(row + 2, kFieldGap);
+    grid->setColumnStretch(1, 1);
+    ShowSample(field);
+}
+
+QComboBox* frmAutoRepWiz7::MakeFontBox(int field) {
+    auto* box = Named(new QComboBox, "cboFont", field + 1);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(kFontLetters);
+    for (const TypefaceChoice& choice : page_.Typefaces(field)) {
+        box->addItem(QString::fromStdString(choice.Caption), QString::fromStdString(choice.Name));
+        if (FoldCase(choice.Name) == FoldCase(page_.Font(field).Name))
+            box->setCurrentIndex(box->count() - 1);
+    }
+    connect(box, &QComboBox::currentIndexChanged, this, [this, field, box] {
+        page_.ChooseName(field, box->currentData().toString().toStdString());
+        ShowSample(field);
+    });
+    return box;
+}
+
+QComboBox* frmAutoRepWiz7::MakeSizeBox(int field) {
+    auto* box = Named(new QComboBox, "cboSize", field + 1);
+    box->setAccessibleName(tr("Size"));
+    box->setMinimumContentsLength(kSizeLetters);
+    for (const std::int16_t points : page_.Sizes(field))
+        box->addItem(QString::number(points), points);
+    box->setCurrentIndex(box->findData(page_.Font(field).Size));
+    connect(box, &QComboBox::currentIndexChanged, this, [this, field, box] {
+        page_.ChooseSize(field, static_cast<std::int16_t>(box->currentData().toInt()));
+        ShowSample(field);
+    });
+    return box;
+}
+
+QWidget* frmAutoRepWiz7::MakeStyleBar(int field) {
+    QWidget* bar = MakeBar("Toolbar1", field);
+    const FieldFont& font = page_.Font(field);
+    const bool pressed[] = {font.Bold, font.Italic, font.Underline};
+    for (std::size_t i = 0; i < std::size(kStyles); ++i) {
+        QToolButton* button = MakeButton(kStyles[i], bar);
+        button->setChecked(pressed[i]);
+        connect(button, &QToolButton::toggled, this, [this, field, index = kStyles[i].index](bool on) {
+            page_.PressStyle(field, index, on);
+            ShowSample(field);
+        });
+    }
+    return bar;
+}
+
+QWidget* frmAutoRepWiz7::MakeAlignmentBar(int field, bool horizontal) {
+    QWidget* bar = MakeBar(horizontal ? "Toolbar2" : "Toolbar3", field);
+    auto* group = new QButtonGroup(bar);
+    for (const BarButton& row : horizontal ? kHorizontal : kVertical)
+        group->addButton(MakeButton(row, bar), row.index);
+    group->button(horizontal ? page_.HorizontalButton(field) : page_.VerticalButton(field))->setChecked(true);
+    connect(group, &QButtonGroup::idClicked, this, [this, field, horizontal](int index) {
+        horizontal ? page_.PressHorizontal(field, index) : page_.PressVertical(field, index);
+        ShowSample(field);
+    });
+    return bar;
+}
+
+QLineEdit* frmAutoRepWiz7::MakeSample(int field) {
+    auto* sample = new QLineEdit(SampleText(Main().document, field));
+    sample->setObjectName(QString("Text%1").arg(field + 1));
+    sample->setAccessibleName(tr("Sample"));
+    sample->setReadOnly(true);
+    sample->setFocusPolicy(Qt::NoFocus);
+    sample->setFixedHeight(kSampleLines * fontMetrics().lineSpacing());
+    return sample;
+}
+
+void frmAutoRepWiz7::ShowSample(int field) {
+    const FieldFont& settings = page_.Font(field);
+    QFont font(QString::fromStdString(settings.Name), settings.Size);
+    font.setBold(settings.Bold);
+    font.setItalic(settings.Italic);
+    font.setUnderline(settings.Underline);
+    QLineEdit* sample = samples_.at(static_cast<std::size_t>(field));
+    sample->setFont(font);
+    sample->setAlignment(SampleAlignment(settings));
+}
+
+void frmAutoRepWiz7::Store() {
+    if (page_.Store())
+        ++State().FontSteps;
+}
+
+void frmAutoRepWiz7::Next() {
+    Store();
+    Wizard().Go(WizardPage::Chooser);
+}
+
+void frmAutoRepWiz7::Finish() {
+    Store();
+    Wizard().Close();
+}
+
+QWidget* frmAutoRepWiz7::FirstFocus() {
+    return cboFont_.front();
+}
+
+} // namespace velmora
