@@ -42,6 +42,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     resize(kFirstSize);
     RestorePlace(*this, program_.main.settings, kPositionKey);
     program_.main.status = this;
+    program_.main.dialogs = &importForms_;
     // Deliberate: the stored page count starts empty with every run.
     Write(program_.main.settings, kNoOfPages, "");
     ApplyTabType(program_.main);
@@ -52,6 +53,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
 mdiVelmora::~mdiVelmora() {
     delete grid_; // before the panels that it writes to
     program_.main.status = nullptr;
+    program_.main.dialogs = nullptr;
 }
 
 void mdiVelmora::BuildMenus() {

@@ -38,6 +38,7 @@ public:
     }
     void Start(const std::string& commandLine = "") {
         Main(program, commandLine, *this);
+        window->activateWindow(); // a dialog may have been in front
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
     void Start(int type, int fields, int pages) {
