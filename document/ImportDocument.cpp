@@ -31,7 +31,7 @@ std::optional<ImportChoice> Choose(MainModule& main, const ImportRequest& reques
     return main.dialogs ? main.dialogs->ChooseImport(request, choice) : choice;
 }
 
-/// False when the person cancels or the sheet cannot be read.
+/// A sheet without a header, by the columns that the person chooses.
 OpenOutcome ImportSheet(MainModule& main, Workbook& workbook, const std::string& sheet, const ReplaceWith& replace) {
     std::vector<std::vector<std::string>> rows;
     if (!Attempted(main, kNotFinished, [&] { rows = ReadFirstRows(workbook, sheet, kPreviewRows); }))

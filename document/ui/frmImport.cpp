@@ -94,6 +94,7 @@ void frmImport::BuildPreview() {
     tblPreview_->setSelectionMode(QAbstractItemView::NoSelection);
     tblPreview_->setFocusPolicy(Qt::NoFocus);
     tblPreview_->setWordWrap(false);
+    tblPreview_->horizontalHeader()->setStretchLastSection(true);
     const int rowHeight = tblPreview_->verticalHeader()->defaultSectionSize();
     tblPreview_->setMinimumSize(20 * rowHeight, (kRowsShown + 2) * rowHeight);
 }

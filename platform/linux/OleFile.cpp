@@ -18,13 +18,18 @@ struct Release {
 };
 template <typename T> using Owned = std::unique_ptr<T, Release>;
 
-/// Damaged files are an error of ours; the library need not tell them to the terminal as well.
-void KeepQuiet() {
-    static const guint handler = g_log_set_handler(
-        "libgsf:msole", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_RECURSION),
-        [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
-    static_cast<void>(handler);
-}
+/// While it lives the library does not tell the terminal about damaged files, which are errors of ours.
+class Silence {
+public:
+    Silence()
+        : before_(g_log_set_default_handler([](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr)) {}
+    ~Silence() { g_log_set_default_handler(before_, nullptr); }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+private:
+    const GLogFunc before_;
+};
 
 const guint8* Bytes(std::string_view bytes) {
     return reinterpret_cast<const guint8*>(bytes.data());
@@ -45,7 +50,7 @@ bool IsOleFile(std::string_view bytes) {
 }
 
 std::optional<std::string> ReadOleStream(std::string_view file, std::string_view name) {
-    KeepQuiet();
+    const Silence silence;
     const Owned<GsfInput> input(gsf_input_memory_new(Bytes(file), static_cast<gsf_off_t>(file.size()), FALSE));
     const Owned<GsfInfile> folder(gsf_infile_msole_new(input.get(), nullptr));
     if (!folder)

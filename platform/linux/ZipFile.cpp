@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "platform/linux/WorkbookParts.h"
 
+#include <algorithm>
 #include <array>
 #include <zip.h>
 
