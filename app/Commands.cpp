@@ -21,8 +21,8 @@ void NewCommand(MainModule& main) {
     ShowCaption(main);
 }
 
-OpenOutcome OpenCommand(MainModule& main) {
-    const OpenOutcome outcome = OpenNewFile(main);
+OpenOutcome OpenCommand(MainModule& main, OpenKind kind) {
+    const OpenOutcome outcome = OpenNewFile(main, kind);
     if (outcome == OpenOutcome::Failed)
         Tell(main, "The file could not be opened successfully");
     return outcome;

@@ -6,6 +6,7 @@
 #include "app/ui/mdiVelmora.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
+#include "platform/linux/LibraryWorkbooks.h"
 #include "platform/linux/ProgramFolder.h"
 #include "platform/linux/RegistryFile.h"
 #include "platform/qt/BundledFiles.h"
@@ -58,10 +59,11 @@ int Run(const std::string& commandLine) {
     QtUserInterface ui;
     RegistryFile registry(folder / "Velmora.reg");
     InstalledPrinters printers = MakeInstalledPrinters(environment("VELMORA_NO_PDF_PRINTER") != "1");
+    LibraryWorkbooks workbooks;
     FontconfigCatalogue fonts;
     SettingsStore settings(registry, ui);
     settings.ProgramFolder = folder;
-    Program program{{settings, ui, printers, {}, {}, {}}, {}, fonts, {}, {}, {}};
+    Program program{{settings, ui, printers, workbooks, {}, {}, {}}, {}, fonts, {}, {}, {}};
     QtForms forms(program);
     if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;

@@ -86,16 +86,6 @@ void AppendUnit(std::string& bytes, char32_t unit) {
     bytes += static_cast<char>(unit >> 8);
 }
 
-std::string FromWindows1252(std::string_view bytes) {
-    std::string text;
-    text.reserve(bytes.size() + bytes.size() / 8);
-    for (const char byte : bytes) {
-        const auto code = static_cast<unsigned char>(byte);
-        AppendUtf8(text, code >= 0x80 && code < 0xA0 ? kHighControls[code - 0x80u] : code);
-    }
-    return text;
-}
-
 } // namespace
 
 std::string_view EncodingName(Encoding encoding) {
@@ -110,6 +100,16 @@ bool IsValidUtf8(std::string_view bytes) {
         bytes.remove_prefix(length);
     }
     return true;
+}
+
+std::string FromWindows1252(std::string_view bytes) {
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 8);
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        AppendUtf8(text, code >= 0x80 && code < 0xA0 ? kHighControls[code - 0x80u] : code);
+    }
+    return text;
 }
 
 DecodedText Decode(std::string bytes) {

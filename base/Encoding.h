@@ -25,6 +25,9 @@ bool IsValidUtf8(std::string_view bytes);
 /// is lost.
 DecodedText Decode(std::string bytes);
 
+/// The UTF-8 text of Windows-1252 bytes, with control characters for the five open ones.
+std::string FromWindows1252(std::string_view bytes);
+
 /// The bytes of `utf8` in `encoding`; nothing when a character does not fit it.
 std::optional<std::string> Encode(std::string_view utf8, Encoding encoding);
 

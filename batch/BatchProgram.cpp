@@ -48,7 +48,8 @@ std::unique_ptr<Progress> BatchInterface::StartCancellable(const std::string& te
 }
 
 BatchProgram::BatchProgram()
-    : registry_(std::filesystem::path()), settings_(registry_, ui_), main_{settings_, ui_, printers_, {}, {}, {}} {
+    : registry_(std::filesystem::path()),
+      settings_(registry_, ui_), main_{settings_, ui_, printers_, workbooks_, {}, {}, {}} {
     settings_.SettingsAppName = "Velmora";
     settings_.InMemory = true;
 }

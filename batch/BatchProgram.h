@@ -10,6 +10,7 @@
 #include "document/mdlMain.h"
 #include "platform/UserInterface.h"
 #include "platform/linux/BuiltInPrinters.h"
+#include "platform/linux/LibraryWorkbooks.h"
 #include "platform/linux/RegistryFile.h"
 #include "print/rptVelmor.h"
 
@@ -63,6 +64,7 @@ private:
     BatchInterface ui_;
     RegistryFile registry_;
     BuiltInPrinters printers_{true};
+    LibraryWorkbooks workbooks_;
     SettingsStore settings_;
     MainModule main_;
     LayoutValues layout_;

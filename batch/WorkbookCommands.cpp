@@ -13,17 +13,8 @@ namespace {
 
 constexpr const char* kSheetName = "Tabs";
 
-/// By the ending of the name; nothing for a text file.
-std::optional<WorkbookFormat> FormatOf(const std::string& file) {
-    if (EndsWithNoCase(file, ".xls"))
-        return WorkbookFormat::Xls;
-    if (EndsWithNoCase(file, ".xlsx"))
-        return WorkbookFormat::Xlsx;
-    return EndsWithNoCase(file, ".ods") ? std::optional(WorkbookFormat::Ods) : std::nullopt;
-}
-
 void CheckUsage(const ConvertArguments& arguments) {
-    const auto format = FormatOf(arguments.output);
+    const auto format = WorkbookFormatOf(arguments.output);
     if (!format && !EndsWithNoCase(arguments.output, ".csv"))
         throw UsageError(arguments.output + ": the output must end in .csv, .xls or .xlsx");
     if (format && !LibraryWorkbooks().CanWrite(*format))
@@ -53,7 +44,7 @@ WorksheetOptions OptionsOf(const ConvertArguments& arguments) {
 
 /// A workbook's sheet, or a list of another program.
 Worksheet ReadSheet(const ConvertArguments& arguments, const std::string& text) {
-    if (!FormatOf(arguments.input))
+    if (!WorkbookFormatOf(arguments.input))
         return WorksheetOf(ParseTextList(text, GuessDelimiter(text)), OptionsOf(arguments));
     const auto workbook = LibraryWorkbooks().Open(arguments.input);
     return ReadWorksheet(*workbook, ChooseSheet(*workbook, arguments.sheet), OptionsOf(arguments));
@@ -83,7 +74,7 @@ void Overrule(Source& source, const ConvertArguments& arguments, int fields, Set
 }
 
 void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
-    const std::string bytes = FormatOf(arguments.input) ? "" : ReadInput(arguments.input);
+    const std::string bytes = WorkbookFormatOf(arguments.input) ? "" : ReadInput(arguments.input);
     NamingFile(arguments.input, [&] {
         // A tab file knows no quotes, so its own reader takes it.
         TabFile file = ParseTabFile(bytes);
@@ -103,7 +94,7 @@ void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
 void WriteDocument(BatchProgram& program, const ConvertArguments& arguments,
                    const std::function<void(std::string_view)>& sink) {
     TabDocument& document = program.Main().document;
-    if (const auto format = FormatOf(arguments.output)) {
+    if (const auto format = WorkbookFormatOf(arguments.output)) {
         LibraryWorkbooks().Write(*format, kSheetName, TabRows(document), sink);
         return;
     }

@@ -7,6 +7,7 @@
 #include "document/Undo.h"
 #include "platform/linux/BuiltInPrinters.h"
 #include "platform/linux/FontconfigCatalogue.h"
+#include "platform/linux/LibraryWorkbooks.h"
 #include "platform/linux/RegistryFile.h"
 #include "print/PdfReport.h"
 #include "wizard/AppendWizardTabs.h"
@@ -108,8 +109,9 @@ struct Bench {
     NoInterface ui;
     RegistryFile registry{fs::path()};
     BuiltInPrinters printers{true};
+    LibraryWorkbooks workbooks;
     SettingsStore settings{registry, ui};
-    MainModule main{settings, ui, printers, {}, {}, {}};
+    MainModule main{settings, ui, printers, workbooks, {}, {}, {}};
     LayoutValues layout;
     FontconfigCatalogue catalogue;
     fs::path folder;

@@ -4,6 +4,8 @@
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "document/Dialogs.h"
+#include "document/ImportDocument.h"
+#include "document/Pages.h"
 #include "document/RecentFiles.h"
 #include "document/Recovery.h"
 #include "document/SaveDocument.h"
@@ -12,6 +14,8 @@
 
 namespace velmora {
 namespace {
+
+constexpr const char* kLoadPlace = "Called form Sub:LoadData";
 
 /// `Source` is a TabFile or a Worksheet.
 template <typename Source> LoadOutcome Load(MainModule& main, const Source& source) {
@@ -37,25 +41,40 @@ template <typename Source> LoadOutcome Load(MainModule& main, const Source& sour
     return LoadOutcome::Loaded;
 }
 
-OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path) {
+/// Where the tabs come from: the document's own format, or another program's file.
+enum class Origin { TabFile, Foreign };
+
+void TakeOver(MainModule& main, const std::filesystem::path& path, Origin origin) {
+    main.document.DocFileName = path;
+    main.document.Foreign = origin == Origin::Foreign;
+    main.document.DocChanged = origin == Origin::Foreign; // the file does not hold what a save would write
+    RememberFile(main.settings, path);
+}
+
+OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path, Origin origin, const LoadProcedure& load) {
     Transaction transaction(main);
     const auto stamp = StampOf(path); // before the reading, so that a change during it is noticed
     try {
-        if (LoadDocument(main, ReadTabFile(path)) == LoadOutcome::NoPrinter)
+        if (load() == LoadOutcome::NoPrinter)
             return OpenOutcome::NoPrinter;
-        main.document.DocFileName = path;
         main.document.Stamp = stamp;
-        RememberFile(main.settings, path);
-        main.document.DocChanged = false;
+        TakeOver(main, path, origin);
         transaction.Commit();
         if (main.history)
             main.history->Clear(main.document);
         return OpenOutcome::Opened;
+    } catch (const OverflowError& error) {
+        const std::int16_t tabsPerPage = main.document.TabsPerPage;
+        transaction.Undo();
+        if (origin == Origin::Foreign)
+            TellMostPages(main, tabsPerPage);
+        else
+            ReportError(main, error.what(), kLoadPlace);
     } catch (const std::exception& error) {
         transaction.Undo();
-        ReportError(main, error.what(), "Called form Sub:LoadData");
-        return OpenOutcome::Failed;
+        ReportError(main, error.what(), kLoadPlace);
     }
+    return OpenOutcome::Failed;
 }
 
 /// False when the person wants to stay with the open document, or it could not be saved.
@@ -68,26 +87,8 @@ bool MayReplaceDocument(MainModule& main) {
     return answer == Answer::No;
 }
 
-/// Says what the file is unless it is of version 8. False when it cannot be read.
-bool AnnounceVersion(MainModule& main, const std::filesystem::path& path) {
-    std::string firstLine;
-    try {
-        firstLine = ReadFirstLine(path);
-    } catch (const FileAccessError&) {
-        Tell(main, "Could not finish the process");
-        return false;
-    }
-    const std::string file = "The file: [" + path.string() + "] is ";
-    if (TestVersion8(firstLine))
-        return true;
-    if (TestVersion7(firstLine))
-        Tell(main, file + "an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
-    else
-        Tell(main, file + "not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
-    return true;
-}
-
-OpenOutcome ReplaceDocument(MainModule& main, const std::filesystem::path& path) {
+OpenOutcome ReplaceDocument(MainModule& main, const std::filesystem::path& path, Origin origin,
+                            const LoadProcedure& load) {
     main.document.FileError = false;
     if (!FileExists(path)) {
         main.document.FileError = true;
@@ -99,7 +100,7 @@ OpenOutcome ReplaceDocument(MainModule& main, const std::filesystem::path& path)
     const auto archived = ArchiveDocument(main);
     if (main.editor)
         main.editor->TakeDown();
-    const OpenOutcome outcome = LoadOrUndo(main, path);
+    const OpenOutcome outcome = LoadOrUndo(main, path, origin, load);
     if (archived && outcome != OpenOutcome::Opened) {
         KeepRecoveryCopy(main); // before its stand-in goes
         main.recovery->Forget(*archived);
@@ -115,19 +116,38 @@ OpenOutcome ReplaceDocument(MainModule& main, const std::filesystem::path& path)
     return outcome;
 }
 
-OpenOutcome AskAndOpen(MainModule& main) {
+OpenOutcome Open(MainModule& main, const std::filesystem::path& path, Origin origin, const LoadProcedure& load) {
+    OpenOutcome outcome = OpenOutcome::Failed;
+    Trapped(main, "Called form Sub:OpenFile", [&] { outcome = ReplaceDocument(main, path, origin, load); });
+    return outcome;
+}
+
+/// A file that exists.
+OpenOutcome OpenText(MainModule& main, const std::filesystem::path& path, const ReplaceWith& replace) {
+    std::string firstLine;
+    try {
+        firstLine = ReadFirstLine(path);
+    } catch (const FileAccessError&) {
+        Tell(main, "Could not finish the process");
+        return OpenOutcome::Failed;
+    }
+    const auto openTabFile = [&] { return OpenFile(main, path); };
+    return AnnounceVersion(main, path, firstLine) ? openTabFile() : ImportList(main, path, replace, openTabFile);
+}
+
+OpenOutcome AskAndOpen(MainModule& main, OpenKind kind) {
+    constexpr int kWorkbooks = 1;
     if (!MayReplaceDocument(main))
         return OpenOutcome::Cancelled;
-    const auto path = main.ui.ChooseFile(
-        {"OPEN", "Open", main.globals.TabsPath, "Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"});
+    FileRequest request{"OPEN", kind == OpenKind::Import ? "Import" : "Open", main.globals.TabsPath,
+                        "Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"};
+    request.moreFilters = "Workbook (*.xlsx)|*.xlsx|OpenDocument (*.ods)|*.ods|Text list (*.txt)|*.txt";
+    request.chosenFilter = kind == OpenKind::Import ? kWorkbooks : 0;
+    const auto path = main.ui.ChooseFile(request);
     if (!path)
         return OpenOutcome::Cancelled;
     if (!FileExists(*path)) {
         Tell(main, "You have to select a valid file!");
-        return OpenOutcome::Failed;
-    }
-    if (EndsWithNoCase(path->string(), ".XLS")) {
-        TellNoSpreadsheets(main);
         return OpenOutcome::Failed;
     }
     return OpenPath(main, *path);
@@ -144,22 +164,23 @@ LoadOutcome LoadDocument(MainModule& main, const Worksheet& sheet) {
 }
 
 OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
-    OpenOutcome outcome = OpenOutcome::Failed;
-    Trapped(main, "Called form Sub:OpenFile", [&] { outcome = ReplaceDocument(main, path); });
-    return outcome;
+    return Open(main, path, Origin::TabFile, [&] { return LoadDocument(main, ReadTabFile(path)); });
 }
 
 OpenOutcome OpenPath(MainModule& main, const std::filesystem::path& path) {
-    return !FileExists(path) || AnnounceVersion(main, path) ? OpenFile(main, path) : OpenOutcome::Failed;
+    const auto replace = [&](const LoadProcedure& load) { return Open(main, path, Origin::Foreign, load); };
+    if (!FileExists(path))
+        return OpenFile(main, path);
+    return WorkbookFormatOf(path) ? ImportWorkbook(main, path, replace) : OpenText(main, path, replace);
 }
 
 OpenOutcome OpenInstead(MainModule& main, const std::filesystem::path& path) {
     return MayReplaceDocument(main) ? OpenPath(main, path) : OpenOutcome::Cancelled;
 }
 
-OpenOutcome OpenNewFile(MainModule& main) {
+OpenOutcome OpenNewFile(MainModule& main, OpenKind kind) {
     OpenOutcome outcome = OpenOutcome::Failed;
-    Trapped(main, "Called form Function:OpenNewFile", [&] { outcome = AskAndOpen(main); });
+    Trapped(main, "Called form Function:OpenNewFile", [&] { outcome = AskAndOpen(main, kind); });
     return outcome;
 }
 

@@ -101,12 +101,15 @@ void PreviousPage(MainModule& main) {
         ShowPage(main, Add16(main.document.CurrentPage, -1));
 }
 
+void TellMostPages(MainModule& main, std::int16_t tabsPerPage) {
+    main.ui.Beep();
+    Tell(main, "The maximum number of pages for this type on label is:" + std::to_string(kMostTabs / tabsPerPage));
+}
+
 void AddPage(MainModule& main) {
     TabDocument& document = main.document;
     if (document.NoOfPages * document.TabsPerPage >= kMostTabs) {
-        main.ui.Beep();
-        Tell(main, "The maximum number of pages for this type on label is:" +
-                       std::to_string(kMostTabs / document.TabsPerPage));
+        TellMostPages(main, document.TabsPerPage);
         return;
     }
     TakePageBack(main);

@@ -15,6 +15,8 @@ void PreviousPage(MainModule& main);
 /// Appends one empty page and shows it. A page that would take the document beyond 32767 tabs is reported, and nothing
 /// changes.
 void AddPage(MainModule& main);
+/// Says how many pages of that many tabs a document holds at most.
+void TellMostPages(MainModule& main, std::int16_t tabsPerPage);
 /// Removes the current page, after a question where the configuration asks for one, and shows the page before it. The
 /// only page stays.
 void DeletePage(MainModule& main);

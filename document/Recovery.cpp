@@ -256,6 +256,7 @@ LoadOutcome Load(MainModule& main, const Copy& copy) {
             document.Field(field)(tab) = *text++;
     document.CurrentPage = std::clamp<std::int16_t>(copy.page, 1, document.NoOfPages);
     document.DocFileName = copy.path;
+    document.Foreign = WorkbookFormatOf(copy.path).has_value();
     document.FileEncoding = copy.encoding;
     document.Stamp = copy.stamp;
     document.DocChanged = true;

@@ -7,6 +7,7 @@
 #include "document/RecentFiles.h"
 #include "document/Recovery.h"
 #include "document/Undo.h"
+#include "document/Worksheet.h"
 
 #include <algorithm>
 
@@ -24,11 +25,26 @@ bool HoldsComma(const TabDocument& document, int tab) {
     return false;
 }
 
-/// Nothing when written; the system's refusal otherwise.
+/// The rows of the export, with its progress.
+void WriteWorkbook(MainModule& main, const fs::path& path, WorkbookFormat format) {
+    const auto progress =
+        main.ui.StartProgress("Exporting file.  Please standby...", std::max(1, main.document.TabCount));
+    const auto rows = [&, next = TabRows(main.document), done = 0](std::vector<std::string>& texts) mutable {
+        progress->Advance(++done);
+        return next(texts);
+    };
+    AtomicFile file(path);
+    main.spreadsheets.Write(format, "Tabs", rows, [&](std::string_view bytes) { file.Write(bytes); });
+    file.Commit();
+}
+
+/// Nothing when written; the system's refusal otherwise. A workbook has no header.
 std::optional<FileAccessError> TryWrite(MainModule& main, const fs::path& path, FileHeader header) {
-    const std::string bytes = TabFileBytes(main.document, main.settings, main.ui, header);
     try {
-        ReplaceFile(path, bytes);
+        if (const auto format = WorkbookFormatOf(path))
+            WriteWorkbook(main, path, *format);
+        else
+            ReplaceFile(path, TabFileBytes(main.document, main.settings, main.ui, header));
         return std::nullopt;
     } catch (const FileAccessError& error) {
         return error;
@@ -92,6 +108,7 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
     main.document.Stamp = StampOf(path);
     RememberFile(main.settings, path);
     main.document.DocChanged = false;
+    main.document.Foreign = false;
     if (main.history)
         main.history->MarkSaved();
     if (main.recovery)
@@ -99,13 +116,28 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
     return SaveOutcome::Saved;
 }
 
+bool CanWrite(MainModule& main, const fs::path& path) {
+    const auto format = WorkbookFormatOf(path);
+    return !format || main.spreadsheets.CanWrite(*format);
+}
+
+FileRequest RequestFor(MainModule& main, SaveKind kind) {
+    const bool workbook = EndsWithNoCase(main.document.DocFileName.string(), ".XLS");
+    const std::string excel = "Excel file (*.xls)|*.xls";
+    FileRequest request{"SAVE", kind == SaveKind::Export ? "Export" : "Save as", main.globals.TabsPath,
+                        workbook ? "csv-file (*.csv)|*.csv|" + excel : "Velmora file(*.csv)|*.csv", "Tabs.csv"};
+    request.moreFilters = (workbook ? "" : excel + "|") + "Workbook (*.xlsx)|*.xlsx";
+    return request;
+}
+
 /// The path to write, asked for until there is one that may be written; nothing when the person cancels.
 std::optional<fs::path> AskForPath(MainModule& main, SaveKind kind) {
     for (;;) {
-        const auto path = main.ui.ChooseFile({"SAVE", kind == SaveKind::Export ? "Export" : "Save as",
-                                              main.globals.TabsPath, "Velmora file(*.csv)|*.csv", "Tabs.csv"});
-        if (path && EndsWithNoCase(path->string(), ".XLS"))
-            TellNoSpreadsheets(main);
+        const auto path = main.ui.ChooseFile(RequestFor(main, kind));
+        if (path && !CanWrite(main, *path))
+            Tell(main,
+                 "Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or "
+                 ".xlsx.");
         else if (path && kind == SaveKind::Export && IsSameFile(*path, main.document.DocFileName))
             Tell(main, "An export is a copy without the document's settings.  Please select another file name.");
         else if (!path || (MayOverwrite(main, *path) && CanReplace(main, *path)))
@@ -138,11 +170,13 @@ bool MayReplaceChangedFile(MainModule& main) {
 }
 
 SaveOutcome Save(MainModule& main, SaveKind kind) {
-    if (kind != SaveKind::Save || main.document.DocFileName.empty())
+    const TabDocument& document = main.document;
+    const bool named = !document.DocFileName.empty() && CanWrite(main, document.DocFileName);
+    if (kind != SaveKind::Save || !named || (document.Foreign && !MayOverwrite(main, document.DocFileName)))
         return AskAndSave(main, kind);
     if (!MayReplaceChangedFile(main))
         return SaveOutcome::Cancelled;
-    const SaveOutcome outcome = SaveUnder(main, main.document.DocFileName, kind);
+    const SaveOutcome outcome = SaveUnder(main, document.DocFileName, kind);
     if (outcome == SaveOutcome::Saved)
         Tell(main, "File saved successfully");
     return outcome;
@@ -168,7 +202,8 @@ void WarnOfCommas(MainModule& main) {
 void SaveFile(MainModule& main, const fs::path& path, FileHeader header) {
     main.document.FileError = true;
     Trapped(main, "Called form Sub:SaveFile", [&] {
-        WarnOfCommas(main);
+        if (!WorkbookFormatOf(path))
+            WarnOfCommas(main);
         main.document.FileError = !WriteWithRetries(main, path, header);
     });
     if (main.document.FileError)

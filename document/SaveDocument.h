@@ -10,7 +10,8 @@
 namespace velmora {
 
 enum class SaveKind {
-    Save,   ///< under the document's own name; an untitled document is asked for one
+    Save,   ///< under the document's own name; an untitled document is asked for one, and so is an imported one whose
+            ///< file is not to be overwritten
     SaveAs, ///< under a name that is asked for
     Export  ///< a copy of the tabs alone, without header lines, under a name that is asked for
 };
@@ -24,7 +25,8 @@ SaveOutcome SaveLabels(MainModule& main, SaveKind kind);
 /// Tells which tabs hold commas, which the file cannot keep; nothing when none does.
 void WarnOfCommas(MainModule& main);
 
-/// Writes one file, with its questions after a failure. `FileError` tells the outcome.
+/// Writes one file, a workbook where its name ends in .xls or .xlsx, with its questions after a failure. `FileError`
+/// tells the outcome.
 void SaveFile(MainModule& main, const std::filesystem::path& path, FileHeader header = FileHeader::Written);
 
 } // namespace velmora

@@ -83,6 +83,7 @@ struct TabDocument {
     std::optional<FileStamp> Stamp; ///< of the file as it was read or written last
     bool FileError = false;         ///< the last file operation failed
     bool DocChanged = false;        ///< unsaved changes
+    bool Foreign = false;           ///< the file is another program's and may hold more than a save writes
 
     /// The array of field 0, 1 or 2.
     FieldTexts& Field(int field) { return field == 0 ? FieldA : field == 1 ? FieldB : FieldC; }

@@ -1,5 +1,6 @@
 #include "document/TextList.h"
 
+#include "base/Encoding.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -11,6 +12,7 @@ namespace {
 
 constexpr std::size_t kLinesForGuess = 20;
 constexpr std::string_view kLineEnds = "\r\n";
+constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 
 class ListParser {
 public:
@@ -92,6 +94,24 @@ std::pair<std::size_t, std::size_t> Columns(std::string_view text, char delimite
 
 } // namespace
 
+std::vector<ListEncoding> FittingEncodings(std::string_view bytes) {
+    if (bytes.starts_with(kUtf16Mark) && FromUtf16(bytes))
+        return {ListEncoding::Utf16};
+    if (bytes.find('\0') != std::string_view::npos)
+        return {};
+    if (IsValidUtf8(bytes))
+        return {ListEncoding::Utf8, ListEncoding::Windows1252};
+    return {ListEncoding::Windows1252};
+}
+
+std::string DecodeList(std::string_view bytes, ListEncoding encoding) {
+    if (encoding == ListEncoding::Windows1252)
+        return FromWindows1252(bytes);
+    if (encoding == ListEncoding::Utf16)
+        return FromUtf16(bytes.substr(bytes.starts_with(kUtf16Mark) ? kUtf16Mark.size() : 0)).value_or("");
+    return IsValidUtf8(bytes) ? Decode(std::string(bytes)).text : "";
+}
+
 char GuessDelimiter(std::string_view text) {
     char best = ',';
     for (const char candidate : {';', '\t'})
@@ -100,8 +120,8 @@ char GuessDelimiter(std::string_view text) {
     return best;
 }
 
-std::vector<std::vector<std::string>> ParseTextList(std::string_view text, char delimiter) {
-    return ListParser(text, delimiter).Rows(std::numeric_limits<std::size_t>::max());
+std::vector<std::vector<std::string>> ParseTextList(std::string_view text, char delimiter, std::size_t most) {
+    return ListParser(text, delimiter).Rows(most);
 }
 
 } // namespace velmora

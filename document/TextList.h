@@ -2,18 +2,27 @@
 // Tab files are not read this way: they know no quotes.
 #pragma once
 
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace velmora {
 
+enum class ListEncoding { Utf8, Windows1252, Utf16 };
+
+/// The encodings that the bytes may be in, likeliest first; none for bytes that are no text.
+std::vector<ListEncoding> FittingEncodings(std::string_view bytes);
+/// UTF-8 without a byte order mark; bytes that do not fit the encoding give an empty text.
+std::string DecodeList(std::string_view bytes, ListEncoding encoding);
+
 /// The separator, among comma, semicolon and tab, that cuts the first lines into the most columns; comma when none
 /// does.
 char GuessDelimiter(std::string_view text);
 
 /// One entry per line, blank lines too. A column in quotation marks may hold separators, line breaks and doubled
-/// quotation marks; a mark that nothing closes is a character like any other.
-std::vector<std::vector<std::string>> ParseTextList(std::string_view text, char delimiter);
+/// quotation marks; a mark that nothing closes is a character like any other. Stops after `most` entries.
+std::vector<std::vector<std::string>> ParseTextList(std::string_view text, char delimiter,
+                                                    std::size_t most = std::numeric_limits<std::size_t>::max());
 
 } // namespace velmora

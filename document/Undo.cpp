@@ -17,7 +17,8 @@ constexpr std::size_t kBlockBytes = 16; // the allocator's own part of a block
 /// does not compile until somebody decides whether the member belongs here.
 template <typename Document> auto PropertiesOf(Document& document) {
     auto& [fieldA, fieldB, fieldC, tabCount, pages, currentPage, currentTab, fields, optType, stationery, pageSize,
-           layout, perPage, rows, columns, grid, limits, fileName, encoding, stamp, fileError, changed] = document;
+           layout, perPage, rows, columns, grid, limits, fileName, encoding, stamp, fileError, changed, foreign] =
+        document;
     auto& [width1, width2, height1, height2, top, left, cellGap, lineGap] = grid;
     auto& [limit1, limit2, limit3] = limits;
     return std::tie(tabCount, pages, fields, optType, stationery, pageSize, layout, perPage, rows, columns, width1,

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 
 namespace velmora {
 namespace {
@@ -11,6 +12,7 @@ namespace {
 constexpr std::int32_t kMostTabs = std::numeric_limits<std::int16_t>::max();
 constexpr std::size_t kMostBytes = 64u << 20;
 constexpr int kCountedColumns = 4;
+constexpr std::size_t kPreviewColumns = 26;
 constexpr std::string_view kVersionWord = "VERSION";
 
 std::string Cell(const std::vector<std::string>& cells, int column) {
@@ -26,11 +28,20 @@ std::string StationeryName(const std::string& upper) {
     return upper;
 }
 
-bool AnnouncesHeader(std::string_view firstCell) {
-    return EqualsNoCase(firstCell.substr(0, kVersionWord.size()), kVersionWord);
+} // namespace
+
+std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path) {
+    const std::string name = path.string();
+    if (EndsWithNoCase(name, ".xls"))
+        return WorkbookFormat::Xls;
+    if (EndsWithNoCase(name, ".xlsx"))
+        return WorkbookFormat::Xlsx;
+    return EndsWithNoCase(name, ".ods") ? std::optional(WorkbookFormat::Ods) : std::nullopt;
 }
 
-} // namespace
+bool AnnouncesHeader(std::string_view firstText) {
+    return EqualsNoCase(firstText.substr(0, kVersionWord.size()), kVersionWord);
+}
 
 int WorksheetBuilder::LastColumn() const {
     const auto furthest = std::max_element(options_.columns.begin(), options_.columns.end());
@@ -62,23 +73,25 @@ bool WorksheetBuilder::IsBlank(const std::vector<std::string>& cells) const {
                        [&](int column) { return Cell(cells, column).empty(); });
 }
 
-void WorksheetBuilder::Add(std::int32_t row, const std::vector<std::string>& cells) {
+bool WorksheetBuilder::Add(std::int32_t row, const std::vector<std::string>& cells) {
     if (row == 1) {
         sheet_.firstCell = Cell(cells, 1);
         if (AnnouncesHeader(sheet_.firstCell)) {
             sheet_.header.emplace();
-            return;
+            return true;
         }
     }
     if (sheet_.header && row <= kHeaderLines) {
         AddHeader(row, cells);
-        return;
+        return true;
     }
     const std::int32_t before = sheet_.header ? kHeaderLines : options_.heading ? 1 : 0;
     if (row <= before || IsBlank(cells))
-        return;
-    if (row - before > kMostTabs)
-        throw OverflowError();
+        return true;
+    if (row - before > kMostTabs) {
+        sheet_.lines = row - before;
+        return false;
+    }
     sheet_.rows.resize(static_cast<std::size_t>(row - before));
     for (std::size_t field = 0; field < std::min<std::size_t>(options_.columns.size(), kFieldsPerTab); ++field) {
         sheet_.rows.back()[field] = OneLine(Cell(cells, options_.columns[field]));
@@ -86,21 +99,21 @@ void WorksheetBuilder::Add(std::int32_t row, const std::vector<std::string>& cel
     }
     if (bytes_ > kMostBytes)
         throw WorkbookError("the worksheet holds more than 64 MB of text");
+    return true;
 }
 
 Worksheet WorksheetBuilder::Take() {
-    sheet_.lines = static_cast<std::int32_t>(sheet_.rows.size()) + (sheet_.header ? kHeaderLines : 0);
+    sheet_.lines = std::max(sheet_.lines, static_cast<std::int32_t>(sheet_.rows.size()));
+    sheet_.lines += sheet_.header ? kHeaderLines : 0;
     return std::move(sheet_);
 }
 
 Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const WorksheetOptions& options) {
     WorksheetBuilder builder(options);
-    std::vector<int> columns;
-    for (int column = 1; column <= builder.LastColumn(); ++column)
-        columns.push_back(column);
+    std::vector<int> columns(static_cast<std::size_t>(builder.LastColumn()));
+    std::iota(columns.begin(), columns.end(), 1);
     workbook.ReadSheet(name, columns, [&](std::int32_t row, const std::vector<std::string>& cells) {
-        builder.Add(row, cells);
-        return true;
+        return builder.Add(row, cells);
     });
     return builder.Take();
 }
@@ -109,8 +122,25 @@ Worksheet WorksheetOf(const std::vector<std::vector<std::string>>& rows, const W
     WorksheetBuilder builder(options);
     std::int32_t number = 0;
     for (const std::vector<std::string>& cells : rows)
-        builder.Add(++number, cells);
+        if (!builder.Add(++number, cells))
+            break;
     return builder.Take();
+}
+
+std::vector<std::vector<std::string>> ReadFirstRows(Workbook& workbook, const std::string& name, std::size_t most) {
+    std::vector<int> columns(kPreviewColumns);
+    std::iota(columns.begin(), columns.end(), 1);
+    std::vector<std::vector<std::string>> rows;
+    workbook.ReadSheet(name, columns, [&](std::int32_t row, std::vector<std::string> cells) {
+        if (static_cast<std::size_t>(row) > most)
+            return false;
+        while (!cells.empty() && cells.back().empty())
+            cells.pop_back();
+        rows.resize(static_cast<std::size_t>(row));
+        rows.back() = std::move(cells);
+        return true;
+    });
+    return rows;
 }
 
 std::string ReadFirstCell(Workbook& workbook, const std::string& name) {

@@ -11,9 +11,15 @@
 
 namespace velmora {
 
+/// By the ending of the name; nothing for a text file.
+std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path);
+/// True when the text of line 1 or cell 1 starts with "VERSION", whatever its case: header lines follow.
+bool AnnouncesHeader(std::string_view firstText);
+
 struct WorksheetOptions {
-    std::vector<int> columns = {1, 2, 3}; ///< of field 1, 2 and 3, from 1; fewer leave fields empty
+    std::vector<int> columns = {1, 2, 3}; ///< of field 1, 2 and 3, from 1; 0 and fewer leave fields empty
     bool heading = false;                 ///< the first row names the columns; a sheet with a header has none
+    bool operator==(const WorksheetOptions&) const = default;
 };
 
 /// A worksheet's cells, as far as a document needs them.
@@ -32,9 +38,9 @@ public:
     explicit WorksheetBuilder(WorksheetOptions options) : options_(std::move(options)) {}
     /// Columns 1 up to this one are looked at.
     int LastColumn() const;
-    /// `row` from 1, ascending; `cells` from column 1. Raises OverflowError above 32767 tabs, and WorkbookError for
-    /// more text than a document may hold.
-    void Add(std::int32_t row, const std::vector<std::string>& cells);
+    /// `row` from 1, ascending; `cells` from column 1. False once there are more tabs than any document holds, which
+    /// the loading refuses. Raises WorkbookError for more text than a document may hold.
+    bool Add(std::int32_t row, const std::vector<std::string>& cells);
     Worksheet Take();
 
 private:
@@ -50,6 +56,9 @@ private:
 Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const WorksheetOptions& options);
 /// The rows of a text list. Raises what the builder raises.
 Worksheet WorksheetOf(const std::vector<std::vector<std::string>>& rows, const WorksheetOptions& options);
+/// The first rows with all columns up to 26, blank rows between them too, to show what is in the sheet. Raises
+/// WorkbookError.
+std::vector<std::vector<std::string>> ReadFirstRows(Workbook& workbook, const std::string& name, std::size_t most);
 /// The first cell alone, for the version tests. Raises WorkbookError.
 std::string ReadFirstCell(Workbook& workbook, const std::string& name);
 

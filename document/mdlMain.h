@@ -9,10 +9,12 @@
 #include "document/TabDocument.h"
 #include "platform/MainWindowStatus.h"
 #include "platform/PrintSystem.h"
+#include "platform/SpreadsheetApplication.h"
 #include "platform/UserInterface.h"
 
 namespace velmora {
 
+class ImportDialogs;
 class RecoveryStore;
 class UndoHistory;
 
@@ -20,11 +22,13 @@ struct MainModule {
     SettingsStore& settings;
     UserInterface& ui;
     PrintSystem& printers;
+    SpreadsheetApplication& spreadsheets;
     TabDocument document;
     GlobalConfiguration globals;
     FontSettings fonts;
     GridEditor* editor = nullptr;       ///< set while a main window lives
     MainWindowStatus* status = nullptr; ///< set while a main window lives
+    ImportDialogs* dialogs = nullptr;   ///< set while a main window lives
     UndoHistory* history = nullptr;     ///< without one nothing can be undone
     RecoveryStore* recovery = nullptr;  ///< without one nothing outlives a crash
     int openTransactions = 0;           ///< above 0 the document may be half changed

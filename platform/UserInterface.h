@@ -26,8 +26,10 @@ struct FileRequest {
     std::string operation; ///< "OPEN" or "SAVE"
     std::string title;
     std::filesystem::path folder;
-    std::string filter;      ///< "Text (*.txt)|*.txt|..." pairs
-    std::string defaultName; ///< a file name without folder
+    std::string filter;           ///< "Text (*.txt)|*.txt|..." pairs
+    std::string defaultName;      ///< a file name without folder
+    std::string moreFilters = {}; ///< further pairs, offered after those of `filter`
+    int chosenFilter = 0;         ///< the pair to start with, from 0
 };
 
 /// A window with a text and a bar, shown from its making to its end. Calling Advance once per tab is cheap: the

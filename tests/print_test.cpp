@@ -32,7 +32,7 @@ struct PrintTest : testing::Test {
     FakePrinters printers;
     FontconfigCatalogue fonts;
     LayoutValues layout;
-    MainModule main{program.settings, program.ui, printers, {}, {}, {}};
+    MainModule main{program.settings, program.ui, printers, program.workbooks, {}, {}, {}};
     FakeViewer viewer;
     PrintModule print{main, layout, fonts, &viewer};
 

@@ -5,6 +5,7 @@
 #include "document/TextList.h"
 #include "platform/linux/LibraryWorkbooks.h"
 #include "platform/linux/NumberFormat.h"
+#include "tests/support/StoredZip.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -130,6 +131,141 @@ TEST_F(WorkbookTest, OthersThanWorkbooksAreRefused) {
         EXPECT_THROW(OpenBytes(bytes), WorkbookError) << bytes.substr(0, 10);
 }
 
+/// A workbook whose sheet "S" has these rows in XML; days count from 1904, and the cell styles 1 to 4 are built-in
+/// formats 14, 22, 37 and 4.
+std::string XlsxBytes(const std::string& rows, std::uint32_t flags = 0) {
+    const std::string relation = "<Relationship Id='%' Type='http://schemas.openxmlformats.org/officeDocument/2006/"
+                                 "relationships/#' Target='@'/>";
+    const auto related = [&](const char* id, const char* type, const char* target) {
+        std::string text = relation;
+        text.replace(text.find('@'), 1, target).replace(text.find('#'), 1, type).replace(text.find('%'), 1, id);
+        return text;
+    };
+    return StoredZip(
+        {{"[Content_Types].xml", "<Types/>"},
+         {"_rels/.rels", "<Relationships>" + related("r1", "officeDocument", "xl/workbook.xml") + "</Relationships>"},
+         {"xl/workbook.xml", "<workbook xmlns:r='r'><workbookPr date1904='1'/><sheets><sheet name='Chart' r:id='c'/>"
+                             "<sheet name='S' r:id='s'/></sheets></workbook>"},
+         {"xl/_rels/workbook.xml.rels", "<Relationships>" + related("c", "chartsheet", "chartsheets/c.xml") +
+                                            related("s", "worksheet", "worksheets/s.xml") +
+                                            related("t", "styles", "styles.xml") + "</Relationships>"},
+         {"xl/styles.xml", "<styleSheet><cellXfs><xf numFmtId='0'/><xf numFmtId='14'/><xf numFmtId='22'/>"
+                           "<xf numFmtId='37'/><xf numFmtId='4'/></cellXfs></styleSheet>"},
+         {"xl/worksheets/s.xml",
+          "<worksheet><dimension ref='A1:XFD1048576'/><sheetData>" + rows + "</sheetData></worksheet>"}},
+        flags);
+}
+
+TEST_F(WorkbookTest, XlsxCellsOfEveryKind) {
+    const struct {
+        const char* cell;
+        const char* text;
+    } cases[] = {{"<c s='1'><v>0</v></c>", "1904-01-01"},
+                 {"<c s='2'><v>1.5</v></c>", "1904-01-02 12:00"},
+                 {"<c s='3'><v>-3000</v></c>", "(3,000)"},
+                 {"<c s='4'><f>1/3</f><v>0.333333</v></c>", "0.33"},
+                 {"<c t='str'><f>A1&amp;B1</f><v>a&lt;b</v></c>", "a<b"},
+                 {"<c t='b'><f>TRUE()</f><v>1</v></c>", "TRUE"},
+                 {"<c t='e'><f>1/0</f><v>#DIV/0!</v></c>", "#DIV/0!"},
+                 {"<c t='inlineStr'><is><r><t>a_x000D_</t></r><r><t>b</t></r><rPh><t>no</t></rPh></is></c>", "a b"},
+                 {"<c t='inlineStr'><is><t>_x005F_x000D_ _xyz_ _x12</t></is></c>", "_x000D_ _xyz_ _x12"}};
+    for (const auto& [cell, text] : cases) {
+        const auto book = OpenBytes(XlsxBytes("<row r='2'>" + std::string(cell) + "</row>"));
+        EXPECT_EQ(book->SheetNames(), std::vector<std::string>{"S"}) << "a chart is no worksheet";
+        EXPECT_EQ(Read(*book, "S", {1}), (Rows{{}, {text}})) << cell;
+    }
+}
+
+TEST_F(WorkbookTest, ASheetOfAMillionRowsCostsWhatItHolds) {
+    const auto book = OpenBytes(XlsxBytes("<row r='1'><c t='str'><v>first</v></c></row>"
+                                          "<row r='1048576'><c t='str'><v>last</v></c></row>"));
+    EXPECT_EQ(ReadFirstRows(*book, "S", 20), (Rows{{"first"}}));
+    const Worksheet sheet = ReadWorksheet(*book, "S", {});
+    EXPECT_EQ(sheet.rows.size(), 1u);
+    EXPECT_EQ(sheet.lines, 1048576) << "too many, which the loading finds";
+    EXPECT_THROW(LoadDocument(program.main, sheet), OverflowError);
+}
+
+std::string OdsBytes(const std::string& rows, const std::string& manifest = "<manifest/>") {
+    return StoredZip(
+        {{"content.xml", "<d xmlns:t='t' xmlns:x='x' xmlns:o='o'><t:table t:name='S'>" + rows + "</t:table></d>"},
+         {"META-INF/manifest.xml", manifest}});
+}
+
+TEST_F(WorkbookTest, OdsRowsAndCellsMayBeRepeatedOrMerged) {
+    const auto cell = [](const std::string& text, const std::string& attributes = "") {
+        return "<t:table-cell " + attributes + ">" + text + "</t:table-cell>";
+    };
+    const std::string rows =
+        "<t:table-row t:number-rows-repeated='2'>" + cell("<x:p>a</x:p>", "t:number-columns-repeated='2'") +
+        cell("<o:annotation><x:p>note</x:p></o:annotation><x:p>c<x:s x:c='2'/>d</x:p><x:p>e</x:p>") +
+        "</t:table-row><t:table-row t:number-rows-repeated='3'>" + cell("", "t:number-columns-repeated='16384'") +
+        "</t:table-row><t:table-row>" + cell("<x:p>merged</x:p>", "t:number-columns-spanned='2'") +
+        "<t:covered-table-cell/>" + cell("<x:p>\u22125</x:p>", "o:value-type='float' o:value='-5'") +
+        "</t:table-row><t:table-row t:number-rows-repeated='1048570'>" + cell("") + "</t:table-row>";
+    const std::vector<std::string> repeated = {"a", "a", "c  d e"};
+    EXPECT_EQ(Read(*OpenBytes(OdsBytes(rows)), "S", {1, 2, 3}),
+              (Rows{repeated, repeated, {}, {}, {}, {"merged", "", "-5"}}));
+    const std::string endless =
+        "<t:table-row t:number-rows-repeated='2147483647'>" + cell("<x:p>x</x:p>") + "</t:table-row>";
+    std::int32_t last = 0;
+    OpenBytes(OdsBytes(endless + endless))->ReadSheet("S", {1}, [&](std::int32_t row, const auto&) {
+        return last = row, true;
+    });
+    EXPECT_EQ(last, 1048576);
+}
+
+/// With every `from` in another's place, of the same length.
+std::string Replaced(std::string bytes, const std::string& from, const std::string& to) {
+    const std::size_t at = bytes.find(from);
+    EXPECT_NE(at, std::string::npos);
+    return bytes.replace(at, from.size(), to);
+}
+
+std::string Utf16(const std::string& ascii, std::size_t bytes) {
+    std::string text;
+    for (const char letter : ascii)
+        (text += letter) += '\0';
+    text.resize(bytes);
+    return text;
+}
+
+TEST_F(WorkbookTest, APasswordIsNamedAsTheReason) {
+    const std::string xls = Written(WorkbookFormat::Xls, {{"x"}});
+    const auto nameLength = [](char bytes) { return std::string{bytes, '\0'}; };
+    const std::pair<const char*, std::string> cases[] = {
+        {".xls", Replaced(xls, std::string("\x93\x02\x04\0", 4), std::string("\x2F\0\x04\0", 4))},
+        {".xlsx",
+         Replaced(xls, Utf16("Workbook", 64) + nameLength(18), Utf16("EncryptedPackage", 64) + nameLength(34))},
+        {".ods",
+         OdsBytes("", "<m:manifest xmlns:m='m'><m:file-entry><m:encryption-data/></m:file-entry></m:manifest>")},
+        {"zip", XlsxBytes("", 1)}};
+    for (const auto& [what, bytes] : cases)
+        try {
+            OpenBytes(bytes);
+            ADD_FAILURE() << what << " was opened";
+        } catch (const WorkbookError& error) {
+            EXPECT_STREQ(error.what(), "the workbook is protected by a password") << what;
+        }
+}
+
+TEST_F(WorkbookTest, PartsThatAreNotWhatTheDirectorySaysAreDamaged) {
+    const std::string whole = ReadFile(Data("cells.xlsx"));
+    for (std::size_t entry = whole.find("PK\x01\x02"); entry != std::string::npos;
+         entry = whole.find("PK\x01\x02", entry + 1)) {
+        if (whole.substr(entry + 46, 30).find("sheet1.xml") == std::string::npos)
+            continue;
+        for (const std::size_t field : {16u, 24u}) { // its checksum, its size: now 16 bytes
+            std::string bytes = whole;
+            bytes.replace(entry + field, 4, std::string("\x10\0\0\0", 4));
+            Rows rows;
+            EXPECT_THROW(rows = Read(*OpenBytes(bytes), "Cells", {1}), WorkbookError) << field;
+        }
+        return;
+    }
+    ADD_FAILURE() << "no sheet in the file";
+}
+
 TEST(WorksheetBuilderTest, KeepsWhatIsBetweenAndCutsWhatTrails) {
     WorksheetBuilder builder({{2, 1}, true});
     builder.Add(1, {"Name", "Year"});
@@ -140,8 +276,8 @@ TEST(WorksheetBuilderTest, KeepsWhatIsBetweenAndCutsWhatTrails) {
     ASSERT_EQ(sheet.lines, 4);
     EXPECT_EQ(sheet.rows[0], (std::array<std::string, 3>{"1", "a, b", ""}));
     WorksheetBuilder full({});
-    EXPECT_NO_THROW(full.Add(32767, {"x"}));
-    EXPECT_THROW(full.Add(32768, {"x"}), OverflowError);
+    EXPECT_TRUE(full.Add(32767, {"x"}));
+    EXPECT_FALSE(full.Add(32768, {"x"}));
 }
 
 TEST(NumberFormatTest, LaysNumbersOut) {
@@ -172,6 +308,38 @@ TEST(NumberFormatTest, LaysNumbersOut) {
                  {1e20, "", "1E+20"}};
     for (const auto& [value, code, text] : cases)
         EXPECT_EQ(FormatNumber(value, code, false), text) << code;
+}
+
+/// The examples that the codes' public documentation gives, and the built-in codes of the file formats' standards.
+TEST(NumberFormatTest, FollowsTheDocumentedExamples) {
+    const struct {
+        double value;
+        const char* code;
+        const char* text;
+    } cases[] = {{1234.59, "####.#", "1234.6"},
+                 {8.9, "#.000", "8.900"},
+                 {.631, "0.#", "0.6"},
+                 {12, "#.0#", "12.0"},
+                 {1234.568, "#.0#", "1234.57"},
+                 {44.398, "???.???", " 44.398"},
+                 {12000, "#,###", "12,000"},
+                 {12000, "#,", "12"},
+                 {12200000, "0.0,,", "12.2"},
+                 {12345.58, "0.0E+00", "1.2E+04"},
+                 {0.00052, "0.0E-00", "5.2E-04"},
+                 {12345.58, "0.0E-00", "1.2E04"},
+                 {12.14, "\"length=\"0.00\\m", "length=12.14m"},
+                 {-5678, "$#,##0.00_);[Red]($#,##0.00)", "($5,678.00)"},
+                 {1.5, "00.00", "01.50"},
+                 {100, "[<=100]\"low\";[Blue]\"high\"", "low"},
+                 {101, "[<=100]\"low\";[Blue]\"high\"", "high"}};
+    for (const auto& [value, code, text] : cases)
+        EXPECT_EQ(FormatNumber(value, code, false), text) << code;
+    EXPECT_EQ(FormatNumber(12200000, BuiltInNumberFormat(48), false), "12.2E+6");
+    EXPECT_EQ(FormatNumber(996, BuiltInNumberFormat(48), false), "996.0E+0");
+    EXPECT_EQ(FormatNumber(999.96, BuiltInNumberFormat(48), false), "1.0E+3");
+    EXPECT_EQ(FormatNumber(0.00012, BuiltInNumberFormat(48), false), "120.0E-6");
+    EXPECT_EQ(FormatNumber(-1234.5, BuiltInNumberFormat(39), false), "(1,234.50)");
 }
 
 TEST(TextListTest, GuessesTheDelimiterAndKnowsQuotes) {

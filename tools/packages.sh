@@ -13,6 +13,8 @@ libharfbuzz-dev     has_pkg harfbuzz-subset
 libfontconfig-dev   has_pkg fontconfig
 zlib1g-dev          has_pkg zlib
 libexpat1-dev       has_pkg expat
+libzip-dev          has_pkg libzip
+libgsf-1-dev        has_pkg libgsf-1
 libxlsxwriter-dev   has_pkg xlsxwriter
 libcups2-dev        has_file include/cups/cups.h
 libcli11-dev        has_file include/CLI/CLI.hpp

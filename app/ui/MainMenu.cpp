@@ -23,8 +23,8 @@ namespace {
 constexpr MenuItem kSeparator = {nullptr, nullptr, nullptr, nullptr};
 constexpr ToolButton kGap = {nullptr, nullptr};
 
-void Open(CommandContext& context) {
-    if (OpenCommand(context.program.main) == OpenOutcome::NoPrinter)
+template <OpenKind kind> void Open(CommandContext& context) {
+    if (OpenCommand(context.program.main, kind) == OpenOutcome::NoPrinter)
         QApplication::quit();
 }
 
@@ -113,11 +113,11 @@ std::span<const Menu> Menus() {
         {"mnuFile",
          "&File",
          {{"mnuNew", "&New", "Ctrl+N", Call<NewCommand>},
-          {"mnuOpen", "&Open", "Ctrl+O", Open},
+          {"mnuOpen", "&Open", "Ctrl+O", Open<OpenKind::Open>},
           {"mnuSave", "&Save", "Ctrl+S", Save<SaveKind::Save>},
           {"mnuSaveAs", "Save &as ...", "Ctrl+Shift+S", Save<SaveKind::SaveAs>},
           kSeparator,
-          {"mnuImport", "&Import", "", nullptr},
+          {"mnuImport", "&Import", "", Open<OpenKind::Import>},
           {"mnuExport", "&Export", "", Save<SaveKind::Export>},
           {"mnuSavePdf", "Save as P&DF ...", "", SavePdf},
           kSeparator,

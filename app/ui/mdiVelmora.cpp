@@ -73,6 +73,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     resize(kFirstSize);
     RestorePlace(*this, program_.main.settings, kPositionKey);
     program_.main.status = this;
+    program_.main.dialogs = &importForms_;
     // Deliberate: the stored page count starts empty with every run.
     Write(program_.main.settings, kNoOfPages, "");
     ApplyTabType(program_.main);
@@ -85,6 +86,7 @@ mdiVelmora::~mdiVelmora() {
     program_.print.viewer = nullptr;
     delete grid_; // before the panels that it writes to
     program_.main.status = nullptr;
+    program_.main.dialogs = nullptr;
 }
 
 void mdiVelmora::BuildMenus() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Program.h"
+#include "document/ui/ImportForms.h"
 #include "print/ui/frmPreview.h"
 
 #include <QMainWindow>
@@ -48,6 +49,7 @@ private:
     void ShowHistory();
 
     Program& program_;
+    ImportForms importForms_{program_.main, this};
     frmGrid2a4* grid_ = nullptr;
     std::array<QLabel*, kStatusPanels> panels_ = {};
     QTimer keepTimer_;

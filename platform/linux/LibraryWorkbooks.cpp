@@ -8,37 +8,6 @@
 #include <algorithm>
 
 namespace velmora {
-namespace {
-
-#ifdef VELMORA_HAS_EXPAT
-constexpr bool kHasXml = true;
-#else
-constexpr bool kHasXml = false;
-std::unique_ptr<Workbook> RaiseNoXml() {
-    throw WorkbookError("this build reads no workbooks of this format");
-}
-#endif
-#ifdef VELMORA_HAS_XLSXWRITER
-constexpr bool kWritesXlsx = true;
-#else
-constexpr bool kWritesXlsx = false;
-#endif
-
-} // namespace
-
-#ifndef VELMORA_HAS_EXPAT
-std::unique_ptr<Workbook> OpenXlsx(ZipFile) {
-    return RaiseNoXml();
-}
-std::unique_ptr<Workbook> OpenOds(ZipFile) {
-    return RaiseNoXml();
-}
-#endif
-#ifndef VELMORA_HAS_XLSXWRITER
-std::string WriteXlsx(const std::string&, const SheetRowSource&) {
-    throw WorkbookError("this build writes no workbooks of this format");
-}
-#endif
 
 bool SheetRow::Wants(int column) const {
     return std::find(columns_.begin(), columns_.end(), column) != columns_.end();
@@ -81,12 +50,12 @@ void RaiseDamaged() {
     throw WorkbookError("the workbook is damaged");
 }
 
-bool LibraryWorkbooks::CanRead(WorkbookFormat format) const {
-    return format == WorkbookFormat::Xls || kHasXml;
+bool LibraryWorkbooks::CanRead(WorkbookFormat) const {
+    return true;
 }
 
 bool LibraryWorkbooks::CanWrite(WorkbookFormat format) const {
-    return format == WorkbookFormat::Xls || (format == WorkbookFormat::Xlsx && kWritesXlsx);
+    return format != WorkbookFormat::Ods;
 }
 
 std::unique_ptr<Workbook> LibraryWorkbooks::Open(const std::filesystem::path& path) {

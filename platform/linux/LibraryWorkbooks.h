@@ -1,5 +1,5 @@
-// Workbooks without a spreadsheet application: OLE2 and zip containers taken apart here, XML by expat, .xlsx written by
-// libxlsxwriter. Without one of these libraries the formats that need it can be neither read nor written.
+// Workbooks without a spreadsheet application: the containers are libzip's and libgsf's work, XML is expat's, .xlsx is
+// written by libxlsxwriter; the records of .xls and the cells of all formats are taken apart here.
 #pragma once
 
 #include "platform/SpreadsheetApplication.h"

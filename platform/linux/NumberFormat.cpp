@@ -205,10 +205,13 @@ public:
     Digits(double value, const NumberShape& shape) : shape_(shape) {
         value *= shape.scale;
         if (shape.exponent > 0) {
-            const std::string text = Print("%.*e", std::min(shape.decimals, 30), value);
+            const std::string text = Print("%.*e", std::min(shape.decimals + std::max(shape.whole, 1) - 1, 30), value);
             const std::size_t e = text.find('e');
             power_ = std::atoi(text.c_str() + e + 1);
-            Split(text.substr(0, e));
+            if (shape.whole > 1)
+                SplitInSteps(value);
+            else
+                Split(text.substr(0, e));
         } else // halves go up as they are written in decimal
             Split(Print("%.*f", std::min(shape.decimals, 30), value * (1 + 1e-15)));
     }
@@ -242,6 +245,12 @@ public:
     }
 
 private:
+    /// Several places before the point make the power a multiple of their number.
+    void SplitInSteps(double value) {
+        const int step = shape_.whole;
+        power_ -= (power_ % step + step) % step;
+        Split(Print("%.*f", std::min(shape_.decimals, 30), value / std::pow(10, power_)));
+    }
     void Split(const std::string& text) {
         const std::size_t point = std::min(text.find('.'), text.size());
         const std::size_t first = std::min(text.find_first_not_of('0'), point);
@@ -419,12 +428,13 @@ std::string_view BuiltInNumberFormat(int number) {
     case 21: return "h:mm:ss";
     case 22: return "yyyy-mm-dd h:mm";
     case 37:
-    case 38: return "#,##0;-#,##0";
+    case 38: return "#,##0;(#,##0)";
     case 39:
-    case 40: return "#,##0.00;-#,##0.00";
+    case 40: return "#,##0.00;(#,##0.00)";
     case 45: return "mm:ss";
     case 46: return "[h]:mm:ss";
     case 47: return "mm:ss.0";
+    case 48: return "##0.0E+0";
     default: return "General";
     }
 }

@@ -397,12 +397,11 @@ void Xls::ReadSheet(const std::string& name, const std::vector<int>& columns, co
 } // namespace
 
 std::unique_ptr<Workbook> OpenXls(std::string bytes) {
-    const OleFile container(bytes);
-    if (container.Stream("EncryptedPackage"))
+    if (ReadOleStream(bytes, "EncryptedPackage"))
         throw WorkbookError("the workbook is protected by a password");
-    auto stream = container.Stream("Workbook");
+    auto stream = ReadOleStream(bytes, "Workbook");
     if (!stream)
-        stream = container.Stream("Book");
+        stream = ReadOleStream(bytes, "Book");
     if (!stream)
         throw WorkbookError("the file is no workbook");
     return std::make_unique<Xls>(*std::move(stream));

@@ -168,7 +168,7 @@ std::string WriteXls(const std::string& sheetName, const SheetRowSource& rows) {
     stream += cells.records;
     AppendRecord(stream, biff::kWindow2, Numbers({{0x06B6, 2}, {0, 4}, {0x40, 4}, {0, 4}, {0, 4}}));
     AppendRecord(stream, biff::kEof, "");
-    return WriteOleFile("Workbook", std::move(stream));
+    return WriteOleFile("Workbook", stream);
 }
 
 } // namespace velmora

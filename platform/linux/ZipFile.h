@@ -2,9 +2,8 @@
 // damaged, so no part costs more than the directory said beforehand.
 #pragma once
 
-#include <cstdint>
 #include <functional>
-#include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -14,26 +13,17 @@ class ZipFile {
 public:
     /// Raises WorkbookError for what is no zip file, and for XML parts of more than kMostWorkbookBytes in all.
     explicit ZipFile(std::string bytes);
+    ~ZipFile();
+    ZipFile(ZipFile&&) noexcept;
 
-    bool Has(const std::string& name) const { return entries_.contains(name); }
+    bool Has(const std::string& name) const;
     /// Hands the part on in pieces until the sink returns false. Raises WorkbookError for a missing, damaged or
     /// encrypted part.
     void Read(const std::string& name, const std::function<bool(std::string_view piece)>& sink) const;
 
 private:
-    struct Entry {
-        std::size_t at = 0; ///< of the local header
-        std::size_t packed = 0;
-        std::size_t size = 0;
-        std::uint32_t checksum = 0;
-        int method = 0;
-        bool encrypted = false;
-    };
-    void ReadDirectory();
-    std::string_view Packed(const Entry& entry) const;
-
-    std::string bytes_;
-    std::map<std::string, Entry> entries_;
+    struct Archive;
+    std::unique_ptr<Archive> archive_;
 };
 
 } // namespace velmora

@@ -70,9 +70,9 @@ QStringList NameFilters(const std::string& filter) {
     return filters;
 }
 
-/// "csv" for a filter whose first pattern is "*.csv".
-QString FirstSuffix(const std::string& filter) {
-    return Text(filter).section('|', 1, 1).section('.', 1, 1);
+/// "csv" for "Text (*.csv)".
+QString Suffix(const QString& nameFilter) {
+    return nameFilter.section("(*.", -1).section(')', 0, 0).section(' ', 0, 0);
 }
 
 } // namespace
@@ -102,13 +102,18 @@ std::unique_ptr<Progress> QtUserInterface::StartCancellable(const std::string& t
 
 std::optional<std::filesystem::path> QtUserInterface::ChooseFile(const FileRequest& request) {
     QFileDialog dialog(QApplication::activeWindow(), Text(request.title), Text(request.folder.string()));
-    dialog.setNameFilters(NameFilters(request.filter));
+    const QStringList filters =
+        NameFilters(request.moreFilters.empty() ? request.filter : request.filter + "|" + request.moreFilters);
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(request.chosenFilter));
     const bool saving = request.operation == "SAVE";
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the program asks in its own words
     if (saving) {
-        dialog.setDefaultSuffix(FirstSuffix(request.filter));
+        const auto follow = [&dialog](const QString& filter) { dialog.setDefaultSuffix(Suffix(filter)); };
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+        follow(filters.value(request.chosenFilter));
         dialog.selectFile(Text(request.defaultName));
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())

@@ -31,7 +31,7 @@ public:
     /// `printers` null: the built-in ones.
     explicit RunningProgram(PrintSystem* printers = nullptr)
         : test([](const std::string& text) { qFatal("%s", text.c_str()); }),
-          program{{test.settings, test.ui, printers ? *printers : test.printers, {}, {}, {}}, {}, fonts, {}, {}, {}} {
+          program{{test.settings, test.ui, printers ? *printers : test.printers, test.workbooks, {}, {}, {}}, {}, fonts, {}, {}, {}} {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
         test.Store("Settings", "Start with setup", "False");
@@ -47,7 +47,7 @@ public:
     LoadOutcome ShowPageSetup() override { return velmora::ShowPageSetup(program, window.get()); }
     void Start(const std::string& commandLine = "") {
         Main(program, commandLine, *this);
-        window->activateWindow();
+        window->activateWindow(); // a dialog may have been in front
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
     void Start(int type, int fields, int pages) {

@@ -1,5 +1,6 @@
 // Open, New, Save, pages and find, each flow driven through the window's own commands.
 #include "editor/ui/frmFind.h"
+#include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
 
 #include <QCheckBox>
@@ -67,7 +68,10 @@ private slots:
                                       "OPEN|Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|Tabs.csv");
         Tell(running, "The file: " + Named(running, "plain.csv") +
                           " is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
-        running.Trigger("mnuOpen");
+        {
+            const DialogAnswer import("frmImport", [](QDialog& dialog) { dialog.accept(); });
+            running.Trigger("mnuOpen");
+        }
         QCOMPARE(running.Box("TextA1(1)")->text(), QString("one"));
 
         ReplaceFile(running.test.folder / "seven.csv", "VERSION7\r\nP,A4,1,2\r\n0,0\r\nA\r\nB\r\nC\r\nold,,\r\n");

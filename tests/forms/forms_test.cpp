@@ -1,6 +1,7 @@
 // The main window and its grid on the offscreen platform, driven through the named controls.
 #include "editor/ui/frmGrid2a4.h"
 #include "platform/qt/QtUserInterface.h"
+#include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
 
 #include <QAbstractButton>
@@ -177,7 +178,10 @@ private slots:
                                    "] is not an Velmora version 7 or version 8 file.\r\n\r\n"
                                    "Velmora will attempt to import it!",
                                Icon::Information);
-        running.Start((running.test.folder / "odd.csv").string());
+        {
+            const DialogAnswer import("frmImport", [](QDialog& dialog) { dialog.accept(); });
+            running.Start((running.test.folder / "odd.csv").string());
+        }
         SaveLabel(running.program.main, 1, 24);
         QCOMPARE(running.program.main.document.FieldA(1), std::string(30, 'x') + "\ty");
         QCOMPARE(running.program.main.document.FieldB(1), std::string("hidden"));

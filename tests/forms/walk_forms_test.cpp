@@ -84,13 +84,26 @@ private:
     std::filesystem::path folder_;
 };
 
+/// Takes a list as it is offered, or cancels.
+struct AnyImport : ImportDialogs {
+    explicit AnyImport(Chance& chance) : chance_(chance) {}
+    std::string SelectSheet(const std::vector<std::string>&) override { return ""; }
+    std::optional<ImportChoice> ChooseImport(const ImportRequest&, const ImportChoice& choice) override {
+        return chance_.Below(3) > 0 ? std::optional(choice) : std::nullopt;
+    }
+
+private:
+    Chance& chance_;
+};
+
 /// A started program whose person answers by chance.
 class WalkingProgram : public Forms {
 public:
-    explicit WalkingProgram(Chance& chance) : person(chance, test.folder.Path()) {
+    explicit WalkingProgram(Chance& chance) : person(chance, test.folder.Path()), imports(chance) {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
         Main(program, "", *this);
+        program.main.dialogs = &imports;
     }
     void ShowMainWindow() override {
         window = std::make_unique<mdiVelmora>(program);
@@ -105,7 +118,8 @@ public:
     FontconfigCatalogue fonts;
     TestProgram test{[](const std::string& text) { qFatal("%s", text.c_str()); }};
     AnyAnswer person;
-    Program program{{test.settings, person, test.printers, {}, {}, {}}, {}, fonts, {}, {}, {}};
+    AnyImport imports;
+    Program program{{test.settings, person, test.printers, test.workbooks, {}, {}, {}}, {}, fonts, {}, {}, {}};
     std::unique_ptr<mdiVelmora> window;
 };
 

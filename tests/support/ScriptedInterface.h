@@ -27,7 +27,8 @@ public:
                 std::optional<Answer> defaultButton = std::nullopt, std::function<void()> meanwhile = {}) {
         script_.push_back({text, icon, buttons, answer, defaultButton, {}, "", std::move(meanwhile)});
     }
-    /// A file or folder chooser with this title; nothing chosen: cancelled. `request` is "operation|filter|name".
+    /// A file or folder chooser with this title; nothing chosen: cancelled. `request` is "operation|filter|name", and
+    /// "|" with the filter chosen first unless it is 0.
     void ExpectChooser(const std::string& title, std::optional<std::filesystem::path> chosen,
                        const std::string& request = "") {
         script_.push_back({title, Icon::None, Buttons::Ok, Answer::Ok, std::nullopt, std::move(chosen), request, {}});
@@ -58,7 +59,8 @@ public:
     }
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override {
         const Step step = Next(request.title);
-        const std::string shown = request.operation + "|" + request.filter + "|" + request.defaultName;
+        const std::string shown = request.operation + "|" + request.filter + "|" + request.defaultName +
+                                  (request.chosenFilter > 0 ? "|" + std::to_string(request.chosenFilter) : "");
         if (!step.request.empty() && step.request != shown)
             fail_("other chooser: " + shown);
         return step.chosen;

@@ -3,6 +3,7 @@
 
 #include "document/mdlMain.h"
 #include "platform/linux/BuiltInPrinters.h"
+#include "platform/linux/LibraryWorkbooks.h"
 #include "platform/linux/RegistryFile.h"
 #include "tests/support/ScriptedInterface.h"
 #include "tests/support/TemporaryFolder.h"
@@ -27,8 +28,9 @@ struct TestProgram {
     ScriptedInterface ui;
     RegistryFile registry{folder / "Velmora.reg"};
     BuiltInPrinters printers;
+    LibraryWorkbooks workbooks;
     SettingsStore settings{registry, ui};
-    MainModule main{settings, ui, printers, {}, {}, {}};
+    MainModule main{settings, ui, printers, workbooks, {}, {}, {}};
 };
 
 } // namespace velmora

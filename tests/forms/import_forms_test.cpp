@@ -1,0 +1,225 @@
+// Import through the window: the choice of a sheet, of its columns, and of the file.
+#include "platform/qt/QtUserInterface.h"
+#include "tests/forms/DialogAnswer.h"
+#include "tests/forms/RunningProgram.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableWidget>
+
+namespace {
+
+using namespace velmora;
+
+using Rows = std::vector<std::vector<std::string>>;
+
+class ImportFormsTest : public QObject {
+    Q_OBJECT
+
+    static std::filesystem::path Book(RunningProgram& running, const Rows& rows) {
+        std::string bytes;
+        std::size_t next = 0;
+        const auto source = [&](std::vector<std::string>& row) {
+            row = next < rows.size() ? rows[next] : row;
+            return next++ < rows.size();
+        };
+        running.test.workbooks.Write(WorkbookFormat::Xls, "Tabs", source, [&](auto piece) { bytes += piece; });
+        ReplaceFile(running.test.folder / "book.xls", bytes);
+        return running.test.folder / "book.xls";
+    }
+    static std::filesystem::path Three() {
+        return std::filesystem::path(VELMORA_TEST_DATA) / "workbooks" / "three.xls";
+    }
+    /// Opens the file by a command, as far as its announcement.
+    static void Choose(RunningProgram& running, const std::filesystem::path& path, const char* title = "Import") {
+        running.test.ui.ExpectChooser(title, path);
+    }
+    static void Announce(RunningProgram& running, const std::filesystem::path& path) {
+        running.test.ui.Expect("The file: [" + path.string() +
+                                   "] is not an Velmora version 7 or version 8 file.\r\n\r\n"
+                                   "Velmora will attempt to import it!",
+                               Icon::Information);
+    }
+    template <typename Control> static Control& In(QDialog& dialog, const char* name) {
+        return *dialog.findChild<Control*>(name);
+    }
+    static QStringList Shown(QDialog& dialog, int row) {
+        const auto& table = In<QTableWidget>(dialog, "tblPreview");
+        QStringList texts;
+        for (int column = 0; column < table.columnCount(); ++column)
+            texts << (table.item(row, column) ? table.item(row, column)->text() : "");
+        return texts;
+    }
+    static QStringList Titles(QDialog& dialog) {
+        const auto& table = In<QTableWidget>(dialog, "tblPreview");
+        QStringList titles;
+        for (int column = 0; column < table.columnCount(); ++column)
+            titles << table.horizontalHeaderItem(column)->text();
+        return titles;
+    }
+
+private slots:
+    void init() { FailOnWarnings(); }
+
+    void theOnlySheetAndItsDefaultsAreOneEnter() {
+        RunningProgram running;
+        running.Start();
+        const auto path = Book(running, {{"Smith", "2024"}, {"Jones"}});
+        Choose(running, path);
+        Announce(running, path);
+        {
+            const DialogAnswer import("frmImport", [](QDialog& dialog) {
+                QCOMPARE(Shown(dialog, 0), (QStringList{"Smith", "2024", ""}));
+                QCOMPARE(Titles(dialog), (QStringList{"A\nField A", "B\nField B", "C\nField C"}));
+                QVERIFY(!dialog.findChild<QComboBox*>("cboDelimiter"));
+                QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+            });
+            running.Trigger("mnuImport");
+        }
+        QCOMPARE(running.Box("TextA1(2)")->text(), QString("Jones"));
+        QVERIFY(running.window->windowTitle().contains("book.xls"));
+        QVERIFY(running.window->isWindowModified());
+    }
+
+    void aSheetIsChosenByAClick() {
+        RunningProgram running;
+        running.Start();
+        Choose(running, Three());
+        running.test.ui.Expect("Please select the sheet to import", Icon::Question);
+        Announce(running, Three());
+        {
+            const DialogAnswer select("frmSelectSheet", [](QDialog& dialog) {
+                auto& list = In<QListWidget>(dialog, "lstSheets");
+                QCOMPARE(list.count(), 3);
+                QTest::qWait(1); // the prompt follows the activation
+                QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(2)).center());
+            });
+            const DialogAnswer import("frmImport", [](QDialog& dialog) { dialog.accept(); });
+            running.Trigger("mnuImport");
+        }
+        QCOMPARE(running.Box("TextA1(1)")->text(), QString("three"));
+    }
+
+    void cancellingLeavesEverything() {
+        RunningProgram running;
+        running.Start();
+        running.program.main.document.FieldA(1) = "typed";
+        Choose(running, Three());
+        running.test.ui.Expect("Please select the sheet to import", Icon::Question);
+        running.test.ui.Expect("You have not selected a work sheet to import", Icon::Critical);
+        {
+            const DialogAnswer select("frmSelectSheet", [](QDialog& dialog) {
+                QTest::qWait(1);
+                In<QPushButton>(dialog, "cmsCancel").click();
+            });
+            running.Trigger("mnuImport");
+        }
+        const auto path = Book(running, {{"x"}});
+        Choose(running, path, "Open");
+        Announce(running, path);
+        {
+            const DialogAnswer import("frmImport", [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+            running.Trigger("mnuOpen");
+        }
+        QCOMPARE(running.program.main.document.FieldA(1), std::string("typed"));
+        QVERIFY(running.window->windowTitle().contains("[Untitled]"));
+        QVERIFY(!running.window->isWindowModified());
+    }
+
+    void columnsAndHeadingAreShownAsChosen() {
+        RunningProgram running;
+        running.Start();
+        const auto path = Book(running, {{"Client", "Year", "", "File"}, {"Smith", "2024", "", "7"}});
+        Choose(running, path);
+        Announce(running, path);
+        {
+            const DialogAnswer import("frmImport", [](QDialog& dialog) {
+                In<QComboBox>(dialog, "cboField1").setCurrentIndex(4);
+                In<QComboBox>(dialog, "cboField2").setCurrentIndex(4);
+                In<QComboBox>(dialog, "cboField3").setCurrentIndex(0);
+                In<QCheckBox>(dialog, "chkHeading").click();
+                QCOMPARE(Titles(dialog), (QStringList{"A - Client", "B - Year", "C", "D - File\nField A Field B"}));
+                QCOMPARE(Shown(dialog, 0), (QStringList{"Smith", "2024", "", "7"}));
+                QCOMPARE(In<QComboBox>(dialog, "cboField1").currentText(), QString("D - File"));
+                In<QPushButton>(dialog, "cmdImport").click();
+            });
+            running.Trigger("mnuImport");
+        }
+        const TabDocument& document = running.program.main.document;
+        QCOMPARE(document.FieldA(1) + document.FieldB(1) + document.FieldC(1), std::string("77"));
+        QCOMPARE(document.FieldA(2), std::string());
+    }
+
+    void aListFollowsItsSeparatorAndEncoding() {
+        RunningProgram running;
+        running.Start();
+        const auto path = running.test.folder / "list.csv";
+        ReplaceFile(path, "\xC3\xA9,1;b\r\n");
+        Choose(running, path, "Open");
+        Announce(running, path);
+        {
+            const DialogAnswer import("frmImport", [](QDialog& dialog) {
+                QCOMPARE(Shown(dialog, 0), (QStringList{"\u00e9", "1;b", ""}));
+                In<QComboBox>(dialog, "cboDelimiter").setCurrentText("Semicolon");
+                QCOMPARE(Shown(dialog, 0), (QStringList{"\u00e9,1", "b", ""}));
+                In<QComboBox>(dialog, "cboEncoding").setCurrentText("Windows-1252");
+                QCOMPARE(Shown(dialog, 0), (QStringList{"\u00c3\u00a9,1", "b", ""}));
+                In<QComboBox>(dialog, "cboEncoding").setCurrentText("UTF-8");
+                dialog.accept();
+            });
+            running.Trigger("mnuOpen");
+        }
+        QCOMPARE(running.Box("TextA1(1)")->text(), QString("\u00e9,1"));
+    }
+
+    void aBadWorkbookSaysWhyAndChangesNothing() {
+        RunningProgram running;
+        running.Start();
+        running.program.main.document.FieldA(1) = "typed";
+        const auto path = Book(running, {{"x"}});
+        ReplaceFile(path, ReadFile(path).substr(0, 700));
+        Choose(running, path);
+        running.test.ui.Expect("the workbook is damaged\r\nCalled form Function:OpenNewFile", Icon::Critical);
+        running.test.ui.Expect("Could not finish process", Icon::Information);
+        running.test.ui.Expect("The file could not be opened successfully", Icon::Information);
+        running.Trigger("mnuImport");
+        QCOMPARE(running.program.main.document.FieldA(1), std::string("typed"));
+    }
+
+    void theChooserOffersEveryFormat() {
+        FileRequest request{"OPEN", "Import", QDir::tempPath().toStdString(),
+                            "Text (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"};
+        request.moreFilters = "Workbook (*.xlsx)|*.xlsx";
+        request.chosenFilter = 1;
+        {
+            const DialogAnswer open("", [](QDialog& dialog) {
+                auto& chooser = dynamic_cast<QFileDialog&>(dialog);
+                QCOMPARE(chooser.nameFilters(),
+                         (QStringList{"Text (*.csv)", "Excel file (*.xls)", "Workbook (*.xlsx)"}));
+                QCOMPARE(chooser.selectedNameFilter(), QString("Excel file (*.xls)"));
+                chooser.reject();
+            });
+            QVERIFY(!QtUserInterface().ChooseFile(request));
+        }
+        request.operation = "SAVE";
+        request.chosenFilter = 0;
+        const DialogAnswer save("", [](QDialog& dialog) {
+            auto& chooser = dynamic_cast<QFileDialog&>(dialog);
+            QCOMPARE(chooser.defaultSuffix(), QString("csv"));
+            auto* types = chooser.findChild<QComboBox*>("fileTypeCombo");
+            QTest::keyClick(types, Qt::Key_End);
+            chooser.findChild<QLineEdit*>("fileNameEdit")->setText("velmora-no-such-file");
+            dialog.accept();
+        });
+        const auto chosen = QtUserInterface().ChooseFile(request);
+        QCOMPARE(QString::fromStdString(chosen.value_or("").filename().string()), QString("velmora-no-such-file.xlsx"));
+    }
+};
+
+} // namespace
+
+QTEST_MAIN(ImportFormsTest)
+#include "import_forms_test.moc"

@@ -1,0 +1,330 @@
+// Opening and importing what is no tab file, and saving as a workbook: every question and message over real files.
+#include "app/Commands.h"
+#include "base/AtomicFile.h"
+#include "document/SaveDocument.h"
+#include "document/Undo.h"
+#include "tests/support/ScriptedDialogs.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+using Rows = std::vector<std::vector<std::string>>;
+
+/// Reads well until the reading of the given number, which ends in the middle; 0: always.
+struct FaultyWorkbooks : LibraryWorkbooks {
+    struct Faulty : Workbook {
+        Faulty(std::unique_ptr<Workbook> book, int& failing) : whole(std::move(book)), failingRead(failing) {}
+        const std::vector<std::string>& SheetNames() const override { return whole->SheetNames(); }
+        void ReadSheet(const std::string& name, const std::vector<int>& columns, const SheetRowSink& sink) override {
+            whole->ReadSheet(name, columns, sink);
+            if (--failingRead == 0)
+                throw WorkbookError("the workbook is damaged");
+        }
+        std::unique_ptr<Workbook> whole;
+        int& failingRead;
+    };
+    bool installed = true;
+    int failingRead = 0;
+    bool CanRead(WorkbookFormat) const override { return installed; }
+    std::unique_ptr<Workbook> Open(const fs::path& path) override {
+        return std::make_unique<Faulty>(LibraryWorkbooks::Open(path), failingRead);
+    }
+};
+
+struct ImportTest : testing::Test {
+    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+    FaultyWorkbooks workbooks;
+    UndoHistory history;
+    ScriptedDialogs dialogs;
+    MainModule main{program.settings, program.ui, program.printers, workbooks, {}, {}, {}};
+    TabDocument& document = main.document;
+
+    ImportTest() {
+        main.history = &history;
+        main.dialogs = &dialogs;
+        LoadGlobals(main);
+        NewDocument(main);
+        document.FieldA(1) = "typed";
+    }
+    fs::path Path(const std::string& name) { return program.folder / name; }
+    fs::path Data(const char* name) {
+        fs::copy_file(fs::path(VELMORA_TEST_DATA) / "workbooks" / name, Path(name));
+        return Path(name);
+    }
+    void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
+    void Announce(const fs::path& path) {
+        Tell("The file: [" + path.string() +
+             "] is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
+    }
+    void AskToReplace(const fs::path& path, Answer answer) {
+        program.ui.Expect("Do you want to overwrite the following file?\r\n[" + path.string() + "]", Icon::Question,
+                          Buttons::YesNo, answer, Answer::No);
+    }
+    /// The file will be chosen, the document being untitled, so that nobody is asked about it.
+    void Choose(const fs::path& path) {
+        document.DocFileName.clear();
+        program.ui.ExpectChooser("Open", path);
+    }
+    void ChooseForeign(const fs::path& path) {
+        Choose(path);
+        Announce(path);
+    }
+    std::string Tab(int tab) { return document.FieldA(tab) + "|" + document.FieldB(tab) + "|" + document.FieldC(tab); }
+    Rows ReadBack(const fs::path& path) {
+        Rows rows;
+        const auto book = LibraryWorkbooks().Open(path);
+        book->ReadSheet(book->SheetNames().at(0), {1, 2, 3}, [&](std::int32_t, const auto& texts) {
+            rows.push_back(texts);
+            return true;
+        });
+        return rows;
+    }
+};
+
+TEST_F(ImportTest, AWorksheetBecomesTheDocument) {
+    const fs::path path = Data("three.xls");
+    dialogs.sheet = "Third";
+    program.ui.ExpectChooser("Import", path, "OPEN|Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|Tabs.csv|1");
+    Announce(path);
+    EXPECT_EQ(OpenCommand(main, OpenKind::Import), OpenOutcome::Opened);
+    EXPECT_EQ(dialogs.names, (std::vector<std::string>{"Erste", "Zweite é", "Third"}));
+    EXPECT_EQ(dialogs.shown, (Rows{{"three"}}));
+    EXPECT_EQ(Tab(1), "three||");
+    EXPECT_EQ(document.DocFileName, path);
+    EXPECT_TRUE(document.DocChanged) << "closing asks, since the file does not hold this document";
+    EXPECT_FALSE(history.CanUndo());
+    EXPECT_EQ(program.ui.progressTexts.front(), "Opening Excel file.  Please standby...");
+    EXPECT_EQ(program.ui.progressTexts.back(), "Importing Microsoft Excel Worksheet.  Please standby ...");
+}
+
+TEST_F(ImportTest, AHeaderAsksForNoColumns) {
+    for (const char* file : {"header.xls", "header.xlsx", "header.ods"}) {
+        dialogs.sheet = "Tabs";
+        Choose(Data(file));
+        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << file;
+        EXPECT_EQ(Tab(1), "Smith|2024|");
+        EXPECT_EQ(document.OptType, 4);
+    }
+    EXPECT_EQ(dialogs.asked, 0);
+}
+
+TEST_F(ImportTest, ColumnsGoToTheFieldsChosenForThem) {
+    const fs::path path = Data("cells.xlsx");
+    dialogs.sheet = "Cells";
+    dialogs.change = [](ImportChoice& choice) {
+        choice.cells = {{3, 0, 2}, true};
+        return true;
+    };
+    ChooseForeign(path);
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+    EXPECT_EQ(dialogs.shown.at(0), (std::vector<std::string>{"Müller, Ž 日本", "007", "42"}));
+    EXPECT_EQ(Tab(1), "1,234.50||01/03/2024");
+    EXPECT_EQ(Tab(2), "||") << "a blank row between others is an empty tab";
+    EXPECT_EQ(Tab(3), "0.1||TRUE");
+}
+
+TEST_F(ImportTest, WhatFailsOrIsCancelledChangesNothing) {
+    const std::string failed = "The file could not be opened successfully";
+    const std::string notFinished = "Could not finish process";
+    const auto cause = [](const std::string& text, const char* place) { return text + "\r\nCalled form " + place; };
+    const std::string damaged = "the workbook is damaged";
+    struct Case {
+        const char* file;
+        std::function<void()> prepare;
+        std::vector<std::pair<std::string, Icon>> told;
+    };
+    const Case cases[] = {
+        {"three.xls",
+         [&] { dialogs.sheet.clear(); },
+         {{"You have not selected a work sheet to import", Icon::Critical}}},
+        {"three.ods", [&] { dialogs.change = [](ImportChoice&) { return false; }; }, {{"", Icon::None}}},
+        {"three.xlsx",
+         [&] { workbooks.installed = false; },
+         {{"You have to have Microsoft Excel 2000 (or latter) installed on your PC if you want to open or import an "
+           "Excel file!",
+           Icon::Critical},
+          {failed, Icon::Information}}},
+        {"cells.xls",
+         [&] { ReplaceFile(Path("cells.xls"), "a,b\r\n"); },
+         {{cause("the file is no workbook", "Function:OpenNewFile"), Icon::Critical},
+          {notFinished, Icon::Information},
+          {failed, Icon::Information}}},
+        {"cells95.xls",
+         [&] { workbooks.failingRead = 1; },
+         {{cause(damaged, "Function:OpenNewFile"), Icon::Critical},
+          {"Could not finish the process", Icon::Information},
+          {failed, Icon::Information}}},
+        {"cells.xlsx",
+         [&] { workbooks.failingRead = 2; },
+         {{"", Icon::None},
+          {cause(damaged, "Function:OpenNewFile"), Icon::Critical},
+          {notFinished, Icon::Information},
+          {failed, Icon::Information}}},
+        {"cells.ods",
+         [&] { workbooks.failingRead = 3; },
+         {{"", Icon::None},
+          {cause(damaged, "Sub:LoadData"), Icon::Critical},
+          {notFinished, Icon::Information},
+          {failed, Icon::Information}}}};
+    Write(program.settings, kNoOfFields, "2");
+    const std::string settings = ReadFile(program.settings.IniFile);
+    for (const auto& [file, prepare, told] : cases) {
+        SCOPED_TRACE(file);
+        const fs::path path = Data(file);
+        dialogs.sheet = file[0] == 't' ? "Third" : "Cells";
+        dialogs.change = nullptr;
+        workbooks.installed = true;
+        workbooks.failingRead = 0;
+        prepare();
+        Choose(path);
+        for (const auto& [text, icon] : told)
+            icon == Icon::None ? Announce(path) : Tell(text, icon);
+        EXPECT_NE(OpenCommand(main), OpenOutcome::Opened);
+        EXPECT_EQ(Tab(1), "typed||");
+        EXPECT_EQ(document.TabCount, 24);
+        EXPECT_TRUE(document.DocFileName.empty());
+        EXPECT_EQ(ReadFile(program.settings.IniFile), settings);
+    }
+}
+
+TEST_F(ImportTest, ASheetOfTooManyRowsIsRefusedWhole) {
+    const fs::path path = Path("large.xlsx");
+    std::string bytes;
+    int row = 0;
+    const auto rows = [&](std::vector<std::string>& texts) {
+        texts = {"x"};
+        return ++row <= 100000;
+    };
+    workbooks.Write(WorkbookFormat::Xlsx, "Tabs", rows, [&](std::string_view piece) { bytes += piece; });
+    ReplaceFile(path, bytes);
+    Write(program.settings, kOptType, "5");
+    dialogs.sheet = "Tabs";
+    ChooseForeign(path);
+    Tell("The maximum number of pages for this type on label is:2730");
+    Tell("Could not finish process");
+    Tell("The file could not be opened successfully");
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
+    EXPECT_EQ(Tab(1), "typed||");
+    EXPECT_EQ(document.TabCount, 24);
+}
+
+TEST_F(ImportTest, ListsAreTakenApartAsTheirProgramsWroteThem) {
+    const struct {
+        const char* what;
+        std::string bytes;
+        std::string first;
+        bool changed;
+    } cases[] = {
+        {"a plain list, as a tab file's reader takes it", " a ,b,c,d\r\n\r\n", " a |b|c", false},
+        {"semicolons", "a,1;b;c\r\nd;e;f\r\n", "a,1|b|c", true},
+        {"quotes", "\"a, \"\"b\"\"\",c\r\n", "a, \"b\"|c|", true},
+        {"Windows-1252", "M\xFCller\tx\r\n", "Müller|x|", true},
+        {"UTF-16", std::string("\xFF\xFE\xE9\0\t\0b\0\r\0\n\0", 12), "é|b|", true},
+    };
+    for (const auto& [what, bytes, first, changed] : cases) {
+        const fs::path path = Path("list.txt");
+        ReplaceFile(path, bytes);
+        ChooseForeign(path);
+        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << what;
+        EXPECT_EQ(Tab(1), first) << what;
+        EXPECT_EQ(document.DocChanged, changed) << what;
+        EXPECT_EQ(document.FileEncoding == Encoding::Windows1252, bytes[0] == 'M') << what;
+    }
+    EXPECT_EQ(dialogs.asked, 5);
+}
+
+TEST_F(ImportTest, AListIsReadInTheEncodingChosen) {
+    ReplaceFile(Path("list.csv"), "\xC3\xA9,b\r\n");
+    dialogs.change = [](ImportChoice& choice) {
+        choice.encoding = ListEncoding::Windows1252;
+        return true;
+    };
+    ChooseForeign(Path("list.csv"));
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+    EXPECT_EQ(Tab(1), "Ã©|b|");
+}
+
+TEST_F(ImportTest, FilesThatAreNoListsAskForNoColumns) {
+    ReplaceFile(Path("empty.csv"), "");
+    ChooseForeign(Path("empty.csv"));
+    Tell("There are no information to import.");
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+    ReplaceFile(Path("picture.csv"), std::string("GIF\0\1", 5));
+    ChooseForeign(Path("picture.csv"));
+    Tell("line 1: holds bytes that are no text\r\nCalled form Sub:LoadData", Icon::Critical);
+    Tell("Could not finish process");
+    Tell("The file could not be opened successfully");
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
+    EXPECT_EQ(dialogs.asked, 0);
+}
+
+TEST_F(ImportTest, AWorkbookIsSavedWithoutHeaderAndKeepsItsName) {
+    document.FieldB(1) = "a, 007"; // kept, so that nobody is warned of commas
+    document.FieldC(3) = "=1+1";
+    const std::pair<const char*, const char*> cases[] = {
+        {"a.xls", "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv"},
+        {"a.XLSX", "SAVE|csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|Tabs.csv"}};
+    for (const auto& [name, request] : cases) {
+        program.ui.ExpectChooser("Save as", Path(name), request);
+        EXPECT_EQ(SaveLabels(main, SaveKind::SaveAs), SaveOutcome::Saved);
+        EXPECT_EQ(program.ui.progressTexts.back(), "Exporting file.  Please standby...");
+        EXPECT_EQ(document.DocFileName, Path(name));
+        EXPECT_EQ(ReadBack(Path(name)), (Rows{{"typed", "a, 007", ""}, {"", "", "=1+1"}})) << name;
+        Tell("File saved successfully");
+        EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved) << name << " is the program's own";
+    }
+    program.ui.ExpectChooser("Export", Path("copy.xls"), "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
+    EXPECT_EQ(SaveLabels(main, SaveKind::Export), SaveOutcome::Saved);
+    EXPECT_EQ(document.DocFileName, Path("a.XLSX"));
+    EXPECT_EQ(ReadBack(Path("copy.xls")).size(), 2u);
+}
+
+TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutAsking) {
+    const fs::path path = Data("three.xls");
+    const std::string before = ReadFile(path);
+    dialogs.sheet = "Third";
+    ChooseForeign(path);
+    OpenCommand(main);
+    AskToReplace(path, Answer::No);
+    program.ui.ExpectChooser("Save as", std::nullopt);
+    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Cancelled);
+    EXPECT_EQ(ReadFile(path), before);
+    AskToReplace(path, Answer::Yes);
+    Tell("File saved successfully");
+    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
+    EXPECT_EQ(ReadBack(path), (Rows{{"three", "", ""}}));
+
+    const fs::path ods = Data("three.ods");
+    ChooseForeign(ods);
+    OpenCommand(main);
+    program.ui.ExpectChooser("Save as", ods); // cannot be written, so a name is asked for
+    Tell("Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or .xlsx.");
+    program.ui.ExpectChooser("Save as", Path("new.csv"));
+    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
+    EXPECT_EQ(document.DocFileName, Path("new.csv"));
+}
+
+TEST_F(ImportTest, AFailedWorkbookSaveLeavesTheOldFile) {
+    ReplaceFile(Path("a.xls"), "old");
+    document.DocFileName = Path("a.xls");
+    document.FieldA(1) = std::string(40000, 'x');
+    Tell("a cell holds at most 32767 characters\r\nCalled form Sub:SaveFile", Icon::Critical);
+    Tell("Could not finish process");
+    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Failed);
+    EXPECT_EQ(ReadFile(Path("a.xls")), "old");
+    document.FieldA(1) = "x";
+    document.DocFileName = Path("gone") / "a.xls";
+    program.ui.Expect(
+        "The application encountered the following error when it attempted to save the following file: [" +
+            document.DocFileName.string() + "]\r\nError Nommer:2\r\nError Description:No such file or directory",
+        Icon::Critical, Buttons::RetryCancel, Answer::Retry, std::nullopt, [&] { fs::create_directory(Path("gone")); });
+    Tell("File saved successfully");
+    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
+}
+
+} // namespace
+} // namespace velmora
