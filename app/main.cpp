@@ -4,6 +4,7 @@
 #include "app/ui/mdiVelmora.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
+#include "platform/linux/LinuxDrives.h"
 #include "platform/linux/ProgramFolder.h"
 #include "platform/linux/RegistryFile.h"
 #include "platform/qt/BundledFiles.h"
@@ -56,6 +57,8 @@ int Run(const std::string& commandLine) {
     SettingsStore settings(registry, ui);
     settings.ProgramFolder = folder;
     Program program{{settings, ui, printers, {}, {}, {}}, {}, fonts, {}, {}, {}};
+    const LinuxDrives drives;
+    program.main.drives = &drives;
     QtForms forms(program);
     if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;
