@@ -92,8 +92,7 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
     SetVersionTitle(program);
     main.settings.IniFile = main.settings.ProgramFolder / (main.settings.SettingsAppName + ".ini");
     if (EqualsNoCase(commandLine, "SETTINGS")) {
-        Tell(main, "The settings editor is not part of this version yet. The settings are in the file\r\n" +
-                       main.settings.IniFile.string());
+        forms.ShowSettingsEditor();
         return StartOutcome::Ended;
     }
     if (LoadConfiguration(main) == LoadOutcome::NoPrinter || !FindFolders(main))

@@ -12,6 +12,8 @@ class Forms {
 public:
     virtual ~Forms() = default;
     virtual void ShowMainWindow() = 0;
+    /// Modal: returns when it is closed.
+    virtual void ShowSettingsEditor() = 0;
 };
 
 enum class StartOutcome { Running, Ended };

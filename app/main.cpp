@@ -1,9 +1,11 @@
 // The desktop program: makes the one struct that is the running program, opens its window and waits for commands.
 
 #include "app/Main.h"
+#include "app/ui/frmSettings.h"
 #include "app/ui/mdiVelmora.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
+#include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/ProgramFolder.h"
 #include "platform/linux/RegistryFile.h"
@@ -28,6 +30,7 @@ public:
         window_ = std::make_unique<mdiVelmora>(program_);
         window_->show();
     }
+    void ShowSettingsEditor() override { frmSettings(program_.main).exec(); }
 
 private:
     Program& program_;
@@ -59,6 +62,8 @@ int Run(const std::string& commandLine) {
     Program program{{settings, ui, printers, {}, {}, {}}, {}, fonts, {}, {}, {}};
     const LinuxDrives drives;
     program.main.drives = &drives;
+    LinuxDesktop desktop(environment);
+    program.desktop = &desktop;
     QtForms forms(program);
     if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;

@@ -8,6 +8,7 @@
 
 #include <map>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace velmora {
 namespace {
@@ -23,7 +24,9 @@ public:
 class CountingForms : public Forms {
 public:
     void ShowMainWindow() override { ++shown; }
+    void ShowSettingsEditor() override { ++editors; }
     int shown = 0;
+    int editors = 0;
 };
 
 struct StartTest : testing::Test {
@@ -55,11 +58,9 @@ TEST_F(StartTest, NamesTheProgramAndItsFolders) {
 }
 
 TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
-    test.ui.Expect("The settings editor is not part of this version yet. The settings are in the file\r\n" +
-                       (test.folder / "Velmora.ini").string(),
-                   Icon::Information);
     EXPECT_EQ(Start("settings"), StartOutcome::Ended);
     EXPECT_EQ(forms.shown, 0);
+    EXPECT_EQ(forms.editors, 1);
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
     test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
     EXPECT_EQ(Start("SETTINGS x"), StartOutcome::Running);
@@ -122,6 +123,56 @@ TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
     test.registry.Set(key, "Images", std::string("C:\\Velmora\\Images\\"));
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
+}
+
+/// The administrator may do everything: for a while, somebody else.
+class Nobody {
+public:
+    Nobody() { EXPECT_EQ(::getuid() == 0 ? ::seteuid(65534) : 0, 0); }
+    ~Nobody() { EXPECT_EQ(::getuid() == 0 ? ::seteuid(0) : 0, 0); }
+};
+
+/// What a start changes in the program folder may fail for many reasons; the program comes up all the same, says why
+/// once, and harms nothing.
+TEST_F(StartTest, AStoreThatCannotBeWrittenIsReportedOnce) {
+    const fs::path ini = test.folder / "Velmora.ini";
+    const std::string kept =
+        "[Paths]\r\nApplication=" + test.folder.Path().string() + "\r\n[Settings]\r\nOptType=3\r\n";
+    enum { IsFolder, NotReadable, NotWritable };
+    for (const int fault : {IsFolder, NotReadable, NotWritable}) {
+        fs::remove_all(ini);
+        if (fault == IsFolder)
+            fs::create_directory(ini);
+        else
+            ReplaceFile(ini, kept);
+        fs::permissions(ini, fault == NotReadable ? fs::perms::none : fs::perms(0755));
+        test.settings.Own.clear();
+        test.settings.Object.File().Open({});
+        test.settings.WriteFailureShown = false;
+        test.ui.Expect(ini.string() + (fault == IsFolder ? ": Is a directory" : ": Permission denied"),
+                       Icon::Exclamation);
+        {
+            const auto nobody = fault == IsFolder ? nullptr : std::make_unique<Nobody>();
+            EXPECT_EQ(Start(), StartOutcome::Running);
+            SaveGlobals(program.main); // as a window that opens does
+            SaveGlobals(program.main);
+        }
+        EXPECT_EQ(program.main.document.OptType, fault == NotWritable ? 3 : 0);
+        EXPECT_EQ(fault == IsFolder ? kept : ReadFile(ini), kept);
+    }
+    EXPECT_EQ(forms.shown, 3);
+}
+
+TEST_F(StartTest, ABrokenRegistryIsSaidAndCanBeImportedLater) {
+    ReplaceFile(test.folder / "Velmora.reg", "broken");
+    test.ui.Expect(
+        "\r\nError Opening Registry Key Entry:\r\nKey/Path=SOFTWARE\\Corvane Series\\VelmoraDLL Returned=1015",
+        Icon::Exclamation);
+    test.ui.Expect("Not all settings of the older installation could be moved. When the cause is mended, they can be "
+                   "had with Tools > Options ... > Import old settings.",
+                   Icon::Exclamation);
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(ReadFile(test.folder / "Velmora.reg"), "broken");
 }
 
 TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {

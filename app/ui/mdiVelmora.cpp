@@ -1,6 +1,7 @@
 #include "app/ui/mdiVelmora.h"
 
 #include "app/Commands.h"
+#include "app/ui/HelpDesk.h"
 #include "app/ui/LineIcon.h"
 #include "app/ui/MainMenu.h"
 #include "document/Dialogs.h"
@@ -47,6 +48,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     ApplyTabType(program_.main);
     ShowCaption(program_.main);
     grid_->BringUp();
+    new HelpDesk(program_.main, this);
 }
 
 mdiVelmora::~mdiVelmora() {

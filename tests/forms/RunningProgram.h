@@ -36,6 +36,7 @@ public:
         window->show();
         window->activateWindow();
     }
+    void ShowSettingsEditor() override {}
     void Start(const std::string& commandLine = "") {
         Main(program, commandLine, *this);
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
