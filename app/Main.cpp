@@ -1,11 +1,11 @@
 #include "app/Main.h"
 
 #include "app/Commands.h"
-#include "app/FolderSearch.h"
 #include "app/Version.h"
 #include "app/settings/Validate.h"
 #include "base/Text.h"
 #include "document/Dialogs.h"
+#include "document/FolderSearch.h"
 #include "document/OpenDocument.h"
 #include "print/Margins.h"
 
@@ -15,6 +15,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kSearchesBeforeQuestion = 5;
+/// The search goes for an older installation; a person may choose any folder.
+const FolderWanted kApplicationFolder = {"Velmor.exe", "Application", "Application", false, false};
 
 void SetVersionTitle(Program& program) {
     program.main.settings.SettingsAppName = "Velmora";
@@ -47,7 +49,7 @@ bool FindApplicationFolder(MainModule& main) {
         }
         if (folder.empty())
             folder = ReadFolder(main, "Application", folder);
-        folder = WithSeparator(SearchFolder(main, folder, {"", "Application", false}));
+        folder = WithSeparator(SearchFolder(main, folder, kApplicationFolder));
     }
     return true;
 }
@@ -66,8 +68,8 @@ bool FindFolders(MainModule& main) {
     if (!FindApplicationFolder(main))
         return false;
     const fs::path& application = main.globals.AppPath;
-    FindFolder(main, main.globals.ImagesPath, application / "Images", {"A4_alpha_New.gif", "Images", true});
-    FindFolder(main, main.globals.TabsPath, application / "Tabs", {"Tabs.csv", "Lables", true});
+    FindFolder(main, main.globals.ImagesPath, application / "Images", {"A4_alpha_New.gif", "Images", "Images", true});
+    FindFolder(main, main.globals.TabsPath, application / "Tabs", {"Tabs.csv", "Lables", "Lables", true});
     return true;
 }
 
@@ -103,8 +105,7 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
     SetVersionTitle(program);
     main.settings.IniFile = main.settings.ProgramFolder / (main.settings.SettingsAppName + ".ini");
     if (EqualsNoCase(commandLine, "SETTINGS")) {
-        Tell(main, "The settings editor is not part of this version yet. The settings are in the file\r\n" +
-                       main.settings.IniFile.string());
+        forms.ShowSettingsEditor();
         return StartOutcome::Ended;
     }
     if (LoadConfiguration(main) == LoadOutcome::NoPrinter || !FindFolders(main))

@@ -17,6 +17,8 @@ public:
     virtual void ShowMarginSetup() = 0;
     /// NoPrinter: as LoadGlobals says.
     virtual LoadOutcome ShowPageSetup() = 0;
+    /// Modal: returns when it is closed.
+    virtual void ShowSettingsEditor() = 0;
 };
 
 enum class StartOutcome { Running, Ended };

@@ -4,6 +4,7 @@
 #include "document/Recovery.h"
 #include "document/Undo.h"
 #include "document/mdlMain.h"
+#include "platform/Desktop.h"
 #include "platform/FontCatalogue.h"
 #include "print/PrintModule.h"
 
@@ -20,6 +21,7 @@ struct Program {
     UndoHistory history{};
     std::unique_ptr<RecoveryStore> recovery{}; ///< made at the start, in the program folder
     PrintModule print{main, layout, fontCatalogue};
+    Desktop* desktop = nullptr; ///< without one no other program is started
 };
 
 } // namespace velmora

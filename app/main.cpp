@@ -3,10 +3,13 @@
 #include "app/Main.h"
 #include "app/Version.h"
 #include "app/ui/SetupForms.h"
+#include "app/ui/frmSettings.h"
 #include "app/ui/mdiVelmora.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
 #include "platform/linux/LibraryWorkbooks.h"
+#include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/LinuxDrives.h"
 #include "platform/linux/ProgramFolder.h"
 #include "platform/linux/RegistryFile.h"
 #include "platform/qt/BundledFiles.h"
@@ -34,6 +37,7 @@ public:
     void ShowPrinterSetup() override { velmora::ShowPrinterSetup(program_, window_.get()); }
     void ShowMarginSetup() override { velmora::ShowMarginSetup(program_, window_.get()); }
     LoadOutcome ShowPageSetup() override { return velmora::ShowPageSetup(program_, window_.get()); }
+    void ShowSettingsEditor() override { frmSettings(program_.main).exec(); }
 
 private:
     Program& program_;
@@ -64,6 +68,10 @@ int Run(const std::string& commandLine) {
     SettingsStore settings(registry, ui);
     settings.ProgramFolder = folder;
     Program program{{settings, ui, printers, workbooks, {}, {}, {}}, {}, fonts, {}, {}, {}};
+    const LinuxDrives drives;
+    program.main.drives = &drives;
+    LinuxDesktop desktop(environment);
+    program.desktop = &desktop;
     QtForms forms(program);
     if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;

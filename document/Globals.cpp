@@ -13,9 +13,13 @@ namespace velmora {
 namespace {
 
 /// Settings of an older installation are read only while there is no INI file yet.
-void ChooseStore(SettingsStore& store) {
-    if (!store.IniFile.empty() && !FileExists(store.IniFile))
-        MoveRegistrySettings(store);
+void ChooseStore(MainModule& main) {
+    SettingsStore& store = main.settings;
+    if (!store.IniFile.empty() && !FileExists(store.IniFile) && MoveRegistrySettings(store) == MoveResult::PartlyFailed)
+        Tell(main,
+             "Not all settings of the older installation could be moved. When the cause is mended, they can be had "
+             "with Tools > Options ... > Import old settings.",
+             Icon::Exclamation);
     store.SaveMode = 1;
 }
 
@@ -49,7 +53,7 @@ void TakeBack(TabDocument& document, const std::vector<TabTexts>& texts, std::in
 
 LoadOutcome LoadGlobals(MainModule& main) {
     SettingsStore& store = main.settings;
-    ChooseStore(store);
+    ChooseStore(main);
     const SettingsBatch batch(store);
     main.globals.AskBeforeDelete = ToFlag(ReadAccepted(store, kAskBeforeDelete));
     main.globals.StartWithSetup = ToFlag(ReadAccepted(store, kStartWithSetup));

@@ -7,6 +7,7 @@
 #include "document/FontSettings.h"
 #include "document/GridEditor.h"
 #include "document/TabDocument.h"
+#include "platform/Drives.h"
 #include "platform/MainWindowStatus.h"
 #include "platform/PrintSystem.h"
 #include "platform/SpreadsheetApplication.h"
@@ -33,6 +34,8 @@ struct MainModule {
     RecoveryStore* recovery = nullptr;  ///< without one nothing outlives a crash
     int openTransactions = 0;           ///< above 0 the document may be half changed
     bool recoveryFailureShown = false;  ///< a copy that cannot be written is reported once
+    const Drives* drives = nullptr;     ///< without them no search of the machine is offered
+    bool pictureSearchGivenUp = false;  ///< in this run
 };
 
 enum class LoadOutcome { Loaded, NoPrinter };

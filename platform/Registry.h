@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <utility>
 #include <variant>
@@ -40,6 +42,8 @@ public:
     virtual RegistryCode EnumerateKeys(const std::string& path, std::vector<std::string>& names) const = 0;
     virtual RegistryCode EnumerateValues(const std::string& path,
                                          std::vector<std::pair<std::string, RegistryValue>>& values) const = 0;
+    /// The keys in a file that a registry editor exported, apart from those of the machine.
+    virtual std::unique_ptr<Registry> OpenExport(const std::filesystem::path& file) const = 0;
 };
 
 } // namespace velmora

@@ -9,6 +9,7 @@
 
 #include <map>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace velmora {
 namespace {
@@ -35,6 +36,7 @@ public:
         shown += "page ";
         return pageSetup;
     }
+    void ShowSettingsEditor() override { shown += "editor "; }
     std::string shown;
     std::function<void()> whenShown = [] {};
     LoadOutcome pageSetup = LoadOutcome::Loaded;
@@ -70,11 +72,8 @@ TEST_F(StartTest, NamesTheProgramAndItsFolders) {
 }
 
 TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
-    test.ui.Expect("The settings editor is not part of this version yet. The settings are in the file\r\n" +
-                       (test.folder / "Velmora.ini").string(),
-                   Icon::Information);
     EXPECT_EQ(Start("settings"), StartOutcome::Ended);
-    EXPECT_EQ(forms.shown, "");
+    EXPECT_EQ(forms.shown, "editor ");
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
     test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
     EXPECT_EQ(Start("SETTINGS x"), StartOutcome::Running);
@@ -168,6 +167,59 @@ TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
     test.registry.Set(key, "Images", std::string("C:\\Velmora\\Images\\"));
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
+}
+
+/// The administrator may do everything: for a while, somebody else.
+class Nobody {
+public:
+    Nobody() { EXPECT_EQ(::getuid() == 0 ? ::seteuid(65534) : 0, 0); }
+    ~Nobody() { EXPECT_EQ(::getuid() == 0 ? ::seteuid(0) : 0, 0); }
+};
+
+/// What a start changes in the program folder may fail for many reasons; the program comes up all the same, says why
+/// once, and harms nothing.
+TEST_F(StartTest, AStoreThatCannotBeWrittenIsReportedOnce) {
+    const fs::path ini = test.folder / "Velmora.ini";
+    const std::string kept =
+        "[Paths]\r\nApplication=" + test.folder.Path().string() + "\r\n[Settings]\r\nOptType=3\r\n";
+    enum { IsFolder, NotReadable, NotWritable };
+    for (const int fault : {IsFolder, NotReadable, NotWritable}) {
+        fs::remove_all(ini);
+        if (fault == IsFolder)
+            fs::create_directory(ini);
+        else
+            ReplaceFile(ini, kept);
+        fs::permissions(ini, fault == NotReadable ? fs::perms::none : fs::perms(0755));
+        test.settings.Own.clear();
+        test.settings.Object.File().Open({});
+        test.settings.WriteFailureShown = false;
+        test.ui.Expect(ini.string() + (fault == IsFolder ? ": Is a directory" : ": Permission denied"),
+                       Icon::Exclamation);
+        for (const char* missing : {"configure a printer", "setup margins for the tabs"}) // nothing keeps them
+            test.ui.Expect("You have to " + std::string(missing) + ".\r\nDo you want to do it now?", Icon::Question,
+                           Buttons::YesNo, Answer::No);
+        {
+            const auto nobody = fault == IsFolder ? nullptr : std::make_unique<Nobody>();
+            EXPECT_EQ(Start(), StartOutcome::Running);
+            SaveGlobals(program.main); // as a window that opens does
+            SaveGlobals(program.main);
+        }
+        EXPECT_EQ(program.main.document.OptType, fault == NotWritable ? 3 : 0);
+        EXPECT_EQ(fault == IsFolder ? kept : ReadFile(ini), kept);
+    }
+    EXPECT_EQ(forms.shown, "main page main page main page ");
+}
+
+TEST_F(StartTest, ABrokenRegistryIsSaidAndCanBeImportedLater) {
+    ReplaceFile(test.folder / "Velmora.reg", "broken");
+    test.ui.Expect(
+        "\r\nError Opening Registry Key Entry:\r\nKey/Path=SOFTWARE\\Corvane Series\\VelmoraDLL Returned=1015",
+        Icon::Exclamation);
+    test.ui.Expect("Not all settings of the older installation could be moved. When the cause is mended, they can be "
+                   "had with Tools > Options ... > Import old settings.",
+                   Icon::Exclamation);
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(ReadFile(test.folder / "Velmora.reg"), "broken");
 }
 
 TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {

@@ -1,20 +1,12 @@
 #include "app/settings/RegistryMove.h"
 
+#include "app/settings/Validate.h"
+#include "base/Error.h"
+
 #include <utility>
 
 namespace velmora {
 namespace {
-
-/// An older installation always stored where it lies. A registry that can't be read is no proof that there
-/// was none.
-bool HasOldSettings(const SettingsStore& store) {
-    RegistryValue value;
-    const RegistryCode code = store.Keys.Query(RegistryPath(store.SettingsAppName, "Paths"), "Application", value);
-    if (code != RegistryCode::Success)
-        return code != RegistryCode::FileNotFound;
-    const std::string text = RegistryText(value);
-    return !text.empty() && text != kProbe;
-}
 
 class Move {
 public:
@@ -56,7 +48,54 @@ private:
     bool removalFailed_ = false;
 };
 
+/// Raises Error unless the key could be read, or is not there.
+void Require(RegistryCode code, const std::filesystem::path& file) {
+    if (code == RegistryCode::Unreadable)
+        throw Error("The file '" + file.string() + "' cannot be read.");
+    if (code != RegistryCode::Success && code != RegistryCode::FileNotFound)
+        throw Error("The file '" + file.string() + "' is damaged, or no export of a registry.");
+}
+
+KeyTable SectionOf(const Registry& registry, const std::string& path, const std::filesystem::path& file) {
+    std::vector<std::pair<std::string, RegistryValue>> values;
+    Require(registry.EnumerateValues(path, values), file);
+    KeyTable table;
+    for (const auto& [key, value] : values)
+        table.emplace_back(key, RegistryText(value));
+    return table;
+}
+
 } // namespace
+
+/// An older installation always stored where it lies.
+bool HasOldSettings(const SettingsStore& store) {
+    RegistryValue value;
+    const RegistryCode code = store.Keys.Query(RegistryPath(store.SettingsAppName, "Paths"), "Application", value);
+    if (code != RegistryCode::Success)
+        return code != RegistryCode::FileNotFound;
+    const std::string text = RegistryText(value);
+    return !text.empty() && text != kProbe;
+}
+
+int ImportRegistryExport(SettingsStore& store, const std::filesystem::path& file) {
+    if (!FileExists(file))
+        throw Error("The file '" + file.string() + "' cannot be read.");
+    const auto registry = store.Keys.OpenExport(file);
+    std::vector<std::string> sections;
+    Require(registry->EnumerateKeys(RegistryPath(store.SettingsAppName, ""), sections), file);
+    store.Object.SaveMode(1);
+    SettingsBatch batch(store);
+    int imported = 0;
+    for (const std::string& section : sections)
+        for (const auto& [key, value] : SectionOf(*registry, RegistryPath(store.SettingsAppName, section), file)) {
+            if (section == "Paths" && !FolderExists(value))
+                continue;
+            store.Object.SaveSettingStr(section, key, value);
+            ++imported;
+        }
+    batch.Commit();
+    return imported;
+}
 
 MoveResult MoveRegistrySettings(SettingsStore& store) {
     store.SaveMode = 1;

@@ -4,7 +4,13 @@
 
 #include "app/settings/mdlSettings.h"
 
+#include <filesystem>
+
 namespace velmora {
+
+/// True where an older installation stored settings, also in a registry that cannot be read: that is no proof that
+/// there was none.
+bool HasOldSettings(const SettingsStore& store);
 
 enum class MoveResult {
     NothingThere,
@@ -16,5 +22,10 @@ enum class MoveResult {
 /// in the file on disk, inside a batch too; the sections' keys stay. Afterwards `SaveMode` is 1. Failures are
 /// reported, each kind once.
 MoveResult MoveRegistrySettings(SettingsStore& store);
+
+/// Copies every setting of the store's application from a registry export into the INI file, all of them or none; gives
+/// their number. Left out are folders that this machine does not have. The running program's own document properties
+/// stay as they are. Raises Error for a file that is damaged or out of reach, or an INI file that cannot be written.
+int ImportRegistryExport(SettingsStore& store, const std::filesystem::path& file);
 
 } // namespace velmora

@@ -1,11 +1,15 @@
 #include "app/ui/MainMenu.h"
 
 #include "app/Commands.h"
+#include "app/Help.h"
+#include "app/ui/frmAbout.h"
+#include "app/ui/frmOptionsPage.h"
 #include "app/ui/SetupForms.h"
 #include "base/Text.h"
 #include "document/Pages.h"
 #include "document/PasteBlock.h"
 #include "document/SaveDocument.h"
+#include "document/ui/HelpRequest.h"
 #include "editor/ui/frmFind.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "print/PdfReport.h"
@@ -106,6 +110,22 @@ void SetUpPrinter(CommandContext& context) {
     ShowPrinterSetup(context.program, &context.window);
 }
 
+void ShowOptions(CommandContext& context) {
+    frmOptionsPage form(context.program.main, &context.window);
+    form.exec();
+    if (form.LostPrinter())
+        QApplication::quit();
+}
+
+void ShowHelp(CommandContext& context) {
+    if (!OpenHelpFile(context.program.main.settings, context.program.desktop))
+        RequestHelp(context.window);
+}
+
+void ShowAbout(CommandContext& context) {
+    frmAbout(context.program, &context.window).exec();
+}
+
 } // namespace
 
 std::span<const Menu> Menus() {
@@ -157,10 +177,10 @@ std::span<const Menu> Menus() {
           kSeparator,
           {"mnuDeleteEmpries", "Delete &Empty Tabs", "", Call<CleanLabels>},
           kSeparator,
-          {"mnuOptions", "&Options ...", "", nullptr}}},
+          {"mnuOptions", "&Options ...", "", ShowOptions}}},
         {"mnuHelp",
          "&Help",
-         {{"mnuOptTabHelp", "&Velmorin Help", "F1", nullptr}, {"mnuabout", "&About ...", "", nullptr}}},
+         {{"mnuOptTabHelp", "&Velmorin Help", "F1", ShowHelp}, {"mnuabout", "&About ...", "", ShowAbout}}},
     };
     return menus;
 }

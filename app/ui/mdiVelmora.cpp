@@ -1,6 +1,7 @@
 #include "app/ui/mdiVelmora.h"
 
 #include "app/Commands.h"
+#include "app/ui/HelpDesk.h"
 #include "app/ui/MainMenu.h"
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
@@ -80,6 +81,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     ShowCaption(program_.main);
     grid_->BringUp();
     program_.print.viewer = &viewer_;
+    new HelpDesk(program_.main, this);
 }
 
 mdiVelmora::~mdiVelmora() {

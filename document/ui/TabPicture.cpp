@@ -1,13 +1,14 @@
 #include "document/ui/TabPicture.h"
 
-#include "app/settings/Validate.h"
 #include "document/Dialogs.h"
+#include "document/FolderSearch.h"
 
 namespace velmora {
 
 QPixmap LoadTabPicture(MainModule& main, const std::string& fileName) {
     QPixmap picture;
-    if (const auto path = FindFile(main.globals.ImagesPath, fileName))
+    if (const auto path = SearchFile(main, main.globals.ImagesPath,
+                                     {fileName, "Image", "Images", "Picture (*.gif)|*.gif", "A4_alpha_New.gif"}))
         picture.load(QString::fromStdString(path->string()));
     if (picture.isNull())
         Tell(main, "The program could not load the '" + fileName + "' picture file.");

@@ -110,4 +110,8 @@ RegistryCode RegistryFile::EnumerateValues(const std::string& path,
     });
 }
 
+std::unique_ptr<Registry> RegistryFile::OpenExport(const fs::path& file) const {
+    return std::make_unique<RegistryFile>(file);
+}
+
 } // namespace velmora

@@ -26,6 +26,7 @@ public:
     RegistryCode EnumerateKeys(const std::string& path, std::vector<std::string>& names) const override;
     RegistryCode EnumerateValues(const std::string& path,
                                  std::vector<std::pair<std::string, RegistryValue>>& values) const override;
+    std::unique_ptr<Registry> OpenExport(const std::filesystem::path& file) const override;
 
 private:
     std::filesystem::path path_;

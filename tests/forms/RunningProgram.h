@@ -45,6 +45,7 @@ public:
     void ShowPrinterSetup() override { velmora::ShowPrinterSetup(program, window.get()); }
     void ShowMarginSetup() override { velmora::ShowMarginSetup(program, window.get()); }
     LoadOutcome ShowPageSetup() override { return velmora::ShowPageSetup(program, window.get()); }
+    void ShowSettingsEditor() override {}
     void Start(const std::string& commandLine = "") {
         Main(program, commandLine, *this);
         window->activateWindow(); // a dialog may have been in front

@@ -113,6 +113,7 @@ public:
     void ShowPrinterSetup() override {}
     void ShowMarginSetup() override {}
     LoadOutcome ShowPageSetup() override { return LoadOutcome::Loaded; }
+    void ShowSettingsEditor() override {}
     QAction* Item(const char* name) { return window->findChild<QAction*>(name); }
 
     FontconfigCatalogue fonts;

@@ -52,6 +52,9 @@ TEST_F(RegistryFileTest, ReadsWhatAnEditorExports) {
                   "[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Maker\\Prog]\r\n"),
          {{"C", "3"}}},
         {Exported("[HKEY_CURRENT_USER\\SOFTWARE\\Maker\\Program\\Sect]\r\n\"A\"=\"1\"\r\n"), {}},
+        {Utf16(version5 + "\"say \\\"b\\\"\"=\"C:\\\\\\\"x\\\"\"\r\n\"N\"=dword:80000000\r\n\"G\"=\"1\"\r\n\"G\"=-\r\n"
+                          "[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Maker\\Program\\Sect\\Sub]\r\n"),
+         {{"say \"b\"", "C:\\\"x\""}, {"N", 0x80000000u}}},
         {Utf16(version5 + "\"Z\"=\"\xC5\x82\"\r\n\"A\"=\"1\"\r\n"), {{"Z", "\xC5\x82"}, {"A", "1"}}},
         {"\xEF\xBB\xBF" + version5 + "\"A\"=\"\xC5\x82\"\n", {{"A", "\xC5\x82"}}},
     };

@@ -1,0 +1,72 @@
+#include "app/SystemInformation.h"
+
+#include "app/settings/Validate.h"
+#include "base/Text.h"
+
+#include <charconv>
+#include <variant>
+
+namespace velmora {
+namespace {
+
+constexpr std::size_t kBufferCharacters = 1024;
+
+/// The bytes from the highest to the lowest, without padding, read as one hexadecimal number.
+std::string DecimalOfBytes(std::uint32_t number) {
+    std::string digits;
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        char byte[2];
+        const auto end = std::to_chars(byte, byte + 2, (number >> shift) & 0xFFu, 16).ptr;
+        digits.append(byte, end);
+    }
+    std::uint32_t value = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
+    return std::to_string(static_cast<std::int32_t>(value));
+}
+
+/// The program that the registry names; nothing where it names none.
+std::string NamedTool(const Registry& registry) {
+    const std::string shared = "SOFTWARE\\Microsoft\\Shared Tools";
+    std::string tool;
+    if (GetKeyValue(registry, shared + "\\MSINFO", "PATH", tool))
+        return tool;
+    if (!GetKeyValue(registry, shared + " Location", "MSINFO", tool))
+        return "";
+    tool += "\\MSINFO32.EXE";
+    return FileExists(tool) ? tool : "";
+}
+
+} // namespace
+
+bool GetKeyValue(const Registry& registry, const std::string& keyName, const std::string& valueName,
+                 std::string& result) {
+    RegistryValue value;
+    const RegistryCode code = registry.Query(keyName, valueName, value);
+    if (code == RegistryCode::AccessDenied) { // the value is there, and neither a text nor a number
+        result.clear();
+        return true;
+    }
+    if (code != RegistryCode::Success)
+        return false;
+    if (const auto* number = std::get_if<std::uint32_t>(&value)) {
+        result = DecimalOfBytes(*number);
+        return true;
+    }
+    std::string text = std::get<std::string>(value);
+    if (text.ends_with('\0'))
+        text.pop_back();
+    if (CharacterCount(text) >= kBufferCharacters)
+        return false;
+    result = text;
+    return true;
+}
+
+void StartSysInfo(MainModule& main, Desktop* desktop) {
+    const std::string tool = NamedTool(main.settings.Keys);
+    const bool started =
+        desktop && ((!tool.empty() && desktop->StartProgram(tool)) || desktop->StartSystemInformation());
+    if (!started)
+        main.ui.Show({"System Information Is Unavailable At This Time", main.settings.SettingsAppName});
+}
+
+} // namespace velmora

@@ -1,0 +1,20 @@
+// The way from the about box to the machine's system-information tool.
+#pragma once
+
+#include "document/mdlMain.h"
+#include "platform/Desktop.h"
+
+#include <string>
+
+namespace velmora {
+
+/// Reads a value of the machine-wide hive. False, with `result` untouched, for a missing key or value and for a text of
+/// 1024 characters or more. A number comes in decimal after a detour through its bytes in hexadecimal, each without
+/// padding: deliberate, though 0x00010203 thus comes out as that of 0x0123. Of any other type the result is empty.
+bool GetKeyValue(const Registry& registry, const std::string& keyName, const std::string& valueName,
+                 std::string& result);
+
+/// Starts the tool that the registry names, or else the desktop's own; says so when there is none, or no desktop.
+void StartSysInfo(MainModule& main, Desktop* desktop);
+
+} // namespace velmora

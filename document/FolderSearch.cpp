@@ -1,0 +1,135 @@
+#include "document/FolderSearch.h"
+
+#include "app/settings/Validate.h"
+#include "document/Dialogs.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kGivenUp = "This task will be canceled.";
+const std::string kChooserTitle = "Open Velmora path";
+
+/// File names of pictures are found whatever their letter case: they come from a system that knows no difference.
+bool HoldsFile(const fs::path& folder, const std::string& name) {
+    return FindFile(folder, name).has_value();
+}
+
+fs::path Store(MainModule& main, const std::string& key, const fs::path& folder) {
+    SaveFolder(main.settings, key, folder);
+    return WithSeparator(folder);
+}
+
+/// The folder that the person had made; nothing when they would rather choose one, or it could not be made.
+std::optional<fs::path> Create(MainModule& main, const fs::path& folder) {
+    if (FolderExists(folder, true))
+        return folder;
+    Tell(main, "The folder '" + folder.string() + "' could not be created.", Icon::Critical);
+    return std::nullopt;
+}
+
+fs::path Choose(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
+    const auto chosen = main.ui.ChooseFolder(kChooserTitle, current);
+    if (chosen && (!wanted.chosenNeedsMarker || HoldsFile(*chosen, wanted.markerFile)))
+        return Store(main, wanted.key, *chosen);
+    Tell(main, chosen ? "The folder '" + chosen->string() + "' does not hold the file '" + wanted.markerFile + "'."
+                      : kGivenUp);
+    return current;
+}
+
+bool HasNetworkDrives(const MainModule& main) {
+    const std::vector<Drive> drives = main.drives->List();
+    return std::any_of(drives.begin(), drives.end(),
+                       [](const Drive& drive) { return drive.kind == DriveKind::Network; });
+}
+
+/// Searches the disks and, where the person wants it, the network; says what came of a search that found nothing.
+std::optional<fs::path> FindOnDrives(MainModule& main, std::vector<std::string> names) {
+    fs::path found;
+    SearchEnd end = SearchDrives(main, names, false, found);
+    if (end == SearchEnd::NotFound && HasNetworkDrives(main) &&
+        Ask(main, "The file '" + names.front() + "' is on none of the disks.\r\nDo you want to search the network too?",
+            Buttons::YesNo) == Answer::Yes)
+        end = SearchDrives(main, names, true, found);
+    if (end == SearchEnd::Found)
+        return found;
+    Tell(main, end == SearchEnd::Cancelled ? kGivenUp : "The file '" + names.front() + "' was not found.");
+    return std::nullopt;
+}
+
+/// Nothing searched: No where there are no drives to search.
+Answer AskToSearch(MainModule& main, const std::string& question) {
+    return main.drives ? Ask(main, question, Buttons::YesNoCancel) : Answer::No;
+}
+
+/// Whether the folder was made, and where.
+struct Creation {
+    Answer answer = Answer::No;
+    std::optional<fs::path> folder = std::nullopt;
+};
+
+Creation OfferToCreate(MainModule& main, const fs::path& current) {
+    const Answer answer =
+        Ask(main, "The '" + current.string() + "' directory cannot be found.\r\nDo you want to create it?",
+            Buttons::YesNoCancel);
+    return {answer, answer == Answer::Yes ? Create(main, current) : std::nullopt};
+}
+
+fs::path SearchOrChoose(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
+    const std::string& word = wanted.captionWord;
+    const Answer search = AskToSearch(main, "The '" + word + "' directory cannot be found.\r\nDo you want the " +
+                                                "program to search for the " + word + " directory?");
+    if (search == Answer::No)
+        return Choose(main, current, wanted);
+    if (search == Answer::Cancel)
+        Tell(main, kGivenUp);
+    const auto found = search == Answer::Yes ? FindOnDrives(main, {wanted.markerFile}) : std::nullopt;
+    return found ? Store(main, wanted.key, *found) : current;
+}
+
+std::optional<fs::path> SearchOrChooseFile(MainModule& main, const fs::path& folder, const FileWanted& wanted) {
+    const Answer search = AskToSearch(main, "The '" + wanted.captionWord +
+                                                "' directory can not be find.\r\nDo you want the program to "
+                                                "search for it?");
+    if (search == Answer::Yes) {
+        const auto found = FindOnDrives(main, {wanted.name, wanted.markerFile});
+        return found ? FindFile(*found, wanted.name) : std::nullopt;
+    }
+    const auto chosen = search == Answer::No
+                            ? main.ui.ChooseFile({"OPEN", kChooserTitle, folder, wanted.filter, wanted.name})
+                            : std::nullopt;
+    if (!chosen)
+        Tell(main, kGivenUp);
+    return chosen;
+}
+
+} // namespace
+
+fs::path SearchFolder(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
+    if (!wanted.offerToCreate)
+        return SearchOrChoose(main, current, wanted);
+    const Creation creation = OfferToCreate(main, current);
+    if (creation.folder)
+        return Store(main, wanted.key, *creation.folder);
+    if (creation.answer != Answer::Cancel)
+        return SearchOrChoose(main, current, wanted);
+    Tell(main, kGivenUp);
+    return current;
+}
+
+std::optional<fs::path> SearchFile(MainModule& main, fs::path& folder, const FileWanted& wanted) {
+    if (auto path = FindFile(folder, wanted.name))
+        return path;
+    if (main.pictureSearchGivenUp || !main.drives)
+        return std::nullopt;
+    const auto found = SearchOrChooseFile(main, folder, wanted);
+    main.pictureSearchGivenUp = !found;
+    if (found && HoldsFile(found->parent_path(), wanted.markerFile))
+        folder = Store(main, wanted.key, found->parent_path());
+    return found;
+}
+
+} // namespace velmora

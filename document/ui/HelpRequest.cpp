@@ -1,0 +1,27 @@
+#include "document/ui/HelpRequest.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QPushButton>
+
+namespace velmora {
+
+QEvent::Type HelpRequestType() {
+    static const auto type = static_cast<QEvent::Type>(QEvent::registerEventType());
+    return type;
+}
+
+void RequestHelp(QWidget& window) {
+    QEvent request(HelpRequestType());
+    QApplication::sendEvent(&window, &request);
+}
+
+void AddHelpButton(QDialogButtonBox& buttons) {
+    QPushButton* help = buttons.addButton(QDialogButtonBox::Help);
+    help->setObjectName("cmdHelp");
+    help->setAutoDefault(false);
+    QObject::connect(&buttons, &QDialogButtonBox::helpRequested, &buttons,
+                     [&buttons] { RequestHelp(*buttons.window()); });
+}
+
+} // namespace velmora

@@ -1,0 +1,17 @@
+// Help buttons and menu items: an event on its way through a window, that the help watches for as it does for F1.
+#pragma once
+
+#include <QEvent>
+
+class QDialogButtonBox;
+class QWidget;
+
+namespace velmora {
+
+QEvent::Type HelpRequestType();
+/// Opens the help at the page of that window.
+void RequestHelp(QWidget& window);
+/// A Help button that does so for the window that the buttons are in.
+void AddHelpButton(QDialogButtonBox& buttons);
+
+} // namespace velmora

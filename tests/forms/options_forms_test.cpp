@@ -1,0 +1,234 @@
+// Options, about box, settings editor and help, driven through their named controls.
+#include "app/Help.h"
+#include "app/ui/MainMenu.h"
+#include "app/ui/frmAbout.h"
+#include "app/ui/frmHelp.h"
+#include "app/ui/frmOptionsPage.h"
+#include "app/ui/frmSettings.h"
+#include "document/ui/HelpRequest.h"
+#include "document/ui/TabPicture.h"
+#include "tests/forms/RunningProgram.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QFile>
+#include <QListWidget>
+#include <QRegularExpression>
+#include <QTextBrowser>
+#include <QTreeWidget>
+
+namespace {
+
+using namespace velmora;
+
+void Click(QWidget& form, const char* name) {
+    auto* button = form.findChild<QAbstractButton*>(name);
+    QVERIFY2(button, name);
+    button->click();
+}
+
+QString Html(std::string_view page) {
+    QFile file(":/help/" + QString::fromStdString(std::string(page)) + ".html");
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QStringList Captured(const QString& text, const QString& pattern) {
+    QStringList found;
+    for (auto match = QRegularExpression(pattern).globalMatch(text); match.hasNext();)
+        found << match.next().captured(1);
+    return found;
+}
+
+class OptionsFormsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { FailOnWarnings(); }
+
+    void theOptionsAreKeptOnlyByOk() {
+        RunningProgram running;
+        running.Start();
+        running.program.main.globals.StartWithSetup = true;
+        SaveGlobals(running.program.main);
+        for (const char* button : {"cmdCancel", "cmdOk"}) {
+            frmOptionsPage form(running.program.main, running.window.get());
+            form.show();
+            for (const char* box : {"chkAskBeforeDelete", "chkStartWithSetup"}) {
+                QVERIFY(form.findChild<QCheckBox*>(box)->isChecked());
+                form.findChild<QCheckBox*>(box)->setChecked(false);
+            }
+            Click(form, button);
+            QVERIFY(!form.isVisible());
+        }
+        QCOMPARE(running.test.Stored("Settings", "Ask before delete"), std::string("False"));
+        QCOMPARE(running.program.main.globals.StartWithSetup, false);
+        frmOptionsPage form(running.program.main, running.window.get());
+        form.show();
+        QVERIFY(!form.findChild<QCheckBox*>("chkStartWithSetup")->isChecked());
+        Click(form, "Command1");
+        QVERIFY(form.findChild<QCheckBox*>("chkStartWithSetup")->isChecked());
+        QCOMPARE(running.test.Stored("Settings", "Start with setup"), std::string("False"));
+        QCOMPARE(running.test.Stored("Form Position", "mdiVelmora"), std::string(kProbe));
+        Click(form, "cmdOk");
+        QCOMPARE(running.test.Stored("Settings", "Start with setup"), std::string("True"));
+        QVERIFY(running.test.Stored("Form Position", "Options") != kProbe);
+    }
+
+    void theAboutBoxNamesTheVersion() {
+        RunningProgram running;
+        running.Start();
+        frmAbout form(running.program, running.window.get());
+        form.show();
+        QCOMPARE(form.findChild<QLabel*>("lblVersion")->text(), QString("Version number:8.1.0"));
+        QCOMPARE(form.findChild<QLabel*>("lblTitle")->text(), QString("Velmora"));
+        running.test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
+        Click(form, "cmdSysInfo");
+        Click(form, "cmdOk");
+        QVERIFY(running.test.Stored("Form Position", "about") != kProbe);
+    }
+
+    void theSettingsEditorWritesListsAndRemembers() {
+        RunningProgram running;
+        {
+            frmSettings form(running.program.main);
+            QCOMPARE(form.windowTitle(), QString("Application Settings - Corvane Series"));
+            form.show();
+            const auto box = [&](int i) { return form.findChild<QLineEdit*>(QString("txtSet(%1)").arg(i)); };
+            QCOMPARE(box(2)->text(), QString("DefaultValue"));
+            box(0)->setText("Sect");
+            box(3)->setText(QString::fromUtf8("\xF0\x9F\x96\xA8"));
+            Click(form, "butSet(0)");
+            Click(form, "butSet(4)");
+            auto* list = form.findChild<QListWidget*>("lstSections");
+            QCOMPARE(list->count(), 1);
+            emit list->itemClicked(list->item(0));
+            QCOMPARE(box(1)->text(), QString::fromUtf8("KeyName=\xF0\x9F\x96\xA8"));
+            form.findChild<QCheckBox*>("chkSet(0)")->setChecked(false);
+            QCOMPARE(running.test.settings.SaveMode, 0);
+            QCOMPARE(running.test.settings.Object.SaveMode(), 0);
+            form.move(40, 50);
+            form.close();
+        }
+        frmSettings form(running.program.main);
+        form.show();
+        QCOMPARE(form.findChild<QLineEdit*>("txtSet(0)")->text(), QString("Sect"));
+        QVERIFY(!form.findChild<QCheckBox*>("chkSet(0)")->isChecked());
+        QCOMPARE(form.pos(), QPoint(40, 50));
+        QVERIFY(!std::filesystem::exists(running.test.folder / "Velmora.reg"));
+    }
+
+    void everyPageLinkAndPictureIsThere() {
+        QString all;
+        for (const HelpPage& page : HelpPages()) {
+            const QString html = Html(page.name);
+            all += html;
+            const QString title = QString::fromUtf8(page.title.data(), static_cast<qsizetype>(page.title.size()));
+            QVERIFY2(html.contains("<h1>" + title + "</h1>"), page.name.data());
+            for (const QString& file : Captured(html, "(?:href|src)=\"([^\"#]+)"))
+                QVERIFY2(QFile::exists(":/help/" + file), qPrintable(file));
+        }
+        all.replace("&gt;", ">").replace("\n", " ");
+        for (const Menu& menu : Menus())
+            for (const MenuItem& item : menu.items)
+                if (item.name)
+                    QVERIFY2(all.contains(QString(item.caption).remove('&')), item.caption);
+        for (const char* form : {"frmAutoRepWiz3a", "frmFix3", "frmPageSetUp", "frmOptionsPage", "mdiVelmora"})
+            QVERIFY2(!Html(HelpPageOf(form)).isEmpty(), form);
+    }
+
+    void theHelpIsReadBesideAModalDialog() {
+        RunningProgram running;
+        running.Start();
+        running.Trigger("mnuOptTabHelp");
+        QPointer<frmHelp> help = running.window->findChild<frmHelp*>();
+        QVERIFY(help && help->isVisible());
+        auto* page = help->findChild<QTextBrowser*>("txtPage");
+        QCOMPARE(page->source().fileName(), QString("welcome.html"));
+        {
+            frmOptionsPage form(running.program.main, running.window.get());
+            form.open();
+            QTest::keyClick(form.findChild<QWidget*>("cmdOk"), Qt::Key_F1);
+            QCOMPARE(page->source().fileName(), QString("settings.html"));
+            QCOMPARE(help->parentWidget(), &form);
+            QTest::mouseClick(page->viewport(), Qt::LeftButton);
+            QTest::keyClicks(help->findChild<QLineEdit*>("txtSearch"), "zzz");
+            QCOMPARE(help->findChild<QListWidget*>("lstHits")->count(), 1); // says that there is none
+            Click(form, "cmdCancel");
+        }
+        QVERIFY(help && help->isVisible());
+        QTest::keyClick(help, Qt::Key_Escape);
+        QVERIFY(!help->isVisible());
+        running.Trigger("mnuOptTabHelp");
+        QVERIFY(help->isVisible());
+    }
+
+    void aDialogThatGoesTakesTheHelpAlong() {
+        RunningProgram running;
+        running.Start();
+        auto* form = new frmAbout(running.program, running.window.get());
+        form->show();
+        RequestHelp(*form);
+        delete form;
+        running.Trigger("mnuOptTabHelp");
+        QVERIFY(running.window->findChild<frmHelp*>()->isVisible());
+    }
+
+    void searchingAndGoingThroughTheHelp() {
+        RunningProgram running;
+        frmHelp help(running.test.settings, nullptr);
+        help.ShowPage("welcome");
+        auto* page = help.findChild<QTextBrowser*>("txtPage");
+        auto* tree = help.findChild<QTreeWidget*>("treContents");
+        QCOMPARE(tree->currentItem()->text(0), QString("Welcome to Velmora"));
+        help.findChild<QLineEdit*>("txtSearch")->setText("used FEED bend");
+        auto* hits = help.findChild<QListWidget*>("lstHits");
+        QCOMPARE(hits->count(), 1);
+        hits->setCurrentRow(0);
+        QCOMPARE(page->source().fileName(), QString("used-sheets.html"));
+        QVERIFY(page->extraSelections().size() > 2);
+        QCOMPARE(tree->currentItem()->text(0), QString("Partly used sheets"));
+        help.findChild<QAction*>("cmdBack")->trigger();
+        QCOMPARE(page->source().fileName(), QString("welcome.html"));
+        int shown = 0;
+        for (QTreeWidgetItemIterator item(tree); *item; ++item) {
+            if (!(*item)->parent())
+                continue;
+            tree->setCurrentItem(*item);
+            QVERIFY(page->toPlainText().startsWith((*item)->text(0)));
+            ++shown;
+        }
+        QCOMPARE(shown, static_cast<int>(HelpPages().size()));
+    }
+
+    void anOldHelpFileIsOpenedByTheDesktop() {
+        struct Viewer : Desktop {
+            bool OpenFile(const std::filesystem::path& file) override { return (opened = file, true); }
+            bool StartProgram(const std::filesystem::path&) override { return false; }
+            bool StartSystemInformation() override { return false; }
+            std::filesystem::path opened;
+        } viewer;
+        RunningProgram running;
+        running.program.desktop = &viewer;
+        running.Start();
+        ReplaceFile(running.test.folder / "HELP70.chm", "");
+        running.Trigger("mnuOptTabHelp");
+        QCOMPARE(viewer.opened, running.test.folder / "HELP70.chm");
+        QVERIFY(!running.window->findChild<frmHelp*>());
+    }
+
+    void aPictureThatIsNoneIsSaidAndNotSearchedFor() {
+        RunningProgram running;
+        running.Start();
+        ReplaceFile(running.test.folder / "Images/tab.gif", "no picture");
+        for (const char* name : {"tab.gif", "none.gif"}) {
+            running.test.ui.Expect("The program could not load the '" + std::string(name) + "' picture file.",
+                                   Icon::Information);
+            QVERIFY(LoadTabPicture(running.program.main, name).isNull());
+        }
+    }
+};
+
+} // namespace
+
+QTEST_MAIN(OptionsFormsTest)
+#include "options_forms_test.moc"

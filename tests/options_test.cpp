@@ -1,0 +1,278 @@
+// The settings editor, the options, the import of old settings and the way to other programs.
+#include "app/Options.h"
+#include "app/SettingsEditor.h"
+#include "app/SystemInformation.h"
+#include "base/AtomicFile.h"
+#include "platform/linux/LinuxDesktop.h"
+#include "tests/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+const std::string kKey = "SOFTWARE\\Corvane Series\\Velmora\\";
+
+struct OptionsTest : testing::Test {
+    TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
+    MainModule& main = test.main;
+    SettingsEditor editor{main};
+    SettingsEntry entry{"Sect", "Key", "1", "abc", false};
+
+    std::string Line(int button) {
+        editor.Press(button, entry);
+        std::string lines;
+        for (const std::string& line : editor.Listing())
+            lines += line + "|";
+        return lines;
+    }
+};
+
+TEST_F(OptionsTest, TheEditorWorksOnTheIniFileOrTheRegistry) {
+    for (const bool iniFile : {true, false}) {
+        editor.UseIniFile(iniFile);
+        entry = {"Sect", "Key", "1", "abc", false};
+        editor.Press(0, entry);
+        entry.value.clear();
+        editor.Press(1, entry);
+        EXPECT_EQ(entry.value, "abc");
+        EXPECT_EQ(Line(3), "Sect|");
+        EXPECT_EQ(Line(4), "Key=abc|");
+        editor.Press(2, entry);
+        EXPECT_EQ(Line(4), "");
+        EXPECT_EQ(fs::exists(test.folder / "Velmora.reg"), !iniFile);
+    }
+    editor.UseIniFile(true);
+    entry.section = "None";
+    EXPECT_EQ(Line(4), "");
+    entry.section = "";
+    EXPECT_EQ(Line(4), "") << "the sections were listed as keys";
+    test.ui.Expect("Unrecognized button value: 5", Icon::None);
+    editor.Press(5, entry);
+    test.ui.Expect("Unrecognized button value: -1", Icon::None);
+    editor.Press(-1, entry);
+}
+
+TEST_F(OptionsTest, TheEditorShowsWhatIsStoredNotWhatTheProgramRemembers) {
+    test.Store("Settings", "OptType", "1");
+    ReplaceFile(test.folder / "Velmora.ini", "[Settings]\r\nOptType=2\r\n");
+    entry = {"Settings", "OptType", "0", "", false};
+    editor.Press(1, entry);
+    EXPECT_EQ(entry.value, "2");
+}
+
+TEST_F(OptionsTest, NumbersThatAreNoneChangeNothing) {
+    entry = {"Sect", "Key", "x", "abc", true};
+    test.ui.Expect("You must enter a numeric value to save as Integer", Icon::None);
+    editor.Press(0, entry);
+    test.ui.Expect("You must enter a numeric value in the Default value field.", Icon::Critical);
+    editor.Press(1, entry);
+    EXPECT_EQ(entry.value, "Error!");
+    for (const int button : {0, 1}) {
+        test.ui.Expect(std::string("Overflow\r\nError") + (button == 0 ? " saving " : " getting ") + "[Sect] Key",
+                       Icon::Critical);
+        entry.value = entry.fallback = "99999999999";
+        editor.Press(button, entry);
+    }
+    EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
+}
+
+TEST_F(OptionsTest, NoTextThatIsTypedCanHarmTheStore) {
+    test.Store("Safe", "Key", "kept");
+    const std::string texts[] = {"",
+                                 "]",
+                                 "[a",
+                                 "a=b",
+                                 ";",
+                                 " ",
+                                 "\r\n[Safe]\r\nKey=lost",
+                                 "\t",
+                                 "\xF0\x9F\x96\xA8",
+                                 "\\",
+                                 "\"",
+                                 std::string(70000, 'x'),
+                                 "~~~",
+                                 "a]b=c;d"};
+    for (const std::string& text : texts)
+        for (const int button : {0, 1, 3, 4, 2}) {
+            entry = {text, text, text, text, false};
+            editor.Press(button, entry);
+        }
+    EXPECT_EQ(test.Stored("Safe", "Key"), "kept");
+}
+
+TEST_F(OptionsTest, TheEditorsStateSurvivesItsRegistryMode) {
+    editor.UseIniFile(false);
+    editor.SaveState({"S", "K", "D", "V", true}, {30, -4});
+    EXPECT_FALSE(fs::exists(test.folder / "Velmora.reg"));
+    SettingsEditor::Place place;
+    const SettingsEntry loaded = editor.LoadState(place);
+    EXPECT_EQ(loaded.section + loaded.key + loaded.fallback + loaded.value, "SKDV");
+    EXPECT_TRUE(loaded.numeric);
+    EXPECT_EQ(place.left, 30);
+    EXPECT_EQ(place.top, -4);
+    EXPECT_FALSE(editor.UsesIniFile());
+    test.settings.SaveMode = 1;
+    test.Store("Settings", "MainLeft", "1e300");
+    test.ui.Expect("Overflow\r\nCalled from Sub: frmSettings", Icon::Critical);
+    EXPECT_EQ(editor.LoadState(place).section, "Section");
+}
+
+TEST_F(OptionsTest, TheEditorDoesNotMakeTheIniFileThatWouldShutOldSettingsOut) {
+    test.registry.Set(kKey + "Paths", "Application", std::string("C:\\Velmora\\"));
+    SettingsEditor::Place place;
+    editor.LoadState(place);
+    editor.SaveState(entry, place);
+    EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
+}
+
+TEST_F(OptionsTest, AResetForgetsPositionsAndLeavesTheHabitsStored) {
+    LoadGlobals(main);
+    main.document.LayoutName = "A4_8";
+    SaveOptions(main, false, false);
+    EXPECT_EQ(test.Stored("Settings", "Ask before delete"), "False");
+    for (const char* key : {"PrtWiz", "Font Settings", "mdiVelmora", "frmOther"})
+        test.Store("Form Position", key, "1,2,3,4");
+    test.Store("Margin Settings", "Default Left Margin - A4_8", "7");
+    EXPECT_EQ(ResetOptions(main), LoadOutcome::Loaded);
+    EXPECT_EQ(test.Stored("Settings", "Margin Value Left"), "7");
+    EXPECT_FALSE(main.globals.AskBeforeDelete) << "read again, as stored";
+    EnumerateSettings(test.settings, "Velmora", "Form Position");
+    EXPECT_TRUE(test.settings.KeyValues.empty());
+    EXPECT_EQ(kResetPositions[4], "PrtWiz");
+    EXPECT_EQ(kResetPositions[23], "mdiVelmora");
+}
+
+struct ImportTest : OptionsTest {
+    fs::path reg = test.folder / "old.reg";
+
+    void Import(const std::string& bytes, const std::string& message, Icon icon) {
+        ReplaceFile(reg, bytes);
+        test.ui.ExpectChooser("Import old settings", reg, "OPEN|Registry export (*.reg)|*.reg|Velmora.reg");
+        test.ui.Expect(message, icon);
+        ImportOldSettings(main);
+        EXPECT_EQ(ReadFile(reg), bytes) << "the person's own file was changed";
+    }
+    static std::string Export(const std::string& section, const std::string& lines) {
+        return "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\" + kKey + section + "]\r\n" + lines;
+    }
+};
+
+TEST_F(ImportTest, SettingsOfAnOldMachineComeLater) {
+    LoadGlobals(main);
+    NewDocument(main);
+    main.document.FieldA(1) = "typed";
+    const std::string text =
+        Export("Settings", "\"OptType\"=\"3\"\r\n\"Ask before delete\"=\"False\"\r\n\"N\"=dword:00000007\r\n") +
+        "[HKEY_LOCAL_MACHINE\\" + kKey + "Paths]\r\n\"Images\"=\"C:\\\\Velmora\\\\\"\r\n";
+    const std::string done = "Settings imported: 3.\r\nAn open document keeps its own tab type, margins and fonts.";
+    Import(text, done, Icon::Information);
+    EXPECT_EQ(main.document.OptType, 0);
+    EXPECT_EQ(main.document.FieldA(1), "typed");
+    EXPECT_FALSE(main.globals.AskBeforeDelete);
+    EXPECT_EQ(test.Stored("Settings", "N"), "7");
+    EXPECT_EQ(test.Stored("Paths", "Images"), kProbe);
+    NewDocument(main);
+    Import(text, done, Icon::Information);
+    EXPECT_EQ(main.document.OptType, 3);
+    EXPECT_EQ(main.document.TabCount, 54);
+}
+
+TEST_F(ImportTest, AFileThatIsNoneChangesNothing) {
+    LoadGlobals(main);
+    const std::string before = ReadFile(test.folder / "Velmora.ini");
+    const std::string damaged =
+        "The file '" + reg.string() + "' is damaged, or no export of a registry.\r\nNothing was changed.";
+    for (const std::string& bytes : {std::string("broken"), Export("Settings", "\"OptType\"=\"3\"\r\n\"A\"=open\r\n")})
+        Import(bytes, damaged, Icon::Exclamation);
+    Import("REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\r\n\"A\"=\"1\"\r\n",
+           "The file '" + reg.string() + "' holds no settings of Velmora. Nothing was changed.", Icon::Information);
+    test.ui.ExpectChooser("Import old settings", test.folder / "none.reg");
+    test.ui.Expect("The file '" + (test.folder / "none.reg").string() + "' cannot be read.\r\nNothing was changed.",
+                   Icon::Exclamation);
+    ImportOldSettings(main);
+    EXPECT_EQ(ReadFile(test.folder / "Velmora.ini"), before);
+    fs::remove(test.folder / "Velmora.ini");
+    fs::create_directory(test.folder / "Velmora.ini");
+    Import(Export("Settings", "\"OptType\"=\"3\"\r\n"),
+           (test.folder / "Velmora.ini").string() + ": Is a directory\r\nNothing was changed.", Icon::Exclamation);
+}
+
+TEST_F(OptionsTest, RegistryValuesAsText) {
+    const std::string path = "SOFTWARE\\X";
+    const std::pair<RegistryValue, const char*> cases[] = {
+        {std::string("C:\\a"), "C:\\a"},  {26u, "26"}, {0x00010203u, "291"}, {0xFFFFFFFFu, "-1"}, {0x0A0Bu, "171"},
+        {std::string(1023, 'x'), nullptr}};
+    for (const auto& [value, text] : cases) {
+        test.registry.Set(path, "V", value);
+        std::string result;
+        EXPECT_TRUE(GetKeyValue(test.registry, path, "V", result));
+        EXPECT_EQ(result, text ? text : std::string(1023, 'x'));
+    }
+    std::string result = "kept";
+    test.registry.Set(path, "V", std::string(1024, 'x'));
+    EXPECT_FALSE(GetKeyValue(test.registry, path, "V", result));
+    EXPECT_FALSE(GetKeyValue(test.registry, path, "None", result));
+    EXPECT_EQ(result, "kept");
+}
+
+/// A desktop that tells what it was asked to start.
+struct FakeDesktop : Desktop {
+    bool OpenFile(const fs::path&) override { return false; }
+    bool StartProgram(const fs::path& program) override { return (calls += program.string() + " ", starts); }
+    bool StartSystemInformation() override { return (calls += "own ", has); }
+    std::string calls;
+    bool starts = true;
+    bool has = true;
+};
+
+TEST_F(OptionsTest, SystemInformationIsTheNamedToolOrTheDesktops) {
+    FakeDesktop desktop;
+    StartSysInfo(main, &desktop);
+    const std::string shared = "SOFTWARE\\Microsoft\\Shared Tools";
+    test.registry.Set(shared + " Location", "MSINFO", test.folder.Path().string());
+    StartSysInfo(main, &desktop); // the file that it names is not there
+    const fs::path tool = test.folder.Path().string() + "\\MSINFO32.EXE";
+    ReplaceFile(tool, "");
+    StartSysInfo(main, &desktop);
+    test.registry.Set(shared + "\\MSINFO", "PATH", std::string("tool"));
+    StartSysInfo(main, &desktop);
+    EXPECT_EQ(desktop.calls, "own own " + tool.string() + " tool ");
+    desktop.starts = desktop.has = false;
+    test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
+    StartSysInfo(main, &desktop);
+    test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
+    StartSysInfo(main, nullptr);
+    fs::remove(tool);
+}
+
+TEST_F(OptionsTest, ProgramsAreStartedWithoutAShell) {
+    const fs::path bin = test.folder / "bin";
+    fs::create_directory(bin);
+    LinuxDesktop desktop([&](const char* name) {
+        return std::string(name) == "PATH" ? std::optional("/nowhere:" + bin.string()) : std::nullopt;
+    });
+    EXPECT_FALSE(desktop.OpenFile(test.folder / "a.chm"));
+    EXPECT_FALSE(desktop.StartSystemInformation());
+    ReplaceFile(bin / "xdg-open", "#!/bin/sh\nprintf %s \"$1\" >" + (test.folder / "opened.part").string() + "\nmv " +
+                                      (test.folder / "opened.part").string() + " " + (test.folder / "opened").string() +
+                                      "\n");
+    fs::permissions(bin / "xdg-open", fs::perms::owner_all);
+    const fs::path odd = test.folder / "a; touch b $(x) .chm";
+    EXPECT_TRUE(desktop.OpenFile(odd));
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!fs::exists(test.folder / "opened") && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::yield();
+    EXPECT_EQ(ReadFile(test.folder / "opened"), odd.string());
+    ReplaceFile(bin / "broken", "#!/nowhere/at/all\n");
+    fs::permissions(bin / "broken", fs::perms::owner_all);
+    EXPECT_FALSE(desktop.StartProgram(bin / "broken"));
+    EXPECT_FALSE(desktop.StartProgram("xdg-open"));
+}
+
+} // namespace
+} // namespace velmora
