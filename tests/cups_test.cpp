@@ -195,7 +195,7 @@ struct NetworkPrinterTest : CupsTest {
         const std::string port = printer.substr(16, printer.find('/', 16) - 16);
         daemons.emplace_back(std::vector<std::string>{"ippeveprinter", "-f", "application/pdf", "-k", "-d",
                                                       folder / "jobs", "-c", "/bin/true", "-n", "localhost", "-p", port,
-                                                      "Desk"});
+                                                      "Simulated"});
         WaitUntil("PATH=$PATH:/usr/sbin lpadmin -p Desk -E -v " + printer + " -m everywhere");
     }
     /// The printer announces itself on a bus of the test's own.
@@ -217,6 +217,7 @@ struct NetworkPrinterTest : CupsTest {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
         while (Shell(command).code != 0 && std::chrono::steady_clock::now() < deadline)
             std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        EXPECT_LT(std::chrono::steady_clock::now(), deadline) << command;
     }
     void Batch(const std::string& arguments) {
         const Result result = Shell("cd '" + folder.Path().string() + "' && '" VELMORA_BATCH "' " + arguments);
