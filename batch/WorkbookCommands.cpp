@@ -2,6 +2,7 @@
 #include "batch/BatchProgram.h"
 #include "batch/Commands.h"
 #include "document/OpenDocument.h"
+#include "document/SaveDocument.h"
 #include "document/TextList.h"
 #include "document/Worksheet.h"
 #include "platform/linux/LibraryWorkbooks.h"
@@ -48,15 +49,6 @@ Worksheet ReadSheet(const ConvertArguments& arguments, const std::string& text) 
         return WorksheetOf(ParseTextList(text, GuessDelimiter(text)), OptionsOf(arguments));
     const auto workbook = LibraryWorkbooks().Open(arguments.input);
     return ReadWorksheet(*workbook, ChooseSheet(*workbook, arguments.sheet), OptionsOf(arguments));
-}
-
-int FieldsInUse(const Worksheet& sheet) {
-    int fields = 1;
-    for (const auto& row : sheet.rows)
-        for (int field = fields; field < kFieldsPerTab; ++field)
-            if (!row[static_cast<std::size_t>(field)].empty())
-                fields = field + 1;
-    return fields;
 }
 
 /// Puts what the command line says in the place of what the input says, in its header or in the settings.
@@ -112,6 +104,10 @@ int RunConvert(const ConvertArguments& arguments) {
     WriteOutput(arguments.output, [&](const auto& sink) {
         NamingFile(arguments.output, [&] { WriteDocument(program, arguments, sink); });
     });
+    if (!WorkbookFormatOf(arguments.output))
+        WarnOfCommas(program.Main());
+    if (!program.Told().empty())
+        std::cerr << "velmora-batch: " << program.Told() << '\n';
     return kDone;
 }
 

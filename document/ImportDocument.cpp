@@ -4,6 +4,8 @@
 #include "document/Dialogs.h"
 #include "document/ImportDialogs.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
@@ -31,6 +33,13 @@ std::optional<ImportChoice> Choose(MainModule& main, const ImportRequest& reques
     return main.dialogs ? main.dialogs->ChooseImport(request, choice) : choice;
 }
 
+/// Rows without a header: no column that was chosen stays hidden for want of a field.
+LoadOutcome LoadImported(MainModule& main, const Worksheet& sheet) {
+    const int fields = std::max<int>(main.document.NoOfFields, FieldsInUse(sheet));
+    Write(main.settings, kNoOfFields, std::to_string(fields));
+    return LoadDocument(main, sheet);
+}
+
 /// A sheet without a header, by the columns that the person chooses.
 OpenOutcome ImportSheet(MainModule& main, Workbook& workbook, const std::string& sheet, const ReplaceWith& replace) {
     std::vector<std::vector<std::string>> rows;
@@ -39,7 +48,7 @@ OpenOutcome ImportSheet(MainModule& main, Workbook& workbook, const std::string&
     const auto choice = Choose(main, {sheet, {}, [&](const ImportChoice&) { return rows; }}, {});
     if (!choice)
         return OpenOutcome::Cancelled;
-    return replace([&] { return LoadDocument(main, ReadWorksheet(workbook, sheet, choice->cells)); });
+    return replace([&] { return LoadImported(main, ReadWorksheet(workbook, sheet, choice->cells)); });
 }
 
 /// A list that loses nothing when a tab file's reader takes it: that one also keeps blanks and blank lines.
@@ -114,7 +123,7 @@ OpenOutcome ImportList(MainModule& main, const std::filesystem::path& path, cons
     const std::string text = DecodeList(bytes, choice->encoding);
     if (ReadsAsTabFile(*choice, guess, text))
         return openTabFile();
-    return replace([&] { return LoadDocument(main, ReadList(text, *choice)); });
+    return replace([&] { return LoadImported(main, ReadList(text, *choice)); });
 }
 
 } // namespace velmora

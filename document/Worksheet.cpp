@@ -108,6 +108,15 @@ Worksheet WorksheetBuilder::Take() {
     return std::move(sheet_);
 }
 
+int FieldsInUse(const Worksheet& sheet) {
+    int fields = 1;
+    for (const auto& row : sheet.rows)
+        for (int field = fields; field < kFieldsPerTab; ++field)
+            if (!row[static_cast<std::size_t>(field)].empty())
+                fields = field + 1;
+    return fields;
+}
+
 Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const WorksheetOptions& options) {
     WorksheetBuilder builder(options);
     std::vector<int> columns(static_cast<std::size_t>(builder.LastColumn()));

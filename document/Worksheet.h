@@ -52,6 +52,8 @@ private:
     std::size_t bytes_ = 0;
 };
 
+/// The number of fields, at least 1, that the rows have texts for.
+int FieldsInUse(const Worksheet& sheet);
 /// Raises what the workbook and the builder raise.
 Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const WorksheetOptions& options);
 /// The rows of a text list. Raises what the builder raises.

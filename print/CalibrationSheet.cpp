@@ -165,6 +165,8 @@ void PrintCalibrationSheet(PrintModule& print) {
     if (toFile && !path)
         return;
     const TabDocument& document = main.document;
+    if (!toFile && print.CurrentPrinter.empty())
+        print.CurrentPrinter = main.printers.DefaultPrinter().value_or("");
     TrappedPrinting(print, "Called from Sub: PrintCalibrationSheet", [&] {
         const auto write = [&](auto& file) {
             WriteCalibrationPdf(main.settings, print.catalogue, document.OptType, document.StationeryType,

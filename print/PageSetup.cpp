@@ -15,7 +15,7 @@ bool SameSetup(const TabDocument& a, const TabDocument& b) {
 
 void TakeOver(MainModule& main, const TabDocument& draft, DefaultMargins margins) {
     TabDocument& document = main.document;
-    const bool calibrate = margins == DefaultMargins::Always || draft.LayoutName != document.LayoutName;
+    const bool calibrate = TakesDefaultMargins(main, draft, margins);
     if (!SameSetup(draft, document))
         document.DocChanged = true;
     document.OptType = draft.OptType;
@@ -25,11 +25,16 @@ void TakeOver(MainModule& main, const TabDocument& draft, DefaultMargins margins
     SetFieldLimits(document);
     document.CurrentPage = 1;
     ApplyTabType(main);
-    if (calibrate && DefaultMarginsExist(main.settings, draft.OptType, draft.LayoutName))
+    if (calibrate)
         ApplyDefaultMargins(main.settings, draft.OptType, draft.LayoutName);
 }
 
 } // namespace
+
+bool TakesDefaultMargins(MainModule& main, const TabDocument& draft, DefaultMargins margins) {
+    return draft.LayoutName != main.document.LayoutName ||
+           (margins == DefaultMargins::Always && DefaultMarginsExist(main.settings, draft.OptType, draft.LayoutName));
+}
 
 TabDocument SetupDraft(const TabDocument& document) {
     TabDocument draft;

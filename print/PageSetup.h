@@ -16,7 +16,11 @@ void SetDraftType(TabDocument& draft, int type);
 
 enum class DefaultMargins { OnNewLayout, Always };
 
-/// Gives the document the draft's tab type, layout and fields, and the layout's default margins where there are any,
+/// True when the draft's layout brings its default margins along: a new layout always does, and has 0 where it was
+/// never calibrated; the document's own only where it was.
+bool TakesDefaultMargins(MainModule& main, const TabDocument& draft, DefaultMargins margins);
+
+/// Gives the document the draft's tab type, layout and fields, and default margins as TakesDefaultMargins says,
 /// as one undo step; shows page 1. Deliberate: with `CurrentTab` at 0 or 1 another sheet size empties the document; a
 /// recovery copy is kept before. False after an error, which was shown and left everything as it was.
 bool ApplySetup(MainModule& main, const TabDocument& draft, const std::string& stepName, DefaultMargins margins);

@@ -56,6 +56,7 @@ void PrinterWizard::ChooseLayout(const std::string& layout) {
 
 void PrinterWizard::PrintTestPage(const std::function<void(std::int32_t)>& print) {
     const Transaction trial(main_); // never committed
+    const bool calibrate = TakesDefaultMargins(main_, draft_, DefaultMargins::Always);
     TabDocument& document = main_.document;
     document.OptType = draft_.OptType;
     document.StationeryType = draft_.StationeryType;
@@ -64,7 +65,7 @@ void PrinterWizard::PrintTestPage(const std::function<void(std::int32_t)>& print
     SetColsPerPage(document, draft_.OptType);
     main_.globals.PrinterName = printer_;
     Write(main_.settings, kPrinter, printer_);
-    if (DefaultMarginsExist(main_.settings, draft_.OptType, draft_.LayoutName))
+    if (calibrate)
         ApplyDefaultMargins(main_.settings, draft_.OptType, draft_.LayoutName);
     print(draft_.RowsPerPage * draft_.ColsPerPage);
 }

@@ -195,7 +195,7 @@ TEST_F(SetupTest, OkTakesTheDocumentToTheChoice) {
     const Row rows[] = {{{4}, 3, "4 DL_v DL_v DL 3 20,10,10", "7/8"},
                         {{5}, 1, "5 DL_v DL_v DL 1 20,0,0", "7/8"},
                         {{4, 2}, 2, "2 A4_9 A4 A4 2 20,20,0", "3/4"},
-                        {{0}, 2, "0 A4_8 A4 A4 2 20,20,0", "3/4"}}; // a layout without defaults keeps the margins
+                        {{0}, 2, "0 A4_8 A4 A4 2 20,20,0", "0/0"}}; // a layout that was never calibrated
     for (const Row& row : rows) {
         PageSetup dialog(main);
         dialog.Open();

@@ -229,10 +229,10 @@ TEST_F(WizardTest, CancelAsksInTheWordsOfThePageAndDiscards) {
     MakeDocument(1, 1);
     for (const auto& [page, question] : cases) {
         Number("3");
-        program.ui.Expect(start + question, Icon::Question, Buttons::YesNo, Answer::No);
+        program.ui.Expect(start + question, Icon::Question, Buttons::YesNo, Answer::No, Answer::No);
         EXPECT_FALSE(ConfirmCancel(main, wizard, page));
         EXPECT_EQ(wizard.WizFieldA(3), "3");
-        program.ui.Expect(start + question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        program.ui.Expect(start + question, Icon::Question, Buttons::YesNo, Answer::Yes, Answer::No);
         EXPECT_TRUE(ConfirmCancel(main, wizard, page));
         EXPECT_EQ(wizard.WizFieldA.Count(), 0);
     }
@@ -290,7 +290,7 @@ TEST_F(WizardTest, AppendingTakesThePageOnScreenAndShowsTheFirstNewTab) {
     ASSERT_TRUE(AppendWizardTabs(main, wizard));
     EXPECT_EQ(document.FieldA(25), "typed");
     EXPECT_EQ(Joined(document.FieldA, 1, 5), "a1|1|2|3|a5");
-    EXPECT_EQ(Joined(document.FieldB, 1, 5), "b1||||b5") << "empty values are values too";
+    EXPECT_EQ(Joined(document.FieldB, 1, 5), "b1|b2|b3|b4|b5") << "chosen, but without values";
     EXPECT_EQ(document.CurrentPage, 1);
     EXPECT_EQ(editor.calls, "up ");
     main.editor = nullptr;

@@ -33,13 +33,32 @@ void GrowTo(TabDocument& document, std::int16_t pages) {
         document.Field(field).Resize(document.TabCount);
 }
 
+/// A field that was chosen and then left without values keeps its texts.
 void CopyValues(const WizardState& wizard, TabDocument& document) {
-    for (int field = 0; field < kFieldsPerTab; ++field)
-        if (wizard.WizFieldUsed[static_cast<std::size_t>(field)])
-            CopyTabRange(wizard.Buffer(field), 1, wizard.NewTabCount, document.Field(field), document.CurrentTab);
+    for (std::size_t field = 0; field < kFieldsPerTab; ++field)
+        if (wizard.WizFieldUsed[field] && wizard.FieldDone[field])
+            CopyTabRange(wizard.Buffer(static_cast<int>(field)), 1, wizard.NewTabCount,
+                         document.Field(static_cast<int>(field)), document.CurrentTab);
+}
+
+int TabsWithText(const TabDocument& document, int first, int last) {
+    int filled = 0;
+    for (int tab = first; tab <= std::min(last, document.TabCount); ++tab)
+        filled += document.FieldA(tab).empty() && document.FieldB(tab).empty() && document.FieldC(tab).empty() ? 0 : 1;
+    return filled;
 }
 
 } // namespace
+
+std::string PlaceOfNewTabs(const TabDocument& document, int count) {
+    const int first = std::max<int>(1, document.CurrentTab);
+    const int last = first + count - 1;
+    const int filled = TabsWithText(document, first, last);
+    std::string text = "These will be tabs " + std::to_string(first) + " to " + std::to_string(last) + ".";
+    if (filled > 0)
+        text += " Tabs among them that hold texts now: " + std::to_string(filled) + ".";
+    return text;
+}
 
 bool AppendWizardTabs(MainModule& main, const WizardState& wizard) {
     TabDocument& document = main.document;

@@ -3,6 +3,8 @@
 
 #include "wizard/WizardState.h"
 
+#include <string>
+
 namespace velmora {
 
 /// Writes the values of the fields used into the tabs from `CurrentTab` on (from tab 1 while that is 0), also empty
@@ -11,5 +13,8 @@ namespace velmora {
 /// when the document would hold too many pages. Raises OverflowError, with nothing changed, when the last tab has no
 /// 16-bit number.
 bool AppendWizardTabs(MainModule& main, const WizardState& wizard);
+
+/// Says which tabs `count` new ones will be, and how many of them hold texts that may be replaced.
+std::string PlaceOfNewTabs(const TabDocument& document, int count);
 
 } // namespace velmora

@@ -119,7 +119,9 @@ NumberSeries ReadNumberPage(std::string_view first, std::string_view format, std
 std::string PreviewNumberPage(std::string_view first, std::string_view format, std::string_view before,
                               std::string_view after, std::int32_t count) {
     try {
-        return PreviewText(ReadNumberPage(first, format, before, after), count);
+        const NumberSeries series = ReadNumberPage(first, format, before, after);
+        const bool unused = series.width == 0 && !(series.before.empty() && series.after.empty());
+        return PreviewText(series, count) + (unused ? "   (Texts are added only with a number format.)" : "");
     } catch (const OverflowError&) {
         return "The numbers would not all lie between -2147483648 and 2147483647.";
     }
@@ -216,7 +218,7 @@ std::string FieldPicture(const WizardState& wizard) {
 }
 
 bool ConfirmCancel(MainModule& main, WizardState& wizard, WizardPage page) {
-    if (Ask(main, CancelQuestion(page), Buttons::YesNo) != Answer::Yes)
+    if (Ask(main, CancelQuestion(page), Buttons::YesNo, Answer::No) != Answer::Yes)
         return false;
     for (; wizard.FontSteps > 0; --wizard.FontSteps)
         UndoChange(main);

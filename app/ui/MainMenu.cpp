@@ -2,9 +2,9 @@
 
 #include "app/Commands.h"
 #include "app/Help.h"
+#include "app/ui/SetupForms.h"
 #include "app/ui/frmAbout.h"
 #include "app/ui/frmOptionsPage.h"
-#include "app/ui/SetupForms.h"
 #include "base/Text.h"
 #include "document/Pages.h"
 #include "document/PasteBlock.h"
@@ -29,12 +29,12 @@ constexpr ToolButton kGap = {nullptr, nullptr};
 
 template <OpenKind kind> void Open(CommandContext& context) {
     if (OpenCommand(context.program.main, kind) == OpenOutcome::NoPrinter)
-        QApplication::quit();
+        QApplication::exit();
 }
 
 template <auto command> void Print(CommandContext& context) {
     if (command(context.program.print) == PrintOutcome::NoPrinter)
-        QApplication::quit();
+        QApplication::exit();
 }
 
 void SavePdf(CommandContext& context) {
@@ -93,7 +93,7 @@ void FindNext(CommandContext& context) {
 
 void SetUpPage(CommandContext& context) {
     if (ShowPageSetup(context.program, &context.window) == LoadOutcome::NoPrinter)
-        QApplication::quit();
+        QApplication::exit();
 }
 
 /// The toolbar's way: from the first page on.
@@ -114,7 +114,7 @@ void ShowOptions(CommandContext& context) {
     frmOptionsPage form(context.program.main, &context.window);
     form.exec();
     if (form.LostPrinter())
-        QApplication::quit();
+        QApplication::exit();
 }
 
 void ShowHelp(CommandContext& context) {

@@ -16,10 +16,10 @@ std::function<void(std::int32_t)> TestPagePrinter(Program& program) {
     return [&program](std::int32_t tabs) {
         const TabDocument& document = program.main.document;
         const PrintOutcome outcome = PrintReport(
-            program.print, "Test page",
+            program.print, "TestPage",
             {"TEST", document.OptType, tabs, document.NoOfFields, document.RowsPerPage, document.ColsPerPage, false});
         if (outcome == PrintOutcome::NoPrinter)
-            QApplication::quit();
+            QApplication::exit();
     };
 }
 

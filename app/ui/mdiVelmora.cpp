@@ -121,7 +121,7 @@ void mdiVelmora::AddRecentFiles(QMenu* menu) {
 
 void mdiVelmora::OpenAnother(const std::filesystem::path& path) {
     if (OpenInstead(program_.main, path) == OpenOutcome::NoPrinter)
-        QApplication::quit();
+        QApplication::exit();
 }
 
 /// The documents that were replaced or left unsaved, before the last item.

@@ -18,7 +18,7 @@ void RestorePlace(QWidget& window, SettingsStore& settings, const char* key) {
     const QSize room = window.screen()->virtualSize();
     const FormPosition place = RestoreFormPosition(settings, key, PlaceOf(window), room.width(), room.height());
     window.move(place.left, place.top);
-    window.resize(place.width, place.height);
+    window.resize(QSize(place.width, place.height).boundedTo(window.screen()->availableSize()));
 }
 
 void SavePlace(const QWidget& window, SettingsStore& settings, const char* key) {

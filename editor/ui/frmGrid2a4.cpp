@@ -148,6 +148,8 @@ void frmGrid2a4::ShowText(TabBox place, std::size_t at, std::size_t length) {
     QLineEdit* box = Box(place.field, (place.tab - 1) % perPage + 1);
     if (!box)
         return;
+    if (auto* left = qobject_cast<QLineEdit*>(focusWidget()))
+        left->deselect();
     const std::string& text = main_.document.Field(place.field)(place.tab);
     const QString before = QString::fromStdString(text.substr(0, at));
     box->setFocus();

@@ -15,7 +15,8 @@ namespace velmora {
 namespace {
 
 constexpr int kConnectMs = 1000;
-constexpr double kAnswerSeconds = 5;
+constexpr double kAnswerSeconds = 3;
+constexpr std::chrono::seconds kSilence{10};
 constexpr double kPwgUnitsPerMm = 100;
 
 struct Close {
@@ -27,14 +28,26 @@ using Connection = std::unique_ptr<http_t, Close>;
 using Destination = std::unique_ptr<cups_dest_t, Close>;
 using DestinationInfo = std::unique_ptr<cups_dinfo_t, Close>;
 
-/// Null where no server answers within a second.
-Connection Connect() {
+bool Answers(http_t* connection) {
+    ippDelete(cupsDoRequest(connection, ippNewRequest(IPP_OP_CUPS_GET_DEFAULT), "/"));
+    const ipp_status_t status = cupsLastError();
+    return status < IPP_STATUS_REDIRECTION_OTHER_SITE || status == IPP_STATUS_ERROR_NOT_FOUND;
+}
+
+/// Null where no server answers soon, and for a while after that.
+Connection Connect(CupsPrinters::Moment& silentUntil) {
+    if (std::chrono::steady_clock::now() < silentUntil)
+        return nullptr;
     Connection connection(
         httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, kConnectMs, nullptr));
-    if (connection)
-        httpSetTimeout(
-            connection.get(), kAnswerSeconds, [](http_t*, void*) { return 0; }, nullptr);
-    return connection;
+    if (!connection)
+        return nullptr;
+    httpSetTimeout(
+        connection.get(), kAnswerSeconds, [](http_t*, void*) { return 0; }, nullptr);
+    if (Answers(connection.get()))
+        return connection;
+    silentUntil = std::chrono::steady_clock::now() + kSilence; // one wait is enough for a whole print run
+    return nullptr;
 }
 
 class Destinations {
@@ -166,14 +179,14 @@ private:
 
 std::vector<std::string> CupsPrinters::Printers() const {
     std::vector<std::string> names;
-    if (const Connection connection = Connect())
+    if (const Connection connection = Connect(silentUntil_))
         for (const cups_dest_t& destination : Destinations(connection.get()))
             names.push_back(NameOf(destination));
     return names;
 }
 
 std::optional<std::string> CupsPrinters::DefaultPrinter() const {
-    const Connection connection = Connect();
+    const Connection connection = Connect(silentUntil_);
     if (!connection)
         return std::nullopt;
     const Destination destination(cupsGetNamedDest(connection.get(), nullptr, nullptr));
@@ -181,7 +194,7 @@ std::optional<std::string> CupsPrinters::DefaultPrinter() const {
 }
 
 PaperSupport CupsPrinters::PaperOf(const std::string& printer, double widthMm, double heightMm) const {
-    const Connection connection = Connect();
+    const Connection connection = Connect(silentUntil_);
     const Destination destination = connection ? Find(connection.get(), printer) : nullptr;
     if (!destination)
         return {};
@@ -194,7 +207,7 @@ PaperSupport CupsPrinters::PaperOf(const std::string& printer, double widthMm, d
 }
 
 void CupsPrinters::Print(const std::string& printer, const PrintJob& job) {
-    const Connection connection = Connect();
+    const Connection connection = Connect(silentUntil_);
     if (!connection)
         throw PrinterError("The print server does not answer.", kPrinterErrorNumber);
     const Destination destination = Find(connection.get(), printer);

@@ -3,6 +3,8 @@
 
 #include "platform/PrintSystem.h"
 
+#include <chrono>
+
 namespace velmora {
 
 /// Every call makes a connection of its own and gives up soon where no server answers: a machine without CUPS has no
@@ -15,6 +17,11 @@ public:
     PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const override;
     /// PrinterError: 5707 for an unknown printer; 482 where no server answers, or the queue takes no jobs.
     void Print(const std::string& printer, const PrintJob& job) override;
+
+    using Moment = std::chrono::steady_clock::time_point;
+
+private:
+    mutable Moment silentUntil_; ///< a server that takes connections without answering is left alone until then
 };
 
 } // namespace velmora

@@ -212,6 +212,7 @@ QGroupBox* frmPreview::BuildFindingBox() {
     lstFindings_->setAccessibleName(tr("Before printing"));
     lstFindings_->setModel(findings_);
     lstFindings_->setUniformItemSizes(true);
+    lstFindings_->installEventFilter(this);
     lstFindings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the tool tip has all of a line
     cmdEditTab_ = Named(new QPushButton(tr("&Edit This Tab")), "cmdEditTab");
     auto* layout = new QVBoxLayout(fraFindings_);
@@ -268,6 +269,16 @@ void frmPreview::hideEvent(QHideEvent* event) {
     if (!event->spontaneous())
         SavePlace(*this, run_.Main().settings, kPositionKey);
     QDialog::hideEvent(event);
+}
+
+/// In the list of remarks the paging keys are the list's.
+bool frmPreview::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lstFindings_ && event->type() == QEvent::ShortcutOverride) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_PageUp || key == Qt::Key_PageDown || key == Qt::Key_Home || key == Qt::Key_End)
+            event->accept();
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 /// Enter prints, but not where it has a meaning of its own.

@@ -52,7 +52,7 @@ struct WizardRun : RunningProgram {
     std::string Preview() { return Find<QLabel>("lblPreview")->text().toStdString(); }
     std::string Focus() { return Frame()->focusWidget()->objectName().toStdString(); }
     void AnswerCancel(const std::string& words, Answer answer) {
-        test.ui.Expect(kQuestion + words, Icon::Question, Buttons::YesNo, answer);
+        test.ui.Expect(kQuestion + words, Icon::Question, Buttons::YesNo, answer, Answer::No);
     }
 
     void Open(const char* count = "30") {
@@ -210,7 +210,7 @@ private slots:
             run.test.ui.Expect(kQuestion + (run.Page() == "frmAutoRepWiz1"    ? "  Are you sure you want to cancel ?"
                                             : run.Page() == "frmAutoRepWiz5b" ? "  Are you sure you want to cancel?"
                                                                               : " Are you sure you want to cancel ?"),
-                               Icon::Question, Buttons::YesNo, Answer::Yes);
+                               Icon::Question, Buttons::YesNo, Answer::Yes, Answer::No);
             run.Press("cmdCancel");
         }
         QCOMPARE(run.program.main.document.FieldA(1), before);

@@ -1,5 +1,6 @@
 #include "wizard/ui/ChoicePages.h"
 
+#include "base/Numbers.h"
 #include "document/Dialogs.h"
 #include "document/ui/LineIcon.h"
 #include "wizard/AppendWizardTabs.h"
@@ -49,8 +50,9 @@ frmAutoRepWiz2::frmAutoRepWiz2(frmAutoRepWiz& wizard)
         txtNoOfPages_->setText(QString::number(State().NewTabCount));
     SetLetters(*txtNoOfPages_, kCountLetters);
     AddQuestion(WithMnemonic(Texts().lines[0], 'H'), txtNoOfPages_);
-    SetButton(WizardButton::Next, State().NewTabCount > 0);
+    lblPlace_ = Named(AddText(""), "lblPlace");
     connect(txtNoOfPages_, &QLineEdit::textChanged, this, &frmAutoRepWiz2::Typed);
+    Typed();
 }
 
 /// An empty box is no way on, but nothing to complain about: the person is about to type.
@@ -58,6 +60,7 @@ void frmAutoRepWiz2::Typed() {
     const std::string text = txtNoOfPages_->text().toStdString();
     const auto message = CheckCount(text);
     SetButton(WizardButton::Next, !message);
+    lblPlace_->setText(message ? "" : QString::fromStdString(PlaceOfNewTabs(Main().document, ToInt32(ToDouble(text)))));
     if (message && !text.empty())
         Tell(Main(), *message);
 }

@@ -6,6 +6,7 @@
 #include <array>
 
 class QButtonGroup;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -27,6 +28,7 @@ private:
     void Typed();
 
     QLineEdit* txtNoOfPages_;
+    QLabel* lblPlace_ = nullptr;
 };
 
 class frmAutoRepWiz2a : public AutoRepForm {

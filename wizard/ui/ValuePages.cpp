@@ -39,11 +39,15 @@ ValueForm::ValueForm(frmAutoRepWiz& wizard, WizardPage page) : AutoRepForm(wizar
 
 void ValueForm::AddPreview() {
     lblPreview_ = Named(AddText(""), "lblPreview");
-    lblPreview_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblPreview_->setWordWrap(false);
+    lblPreview_->setSizePolicy(QSizePolicy::Ignored,
+                               QSizePolicy::Preferred); // a long text is cut, not the page widened
 }
 
 void ValueForm::ShowPreview(const std::string& text) {
-    lblPreview_->setText(QString::fromStdString(text));
+    const QString line = QString::fromStdString(text);
+    lblPreview_->setText(line);
+    lblPreview_->setToolTip(line);
 }
 
 void ValueForm::GoOn() {

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kRowsPerField = 3; // controls, sample, gap
 constexpr int kFieldGap = 8;
-constexpr int kSampleLines = 2;
+constexpr int kSampleLines = 3;
 constexpr int kFontLetters = 24;
 constexpr int kSizeLetters = 4;
 
