@@ -20,7 +20,7 @@ struct MenuItem {
     const char* name;    ///< nullptr: a separator
     const char* caption; ///< with the mnemonic
     const char* shortcut;
-    void (*command)(CommandContext& context); ///< nullptr: not part of this version yet
+    void (*command)(CommandContext& context);
 };
 
 struct Menu {
