@@ -45,7 +45,8 @@ constexpr FormPage kForms[] = {
     {"frmFix3", "calibrating"},     {"frmFix", "printer"},         {"frmPageSetUp", "stationery"},
     {"frmOptionsPage", "settings"}, {"frmSettings", "settings"},   {"frmAbout", "welcome"},
     {"frmFind", "find-undo"},       {"frmPreview", "printing"},    {"frmPrint", "printing"},
-    {"frmUsed", "used-sheets"},     {"frmImport", "spreadsheets"}, {"frmSheet", "spreadsheets"},
+    {"frmUsed", "used-sheets"},     {"frmImport", "spreadsheets"}, {"frmSelectSheet", "spreadsheets"},
+    {"frmGrid2a4", "typing"},       {"frmProgress", "troubles"},   {"frmHelp", "welcome"},
     {"mdiVelmora", "welcome"},
 };
 

@@ -90,8 +90,10 @@ void ImportOldSettings(MainModule& main) {
         return;
     try {
         const int count = ImportRegistryExport(main.settings, *file);
-        if (count > 0)
+        if (count > 0) {
+            ForgetMissingPrinter(main);
             TakeOver(main);
+        }
         Tell(main, count == 0 ? "The file '" + file->string() + "' holds no settings of " +
                                     main.settings.SettingsAppName + ". Nothing was changed."
                               : "Settings imported: " + std::to_string(count) +

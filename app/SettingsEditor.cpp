@@ -34,6 +34,22 @@ void ReadWhole(SettingsStore& store, const SettingKey& key, int& number) {
         number = ToInt32(ToDouble(text));
 }
 
+/// What an INI file would read back as something else; empty for names that it can hold.
+std::string NameFault(const SettingsEntry& entry) {
+    constexpr std::string_view kControls("\0\r\n", 3);
+    if (entry.section.find_first_of("]") != std::string::npos)
+        return "A section's name cannot hold a ']'.";
+    const std::size_t first = entry.key.find_first_not_of(" \t\v\f");
+    if (first != std::string::npos && (entry.key[first] == ';' || entry.key[first] == '['))
+        return "A key's name cannot start with ';' or '['.";
+    if (entry.key.find('=') != std::string::npos)
+        return "A key's name cannot hold a '='.";
+    for (const std::string* name : {&entry.section, &entry.key})
+        if (name->find_first_of(kControls) != std::string::npos)
+            return "A name cannot go over more than one line.";
+    return "";
+}
+
 } // namespace
 
 SettingsEditor::SettingsEditor(MainModule& main) : main_(main) {}
@@ -41,6 +57,10 @@ SettingsEditor::SettingsEditor(MainModule& main) : main_(main) {}
 void SettingsEditor::Press(int button, SettingsEntry& entry) {
     if (button < 0 || button >= static_cast<int>(std::size(kWords))) {
         main_.ui.Show({"Unrecognized button value: " + std::to_string(button), main_.settings.SettingsAppName});
+        return;
+    }
+    if (const std::string fault = UsesIniFile() && button < 2 ? NameFault(entry) : ""; !fault.empty()) {
+        Tell(main_, fault + "\r\nNothing was changed.", Icon::Exclamation);
         return;
     }
     for (const TextKey& row : kTexts)

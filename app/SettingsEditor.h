@@ -22,8 +22,9 @@ public:
     explicit SettingsEditor(MainModule& main);
 
     /// The `butSet` handler: 0 save, 1 get, 2 delete, 3 list the sections, 4 list the keys of the section; says so for
-    /// any other index. Control characters in the entry become blanks, since a line break would write lines of its own
-    /// into the file. Errors are reported.
+    /// any other index. Neither 0 nor 1, which writes a missing setting's default, takes a name for the INI file that
+    /// could not be found in it again: a section with "]", a key with "=" or with ";" or "[" in front, a line break.
+    /// Other control characters in the entry become blanks. Errors are reported.
     void Press(int button, SettingsEntry& entry);
     /// What the last listing found.
     const std::vector<std::string>& Listing() const { return listing_; }

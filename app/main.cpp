@@ -2,6 +2,7 @@
 
 #include "app/Main.h"
 #include "app/Version.h"
+#include "app/settings/Validate.h"
 #include "app/ui/SetupForms.h"
 #include "app/ui/frmSettings.h"
 #include "app/ui/mdiVelmora.h"
@@ -26,11 +27,22 @@ namespace {
 
 using namespace velmora;
 
+/// Fills a folder of pictures that lacks the one by which it is known, and a folder of documents that is missing or
+/// empty: a person may have removed the sample.
+void LayOut(const std::filesystem::path& images, const std::filesystem::path& tabs) {
+    std::error_code error;
+    if (!FindFile(images, "A4_alpha_New.gif"))
+        UnpackBundledFiles("Images", images);
+    if (!std::filesystem::exists(tabs, error) || std::filesystem::is_empty(tabs, error))
+        UnpackBundledFiles("Tabs", tabs);
+}
+
 /// The main window lives from the start-up's call to the end of the process.
 class QtForms : public Forms {
 public:
     explicit QtForms(Program& program) : program_(program) {}
     void ShowMainWindow() override {
+        LayOut(program_.main.globals.ImagesPath, program_.main.globals.TabsPath); // which the start may have made
         window_ = std::make_unique<mdiVelmora>(program_);
         window_->show();
     }
@@ -56,9 +68,7 @@ int Run(const std::string& commandLine) {
     const Environment environment = SystemEnvironment();
     const std::filesystem::path folder =
         FindProgramFolder(QCoreApplication::applicationDirPath().toStdString(), environment);
-    std::error_code error;
-    if (!std::filesystem::exists(folder / "Velmora.ini", error))
-        UnpackBundledFiles(folder);
+    LayOut(folder / "Images", folder / "Tabs");
 
     QtUserInterface ui;
     RegistryFile registry(folder / "Velmora.reg");

@@ -15,7 +15,11 @@ namespace {
 /// Settings of an older installation are read only while there is no INI file yet.
 void ChooseStore(MainModule& main) {
     SettingsStore& store = main.settings;
-    if (!store.IniFile.empty() && !FileExists(store.IniFile) && MoveRegistrySettings(store) == MoveResult::PartlyFailed)
+    const bool first = !store.IniFile.empty() && !FileExists(store.IniFile);
+    const MoveResult moved = first ? MoveRegistrySettings(store) : MoveResult::NothingThere;
+    if (moved != MoveResult::NothingThere)
+        ForgetMissingPrinter(main);
+    if (moved == MoveResult::PartlyFailed)
         Tell(main,
              "Not all settings of the older installation could be moved. When the cause is mended, they can be had "
              "with Tools > Options ... > Import old settings.",
@@ -50,6 +54,19 @@ void TakeBack(TabDocument& document, const std::vector<TabTexts>& texts, std::in
 }
 
 } // namespace
+
+void ForgetMissingPrinter(MainModule& main) {
+    CSetting& stored = main.settings.Object;
+    stored.SaveMode(1);
+    const std::string name = stored.GetSettingStr(kPrinter.section, kPrinter.key, kProbe);
+    if (name == kProbe)
+        return;
+    try {
+        const std::vector<std::string> installed = main.printers.Printers();
+        if (std::find(installed.begin(), installed.end(), name) == installed.end())
+            stored.SaveSettingStr(kPrinter.section, kPrinter.key, "");
+    } catch (const PrinterError&) {} // whether it is there cannot be known
+}
 
 LoadOutcome LoadGlobals(MainModule& main) {
     SettingsStore& store = main.settings;

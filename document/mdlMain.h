@@ -44,6 +44,9 @@ enum class LoadOutcome { Loaded, NoPrinter };
 /// file, settings of an older installation are moved into it. NoPrinter: the machine has none, the person was told,
 /// and the program must end.
 LoadOutcome LoadGlobals(MainModule& main);
+/// A stored printer that this machine does not have becomes none, so that its default printer is taken: after settings
+/// came from another machine.
+void ForgetMissingPrinter(MainModule& main);
 /// Writes globals and the document's properties.
 void SaveGlobals(MainModule& main);
 

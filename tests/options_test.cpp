@@ -4,6 +4,7 @@
 #include "app/SystemInformation.h"
 #include "base/AtomicFile.h"
 #include "platform/linux/LinuxDesktop.h"
+#include "tests/support/FakePrinters.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -81,24 +82,48 @@ TEST_F(OptionsTest, NumbersThatAreNoneChangeNothing) {
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
 }
 
+TEST_F(OptionsTest, NamesThatTheFileWouldReadAsSomethingElseAreRefused) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"Sect", " ;Key", "A key's name cannot start with ';' or '['."},
+        {"Sect", "[Key", "A key's name cannot start with ';' or '['."},
+        {"Sect", "Key\r\nb", "A name cannot go over more than one line."},
+        {"Se\nct", "Key", "A name cannot go over more than one line."}};
+    for (const auto& [section, key, fault] : rows)
+        for (const int button : {0, 1}) {
+            entry.section = section;
+            entry.key = key;
+            test.ui.Expect(std::string(fault) + "\r\nNothing was changed.", Icon::Exclamation);
+            editor.Press(button, entry);
+        }
+    EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
+    editor.UseIniFile(false);
+    entry = {"a]b", "a=b", "1", "abc", false};
+    editor.Press(0, entry);
+    EXPECT_EQ(Line(4), "a=b=abc|") << "the registry can hold them";
+}
+
 TEST_F(OptionsTest, NoTextThatIsTypedCanHarmTheStore) {
     test.Store("Safe", "Key", "kept");
-    const std::string texts[] = {"",
-                                 "]",
-                                 "[a",
-                                 "a=b",
-                                 ";",
-                                 " ",
-                                 "\r\n[Safe]\r\nKey=lost",
-                                 "\t",
-                                 "\xF0\x9F\x96\xA8",
-                                 "\\",
-                                 "\"",
-                                 std::string(70000, 'x'),
-                                 "~~~",
-                                 "a]b=c;d"};
-    for (const std::string& text : texts)
+    const std::string section = "A section's name cannot hold a ']'.";
+    const std::string start = "A key's name cannot start with ';' or '['.";
+    const std::pair<std::string, std::string> rows[] = {{"", ""},
+                                                        {"]", section},
+                                                        {"[a", start},
+                                                        {"a=b", "A key's name cannot hold a '='."},
+                                                        {";", start},
+                                                        {" ", ""},
+                                                        {"\r\n[Safe]\r\nKey=lost", section},
+                                                        {"\t", ""},
+                                                        {"\xF0\x9F\x96\xA8", ""},
+                                                        {"\\", ""},
+                                                        {"\"", ""},
+                                                        {std::string(70000, 'x'), ""},
+                                                        {"~~~", ""},
+                                                        {"a]b=c;d", section}};
+    for (const auto& [text, fault] : rows)
         for (const int button : {0, 1, 3, 4, 2}) {
+            if (!fault.empty() && button < 2)
+                test.ui.Expect(fault + "\r\nNothing was changed.", Icon::Exclamation);
             entry = {text, text, text, text, false};
             editor.Press(button, entry);
         }
@@ -180,6 +205,27 @@ TEST_F(ImportTest, SettingsOfAnOldMachineComeLater) {
     Import(text, done, Icon::Information);
     EXPECT_EQ(main.document.OptType, 3);
     EXPECT_EQ(main.document.TabCount, 54);
+}
+
+TEST_F(ImportTest, APrinterThatIsNotHereGivesWayToTheDefault) {
+    FakePrinters printers;
+    MainModule here{test.settings, test.ui, printers, test.workbooks, {}, {}, {}};
+    const auto load = [&] {
+        test.settings.Own.clear();
+        LoadGlobals(here);
+        return here.globals.PrinterName;
+    };
+    test.registry.Set(kKey + "Paths", "Application", std::string("C:\\Velmora\\"));
+    test.registry.Set(kKey + "Settings", "Printer", std::string("Gone"));
+    EXPECT_EQ(load(), "Hall") << "moved in at the first start";
+    for (const auto& [name, taken] : {std::pair("Office", "Office"), {"Gone", "Hall"}}) {
+        ReplaceFile(reg, Export("Settings", "\"Printer\"=\"" + std::string(name) + "\"\r\n"));
+        test.ui.ExpectChooser("Import old settings", reg);
+        test.ui.Expect("Settings imported: 1.\r\nAn open document keeps its own tab type, margins and fonts.",
+                       Icon::Information);
+        ImportOldSettings(here);
+        EXPECT_EQ(load(), taken);
+    }
 }
 
 TEST_F(ImportTest, AFileThatIsNoneChangesNothing) {

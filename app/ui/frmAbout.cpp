@@ -3,6 +3,7 @@
 #include "app/SystemInformation.h"
 #include "app/Version.h"
 #include "document/Dialogs.h"
+#include "document/ui/HelpRequest.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -89,6 +90,7 @@ QLayout* frmAbout::BuildButtons() {
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     auto* buttons = new QHBoxLayout;
+    buttons->addWidget(MakeHelpButton());
     buttons->addWidget(sysInfo);
     buttons->addStretch();
     buttons->addWidget(ok);

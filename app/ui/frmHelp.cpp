@@ -33,11 +33,12 @@ QUrl Source(const QString& page) {
     return QUrl("qrc:/help/" + page + ".html");
 }
 
+/// Without the line of links at the end, which would make a hit of every page beside the one looked for.
 QString PlainText(const QString& page) {
     QFile file(":/help/" + page + ".html");
     QTextDocument document;
     if (file.open(QIODevice::ReadOnly))
-        document.setHtml(QString::fromUtf8(file.readAll()));
+        document.setHtml(QString::fromUtf8(file.readAll()).section("<p><b>See also:</b>", 0, 0));
     return document.toPlainText().simplified().remove(QChar::ObjectReplacementCharacter);
 }
 

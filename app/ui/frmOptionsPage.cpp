@@ -33,7 +33,7 @@ frmOptionsPage::frmOptionsPage(MainModule& main, QWidget* parent)
 }
 
 void frmOptionsPage::BuildUi() {
-    chkAskBeforeDelete_ = new QCheckBox(tr("&Ask before a page or empty tabs are deleted"));
+    chkAskBeforeDelete_ = new QCheckBox(tr("&Ask before a page is deleted"));
     chkAskBeforeDelete_->setObjectName("chkAskBeforeDelete");
     chkStartWithSetup_ = new QCheckBox(tr("Show the page &set-up at every start"));
     chkStartWithSetup_->setObjectName("chkStartWithSetup");

@@ -1,6 +1,7 @@
 #include "app/ui/frmSettings.h"
 
 #include "app/ui/HelpDesk.h"
+#include "document/ui/HelpRequest.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -25,8 +26,8 @@ frmSettings::frmSettings(MainModule& main, QWidget* parent)
     BuildUi();
     Show({});
     connect(chkSet_[0], &QCheckBox::toggled, this, [this](bool checked) { editor_.UseIniFile(checked); });
-    connect(lstSections_, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem* item) { txtSet_[1]->setText(item->text()); });
+    for (const auto chosen : {&QListWidget::itemClicked, &QListWidget::itemActivated})
+        connect(lstSections_, chosen, this, [this](QListWidgetItem* item) { txtSet_[1]->setText(item->text()); });
     new HelpDesk(main, this);
 }
 
@@ -68,6 +69,7 @@ QLayout* frmSettings::BuildButtons() {
         buttons->addWidget(button);
     }
     buttons->addStretch();
+    buttons->addWidget(MakeHelpButton());
     auto* close = new QPushButton(tr("C&lose"));
     close->setObjectName("cmdClose");
     close->setAutoDefault(false);

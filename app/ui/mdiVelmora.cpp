@@ -120,8 +120,10 @@ void mdiVelmora::AddRecentFiles(QMenu* menu) {
 }
 
 void mdiVelmora::OpenAnother(const std::filesystem::path& path) {
-    if (OpenInstead(program_.main, path) == OpenOutcome::NoPrinter)
-        QApplication::exit();
+    Trapped(program_.main, "Called from Sub: mnuRecent", [&] {
+        if (OpenInstead(program_.main, path) == OpenOutcome::NoPrinter)
+            QApplication::exit();
+    });
 }
 
 /// The documents that were replaced or left unsaved, before the last item.
@@ -135,9 +137,13 @@ void mdiVelmora::AddRecovered(QMenu* menu) {
         for (const RecoveredDocument& document : program_.recovery->List())
             recovered->addAction(Numbered(*recovered, LocalTime(document.Time) + "   " + document.Name() + "   (" +
                                                           std::to_string(document.TabsFilled) + " tabs)"),
-                                 this, [this, document] { RestoreCommand(program_.main, document); });
+                                 this, [this, document] { Restore(document); });
         recovered->setEnabled(!recovered->isEmpty());
     });
+}
+
+void mdiVelmora::Restore(const RecoveredDocument& document) {
+    Trapped(program_.main, "Called from Sub: mnuRecover", [&] { RestoreCommand(program_.main, document); });
 }
 
 /// While the menu is open, commands that could do nothing are grey; their shortcuts work whenever they can.
@@ -253,11 +259,11 @@ void mdiVelmora::dragEnterEvent(QDragEnterEvent* event) {
     event->setAccepted(urls.size() == 1 && urls.first().isLocalFile());
 }
 
-/// A dropped file is opened.
+/// A dropped file is opened when the drop is over: the program that it comes from waits for that, and opening asks.
 void mdiVelmora::dropEvent(QDropEvent* event) {
     const QList<QUrl> urls = event->mimeData()->urls();
     if (!urls.isEmpty())
-        OpenAnother(urls.first().toLocalFile().toStdString());
+        QTimer::singleShot(0, this, [this, path = urls.first().toLocalFile().toStdString()] { OpenAnother(path); });
 }
 
 void mdiVelmora::closeEvent(QCloseEvent* event) {

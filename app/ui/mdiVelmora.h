@@ -42,6 +42,7 @@ private:
     void OpenAnother(const std::filesystem::path& path);
     void WatchEditMenu(QMenu* menu);
     void AddRecovered(QMenu* menu);
+    void Restore(const RecoveredDocument& document);
     void KeepSoon();
     void BuildToolBar();
     void BuildStatusBar();

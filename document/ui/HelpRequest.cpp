@@ -24,4 +24,12 @@ void AddHelpButton(QDialogButtonBox& buttons) {
                      [&buttons] { RequestHelp(*buttons.window()); });
 }
 
+QPushButton* MakeHelpButton() {
+    auto* help = new QPushButton(QObject::tr("Help"));
+    help->setObjectName("cmdHelp");
+    help->setAutoDefault(false);
+    QObject::connect(help, &QPushButton::clicked, help, [help] { RequestHelp(*help->window()); });
+    return help;
+}
+
 } // namespace velmora

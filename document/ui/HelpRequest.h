@@ -4,6 +4,7 @@
 #include <QEvent>
 
 class QDialogButtonBox;
+class QPushButton;
 class QWidget;
 
 namespace velmora {
@@ -13,5 +14,7 @@ QEvent::Type HelpRequestType();
 void RequestHelp(QWidget& window);
 /// A Help button that does so for the window that the buttons are in.
 void AddHelpButton(QDialogButtonBox& buttons);
+/// The same for a layout that places its buttons itself.
+QPushButton* MakeHelpButton();
 
 } // namespace velmora

@@ -2,6 +2,7 @@
 
 #include "document/Dialogs.h"
 #include "document/ui/FormPlace.h"
+#include "document/ui/HelpRequest.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -145,8 +146,10 @@ void WizardFrame::BuildUi() {
         button->setSizePolicy(policy);
         connect(button, &QPushButton::clicked, this, [this, i] { Pressed(static_cast<WizardButton>(i)); });
         foot->addWidget(button);
-        if (i == 0)
+        if (i == 0) {
+            foot->addWidget(MakeHelpButton());
             foot->addStretch();
+        }
         buttons_[i] = button;
     }
 }

@@ -1,5 +1,7 @@
 #include "document/ui/frmImport.h"
 
+#include "document/ui/HelpRequest.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -78,6 +80,7 @@ void frmImport::BuildUi(const ImportChoice& choice) {
     Named(buttons->button(QDialogButtonBox::Cancel), "cmdCancel");
     auto* cmdImport = Named(buttons->addButton(tr("&Import"), QDialogButtonBox::AcceptRole), "cmdImport");
     cmdImport->setDefault(true);
+    AddHelpButton(*buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);

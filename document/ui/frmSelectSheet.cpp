@@ -1,6 +1,7 @@
 #include "document/ui/frmSelectSheet.h"
 
 #include "document/Dialogs.h"
+#include "document/ui/HelpRequest.h"
 
 #include <QEvent>
 #include <QListWidget>
@@ -40,6 +41,7 @@ void frmSelectSheet::BuildUi(const std::vector<std::string>& names) {
     cmsCancel->setObjectName("cmsCancel");
     connect(cmsCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
+    buttons->addWidget(MakeHelpButton());
     buttons->addStretch();
     buttons->addWidget(cmdSelect);
     buttons->addWidget(cmsCancel);

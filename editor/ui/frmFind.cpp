@@ -2,6 +2,7 @@
 
 #include "document/Dialogs.h"
 #include "document/ui/Controls.h"
+#include "document/ui/HelpRequest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -61,6 +62,7 @@ void frmFind::BuildUi() {
     for (QPushButton* button : {cmdFindNext_, cmdReplace_, cmdReplaceAll_, cmdClose})
         buttons->addWidget(button);
     buttons->addStretch();
+    buttons->addWidget(MakeHelpButton());
     auto* layout = new QHBoxLayout(this);
     layout->addLayout(entries, 1);
     layout->addLayout(buttons);

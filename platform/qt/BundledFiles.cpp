@@ -24,11 +24,10 @@ void Unpack(const QString& bundled, const std::filesystem::path& target) {
 
 } // namespace
 
-void UnpackBundledFiles(const std::filesystem::path& folder) {
-    QDirIterator files(kRoot, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
+void UnpackBundledFiles(const char* folder, const std::filesystem::path& target) {
+    for (QDirIterator files(kRoot + folder, QDir::Files); files.hasNext();) {
         const QString bundled = files.next();
-        Unpack(bundled, folder / bundled.mid(kRoot.size()).toStdString());
+        Unpack(bundled, target / files.fileName().toStdString());
     }
 }
 

@@ -5,8 +5,8 @@
 
 namespace velmora {
 
-/// Writes every bundled file that is not there yet below `folder`, which is made where it is missing. A file that
-/// cannot be written is left out: the start-up asks for what it misses.
-void UnpackBundledFiles(const std::filesystem::path& folder);
+/// Writes the bundled files of one folder, "Images" or "Tabs", that are not there yet into `target`, which is made
+/// where it is missing. A file that cannot be written is left out: the start-up asks for what it misses.
+void UnpackBundledFiles(const char* folder, const std::filesystem::path& target);
 
 } // namespace velmora

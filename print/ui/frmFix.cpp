@@ -1,6 +1,7 @@
 #include "print/ui/frmFix.h"
 
 #include "document/ui/Controls.h"
+#include "document/ui/HelpRequest.h"
 #include "print/PrinterWizard.h"
 
 #include <QDialogButtonBox>
@@ -24,6 +25,7 @@ void BuildQuestion(QDialog& dialog, MainModule& main, const char* question) {
     };
     addButton(QDialogButtonBox::Yes, "cmdYes", true);
     addButton(QDialogButtonBox::No, "cmdNo", false);
+    AddHelpButton(*buttons);
     auto* layout = new QVBoxLayout(&dialog);
     layout->addWidget(new QLabel(QString(question).remove('\r')));
     layout->addWidget(buttons);

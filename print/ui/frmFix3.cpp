@@ -2,6 +2,7 @@
 
 #include "document/Dialogs.h"
 #include "document/ui/Controls.h"
+#include "document/ui/HelpRequest.h"
 #include "print/CalibrationSheet.h"
 
 #include <QDialogButtonBox>
@@ -165,6 +166,7 @@ void frmFix3::BuildUi(const Sheet& sheet) {
     auto* buttons = new QDialogButtonBox;
     auto* cmdOk = Named(buttons->addButton(QDialogButtonBox::Ok), "cmdOk");
     Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
+    AddHelpButton(*buttons);
     auto* layout = new QGridLayout(this);
     layout->addLayout(arrows, 0, 0);
     layout->addLayout(side, 0, 1);

@@ -2,6 +2,7 @@
 
 #include "document/Dialogs.h"
 #include "document/ui/Controls.h"
+#include "document/ui/HelpRequest.h"
 #include "document/ui/TabPicture.h"
 #include "print/ui/frmAutoPrtWiz.h"
 
@@ -77,6 +78,7 @@ void frmPageSetUp::BuildUi() {
     auto* buttons = new QDialogButtonBox;
     auto* cmdOk = Named(buttons->addButton(QDialogButtonBox::Ok), "cmdOk");
     Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
+    AddHelpButton(*buttons);
     auto* cmdPrtWiz = Named(new QPushButton(tr("&Printer Setup Wizard ...")), "cmdPrtWiz");
 
     auto* preview = new QVBoxLayout;

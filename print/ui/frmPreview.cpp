@@ -2,6 +2,7 @@
 
 #include "document/Dialogs.h"
 #include "document/ui/FormPlace.h"
+#include "document/ui/HelpRequest.h"
 #include "document/ui/LineIcon.h"
 
 #include <QAction>
@@ -143,7 +144,11 @@ QWidget* frmPreview::BuildPanel() {
     layout->addStretch();
     auto* cmdClose = Named(new QPushButton(tr("&Close")), "cmdClose");
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
-    layout->addWidget(cmdClose, 0, Qt::AlignRight);
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(MakeHelpButton());
+    foot->addStretch();
+    foot->addWidget(cmdClose);
+    layout->addLayout(foot);
     return panel;
 }
 

@@ -132,8 +132,30 @@ private slots:
             for (const MenuItem& item : menu.items)
                 if (item.name)
                     QVERIFY2(all.contains(QString(item.caption).remove('&')), item.caption);
-        for (const char* form : {"frmAutoRepWiz3a", "frmFix3", "frmPageSetUp", "frmOptionsPage", "mdiVelmora"})
+        for (const char* form :
+             {"frmAutoRepWiz3a", "frmFix3", "frmPageSetUp", "frmOptionsPage", "mdiVelmora", "frmSelectSheet"})
             QVERIFY2(!Html(HelpPageOf(form)).isEmpty(), form);
+    }
+
+    void everyFormHasItsPage() {
+        for (const char* form : {"frmGrid2a4", "frmFind", "frmProgress", "frmAbout", "frmSettings", "frmHelp",
+                                 "frmImport", "frmFix1", "frmFix2", "frmPreview"})
+            QVERIFY2(!HelpPageOf(form).empty(), form);
+        QCOMPARE(QString(HelpPageOf("frmSelectSheet").data()), QString("spreadsheets"));
+    }
+
+    void aLineOfTheSettingsListIsTakenByKeyToo() {
+        RunningProgram running;
+        frmSettings form(running.program.main);
+        form.show();
+        auto* list = form.findChild<QListWidget*>("lstSections");
+        list->addItem("Line");
+        list->setCurrentRow(0);
+        QTest::keyClick(list, Qt::Key_Return);
+        QCOMPARE(form.findChild<QLineEdit*>("txtSet(1)")->text(), QString("Line"));
+        QVERIFY(form.isVisible());
+        Click(form, "cmdHelp");
+        QVERIFY(form.findChild<frmHelp*>()->isVisible());
     }
 
     void theHelpIsReadBesideAModalDialog() {
@@ -183,6 +205,7 @@ private slots:
         help.findChild<QLineEdit*>("txtSearch")->setText("used FEED bend");
         auto* hits = help.findChild<QListWidget*>("lstHits");
         QCOMPARE(hits->count(), 1);
+        QVERIFY(!hits->item(0)->text().contains("See also"));
         hits->setCurrentRow(0);
         QCOMPARE(page->source().fileName(), QString("used-sheets.html"));
         QVERIFY(page->extraSelections().size() > 2);
