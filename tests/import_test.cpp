@@ -237,6 +237,17 @@ TEST_F(ImportTest, ListsAreTakenApartAsTheirProgramsWroteThem) {
     EXPECT_EQ(dialogs.asked, 5);
 }
 
+TEST_F(ImportTest, NoImportedColumnStaysHidden) {
+    program.Store("Settings", "No Of Fields", "1");
+    LoadGlobals(main);
+    ReplaceFile(Path("list.csv"), "a;b\r\n");
+    ChooseForeign(Path("list.csv"));
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+    EXPECT_EQ(document.FieldB(1), "b");
+    EXPECT_EQ(document.NoOfFields, 2);
+    EXPECT_EQ(document.Limits.MaxLenField2, 20);
+}
+
 TEST_F(ImportTest, AListIsReadInTheEncodingChosen) {
     ReplaceFile(Path("list.csv"), "\xC3\xA9,b\r\n");
     dialogs.change = [](ImportChoice& choice) {
