@@ -5,14 +5,11 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <zlib.h>
 
 namespace velmora::floors {
 namespace {
 
 constexpr int kHeaderLines = 6;
-constexpr std::size_t kTabsPerSheet = 24;
-constexpr int kColumns = 3;
 
 std::string ReadAll(const std::filesystem::path& path) {
     const int file = ::open(path.c_str(), O_RDONLY);
@@ -25,6 +22,8 @@ std::string ReadAll(const std::filesystem::path& path) {
     return text;
 }
 
+} // namespace
+
 void WriteAll(const std::filesystem::path& path, const std::string& bytes, bool flush) {
     const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
     if (::write(file, bytes.data(), bytes.size()) < 0)
@@ -33,33 +32,6 @@ void WriteAll(const std::filesystem::path& path, const std::string& bytes, bool 
         ::fsync(file);
     ::close(file);
 }
-
-std::string PageStream(const Arrays& tabs, std::size_t first) {
-    std::string stream = "BT /F 10 Tf\n";
-    std::array<char, 64> place{};
-    for (std::size_t slot = 0; slot < kTabsPerSheet; ++slot) {
-        for (std::size_t field = 0; field < tabs.size(); ++field) {
-            const int x = 170 * static_cast<int>(slot % kColumns) + 80 * static_cast<int>(field == 2);
-            const int y = 760 - 93 * static_cast<int>(slot / kColumns) - 14 * static_cast<int>(field > 0);
-            std::snprintf(place.data(), place.size(), "1 0 0 1 %d %d Tm (", x, y);
-            stream += place.data();
-            stream += tabs[field][first + slot];
-            stream += ") Tj\n";
-        }
-    }
-    return stream + "ET";
-}
-
-std::string Deflated(const std::string& text) {
-    std::string packed(compressBound(text.size()), '\0');
-    uLongf size = packed.size();
-    compress2(reinterpret_cast<Bytef*>(packed.data()), &size, reinterpret_cast<const Bytef*>(text.data()), text.size(),
-              Z_BEST_SPEED);
-    packed.resize(size);
-    return packed;
-}
-
-} // namespace
 
 Arrays Open(const std::filesystem::path& path) {
     const std::string text = ReadAll(path);
@@ -100,35 +72,6 @@ std::vector<std::string> Fill(int count) {
         texts.emplace_back(text.data(), static_cast<std::size_t>(length));
     }
     return texts;
-}
-
-void Pdf(const std::filesystem::path& path, const Arrays& tabs) {
-    std::string pdf = "%PDF-1.4\n";
-    std::vector<std::size_t> offsets;
-    const auto object = [&](const std::string& body) {
-        offsets.push_back(pdf.size());
-        pdf += std::to_string(offsets.size()) + " 0 obj\n" + body + "\nendobj\n";
-        return std::to_string(offsets.size()) + " 0 R";
-    };
-    const std::string font = object("<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>");
-    std::string kids;
-    for (std::size_t first = 0; first < tabs[0].size(); first += kTabsPerSheet) {
-        const std::string packed = Deflated(PageStream(tabs, first));
-        const std::string content = object("<</Filter/FlateDecode/Length " + std::to_string(packed.size()) +
-                                           ">>stream\n" + packed + "\nendstream");
-        kids += object("<</Type/Page/MediaBox[0 0 595 842]/Resources<</Font<</F " + font + ">>>>/Contents " + content +
-                       ">>") +
-                " ";
-    }
-    const std::string pages = object("<</Type/Pages/Kids[" + kids + "]>>");
-    const std::string root = object("<</Type/Catalog/Pages " + pages + ">>");
-    std::string table = "xref\n0 1\n";
-    std::array<char, 32> row{};
-    for (const std::size_t offset : offsets) {
-        std::snprintf(row.data(), row.size(), "%010zu 00000 n \n", offset);
-        table += row.data();
-    }
-    WriteAll(path, pdf + table + "trailer<</Root " + root + ">>\n%%EOF", false);
 }
 
 } // namespace velmora::floors

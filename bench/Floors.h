@@ -16,8 +16,13 @@ Arrays Open(const std::filesystem::path& path);
 void Save(const std::filesystem::path& path, const std::string& header, const Arrays& tabs);
 /// "No.00001/x" and so on: only the texts are made, in one array.
 std::vector<std::string> Fill(int count);
-/// Compressed page streams of single-byte text in one font that every reader brings along: nothing shaped, nothing
-/// embedded. 24 tabs on a sheet.
-void Pdf(const std::filesystem::path& path, const Arrays& tabs);
+struct FontFiles {
+    std::filesystem::path bold; ///< for the first field
+    std::filesystem::path regular;
+};
+/// 24 tabs on a sheet, in fonts that are embedded as subsets.
+void Pdf(const std::filesystem::path& path, const Arrays& tabs, const FontFiles& fonts);
+
+void WriteAll(const std::filesystem::path& path, const std::string& bytes, bool flush);
 
 } // namespace velmora::floors

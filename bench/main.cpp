@@ -3,6 +3,7 @@
 
 #include "base/AtomicFile.h"
 #include "bench/Floors.h"
+#include "bench/Process.h"
 #include "document/OpenDocument.h"
 #include "document/Undo.h"
 #include "platform/linux/BuiltInPrinters.h"
@@ -13,22 +14,25 @@
 #include "wizard/AppendWizardTabs.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
-#include <sys/resource.h>
-#include <sys/wait.h>
+#include <sstream>
 #include <unistd.h>
 
 namespace {
 
 using namespace velmora;
+using namespace velmora::bench;
 namespace fs = std::filesystem;
 
 constexpr int kRounds = 11;
 constexpr int kLargeTabs = 32760;
 constexpr int kSmallTabs = 24;
 constexpr int kFilledTabs = 32000;
+constexpr const char* kFloorOfOneSheet = "--floor-of-one-sheet";
 
 class NoInterface : public UserInterface {
     class NoProgress : public Progress {
@@ -65,43 +69,44 @@ double Median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-/// One row of the table; the work and its floor take turns.
-void Row(const char* name, const std::function<void()>& work, const std::function<void()>& floor, const char* wanted) {
+std::string Fixed(double number, const char* unit) {
+    std::array<char, 32> text;
+    std::snprintf(text.data(), text.size(), number < 10 ? "%.2f%s" : "%.0f%s", number, unit);
+    return text.data();
+}
+
+/// One row of the table.
+void Print(const char* work, const std::string& floor, const std::string& measured, const std::string& ratio,
+           const char* wanted) {
+    std::printf("| %-45s | %8s | %18s | %5s | %-14s |\n", work, floor.c_str(), measured.c_str(), ratio.c_str(), wanted);
+    std::fflush(stdout);
+}
+
+/// Gives milliseconds.
+using Timed = std::function<double()>;
+
+/// The work and its floor (may be empty) take turns.
+void Compare(const char* name, const Timed& work, const Timed& floor, const char* wanted) {
     std::vector<double> times, floors;
     for (int round = 0; round <= kRounds; ++round) { // the first round only warms up
-        const double time = Milliseconds(work);
-        const double least = floor ? Milliseconds(floor) : 0;
+        const double time = work();
+        const double least = floor ? floor() : 0;
         if (round > 0) {
             times.push_back(time);
             floors.push_back(least);
         }
     }
-    if (floor)
-        std::printf("| %-44s | %8.2f | %8.2f | %5.2f | %s |\n", name, Median(floors), Median(times),
-                    Median(times) / Median(floors), wanted);
-    else
-        std::printf("| %-44s | %8s | %8.2f | %5s | %s |\n", name, "-", Median(times), "-", wanted);
+    const double time = Median(times), least = Median(floors);
+    Print(name, floor ? Fixed(least, " ms") : "-", Fixed(time, " ms"), floor ? Fixed(time / least, "") : "-", wanted);
 }
 
-/// Runs the batch program; gives its peak memory in megabytes.
-double RunBatch(const std::vector<std::string>& arguments) {
-    std::fflush(stdout); // or the child would write it again
-    const pid_t child = ::fork();
-    if (child == 0) {
-        std::vector<char*> argv = {const_cast<char*>(VELMORA_BATCH)};
-        for (const std::string& argument : arguments)
-            argv.push_back(const_cast<char*>(argument.c_str()));
-        argv.push_back(nullptr);
-        ::close(STDOUT_FILENO);
-        ::execv(VELMORA_BATCH, argv.data());
-        ::_exit(1);
-    }
-    int status = 0;
-    struct rusage usage {};
-    ::wait4(child, &status, 0, &usage);
-    if (status != 0)
-        throw Error("velmora-batch failed");
-    return static_cast<double>(usage.ru_maxrss) / 1024;
+Timed Timing(std::function<void()> work) {
+    return [work = std::move(work)] { return Milliseconds(work); };
+}
+
+floors::FontFiles FontsOf(const FontCatalogue& catalogue) {
+    return {catalogue.Match({"Arial", true, false}).value().path,
+            catalogue.Match({"Arial", false, false}).value().path};
 }
 
 /// One program for all rows.
@@ -128,6 +133,7 @@ struct Bench {
     }
     ~Bench() { fs::remove_all(folder); }
 
+    floors::FontFiles Fonts() const { return FontsOf(catalogue); }
     void Load(const char* name) { LoadDocument(main, ReadTabFile(folder / name)); }
     void Save() { ReplaceFile(folder / "out.csv", TabFileBytes(main.document, settings, ui)); }
     /// The wizard from its count page to Finish, with its step of undo.
@@ -157,53 +163,109 @@ struct Bench {
     }
 };
 
-/// `wanted` is the ratio to reach; the floor of a tiny document is next to nothing.
-void MeasureDocument(Bench& bench, const char* name, const std::string& what, const char* wanted) {
+void MeasureDocument(Bench& bench) {
     const fs::path& folder = bench.folder;
-    bench.Load(name);
-    const floors::Arrays arrays = floors::Open(folder / name);
+    bench.Load("large.csv");
+    const floors::Arrays arrays = floors::Open(folder / "large.csv");
     const std::string header = SampleFile(0);
-    Row(("file to arrays, " + what).c_str(), [&] { bench.Load(name); }, [&] { floors::Open(folder / name); }, wanted);
-    Row(("save " + what).c_str(), [&] { bench.Save(); }, [&] { floors::Save(folder / "floor.csv", header, arrays); },
-        wanted);
-    Row(("lay out " + what).c_str(), [&] { bench.LayOutAll(); }, nullptr, "30 ms");
-    Row(("PDF of " + what).c_str(), [&] { bench.Pdf(); }, [&] { floors::Pdf(folder / "floor.pdf", arrays); }, "500 ms");
-    std::printf("| %-44s | %6.2fMB | %6.2fMB |       | 1.5 MB |\n", ("  its size, " + what).c_str(),
-                static_cast<double>(fs::file_size(folder / "floor.pdf")) / 1e6,
-                static_cast<double>(fs::file_size(folder / "out.pdf")) / 1e6);
+    const floors::FontFiles fonts = bench.Fonts();
+    Compare("open 32,760 tabs (file to arrays)", Timing([&] { bench.Load("large.csv"); }),
+            Timing([&] { floors::Open(folder / "large.csv"); }), "2 x");
+    Compare("save them safely", Timing([&] { bench.Save(); }),
+            Timing([&] { floors::Save(folder / "floor.csv", header, arrays); }), "2 x");
+    Compare("lay out their 1,365 sheets", Timing([&] { bench.LayOutAll(); }), {}, "30 ms");
+    Compare("PDF of them, fonts embedded", Timing([&] { bench.Pdf(); }),
+            Timing([&] { floors::Pdf(folder / "floor.pdf", arrays, fonts); }), "2 x");
+    const auto megabytes = [&](const char* name) {
+        return Fixed(static_cast<double>(fs::file_size(folder / name)) / 1e6, " MB");
+    };
+    Print("its size", megabytes("floor.pdf"), megabytes("out.pdf"), "-", "1.5 MB");
 }
 
 void MeasureFill(Bench& bench) {
     bench.Load("small.csv");
     const TabDocument start = bench.main.document;
-    Row(
-        "fill 32,000 numbers with prefix and padding", [&] { bench.Fill(start); }, [] { floors::Fill(kFilledTabs); },
-        "10 ms");
+    Compare("fill 32,000 numbers with prefix and padding", Timing([&] { bench.Fill(start); }),
+            Timing([] { floors::Fill(kFilledTabs); }), "10 ms");
 }
 
-void MeasureProcesses(Bench& bench) {
+void MeasureProcesses(const Bench& bench) {
+    const std::string out = (bench.folder / "process.pdf").string();
     const auto pdf = [&](const char* name) {
-        return RunBatch({"pdf", (bench.folder / name).string(), "-o", (bench.folder / "process.pdf").string()});
+        return RunProcess({VELMORA_BATCH, "pdf", (bench.folder / name).string(), "-o", out}).peakMegabytes;
     };
-    Row(
-        "PDF of one sheet, whole process", [&] { pdf("small.csv"); }, [] { RunBatch({"--version"}); }, "50 ms");
-    Row(
-        "PDF of 1,365 sheets, whole process", [&] { pdf("large.csv"); }, [] { RunBatch({"--version"}); }, "-");
-    std::printf("| %-44s | %6.1fMB | %6.1fMB |       | 60 MB |\n", "  peak memory, one sheet | 1,365 sheets",
-                pdf("small.csv"), pdf("large.csv"));
+    Compare("PDF of one sheet, whole process", Timing([&] { pdf("small.csv"); }), Timing([&] {
+                RunProcess({VELMORA_BENCH, kFloorOfOneSheet, (bench.folder / "small.csv").string(), out});
+            }),
+            "50 ms");
+    Print("its peak memory; that of 1,365 sheets", "-", Fixed(pdf("small.csv"), "; ") + Fixed(pdf("large.csv"), " MB"),
+          "-", "60 MB, flat");
+}
+
+/// A program that is set up, so that its start asks nothing.
+class Windows {
+public:
+    explicit Windows(const Bench& bench) : large_((bench.folder / "large.csv").string()), home_(bench.folder / "home") {
+        fs::create_directory(home_);
+        ReplaceFile(home_ / "Velmora.ini", "[Settings]\r\nStart with setup=False\r\n[Margin Settings]\r\n"
+                                           "Default Left Margin - A4_8=0\r\nDefault Top Margin - A4_8=0\r\n");
+    }
+    std::string Run(const char* program, const std::string& job) const {
+        return RunProcess({program, large_}, {"VELMORA_BENCH_JOB=" + job, "VELMORA_HOME=" + home_.string()}).output;
+    }
+
+private:
+    std::string large_;
+    fs::path home_;
+};
+
+void MeasureWindows(const Bench& bench) {
+    const Windows windows(bench);
+    const auto moves = [&](const char* program) {
+        return [&, program] { return std::stod(windows.Run(program, "moves")); };
+    };
+    Compare("start to the painted main window", Timing([&] { windows.Run(VELMORA_BENCH_WINDOW, "start"); }),
+            Timing([&] { windows.Run(VELMORA_BENCH_WINDOW_FLOOR, "start"); }), "100 ms");
+    Compare("move to another page, painted", moves(VELMORA_BENCH_WINDOW), moves(VELMORA_BENCH_WINDOW_FLOOR), "12 ms");
+    double before = 0, after = 0;
+    Compare(
+        "first sheet of a preview of 1,365 sheets",
+        [&] {
+            double first = 0;
+            std::istringstream(windows.Run(VELMORA_BENCH_WINDOW, "preview")) >> first >> before >> after;
+            return first;
+        },
+        {}, "60 ms");
+    Print("its memory; after 100 sheets", "-", Fixed(before, "; ") + Fixed(after, " MB"), "-", "flat");
+}
+
+void PrintTable() {
+    Bench bench;
+    Print("work", "floor", "Velmora", "ratio", "wanted at most");
+    std::printf("|---|---|---|---|---|\n");
+    MeasureDocument(bench);
+    MeasureFill(bench);
+    MeasureProcesses(bench);
+    if (std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY"))
+        MeasureWindows(bench);
+    else
+        std::printf("No display: windows are not measured (xvfb-run gives a simulated one).\n");
+}
+
+/// The least that a program does for a PDF of one sheet.
+void MakeFloorOfOneSheet(const char* document, const char* pdf) {
+    const FontconfigCatalogue catalogue;
+    floors::Pdf(pdf, floors::Open(document), FontsOf(catalogue));
 }
 
 } // namespace
 
-int main() {
+int main(int argc, char** argv) {
     try {
-        Bench bench;
-        std::printf("| %-44s | %8s | %8s | %5s | wanted |\n|---|---|---|---|---|\n", "work (ms)", "floor", "Velmora",
-                    "ratio");
-        MeasureDocument(bench, "large.csv", "32,760 tabs, 1,365 sheets", "2 x");
-        MeasureDocument(bench, "small.csv", "24 tabs, one sheet", "-");
-        MeasureFill(bench);
-        MeasureProcesses(bench);
+        if (argc == 4 && argv[1] == std::string_view(kFloorOfOneSheet))
+            MakeFloorOfOneSheet(argv[2], argv[3]);
+        else
+            PrintTable();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "velmora-bench: %s\n", error.what());
         return 1;
