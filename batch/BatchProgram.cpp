@@ -63,6 +63,8 @@ TabFile BatchProgram::Load(const std::string& file) {
     return NamingFile(file, [&] {
         TabFile read = ParseTabFile(ReadInput(file));
         Load(read);
+        if (file != kStandardStream)
+            main_.document.DocFileName = file;
         return read;
     });
 }

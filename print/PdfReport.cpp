@@ -48,7 +48,7 @@ rptVelmor PrepareReport(const MainModule& main, LayoutValues& layout, const Repo
 
 bool WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
               const std::function<void(std::string_view)>& sink, Progress* progress) {
-    PdfCanvas pdf(sink, {});
+    PdfCanvas pdf(sink, {main.document.DocFileName.stem().string(), {}});
     SheetPainter painter(catalogue, main.fonts);
     Sheet sheet;
     int done = 0;

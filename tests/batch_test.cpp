@@ -104,18 +104,20 @@ TEST_F(BatchTest, ATurnedSheetIsFedShortEdgeFirst) {
 }
 
 TEST_F(BatchTest, ThePdfIsSoundEmbeddedAndNotScaled) {
-    Write("in.csv", TabFileText(0, 1, "0,0", 72, [](int tab) { return tab == 30 ? "Bêre office,," : "x,,"; }));
-    ASSERT_EQ(Batch("pdf in.csv --pages 2,1-2 -o out.pdf").code, 0);
+    Write("Môre.csv", TabFileText(0, 1, "0,0", 72, [](int tab) { return tab == 30 ? "Bêre office,," : "x,,"; }));
+    ASSERT_EQ(Batch("pdf Môre.csv --pages 2,1-2 -o out.pdf").code, 0);
     const std::string pdf = "'" + (folder / "out.pdf").string() + "'";
     EXPECT_EQ(Shell("qpdf --check " + pdf).code, 0);
-    EXPECT_NE(Shell("pdfinfo " + pdf).output.find("Pages:           3"), std::string::npos);
+    const std::string info = Shell("pdfinfo " + pdf).output;
+    EXPECT_NE(info.find("Pages:           3"), std::string::npos) << info;
+    EXPECT_NE(info.find("Title:           Môre\n"), std::string::npos) << info;
     EXPECT_NE(Shell("qpdf --qdf --object-streams=disable " + pdf + " -").output.find("/PrintScaling /None"),
               std::string::npos);
     EXPECT_NE(Shell("pdftotext -l 1 " + pdf + " -").output.find("Bêre office"), std::string::npos);
     const std::string fonts = Shell("pdffonts " + pdf).output;
     EXPECT_NE(fonts.find("yes yes yes"), std::string::npos) << fonts;
     EXPECT_EQ(fonts.find(" no "), std::string::npos) << fonts;
-    ASSERT_EQ(Batch("pdf in.csv --test -o - > test.pdf").code, 0);
+    ASSERT_EQ(Batch("pdf Môre.csv --test -o - > test.pdf").code, 0);
     EXPECT_NE(Shell("pdftotext '" + (folder / "test.pdf").string() + "' -").output.find("Field 1"), std::string::npos);
 }
 
