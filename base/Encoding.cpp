@@ -45,18 +45,6 @@ std::size_t SequenceLength(std::string_view bytes) {
     return at(1) >= low && at(1) <= high ? length : 0;
 }
 
-void AppendUtf8(std::string& text, char32_t c) {
-    if (c < 0x80) {
-        text += static_cast<char>(c);
-        return;
-    }
-    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
-    const int more = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-    text += static_cast<char>(kLead[more] | (c >> (6 * more)));
-    for (int i = more - 1; i >= 0; --i)
-        text += static_cast<char>(0x80 | ((c >> (6 * i)) & 0x3F));
-}
-
 char32_t CodePoint(std::string_view sequence) {
     const auto at = [&](std::size_t i) { return static_cast<unsigned char>(sequence[i]); };
     if (sequence.size() == 1)
@@ -87,6 +75,18 @@ void AppendUnit(std::string& bytes, char32_t unit) {
 }
 
 } // namespace
+
+void AppendUtf8(std::string& text, char32_t c) {
+    if (c < 0x80) {
+        text += static_cast<char>(c);
+        return;
+    }
+    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
+    const int more = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
+    text += static_cast<char>(kLead[more] | (c >> (6 * more)));
+    for (int i = more - 1; i >= 0; --i)
+        text += static_cast<char>(0x80 | ((c >> (6 * i)) & 0x3F));
+}
 
 std::string_view EncodingName(Encoding encoding) {
     return encoding == Encoding::Utf8 ? "UTF-8" : "Windows-1252";

@@ -18,6 +18,8 @@ struct DecodedText {
     Encoding encoding = Encoding::Utf8;
 };
 
+/// `c` is a code point other than a surrogate.
+void AppendUtf8(std::string& text, char32_t c);
 bool IsValidUtf8(std::string_view bytes);
 
 /// UTF-8 where the bytes are valid UTF-8 (a leading byte order mark is dropped), else Windows-1252. The five

@@ -1,12 +1,9 @@
 #include "document/Recovery.h"
 
 #include "base/AtomicFile.h"
-#include "document/OpenDocument.h"
-#include "document/TabFile.h"
-#include "document/Transaction.h"
+#include "document/RecoveryCopy.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <charconv>
 #include <exception>
@@ -20,172 +17,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A copy is four lines - the mark with the version, the milliseconds since 1970, the page shown, the check sum in hex -
-// and the content. The content is texts, each as its length in bytes, a colon, its bytes and a line feed: path and
-// encoding of the document, size and time stamp of its file (empty where unknown), the header as in a tab file, the
-// number of tabs, and the three fields of each. The check sum is of the content and then of the two lines before it.
-constexpr std::string_view kMark = "Velmora recovery 1";
 constexpr std::string_view kExtension = ".recovery";
 constexpr std::string_view kLock = ".lock";
 constexpr std::string_view kLivePrefix = "Open-";
 constexpr std::string_view kArchivePrefix = "Kept-";
-constexpr std::int32_t kMostTabs = 32767;
-
-constexpr std::uint64_t kSumStart = 0xcbf29ce484222325U;
-
-/// FNV-1a, 64 bits.
-std::uint64_t Sum(std::string_view text, std::uint64_t sum = kSumStart) {
-    for (const char c : text)
-        sum = (sum ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
-    return sum;
-}
-
-std::string Hex(std::uint64_t number) {
-    std::array<char, 16> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
-    return {digits.data(), end};
-}
-
-template <typename Number> std::optional<Number> ParseNumber(std::string_view text) {
-    Number number{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
-}
-
-void Append(std::string& content, std::string_view text) {
-    std::array<char, 20> digits;
-    content.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), text.size()).ptr);
-    content += ':';
-    content += text;
-    content += '\n';
-}
-
-/// The header as a save would write it. Reading settings writes defaults, which a copy has no business with.
-std::string HeaderText(SettingsStore& settings) {
-    SettingsBatch batch(settings);
-    std::string header = SaveData(settings);
-    batch.Discard();
-    return header;
-}
-
-std::string Content(MainModule& main) {
-    const TabDocument& document = main.document;
-    std::string content;
-    Append(content, document.DocFileName.string());
-    Append(content, EncodingName(document.FileEncoding));
-    Append(content, document.Stamp ? std::to_string(document.Stamp->size) : "");
-    Append(content, document.Stamp ? std::to_string(document.Stamp->written.time_since_epoch().count()) : "");
-    Append(content, HeaderText(main.settings));
-    Append(content, std::to_string(document.TabCount));
-    for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
-        for (int field = 0; field < kFieldsPerTab; ++field)
-            Append(content, document.Field(field)(tab));
-    return content;
-}
-
-/// A copy taken apart; its texts are views into the bytes.
-struct Copy {
-    std::chrono::system_clock::time_point time;
-    std::int16_t page = 1;
-    std::uint64_t contentSum = 0;
-    std::string_view path;
-    Encoding encoding = Encoding::Utf8;
-    std::optional<FileStamp> stamp;
-    std::string_view header;
-    std::int32_t tabs = 0;
-    std::vector<std::string_view> texts; ///< three for each tab
-};
-
-class CopyReader {
-public:
-    explicit CopyReader(std::string_view bytes) : rest_(bytes) {}
-
-    /// Nothing where the bytes are no whole copy.
-    std::optional<Copy> Read() {
-        Copy copy;
-        if (!ReadHead(copy) || !ReadDocument(copy))
-            return std::nullopt;
-        while (whole_ && copy.texts.size() < static_cast<std::size_t>(copy.tabs) * kFieldsPerTab)
-            copy.texts.push_back(Text());
-        return whole_ && rest_.empty() ? std::optional(std::move(copy)) : std::nullopt;
-    }
-
-private:
-    bool ReadHead(Copy& copy) {
-        const bool marked = Cut('\n') == kMark;
-        const std::string_view time = Cut('\n');
-        const std::string_view page = Cut('\n');
-        const std::string_view sum = Cut('\n');
-        if (!marked || !whole_)
-            return false;
-        copy.contentSum = Sum(rest_);
-        copy.time =
-            std::chrono::system_clock::time_point(std::chrono::duration_cast<std::chrono::system_clock::duration>(
-                std::chrono::milliseconds(Number<std::int64_t>(time, -kMostMilliseconds, kMostMilliseconds))));
-        copy.page = Number<std::int16_t>(page, 0, INT16_MAX);
-        return whole_ && sum == Hex(Sum(page, Sum(time, copy.contentSum)));
-    }
-
-    bool ReadDocument(Copy& copy) {
-        copy.path = Text();
-        copy.encoding = Text() == EncodingName(Encoding::Windows1252) ? Encoding::Windows1252 : Encoding::Utf8;
-        const auto size = ParseNumber<std::uintmax_t>(Text());
-        const auto written = ParseNumber<fs::file_time_type::rep>(Text());
-        if (size && written)
-            copy.stamp = {*size, fs::file_time_type(fs::file_time_type::duration(*written))};
-        copy.header = Text();
-        copy.tabs = Number<std::int32_t>(Text(), 0, kMostTabs);
-        return whole_;
-    }
-
-    std::string_view Text() {
-        const auto length = ParseNumber<std::size_t>(Cut(':'));
-        if (!length || *length >= rest_.size() || rest_[*length] != '\n')
-            whole_ = false;
-        if (!whole_)
-            return {};
-        const std::string_view text = rest_.substr(0, *length);
-        rest_.remove_prefix(*length + 1);
-        return text;
-    }
-
-    std::string_view Cut(char end) {
-        const std::size_t length = rest_.find(end);
-        if (length == std::string_view::npos) {
-            whole_ = false;
-            return {};
-        }
-        const std::string_view part = rest_.substr(0, length);
-        rest_.remove_prefix(length + 1);
-        return part;
-    }
-
-    template <typename Value> Value Number(std::string_view text, Value least, Value most) {
-        const auto number = ParseNumber<Value>(text);
-        whole_ = whole_ && number && *number >= least && *number <= most;
-        return whole_ ? *number : least;
-    }
-
-    static constexpr std::int64_t kMostMilliseconds = 4'000'000'000'000; // far enough, and fits nanoseconds
-
-    std::string_view rest_;
-    bool whole_ = true;
-};
-
-std::int32_t CountFilled(const Copy& copy) {
-    std::int32_t filled = 0;
-    for (std::size_t text = 0; text < copy.texts.size(); text += kFieldsPerTab)
-        if (!copy.texts[text].empty() || !copy.texts[text + 1].empty() || !copy.texts[text + 2].empty())
-            ++filled;
-    return filled;
-}
 
 /// Nothing for a file that can't be read. A pipe would never end, and a large file of somebody else's is not read
 /// whole.
 std::optional<std::string> ReadCopy(const fs::path& file) {
     try {
         std::error_code error;
-        if (fs::is_regular_file(file, error) && ReadFile(file, kMark.size()) == kMark)
+        if (fs::is_regular_file(file, error) && ReadFile(file, kRecoveryMark.size()) == kRecoveryMark)
             return ReadFile(file);
     } catch (const FileAccessError&) {} // gone, or protected
     return std::nullopt;
@@ -193,10 +35,10 @@ std::optional<std::string> ReadCopy(const fs::path& file) {
 
 std::optional<RecoveredDocument> Describe(const fs::path& file) {
     const auto bytes = ReadCopy(file);
-    const auto copy = bytes ? CopyReader(*bytes).Read() : std::nullopt;
+    const auto copy = bytes ? ParseRecoveryCopy(*bytes) : std::nullopt;
     if (!copy)
         return std::nullopt;
-    return RecoveredDocument{file, copy->path, copy->time, CountFilled(*copy), false, copy->contentSum};
+    return RecoveredDocument{file, copy->path, copy->time, TabsFilled(*copy), false, copy->contentSum};
 }
 
 bool IsCopy(const fs::path& file, std::string_view prefix) {
@@ -216,12 +58,14 @@ std::vector<fs::path> FilesNamed(const fs::path& folder, std::string_view prefix
 /// The number in "Kept-number-..."; archived copies are numbered as they come, because a clock may be set back.
 std::uint32_t ArchiveNumber(const fs::path& file) {
     const std::string name = file.filename().string().substr(kArchivePrefix.size());
-    return ParseNumber<std::uint32_t>(std::string_view(name).substr(0, name.find('-'))).value_or(0);
+    std::uint32_t number = 0;
+    std::from_chars(name.data(), name.data() + name.size(), number);
+    return number;
 }
 
 std::string RandomName() {
     std::random_device random;
-    return Hex((std::uint64_t{random()} << 32) | random());
+    return std::to_string((std::uint64_t{random()} << 32) | random());
 }
 
 fs::path LockOf(const fs::path& file) {
@@ -237,31 +81,6 @@ bool IsInUse(const fs::path& file) {
     const bool isFree = ::flock(lock, LOCK_SH | LOCK_NB) == 0;
     ::close(lock);
     return !isFree;
-}
-
-LoadOutcome Load(MainModule& main, const Copy& copy) {
-    Transaction transaction(main);
-    TabFile file = ParseTabFile(std::string(copy.header));
-    if (!file.header)
-        throw Error("The recovery copy has no header");
-    // Whole pages of empty tabs first; their texts may hold what a tab file can't.
-    file.tabsAt = file.text.size();
-    file.lines = kHeaderLines + std::max(1, copy.tabs);
-    if (LoadDocument(main, file) == LoadOutcome::NoPrinter)
-        return LoadOutcome::NoPrinter;
-    TabDocument& document = main.document;
-    auto text = copy.texts.begin();
-    for (std::int32_t tab = 1; tab <= copy.tabs; ++tab)
-        for (int field = 0; field < kFieldsPerTab; ++field)
-            document.Field(field)(tab) = *text++;
-    document.CurrentPage = std::clamp<std::int16_t>(copy.page, 1, document.NoOfPages);
-    document.DocFileName = copy.path;
-    document.Foreign = WorkbookFormatOf(copy.path).has_value();
-    document.FileEncoding = copy.encoding;
-    document.Stamp = copy.stamp;
-    document.DocChanged = true;
-    transaction.Commit();
-    return LoadOutcome::Loaded;
 }
 
 } // namespace
@@ -306,8 +125,8 @@ void RecoveryStore::Keep(MainModule& main) {
     SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
     if (!main.document.DocChanged)
         return Drop();
-    const std::string content = Content(main);
-    const std::uint64_t sum = Sum(content);
+    const std::string content = RecoveryContent(main);
+    const std::uint64_t sum = ContentSum(content);
     std::error_code error;
     if (live_ && sum == liveSum_ && fs::exists(live_->Path(), error))
         return;
@@ -340,8 +159,8 @@ std::optional<fs::path> RecoveryStore::Archive(MainModule& main) {
     SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
     if (!main.document.DocChanged)
         return std::nullopt;
-    const std::string content = Content(main);
-    const std::uint64_t sum = Sum(content);
+    const std::string content = RecoveryContent(main);
+    const std::uint64_t sum = ContentSum(content);
     // Before the new one comes: it may be taken back, and then none must be missing.
     const auto archived = Prune();
     const fs::path file = NextArchiveName(archived);
@@ -378,7 +197,7 @@ void RecoveryStore::Settle(const RecoveredDocument& document) {
 
 LoadOutcome RecoveryStore::Restore(MainModule& main, const RecoveredDocument& document) {
     const auto bytes = ReadCopy(document.File); // whole, before the archive moves on
-    const auto copy = bytes ? CopyReader(*bytes).Read() : std::nullopt;
+    const auto copy = bytes ? ParseRecoveryCopy(*bytes) : std::nullopt;
     if (!copy)
         throw Error("The recovery copy is gone or damaged: " + document.File.string());
     const auto replaced = Archive(main);
@@ -387,7 +206,7 @@ LoadOutcome RecoveryStore::Restore(MainModule& main, const RecoveredDocument& do
     LoadOutcome outcome = LoadOutcome::NoPrinter;
     std::exception_ptr failure;
     try {
-        outcome = Load(main, *copy);
+        outcome = LoadCopy(main, *copy);
     } catch (...) {
         failure = std::current_exception();
     }
@@ -452,12 +271,8 @@ fs::path RecoveryStore::NextArchiveName(const std::vector<RecoveredDocument>& ar
 }
 
 void RecoveryStore::Write(const fs::path& file, const MainModule& main, const std::string& content) {
-    const auto now = std::chrono::duration_cast<std::chrono::milliseconds>(clock_().time_since_epoch());
-    const std::string time = std::to_string(now.count());
-    const std::string page = std::to_string(main.document.CurrentPage);
     AtomicFile target(file);
-    target.Write(std::string(kMark) + "\n" + time + "\n" + page + "\n" + Hex(Sum(page, Sum(time, Sum(content)))) +
-                 "\n");
+    target.Write(RecoveryHead(clock_(), main.document.CurrentPage, ContentSum(content)));
     target.Write(content);
     target.Commit();
 }

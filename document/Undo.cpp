@@ -1,6 +1,7 @@
 #include "document/Undo.h"
 
 #include "base/Error.h"
+#include "document/TextRange.h"
 #include "document/mdlMain.h"
 
 #include <algorithm>
@@ -10,8 +11,6 @@
 
 namespace velmora {
 namespace {
-
-constexpr std::size_t kBlockBytes = 16; // the allocator's own part of a block
 
 /// What steps restore of the document besides its texts. The structs are taken apart whole: with a new member this
 /// does not compile until somebody decides whether the member belongs here.
@@ -70,77 +69,8 @@ struct StoredText {
     std::string text;
 };
 
-/// Texts that take the place of `count` texts from tab `first` on.
-struct TextRange {
-    std::int32_t first = 1;
-    std::int32_t count = 0;
-    std::vector<std::string> texts;
-
-    bool Empty() const { return count == 0 && texts.empty(); }
-    bool Fits(const FieldTexts& field) const { return first - 1 + count <= field.Count(); }
-};
-
-/// What turns `after` into `before`: all but their common beginning and end. Moves the texts out of `before`.
-TextRange Difference(FieldTexts& before, const FieldTexts& after) {
-    const std::int32_t shorter = std::min(before.Count(), after.Count());
-    TextRange range;
-    while (range.first <= shorter && before(range.first) == after(range.first))
-        ++range.first;
-    std::int32_t same = 0;
-    while (shorter - same >= range.first && before(before.Count() - same) == after(after.Count() - same))
-        ++same;
-    range.count = after.Count() - same - range.first + 1;
-    range.texts.reserve(static_cast<std::size_t>(before.Count() - same - range.first + 1));
-    for (std::int32_t tab = range.first; tab <= before.Count() - same; ++tab)
-        range.texts.push_back(std::move(before(tab)));
-    return range;
-}
-
-/// Moves the texts behind `tab` by `distance` and lets the field grow or shrink with them.
-void MoveRest(FieldTexts& field, std::int32_t tab, std::int32_t distance) {
-    const std::int32_t end = field.Count();
-    if (distance > 0)
-        field.Resize(end + distance);
-    for (std::int32_t i = end; distance > 0 && i > tab; --i)
-        field(i + distance) = std::move(field(i));
-    for (std::int32_t i = tab + 1; distance < 0 && i <= end; ++i)
-        field(i + distance) = std::move(field(i));
-    if (distance < 0)
-        field.Resize(end + distance);
-}
-
-/// Puts the range into the field and takes out what stood there, so that the next call does the reverse.
-void Exchange(TextRange& range, FieldTexts& field) {
-    std::vector<std::string> taken;
-    taken.reserve(static_cast<std::size_t>(range.count));
-    for (std::int32_t i = 0; i < range.count; ++i)
-        taken.push_back(std::move(field(range.first + i)));
-    const auto count = static_cast<std::int32_t>(range.texts.size());
-    MoveRest(field, range.first + range.count - 1, count - range.count);
-    for (std::int32_t i = 0; i < count; ++i)
-        field(range.first + i) = std::move(range.texts[static_cast<std::size_t>(i)]);
-    range.count = count;
-    range.texts = std::move(taken);
-}
-
-/// Short texts lie within the string itself.
-std::size_t HeapBytes(const std::string& text) {
-    return text.capacity() > std::string().capacity() ? text.capacity() + 1 + kBlockBytes : 0;
-}
-
-std::size_t HeapBytes(const FontSettings& fonts) {
+std::size_t NameBytes(const FontSettings& fonts) {
     return HeapBytes(fonts[0].Name) + HeapBytes(fonts[1].Name) + HeapBytes(fonts[2].Name);
-}
-
-/// The larger of what the range holds and what it would take out of the field.
-std::size_t HeapBytes(const TextRange& range, const FieldTexts& field) {
-    std::size_t held = range.texts.size() * sizeof(std::string) + kBlockBytes;
-    for (const std::string& text : range.texts)
-        held += HeapBytes(text);
-    std::size_t taken = static_cast<std::size_t>(range.count) * sizeof(std::string) + kBlockBytes;
-    for (std::int32_t i = 0; i < range.count; ++i)
-        taken += HeapBytes(field(range.first + i));
-    return std::max(held, taken);
 }
 
 struct Place {
@@ -216,7 +146,7 @@ public:
     OperationStep(std::string name, UndoStep::Snapshot before, MainModule& main)
         : name_(std::move(name)), before_(before.place), after_(PlaceOf(main.document)),
           properties_(std::move(before.properties)), fonts_(std::move(before.fonts)) {
-        bytes_ = sizeof(*this) + kBlockBytes + HeapBytes(name_) + std::max(HeapBytes(fonts_), HeapBytes(main.fonts));
+        bytes_ = sizeof(*this) + kBlockBytes + HeapBytes(name_) + std::max(NameBytes(fonts_), NameBytes(main.fonts));
         for (std::size_t field = 0; field < ranges_.size(); ++field) {
             const FieldTexts& after = main.document.Field(static_cast<int>(field));
             ranges_[field] = Difference(before.texts[field], after);

@@ -5,14 +5,18 @@
 using namespace velmora;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    IniText ini(Bytes(data, size));
+    const std::string bytes = Bytes(data, size);
+    IniText ini(bytes);
+    Require(ini.Bytes() == bytes, "nothing is changed by reading");
     ini.ListKeys("Settings");
+    ini.ListKeys("Settings", "", size % 20);
     ini.ReadString("Settings", "Printer", "");
     ini.ReadInt("Settings", "OptType", 0);
-    ini.Write("Settings", "Printer", "Office");
-    Require(ini.ReadString("Settings", "Printer", "") == "Office", "a written value is read back");
+    ini.Write("Settings", "Printer", "Office 1");
+    Require(IniText(ini.Bytes()).ReadString("Settings", "Printer", "") == "Office 1", "a written value is read back");
     ini.Write("Settings", "Printer", std::nullopt);
-    ini.DeleteSection("Settings");
+    while (ini.DeleteSection("Settings")) {}
+    Require(IniText(ini.Bytes()).ReadString("Settings", "OptType", "none") == "none", "a deleted section is gone");
     ini.ListSections();
     return 0;
 }

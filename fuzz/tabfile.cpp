@@ -17,6 +17,7 @@ bool SameTexts(const TabDocument& a, const TabDocument& b) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     try {
         const std::string bytes = Bytes(data, size);
+        CheckTabFile(bytes);
         BatchProgram program;
         program.Load(ParseTabFile(bytes));
         TabDocument& document = program.Main().document;

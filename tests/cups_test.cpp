@@ -12,7 +12,9 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <functional>
 #include <list>
+#include <optional>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <thread>
@@ -34,11 +36,45 @@ int FreePort() {
     return ntohs(address.sin_port);
 }
 
+/// A program in the background, ended with its keeper.
+class Daemon {
+public:
+    explicit Daemon(std::vector<std::string> command) : process_(::fork()) {
+        if (process_ != 0)
+            return;
+        ::setenv("PATH", "/usr/sbin:/usr/bin:/sbin:/bin", 1);
+        std::vector<char*> arguments;
+        for (std::string& argument : command)
+            arguments.push_back(argument.data());
+        arguments.push_back(nullptr);
+        ::execvp(arguments[0], arguments.data());
+        ::_exit(127);
+    }
+    ~Daemon() {
+        Kill(SIGTERM);
+        ::waitpid(process_, nullptr, 0);
+    }
+    Daemon(const Daemon&) = delete;
+    Daemon& operator=(const Daemon&) = delete;
+    void Kill(int signal) const { ::kill(process_, signal); }
+
+private:
+    pid_t process_;
+};
+
+/// False when it did not come about in time.
+bool WaitUntil(const std::function<bool()>& done) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (!done() && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    return std::chrono::steady_clock::now() < deadline;
+}
+
 struct CupsTest : testing::Test {
     TemporaryFolder folder;
     /// One for all tests: the library reads CUPS_SERVER once.
     static inline const std::string server = "127.0.0.1:" + std::to_string(FreePort());
-    pid_t process = 0;
+    std::optional<Daemon> daemon;
     CupsPrinters printers;
 
     void SetUp() override {
@@ -58,24 +94,9 @@ struct CupsTest : testing::Test {
               "<DefaultPrinter Office>\nDeviceURI file:///dev/null\nState Stopped\nAccepting Yes\n</DefaultPrinter>\n"
               "<Printer Closed>\nDeviceURI file:///dev/null\nState Stopped\nAccepting No\n</Printer>\n");
         ::setenv("CUPS_SERVER", server.c_str(), 1);
-        process = ::fork();
-        if (process == 0) {
-            ::setenv("PATH", "/usr/sbin:/usr/bin:/sbin:/bin", 1);
-            ::execlp("cupsd", "cupsd", "-f", "-c", (folder / "cupsd.conf").c_str(), "-s",
-                     (folder / "files.conf").c_str(), nullptr);
-            ::_exit(127);
-        }
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (printers.Printers().empty() && std::chrono::steady_clock::now() < deadline)
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    void TearDown() override { StopServer(); }
-    void StopServer() {
-        if (process <= 0)
-            return;
-        ::kill(process, SIGTERM);
-        ::waitpid(process, nullptr, 0);
-        process = 0;
+        daemon.emplace(
+            std::vector<std::string>{"cupsd", "-f", "-c", folder / "cupsd.conf", "-s", folder / "files.conf"});
+        WaitUntil([&] { return !printers.Printers().empty(); });
     }
     void Write(const std::string& name, const std::string& text) { ReplaceFile(folder / name, text); }
 
@@ -134,7 +155,7 @@ TEST_F(CupsTest, RefusalsCarryTheirNumber) {
     EXPECT_EQ(numberOf("Office", "none.pdf"), ENOENT);
     EXPECT_EQ(Shell("ls '" + (folder / "spool").string() + "' | grep -c ^d").output, "0\n") << "no half job";
     EXPECT_FALSE(printers.PaperOf("None", 210, 297).listed);
-    StopServer();
+    daemon.reset();
     EXPECT_EQ(numberOf("Office", "a.pdf"), 482);
     EXPECT_TRUE(printers.Printers().empty());
     EXPECT_FALSE(printers.DefaultPrinter());
@@ -146,36 +167,11 @@ TEST_F(CupsTest, AServerThatGoesAwayInTheMiddleOfAJobIsAnError) {
     std::jthread killer([&](const std::stop_token& stop) {
         while (!stop.stop_requested() && LargestSpooled() < 1'000'000)
             std::this_thread::yield();
-        ::kill(process, SIGKILL);
+        daemon->Kill(SIGKILL);
     });
     EXPECT_THROW(printers.Print("Office", {"Tabs", folder / "large.pdf", 210, 297, Orientation::Portrait}),
                  PrinterError);
 }
-
-/// A program in the background, ended with its keeper.
-class Daemon {
-public:
-    explicit Daemon(std::vector<std::string> command) : process_(::fork()) {
-        if (process_ != 0)
-            return;
-        ::setenv("PATH", "/usr/sbin:/usr/bin:/sbin:/bin", 1);
-        std::vector<char*> arguments;
-        for (std::string& argument : command)
-            arguments.push_back(argument.data());
-        arguments.push_back(nullptr);
-        ::execvp(arguments[0], arguments.data());
-        ::_exit(127);
-    }
-    ~Daemon() {
-        ::kill(process_, SIGTERM);
-        ::waitpid(process_, nullptr, 0);
-    }
-    Daemon(const Daemon&) = delete;
-    Daemon& operator=(const Daemon&) = delete;
-
-private:
-    pid_t process_;
-};
 
 /// Succeeds once the service is running, its own names announced.
 const std::string kAskNameService = "dbus-send --system --print-reply --dest=org.freedesktop.Avahi / "
@@ -191,7 +187,7 @@ struct NetworkPrinterTest : CupsTest {
         if (::geteuid() != 0 && Shell(kAskNameService).code != 0)
             GTEST_SKIP() << "only root can start the name service";
         // One that cannot be reached belongs to another run of this test.
-        WaitUntil("! /usr/sbin/avahi-daemon --check || " + kAskNameService);
+        Await("! /usr/sbin/avahi-daemon --check || " + kAskNameService);
         if (Shell(kAskNameService).code != 0)
             StartNameService();
         std::filesystem::create_directory(folder / "jobs");
@@ -200,8 +196,8 @@ struct NetworkPrinterTest : CupsTest {
                                                       folder / "jobs", "-c", "/bin/true", "-n", "localhost", "-p", port,
                                                       "Simulated"});
         // A printer that is still starting gets a queue without its description.
-        WaitUntil("PATH=$PATH:/usr/sbin lpadmin -p Desk -E -v " + printer + " -m everywhere && test -s '" +
-                  (folder / "ppd/Desk.ppd").string() + "'");
+        Await("PATH=$PATH:/usr/sbin lpadmin -p Desk -E -v " + printer + " -m everywhere && test -s '" +
+              (folder / "ppd/Desk.ppd").string() + "'");
     }
     /// The printer announces itself on a bus of the test's own.
     void StartNameService() {
@@ -213,16 +209,13 @@ struct NetworkPrinterTest : CupsTest {
         ::setenv("DBUS_SYSTEM_BUS_ADDRESS", bus.c_str(), 1);
         daemons.emplace_back(
             std::vector<std::string>{"dbus-daemon", "--nofork", "--config-file=" + (folder / "bus.conf").string()});
-        WaitUntil("test -S '" + (folder / "bus").string() + "'");
+        Await("test -S '" + (folder / "bus").string() + "'");
         daemons.emplace_back(std::vector<std::string>{"avahi-daemon", "-f", folder / "avahi.conf", "--no-drop-root",
                                                       "--no-chroot", "--no-rlimits"});
-        WaitUntil(kAskNameService);
+        Await(kAskNameService);
     }
-    static void WaitUntil(const std::string& command) {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (Shell(command).code != 0 && std::chrono::steady_clock::now() < deadline)
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        EXPECT_LT(std::chrono::steady_clock::now(), deadline) << command;
+    static void Await(const std::string& command) {
+        EXPECT_TRUE(WaitUntil([&] { return Shell(command).code == 0; })) << command;
     }
     void Batch(const std::string& arguments) {
         const Result result = Shell("cd '" + folder.Path().string() + "' && '" VELMORA_BATCH "' " + arguments);
@@ -238,11 +231,10 @@ struct NetworkPrinterTest : CupsTest {
     }
     /// The job's file, once its last byte is there.
     std::filesystem::path WaitFor(std::size_t job) {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-        while (JobAttributes(printer + "/" + std::to_string(job)).find("job-state (enum) = completed") ==
-                   std::string::npos &&
-               std::chrono::steady_clock::now() < deadline)
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        WaitUntil([&] {
+            return JobAttributes(printer + "/" + std::to_string(job)).find("job-state (enum) = completed") !=
+                   std::string::npos;
+        });
         return Arrived().at(job - 1);
     }
 };

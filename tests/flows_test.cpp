@@ -32,17 +32,6 @@ struct FlowsTest : testing::Test {
     void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
 };
 
-TEST_F(FlowsTest, ANewNameIsSavedWithoutAWordAndKept) {
-    program.ui.ExpectChooser("Save as", Path("a.csv"));
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
-    EXPECT_EQ(document.DocFileName, Path("a.csv"));
-    EXPECT_FALSE(document.DocChanged);
-    EXPECT_EQ(program.Stored("Paths", "Lables"), program.folder.Path().string() + "/");
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
-    EXPECT_NE(ReadFile(Path("a.csv")).find("typed,,"), std::string::npos);
-}
-
 TEST_F(FlowsTest, CommasAreToldOnceForASave) {
     document.FieldA(2) = "a,b";
     document.FieldC(7) = ",";
@@ -54,16 +43,8 @@ TEST_F(FlowsTest, CommasAreToldOnceForASave) {
 }
 
 TEST_F(FlowsTest, OpeningRefusesWhatIsNoDocument) {
-    document.DocFileName = Path("a.csv");
-    Ask(kSaveQuestion, Answer::Cancel);
-    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Cancelled);
-    Ask(kSaveQuestion, Answer::Yes);
-    Tell("File saved successfully");
     program.ui.ExpectChooser("Open", std::nullopt);
     EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Cancelled);
-    EXPECT_EQ(document.DocFileName, Path("a.csv"));
-
-    document.DocFileName.clear();
     program.ui.ExpectChooser("Open", Path("none.csv"));
     Tell("You have to select a valid file!");
     Tell("The file could not be opened successfully");

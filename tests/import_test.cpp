@@ -108,6 +108,10 @@ TEST_F(ImportTest, AHeaderAsksForNoColumns) {
         EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << file;
         EXPECT_EQ(Tab(1), "Smith|2024|");
         EXPECT_EQ(document.OptType, 4);
+        EXPECT_EQ(document.StationeryType, "DL_v");
+        EXPECT_EQ(document.TabCount, 21) << "one page of 3 x 7";
+        EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2") << file;
+        EXPECT_EQ(main.fonts[0], (FieldFont{"ARIAL", 12, true, false, false, 0, 1}));
     }
     EXPECT_EQ(dialogs.asked, 0);
 }

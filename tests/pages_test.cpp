@@ -1,5 +1,6 @@
 // Pages of the document: moves, adding, deleting and cleaning, with their questions.
 #include "document/Pages.h"
+#include "tests/support/Documents.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -12,17 +13,8 @@ struct PagesTest : testing::Test {
     TabDocument& document = program.main.document;
 
     void MakeDocument(int pages, int fields = 1, int type = 0) {
-        LoadGlobals(program.main);
-        document.NoOfFields = static_cast<std::int16_t>(fields);
-        document.OptType = static_cast<std::int16_t>(type);
-        NewDocument(program.main);
-        document.TabCount = pages * document.TabsPerPage;
-        for (int field = 0; field < 3; ++field)
-            document.Field(field).ReDim(document.TabCount);
-        ApplyTabType(program.main);
-        for (int tab = 1; tab <= document.TabCount; ++tab)
-            document.FieldA(tab) = std::to_string(tab);
-        document.DocChanged = false;
+        MakePages(program.main, pages, fields, type,
+                  [](int field, int tab) { return field == 0 ? std::to_string(tab) : ""; });
     }
     void Ask(const char* question, Answer answer) {
         program.ui.Expect(question, Icon::Question, Buttons::YesNo, answer, Answer::No);

@@ -86,19 +86,6 @@ TEST_F(ReportTest, FieldsShareTheBand) {
     EXPECT_EQ(sheet.texts[2].field, 2) << "in its own font";
 }
 
-TEST_F(ReportTest, MarginsShiftTheWholeGrid) {
-    MakeDocument(0, 1);
-    const Sheet before = LayOut();
-    program.Store("Settings", "Margin Value Left", "7.5");
-    program.Store("Settings", "Margin Value Top", "-3");
-    const Sheet after = LayOut();
-    for (std::size_t i = 0; i < before.texts.size(); ++i)
-        ExpectBox(after.texts[i].box, before.texts[i].box.left + 7.5 * 56.7, before.texts[i].box.top - 3 * 56.7, 3402,
-                  567);
-    program.Store("Settings", "Margin Value Left", "abc");
-    EXPECT_THROW(LayOut(), TypeMismatchError);
-}
-
 TEST_F(ReportTest, AStoredTabTopHoldsForAllStylesThatShareIt) {
     MakeDocument(0, 1);
     LayOut();
@@ -184,17 +171,6 @@ TEST_F(ReportTest, APartPageEndsTheRun) {
     EXPECT_THROW(report.InitArray("PRINT", 0, 8, 3, 1, false, document), SubscriptError);
     EXPECT_THROW(report.InitArray("PRINT", 48, 8, 3, 1, false, document), SubscriptError);
     EXPECT_THROW(report.InitArray("TEST", 32784, 8, 3, 1, false, document), OverflowError);
-}
-
-TEST_F(ReportTest, PaperFollowsStationeryAndLayout) {
-    const std::tuple<const char*, const char*, double, double, bool> cases[] = {
-        {"A4", "A4", 210, 297, false}, {"DL", "DL_v", 110, 220, true}, {"DL", "DL_h", 220, 110, false}};
-    for (const auto& [stationery, layoutName, width, height, turned] : cases) {
-        const Paper paper = SheetPaper(stationery, layoutName);
-        EXPECT_EQ(paper.widthMm, width);
-        EXPECT_EQ(paper.heightMm, height);
-        EXPECT_EQ(paper.turned, turned);
-    }
 }
 
 } // namespace

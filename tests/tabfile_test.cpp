@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace velmora {
 namespace {
 
@@ -93,29 +91,10 @@ TEST_F(TabFileTest, TheHeaderReachesSettingsDocumentAndFonts) {
     EXPECT_EQ(program.main.fonts[1], (FieldFont{"Liberation Serif", 10, false, true, false, 2, 0}));
 }
 
-TEST_F(TabFileTest, AFileWithoutHeaderLosesNoLine) {
-    Open("first\r\nsecond,x\r\n");
-    EXPECT_EQ(document.FieldA(1), "first");
-    EXPECT_EQ(document.FieldB(2), "x");
-    EXPECT_EQ(document.TabCount, 24);
-}
-
 TEST_F(TabFileTest, AHeaderAloneIsAnEmptyPage) {
     program.ui.Expect("There are no information to import.", Icon::Information);
     EXPECT_EQ(Open(kHeader), OpenOutcome::Opened);
     EXPECT_EQ(document.TabCount, 12);
-}
-
-TEST_F(TabFileTest, EmptyPagesAreWrittenToo) {
-    LoadGlobals(program.main);
-    document.TabCount = 48;
-    document.CurrentTab = 2;
-    for (int field = 0; field < 3; ++field)
-        document.Field(field).ReDim(48);
-    ApplyTabType(program.main);
-    const std::string bytes = Bytes();
-    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), 54);
-    EXPECT_TRUE(bytes.ends_with(Tabs(48)));
 }
 
 TEST(TabFileVersion, IsFoundAnywhereInTheFirstLine) {
@@ -177,20 +156,6 @@ TEST(TabFileBad, CutAtAnyByteItIsAnErrorOrADocument) {
     }
 }
 
-TEST(TabFileBad, RandomBytesNeverCrash) {
-    std::mt19937 random(8);
-    const std::string alphabet("Version 8,\r\n\xC3\xAB\xFF\0,,\r\n", 20);
-    for (int i = 0; i < 2000; ++i) {
-        std::string bytes(random() % 200, ' ');
-        for (char& c : bytes)
-            c = alphabet[random() % alphabet.size()];
-        CheckTabFile("Version 8" + bytes);
-        try {
-            ParseTabFile("VERSION" + bytes);
-        } catch (const TabFileError&) {}
-    }
-}
-
 TEST(TabFileLines, EveryEndOfLineIsUnderstood) {
     const std::pair<std::string, std::vector<std::string>> cases[] = {{"", {}},
                                                                       {"a", {"a"}},
@@ -207,10 +172,6 @@ TEST(TabFileLines, EveryEndOfLineIsUnderstood) {
             read.emplace_back(line);
         EXPECT_EQ(read, lines) << text;
     }
-}
-
-TEST(TabFileCheckTest, ACleanFileHasNoProblem) {
-    EXPECT_TRUE(CheckTabFile(kHeader + Tabs(24)).empty());
 }
 
 TEST(TabFileCheckTest, EveryProblemHasItsLine) {

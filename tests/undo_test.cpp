@@ -1,6 +1,7 @@
 // Undo and redo: what a step brings back, what belongs to one step, what counts as saved, and what the steps cost.
 #include "document/Pages.h"
 #include "document/Undo.h"
+#include "tests/support/Documents.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -16,19 +17,9 @@ struct UndoTest : testing::Test {
     TabDocument& document = program.main.document;
     UndoHistory history;
 
-    void MakeDocument(int pages, int type = 0) {
-        LoadGlobals(main);
+    void MakeDocument(int pages) {
+        MakePages(main, pages, 3, 0, [](int field, int tab) { return field == 0 ? "tab " + std::to_string(tab) : ""; });
         main.globals.AskBeforeDelete = false;
-        document.OptType = static_cast<std::int16_t>(type);
-        SetLayoutFromType(document);
-        NewDocument(main);
-        document.TabCount = pages * document.TabsPerPage;
-        for (int field = 0; field < kFieldsPerTab; ++field)
-            document.Field(field).ReDim(document.TabCount);
-        ApplyTabType(main);
-        for (int tab = 1; tab <= document.TabCount; ++tab)
-            document.FieldA(tab) = "tab " + std::to_string(tab);
-        document.DocChanged = false;
         history.Clear(document);
     }
     /// `operation` as one step.
@@ -57,13 +48,6 @@ struct UndoTest : testing::Test {
         for (const SettingKey* row : {&kStationeryType, &kPageSize, &kOptType, &kNoOfFields, &kNoOfPages, &kMarginLeft})
             text += "\n" + program.settings.Object.GetSettingStr(row->section, row->key, row->fallback);
         return text;
-    }
-    void CheckInvariants() {
-        EXPECT_EQ(document.TabsPerPage, FindTabType(document.OptType)->TabsPerPage());
-        EXPECT_EQ(document.TabCount, document.NoOfPages * document.TabsPerPage);
-        for (int field = 0; field < kFieldsPerTab; ++field)
-            EXPECT_EQ(document.Field(field).Count(), document.TabCount);
-        EXPECT_TRUE(document.CurrentPage >= 1 && document.CurrentPage <= document.NoOfPages) << document.CurrentPage;
     }
     void SetUpPage(int type, int fields, int fontSize) {
         document.OptType = static_cast<std::int16_t>(type);
@@ -231,68 +215,44 @@ TEST_F(UndoTest, TheOldestStepsGiveWay) {
     EXPECT_TRUE(small.Bytes() > 900 && small.Bytes() < 1200) << "the text typed over, and nothing of what is gone";
 }
 
-/// A walk of some hundred steps, with undo and redo on the way, compared with the states it went through.
-struct Walk : UndoTest {
+TEST_F(UndoTest, HundredsOfStepsGoBackAndForthThroughTheSameStates) {
     std::mt19937 random{20240607};
-    std::vector<std::string> states;
-    std::size_t at = 0;
-    int typed = 0;
-
-    int Below(int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); }
-    void Operate() {
-        document.CurrentPage = static_cast<std::int16_t>(1 + Below(document.NoOfPages));
-        document.CurrentTab = static_cast<std::int16_t>(Below(40) == 0 ? 0 : 2); // at 0 a new tab type empties all
-        switch (Below(9)) {
-        case 0:
-        case 1: return Do("Add Page", [&] { AddPage(main); });
-        case 2: return document.NoOfPages > 1 ? Do("Delete Page", [&] { DeletePage(main); }) : void();
-        case 3: return Do("Delete Empty Tabs", [&] { CleanLabels(main); });
-        case 4: return Do("Page Setup", [&] { SetUpPage(Below(6), 1 + Below(3), 8 + Below(9)); });
-        default:
-            document.CurrentPage = static_cast<std::int16_t>(1 + Below(document.NoOfPages));
-            Type((document.CurrentPage - 1) * document.TabsPerPage + 1 + Below(document.TabsPerPage),
-                 Below(4) == 0 ? "" : std::string(static_cast<std::size_t>(Below(30)), 'x') + std::to_string(++typed),
-                 Below(3));
-        }
-    }
-    void Note() {
-        if (const std::string state = State(); state != states[at]) {
-            states.resize(++at);
-            states.push_back(state);
-        }
-        history.MarkSaved(); // each typing a step of its own
-    }
-    void Check(std::size_t expected) {
-        at = expected;
-        CheckInvariants();
-        ASSERT_TRUE(State() == states[at]) << "state " << at << "\n" << State() << "\ninstead of\n" << states[at];
-        ASSERT_EQ(history.CanUndo(), at > 0);
-        ASSERT_EQ(history.CanRedo(), at + 1 < states.size());
-    }
-};
-
-TEST_F(Walk, GoesBackAndForthThroughTheSameStates) {
+    const auto below = [&](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
     MakeDocument(2);
     SetUpPage(0, 2, 10);
     history.Clear(document);
-    states = {State()};
+    std::vector<std::string> states = {State()};
     const SettingsBatch batch(program.settings); // the file is written once, but read as if each write had been
-    for (int i = 0; i < 500 && !HasFatalFailure(); ++i) {
-        Operate();
-        Note();
-        for (int back = Below(6) == 0 ? Below(5) : 0; back > 0 && history.CanUndo(); --back)
-            history.Undo(main), Check(at - 1);
-        for (int again = Below(3); again > 0 && history.CanRedo(); --again)
-            history.Redo(main), Check(at + 1);
-        CheckInvariants();
+    for (int i = 0; i < 400; ++i) {
+        document.CurrentPage = static_cast<std::int16_t>(1 + below(document.NoOfPages));
+        document.CurrentTab = static_cast<std::int16_t>(below(40) == 0 ? 0 : 2); // at 0 a new tab type empties all
+        const int kind = below(9), tab = (document.CurrentPage - 1) * document.TabsPerPage + 1;
+        if (kind > 4)
+            Type(tab + below(document.TabsPerPage),
+                 below(4) == 0 ? "" : std::string(static_cast<std::size_t>(i % 30), 'x') + std::to_string(i), below(3));
+        else if (kind == 4)
+            Do("Page Setup", [&] { SetUpPage(below(6), 1 + below(3), 8 + below(9)); });
+        else if (kind == 3)
+            Do("Delete Empty Tabs", [&] { CleanLabels(main); });
+        else
+            Do("Page", [&] { kind == 2 && document.NoOfPages > 1 ? DeletePage(main) : AddPage(main); });
+        history.MarkSaved(); // each typing a step of its own
+        if (std::string state = State(); state != states.back())
+            states.push_back(std::move(state));
     }
-    EXPECT_GT(at, 200U);
-    while (history.CanUndo() && !HasFatalFailure())
-        history.Undo(main), Check(at - 1);
-    EXPECT_EQ(at, 0U);
-    while (history.CanRedo() && !HasFatalFailure())
-        history.Redo(main), Check(at + 1);
-    EXPECT_EQ(at + 1, states.size());
+    EXPECT_GT(states.size(), 200U);
+    const auto check = [&](std::size_t at) {
+        EXPECT_EQ(document.TabCount, document.NoOfPages * document.TabsPerPage);
+        ASSERT_TRUE(State() == states[at]) << "state " << at << "\n" << State() << "\ninstead of\n" << states[at];
+    };
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t at = states.size() - 1; at > 0 && !HasFatalFailure(); --at)
+            history.Undo(main), check(at - 1);
+        EXPECT_FALSE(history.CanUndo());
+        for (std::size_t at = 1; at < states.size() && !HasFatalFailure(); ++at)
+            history.Redo(main), check(at);
+        EXPECT_FALSE(history.CanRedo());
+    }
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "base/Text.h"
 #include "document/Pages.h"
 #include "document/Undo.h"
+#include "tests/support/Documents.h"
 #include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
 #include "wizard/AppendWizardTabs.h"
@@ -98,18 +99,8 @@ struct WizardTest : testing::Test {
 
     /// Tab n holds "an", "bn" and "cn".
     void MakeDocument(int pages, int fields, int type = 0) {
-        LoadGlobals(main);
-        document.NoOfFields = static_cast<std::int16_t>(fields);
-        document.OptType = static_cast<std::int16_t>(type);
-        NewDocument(main);
-        document.TabCount = pages * document.TabsPerPage;
-        for (int field = 0; field < 3; ++field)
-            document.Field(field).ReDim(document.TabCount);
-        ApplyTabType(main);
-        for (int tab = 1; tab <= document.TabCount; ++tab)
-            for (int field = 0; field < 3; ++field)
-                document.Field(field)(tab) = static_cast<char>('a' + field) + std::to_string(tab);
-        document.DocChanged = false;
+        MakePages(main, pages, fields, type,
+                  [](int field, int tab) { return static_cast<char>('a' + field) + std::to_string(tab); });
         history.Clear(document);
         main.history = &history;
     }
@@ -212,31 +203,6 @@ TEST_F(WizardTest, TheFontPageComesOnceAllFieldsAreDone) {
     WizardState fresh;
     FillText(fresh, "no field chosen");
     EXPECT_EQ(fresh.LastFillFlag, "");
-}
-
-TEST_F(WizardTest, CancelAsksInTheWordsOfThePageAndDiscards) {
-    const std::string start = "If you cancel this wizard, none of the settings will be saved.";
-    const std::pair<WizardPage, const char*> cases[] = {
-        {WizardPage::Style, "  Are you sure you want to cancel?"},
-        {WizardPage::Fonts, "  Are you sure you want to cancel?"},
-        {WizardPage::Introduction, "  Are you sure you want to cancel ?"},
-        {WizardPage::Text, "  Are you sure you want to cancel ?"},
-        {WizardPage::Ticks, "  Are you sure you want to cancel ?"},
-        {WizardPage::Count, " Are you sure you want to cancel ?"},
-        {WizardPage::Chooser, " Are you sure you want to cancel ?"},
-        {WizardPage::Type, " Are you sure you want to cancel ?"},
-        {WizardPage::Numbers, " Are you sure you want to cancel ?"}};
-    MakeDocument(1, 1);
-    for (const auto& [page, question] : cases) {
-        Number("3");
-        program.ui.Expect(start + question, Icon::Question, Buttons::YesNo, Answer::No, Answer::No);
-        EXPECT_FALSE(ConfirmCancel(main, wizard, page));
-        EXPECT_EQ(wizard.WizFieldA(3), "3");
-        program.ui.Expect(start + question, Icon::Question, Buttons::YesNo, Answer::Yes, Answer::No);
-        EXPECT_TRUE(ConfirmCancel(main, wizard, page));
-        EXPECT_EQ(wizard.WizFieldA.Count(), 0);
-    }
-    EXPECT_FALSE(document.DocChanged);
 }
 
 TEST_F(WizardTest, AppendingGrowsByWholePagesFromTheTabInUse) {

@@ -1,5 +1,6 @@
 #include "document/ui/frmImport.h"
 
+#include "document/ui/Controls.h"
 #include "document/ui/HelpRequest.h"
 
 #include <QCheckBox>
@@ -20,11 +21,6 @@ namespace {
 
 constexpr int kRowsShown = 8;
 constexpr int kWidestTitle = 24;
-
-template <typename Control> Control* Named(Control* control, const char* name) {
-    control->setObjectName(name);
-    return control;
-}
 
 QString EncodingTitle(ListEncoding encoding) {
     switch (encoding) {

@@ -2,6 +2,7 @@
 // are collected first, texts of the shared table as their number.
 #include "base/Encoding.h"
 #include "base/Text.h"
+#include "platform/linux/BiffReader.h"
 #include "platform/linux/BiffRecords.h"
 #include "platform/linux/NumberFormat.h"
 #include "platform/linux/OleFile.h"
@@ -13,132 +14,6 @@
 
 namespace velmora {
 namespace {
-
-struct BiffRecord {
-    int id = 0;
-    std::string_view data;
-};
-
-class RecordReader {
-public:
-    RecordReader(std::string_view stream, std::size_t at) : stream_(stream), at_(at) {}
-    /// False at the end of the stream. Raises WorkbookError for half a record.
-    bool Next(BiffRecord& record) {
-        if (at_ + 4 > stream_.size())
-            return false;
-        record.id = static_cast<int>(LittleEndian(stream_, at_, 2));
-        const std::size_t size = LittleEndian(stream_, at_ + 2, 2);
-        if (stream_.size() - at_ - 4 < size)
-            RaiseDamaged();
-        record.data = stream_.substr(at_ + 4, size);
-        at_ += 4 + size;
-        return true;
-    }
-    /// The data of a record and of those that continue it.
-    std::vector<std::string_view> WithContinuations(const BiffRecord& record) {
-        std::vector<std::string_view> pieces{record.data};
-        for (BiffRecord next; at_ + 4 <= stream_.size() && LittleEndian(stream_, at_, 2) == biff::kContinue;) {
-            Next(next);
-            pieces.push_back(next.data);
-        }
-        return pieces;
-    }
-
-private:
-    std::string_view stream_;
-    std::size_t at_;
-};
-
-void AppendUtf8(std::string& text, std::uint32_t code) {
-    if (code < 0x80)
-        text += static_cast<char>(code);
-    else if (code < 0x800)
-        (text += static_cast<char>(0xC0 | code >> 6)) += static_cast<char>(0x80 | (code & 0x3F));
-    else if (code < 0x10000)
-        ((text += static_cast<char>(0xE0 | code >> 12)) += static_cast<char>(0x80 | (code >> 6 & 0x3F))) +=
-            static_cast<char>(0x80 | (code & 0x3F));
-    else
-        (((text += static_cast<char>(0xF0 | code >> 18)) += static_cast<char>(0x80 | (code >> 12 & 0x3F))) +=
-         static_cast<char>(0x80 | (code >> 6 & 0x3F))) += static_cast<char>(0x80 | (code & 0x3F));
-}
-
-/// Half a pair of surrogates becomes the replacement character.
-std::string Utf8Of(const std::u16string& units) {
-    std::string text;
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        const std::uint32_t unit = units[i];
-        const bool high = unit >= 0xD800 && unit < 0xDC00;
-        const bool low = unit >= 0xDC00 && unit < 0xE000;
-        if (high && i + 1 < units.size() && units[i + 1] >= 0xDC00 && units[i + 1] < 0xE000)
-            AppendUtf8(text, 0x10000 + ((unit - 0xD800) << 10) + (units[++i] - 0xDC00u));
-        else
-            AppendUtf8(text, high || low ? 0xFFFD : unit);
-    }
-    return text;
-}
-
-/// Reads BIFF8 strings out of a record and its continuations.
-class StringReader {
-public:
-    explicit StringReader(std::vector<std::string_view> pieces) : pieces_(std::move(pieces)) {}
-
-    bool AtEnd() {
-        Settle();
-        return piece_ >= pieces_.size();
-    }
-    std::uint32_t Number(int bytes) {
-        std::uint32_t value = 0;
-        for (int i = 0; i < bytes; ++i)
-            value |= std::uint32_t{Byte()} << (8 * i);
-        return value;
-    }
-    /// A string whose length stands in `lengthBytes`, with all that may be attached to it.
-    std::string Text(int lengthBytes) {
-        const std::uint32_t length = Number(lengthBytes);
-        unsigned flags = Byte();
-        const std::size_t runs = flags & 8 ? Number(2) : 0;
-        const std::size_t extension = flags & 4 ? Number(4) : 0;
-        std::u16string units;
-        for (std::uint32_t i = 0; i < length; ++i) {
-            // A continuation in the middle of the characters starts with flags of its own.
-            if (at_ >= pieces_[piece_].size()) {
-                Settle();
-                flags = Byte();
-            }
-            units += static_cast<char16_t>(flags & 1 ? Number(2) : Byte());
-        }
-        Skip(4 * runs + extension);
-        return Utf8Of(units);
-    }
-
-private:
-    /// On to a piece with bytes left.
-    void Settle() {
-        while (piece_ < pieces_.size() && at_ >= pieces_[piece_].size()) {
-            ++piece_;
-            at_ = 0;
-        }
-    }
-    unsigned char Byte() {
-        Settle();
-        if (piece_ >= pieces_.size())
-            RaiseDamaged();
-        return static_cast<unsigned char>(pieces_[piece_][at_++]);
-    }
-    void Skip(std::size_t count) {
-        for (Settle(); count > 0; Settle()) {
-            if (piece_ >= pieces_.size())
-                RaiseDamaged();
-            const std::size_t step = std::min(count, pieces_[piece_].size() - at_);
-            at_ += step;
-            count -= step;
-        }
-    }
-
-    std::vector<std::string_view> pieces_;
-    std::size_t piece_ = 0;
-    std::size_t at_ = 0;
-};
 
 /// A whole number or a double in 30 bits, perhaps a hundredth of it.
 double RkNumber(std::uint32_t rk) {

@@ -1,22 +1,19 @@
 #include "print/ui/frmPreview.h"
 
-#include "document/Dialogs.h"
+#include "document/ui/Controls.h"
 #include "document/ui/FormPlace.h"
 #include "document/ui/HelpRequest.h"
 #include "document/ui/LineIcon.h"
+#include "print/ui/FindingsBox.h"
+#include "print/ui/PrintBox.h"
 
 #include <QAction>
-#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListView>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScreen>
 #include <QSpinBox>
 #include <QToolBar>
@@ -32,32 +29,19 @@ constexpr const char* kPositionKey = "frmPreview";
 constexpr QSize kFirstSize(1180, 900);
 constexpr int kPanelWidth = 270;
 constexpr int kIconSize = 20;
-constexpr qint64 kSliceMs = 10;
 constexpr std::array kZoomPercents = {SheetDisplay::kLeastPercent, 33, 50, 67, 75, 100, 125, 150, 200, 300,
                                       SheetDisplay::kMostPercent};
 constexpr int kFitPage = 0; // as the zoom box's data, beside percents
 constexpr int kFitWidth = -1;
 
-template <typename Control> Control* Named(Control* control, const char* name) {
-    control->setObjectName(name);
-    return control;
-}
-
 QString Text(const std::string& text) {
     return QString::fromStdString(text);
-}
-
-/// The first in capitals: what stands alone is a sentence.
-QString Sentence(const char* text) {
-    QString sentence = QString::fromUtf8(text);
-    return sentence.left(1).toUpper() + sentence.mid(1) + ".";
 }
 
 } // namespace
 
 frmPreview::frmPreview(PrintRun& run, QWidget* parent)
-    : QDialog(parent), run_(run), findings_(new FindingList(this)),
-      display_(new SheetDisplay(run.Catalogue(), run.Main().fonts, this)) {
+    : QDialog(parent), run_(run), display_(new SheetDisplay(run.Catalogue(), run.Main().fonts, this)) {
     setObjectName("frmPreview");
     setWindowTitle(Text(run.Caption()));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -73,9 +57,7 @@ frmPreview::frmPreview(PrintRun& run, QWidget* parent)
     Connect();
     ShowCounts();
     ShowSheet(1);
-    ShowFindings();
     resize(kFirstSize.boundedTo(screen()->availableSize() * 9 / 10));
-    cmdPrint_->setDefault(true);
     display_->setFocus();
 }
 
@@ -135,12 +117,14 @@ void frmPreview::AddZoom(QToolBar& bar) {
 }
 
 QWidget* frmPreview::BuildPanel() {
-    auto* panel = new QWidget;
+    auto* panel = new QWidget(this);
     panel->setFixedWidth(std::max(kPanelWidth, fontMetrics().averageCharWidth() * 38));
     auto* layout = new QVBoxLayout(panel);
-    layout->addWidget(BuildPrintBox());
+    printBox_ = new PrintBox(run_, panel);
+    layout->addWidget(printBox_);
     layout->addWidget(BuildUsedBox());
-    layout->addWidget(BuildFindingBox(), 1);
+    findings_ = new FindingsBox(run_, panel);
+    layout->addWidget(findings_, 1);
     layout->addStretch();
     auto* cmdClose = Named(new QPushButton(tr("&Close")), "cmdClose");
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
@@ -150,43 +134,6 @@ QWidget* frmPreview::BuildPanel() {
     foot->addWidget(cmdClose);
     layout->addLayout(foot);
     return panel;
-}
-
-QGroupBox* frmPreview::BuildPrintBox() {
-    auto* box = new QGroupBox(tr("Print on %1").arg(Text(run_.Report().Printer.DeviceName).replace('&', "&&")));
-    auto* layout = new QVBoxLayout(box);
-    optSheets_ = new QButtonGroup(this);
-    const auto add = [&](SheetChoice choice, const char* name, const QString& text) {
-        auto* option = Named(new QRadioButton(text), name);
-        optSheets_->addButton(option, static_cast<int>(choice));
-        return option;
-    };
-    layout->addWidget(add(SheetChoice::All, "optAll", ""));
-    layout->addWidget(add(SheetChoice::Shown, "optShown", ""));
-    layout->addWidget(add(SheetChoice::Filled, "optFilled", ""));
-    txtRange_ = Named(new QLineEdit, "txtRange");
-    txtRange_->setPlaceholderText("1-3,7");
-    txtRange_->setAccessibleName(tr("Sheets to print"));
-    auto* range = new QHBoxLayout;
-    range->addWidget(add(SheetChoice::Range, "optRange", tr("S&heets:")));
-    range->addWidget(txtRange_, 1);
-    layout->addLayout(range);
-    lblRange_ = Named(new QLabel, "lblRange");
-    lblPrinted_ = Named(new QLabel, "lblPrinted");
-    cmdPrint_ = Named(new QPushButton(tr("&Print")), "cmdPrint");
-    cmdSavePdf_ = Named(new QPushButton(tr("Save as P&DF ...")), "cmdSavePdf");
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(cmdSavePdf_);
-    buttons->addWidget(cmdPrint_, 1);
-    layout->addWidget(lblRange_);
-    layout->addLayout(buttons);
-    layout->addWidget(lblPrinted_);
-    for (QLabel* label : {lblRange_, lblPrinted_}) {
-        label->setWordWrap(true);
-        label->hide();
-    }
-    optSheets_->button(static_cast<int>(SheetChoice::All))->setChecked(true);
-    return box;
 }
 
 QGroupBox* frmPreview::BuildUsedBox() {
@@ -210,23 +157,6 @@ QGroupBox* frmPreview::BuildUsedBox() {
     return box;
 }
 
-QGroupBox* frmPreview::BuildFindingBox() {
-    fraFindings_ = Named(new QGroupBox, "fraFindings");
-    lblChecking_ = Named(new QLabel(tr("Checking the texts ...")), "lblChecking");
-    lstFindings_ = Named(new QListView, "lstFindings");
-    lstFindings_->setAccessibleName(tr("Before printing"));
-    lstFindings_->setModel(findings_);
-    lstFindings_->setUniformItemSizes(true);
-    lstFindings_->installEventFilter(this);
-    lstFindings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the tool tip has all of a line
-    cmdEditTab_ = Named(new QPushButton(tr("&Edit This Tab")), "cmdEditTab");
-    auto* layout = new QVBoxLayout(fraFindings_);
-    layout->addWidget(lblChecking_);
-    layout->addWidget(lstFindings_, 1);
-    layout->addWidget(cmdEditTab_);
-    return fraFindings_;
-}
-
 void frmPreview::Connect() {
     connect(cmdFirst_, &QAction::triggered, this, [this] { ShowSheet(1); });
     connect(cmdPrevious_, &QAction::triggered, this, [this] { ShowSheet(sheet_ - 1); });
@@ -237,13 +167,6 @@ void frmPreview::Connect() {
     connect(cmdZoomIn_, &QAction::triggered, this, [this] { StepZoom(1); });
     connect(cmdZoomOut_, &QAction::triggered, this, [this] { StepZoom(-1); });
     connect(chkOutlines_, &QCheckBox::toggled, display_, &SheetDisplay::ShowOutlines);
-    connect(optSheets_, &QButtonGroup::idToggled, this, &frmPreview::ShowChoice);
-    connect(txtRange_, &QLineEdit::textEdited, this, [this] {
-        optSheets_->button(static_cast<int>(SheetChoice::Range))->setChecked(true);
-        ShowChoice();
-    });
-    connect(cmdPrint_, &QPushButton::clicked, this, [this] { Print(false); });
-    connect(cmdSavePdf_, &QPushButton::clicked, this, [this] { Print(true); });
     connect(chkPartlyUsed_, &QCheckBox::toggled, this, [this] {
         ShowUsedSlots();
         display_->setFocus();
@@ -255,12 +178,12 @@ void frmPreview::Connect() {
     connect(display_, &SheetDisplay::SlotToggled, this, &frmPreview::ToggleSlot);
     connect(display_, &SheetDisplay::ZoomAsked, this, &frmPreview::StepZoom);
     // Queued: the sheet comes before what is said of it.
-    connect(display_, &SheetDisplay::Painted, this, &frmPreview::StartCheck, Qt::QueuedConnection);
-    connect(&checkTimer_, &QTimer::timeout, this, &frmPreview::CheckSome);
-    connect(lstFindings_->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmPreview::ShowFinding);
-    connect(lstFindings_, &QListView::clicked, this, &frmPreview::ShowFinding);
-    connect(lstFindings_, &QListView::activated, this, &frmPreview::EditFinding);
-    connect(cmdEditTab_, &QPushButton::clicked, this, &frmPreview::EditFinding);
+    connect(display_, &SheetDisplay::Painted, findings_, &FindingsBox::StartCheck, Qt::QueuedConnection);
+    connect(findings_, &FindingsBox::Chosen, this, &frmPreview::ShowFinding);
+    connect(findings_, &FindingsBox::EditAsked, this, [this](TabBox box) {
+        wanted_ = box;
+        reject();
+    });
 }
 
 void frmPreview::showEvent(QShowEvent* event) {
@@ -270,26 +193,16 @@ void frmPreview::showEvent(QShowEvent* event) {
 }
 
 void frmPreview::hideEvent(QHideEvent* event) {
-    checkTimer_.stop();
+    findings_->StopCheck();
     if (!event->spontaneous())
         SavePlace(*this, run_.Main().settings, kPositionKey);
     QDialog::hideEvent(event);
 }
 
-/// In the list of remarks the paging keys are the list's.
-bool frmPreview::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == lstFindings_ && event->type() == QEvent::ShortcutOverride) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_PageUp || key == Qt::Key_PageDown || key == Qt::Key_Home || key == Qt::Key_End)
-            event->accept();
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
 /// Enter prints, but not where it has a meaning of its own.
 void frmPreview::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter || (!txtPage_->hasFocus() && !lstFindings_->hasFocus()))
+    if (!enter || !txtPage_->hasFocus())
         QDialog::keyPressEvent(event);
 }
 
@@ -308,7 +221,7 @@ void frmPreview::ShowSheet(int number) {
     cmdPrevious_->setEnabled(number > 1);
     cmdNext_->setEnabled(number < count);
     cmdLast_->setEnabled(number < count);
-    ShowChoice();
+    printBox_->ShowChoice(number);
 }
 
 /// After the number of sheets may have changed.
@@ -316,12 +229,7 @@ void frmPreview::ShowCounts() {
     const int count = run_.Report().SheetCount();
     txtPage_->setRange(1, count);
     lblPages_->setText(tr("of %1").arg(count));
-    const auto label = [&](SheetChoice choice, const QString& text) {
-        optSheets_->button(static_cast<int>(choice))->setText(text);
-    };
-    label(SheetChoice::All, tr("&All sheets (%1)").arg(count));
-    label(SheetChoice::Shown, tr("&This sheet"));
-    label(SheetChoice::Filled, tr("&Filled sheets only (%1)").arg(run_.Report().FilledSheets().size()));
+    printBox_->ShowCounts();
 }
 
 void frmPreview::ZoomChosen() {
@@ -345,37 +253,6 @@ void frmPreview::StepZoom(int steps) {
     cboZoom_->setCurrentIndex(cboZoom_->findData(*next));
 }
 
-std::vector<int> frmPreview::ChosenSheets() const {
-    return run_.Sheets(static_cast<SheetChoice>(optSheets_->checkedId()), sheet_, txtRange_->text().toStdString());
-}
-
-/// Says beside the choice why it cannot be printed; a range that is still to come is no mistake.
-void frmPreview::ShowChoice() {
-    lblPrinted_->hide();
-    QString fault;
-    try {
-        ChosenSheets();
-    } catch (const std::exception& error) {
-        fault = Sentence(error.what());
-    }
-    const bool waiting = optSheets_->checkedId() == static_cast<int>(SheetChoice::Range) && txtRange_->text().isEmpty();
-    lblRange_->setText(waiting ? "" : fault);
-    lblRange_->setVisible(!lblRange_->text().isEmpty());
-    cmdPrint_->setEnabled(fault.isEmpty());
-    cmdSavePdf_->setEnabled(fault.isEmpty());
-}
-
-void frmPreview::Print(bool toFile) {
-    const std::vector<int> sheets = ChosenSheets();
-    const bool file = toFile || run_.Report().Printer.DeviceName == kPdfPrinter;
-    if (!(toFile ? run_.SaveAsPdf(sheets) : run_.Print(sheets)))
-        return;
-    lblPrinted_->setText((file ? tr("%n sheet(s) saved as PDF.", nullptr, static_cast<int>(sheets.size()))
-                               : tr("%n sheet(s) sent to the printer.", nullptr, static_cast<int>(sheets.size())))
-                             .replace("(s)", sheets.size() == 1 ? "" : "s"));
-    lblPrinted_->show();
-}
-
 void frmPreview::ToggleSlot(int slot) {
     if (used_.erase(slot) == 0)
         used_.insert(slot);
@@ -391,66 +268,13 @@ void frmPreview::ShowUsedSlots() {
         return;
     ShowCounts();
     ShowSheet(1);
-    StartCheck();
+    findings_->StartCheck();
 }
 
-void frmPreview::StartCheck() {
-    findings_->Clear();
-    check_.reset();
-    checkTimer_.start(0);
-}
-
-/// A slice at a time, so that the window stays alive.
-void frmPreview::CheckSome() {
-    std::vector<PrintFinding> found;
-    try {
-        if (!check_)
-            check_.emplace(run_.Check());
-        QElapsedTimer clock;
-        for (clock.start(); !check_->IsDone() && clock.elapsed() < kSliceMs;)
-            check_->CheckSheet(found);
-        if (check_->IsDone())
-            checkTimer_.stop();
-    } catch (const std::exception&) {
-        checkTimer_.stop(); // the sheet shows the error in its place
-    }
-    findings_->Append(found);
-    ShowFindings();
-}
-
-/// Nothing is shown where there is nothing to say.
-void frmPreview::ShowFindings() {
-    const int count = findings_->rowCount();
-    const bool checking = checkTimer_.isActive();
-    fraFindings_->setTitle(tr("Before printing (%1)").arg(count));
-    fraFindings_->setVisible(count > 0 || checking);
-    lstFindings_->setVisible(count > 0);
-    cmdEditTab_->setVisible(count > 0);
-    lblChecking_->setVisible(checking);
-    cmdEditTab_->setEnabled(ChosenText() && run_.Main().editor);
-}
-
-/// Nothing while no finding on a text is chosen.
-const PrintFinding* frmPreview::ChosenText() const {
-    const QModelIndex current = lstFindings_->currentIndex();
-    return current.isValid() && findings_->At(current.row()).slot > 0 ? &findings_->At(current.row()) : nullptr;
-}
-
-void frmPreview::ShowFinding() {
-    ShowFindings();
-    const PrintFinding* finding = ChosenText();
-    if (!finding)
-        return;
-    if (finding->sheet != sheet_)
-        ShowSheet(finding->sheet);
-    display_->MarkSlot(finding->slot);
-}
-
-void frmPreview::EditFinding() {
-    if (!cmdEditTab_->isEnabled())
-        return;
-    wanted_ = ChosenText()->box;
-    reject();
+void frmPreview::ShowFinding(const PrintFinding& finding) {
+    if (finding.sheet != sheet_)
+        ShowSheet(finding.sheet);
+    display_->MarkSlot(finding.slot);
 }
 
 void PreviewViewer::ShowReport(PrintRun& run) {

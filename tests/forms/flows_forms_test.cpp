@@ -12,7 +12,6 @@ namespace {
 using namespace velmora;
 
 const std::string kSaveQuestion = "Do you want to save the current document?";
-const std::string kDeleteQuestion = "Do you want to delete the current page?";
 
 class FlowsFormsTest : public QObject {
     Q_OBJECT
@@ -93,6 +92,7 @@ private slots:
         Type(running, "TextA1(1)", "first");
         running.test.ui.ExpectChooser("Save as", file, "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
         running.Trigger("mnuSave"); // a new name: saved without a word
+        QCOMPARE(running.test.Stored("Paths", "Lables"), running.test.folder.Path().string() + "/");
         QVERIFY(!running.window->isWindowModified());
         const std::string question = "Do you want to overwrite the following file?\r\n" + Named(running, "a.csv");
         Type(running, "TextA1(1)", "second");
@@ -152,23 +152,6 @@ private slots:
         QCOMPARE(running.window->windowTitle(), QString("Velmora [Untitled][*]"));
         running.Trigger("mnuNew"); // untitled now
         QCOMPARE(running.Box("TextA1(1)")->text(), QString());
-    }
-
-    void pagesHaveTheirQuestionsAndLimits() {
-        RunningProgram running;
-        running.Start(5, 1, 2730);
-        Tell(running, "Overflow\r\nCalled from Sub: AddPage", Icon::Critical);
-        running.Trigger("mnuNewPage");
-        running.test.ui.Expect(kDeleteQuestion, Icon::Question, Buttons::YesNo, Answer::No, Answer::No);
-        running.Trigger("mnuDeletePage");
-        QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2730"));
-        running.program.main.globals.AskBeforeDelete = false;
-        running.Trigger("mnuDeletePage");
-        QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2729"));
-        Ask(running, kSaveQuestion, Answer::No);
-        running.Trigger("mnuNew");
-        Tell(running, "You can not delete the only page in this document.");
-        running.Trigger("mnuDeletePage");
     }
 
     void findGoesFromMatchToMatchAndReplaces() {

@@ -175,20 +175,6 @@ private slots:
         QCOMPARE(running.Box("TextA1(1)")->text(), QString("\u00e9,1"));
     }
 
-    void aBadWorkbookSaysWhyAndChangesNothing() {
-        RunningProgram running;
-        running.Start();
-        running.program.main.document.FieldA(1) = "typed";
-        const auto path = Book(running, {{"x"}});
-        ReplaceFile(path, ReadFile(path).substr(0, 700));
-        Choose(running, path);
-        running.test.ui.Expect("the workbook is damaged\r\nCalled form Function:OpenNewFile", Icon::Critical);
-        running.test.ui.Expect("Could not finish process", Icon::Information);
-        running.test.ui.Expect("The file could not be opened successfully", Icon::Information);
-        running.Trigger("mnuImport");
-        QCOMPARE(running.program.main.document.FieldA(1), std::string("typed"));
-    }
-
     void theChooserOffersEveryFormat() {
         FileRequest request{"OPEN", "Import", QDir::tempPath().toStdString(),
                             "Text (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"};

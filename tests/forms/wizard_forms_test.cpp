@@ -8,8 +8,9 @@
 #include <QRadioButton>
 #include <QToolButton>
 
+#include <algorithm>
 #include <functional>
-#include <map>
+#include <vector>
 
 namespace {
 
@@ -141,76 +142,55 @@ private slots:
     }
 
     void everyPageLeadsBackAndAsksInItsOwnWordsBeforeCancelling() {
-        const std::map<std::string, std::function<void(WizardRun&)>> ways = {
-            {"frmAutoRepWiz1", [](WizardRun& run) { run.Trigger("mnuAutoRepWiz"); }},
-            {"frmAutoRepWiz2",
-             [](WizardRun& run) {
-                 run.Trigger("mnuAutoRepWiz");
-                 run.Press("cmdNext");
-             }},
-            {"frmAutoRepWiz2a", [](WizardRun& run) { run.Open(); }},
-            {"frmAutoRepWiz2b",
-             [](WizardRun& run) {
-                 run.Open();
-                 run.Press("cmdFieldA");
-             }},
-            {"frmAutoRepWiz5a",
-             [](WizardRun& run) {
-                 run.Open();
-                 run.Choose("cmdFieldA", "optNum");
-             }},
-            {"frmAutoRepWiz5b",
-             [](WizardRun& run) {
-                 run.Open();
-                 run.Choose("cmdFieldA", "optDay");
-             }},
-            {"frmAutoRepWiz6a",
-             [](WizardRun& run) {
-                 run.Open();
-                 run.Months("cmdFieldA");
-             }},
-            {"frmAutoRepWiz5d",
-             [](WizardRun& run) {
-                 run.Open();
-                 run.Choose("cmdFieldA", "optText");
-             }},
-            {"frmAutoRepWiz7", [](WizardRun& run) {
-                 run.Open();
-                 run.Number("cmdFieldA");
-             }}};
-        const struct {
-            const char *page, *words, *previous, *positionKey;
-        } cases[] = {{"frmAutoRepWiz1", "  Are you sure you want to cancel ?", nullptr, "autowiz1"},
-                     {"frmAutoRepWiz2", " Are you sure you want to cancel ?", "frmAutoRepWiz1", "autowiz2"},
-                     {"frmAutoRepWiz2a", " Are you sure you want to cancel ?", "frmAutoRepWiz2", "autowiz2a"},
-                     {"frmAutoRepWiz2b", " Are you sure you want to cancel ?", "frmAutoRepWiz2a", "autowiz2b"},
-                     {"frmAutoRepWiz5a", " Are you sure you want to cancel ?", "frmAutoRepWiz2b", "autowiz5a"},
-                     {"frmAutoRepWiz5b", "  Are you sure you want to cancel?", "frmAutoRepWiz2b", "autowiz5b"},
-                     {"frmAutoRepWiz6a", "  Are you sure you want to cancel ?", "frmAutoRepWiz5b", "autowiz6a"},
-                     {"frmAutoRepWiz5d", "  Are you sure you want to cancel ?", "frmAutoRepWiz2b", "autowiz5d"},
-                     {"frmAutoRepWiz7", "  Are you sure you want to cancel?", "frmAutoRepWiz2a", "Font Settings"}};
+        using Way = std::function<void(WizardRun&)>;
+        const auto choosing = [](const char* option) -> Way {
+            return [option](WizardRun& run) {
+                run.Open();
+                run.Choose("cmdFieldA", option);
+            };
+        };
+        const std::string once = " Are you sure you want to cancel ?", twice = " " + once,
+                          close = "  Are you sure you want to cancel?";
+        struct Row {
+            std::string page, words, previous, positionKey;
+            Way way;
+        };
+        const std::vector<Row> rows = {
+            {"frmAutoRepWiz1", twice, "", "autowiz1", [](WizardRun& run) { run.Trigger("mnuAutoRepWiz"); }},
+            {"frmAutoRepWiz2", once, "frmAutoRepWiz1", "autowiz2",
+             [](WizardRun& run) { run.Trigger("mnuAutoRepWiz"), run.Press("cmdNext"); }},
+            {"frmAutoRepWiz2a", once, "frmAutoRepWiz2", "autowiz2a", [](WizardRun& run) { run.Open(); }},
+            {"frmAutoRepWiz2b", once, "frmAutoRepWiz2a", "autowiz2b",
+             [](WizardRun& run) { run.Open(), run.Press("cmdFieldA"); }},
+            {"frmAutoRepWiz5a", once, "frmAutoRepWiz2b", "autowiz5a", choosing("optNum")},
+            {"frmAutoRepWiz5b", close, "frmAutoRepWiz2b", "autowiz5b", choosing("optDay")},
+            {"frmAutoRepWiz6a", twice, "frmAutoRepWiz5b", "autowiz6a",
+             [](WizardRun& run) { run.Open(), run.Months("cmdFieldA"); }},
+            {"frmAutoRepWiz5d", twice, "frmAutoRepWiz2b", "autowiz5d", choosing("optText")},
+            {"frmAutoRepWiz7", close, "frmAutoRepWiz2a", "Font Settings",
+             [](WizardRun& run) { run.Open(), run.Number("cmdFieldA"); }}};
         WizardRun run(1);
         const std::string before = run.program.main.document.FieldA(1);
-        for (const auto& row : cases) {
-            ways.at(row.page)(run);
-            QCOMPARE(run.Page(), std::string(row.page));
+        for (const Row& row : rows) {
+            row.way(run);
+            QCOMPARE(run.Page(), row.page);
             run.AnswerCancel(row.words, Answer::No);
             QTest::keyClick(run.Frame(), Qt::Key_Escape);
-            QCOMPARE(run.Page(), std::string(row.page));
+            QCOMPARE(run.Page(), row.page);
             run.AnswerCancel(row.words, Answer::Yes);
             run.Frame()->close();
             QCOMPARE(run.Page(), std::string("closed"));
             QVERIFY(run.test.Stored("Form Position", row.positionKey).find(',') != std::string::npos);
             QVERIFY(!run.program.main.document.DocChanged && !run.program.history.CanUndo());
-            if (!row.previous)
+            if (row.previous.empty())
                 continue;
-            ways.at(row.page)(run);
+            row.way(run);
             run.Press("cmdPrevious");
-            QCOMPARE(run.Page(), std::string(row.previous));
-            run.test.ui.Expect(kQuestion + (run.Page() == "frmAutoRepWiz1"    ? "  Are you sure you want to cancel ?"
-                                            : run.Page() == "frmAutoRepWiz5b" ? "  Are you sure you want to cancel?"
-                                                                              : " Are you sure you want to cancel ?"),
-                               Icon::Question, Buttons::YesNo, Answer::Yes, Answer::No);
+            QCOMPARE(run.Page(), row.previous);
+            run.AnswerCancel(
+                std::find_if(rows.begin(), rows.end(), [&](const Row& other) { return other.page == row.previous; })
+                    ->words,
+                Answer::Yes);
             run.Press("cmdCancel");
         }
         QCOMPARE(run.program.main.document.FieldA(1), before);

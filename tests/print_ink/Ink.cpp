@@ -1,23 +1,16 @@
 #include "tests/print_ink/Ink.h"
 
+#include "base/AtomicFile.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 
 namespace velmora::ink {
-namespace {
-
-std::string ReadAll(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-} // namespace
 
 void ExpectNear(const Rect& actual, const Rect& expected) {
     constexpr double kOff = 0.2;
@@ -72,20 +65,15 @@ PdfFile::PdfFile(const std::vector<Sheet>& sheets, const FontSettings& fonts, co
 }
 
 std::string PdfFile::Bytes() const {
-    return ReadAll(folder_ / "sheets.pdf");
+    return ReadFile(folder_ / "sheets.pdf");
 }
 
 std::string PdfFile::Ask(const std::string& command) const {
-    std::string line = command + " 2>&1";
+    std::string line = command;
     line.replace(line.find('%'), 1, (folder_ / "sheets.pdf").string());
-    std::FILE* pipe = ::popen(line.c_str(), "r");
-    if (!pipe)
-        throw std::runtime_error("no pipe");
-    std::string answer;
-    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe))
-        answer += static_cast<char>(c);
-    EXPECT_EQ(::pclose(pipe), 0) << command << "\n" << answer;
-    return answer;
+    const Result result = Shell(line);
+    EXPECT_EQ(result.code, 0) << command << "\n" << result.output;
+    return result.output;
 }
 
 std::string PdfFile::Text() const {
@@ -99,25 +87,17 @@ std::string PdfFile::Text() const {
 }
 
 std::vector<Rect> PdfFile::Words() const {
-    constexpr double kMmPerPoint = 25.4 / 72;
-    std::istringstream answer(Ask("pdftotext -bbox % -"));
     std::vector<Rect> words;
-    for (std::string line; std::getline(answer, line);) {
-        Rect word;
-        if (std::sscanf(line.c_str(), " <word xMin=\"%lf\" yMin=\"%lf\" xMax=\"%lf\" yMax=\"%lf\"", &word.left,
-                        &word.top, &word.right, &word.bottom) != 4)
-            continue;
-        for (double* edge : {&word.left, &word.top, &word.right, &word.bottom})
-            *edge *= kMmPerPoint;
-        words.push_back(word);
-    }
+    for (const auto& [text, word] : AllWords(folder_ / "sheets.pdf"))
+        if (!text.empty())
+            words.push_back(word);
     return words;
 }
 
 PdfFile::Picture PdfFile::Render() const {
     const std::string picture = (folder_ / "page").string();
     Ask("pdftoppm -gray -singlefile -r " + std::to_string(kPixelsPerMm * 25.4) + " % " + picture);
-    std::istringstream file(ReadAll(picture + ".pgm"));
+    std::istringstream file(ReadFile(picture + ".pgm"));
     std::string kind;
     int white = 0;
     Picture page;
@@ -146,17 +126,12 @@ Rect PdfFile::Picture::InkBox() const {
 }
 
 int PdfFile::Picture::DarkPixels() const {
-    int dark = 0;
-    for (int y = 0; y < height; ++y)
-        dark += DarkPixels(y);
-    return dark;
+    return static_cast<int>(std::count_if(pixels.begin(), pixels.end(), IsDarkGrey));
 }
 
 int PdfFile::Picture::DarkPixels(int row) const {
-    int dark = 0;
-    for (int x = 0; x < width; ++x)
-        dark += IsDark(x, row);
-    return dark;
+    const auto start = pixels.begin() + row * width;
+    return static_cast<int>(std::count_if(start, start + width, IsDarkGrey));
 }
 
 int PdfFile::Picture::PixelsFarFrom(const Picture& other) const {

@@ -4,6 +4,7 @@
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/PdfCanvas.h"
 #include "print/SheetPainter.h"
+#include "tests/support/PdfWords.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <string>
@@ -22,9 +23,7 @@ inline constexpr double kDigitWidth = 1139.0 / 2048;
 inline constexpr Paper kA4{210, 297, false};
 inline constexpr Paper kTurnedDl{110, 220, true};
 
-struct Rect {
-    double left = 0, top = 0, right = 0, bottom = 0; ///< millimetres from the top left corner of the paper
-};
+using Rect = Word; ///< from the top left corner of the paper
 /// Fails the test where an edge is off by more than 0.2 mm.
 void ExpectNear(const Rect& actual, const Rect& expected);
 
@@ -71,7 +70,8 @@ public:
         int height = 0;
         std::vector<unsigned char> pixels; ///< 0 black
 
-        bool IsDark(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)] < 128; }
+        static bool IsDarkGrey(unsigned char grey) { return grey < 128; }
+        bool IsDark(int x, int y) const { return IsDarkGrey(pixels[static_cast<std::size_t>(y * width + x)]); }
         Rect InkBox() const; ///< all zero without ink
         int DarkPixels() const;
         int DarkPixels(int row) const;

@@ -1,6 +1,7 @@
 // The auto-fill wizard's window: holds what its pages have collected and shows one after the other.
 #pragma once
 
+#include "document/ui/Controls.h"
 #include "document/ui/WizardFrame.h"
 #include "platform/FontCatalogue.h"
 #include "wizard/WizardState.h"
@@ -57,11 +58,7 @@ private:
     PageTexts texts_;
 };
 
-/// The control under its name; an index from 1 follows the name in brackets.
-template <typename Control> Control* Named(Control* control, const char* name) {
-    control->setObjectName(name);
-    return control;
-}
+/// The control with its name and its index, from 1, in brackets.
 template <typename Control> Control* Named(Control* control, const char* name, int index) {
     control->setObjectName(QString("%1(%2)").arg(name).arg(index));
     return control;
