@@ -102,11 +102,23 @@ bool AnswersAtOnce(const std::string& commandLine) {
     return true;
 }
 
+/// Whether the toolkit has something to draw on; without it, it would advise to install the program anew and abort.
+bool HasDisplay(const Environment& environment, const std::string& commandLine) {
+    return environment("DISPLAY") || environment("WAYLAND_DISPLAY") || environment("QT_QPA_PLATFORM") ||
+           commandLine.find("-platform") != std::string::npos;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    if (AnswersAtOnce(CommandLine(argc, argv)))
+    const std::string given = CommandLine(argc, argv);
+    if (AnswersAtOnce(given))
         return 0;
+    if (!HasDisplay(SystemEnvironment(), given)) {
+        std::fprintf(stderr, "velmora: there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set. velmora-batch "
+                             "works without one.\n");
+        return 1;
+    }
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // Qt took the desktop's: libraries would write decimal commas into workbooks
     QApplication::setApplicationName("Velmora"); // no display name: Qt would append it to every caption
