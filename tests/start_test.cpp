@@ -189,7 +189,8 @@ TEST_F(StartTest, AStoreThatCannotBeWrittenIsReportedOnce) {
             fs::create_directory(ini);
         else
             ReplaceFile(ini, kept);
-        fs::permissions(ini, fault == NotReadable ? fs::perms::none : fs::perms(0755));
+        fs::permissions(ini, fault == NotReadable ? fs::perms::none : fs::perms(0555));
+        fs::permissions(test.folder.Path(), fault == IsFolder ? fs::perms(0755) : fs::perms(0555));
         test.settings.Own.clear();
         test.settings.Object.File().Open({});
         test.settings.WriteFailureShown = false;
@@ -204,6 +205,8 @@ TEST_F(StartTest, AStoreThatCannotBeWrittenIsReportedOnce) {
             SaveGlobals(program.main); // as a window that opens does
             SaveGlobals(program.main);
         }
+        fs::permissions(test.folder.Path(), fs::perms(0755));
+        fs::permissions(ini, fs::perms(0755));
         EXPECT_EQ(program.main.document.OptType, fault == NotWritable ? 3 : 0);
         EXPECT_EQ(fault == IsFolder ? kept : ReadFile(ini), kept);
     }
