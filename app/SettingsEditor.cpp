@@ -17,7 +17,7 @@ const SettingKey kSettingType = {kSection, "SettingType", "0", IsNumeric};
 
 struct TextKey {
     SettingKey key;
-    std::string SettingsEntry::*text;
+    std::string SettingsEntry::*text = nullptr;
 };
 const TextKey kTexts[] = {
     {{kSection, "LastSection", "Section"}, &SettingsEntry::section},
@@ -37,7 +37,7 @@ void ReadWhole(SettingsStore& store, const SettingKey& key, int& number) {
 /// What an INI file would read back as something else; empty for names that it can hold.
 std::string NameFault(const SettingsEntry& entry) {
     constexpr std::string_view kControls("\0\r\n", 3);
-    if (entry.section.find_first_of("]") != std::string::npos)
+    if (entry.section.find(']') != std::string::npos)
         return "A section's name cannot hold a ']'.";
     const std::size_t first = entry.key.find_first_not_of(" \t\v\f");
     if (first != std::string::npos && (entry.key[first] == ';' || entry.key[first] == '['))

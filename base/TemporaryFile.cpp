@@ -3,7 +3,7 @@
 #include "base/AtomicFile.h"
 
 #include <cerrno>
-#include <stdlib.h>
+#include <cstdlib>
 #include <string>
 #include <unistd.h>
 

@@ -40,7 +40,7 @@ std::string TakeQuoted(std::string_view& rest) {
 std::string TakeValue(std::string_view& rest) {
     if (rest.starts_with('"'))
         return TakeQuoted(rest);
-    const std::string text(rest.substr(0, rest.find(',')));
+    std::string text(rest.substr(0, rest.find(',')));
     rest.remove_prefix(text.size());
     return text;
 }

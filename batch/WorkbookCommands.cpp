@@ -85,7 +85,7 @@ void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
 
 void WriteDocument(BatchProgram& program, const ConvertArguments& arguments,
                    const std::function<void(std::string_view)>& sink) {
-    TabDocument& document = program.Main().document;
+    const TabDocument& document = program.Main().document;
     if (const auto format = WorkbookFormatOf(arguments.output)) {
         LibraryWorkbooks().Write(*format, kSheetName, TabRows(document), sink);
         return;

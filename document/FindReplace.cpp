@@ -30,7 +30,7 @@ public:
             replaced.append(text, from, at - from) += with;
             from = at + Length();
         }
-        return replaced.append(text, from, std::string::npos);
+        return replaced.append(text, from);
     }
 
 private:
@@ -108,7 +108,8 @@ std::optional<Finder::Match> Finder::Search(const FindRequest& request, const Ma
     const Pattern pattern(request);
     TabBox box = start.box;
     std::size_t from = start.at;
-    for (std::int64_t left = std::int64_t{document.TabCount} * document.NoOfFields; left >= 0; --left, from = 0) {
+    std::int64_t left = std::int64_t{document.TabCount} * document.NoOfFields;
+    for (; left >= 0; --left, from = 0) {
         if (IsSearched(request, box.field)) {
             const std::size_t at = pattern.In(document.Field(box.field)(box.tab), from);
             if (at != std::string::npos)

@@ -98,9 +98,8 @@ std::optional<fs::path> SearchOrChooseFile(MainModule& main, const fs::path& fol
         const auto found = FindOnDrives(main, {wanted.name, wanted.markerFile});
         return found ? FindFile(*found, wanted.name) : std::nullopt;
     }
-    const auto chosen = search == Answer::No
-                            ? main.ui.ChooseFile({"OPEN", kChooserTitle, folder, wanted.filter, wanted.name})
-                            : std::nullopt;
+    auto chosen = search == Answer::No ? main.ui.ChooseFile({"OPEN", kChooserTitle, folder, wanted.filter, wanted.name})
+                                       : std::nullopt;
     if (!chosen)
         Tell(main, kGivenUp);
     return chosen;
@@ -125,7 +124,7 @@ std::optional<fs::path> SearchFile(MainModule& main, fs::path& folder, const Fil
         return path;
     if (main.pictureSearchGivenUp || !main.drives)
         return std::nullopt;
-    const auto found = SearchOrChooseFile(main, folder, wanted);
+    auto found = SearchOrChooseFile(main, folder, wanted);
     main.pictureSearchGivenUp = !found;
     if (found && HoldsFile(found->parent_path(), wanted.markerFile))
         folder = Store(main, wanted.key, found->parent_path());

@@ -133,7 +133,7 @@ FileRequest RequestFor(MainModule& main, SaveKind kind) {
 /// The path to write, asked for until there is one that may be written; nothing when the person cancels.
 std::optional<fs::path> AskForPath(MainModule& main, SaveKind kind) {
     for (;;) {
-        const auto path = main.ui.ChooseFile(RequestFor(main, kind));
+        auto path = main.ui.ChooseFile(RequestFor(main, kind));
         if (path && !CanWrite(main, *path))
             Tell(main,
                  "Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or "

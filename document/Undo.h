@@ -21,7 +21,7 @@ struct MainModule;
 /// File name, encoding, stamp and printer are not part of a step, nor is the page shown, which follows it.
 class UndoHistory {
 public:
-    static constexpr std::size_t kMostBytes = 64 * 1024 * 1024;
+    static constexpr std::size_t kMostBytes = std::size_t{64} * 1024 * 1024;
 
     UndoHistory() : UndoHistory(kMostBytes) {}
     /// Beyond `mostBytes` the oldest steps are dropped; the newest stays whatever its size.

@@ -73,8 +73,8 @@ std::vector<TabTexts> PopulateLabels(const TabDocument& document) {
 }
 
 void EnterBox(MainModule& main, int slot) {
-    TabDocument& document = main.document;
     try {
+        TabDocument& document = main.document;
         document.CurrentTab = Add16(Multiply16(document.CurrentPage - 1, document.TabsPerPage), slot);
     } catch (const OverflowError&) {
         return;
@@ -83,7 +83,7 @@ void EnterBox(MainModule& main, int slot) {
 }
 
 std::string EditBox(MainModule& main, int slot, int field, const std::string& text) {
-    const std::string kept = Limited(main, field, OneLine(text)); // a line break would end the tab's line in the file
+    std::string kept = Limited(main, field, OneLine(text)); // a line break would end the tab's line in the file
     const int tab = (main.document.CurrentPage - 1) * main.document.TabsPerPage + slot;
     if (main.history)
         main.history->Type(main, {tab, field}, kept);

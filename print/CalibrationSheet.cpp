@@ -129,7 +129,7 @@ FontSettings SheetFonts() {
 
 Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view layout) {
     Sheet sheet = LayOutOutlines(store, tabType, layout);
-    const std::size_t columns = static_cast<std::size_t>(kCatalogue.at(static_cast<std::size_t>(tabType)).columns);
+    const auto columns = static_cast<std::size_t>(kCatalogue.at(static_cast<std::size_t>(tabType)).columns);
     const Box first = sheet.tabs[0], second = sheet.tabs[1];
     const Box under = sheet.tabs[columns], third = sheet.tabs[2 * columns + 1];
     const int columnEnd = LastBefore(first.width), rowEnd = LastBefore(under.top - first.top);

@@ -129,7 +129,7 @@ std::vector<std::uint16_t> Codes(std::string_view cffTable, std::size_t glyphCou
 /// The PostScript name, or one made from the file's name.
 std::string PostScriptName(const FontFace& face) {
     std::string name(64, '\0');
-    unsigned length = static_cast<unsigned>(name.size());
+    auto length = static_cast<unsigned>(name.size());
     hb_ot_name_get_utf8(face.Face(), HB_OT_NAME_ID_POSTSCRIPT_NAME, HB_LANGUAGE_INVALID, &length, name.data());
     name.resize(length);
     std::erase_if(name, [](unsigned char c) { return !std::isalnum(c) && c != '-' && c != '_'; });

@@ -25,7 +25,7 @@ std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string
         name = document.empty() ? "Tabs" : document.stem().string();
     const std::filesystem::path folder = document.empty() ? main.globals.TabsPath : document.parent_path();
     for (;;) {
-        const auto path = main.ui.ChooseFile({"SAVE", "Save as PDF", folder, "PDF file (*.pdf)|*.pdf", name + ".pdf"});
+        auto path = main.ui.ChooseFile({"SAVE", "Save as PDF", folder, "PDF file (*.pdf)|*.pdf", name + ".pdf"});
         if (path && IsSameFile(*path, document))
             Tell(main, "The document itself cannot be replaced by its PDF.  Please select a new file name.",
                  Icon::Critical);

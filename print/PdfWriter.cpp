@@ -15,7 +15,7 @@
 namespace velmora {
 namespace {
 
-constexpr std::size_t kPieceBytes = 64 * 1024;
+constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
 constexpr std::size_t kXrefEntryBytes = 20;
 // Higher levels take a tenth more time for a file that is a twentieth smaller.
 constexpr int kCompressionLevel = 3;

@@ -19,7 +19,7 @@ namespace velmora {
 enum class PrintProblem { PaperDiffers, TextCut, TextUnprintable };
 
 struct PrintFinding {
-    PrintProblem problem;
+    PrintProblem problem = PrintProblem::PaperDiffers;
     TabBox box = {}; ///< of a text; tab 0 for the paper
     int sheet = 0;   ///< of a run, from 1
     int slot = 0;    ///< on the sheet, from 1

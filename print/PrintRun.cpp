@@ -37,7 +37,7 @@ void PrintRun::Prepare(const std::vector<int>& used) {
     used_ = used;
 }
 
-bool PrintRun::SetUsedSlots(std::vector<int> used) {
+bool PrintRun::SetUsedSlots(const std::vector<int>& used) {
     return TrappedPrinting(print_, kPrintReportPlace, [&] { Prepare(used); });
 }
 

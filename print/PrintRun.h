@@ -43,7 +43,7 @@ public:
     const std::vector<int>& UsedSlots() const { return used_; }
     /// Lets the tabs flow around them, which may change the number of sheets. A failure is shown, and the run stays as
     /// it was; false then.
-    bool SetUsedSlots(std::vector<int> used);
+    bool SetUsedSlots(const std::vector<int>& used);
 
     /// The sheets of a choice; never none. `shown` is the sheet on screen, `range` what was typed. Raises Error, in
     /// words for the person, for a range that is none and where no sheet has a text.

@@ -96,7 +96,7 @@ void ResolveNumbers(std::vector<Direction>& directions, std::u32string_view char
     constexpr std::u32string_view kSeparators = U"+-,./:";
     for (std::size_t i = 1; i + 1 < directions.size(); ++i)
         if (directions[i - 1] == Direction::Number && directions[i + 1] == Direction::Number &&
-            kSeparators.find(characters[i]) != kSeparators.npos)
+            kSeparators.find(characters[i]) != std::u32string_view::npos)
             directions[i] = Direction::Number;
     Direction letters = line;
     for (Direction& direction : directions) {

@@ -15,8 +15,8 @@ constexpr double kGapOfStyle5 = 113.4; // 2 mm
 
 struct TabStyle {
     SettingKey tabTop; ///< millimetres
-    double columnWidth;
-    double fieldGap;
+    double columnWidth = 0;
+    double fieldGap = 0;
 };
 
 // Styles 0 to 3 share one key: a stored value overrides both defaults.

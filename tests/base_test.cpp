@@ -111,7 +111,7 @@ TEST(Encoding, Utf16KeepsEveryCharacterOrRefuses) {
 }
 
 struct FileStatus : stat {
-    explicit FileStatus(const fs::path& path) { ::lstat(path.c_str(), this); }
+    explicit FileStatus(const fs::path& path) : stat{} { ::lstat(path.c_str(), this); }
 };
 
 TEST(AtomicFileTest, LinksAndPermissionsSurvive) {

@@ -69,7 +69,8 @@ TEST_F(BatchTest, EveryWordStandsOnItsTab) {
                     const Word& word = words.at(text);
                     const Word box = FieldBox(grid, fields, field);
                     const double cellLeft = 4 + tab % grid.columns * grid.columnMm;
-                    const double cellTop = 3 + tab / grid.columns * grid.rowMm;
+                    const int row = tab / grid.columns;
+                    const double cellTop = 3 + row * grid.rowMm;
                     const double left = (cellLeft + box.left) * kMmPerUnit;
                     const double right = (cellLeft + box.right) * kMmPerUnit;
                     if (field == 0) {

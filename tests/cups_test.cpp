@@ -30,7 +30,7 @@ int FreePort() {
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
-    ::bind(probe, reinterpret_cast<sockaddr*>(&address), size);
+    EXPECT_EQ(::bind(probe, reinterpret_cast<sockaddr*>(&address), size), 0);
     ::getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
     ::close(probe);
     return ntohs(address.sin_port);
@@ -247,10 +247,10 @@ TEST_F(NetworkPrinterTest, EveryTextArrivesInItsTab) {
         {5, "DL_h", "DL_v", "{x-dimension=11000 y-dimension=22000}", "iso_dl_110x220mm"}};
     std::size_t job = 0;
     for (const auto& [type, layout, arriving, size, medium] : cases) {
-        const auto text = [&](const char* stationery) {
+        const auto text = [tabType = type](const char* stationery) {
             return TabFileText(
-                type, 2, "2.5,-2", 48, [](int tab) { return "A" + std::to_string(tab) + ",B" + std::to_string(tab); },
-                stationery);
+                tabType, 2, "2.5,-2", 48,
+                [](int tab) { return "A" + std::to_string(tab) + ",B" + std::to_string(tab); }, stationery);
         };
         Write("in.csv", text(layout));
         Write("arriving.csv", text(arriving));

@@ -244,7 +244,7 @@ TEST_F(PrintTest, ASheetIsChosenByItsTexts) {
 }
 
 TEST_F(PrintTest, TheBuiltInPrinterAsksForItsPath) {
-    printers.names.push_back(kPdfPrinter);
+    printers.names.emplace_back(kPdfPrinter);
     main.globals.PrinterName = kPdfPrinter;
     program.ui.ExpectChooser("Save as PDF", std::nullopt);
     EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);

@@ -193,9 +193,10 @@ TEST(TabFileCheckTest, EveryProblemHasItsLine) {
         {"Version 8\r\nP,A4,0,1\r\n", 3, "the margin line is missing"}};
     for (const auto& [bytes, line, text] : cases) {
         const auto problems = CheckTabFile(bytes);
-        const bool found = std::any_of(problems.begin(), problems.end(), [&](const TabFileProblem& problem) {
-            return problem.line == line && problem.text == text;
-        });
+        const bool found =
+            std::any_of(problems.begin(), problems.end(), [at = line, &told = text](const TabFileProblem& problem) {
+                return problem.line == at && problem.text == told;
+            });
         EXPECT_TRUE(found) << text
                            << (problems.empty()
                                    ? ""

@@ -1,5 +1,6 @@
 # The one list of what the project needs from the system, for ./run, ./test and CI: source it, then call
-# install_packages. Each row is a Debian package and a probe that tells whether it is there.
+# install_packages. Each row is a Debian package and a probe that tells whether it is there. Who also wants another list
+# adds it to PACKAGES before.
 
 PACKAGES='
 g++                 command -v g++
@@ -36,6 +37,12 @@ cups-filters        test -x /usr/lib/cups/filter/pdftopdf
 cups-ipp-utils      command -v ipptool
 dbus                command -v dbus-daemon
 avahi-daemon        PATH=$PATH:/usr/sbin command -v avahi-daemon
+'
+
+# For tools/lint.
+LINT_PACKAGES='
+clang-tidy          command -v clang-tidy
+cppcheck            command -v cppcheck
 '
 
 has_pkg() { pkg-config --exists "$1"; }

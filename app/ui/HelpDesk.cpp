@@ -18,7 +18,7 @@ std::string PageOf(const QWidget& form) {
 /// Of a frame that takes its pages from others.
 std::string PageWithin(const QWidget& window) {
     for (const QWidget* child : window.findChildren<QWidget*>())
-        if (const std::string page = PageOf(*child); !page.empty() && child->isVisible())
+        if (std::string page = PageOf(*child); !page.empty() && child->isVisible())
             return page;
     return "";
 }

@@ -104,7 +104,7 @@ void frmSettings::Show(const SettingsEntry& entry) {
 
 void frmSettings::showEvent(QShowEvent* event) {
     if (!editor_.KeepsState())
-        return QDialog::showEvent(event);
+        return QDialog::showEvent(event); // NOLINT(bugprone-parent-virtual-call): without a state there is no place
     PlacedDialog::showEvent(event);
     SettingsEditor::Place place = {x(), y()};
     Show(editor_.LoadState(place));

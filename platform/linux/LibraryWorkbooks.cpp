@@ -63,7 +63,7 @@ std::unique_ptr<Workbook> LibraryWorkbooks::Open(const std::filesystem::path& pa
     if (bytes.size() > kMostWorkbookBytes)
         throw WorkbookError("the file is larger than 256 MB");
     if (IsOleFile(bytes))
-        return OpenXls(std::move(bytes));
+        return OpenXls(bytes);
     if (!bytes.starts_with("PK"))
         throw WorkbookError("the file is no workbook");
     ZipFile zip(std::move(bytes));

@@ -217,9 +217,8 @@ private:
 
 } // namespace
 
-RegistryExport::RegistryExport(std::string bytes) : encoding_(EncodingOf(bytes)) {
-    items_ = Parser(Decoded(std::move(bytes))).Parse();
-}
+RegistryExport::RegistryExport(std::string bytes)
+    : encoding_(EncodingOf(bytes)), items_(Parser(Decoded(std::move(bytes))).Parse()) {}
 
 std::optional<std::string> RegistryExport::Bytes() const {
     std::string text;

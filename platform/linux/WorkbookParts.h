@@ -38,7 +38,7 @@ void AppendLittleEndian(std::string& bytes, std::uint64_t value, int count);
 
 std::unique_ptr<Workbook> OpenXlsx(ZipFile zip);
 std::unique_ptr<Workbook> OpenOds(ZipFile zip);
-std::unique_ptr<Workbook> OpenXls(std::string bytes);
+std::unique_ptr<Workbook> OpenXls(std::string_view bytes);
 std::string WriteXls(const std::string& sheetName, const SheetRowSource& rows);
 std::string WriteXlsx(const std::string& sheetName, const SheetRowSource& rows);
 

@@ -271,7 +271,7 @@ void Xls::ReadSheet(const std::string& name, const std::vector<int>& columns, co
 
 } // namespace
 
-std::unique_ptr<Workbook> OpenXls(std::string bytes) {
+std::unique_ptr<Workbook> OpenXls(std::string_view bytes) {
     if (ReadOleStream(bytes, "EncryptedPackage"))
         throw WorkbookError("the workbook is protected by a password");
     auto stream = ReadOleStream(bytes, "Workbook");

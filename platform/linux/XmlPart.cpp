@@ -27,7 +27,7 @@ public:
     Bridge(const Bridge&) = delete;
     Bridge& operator=(const Bridge&) = delete;
 
-    const XML_Parser parser;
+    XML_Parser parser;
     std::exception_ptr failure;
 
 private:

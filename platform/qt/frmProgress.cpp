@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace velmora {
 namespace {
 
@@ -16,7 +18,8 @@ constexpr qint64 kRepaintEveryMs = 50;
 
 } // namespace
 
-frmProgress::frmProgress(const QString& text, int total, Cancel cancel) : text_(text), total_(total), cancel_(cancel) {
+frmProgress::frmProgress(QString text, int total, Cancel cancel)
+    : text_(std::move(text)), total_(total), cancel_(cancel) {
     clock_.start();
     QApplication::setOverrideCursor(Qt::WaitCursor);
 }

@@ -18,7 +18,7 @@ class frmProgress : public Progress {
 public:
     enum class Cancel { None, Offered };
 
-    frmProgress(const QString& text, int total, Cancel cancel);
+    frmProgress(QString text, int total, Cancel cancel);
     ~frmProgress() override;
     void Advance(int done) override;
     bool Cancelled() const override { return cancelled_; }

@@ -127,7 +127,7 @@ frmAutoRepWiz5b::frmAutoRepWiz5b(frmAutoRepWiz& wizard)
     ShowFieldPicture();
     AddText(QString::fromStdString(Texts().lines[0]));
     for (int style = 1; style <= kNameStyles; ++style) {
-        const std::size_t i = static_cast<std::size_t>(style - 1);
+        const auto i = static_cast<std::size_t>(style - 1);
         auto* option = Named(new QRadioButton(WithMnemonic(kStyleCaptions[i], kStyleMnemonics[i])), "OptDayMon", style);
         styles_->addButton(option, style);
         option->setChecked(style == State().MonthStyle);
