@@ -446,10 +446,12 @@ void frmPreview::ShowFinding() {
     display_->MarkSlot(finding->slot);
 }
 
+/// The button is still enabled for a moment when a new check has emptied the list.
 void frmPreview::EditFinding() {
-    if (!cmdEditTab_->isEnabled())
+    const PrintFinding* finding = ChosenText();
+    if (!finding || !run_.Main().editor)
         return;
-    wanted_ = ChosenText()->box;
+    wanted_ = finding->box;
     reject();
 }
 
