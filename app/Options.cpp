@@ -3,6 +3,7 @@
 #include "app/settings/RegistryMove.h"
 #include "base/Numbers.h"
 #include "document/Dialogs.h"
+#include "document/Undo.h"
 #include "print/Margins.h"
 
 #include <algorithm>
@@ -21,6 +22,8 @@ void ForgetPositions(SettingsStore& store) {
 
 /// The file's header carries the margins.
 void ResetMargins(MainModule& main) {
+    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    const UndoStep step(main.history, main, "Reset");
     const auto active = [&] {
         return ReadAccepted(main.settings, kMarginLeft) + "," + ReadAccepted(main.settings, kMarginTop);
     };

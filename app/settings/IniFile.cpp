@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
+#include <functional>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
@@ -24,16 +25,17 @@ constexpr std::string_view kUtf16Marks[] = {"\xFF\xFE", "\xFE\xFF"};
 constexpr milliseconds kPatience{5000};
 
 /// Holds the folder of a file against other programs. The folder itself carries the lock, so that no lock
-/// file is left behind for anybody to wonder about.
+/// file is left behind for anybody to wonder about, and the lock of a program that was killed is free.
 class FolderLock {
 public:
-    FolderLock(const fs::path& file, milliseconds patience) {
+    /// `getOn` is asked while waiting whether the others have got on since it was asked last.
+    FolderLock(const fs::path& file, milliseconds patience, const std::function<bool()>& getOn) {
         std::error_code error;
         const fs::path folder = fs::weakly_canonical(fs::absolute(file, error), error).parent_path();
         descriptor_ = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         if (descriptor_ < 0)
             throw FileAccessError(file, errno);
-        if (const int cause = Acquire(patience); cause != 0) {
+        if (const int cause = Acquire(patience, getOn); cause != 0) {
             ::close(descriptor_);
             throw FileAccessError(file, cause);
         }
@@ -44,14 +46,17 @@ public:
 
 private:
     /// A program that was stopped while it held the lock must not freeze all others: after a while it is an
-    /// error.
-    int Acquire(milliseconds patience) const {
-        const auto deadline = std::chrono::steady_clock::now() + patience;
+    /// error. Where many write in turn nobody is stopped, however long the turn is in coming.
+    int Acquire(milliseconds patience, const std::function<bool()>& getOn) const {
+        auto deadline = std::chrono::steady_clock::now() + patience;
         while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
             if (errno != EWOULDBLOCK && errno != EINTR)
                 return errno;
-            if (std::chrono::steady_clock::now() > deadline)
+            const auto now = std::chrono::steady_clock::now();
+            if (now > deadline && !getOn())
                 return ETIMEDOUT;
+            if (now > deadline)
+                deadline = now + kPatience;
             std::this_thread::sleep_for(milliseconds(1));
         }
         return 0;
@@ -223,10 +228,14 @@ void IniFile::Load() {
 void IniFile::Commit(const std::vector<Change>& changes) {
     std::optional<FolderLock> lock;
     if (!path_.empty()) {
-        // Who met a held lock once does not wait again, or a start would freeze at every setting.
-        const milliseconds patience = std::exchange(lockTimedOut_, true) ? milliseconds(0) : kPatience;
-        lock.emplace(path_, patience);
-        lockTimedOut_ = false;
+        Identity seen = Look();
+        // Who met a lock that was never released does not wait again, or a start would freeze at every setting.
+        const milliseconds patience = std::exchange(stuck_, seen) == seen ? milliseconds(0) : kPatience;
+        lock.emplace(path_, patience, [&] {
+            stuck_ = Look();
+            return std::exchange(seen, *stuck_) != *stuck_;
+        });
+        stuck_.reset();
         Load();
     }
     IniText text = stored_;

@@ -90,7 +90,7 @@ private:
     std::optional<Identity> read_; ///< of the text in stored_; nothing while it must be read again
     std::vector<Change> collected_;
     int depth_ = 0;
-    bool lockTimedOut_ = false;
+    std::optional<Identity> stuck_; ///< of the file when waiting for another program was given up
 };
 
 } // namespace velmora

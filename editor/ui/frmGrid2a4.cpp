@@ -219,6 +219,7 @@ void frmGrid2a4::FocusTab() {
         qobject_cast<QLineEdit*>(focused)->selectAll();
     } else if (!boxes_.empty()) {
         boxes_[0][0]->setFocus();
+        Entered(1); // a window in the background gets no focus event
     }
 }
 

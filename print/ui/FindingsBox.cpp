@@ -87,9 +87,10 @@ void FindingsBox::Choose() {
         emit Chosen(*finding);
 }
 
+/// The button is still enabled for a moment when a new check has emptied the list.
 void FindingsBox::Edit() {
-    if (cmdEditTab_->isEnabled())
-        emit EditAsked(ChosenText()->box);
+    if (const PrintFinding* finding = ChosenText(); finding && run_.Main().editor)
+        emit EditAsked(finding->box);
 }
 
 /// Enter opens the finding of the line; the window's default button must not have it as well.
