@@ -181,11 +181,11 @@ TEST(AtomicFileTest, AKilledSaveLeavesTheOldFileOrTheNewOneWhole) {
     const std::string fresh(1'500'000, 'n');
     ReplaceFile(path, old);
     int fresher = 0;
-    for (unsigned kill = 0; kill < 60; ++kill) {
+    for (unsigned kill = 0; kill < 60 || (fresher == 0 && kill < 1000); ++kill) {
         const pid_t child = ::fork();
         if (child == 0)
             SaveForEver(path, old, fresh);
-        ::usleep(kill * 391); // 0 to 23 ms, over many saves
+        ::usleep(kill * 391); // 0 to 23 ms, over many saves; longer on a busy machine
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
         const std::string found = ReadFile(path);
