@@ -21,7 +21,7 @@ struct FontFiles {
     std::filesystem::path regular;
 };
 /// 24 tabs on a sheet, in fonts that are embedded as subsets.
-void Pdf(const std::filesystem::path& path, const Arrays& tabs, const FontFiles& fonts);
+void Pdf(const std::filesystem::path& path, const Arrays& tabs, const FontFiles& fontFiles);
 
 void WriteAll(const std::filesystem::path& path, const std::string& bytes, bool flush);
 

@@ -91,7 +91,7 @@ std::string PageStream(const Arrays& tabs, std::size_t first, std::array<Font*, 
     for (std::size_t slot = 0; slot < kTabsPerSheet; ++slot) {
         for (std::size_t field = 0; field < tabs.size(); ++field) {
             Font& font = *fonts[field];
-            if (&font != current)
+            if (!current || &font != current)
                 stream += font.name + ' ' + std::to_string(kFontSize) + " Tf\n";
             current = &font;
             const Line& line = Shape(font, tabs[field][first + slot], buffer);
