@@ -1,306 +1,396 @@
-// A person who does anything in any order: enabled commands, typing, find and replace, with answers by chance. Whatever
-// happens, the document stays whole, and every state can be had back. The seed is fixed; VELMORA_WALK_STEPS and
-// VELMORA_WALK_SEED make the walk longer or another one.
-#include "app/Commands.h"
+// A person who does anything in any order: every command of the menus and the toolbar, whatever they may be, typing,
+// keys, find and replace, with dialogs answered by chance, and the program ended and started again. Whatever happens,
+// the document stays whole, every state can be had back, and no window is left behind. The seed is fixed;
+// VELMORA_WALK_STEPS and VELMORA_WALK_SEED make the walk longer or another one.
+#include "document/TabFile.h"
 #include "editor/ui/frmFind.h"
 #include "editor/ui/frmGrid2a4.h"
+#include "tests/forms/AnyPerson.h"
 #include "tests/forms/RunningProgram.h"
+#include "tests/support/FakePrinters.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QToolBar>
 
-#include <random>
+#include <map>
+#include <set>
 
 namespace {
 
 using namespace velmora;
 
-/// What a person would call the document.
+/// What a person would call the document. The printer, which comes first in the header, is the machine's.
 struct State {
     std::array<FieldTexts, 3> texts;
     std::int16_t pages;
     std::int16_t fields;
     std::int16_t type;
+    std::string header;
     bool operator==(const State&) const = default;
 };
 
-State StateOf(const TabDocument& document) {
-    return {
-        {document.FieldA, document.FieldB, document.FieldC}, document.NoOfPages, document.NoOfFields, document.OptType};
+State StateOf(MainModule& main) {
+    const TabDocument& document = main.document;
+    SettingsBatch batch(main.settings);
+    const std::string header = SaveData(main.settings);
+    batch.Discard();
+    return {{document.FieldA, document.FieldB, document.FieldC},
+            document.NoOfPages,
+            document.NoOfFields,
+            document.OptType,
+            header.substr(header.find(','))};
 }
 
-class Chance {
-public:
-    explicit Chance(unsigned seed) : engine_(seed) {}
-    int Below(int count) { return static_cast<int>(engine_() % static_cast<unsigned>(count)); }
-    template <typename Row> const auto& Of(const Row& row) {
-        return row[static_cast<std::size_t>(Below(static_cast<int>(std::size(row))))];
+std::string Difference(const State& a, const State& b) {
+    return a.header != b.header ? a.header + "instead of " + b.header
+           : a.pages != b.pages ? std::to_string(a.pages) + " pages instead of " + std::to_string(b.pages)
+           : a.texts != b.texts ? "other texts"
+                                : "other fields or tab type";
+}
+
+QString Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// The folders and printers that outlive the program.
+struct Machine {
+    Machine() {
+        std::filesystem::create_directory_symlink(VELMORA_IMAGES, folder / "Images");
+        std::filesystem::create_directory(folder / "Tabs");
+        for (const auto& [name, head] :
+             {std::pair{"in.csv", "Office,A4,1,3"}, {"a.csv", "Office,DL_v,4,1"}, {"b.csv", "Velmora PDF,A4,2,2"}})
+            ReplaceFile(folder / name, std::string("Version 8\r\n") + head +
+                                           "\r\n0,0\r\nArial,10,False,False,False,0,1\r\n"
+                                           "Arial,10,False,False,False,2,1\r\nArial,10,False,False,False,1,1\r\n"
+                                           "a,b,c\r\nA,B,C\r\n");
+        ReplaceFile(folder / "list.txt", "one;two\nthree;four\n\nfive;six\n");
+        printers.names = {"Office", kPdfPrinter};
+        printers.standard = "Office";
     }
 
-private:
-    std::mt19937 engine_;
+    TemporaryFolder folder;
+    FakePrinters printers;
+    LibraryWorkbooks workbooks;
+    FontconfigCatalogue fonts;
+    RegistryFile registry{folder / "Velmora.reg"};
 };
 
-/// Answers what its buttons allow, and chooses one of a few files, or none.
-class AnyAnswer : public UserInterface {
-public:
-    AnyAnswer(Chance& chance, std::filesystem::path folder) : chance_(chance), folder_(std::move(folder)) {}
-
-    Answer Show(const Message& message) override {
-        saved = saved || message.text == "File saved successfully";
-        if (message.icon == Icon::Critical)
-            qFatal("an error was shown: %s", message.text.c_str());
-        switch (message.buttons) {
-        case Buttons::YesNo: return chance_.Of(std::array{Answer::Yes, Answer::No});
-        case Buttons::YesNoCancel: return chance_.Of(std::array{Answer::Yes, Answer::No, Answer::Cancel});
-        case Buttons::RetryCancel: return Answer::Cancel;
-        case Buttons::Ok: break;
-        }
-        return Answer::Ok;
-    }
-    void Beep() override {}
-    std::unique_ptr<Progress> StartProgress(const std::string&, int) override { return std::make_unique<Silent>(); }
-    std::unique_ptr<Progress> StartCancellable(const std::string&, int) override { return std::make_unique<Silent>(); }
-    std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override {
-        if (request.title == "Save as PDF" || chance_.Below(4) == 0)
-            return std::nullopt;
-        return folder_ / chance_.Of(std::array{"a.csv", "b.csv", "in.csv"});
-    }
-    std::optional<std::filesystem::path> ChooseFolder(const std::string&, const std::filesystem::path&) override {
-        return std::nullopt;
-    }
-
-    bool saved = false; ///< said so since this was cleared last
-
-private:
-    struct Silent : Progress {
-        void Advance(int) override {}
-    };
-
-    Chance& chance_;
-    std::filesystem::path folder_;
-};
-
-/// Takes a list as it is offered, or cancels.
-struct AnyImport : ImportDialogs {
-    explicit AnyImport(Chance& chance) : chance_(chance) {}
-    std::string SelectSheet(const std::vector<std::string>&) override { return ""; }
-    std::optional<ImportChoice> ChooseImport(const ImportRequest&, const ImportChoice& choice) override {
-        return chance_.Below(3) > 0 ? std::optional(choice) : std::nullopt;
-    }
-
-private:
-    Chance& chance_;
-};
-
-/// A started program whose person answers by chance.
 class WalkingProgram : public Forms {
 public:
-    explicit WalkingProgram(Chance& chance) : person(chance, test.folder.Path()), imports(chance) {
-        std::filesystem::create_directory(test.folder / "Images");
-        std::filesystem::create_directory(test.folder / "Tabs");
+    WalkingProgram(Machine& machine, Chance& chance, Trail& trail)
+        : person(chance, trail, machine.folder.Path()), settings(machine.registry, person),
+          program{{settings, person, machine.printers, machine.workbooks, {}, {}, {}}, {}, machine.fonts, {}, {}, {}} {
+        settings.ProgramFolder = machine.folder.Path();
         Main(program, "", *this);
-        program.main.dialogs = &imports;
+        window->activateWindow();
     }
     void ShowMainWindow() override {
         window = std::make_unique<mdiVelmora>(program);
         window->show();
         window->activateWindow();
     }
-    void ShowPrinterSetup() override {}
-    void ShowMarginSetup() override {}
-    LoadOutcome ShowPageSetup() override { return LoadOutcome::Loaded; }
+    void ShowPrinterSetup() override { velmora::ShowPrinterSetup(program, window.get()); }
+    void ShowMarginSetup() override { velmora::ShowMarginSetup(program, window.get()); }
+    LoadOutcome ShowPageSetup() override { return velmora::ShowPageSetup(program, window.get()); }
     void ShowSettingsEditor() override {}
-    QAction* Item(const char* name) { return window->findChild<QAction*>(name); }
+    QAction* Item(const char* name) const { return window->findChild<QAction*>(name); }
 
-    FontconfigCatalogue fonts;
-    TestProgram test{[](const std::string& text) { qFatal("%s", text.c_str()); }};
     AnyAnswer person;
-    AnyImport imports;
-    Program program{{test.settings, person, test.printers, test.workbooks, {}, {}, {}}, {}, fonts, {}, {}, {}};
+    SettingsStore settings;
+    Program program;
     std::unique_ptr<mdiVelmora> window;
 };
 
+/// After these the document may be another one, or the saved one.
+const std::set<QString> kReplacing = {"mnuNew",     "mnuOpen",    "mnuImport", "mnuRecent",
+                                      "mnuRecover", "mnuOptions", "mnuExit"};
+const std::set<QString> kSaving = {"mnuSave", "mnuSaveAs"};
+
 class Walk {
 public:
-    Walk(WalkingProgram& running, Chance& chance)
-        : running_(running), chance_(chance), document_(running.program.main.document),
-          history_(running.program.history), start_(StateOf(document_)), saved_(start_) {}
+    explicit Walk(unsigned seed) : chance_(seed) { Start(); }
 
     void Step() {
-        running_.person.saved = false;
-        switch (chance_.Below(12)) {
-        case 0: return Check(&Walk::Replace);
-        case 1: return Check(&Walk::Save);
-        case 2: return Check(&Walk::MoveInHistory);
-        case 3:
-        case 4: return Check(&Walk::ChangePages);
-        case 5: return Check(&Walk::Find);
-        case 6: return Check(&Walk::PasteOrCut);
-        case 7: return Check(&Walk::AllTheWayBack);
+        ran_.clear();
+        switch (chance_.Below(16)) {
+        case 0: MoveInHistory(); break;
+        case 1: Find(); break;
+        case 2: PasteOrCut(); break;
+        case 3: AllTheWayBack(); break;
+        case 4:
+        case 5: meddler_.PressKey(*running_->window); break;
+        case 6: MeddleBeside(); break;
+        case 7:
         case 8:
-        case 9: return Check(&Walk::PressKey);
-        default: return Check(&Walk::Type);
+        case 9: Type(); break;
+        default: Command(); break;
         }
+        meddler_.Settle();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (!running_->window->isVisible())
+            Restart();
+        Check();
     }
 
 private:
-    bool Trigger(const char* name) {
-        done_ += std::string(" ") + name;
-        const bool enabled = running_.Item(name)->isEnabled();
-        if (enabled)
-            running_.Item(name)->trigger();
-        return enabled;
+    MainModule& Main() { return running_->program.main; }
+    TabDocument& Document() { return Main().document; }
+    UndoHistory& History() { return running_->program.history; }
+
+    void Start() {
+        trail_.Note("\nstart");
+        running_ = std::make_unique<WalkingProgram>(machine_, chance_, trail_);
+        meddler_.Settle();
+        Need(QTest::qWaitForWindowActive(running_->window.get()), "the start");
+        for (QAction* action : running_->window->findChildren<QAction*>())
+            QObject::connect(action, &QAction::triggered, &meddler_,
+                             [this, name = action->objectName()] { ran_.insert(name); });
+        for (QMenu* menu : running_->window->findChildren<QMenu*>())
+            QObject::connect(menu, &QMenu::triggered, &meddler_,
+                             [this, name = menu->objectName()] { ran_.insert(name); });
+        Begin();
     }
-    /// Seldom, so that histories grow.
-    void Replace() {
-        if (chance_.Below(6) != 0)
-            return;
-        const auto kept = running_.program.recovery->List();
-        if (chance_.Below(3) != 0 || kept.empty()) {
-            Trigger(chance_.Of(std::array{"mnuNew", "mnuOpen"}));
-        } else {
-            done_ += " recover";
-            RestoreCommand(running_.program.main,
-                           kept[static_cast<std::size_t>(chance_.Below(static_cast<int>(kept.size())))]);
+    /// The page set-up at the start may have made a step already.
+    void Begin() {
+        const auto lookWhetherSaved = [this] {
+            if (!Document().DocChanged)
+                saved_ = StateOf(Main());
+        };
+        saved_.reset();
+        lookWhetherSaved();
+        const int steps = UndoAll();
+        start_ = StateOf(Main());
+        lookWhetherSaved();
+        Redo(steps);
+    }
+    /// What was not saved, and not given up either, comes back as it was.
+    void Restart() {
+        const State left = StateOf(Main());
+        running_.reset();
+        Start();
+        if (running_->person.restored)
+            NeedSame(StateOf(Main()), left, "what came back");
+    }
+
+    /// Everything in the menus and the toolbar, as they stand when they open.
+    std::vector<QAction*> Commands() {
+        std::vector<QAction*> commands;
+        const auto add = [&](const QWidget& row) {
+            for (QAction* action : row.actions())
+                if (!action->isSeparator())
+                    commands.push_back(action);
+        };
+        for (QAction* action : running_->window->menuBar()->actions()) {
+            emit action->menu()->aboutToShow();
+            add(*action->menu());
+            emit action->menu()->aboutToHide();
         }
-        if (running_.person.saved) // and then perhaps no other was chosen
-            saved_ = StateOf(document_);
-        if (history_.CanUndo() || history_.CanRedo())
-            return;
-        start_ = StateOf(document_);
-        saved_ = document_.DocChanged ? std::nullopt : std::optional(start_);
+        for (const auto* bar : running_->window->findChildren<QToolBar*>())
+            add(*bar);
+        return commands;
     }
-    void Save() {
-        if (Trigger(chance_.Of(std::array{"mnuSave", "mnuSaveAs", "mnuExport"})) && !document_.DocChanged &&
-            done_ != " mnuExport")
-            saved_ = StateOf(document_);
+    void Command() {
+        QAction* command = chance_.Of(Commands());
+        if (kReplacing.count(command->menu() ? command->menu()->objectName() : command->objectName()) > 0 &&
+            !chance_.OneIn(3))
+            return; // so that histories grow
+        if (command->menu() && !command->menu()->isEmpty())
+            command = chance_.Of(command->menu()->actions());
+        Trigger(*command);
     }
+    void Trigger(QAction& command) {
+        trail_.Note("\n" + (command.objectName().isEmpty() ? command.text() : command.objectName()).toStdString());
+        if (command.isEnabled() && !command.menu())
+            command.trigger();
+    }
+    void Trigger(const char* name) { Trigger(*running_->Item(name)); }
     void MoveInHistory() { Trigger(chance_.Of(std::array{"mnuUndo", "mnuUndo", "mnuRedo"})); }
-    void ChangePages() {
-        Trigger(chance_.Of(std::array{"mnuFirstPage", "mnuPreviousPage", "mnuNextPage", "mnuLastPage", "mnuNewPage",
-                                      "mnuDeletePage", "mnuDeletePage", "mnuDeleteEmpries"}));
-    }
     QLineEdit* EnterAnyBox() {
-        QLineEdit* box = running_.window->findChild<frmGrid2a4*>()->Box(chance_.Below(document_.NoOfFields),
-                                                                        chance_.Below(document_.TabsPerPage) + 1);
-        running_.window->activateWindow();
+        QLineEdit* box = running_->window->findChild<frmGrid2a4*>()->Box(chance_.Below(Document().NoOfFields),
+                                                                         chance_.Below(Document().TabsPerPage) + 1);
+        running_->window->activateWindow();
         box->setFocus();
-        done_ += " " + box->objectName().toStdString();
+        trail_.Note("\n" + box->objectName().toStdString());
         return box;
     }
     void Type() {
         QLineEdit* box = EnterAnyBox();
-        if (chance_.Below(2) == 0)
+        if (chance_.OneIn(2))
             box->selectAll();
-        QInputMethodEvent typed;
-        typed.setCommitString(AnyText());
-        done_ += " types " + typed.commitString().toStdString();
-        QApplication::sendEvent(box, &typed);
-    }
-    void PressKey() {
-        QWidget* focused = running_.window->focusWidget();
-        const Qt::Key key = chance_.Of(std::array{Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Up,
-                                                  Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_Backspace,
-                                                  Qt::Key_Delete, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_X});
-        done_ += " key " + std::to_string(key);
-        if (focused)
-            QTest::keyClick(
-                focused, key,
-                chance_.Of(std::array{Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier}));
+        const QString text = AnyText();
+        trail_.Note("types " + text.toStdString());
+        TypeInto(*box, text);
     }
     void PasteOrCut() {
         QLineEdit* box = EnterAnyBox();
-        if (chance_.Below(3) == 0) {
+        if (chance_.OneIn(3)) {
             box->selectAll();
-            Trigger("mnuCut");
-            return;
+            return Trigger("mnuCut");
         }
         QApplication::clipboard()->setText(
             QString::fromUtf8(chance_.Of(std::array{"p", "p\tq\nr\n\ns\tt\tu", "\n\n\n", "line\n", "\xc3\xa9\t"})));
         Trigger("mnuPaste");
     }
     void Find() {
-        if (!running_.window->findChild<frmFind*>())
+        if (!running_->window->findChild<frmFind*>())
             Trigger("mnuFind");
-        auto* form = running_.window->findChild<frmFind*>();
+        auto* form = running_->window->findChild<frmFind*>();
         form->findChild<QLineEdit*>("txtFind")->setText(AnyText());
         form->findChild<QLineEdit*>("txtReplace")->setText(AnyText());
         form->findChild<QComboBox*>("cboField")->setCurrentIndex(chance_.Below(4));
-        form->findChild<QCheckBox*>("chkMatchCase")->setChecked(chance_.Below(2) == 0);
+        form->findChild<QCheckBox*>("chkMatchCase")->setChecked(chance_.OneIn(2));
         for (int count = chance_.Below(4); count >= 0; --count) {
             const char* button = chance_.Of(std::array{"cmdFindNext", "cmdReplace", "cmdReplace", "cmdReplaceAll"});
-            done_ += std::string(" ") + button;
+            trail_.Note(std::string("\n") + button);
             form->findChild<QPushButton*>(button)->click();
         }
     }
-    void AllTheWayBack() {
-        if (chance_.Below(8) != 0)
+    /// The windows that stay open beside the main window.
+    void MeddleBeside() {
+        const auto beside = VisibleWindows();
+        if (beside.size() < 2)
             return;
-        done_ += " undo all, redo all";
-        const State now = StateOf(document_);
+        QWidget& window = *std::next(beside.begin(), chance_.Below(static_cast<int>(beside.size())))->second;
+        trail_.Note("\nbeside {" + window.objectName().toStdString() + "}");
+        if (chance_.OneIn(3) && &window != running_->window.get())
+            window.close();
+        else
+            meddler_.Meddle(window);
+    }
+    void AllTheWayBack() {
+        if (!chance_.OneIn(8))
+            return;
+        trail_.Note("\nundo all, redo all");
+        SaveLabel(Main(), Document().CurrentPage, Document().TabsPerPage);
+        const State now = StateOf(Main());
+        const int steps = UndoAll();
+        NeedSame(StateOf(Main()), start_, "undo to the start");
+        Redo(steps);
+        NeedSame(StateOf(Main()), now, "redo");
+    }
+    int UndoAll() {
         int steps = 0;
-        for (; history_.CanUndo(); ++steps)
-            running_.Item("mnuUndo")->trigger();
-        Need(start_ == StateOf(document_), "undo to the start");
+        for (; History().CanUndo(); ++steps)
+            running_->Item("mnuUndo")->trigger();
+        return steps;
+    }
+    void Redo(int steps) {
         for (; steps > 0; --steps)
-            running_.Item("mnuRedo")->trigger();
-        Need(now == StateOf(document_), "redo");
+            running_->Item("mnuRedo")->trigger();
+    }
+    /// By name.
+    static std::map<QString, QWidget*> VisibleWindows() {
+        std::map<QString, QWidget*> windows;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible())
+                windows[window->objectName()] = window;
+        return windows;
+    }
+    bool RanAny(const std::set<QString>& names) const {
+        return std::any_of(ran_.begin(), ran_.end(), [&](const QString& name) { return names.count(name) > 0; });
     }
 
-    void Check(void (Walk::*step)()) {
-        (this->*step)();
-        SaveLabel(running_.program.main, document_.CurrentPage, document_.TabsPerPage);
+    void Check() {
+        const TabDocument& document = Document();
+        SaveLabel(Main(), document.CurrentPage, document.TabsPerPage);
         for (int field = 0; field < kFieldsPerTab; ++field)
-            Need(document_.Field(field).Count() == document_.TabCount, "array sizes");
-        Need(document_.NoOfPages * document_.TabsPerPage == document_.TabCount, "whole pages");
-        Need(document_.CurrentPage >= 1 && document_.CurrentPage <= document_.NoOfPages, "the page");
-        Need(document_.CurrentTab >= 1 && document_.CurrentTab <= document_.TabCount, "the tab");
-        Need((document_.CurrentTab - 1) / document_.TabsPerPage + 1 == document_.CurrentPage, "the tab on the page");
-        Need(document_.DocChanged || saved_ == StateOf(document_), "unsaved changes");
-        Need(document_.DocChanged == running_.window->isWindowModified(), "the caption's mark");
-        Need(history_.CanUndo() == running_.Item("mnuUndo")->isEnabled(), "undo enabled");
-        Need(history_.CanRedo() == running_.Item("mnuRedo")->isEnabled(), "redo enabled");
-        Need((document_.CurrentPage > 1) == running_.Item("mnuFirstPage")->isEnabled(), "first page enabled");
-        Need(running_.test.Stored("Settings", "No Of Pages") == std::to_string(document_.NoOfPages), "stored pages");
-        NeedShown();
+            Need(document.Field(field).Count() == document.TabCount, "array sizes");
+        Need(document.NoOfPages * document.TabsPerPage == document.TabCount, "whole pages");
+        Need(document.CurrentPage >= 1 && document.CurrentPage <= document.NoOfPages, "the page");
+        const bool none = document.CurrentTab == 0 && !InBox();
+        Need(none || (document.CurrentTab - 1) / document.TabsPerPage + 1 == document.CurrentPage,
+             "tab " + std::to_string(document.CurrentTab) + " on page " + std::to_string(document.CurrentPage));
+        Need(GetSetting(running_->settings, "", "Settings", "No Of Pages", "") == std::to_string(document.NoOfPages),
+             "stored pages");
+        CheckHistory();
+        CheckShown();
+        CheckWindows();
     }
-    void NeedShown() {
-        auto* grid = running_.window->findChild<frmGrid2a4*>();
-        const int before = (document_.CurrentPage - 1) * document_.TabsPerPage;
-        for (int slot = 1; slot <= document_.TabsPerPage; ++slot)
-            for (int field = 0; field < document_.NoOfFields; ++field)
-                Need(grid->Box(field, slot)->text().toStdString() == document_.Field(field)(before + slot),
-                     "the boxes");
-        const auto panel = [&](int number) {
-            return running_.window->findChild<QLabel*>(QString("Panel%1").arg(number))->text();
-        };
-        Need(panel(4) == QString("Pg No: %1 of %2").arg(document_.CurrentPage).arg(document_.NoOfPages), "panel 4");
-        Need(panel(5) == QString("No of tabs: %1 of %2").arg(document_.CurrentTab).arg(document_.TabCount), "panel 5");
+    void CheckHistory() {
+        const State now = StateOf(Main());
+        if (RanAny(kReplacing) && !History().CanUndo() && !History().CanRedo())
+            start_ = now;
+        if ((RanAny(kReplacing) || RanAny(kSaving)) && !Document().DocChanged)
+            saved_ = now;
+        if (!History().CanUndo())
+            NeedSame(now, start_, "with nothing to undo, the document");
+        if (!Document().DocChanged)
+            NeedSame(now, saved_.value_or(State{}), "without unsaved changes, the document");
     }
-    void Need(bool holds, const char* what) {
-        trail_ += done_.empty() ? "" : done_ + "\n";
-        done_.clear();
+    void CheckShown() {
+        const TabDocument& document = Document();
+        auto* grid = running_->window->findChild<frmGrid2a4*>();
+        const int before = (document.CurrentPage - 1) * document.TabsPerPage;
+        for (int slot = 1; slot <= document.TabsPerPage; ++slot)
+            for (int field = 0; field < document.NoOfFields; ++field)
+                Need(grid->Box(field, slot)->text().toStdString() == document.Field(field)(before + slot), "the boxes");
+        const std::array<QString, 5> panels = {
+            QString::fromStdString("Stationery: " + document.StationeryType),
+            "Tab Type: " + Text(FindTabType(document.OptType)->caption).section(" - ", 1).trimmed(),
+            QString("No of fields: %1").arg(document.NoOfFields),
+            QString("Pg No: %1 of %2").arg(document.CurrentPage).arg(document.NoOfPages),
+            InBox() ? QString("No of tabs: %1 of %2").arg(document.CurrentTab).arg(document.TabCount)
+                    : QString("No of tabs: ")};
+        for (std::size_t i = 0; i < panels.size(); ++i)
+            Need(Panel(i + 1).startsWith(panels[i]), "status line, instead of " + panels[i].toStdString());
+        Need(running_->window->windowTitle() ==
+                 QString::fromStdString("Velmora [" + DocumentCaption(document) + "]") + "[*]",
+             "the caption");
+        Need(document.DocChanged == running_->window->isWindowModified(), "the caption's mark");
+        Need(History().CanUndo() == running_->Item("mnuUndo")->isEnabled(), "undo enabled");
+        Need(History().CanRedo() == running_->Item("mnuRedo")->isEnabled(), "redo enabled");
+        Need((document.CurrentPage > 1) == running_->Item("mnuFirstPage")->isEnabled(), "first page enabled");
+    }
+    /// Elsewhere the status line may leave out the tab's number.
+    static bool InBox() {
+        return QApplication::focusWidget() && frmGrid2a4::FieldOf(*QApplication::focusWidget()) >= 0;
+    }
+    QString Panel(std::size_t panel) {
+        return running_->window->findChild<QLabel*>(QString("Panel%1").arg(panel))->text();
+    }
+    void CheckWindows() {
+        Need(!QApplication::overrideCursor(), "the hourglass");
+        std::multiset<QString> dialogs;
+        for (const auto* dialog : running_->window->findChildren<QDialog*>())
+            dialogs.insert(dialog->objectName());
+        Need(dialogs.size() == std::set<QString>(dialogs.begin(), dialogs.end()).size(), "a dialog was left behind");
+        const auto boxes = Document().TabsPerPage * Document().NoOfFields;
+        const auto widgets = QApplication::allWidgets().size() - boxes;
+        const auto first = widgets_.emplace(dialogs, widgets).first->second;
+        Need(widgets == first, std::to_string(widgets) + " widgets, at first " + std::to_string(first));
+    }
+    void Need(bool holds, const std::string& what) {
         if (!holds)
-            qFatal("%s is wrong at the end of\n%s", what,
-                   trail_.substr(trail_.size() > 1500 ? trail_.size() - 1500 : 0).c_str());
+            trail_.Fail("wrong: " + what);
+    }
+    void NeedSame(const State& is, const State& expected, const std::string& what) {
+        if (is != expected)
+            trail_.Fail("wrong: " + what + " (" + Difference(is, expected) + ")");
     }
     QString AnyText() {
         return QString::fromUtf8(chance_.Of(std::array{"a", "A", "b", "", "\xc3\xa9t\xc3\x89", "\xc4\xb0", "12",
                                                        "aaaaaaaaaaaaaaaaaaaaaaaa", " ", "\xf0\x9f\x98\x80"}));
     }
 
-    WalkingProgram& running_;
-    Chance& chance_;
-    TabDocument& document_;
-    UndoHistory& history_;
-    State start_;
+    Chance chance_;
+    Trail trail_;
+    Meddler meddler_{chance_, trail_};
+    Machine machine_;
+    std::unique_ptr<WalkingProgram> running_;
+    State start_{};
     std::optional<State> saved_;
-    std::string done_, trail_;
+    std::set<QString> ran_;                               ///< in this step
+    std::map<std::multiset<QString>, qsizetype> widgets_; ///< beside the boxes, by the dialogs that there are
 };
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kSteps = 1000; // each takes many times as long
+#else
+constexpr int kSteps = 3000;
+#endif
 
 int FromEnvironment(const char* name, int otherwise) {
     return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
@@ -312,18 +402,9 @@ class WalkFormsTest : public QObject {
 private slots:
     void nothingIsLostWhateverAPersonDoes() {
         FailOnWarnings();
-        Chance chance(static_cast<unsigned>(FromEnvironment("VELMORA_WALK_SEED", 1)));
-        WalkingProgram running(chance);
-        for (const auto& [name, head] :
-             {std::pair{"in.csv", "P,A4,1,3"}, {"a.csv", "P,DL_v,4,1"}, {"b.csv", "P,A4,2,2"}})
-            ReplaceFile(running.test.folder / name,
-                        std::string("Version 8\r\n") + head +
-                            "\r\n0,0\r\nArial,10,False,False,False,0,1\r\nArial,10,False,False,False,2,1\r\n"
-                            "Arial,10,False,False,False,1,1\r\n"
-                            "a,b,c\r\nA,B,C\r\n");
-        QVERIFY(QTest::qWaitForWindowActive(running.window.get()));
-        Walk walk(running, chance);
-        for (int step = FromEnvironment("VELMORA_WALK_STEPS", 3000); step > 0; --step)
+        QApplication::setQuitOnLastWindowClosed(false);
+        Walk walk(static_cast<unsigned>(FromEnvironment("VELMORA_WALK_SEED", 1)));
+        for (int step = FromEnvironment("VELMORA_WALK_STEPS", kSteps); step > 0; --step)
             walk.Step();
     }
 };
