@@ -386,6 +386,12 @@ private:
     std::map<std::multiset<QString>, qsizetype> widgets_; ///< beside the boxes, by the dialogs that there are
 };
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kSteps = 1000; // each takes many times as long
+#else
+constexpr int kSteps = 3000;
+#endif
+
 int FromEnvironment(const char* name, int otherwise) {
     return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
 }
@@ -398,7 +404,7 @@ private slots:
         FailOnWarnings();
         QApplication::setQuitOnLastWindowClosed(false);
         Walk walk(static_cast<unsigned>(FromEnvironment("VELMORA_WALK_SEED", 1)));
-        for (int step = FromEnvironment("VELMORA_WALK_STEPS", 3000); step > 0; --step)
+        for (int step = FromEnvironment("VELMORA_WALK_STEPS", kSteps); step > 0; --step)
             walk.Step();
     }
 };
