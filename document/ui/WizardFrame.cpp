@@ -125,6 +125,11 @@ WizardFrame::WizardFrame(MainModule& main, const QString& title, QWidget* parent
     setWindowTitle(title);
     setAttribute(Qt::WA_DeleteOnClose);
     BuildUi();
+    // Closed together with its question, it leaves some window managers with no window for the keys.
+    connect(this, &QDialog::finished, this, [this] {
+        if (QWidget* owner = parentWidget())
+            owner->activateWindow();
+    });
 }
 
 void WizardFrame::BuildUi() {
