@@ -202,9 +202,9 @@ std::span<const ToolButton> ToolButtons() {
         kGap,
         {"new-page", "mnuNewPage"},
         {"delete-page", "mnuDeletePage"},
-        {"page-setup", "tbrPageSetup", "Page Setup", SetUpFirstPage},
+        {"page-setup", "tbrPageSetup", "Page Setup", "Ctrl+Shift+T", SetUpFirstPage},
         kGap,
-        {"fonts", "tbrFonts", "Fonts", Wizard<frmAutoRepWiz::Start::Fonts>},
+        {"fonts", "tbrFonts", "Fonts", "Ctrl+T", Wizard<frmAutoRepWiz::Start::Fonts>},
         {"margins", "mnuMarginSetup"},
     };
     return buttons;

@@ -31,9 +31,10 @@ struct Menu {
 
 /// A button repeats a menu item; one that stands on the toolbar alone has a caption and a command.
 struct ToolButton {
-    const char* icon = nullptr;    ///< nullptr: a separator
-    const char* item = nullptr;    ///< name of the menu item, or of a command that stands on the toolbar alone
-    const char* caption = nullptr; ///< of the latter
+    const char* icon = nullptr;     ///< nullptr: a separator
+    const char* item = nullptr;     ///< name of the menu item, or of a command that stands on the toolbar alone
+    const char* caption = nullptr;  ///< of the latter
+    const char* shortcut = nullptr; ///< of the latter
     void (*command)(CommandContext& context) = nullptr; ///< of the latter
 };
 

@@ -79,6 +79,7 @@ frmHelp::frmHelp(SettingsStore& settings, QWidget* parent) : PlacedDialog(settin
 void frmHelp::BuildUi() {
     page_ = new QTextBrowser;
     page_->setObjectName("txtPage");
+    page_->setAccessibleName(tr("Page"));
     page_->setMinimumSize(kFirstSize / 2);
     page_->document()->setDocumentMargin(16);
     auto* splitter = new QSplitter;
@@ -118,12 +119,15 @@ QWidget* frmHelp::BuildIndex() {
     txtSearch_ = new QLineEdit;
     txtSearch_->setObjectName("txtSearch");
     txtSearch_->setPlaceholderText(tr("Search all pages"));
+    txtSearch_->setAccessibleName(txtSearch_->placeholderText());
     txtSearch_->setClearButtonEnabled(true);
     treContents_ = new QTreeWidget;
     treContents_->setObjectName("treContents");
+    treContents_->setAccessibleName(tr("Contents"));
     treContents_->setHeaderHidden(true);
     lstHits_ = new QListWidget;
     lstHits_->setObjectName("lstHits");
+    lstHits_->setAccessibleName(tr("Pages found"));
     lstHits_->setWordWrap(true);
     lstHits_->setAlternatingRowColors(true);
     index_ = new QStackedWidget;
@@ -202,6 +206,7 @@ void frmHelp::MarkHits() {
         for (QTextCursor at = page_->document()->find(word); !at.isNull(); at = page_->document()->find(word, at)) {
             QTextEdit::ExtraSelection mark;
             mark.cursor = at;
+            mark.format.setFontUnderline(true);
             mark.format.setBackground(palette().highlight());
             mark.format.setForeground(palette().highlightedText());
             marks.push_back(mark);

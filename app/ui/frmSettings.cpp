@@ -34,6 +34,7 @@ frmSettings::frmSettings(MainModule& main, QWidget* parent)
 void frmSettings::BuildUi() {
     lstSections_ = new QListWidget;
     lstSections_->setObjectName("lstSections");
+    lstSections_->setAccessibleName(tr("Sections or keys"));
     auto* layout = new QHBoxLayout(this);
     layout->addLayout(BuildEntries(), 3);
     layout->addLayout(BuildButtons());

@@ -201,7 +201,7 @@ void mdiVelmora::BuildToolBar() {
         }
         auto* action = findChild<QAction*>(button.item);
         if (!action)
-            action = MakeAction({button.item, button.caption, "", button.command});
+            action = MakeAction({button.item, button.caption, button.shortcut, button.command});
         action->setIcon(LineIcon(button.icon));
         action->setIconVisibleInMenu(false);
         const QString shortcut = action->shortcut().toString(QKeySequence::NativeText);

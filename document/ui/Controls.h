@@ -3,7 +3,7 @@
 
 #include "document/FontSettings.h"
 
-#include <Qt>
+#include <QComboBox>
 
 namespace velmora {
 
@@ -11,6 +11,13 @@ namespace velmora {
 template <typename Control> Control* Named(Control* control, const char* name) {
     control->setObjectName(name);
     return control;
+}
+
+/// What a combo box without a label is for. Where screen readers call a combo box by what is chosen in it, they read
+/// the description after that.
+inline void SetPurpose(QComboBox& box, const QString& purpose) {
+    box.setAccessibleName(purpose);
+    box.setAccessibleDescription(purpose);
 }
 
 /// Of the box of a field, from the code of its horizontal alignment.

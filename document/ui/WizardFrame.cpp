@@ -5,7 +5,6 @@
 #include "document/ui/HelpRequest.h"
 
 #include <QFrame>
-#include <QLabel>
 #include <QPushButton>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -85,6 +84,7 @@ void WizardForm::SetPicture(const QPixmap& picture, const QString& caption) {
         below->setAlignment(Qt::AlignHCenter);
         below->setFixedWidth(picture.width());
         pictureColumn_->addWidget(below);
+        explanation_ << caption;
     }
 }
 
@@ -101,6 +101,8 @@ void WizardForm::SetHeading(const QString& heading) {
 QLabel* WizardForm::AddText(const QString& text) {
     QLabel* label = WrappedLabel(text);
     content_->addWidget(label);
+    if (!text.isEmpty())
+        explanation_ << text;
     return label;
 }
 
@@ -123,6 +125,11 @@ WizardFrame::WizardFrame(MainModule& main, const QString& title, QWidget* parent
     setWindowTitle(title);
     setAttribute(Qt::WA_DeleteOnClose);
     BuildUi();
+    // Closed together with its question, it leaves some window managers with no window for the keys.
+    connect(this, &QDialog::finished, this, [this] {
+        if (QWidget* owner = parentWidget())
+            owner->activateWindow();
+    });
 }
 
 void WizardFrame::BuildUi() {
@@ -202,12 +209,11 @@ void WizardFrame::ShowButtons() {
 }
 
 void WizardFrame::FocusPage() {
-    if (QWidget* first = page_->FirstFocus())
-        first->setFocus(Qt::TabFocusReason); // which selects an entry's text
-    else if (Button(WizardButton::Finish)->isDefault())
-        Button(WizardButton::Finish)->setFocus();
-    else
-        Button(WizardButton::Next)->setFocus();
+    QWidget* first = page_->FirstFocus();
+    if (!first)
+        first = Button(Button(WizardButton::Finish)->isDefault() ? WizardButton::Finish : WizardButton::Next);
+    explanation_.Give(first, page_->Explanation());
+    first->setFocus(Qt::TabFocusReason); // which selects an entry's text
 }
 
 /// One smallest size for all pages; only a page whose wrapped texts need more, in a very large font, gets more.

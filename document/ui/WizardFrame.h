@@ -3,6 +3,7 @@
 #pragma once
 
 #include "document/mdlMain.h"
+#include "document/ui/AnswerLabel.h"
 
 #include <QDialog>
 #include <QPixmap>
@@ -11,7 +12,6 @@
 #include <memory>
 #include <optional>
 
-class QLabel;
 class QLayout;
 class QPushButton;
 class QVBoxLayout;
@@ -46,6 +46,8 @@ public:
     virtual QWidget* FirstFocus() { return nullptr; }
     /// True where Finish is the default although Next could go on.
     virtual bool PrefersFinish() const { return false; }
+    /// Heading and texts, as they are read when the page comes up.
+    QString Explanation() const { return explanation_.join(' '); }
 
 signals:
     void ButtonsChanged();
@@ -75,6 +77,7 @@ private:
     const char* positionKey_;
     QVBoxLayout* pictureColumn_;
     QVBoxLayout* content_;
+    QStringList explanation_;
     std::array<std::optional<ButtonState>, kWizardButtons> buttons_;
 };
 
@@ -111,6 +114,7 @@ private:
     MainModule& main_;
     QVBoxLayout* pageArea_ = nullptr;
     WizardForm* page_ = nullptr;
+    Description explanation_; ///< of the page, on the control that has the focus first
     std::array<QPushButton*, kWizardButtons> buttons_ = {};
 };
 

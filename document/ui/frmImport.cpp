@@ -91,7 +91,8 @@ void frmImport::BuildPreview() {
     tblPreview_ = Named(new QTableWidget, "tblPreview");
     tblPreview_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     tblPreview_->setSelectionMode(QAbstractItemView::NoSelection);
-    tblPreview_->setFocusPolicy(Qt::NoFocus);
+    tblPreview_->setTabKeyNavigation(false);
+    tblPreview_->setAccessibleName(tr("The first rows"));
     tblPreview_->setWordWrap(false);
     tblPreview_->horizontalHeader()->setStretchLastSection(true);
     const int rowHeight = tblPreview_->verticalHeader()->defaultSectionSize();

@@ -29,6 +29,7 @@ frmSelectSheet::frmSelectSheet(MainModule& main, const std::vector<std::string>&
 void frmSelectSheet::BuildUi(const std::vector<std::string>& names) {
     lstSheets_ = new QListWidget;
     lstSheets_->setObjectName("lstSheets");
+    lstSheets_->setAccessibleName(tr("Sheets"));
     for (const std::string& name : names)
         lstSheets_->addItem(QString::fromStdString(name));
     lstSheets_->setCurrentRow(0);

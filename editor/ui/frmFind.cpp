@@ -1,13 +1,13 @@
 #include "editor/ui/frmFind.h"
 
 #include "document/Dialogs.h"
+#include "document/ui/AnswerLabel.h"
 #include "document/ui/Controls.h"
 #include "document/ui/HelpRequest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -44,7 +44,7 @@ void frmFind::BuildUi() {
     txtReplace_ = Named(new QLineEdit, "txtReplace");
     cboField_ = Named(new QComboBox, "cboField");
     chkMatchCase_ = Named(new QCheckBox(tr("&Match case")), "chkMatchCase");
-    lblResult_ = Named(new QLabel(" "), "lblResult");
+    lblResult_ = Named(new AnswerLabel(" "), "lblResult");
     cmdFindNext_ = Named(new QPushButton(tr("Find &Next")), "cmdFindNext");
     cmdReplace_ = Named(new QPushButton(tr("&Replace")), "cmdReplace");
     cmdReplaceAll_ = Named(new QPushButton(tr("Replace &All")), "cmdReplaceAll");
@@ -93,7 +93,7 @@ bool frmFind::CanFind() const {
 
 /// Nothing can be found without a text to find; what was said of the last search does not hold for another.
 void frmFind::EnableButtons() {
-    lblResult_->setText(" ");
+    lblResult_->Say(" ");
     for (QPushButton* button : {cmdFindNext_, cmdReplace_, cmdReplaceAll_})
         button->setEnabled(CanFind());
 }
@@ -105,10 +105,19 @@ FindRequest frmFind::Request() const {
 }
 
 void frmFind::Show(FindOutcome outcome) {
-    lblResult_->setText(outcome == FindOutcome::NotFound       ? tr("Not found.")
-                        : outcome == FindOutcome::FoundFromTop ? tr("Found from the first tab on.")
-                        : outcome == FindOutcome::LastReplaced ? tr("Replaced the last one.")
-                                                               : " ");
+    switch (outcome) {
+    case FindOutcome::Found: return lblResult_->Say(" ", FoundBox());
+    case FindOutcome::FoundFromTop:
+        return lblResult_->Say(tr("Found from the first tab on."), tr("From the first tab on: %1").arg(FoundBox()));
+    case FindOutcome::NotFound: return lblResult_->Say(tr("Not found."));
+    case FindOutcome::LastReplaced: return lblResult_->Say(tr("Replaced the last one."));
+    }
+}
+
+/// Where the match is and its text: it is marked in another window than this one, which keeps the keys.
+QString frmFind::FoundBox() const {
+    const auto* box = qobject_cast<QLineEdit*>(parentWidget()->focusWidget());
+    return box ? box->accessibleName() + ": " + box->text() : QString();
 }
 
 void frmFind::FindNext() {
@@ -123,7 +132,7 @@ void frmFind::Replace() {
 }
 
 void frmFind::ReplaceAll() {
-    lblResult_->setText(tr("Texts replaced: %1").arg(finder_.ReplaceAll(Request())));
+    lblResult_->Say(tr("Texts replaced: %1").arg(finder_.ReplaceAll(Request())));
 }
 
 } // namespace velmora

@@ -6,11 +6,12 @@
 
 class QCheckBox;
 class QComboBox;
-class QLabel;
 class QLineEdit;
 class QPushButton;
 
 namespace velmora {
+
+class AnswerLabel;
 
 class frmFind : public PlacedDialog {
     Q_OBJECT
@@ -30,6 +31,7 @@ private:
     void EnableButtons();
     FindRequest Request() const;
     void Show(FindOutcome outcome);
+    QString FoundBox() const;
     void Replace();
     void ReplaceAll();
 
@@ -39,7 +41,7 @@ private:
     QLineEdit* txtReplace_;
     QComboBox* cboField_;
     QCheckBox* chkMatchCase_;
-    QLabel* lblResult_;
+    AnswerLabel* lblResult_;
     QPushButton* cmdFindNext_;
     QPushButton* cmdReplace_;
     QPushButton* cmdReplaceAll_;

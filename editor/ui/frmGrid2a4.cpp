@@ -2,6 +2,7 @@
 
 #include "document/ui/Controls.h"
 
+#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QEvent>
@@ -102,6 +103,7 @@ frmGrid2a4::frmGrid2a4(MainModule& main, QWidget* parent)
     setObjectName("frmGrid2a4");
     setFrameShape(QFrame::NoFrame);
     setAlignment(Qt::AlignCenter);
+    setFocusPolicy(Qt::NoFocus); // its boxes have it, and their keys scroll
     auto* scrollBar = new QScrollBar(Qt::Vertical, this);
     scrollBar->setObjectName("FlatScrollBar1");
     setVerticalScrollBar(scrollBar);
@@ -189,12 +191,19 @@ void frmGrid2a4::SetLablesOnGrid() {
 QLineEdit* frmGrid2a4::MakeBox(int field, int slot) {
     auto* box = new QLineEdit(sheet_);
     box->setObjectName(QString("TextA%1(%2)").arg(field + 1).arg(slot));
-    box->setAccessibleName(tr("Tab %1, field %2").arg(slot).arg(field + 1));
     box->setProperty(kSlotProperty, slot);
     box->setProperty(kFieldProperty, field);
     box->installEventFilter(this);
     connect(box, &QLineEdit::textEdited, this, [this, field, box] { Edited(field, box); });
     return box;
+}
+
+/// "Page 2, row 3, column 1, field A".
+QString frmGrid2a4::BoxName(int field, int slot) const {
+    const TabDocument& document = main_.document;
+    return tr("Page %1, row %2, column %3, field %4")
+        .arg(QString::number(document.CurrentPage), QString::number((slot - 1) / document.ColsPerPage + 1),
+             QString::number((slot - 1) % document.ColsPerPage + 1), QChar('A' + field));
 }
 
 void frmGrid2a4::ShowTexts() {
@@ -204,6 +213,7 @@ void frmGrid2a4::ShowTexts() {
             QLineEdit* box = boxes_[slot][field];
             if (!box)
                 continue;
+            box->setAccessibleName(BoxName(static_cast<int>(field), static_cast<int>(slot) + 1));
             box->setAlignment(BoxAlignment(main_.fonts[field].HorizontalAlignment));
             box->setText(QString::fromStdString(shown_[slot][field]));
             box->setCursorPosition(0);
@@ -217,6 +227,8 @@ void frmGrid2a4::FocusTab() {
     if (focused && focused->property(kSlotProperty).isValid()) {
         Entered(focused->property(kSlotProperty).toInt());
         qobject_cast<QLineEdit*>(focused)->selectAll();
+        QAccessibleEvent anotherTab(focused, QAccessible::Focus);
+        QAccessible::updateAccessibility(&anotherTab);
     } else if (!boxes_.empty()) {
         boxes_[0][0]->setFocus();
         Entered(1); // a window in the background gets no focus event

@@ -69,6 +69,7 @@ protected:
 private:
     void SetLablesOnGrid();
     void ShowTexts();
+    QString BoxName(int field, int slot) const;
     QLineEdit* MakeBox(int field, int slot);
     void PlaceBoxes();
     void FocusTab();

@@ -51,6 +51,7 @@ void frmProgress::Show() {
     auto* layout = new QVBoxLayout(window_.get());
     layout->addWidget(new QLabel(text_));
     bar_ = new QProgressBar;
+    bar_->setAccessibleName(text_);
     bar_->setRange(0, total_);
     layout->addWidget(bar_);
     if (cancel_ == Cancel::Offered)

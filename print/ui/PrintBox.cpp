@@ -1,9 +1,9 @@
 #include "print/ui/PrintBox.h"
 
+#include "document/ui/AnswerLabel.h"
 #include "document/ui/Controls.h"
 
 #include <QButtonGroup>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -21,8 +21,8 @@ QString Sentence(const char* text) {
 } // namespace
 
 PrintBox::PrintBox(PrintRun& run, QWidget* parent)
-    : QGroupBox(parent), run_(run), optSheets_(new QButtonGroup(this)), lblRange_(Named(new QLabel, "lblRange")),
-      lblPrinted_(Named(new QLabel, "lblPrinted")) {
+    : QGroupBox(parent), run_(run), optSheets_(new QButtonGroup(this)), lblRange_(Named(new AnswerLabel, "lblRange")),
+      lblPrinted_(Named(new AnswerLabel, "lblPrinted")) {
     setTitle(tr("Print on %1").arg(QString::fromStdString(run.Report().Printer.DeviceName).replace('&', "&&")));
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(AddOption(SheetChoice::All, "optAll", ""));
@@ -96,7 +96,7 @@ void PrintBox::ShowChoice(int sheet) {
         fault = Sentence(error.what());
     }
     const bool waiting = optSheets_->checkedId() == static_cast<int>(SheetChoice::Range) && txtRange_->text().isEmpty();
-    lblRange_->setText(waiting ? "" : fault);
+    lblRange_->Say(waiting ? "" : fault);
     lblRange_->setVisible(!lblRange_->text().isEmpty());
     cmdPrint_->setEnabled(fault.isEmpty());
     cmdSavePdf_->setEnabled(fault.isEmpty());
@@ -107,9 +107,9 @@ void PrintBox::Print(bool toFile) {
     const bool file = toFile || run_.Report().Printer.DeviceName == kPdfPrinter;
     if (!(toFile ? run_.SaveAsPdf(sheets) : run_.Print(sheets)))
         return;
-    lblPrinted_->setText((file ? tr("%n sheet(s) saved as PDF.", nullptr, static_cast<int>(sheets.size()))
-                               : tr("%n sheet(s) sent to the printer.", nullptr, static_cast<int>(sheets.size())))
-                             .replace("(s)", sheets.size() == 1 ? "" : "s"));
+    lblPrinted_->Say((file ? tr("%n sheet(s) saved as PDF.", nullptr, static_cast<int>(sheets.size()))
+                           : tr("%n sheet(s) sent to the printer.", nullptr, static_cast<int>(sheets.size())))
+                         .replace("(s)", sheets.size() == 1 ? "" : "s"));
     lblPrinted_->show();
 }
 

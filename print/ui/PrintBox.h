@@ -9,12 +9,13 @@
 
 class QButtonGroup;
 class QHBoxLayout;
-class QLabel;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
 
 namespace velmora {
+
+class AnswerLabel;
 
 class PrintBox : public QGroupBox {
     Q_OBJECT
@@ -40,8 +41,8 @@ private:
     QButtonGroup* optSheets_; ///< by SheetChoice
     QLineEdit* txtRange_ = nullptr;
     QPushButton *cmdPrint_ = nullptr, *cmdSavePdf_ = nullptr;
-    QLabel* lblRange_;
-    QLabel* lblPrinted_;
+    AnswerLabel* lblRange_;
+    AnswerLabel* lblPrinted_;
 };
 
 } // namespace velmora

@@ -1,9 +1,12 @@
 #include "print/ui/SheetDisplay.h"
 
+#include "print/ui/SheetAccessible.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -20,6 +23,7 @@ constexpr double kMarkGap = 2;
 // On white paper, whatever the palette.
 constexpr QColor kOutline(0x8c, 0xa6, 0xc0);
 constexpr QColor kUsed(0x60, 0x60, 0x60, 0x50);
+constexpr QColor kStrike(0x40, 0x40, 0x40);
 constexpr QColor kEdge(0x90, 0x90, 0x90);
 
 double Twips(double mm) {
@@ -42,7 +46,7 @@ QRectF ToRect(const Box& box) {
 SheetDisplay::SheetDisplay(const FontCatalogue& catalogue, const FontSettings& fonts, QWidget* parent)
     : QAbstractScrollArea(parent), sheetPainter_(catalogue, fonts) {
     setObjectName("SheetDisplay");
-    setAccessibleName(tr("Sheet"));
+    InstallSheetAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     horizontalScrollBar()->setSingleStep(kScrollStep);
@@ -148,7 +152,6 @@ int SheetDisplay::SlotAt(QPointF position) const {
     return 0;
 }
 
-/// Tabs in a row.
 int SheetDisplay::Columns() const {
     const auto below = std::find_if(sheet_.tabs.begin(), sheet_.tabs.end(),
                                     [&](const velmora::Box& box) { return box.top > sheet_.tabs.front().top; });
@@ -189,7 +192,12 @@ void SheetDisplay::mousePressEvent(QMouseEvent* event) {
     if (slot == 0)
         return QAbstractScrollArea::mousePressEvent(event);
     cursor_ = slot;
+    ToggleSlot(slot);
+}
+
+void SheetDisplay::ToggleSlot(int slot) {
     emit SlotToggled(slot);
+    TellSlotChanged(*this, slot);
 }
 
 /// False for a key that does not move it.
@@ -206,12 +214,13 @@ bool SheetDisplay::MoveCursor(int key) {
         cursor_ = slot;
     ShowSlot(cursor_);
     viewport()->update();
+    TellSlotFocused(*this, cursor_);
     return true;
 }
 
 void SheetDisplay::keyPressEvent(QKeyEvent* event) {
     if (used_ && event->key() == Qt::Key_Space)
-        emit SlotToggled(cursor_);
+        ToggleSlot(cursor_);
     else if (!used_ || !MoveCursor(event->key()))
         QAbstractScrollArea::keyPressEvent(event);
 }
@@ -219,6 +228,10 @@ void SheetDisplay::keyPressEvent(QKeyEvent* event) {
 void SheetDisplay::focusInEvent(QFocusEvent* event) {
     viewport()->update();
     QAbstractScrollArea::focusInEvent(event);
+    QTimer::singleShot(0, this, [this] { // after the list itself is told to have it
+        if (used_ && hasFocus())
+            TellSlotFocused(*this, cursor_);
+    });
 }
 
 void SheetDisplay::focusOutEvent(QFocusEvent* event) {
@@ -285,6 +298,7 @@ void SheetDisplay::PaintUsedSlots(QPainter& painter) {
     for (const int slot : *used_) {
         const QRectF rect = SlotRect(slot);
         painter.fillRect(rect, kUsed);
+        painter.setPen(QPen(kStrike, 0));
         painter.drawLine(rect.topLeft(), rect.bottomRight());
         painter.drawLine(rect.bottomLeft(), rect.topRight());
     }

@@ -36,8 +36,13 @@ public:
     /// Frames the tab in `slot` and brings it into view; 0: none.
     void MarkSlot(int slot);
     int MarkedSlot() const { return marked_; }
+    bool IsGone(int slot) const { return used_ && used_->contains(slot); }
+    /// The slot that the keys strike out; 0 while slots cannot be chosen.
+    int Cursor() const { return used_ ? cursor_ : 0; }
     /// The tab in `slot`, in the viewport.
     QRectF SlotRect(int slot) const;
+    /// Tabs in a row.
+    int Columns() const;
 
 signals:
     /// For the first time since it was made.
@@ -60,9 +65,9 @@ private:
     void PlaceSheet();
     QRectF PaperRect() const;
     int SlotAt(QPointF position) const;
-    int Columns() const;
     void ShowSlot(int slot);
     bool MoveCursor(int key);
+    void ToggleSlot(int slot);
     void PaintSheet(QPainter& painter, const QRectF& visible);
     void PaintOverlay(QPainter& painter);
     void PaintUsedSlots(QPainter& painter);

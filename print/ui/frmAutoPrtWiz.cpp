@@ -126,6 +126,7 @@ frmAutoPrtWiz1::frmAutoPrtWiz1(Run& run)
         if (printer.name == run.wizard.Printer())
             lstPrinters_->setCurrentRow(lstPrinters_->count() - 1);
     }
+    lstPrinters_->setAccessibleName(Translated("Printers of this machine"));
     AddQuestion(Translated("P&rinters of this machine:"), lstPrinters_);
     connect(lstPrinters_, &QListWidget::currentRowChanged, this, [this](int row) {
         run_.wizard.ChoosePrinter(run_.wizard.Printers().at(static_cast<std::size_t>(row)).name);

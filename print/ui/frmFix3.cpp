@@ -143,9 +143,9 @@ QLayout* frmFix3::BuildEntries() {
 void frmFix3::BuildUi(const Sheet& sheet) {
     picture_ = new SheetPicture(sheet, this);
     auto* arrows = new QGridLayout;
+    arrows->addWidget(ArrowButton("cmdUp", tr("Up"), Qt::UpArrow, MarginArrow::Up), 0, 1, Qt::AlignHCenter);
     arrows->addWidget(ArrowButton("cmdLeft", tr("Left"), Qt::LeftArrow, MarginArrow::Left), 1, 0);
     arrows->addWidget(ArrowButton("cmdRht", tr("Right"), Qt::RightArrow, MarginArrow::Right), 1, 2);
-    arrows->addWidget(ArrowButton("cmdUp", tr("Up"), Qt::UpArrow, MarginArrow::Up), 0, 1, Qt::AlignHCenter);
     arrows->addWidget(ArrowButton("cmdDown", tr("Down"), Qt::DownArrow, MarginArrow::Down), 2, 1, Qt::AlignHCenter);
     arrows->addWidget(picture_, 1, 1);
     arrows->setRowStretch(1, 1);

@@ -55,6 +55,7 @@ QWidget* frmPageSetUp::BuildFields() {
         options->addWidget(option);
         txtField_[index] = new QLineEdit(tr("Field %1").arg(QChar('A' + field)));
         txtField_[index]->setObjectName(QString("txtField%1").arg(field + 1));
+        txtField_[index]->setAccessibleName(tr("Place of field %1").arg(QChar('A' + field)));
         txtField_[index]->setReadOnly(true);
         txtField_[index]->setFocusPolicy(Qt::NoFocus);
         if (field > 0)

@@ -58,6 +58,7 @@ frmPreview::frmPreview(PrintRun& run, QWidget* parent)
     ShowCounts();
     ShowSheet(1);
     resize(kFirstSize.boundedTo(screen()->availableSize() * 9 / 10));
+    setTabOrder(chkOutlines_, display_);
     display_->setFocus();
 }
 
@@ -102,7 +103,7 @@ void frmPreview::AddPages(QToolBar& bar) {
 void frmPreview::AddZoom(QToolBar& bar) {
     cmdZoomOut_ = AddAction(bar, "cmdZoomOut", "zoom-out", tr("Smaller"), {QKeySequence::ZoomOut});
     cboZoom_ = Named(new QComboBox, "cboZoom");
-    cboZoom_->setAccessibleName(tr("Size"));
+    SetPurpose(*cboZoom_, tr("Size"));
     cboZoom_->addItem(tr("Fit Page"), kFitPage);
     cboZoom_->addItem(tr("Fit Width"), kFitWidth);
     for (const int percent : kZoomPercents)
@@ -216,6 +217,7 @@ void frmPreview::ShowSheet(int number) {
     run_.Report().LayOutSheet(number, sheet);
     display_->SetSheet(std::move(sheet));
     display_->SetUsedSlots(chkPartlyUsed_->isChecked() && number == 1 ? std::optional(used_) : std::nullopt);
+    display_->setAccessibleName(tr("Sheet %1 of %2").arg(number).arg(count));
     txtPage_->setValue(number);
     cmdFirst_->setEnabled(number > 1);
     cmdPrevious_->setEnabled(number > 1);

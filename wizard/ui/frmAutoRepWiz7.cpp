@@ -31,11 +31,16 @@ constexpr BarButton kHorizontal[] = {
 constexpr BarButton kVertical[] = {
     {1, "align-top", "Top"}, {2, "align-middle", "Middle"}, {3, "align-bottom", "Bottom"}};
 
-QToolButton* MakeButton(const BarButton& row, QWidget* bar) {
+/// One field has the same controls as the others: "Bold, field A".
+QString NameInField(const QString& what, int field) {
+    return QObject::tr("%1, field %2").arg(what, QChar('A' + field));
+}
+
+QToolButton* MakeButton(const BarButton& row, QWidget* bar, int field) {
     auto* button = Named(new QToolButton(bar), "Button", row.index);
     button->setIcon(LineIcon(row.icon));
     button->setToolTip(QObject::tr(row.toolTip));
-    button->setAccessibleName(QObject::tr(row.toolTip));
+    button->setAccessibleName(NameInField(QObject::tr(row.toolTip), field));
     button->setCheckable(true);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::StrongFocus);
@@ -122,7 +127,7 @@ QComboBox* frmAutoRepWiz7::MakeFontBox(int field) {
 
 QComboBox* frmAutoRepWiz7::MakeSizeBox(int field) {
     auto* box = Named(new QComboBox, "cboSize", field + 1);
-    box->setAccessibleName(tr("Size"));
+    SetPurpose(*box, NameInField(tr("Size"), field));
     box->setMinimumContentsLength(kSizeLetters);
     for (const std::int16_t points : page_.Sizes(field))
         box->addItem(QString::number(points), points);
@@ -139,7 +144,7 @@ QWidget* frmAutoRepWiz7::MakeStyleBar(int field) {
     const FieldFont& font = page_.Font(field);
     const bool pressed[] = {font.Bold, font.Italic, font.Underline};
     for (std::size_t i = 0; i < std::size(kStyles); ++i) {
-        QToolButton* button = MakeButton(kStyles[i], bar);
+        QToolButton* button = MakeButton(kStyles[i], bar, field);
         button->setChecked(pressed[i]);
         connect(button, &QToolButton::toggled, this, [this, field, index = kStyles[i].index](bool on) {
             page_.PressStyle(field, index, on);
@@ -153,7 +158,7 @@ QWidget* frmAutoRepWiz7::MakeAlignmentBar(int field, bool horizontal) {
     QWidget* bar = MakeBar(horizontal ? "Toolbar2" : "Toolbar3", field);
     auto* group = new QButtonGroup(bar);
     for (const BarButton& row : horizontal ? kHorizontal : kVertical)
-        group->addButton(MakeButton(row, bar), row.index);
+        group->addButton(MakeButton(row, bar, field), row.index);
     group->button(horizontal ? page_.HorizontalButton(field) : page_.VerticalButton(field))->setChecked(true);
     connect(group, &QButtonGroup::idClicked, this, [this, field, horizontal](int index) {
         horizontal ? page_.PressHorizontal(field, index) : page_.PressVertical(field, index);
@@ -165,7 +170,7 @@ QWidget* frmAutoRepWiz7::MakeAlignmentBar(int field, bool horizontal) {
 QLineEdit* frmAutoRepWiz7::MakeSample(int field) {
     auto* sample = new QLineEdit(SampleText(Main().document, field));
     sample->setObjectName(QString("Text%1").arg(field + 1));
-    sample->setAccessibleName(tr("Sample"));
+    sample->setAccessibleName(NameInField(tr("Sample"), field));
     sample->setReadOnly(true);
     sample->setFocusPolicy(Qt::NoFocus);
     sample->setFixedHeight(kSampleLines * fontMetrics().lineSpacing());

@@ -1,0 +1,341 @@
+// Every form for a person with a screen reader or without a mouse.
+#include "app/ui/frmAbout.h"
+#include "app/ui/frmHelp.h"
+#include "app/ui/frmOptionsPage.h"
+#include "app/ui/frmSettings.h"
+#include "document/ui/Controls.h"
+#include "document/ui/WizardFrame.h"
+#include "document/ui/frmImport.h"
+#include "document/ui/frmSelectSheet.h"
+#include "editor/ui/frmFind.h"
+#include "platform/qt/QtUserInterface.h"
+#include "print/ui/frmPreview.h"
+#include "tests/forms/DialogAnswer.h"
+#include "tests/forms/FormFaults.h"
+#include "tests/forms/RunningProgram.h"
+#include "tests/support/FakePrinters.h"
+
+#include <QGridLayout>
+#include <QListView>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTimer>
+
+namespace {
+
+using namespace velmora;
+
+/// A form with three entries, one below the other, and a button beside the second: nothing is wrong with it.
+struct GoodForm : QDialog {
+    GoodForm() {
+        setObjectName("form");
+        setWindowTitle("Form");
+        auto* grid = new QGridLayout(this);
+        const std::array names = {"first", "second", "third"};
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            entries[i] = Named(new QLineEdit, names[i]);
+            entries[i]->setAccessibleName(names[i]);
+            grid->addWidget(entries[i], static_cast<int>(i), 0);
+        }
+        grid->addWidget(Named(new QPushButton("&Add"), "add"), 1, 1);
+    }
+    void Add(QWidget* control) { layout()->addWidget(control); }
+
+    std::array<QLineEdit*, 3> entries = {};
+};
+
+struct Defect {
+    void (*make)(GoodForm&);
+    const char* fault;
+};
+
+const Defect kDefects[] = {
+    {[](GoodForm&) {}, ""},
+    {[](GoodForm& form) { form.setWindowTitle(""); }, "the window has no name"},
+    {[](GoodForm& form) { form.entries[1]->setAccessibleName("..."); }, "QLineEdit \"second\" has no name"},
+    {[](GoodForm& form) { form.entries[1]->setAccessibleName("first"); },
+     "QLineEdit \"second\" is named \"first\" as is QLineEdit \"first\""},
+    {[](GoodForm& form) {
+         auto* chosen = Named(new QComboBox, "chosen");
+         chosen->addItem("Item");
+         chosen->setAccessibleName("Purpose"); // which is not what is read
+         form.Add(chosen);
+     },
+     "QComboBox \"chosen\" has no name"},
+    {[](GoodForm& form) { form.Add(Named(new QPushButton("B&ack"), "back")); },
+     "mnemonics: Alt+A is of QPushButton \"add\" and of QPushButton \"back\""},
+    {[](GoodForm& form) {
+         for (const char* name : {"one", "other"})
+             Named(new QAction(&form), name)->setShortcut(Qt::Key_F2);
+     },
+     "shortcuts: F2 is of one and of other"},
+    {[](GoodForm& form) { form.entries[1]->setFocusPolicy(Qt::ClickFocus); },
+     "QLineEdit \"second\" is out of the keyboard's reach"},
+    {[](GoodForm& form) {
+         auto* bar = new QToolBar;
+         bar->addAction("Mouse");
+         bar->addAction("Key")->setShortcut(Qt::Key_F2);
+         form.Add(bar);
+     },
+     "QToolButton \"Mouse\" is out of the keyboard's reach"},
+    {[](GoodForm& form) { QWidget::setTabOrder(form.entries[2], form.entries[1]); },
+     "Tab goes back from QLineEdit \"third\" to QLineEdit \"second\""},
+    {[](GoodForm& form) { QWidget::setTabOrder(form.entries[0], form.findChild<QWidget*>("add")); },
+     "Tab goes back from QPushButton \"add\" to QLineEdit \"second\""},
+    {[](GoodForm& form) {
+         auto* table = Named(new QTableWidget(2, 1), "table"); // which keeps the Tab key
+         table->setAccessibleName("Table");
+         form.Add(table);
+     },
+     "Tab does not come around, it stays with QTableWidget \"table\""},
+};
+
+class AccessibilityFormsTest : public QObject {
+    Q_OBJECT
+
+    FakePrinters printers_;
+    QStringList faults_;
+
+    static void Start(RunningProgram& running, int pages) {
+        std::filesystem::copy(VELMORA_IMAGES, running.test.folder / "Images");
+        running.Start(0, 3, pages);
+        running.program.main.globals.PrinterName = "Office";
+    }
+    void Look(QWidget& form) {
+        form.activateWindow(); // no window manager does it here
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        if (!QApplication::focusWidget())
+            form.nextInFocusChain()->setFocus();
+        QCoreApplication::processEvents(); // what the form does when it comes to the front
+        faults_ += FormFaults::Of(form);
+    }
+    /// Of a window that is not modal.
+    void LookAndClose(QWidget& form) {
+        form.show();
+        Look(form);
+        form.close();
+    }
+    static void Click(QWidget& form, const char* name) {
+        auto* button = form.findChild<QAbstractButton*>(name);
+        if (!button || !button->isEnabled())
+            qFatal("no button %s to click in %s", name, qPrintable(form.objectName()));
+        button->click();
+    }
+    /// Looks at what a wizard shows after each click.
+    void LookAfter(QWidget& wizard, std::initializer_list<const char*> clicks) {
+        Look(wizard);
+        for (const char* name : clicks) {
+            Click(wizard, name);
+            Look(wizard);
+        }
+    }
+    void LookAtModal(RunningProgram& running, const char* command, const char* name) {
+        const DialogAnswer answer(name, [this](QDialog& dialog) {
+            Look(dialog);
+            dialog.reject();
+        });
+        running.Trigger(command);
+    }
+    void LookAtMessage() {
+        QTimer::singleShot(0, this, [this] {
+            QWidget* box = QApplication::activeModalWidget();
+            Look(*box);
+            box->close();
+        });
+        QtUserInterface().Show({"Text", "Title", Icon::Question, Buttons::YesNoCancel});
+    }
+    void LookAtProgress() {
+        const auto progress = QtUserInterface().StartCancellable("Work", 100);
+        QWidget* window = nullptr;
+        QVERIFY(QTest::qWaitFor([&] {
+            progress->Advance(1);
+            for (QWidget* widget : QApplication::topLevelWidgets())
+                window = widget->objectName() == "frmProgress" ? widget : window;
+            return window != nullptr;
+        }));
+        Look(*window);
+    }
+    void LookAtHelp(RunningProgram& running) {
+        frmHelp help(running.test.settings, nullptr);
+        help.ShowPage("welcome");
+        Look(help);
+        help.findChild<QLineEdit*>("txtSearch")->setText("page");
+        Look(help);
+    }
+    void LookAtPreview(RunningProgram& running) {
+        const DialogAnswer answer("frmPreview", [this](QDialog& dialog) {
+            auto* findings = dialog.findChild<QListView*>("lstFindings");
+            if (!QTest::qWaitFor([&] { return findings->isVisible(); }))
+                qFatal("nothing is found");
+            Look(dialog);
+            Click(dialog, "chkPartlyUsed");
+            Look(dialog);
+            dialog.reject();
+        });
+        running.Trigger("mnuPreview");
+    }
+    void LookAtImport(RunningProgram& running) {
+        using Rows = std::vector<std::vector<std::string>>;
+        const ImportRequest request{"list.csv", {ListEncoding::Utf8}, [](const ImportChoice&) { return Rows{{"a"}}; }};
+        frmImport import(running.program.main, request, {}, running.window.get());
+        LookAndClose(import);
+        running.test.ui.Expect("Please select the sheet to import", Icon::Question);
+        frmSelectSheet select(running.program.main, {"one", "two"}, running.window.get());
+        LookAndClose(select);
+    }
+    void LookAtPrinterWizard(RunningProgram& running) {
+        const DialogAnswer answer("frmWizard", [this](QDialog& wizard) {
+            LookAfter(wizard, {"cmdNext", "cmdNext", "cmdNext"});
+            for (const char* fix : {"frmFix1", "frmFix2"}) {
+                const DialogAnswer advice(fix, [this](QDialog& dialog) {
+                    Look(dialog);
+                    dialog.reject();
+                });
+                Click(wizard, QString(fix).replace("frm", "cmd").toLatin1());
+            }
+            LookAfter(wizard, {"cmdNext"});
+            wizard.reject();
+        });
+        running.Trigger("mnuPrinterSetupWiz");
+    }
+    void LookAtWizard(RunningProgram& running) {
+        running.Trigger("mnuAutoRepWiz");
+        auto* wizard = running.window->findChild<WizardFrame*>();
+        LookAfter(*wizard, {"cmdNext"});
+        wizard->findChild<QLineEdit*>("txtNoOfPages")->setText("30");
+        LookAfter(*wizard, {"cmdNext", "cmdFieldA", "cmdNext"});
+        LookAfter(*wizard, {"cmdPrevious", "optMth", "cmdNext", "cmdNext"});
+        LookAfter(*wizard, {"cmdPrevious", "cmdPrevious", "optText", "cmdNext", "cmdNext"});
+        delete wizard;
+        running.Trigger("tbrFonts");
+        wizard = running.window->findChild<WizardFrame*>();
+        Look(*wizard);
+        delete wizard;
+    }
+
+private slots:
+    void init() { FailOnWarnings(); }
+
+    void everyRuleFindsItsFault() {
+        for (const Defect& defect : kDefects) {
+            GoodForm form;
+            defect.make(form);
+            faults_.clear();
+            LookAndClose(form);
+            QCOMPARE(faults_.join('\n'), *defect.fault ? QString("form: ") + defect.fault : QString());
+        }
+    }
+
+    void everyFormIsForEverybody() {
+        faults_.clear();
+        RunningProgram running(&printers_);
+        Start(running, 2);
+        running.Trigger("mnuLastPage");
+        running.program.main.document.FieldA(1) = std::string(200, 'x'); // something to say before printing
+        Look(*running.window);
+        running.Trigger("mnuFind");
+        LookAndClose(*running.window->findChild<frmFind*>());
+        LookAtImport(running);
+        LookAtPreview(running);
+        LookAtModal(running, "mnuMarginSetup", "frmFix3");
+        LookAtModal(running, "mnuPgSetup", "frmPageSetUp");
+        LookAtModal(running, "mnuOptions", "frmOptionsPage");
+        LookAtModal(running, "mnuabout", "frmAbout");
+        LookAtPrinterWizard(running);
+        LookAtWizard(running);
+        LookAtHelp(running);
+        frmSettings settings(running.program.main);
+        LookAndClose(settings);
+        LookAtMessage();
+        LookAtProgress();
+        for (const QString& fault : faults_)
+            std::fprintf(stderr, "%s\n", qPrintable(fault));
+        QVERIFY2(faults_.isEmpty(), "see above");
+    }
+
+    void theGridSaysWhereItsBoxesAre() {
+        RunningProgram running;
+        running.Start(0, 3, 3);
+        running.Trigger("mnuNextPage");
+        QCOMPARE(FormFaults::NameOf(*running.Box("TextA1(7)")), QString("Page 2, row 3, column 1, field A"));
+        QCOMPARE(FormFaults::NameOf(*running.Box("TextA3(24)")), QString("Page 2, row 8, column 3, field C"));
+        running.Trigger("mnuNextPage");
+        QCOMPARE(FormFaults::NameOf(*running.Box("TextA1(7)")), QString("Page 3, row 3, column 1, field A"));
+    }
+
+    void thePreviewSaysWhatIsOnItsSheetAndWhatIsGone() {
+        RunningProgram running(&printers_);
+        Start(running, 2);
+        const DialogAnswer answer("frmPreview", [](QDialog& dialog) {
+            auto* display = dialog.findChild<SheetDisplay*>("SheetDisplay");
+            QAccessibleInterface& list = *QAccessible::queryAccessibleInterface(display);
+            const auto name = [&](int slot) { return list.child(slot - 1)->text(QAccessible::Name); };
+            QCOMPARE(list.text(QAccessible::Name), QString("Sheet 1 of 2"));
+            QCOMPARE(name(5), QString("Row 2, column 2: a5, b, c"));
+            QCOMPARE(list.childAt(list.child(4)->rect().center().x(), list.child(4)->rect().center().y()),
+                     list.child(4));
+            Click(dialog, "chkPartlyUsed");
+            QCOMPARE(list.focusChild(), list.child(0));
+            QTest::keyClick(display, Qt::Key_Down);
+            QCOMPARE(list.focusChild(), list.child(3));
+            QVERIFY(list.child(3)->state().focused && !list.child(0)->state().focused);
+            QTest::keyClick(display, Qt::Key_Space);
+            QCOMPARE(name(4), QString("Row 2, column 1, gone"));
+            QCOMPARE(name(5), QString("Row 2, column 2: a4, b, c"));
+            dialog.reject();
+        });
+        running.Trigger("mnuPreview");
+    }
+
+    void whatWasFoundIsReadOut() {
+        RunningProgram running;
+        running.Start(0, 2, 2);
+        running.Trigger("mnuFind");
+        auto* form = running.window->findChild<frmFind*>();
+        auto* entry = form->findChild<QLineEdit*>("txtFind");
+        const std::pair<const char*, QString> searches[] = {
+            {"a30", "Page 2, row 2, column 3, field A: a30"},
+            {"zz", "Not found."},
+            {"a1", "From the first tab on: Page 1, row 1, column 1, field A: a1"}};
+        for (const auto& [text, answer] : searches) {
+            entry->setFocus();
+            entry->selectAll();
+            QTest::keyClicks(entry, text);
+            QCOMPARE(entry->accessibleDescription(), QString());
+            QTest::keyClick(entry, Qt::Key_Return);
+            QCOMPARE(entry->accessibleDescription(), answer);
+        }
+    }
+
+    void aWizardsPageIsReadOutWhenItComesUp() {
+        RunningProgram running(&printers_);
+        Start(running, 1);
+        running.Trigger("mnuAutoRepWiz");
+        auto* wizard = running.window->findChild<WizardFrame*>();
+        for (const bool next : {false, true}) {
+            if (next)
+                Click(*wizard, "cmdNext");
+            const QString spoken = wizard->focusWidget()->accessibleDescription();
+            QVERIFY(!spoken.isEmpty());
+            for (const QLabel* label : wizard->Page()->findChildren<QLabel*>())
+                QVERIFY2(label->buddy() || spoken.contains(label->text()), qPrintable(label->text()));
+        }
+        QCOMPARE(wizard->findChild<QWidget*>("cmdNext")->accessibleDescription(), QString());
+    }
+
+    void theToolbarsOwnCommandsHaveKeys() {
+        RunningProgram running(&printers_);
+        Start(running, 1);
+        const DialogAnswer answer("frmPageSetUp", [](QDialog& dialog) { dialog.reject(); });
+        QTest::keyClick(running.window->focusWidget(), Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+        running.window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(running.window.get()));
+        QTest::keyClick(running.window->focusWidget(), Qt::Key_T, Qt::ControlModifier);
+        QVERIFY(running.window->findChild<QWidget*>("frmAutoRepWiz7"));
+    }
+};
+
+} // namespace
+
+QTEST_MAIN(AccessibilityFormsTest)
+#include "accessibility_forms_test.moc"
