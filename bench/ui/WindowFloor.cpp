@@ -1,6 +1,6 @@
 // velmora-bench-window-floor: a bare window with as many plain boxes as a page of tabs has, and the same jobs.
 
-#include "bench/Painted.h"
+#include "bench/ui/Painted.h"
 
 #include <QApplication>
 #include <QGridLayout>

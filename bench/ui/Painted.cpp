@@ -1,4 +1,4 @@
-#include "bench/Painted.h"
+#include "bench/ui/Painted.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

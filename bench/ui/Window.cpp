@@ -1,7 +1,7 @@
 // velmora-bench-window: the desktop program itself, linked with this file, which waits until its window is painted,
 // does the job that VELMORA_BENCH_JOB names, prints what was measured on one line, and ends.
 
-#include "bench/Painted.h"
+#include "bench/ui/Painted.h"
 
 #include <QAction>
 #include <QApplication>
