@@ -1,5 +1,6 @@
 #include "bench/Floors.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -36,6 +37,9 @@ void WriteAll(const std::filesystem::path& path, const std::string& bytes, bool 
 Arrays Open(const std::filesystem::path& path) {
     const std::string text = ReadAll(path);
     Arrays tabs;
+    const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    for (std::vector<std::string>& field : tabs)
+        field.reserve(lines);
     const char* at = text.data();
     const char* const end = at + text.size();
     for (int line = 0; at < end; ++line) {
@@ -56,8 +60,13 @@ Arrays Open(const std::filesystem::path& path) {
 
 void Save(const std::filesystem::path& path, const std::string& header, const Arrays& tabs) {
     std::string text = header;
+    std::size_t size = header.size();
+    for (const std::vector<std::string>& field : tabs)
+        for (const std::string& tab : field)
+            size += tab.size() + 2; // a comma, or half of what ends the line
+    text.reserve(size);
     for (std::size_t i = 0; i < tabs[0].size(); ++i)
-        text += tabs[0][i] + ',' + tabs[1][i] + ',' + tabs[2][i] + "\r\n";
+        text.append(tabs[0][i]).append(",").append(tabs[1][i]).append(",").append(tabs[2][i]).append("\r\n");
     const std::filesystem::path temporary = path.string() + ".tmp";
     WriteAll(temporary, text, true);
     ::rename(temporary.c_str(), path.c_str());
@@ -66,10 +75,12 @@ void Save(const std::filesystem::path& path, const std::string& header, const Ar
 std::vector<std::string> Fill(int count) {
     std::vector<std::string> texts;
     texts.reserve(static_cast<std::size_t>(count));
-    std::array<char, 32> text{};
+    std::string text = "No.00000/x";
     for (int i = 1; i <= count; ++i) {
-        const int length = std::snprintf(text.data(), text.size(), "No.%05d/x", i);
-        texts.emplace_back(text.data(), static_cast<std::size_t>(length));
+        int rest = i;
+        for (std::size_t digit = 7; digit > 2; --digit, rest /= 10)
+            text[digit] = static_cast<char>('0' + rest % 10);
+        texts.push_back(text);
     }
     return texts;
 }
