@@ -24,7 +24,7 @@ public:
     virtual std::vector<TabTexts> ShownTexts() const = 0;
     /// Shows the box's page, which was taken back before, and gives the box the focus with `length` bytes of its text
     /// selected from byte `at` on; `length` beyond the text's end selects all of it.
-    virtual void ShowText(TabBox box, std::size_t at, std::size_t length) = 0;
+    virtual void ShowText(TabBox place, std::size_t at, std::size_t length) = 0;
 };
 
 } // namespace velmora

@@ -49,7 +49,7 @@ public:
     void TakeDown() override;
     void BringUp() override;
     std::vector<TabTexts> ShownTexts() const override;
-    void ShowText(TabBox box, std::size_t at, std::size_t length) override;
+    void ShowText(TabBox place, std::size_t at, std::size_t length) override;
 
     /// The box of field 0 to 2 in a slot from 1, or nullptr.
     QLineEdit* Box(int field, int slot) const;

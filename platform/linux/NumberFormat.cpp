@@ -203,7 +203,7 @@ std::string FormatNumber(double value, std::string_view code, bool from1904) {
     if (section->Has(FormatKind::Fraction) && section->Has(FormatKind::Digit))
         return PlainNumber(value);
     // A section for negative numbers brings its own sign.
-    const bool bringsSign = section == &sections[0] ? false : section->condition.empty();
+    const bool bringsSign = section != sections.data() && section->condition.empty();
     const bool rounded = Digits(std::abs(value), ShapeOf(*section)).AllZero() && section->Has(FormatKind::Digit);
     const bool minus = value < 0 && !bringsSign && !rounded;
     return (minus ? "-" : "") + LayOutNumber(std::abs(value), *section);

@@ -45,7 +45,6 @@ public:
     }
     [[noreturn]] void Fail(const std::string& what) const {
         qFatal("After%s\n%s", text_.c_str(), what.c_str());
-        std::abort();
     }
 
 private:

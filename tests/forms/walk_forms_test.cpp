@@ -194,7 +194,7 @@ private:
     }
     void Command() {
         QAction* command = chance_.Of(Commands());
-        if (kReplacing.count(command->menu() ? command->menu()->objectName() : command->objectName()) > 0 &&
+        if (kReplacing.contains(command->menu() ? command->menu()->objectName() : command->objectName()) &&
             !chance_.OneIn(3))
             return; // so that histories grow
         if (command->menu() && !command->menu()->isEmpty())
@@ -290,7 +290,7 @@ private:
         return windows;
     }
     bool RanAny(const std::set<QString>& names) const {
-        return std::any_of(ran_.begin(), ran_.end(), [&](const QString& name) { return names.count(name) > 0; });
+        return std::any_of(ran_.begin(), ran_.end(), [&](const QString& name) { return names.contains(name); });
     }
 
     void Check() {
