@@ -1,4 +1,4 @@
-// The floors: the least that a program could do for the same result, with no settings, checks or progress.
+// The floors: minimal programs that do only the work, with no settings, checks or progress.
 #pragma once
 
 #include <array>

@@ -8,7 +8,7 @@ namespace velmora::bench {
 
 struct Finished {
     std::string output;       ///< standard output
-    double peakMegabytes = 0; ///< the most memory that it had
+    double peakMegabytes = 0; ///< the most memory that it had, at least ours when it was started
 };
 
 /// Runs `command` (path and arguments) with `environment` ("NAME=value") on top of ours. Raises Error where it fails.

@@ -32,7 +32,6 @@ constexpr int kRounds = 11;
 constexpr int kLargeTabs = 32760;
 constexpr int kSmallTabs = 24;
 constexpr int kFilledTabs = 32000;
-constexpr const char* kFloorOfOneSheet = "--floor-of-one-sheet";
 
 class NoInterface : public UserInterface {
     class NoProgress : public Progress {
@@ -190,12 +189,13 @@ void MeasureFill(Bench& bench) {
 }
 
 void MeasureProcesses(const Bench& bench) {
-    const std::string out = (bench.folder / "process.pdf").string();
+    const std::string small = (bench.folder / "small.csv").string(), out = (bench.folder / "process.pdf").string();
+    const floors::FontFiles fonts = bench.Fonts();
     const auto pdf = [&](const char* name) {
         return RunProcess({VELMORA_BATCH, "pdf", (bench.folder / name).string(), "-o", out}).peakMegabytes;
     };
     Compare("PDF of one sheet, whole process", Timing([&] { pdf("small.csv"); }), Timing([&] {
-                RunProcess({VELMORA_BENCH, kFloorOfOneSheet, (bench.folder / "small.csv").string(), out});
+                RunProcess({VELMORA_BENCH_SHEET_FLOOR, small, out, fonts.bold.string(), fonts.regular.string()});
             }),
             "50 ms");
     Print("its peak memory; that of 1,365 sheets", "-", Fixed(pdf("small.csv"), "; ") + Fixed(pdf("large.csv"), " MB"),
@@ -252,20 +252,11 @@ void PrintTable() {
         std::printf("No display: windows are not measured (xvfb-run gives a simulated one).\n");
 }
 
-/// The least that a program does for a PDF of one sheet.
-void MakeFloorOfOneSheet(const char* document, const char* pdf) {
-    const FontconfigCatalogue catalogue;
-    floors::Pdf(pdf, floors::Open(document), FontsOf(catalogue));
-}
-
 } // namespace
 
-int main(int argc, char** argv) {
+int main() {
     try {
-        if (argc == 4 && argv[1] == std::string_view(kFloorOfOneSheet))
-            MakeFloorOfOneSheet(argv[2], argv[3]);
-        else
-            PrintTable();
+        PrintTable();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "velmora-bench: %s\n", error.what());
         return 1;

@@ -14,15 +14,17 @@ void Run(const std::string& bytes) {
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
 }
 
-/// With a few parts cut out, doubled or replaced by bytes from elsewhere in it.
+/// With a few parts cut out, doubled or replaced by bytes from elsewhere in it, or cut off.
 std::string Changed(std::string bytes, std::mt19937& random) {
     for (auto changes = 1 + random() % 4; changes > 0 && !bytes.empty(); --changes) {
         const std::size_t at = random() % bytes.size();
-        const std::string part = bytes.substr(random() % bytes.size(), random() % 9);
-        switch (random() % 4) {
+        const std::size_t from = random() % bytes.size();
+        const std::string part = bytes.substr(from, random() % 9);
+        switch (random() % 5) {
         case 0: bytes.erase(at, part.size()); break;
         case 1: bytes.insert(at, part); break;
         case 2: bytes.replace(at, part.size(), part); break;
+        case 3: bytes.resize(at); break;
         default: bytes[at] = static_cast<char>(random());
         }
     }

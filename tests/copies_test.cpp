@@ -76,9 +76,10 @@ TEST_F(CopiesTest, LoseNoKeyAndNeverShowHalfAFile) {
         const std::ptrdiff_t keys = CountKeys(ReadFile(ini));
         shrank = shrank || keys < most;
         most = std::max(most, keys);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1)); // for the others
     };
     for (const pid_t writer : writers) {
-        int status = 0;
+        int status = -1;
         while (::waitpid(writer, &status, WNOHANG) == 0)
             look();
         EXPECT_EQ(status, 0);
@@ -101,27 +102,6 @@ TEST_F(CopiesTest, LoseNoKeyAndNeverShowHalfAFile) {
             EXPECT_EQ(Value("W" + std::to_string(writer), "k" + std::to_string(key)), "v") << writer << " " << key;
     for (const auto& file : fs::directory_iterator(folder.Path()))
         EXPECT_NE(file.path().extension(), ".tmp") << file.path();
-}
-
-TEST_F(CopiesTest, GoOnAfterOneWasKilledWhileItWrote) {
-    int ready[2];
-    ASSERT_EQ(::pipe(ready), 0);
-    const pid_t holder = ::fork();
-    if (holder == 0) {
-        const int held = ::open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY);
-        ::flock(held, LOCK_EX);
-        (void)!::write(ready[1], "", 1);
-        ::pause();
-    }
-    char byte = 0;
-    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
-    const pid_t writer = StartWriter(0);
-    ::kill(holder, SIGKILL);
-    ::waitpid(holder, nullptr, 0);
-    int status = -1;
-    ::waitpid(writer, &status, 0);
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(Value("W0", "k10"), "v");
 }
 
 } // namespace

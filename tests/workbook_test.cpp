@@ -130,9 +130,13 @@ std::string XlsxBytes(const std::string& rows, std::uint32_t flags = 0) {
          {"_rels/.rels", "<Relationships>" + related("r1", "officeDocument", "xl/workbook.xml") + "</Relationships>"},
          {"xl/workbook.xml", "<workbook xmlns:r='r'><workbookPr date1904='1'/><sheets><sheet name='Chart' r:id='c'/>"
                              "<sheet name='S' r:id='s'/></sheets></workbook>"},
-         {"xl/_rels/workbook.xml.rels", "<Relationships>" + related("c", "chartsheet", "chartsheets/c.xml") +
-                                            related("s", "worksheet", "worksheets/s.xml") +
-                                            related("t", "styles", "styles.xml") + "</Relationships>"},
+         {"xl/_rels/workbook.xml.rels",
+          "<Relationships>" + related("c", "chartsheet", "chartsheets/c.xml") +
+              related("s", "worksheet", "worksheets/s.xml") + related("t", "styles", "styles.xml") +
+              related("x", "sharedStrings", "/xl/sharedStrings.xml") + "</Relationships>"},
+         {"xl/sharedStrings.xml",
+          "<sst><si><t>one &amp; all</t></si><si><r><t xml:space='preserve'>a </t></r><r><rPr/><t>b</t></r>"
+          "<rPh sb='0' eb='1'><t>no</t></rPh></si><si><t/></si><si><t>c_x000D_d</t></si></sst>"},
          {"xl/styles.xml", "<styleSheet><cellXfs><xf numFmtId='0'/><xf numFmtId='14'/><xf numFmtId='22'/>"
                            "<xf numFmtId='37'/><xf numFmtId='4'/></cellXfs></styleSheet>"},
          {"xl/worksheets/s.xml",
@@ -152,11 +156,21 @@ TEST_F(WorkbookTest, XlsxCellsOfEveryKind) {
                  {"<c t='b'><f>TRUE()</f><v>1</v></c>", "TRUE"},
                  {"<c t='e'><f>1/0</f><v>#DIV/0!</v></c>", "#DIV/0!"},
                  {"<c t='inlineStr'><is><r><t>a_x000D_</t></r><r><t>b</t></r><rPh><t>no</t></rPh></is></c>", "a b"},
-                 {"<c t='inlineStr'><is><t>_x005F_x000D_ _xyz_ _x12</t></is></c>", "_x000D_ _xyz_ _x12"}};
+                 {"<c t='inlineStr'><is><t>_x005F_x000D_ _xyz_ _x12</t></is></c>", "_x000D_ _xyz_ _x12"},
+                 {"<c t='s'><v>0</v></c>", "one & all"},
+                 {"<c t='s'><v>1</v></c>", "a b"},
+                 {"<c t='s'><v>3</v></c>", "c d"}};
     for (const auto& [cell, text] : cases) {
         const auto book = OpenBytes(XlsxBytes("<row r='2'>" + std::string(cell) + "</row>"));
         EXPECT_EQ(book->SheetNames(), std::vector<std::string>{"S"}) << "a chart is no worksheet";
         EXPECT_EQ(Read(*book, "S", {1}), (Rows{{}, {text}})) << cell;
+    }
+}
+
+TEST_F(WorkbookTest, AnXlsxTextThatIsNotThereIsDamage) {
+    for (const char* index : {"4", "-1", "x"}) {
+        const auto book = OpenBytes(XlsxBytes("<row><c t='s'><v>" + std::string(index) + "</v></c></row>"));
+        EXPECT_THROW(Read(*book, "S", {1}), WorkbookError) << index;
     }
 }
 

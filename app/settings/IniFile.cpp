@@ -54,7 +54,7 @@ private:
                 return errno;
             const auto now = std::chrono::steady_clock::now();
             if (now > deadline && !getOn())
-                return ETIMEDOUT;
+                return EBUSY; // "Device or resource busy"
             if (now > deadline)
                 deadline = now + kPatience;
             std::this_thread::sleep_for(milliseconds(1));
@@ -99,6 +99,7 @@ void IniFile::Open(const fs::path& path) {
         return;
     Flush();
     path_ = path;
+    stuck_.reset();
     stored_ = IniText();
     encoding_ = Encoding::Utf8;
     mark_ = foreign_ = false;
@@ -230,7 +231,7 @@ void IniFile::Commit(const std::vector<Change>& changes) {
     if (!path_.empty()) {
         Identity seen = Look();
         // Who met a lock that was never released does not wait again, or a start would freeze at every setting.
-        const milliseconds patience = std::exchange(stuck_, seen) == seen ? milliseconds(0) : kPatience;
+        const milliseconds patience = stuck_ == seen ? milliseconds(0) : kPatience;
         lock.emplace(path_, patience, [&] {
             stuck_ = Look();
             return std::exchange(seen, *stuck_) != *stuck_;

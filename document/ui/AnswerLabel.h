@@ -10,11 +10,12 @@ namespace velmora {
 /// A description that goes from control to control.
 class Description {
 public:
-    /// The control before loses it; a control with a description of its own keeps that. nullptr: nobody has it.
+    /// The control before loses it; a control with a description of its own keeps that. Without a control
+    /// or a text nobody has it.
     void Give(QWidget* control, const QString& text) {
         if (told_)
             told_->setAccessibleDescription("");
-        told_ = control && control->accessibleDescription().isEmpty() ? control : nullptr;
+        told_ = control && !text.isEmpty() && control->accessibleDescription().isEmpty() ? control : nullptr;
         if (told_)
             told_->setAccessibleDescription(text);
     }

@@ -75,7 +75,6 @@ void frmImport::BuildUi(const ImportChoice& choice) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     Named(buttons->button(QDialogButtonBox::Cancel), "cmdCancel");
     auto* cmdImport = Named(buttons->addButton(tr("&Import"), QDialogButtonBox::AcceptRole), "cmdImport");
-    cmdImport->setDefault(true);
     AddHelpButton(*buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -84,7 +83,8 @@ void frmImport::BuildUi(const ImportChoice& choice) {
     layout->addWidget(tblPreview_, 1);
     layout->addLayout(entries);
     layout->addWidget(buttons);
-    cmdImport->setFocus(); // one Enter takes what is shown
+    cmdImport->setDefault(true); // in the dialog by now: Enter imports from every control
+    cmdImport->setFocus();
 }
 
 void frmImport::BuildPreview() {

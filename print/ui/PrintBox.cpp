@@ -88,6 +88,7 @@ std::vector<int> PrintBox::ChosenSheets() const {
 /// Says beside the choice why it cannot be printed; a range that is still to come is no mistake.
 void PrintBox::ShowChoice(int sheet) {
     sheet_ = sheet;
+    lblPrinted_->Say("");
     lblPrinted_->hide();
     QString fault;
     try {

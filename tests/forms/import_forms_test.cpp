@@ -16,6 +16,12 @@ using namespace velmora;
 
 using Rows = std::vector<std::vector<std::string>>;
 
+/// `asked` tells when it has come.
+void ExpectSheetQuestion(RunningProgram& running, bool& asked) {
+    running.test.ui.Expect("Please select the sheet to import", Icon::Question, Buttons::Ok, Answer::Ok, std::nullopt,
+                           [&asked] { asked = true; });
+}
+
 class ImportFormsTest : public QObject {
     Q_OBJECT
 
@@ -88,13 +94,14 @@ private slots:
         RunningProgram running;
         running.Start();
         Choose(running, Three());
-        running.test.ui.Expect("Please select the sheet to import", Icon::Question);
+        bool asked = false;
+        ExpectSheetQuestion(running, asked);
         Announce(running, Three());
         {
-            const DialogAnswer select("frmSelectSheet", [](QDialog& dialog) {
+            const DialogAnswer select("frmSelectSheet", [&asked](QDialog& dialog) {
                 auto& list = In<QListWidget>(dialog, "lstSheets");
                 QCOMPARE(list.count(), 3);
-                QTest::qWait(1); // the prompt follows the activation
+                QTRY_VERIFY(asked); // the prompt follows the activation
                 QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(2)).center());
             });
             const DialogAnswer import("frmImport", [](QDialog& dialog) { dialog.accept(); });
@@ -108,11 +115,12 @@ private slots:
         running.Start();
         running.program.main.document.FieldA(1) = "typed";
         Choose(running, Three());
-        running.test.ui.Expect("Please select the sheet to import", Icon::Question);
+        bool asked = false;
+        ExpectSheetQuestion(running, asked);
         running.test.ui.Expect("You have not selected a work sheet to import", Icon::Critical);
         {
-            const DialogAnswer select("frmSelectSheet", [](QDialog& dialog) {
-                QTest::qWait(1);
+            const DialogAnswer select("frmSelectSheet", [&asked](QDialog& dialog) {
+                QTRY_VERIFY(asked);
                 In<QPushButton>(dialog, "cmsCancel").click();
             });
             running.Trigger("mnuImport");
@@ -144,6 +152,9 @@ private slots:
                 QCOMPARE(Titles(dialog), (QStringList{"A - Client", "B - Year", "C", "D - File\nField A Field B"}));
                 QCOMPARE(Shown(dialog, 0), (QStringList{"Smith", "2024", "", "7"}));
                 QCOMPARE(In<QComboBox>(dialog, "cboField1").currentText(), QString("D - File"));
+                In<QPushButton>(dialog, "cmdCancel").setFocus();
+                In<QComboBox>(dialog, "cboField1").setFocus();
+                QVERIFY(In<QPushButton>(dialog, "cmdImport").isDefault());
                 In<QPushButton>(dialog, "cmdImport").click();
             });
             running.Trigger("mnuImport");

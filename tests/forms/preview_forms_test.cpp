@@ -165,6 +165,12 @@ private slots:
                 QVERIFY2(WithoutDate(printers_.bytes) == PdfOf(running, row.sheets), row.option);
                 QVERIFY(preview.Get<QLabel>("lblPrinted").text().startsWith(QString::number(row.sheets.size())));
             }
+            auto* print = &preview.Get<QPushButton>("cmdPrint");
+            print->setFocus();
+            preview.Click("cmdPrint");
+            QVERIFY(print->accessibleDescription().contains("3 sheets"));
+            preview.Type("txtRange", "4,1-2");
+            QCOMPARE(print->accessibleDescription(), QString());
             running.test.ui.ExpectChooser("Save as PDF", running.test.folder / "out.pdf");
             preview.Click("cmdSavePdf");
             QVERIFY(WithoutDate(ReadFile(running.test.folder / "out.pdf")) == PdfOf(running, {4, 1, 2}));
@@ -172,7 +178,7 @@ private slots:
             running.test.ui.Expect("Too large\r\nCalled from Function: PrintReport", Icon::Critical);
             preview.Click("cmdPrint");
         });
-        QCOMPARE(printers_.jobs.size(), 5u);
+        QCOMPARE(printers_.jobs.size(), 6u);
     }
 
     void aWrongRangeIsSaidWhileItIsTyped() {
@@ -258,8 +264,9 @@ private slots:
         running.program.main.editor->BringUp();
         InPreview(running, [](Preview& preview) {
             preview.display.viewport()->repaint();
-            QTest::qWait(0); // the check begins behind the first paint
-            QVERIFY(!preview.Get<QWidget>("fraFindings").isVisible());
+            QCoreApplication::sendPostedEvents(); // the check begins behind the first paint
+            QCoreApplication::processEvents();
+            QTRY_VERIFY(!preview.Get<QWidget>("fraFindings").isVisible());
         });
     }
 
@@ -284,17 +291,6 @@ private slots:
         QCOMPARE(darkest(), 255);
         display.SetSheet({{210, 297, false}, {{"text", {0, 0, 11000, 16000}}}, {}, {}});
         QVERIFY(darkest() < 128);
-    }
-
-    void theBuiltInPrinterAsksForItsPath() {
-        RunningProgram running;
-        running.Start(0, 1, 1);
-        running.program.main.globals.PrinterName = kPdfPrinter;
-        InPreview(running, [&](Preview& preview) {
-            running.test.ui.ExpectChooser("Save as PDF", running.test.folder / "out.pdf");
-            preview.Click("cmdPrint");
-            QVERIFY(WithoutDate(ReadFile(running.test.folder / "out.pdf")) == PdfOf(running, {1}));
-        });
     }
 };
 

@@ -130,7 +130,7 @@ int PdfFile::Picture::DarkPixels() const {
 }
 
 int PdfFile::Picture::DarkPixels(int row) const {
-    const auto start = pixels.begin() + std::ptrdiff_t{row} * width;
+    const auto start = pixels.begin() + static_cast<std::ptrdiff_t>(row) * width;
     return static_cast<int>(std::count_if(start, start + width, IsDarkGrey));
 }
 

@@ -6,7 +6,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace velmora {
@@ -67,22 +66,6 @@ TEST(IniFile, SeesEachChangeOfAnotherProgramAtOnce) {
     }
     fs::remove(folder / "a.ini");
     EXPECT_EQ(file.Text().ReadInt("s", "k", -1), -1);
-}
-
-TEST(IniFile, TenProgramsLoseNoKey) {
-    const TemporaryFolder folder;
-    for (char name = 'a'; name < 'k'; ++name)
-        if (::fork() == 0) {
-            IniFile file(folder / "a.ini");
-            for (int i = 0; i < 20; ++i)
-                file.Write("s", name + std::to_string(i), "1");
-            ::_exit(0);
-        }
-    for (int status = -1; ::wait(&status) > 0;)
-        EXPECT_EQ(status, 0);
-    const std::string keys = IniFile(folder / "a.ini").Text().ListKeys("s");
-    EXPECT_EQ(std::count(keys.begin(), keys.end(), '\0'), 200);
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1) << "something was left behind";
 }
 
 TEST(IniFile, TellsWhatCanNotBeWritten) {
