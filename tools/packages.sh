@@ -45,6 +45,11 @@ clang-tidy          command -v clang-tidy
 cppcheck            command -v cppcheck
 '
 
+# For ./test --coverage.
+COVERAGE_PACKAGES='
+gcovr               command -v gcovr
+'
+
 has_pkg() { pkg-config --exists "$1"; }
 has_file() { [ -e "/usr/$1" ] || [ -e "/usr/local/$1" ]; }
 has_font() { fc-list "$1" 2>/dev/null | grep -q .; }
