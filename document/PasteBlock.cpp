@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "document/Dialogs.h"
-#include "document/TabFile.h"
+#include "document/TextList.h"
 
 #include <algorithm>
 #include <string>
@@ -10,6 +10,8 @@
 
 namespace velmora {
 namespace {
+
+constexpr char kSeparator = '\t';
 
 /// One text on its way to a box.
 struct Cell {
@@ -36,14 +38,14 @@ void AddCell(Block& block, const TabDocument& document, TabBox box, std::string_
 
 Block TakeApart(const TabDocument& document, TabBox from, std::string_view text) {
     Block block;
-    LineReader lines(text);
     TabBox box = from;
-    for (std::string_view line; lines.Next(line); ++box.tab) {
+    for (const std::vector<std::string>& row : ParseTextList(text, kSeparator)) {
         box.field = from.field;
-        for (const std::string_view column : Split(line, '\t')) {
+        for (const std::string& column : row) {
             AddCell(block, document, box, column);
             ++box.field;
         }
+        ++box.tab;
     }
     return block;
 }

@@ -1,4 +1,5 @@
-// A block copied from a spreadsheet, lines of columns separated by tabs, fills tabs from one on.
+// A block copied from a spreadsheet, lines of columns separated by tabs, fills tabs from one on. A cell of several
+// lines comes in quotation marks.
 #pragma once
 
 #include "document/Undo.h"

@@ -207,7 +207,7 @@ private slots:
         RunningProgram running;
         running.Start(0, 2, 1);
         running.Box("TextA1(23)")->setFocus();
-        QApplication::clipboard()->setText("x\t1\tgone\r\ny with more than twenty letters\t2\r\nz\t3\r\n");
+        QApplication::clipboard()->setText("x\t1\tgone\r\n\"y with more\nthan twenty letters\"\t2\r\nz\t3\r\n");
         const std::string question =
             "Texts without a tab or field to go to, which will be left out: 3\r\n"
             "Texts over the length of their field, which will be cut: 1\r\nDo you want to paste the rest?";
