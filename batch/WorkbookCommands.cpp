@@ -51,6 +51,14 @@ Worksheet ReadSheet(const ConvertArguments& arguments, const std::string& text) 
     return ReadWorksheet(*workbook, ChooseSheet(*workbook, arguments.sheet), OptionsOf(arguments));
 }
 
+/// As tab files are read, but also in the encoding that a spreadsheet calls Unicode text.
+std::string ReadText(const std::string& path) {
+    const std::string bytes = ReadInput(path);
+    const std::vector<ListEncoding> encodings = FittingEncodings(bytes);
+    const bool utf16 = !encodings.empty() && encodings.front() == ListEncoding::Utf16;
+    return utf16 ? DecodeList(bytes, ListEncoding::Utf16) : bytes;
+}
+
 /// Puts what the command line says in the place of what the input says, in its header or in the settings.
 template <typename Source>
 void Overrule(Source& source, const ConvertArguments& arguments, int fields, SettingsStore& settings) {
@@ -66,7 +74,7 @@ void Overrule(Source& source, const ConvertArguments& arguments, int fields, Set
 }
 
 void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
-    const std::string bytes = WorkbookFormatOf(arguments.input) ? "" : ReadInput(arguments.input);
+    const std::string bytes = WorkbookFormatOf(arguments.input) ? "" : ReadText(arguments.input);
     NamingFile(arguments.input, [&] {
         // A tab file knows no quotes, so its own reader takes it.
         TabFile file = ParseTabFile(bytes);

@@ -361,6 +361,9 @@ TEST_F(BatchTest, ConvertsListsAndWorkbooks) {
         ASSERT_EQ(Batch("convert " + book + " back.csv --no-header --type 5").code, 0);
         EXPECT_TRUE(ReadFile(folder / "back.csv").starts_with("007,Smith; John,\r\n,,\r\n")) << book;
     }
+    Write("unicode.txt", std::string("\xFF\xFE\xE9\0\t\0b\0\r\0\n\0", 12)); // a spreadsheet's "Unicode text"
+    ASSERT_EQ(Batch("convert unicode.txt back.csv --no-header").code, 0);
+    EXPECT_TRUE(ReadFile(folder / "back.csv").starts_with("é,b,\r\n"));
     ASSERT_EQ(Batch("convert list.csv tabs.csv --type 4").code, 0);
     ASSERT_EQ(Batch("convert tabs.csv other.csv --fields 3").code, 0);
     EXPECT_NE(ReadFile(folder / "other.csv").find("DL_v,4,3\r\n"), std::string::npos);
