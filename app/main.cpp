@@ -1,11 +1,8 @@
 // The desktop program: makes the one struct that is the running program, opens its window and waits for commands.
 
-#include "app/Main.h"
 #include "app/Version.h"
 #include "app/settings/Validate.h"
-#include "app/ui/SetupForms.h"
-#include "app/ui/frmSettings.h"
-#include "app/ui/mdiVelmora.h"
+#include "app/ui/QtForms.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
 #include "platform/linux/LibraryWorkbooks.h"
@@ -37,23 +34,17 @@ void LayOut(const std::filesystem::path& images, const std::filesystem::path& ta
         UnpackBundledFiles("Tabs", tabs);
 }
 
-/// The main window lives from the start-up's call to the end of the process.
-class QtForms : public Forms {
+/// Before the window, what it shows at first is laid out in the folders that the start-up may have made.
+class InstalledForms : public QtForms {
 public:
-    explicit QtForms(Program& program) : program_(program) {}
+    explicit InstalledForms(Program& program) : QtForms(program), globals_(program.main.globals) {}
     void ShowMainWindow() override {
-        LayOut(program_.main.globals.ImagesPath, program_.main.globals.TabsPath); // which the start may have made
-        window_ = std::make_unique<mdiVelmora>(program_);
-        window_->show();
+        LayOut(globals_.ImagesPath, globals_.TabsPath);
+        QtForms::ShowMainWindow();
     }
-    void ShowPrinterSetup() override { velmora::ShowPrinterSetup(program_, window_.get()); }
-    void ShowMarginSetup() override { velmora::ShowMarginSetup(program_, window_.get()); }
-    LoadOutcome ShowPageSetup() override { return velmora::ShowPageSetup(program_, window_.get()); }
-    void ShowSettingsEditor() override { frmSettings(program_.main).exec(); }
 
 private:
-    Program& program_;
-    std::unique_ptr<mdiVelmora> window_;
+    const GlobalConfiguration& globals_;
 };
 
 /// The arguments as the system gave them: a file's name need not be UTF-8.
@@ -82,7 +73,7 @@ int Run(const std::string& commandLine) {
     program.main.drives = &drives;
     LinuxDesktop desktop(environment);
     program.desktop = &desktop;
-    QtForms forms(program);
+    InstalledForms forms(program);
     if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;
     return QApplication::exec();

@@ -3,6 +3,7 @@
 #include "base/AtomicFile.h"
 #include "platform/linux/ProgramFolder.h"
 #include "print/Margins.h"
+#include "tests/support/FewFonts.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -15,13 +16,6 @@ namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
-
-class NoFonts : public FontCatalogue {
-public:
-    std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
-    std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
-    std::vector<std::string> Families() const override { return {}; }
-};
 
 /// Notes what was opened, in order; the main window's opening may set things up.
 class NotingForms : public Forms {
@@ -44,7 +38,7 @@ public:
 
 struct StartTest : testing::Test {
     TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
-    NoFonts fonts;
+    FewFonts fonts;
     Program program{test.main, {}, fonts, {}, {}, {}};
     NotingForms forms;
 
@@ -77,16 +71,6 @@ TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
     test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
     EXPECT_EQ(Start("SETTINGS x"), StartOutcome::Running);
-}
-
-TEST_F(StartTest, AFileOnTheCommandLineIsOpened) {
-    ReplaceFile(test.folder / "a.csv", "one\r\ntwo\r\n");
-    test.ui.Expect("The file: [" + (test.folder / "a.csv").string() +
-                       "] is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!",
-                   Icon::Information);
-    Start((test.folder / "a.csv").string());
-    EXPECT_EQ(program.main.document.FieldA(2), "two");
-    EXPECT_EQ(program.main.document.DocFileName, test.folder / "a.csv");
 }
 
 TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
@@ -231,7 +215,7 @@ TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {
     fs::create_directories(deep / "Images");
     fs::create_directories(deep / "Tabs");
     test.settings.ProgramFolder = deep;
-    const NoFonts fonts;
+    const FewFonts fonts;
     Program program{test.main, {}, fonts, {}, {}, {}};
     NotingForms forms;
     forms.whenShown = [&] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };

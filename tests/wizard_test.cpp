@@ -4,6 +4,7 @@
 #include "document/Undo.h"
 #include "tests/support/Documents.h"
 #include "tests/support/FakeEditor.h"
+#include "tests/support/FewFonts.h"
 #include "tests/support/TestProgram.h"
 #include "wizard/AppendWizardTabs.h"
 #include "wizard/FontPage.h"
@@ -291,18 +292,6 @@ TEST_F(WizardTest, WhatIsTooLargeLeavesAllAsItWas) {
     EXPECT_EQ(document.FieldA(32724), "32724");
 }
 
-/// Has the families given; replaces any other by the first.
-struct FewFonts : FontCatalogue {
-    std::vector<std::string> families;
-
-    explicit FewFonts(std::vector<std::string> names) : families(std::move(names)) {}
-    std::optional<FontFile> Match(const FontRequest&) const override {
-        return families.empty() ? std::nullopt : std::optional(FontFile{"", 0, families[0]});
-    }
-    std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
-    std::vector<std::string> Families() const override { return families; }
-};
-
 TEST_F(WizardTest, WhatIsStoredCanBeChosenOnTheFontPage) {
     MakeDocument(1, 3);
     main.fonts[0].Name = "Garamond";
@@ -317,7 +306,7 @@ TEST_F(WizardTest, WhatIsStoredCanBeChosenOnTheFontPage) {
             joined += choice.Caption + "|";
         return joined;
     };
-    const FewFonts few({"Arimo", "Bitter", "Tinos"}), none({});
+    const FewFonts few({"Arimo", "Bitter", "Tinos"}), none;
     const FontPage page(main, few);
     const char* wanted[] = {"Arimo|Bitter|Garamond (replaced by Arimo)|Tinos|", "Arimo|Bitter|Tinos|",
                             "Arimo|Bitter|Tinos|Zilla (replaced by Arimo)|"};

@@ -1,9 +1,7 @@
 // A started program with its window, on the offscreen platform.
 #pragma once
 
-#include "app/Main.h"
-#include "app/ui/SetupForms.h"
-#include "app/ui/mdiVelmora.h"
+#include "app/ui/QtForms.h"
 #include "base/AtomicFile.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/Margins.h"
@@ -26,30 +24,27 @@ inline void FailOnWarnings() {
     });
 }
 
-class RunningProgram : public Forms {
+class RunningProgram {
 public:
     /// `printers` null: the built-in ones.
     explicit RunningProgram(PrintSystem* printers = nullptr)
         : test([](const std::string& text) { qFatal("%s", text.c_str()); }),
-          program{{test.settings, test.ui, printers ? *printers : test.printers, test.workbooks, {}, {}, {}}, {}, fonts, {}, {}, {}} {
+          program{{test.settings, test.ui, printers ? *printers : test.printers, test.workbooks, {}, {}, {}},
+                  {},
+                  fonts,
+                  {},
+                  {},
+                  {}} {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
         test.Store("Settings", "Start with setup", "False");
         SaveDefaultMargins(test.settings, 0, "A4_8", {}); // a start that asks nothing
     }
-    void ShowMainWindow() override {
-        window = std::make_unique<mdiVelmora>(program);
-        window->show();
-        window->activateWindow();
-    }
-    void ShowPrinterSetup() override { velmora::ShowPrinterSetup(program, window.get()); }
-    void ShowMarginSetup() override { velmora::ShowMarginSetup(program, window.get()); }
-    LoadOutcome ShowPageSetup() override { return velmora::ShowPageSetup(program, window.get()); }
-    void ShowSettingsEditor() override {}
     void Start(const std::string& commandLine = "") {
-        Main(program, commandLine, *this);
+        Main(program, commandLine, forms);
+        window = forms.Window();
         window->activateWindow(); // a dialog may have been in front
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QVERIFY(QTest::qWaitForWindowActive(window));
     }
     void Start(int type, int fields, int pages) {
         const int tabs = FindTabType(type)->TabsPerPage() * pages;
@@ -69,7 +64,8 @@ public:
     FontconfigCatalogue fonts;
     TestProgram test;
     Program program;
-    std::unique_ptr<mdiVelmora> window;
+    QtForms forms{program};
+    mdiVelmora* window = nullptr; ///< once started
 };
 
 } // namespace velmora

@@ -177,10 +177,10 @@ class AccessibilityFormsTest : public QObject {
     void LookAtImport(RunningProgram& running) {
         using Rows = std::vector<std::vector<std::string>>;
         const ImportRequest request{"list.csv", {ListEncoding::Utf8}, [](const ImportChoice&) { return Rows{{"a"}}; }};
-        frmImport import(running.program.main, request, {}, running.window.get());
+        frmImport import(running.program.main, request, {}, running.window);
         LookAndClose(import);
         running.test.ui.Expect("Please select the sheet to import", Icon::Question);
-        frmSelectSheet select(running.program.main, {"one", "two"}, running.window.get());
+        frmSelectSheet select(running.program.main, {"one", "two"}, running.window);
         LookAndClose(select);
     }
     void LookAtPrinterWizard(RunningProgram& running) {
@@ -321,17 +321,6 @@ private slots:
                 QVERIFY2(label->buddy() || spoken.contains(label->text()), qPrintable(label->text()));
         }
         QCOMPARE(wizard->findChild<QWidget*>("cmdNext")->accessibleDescription(), QString());
-    }
-
-    void theToolbarsOwnCommandsHaveKeys() {
-        RunningProgram running(&printers_);
-        Start(running, 1);
-        const DialogAnswer answer("frmPageSetUp", [](QDialog& dialog) { dialog.reject(); });
-        QTest::keyClick(running.window->focusWidget(), Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
-        running.window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(running.window.get()));
-        QTest::keyClick(running.window->focusWidget(), Qt::Key_T, Qt::ControlModifier);
-        QVERIFY(running.window->findChild<QWidget*>("frmAutoRepWiz7"));
     }
 };
 

@@ -283,10 +283,10 @@ private slots:
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(QString::fromStdString((running.test.folder / "drop.csv").string()))});
         QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(running.window.get(), &enter);
+        QApplication::sendEvent(running.window, &enter);
         QVERIFY(enter.isAccepted());
         QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(running.window.get(), &drop);
+        QApplication::sendEvent(running.window, &drop);
         QVERIFY2(running.Box("TextA1(1)")->text().isEmpty(), "the other program waits while this one asks");
         QTRY_COMPARE(running.Box("TextA1(1)")->text(), QString("dropped"));
     }

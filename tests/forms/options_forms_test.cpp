@@ -51,7 +51,7 @@ private slots:
         running.program.main.globals.StartWithSetup = true;
         SaveGlobals(running.program.main);
         for (const char* button : {"cmdCancel", "cmdOk"}) {
-            frmOptionsPage form(running.program.main, running.window.get());
+            frmOptionsPage form(running.program.main, running.window);
             form.show();
             for (const char* box : {"chkAskBeforeDelete", "chkStartWithSetup"}) {
                 QVERIFY(form.findChild<QCheckBox*>(box)->isChecked());
@@ -62,7 +62,7 @@ private slots:
         }
         QCOMPARE(running.test.Stored("Settings", "Ask before delete"), std::string("False"));
         QCOMPARE(running.program.main.globals.StartWithSetup, false);
-        frmOptionsPage form(running.program.main, running.window.get());
+        frmOptionsPage form(running.program.main, running.window);
         form.show();
         QVERIFY(!form.findChild<QCheckBox*>("chkStartWithSetup")->isChecked());
         Click(form, "Command1");
@@ -77,7 +77,7 @@ private slots:
     void theAboutBoxNamesTheVersion() {
         RunningProgram running;
         running.Start();
-        frmAbout form(running.program, running.window.get());
+        frmAbout form(running.program, running.window);
         form.show();
         QCOMPARE(form.findChild<QLabel*>("lblVersion")->text(), QString("Version number:8.1.0"));
         QCOMPARE(form.findChild<QLabel*>("lblTitle")->text(), QString("Velmora"));
@@ -167,7 +167,7 @@ private slots:
         auto* page = help->findChild<QTextBrowser*>("txtPage");
         QCOMPARE(page->source().fileName(), QString("welcome.html"));
         {
-            frmOptionsPage form(running.program.main, running.window.get());
+            frmOptionsPage form(running.program.main, running.window);
             form.open();
             QTest::keyClick(form.findChild<QWidget*>("cmdOk"), Qt::Key_F1);
             QCOMPARE(page->source().fileName(), QString("settings.html"));
@@ -187,7 +187,7 @@ private slots:
     void aDialogThatGoesTakesTheHelpAlong() {
         RunningProgram running;
         running.Start();
-        auto* form = new frmAbout(running.program, running.window.get());
+        auto* form = new frmAbout(running.program, running.window);
         form->show();
         RequestHelp(*form);
         delete form;

@@ -3,6 +3,7 @@
 #include "print/ui/frmPreview.h"
 #include "tests/forms/RunningProgram.h"
 #include "tests/support/FakePrinters.h"
+#include "tests/support/FewFonts.h"
 
 #include <QComboBox>
 #include <QListView>
@@ -271,12 +272,7 @@ private slots:
     }
 
     void withoutFontsTheSheetSaysSo() {
-        struct NoFonts : FontCatalogue {
-            std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
-            std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
-            std::vector<std::string> Families() const override { return {}; }
-        };
-        const NoFonts fonts;
+        const FewFonts fonts;
         SheetDisplay display(fonts, {}, nullptr);
         display.resize(400, 400);
         const auto darkest = [&] {

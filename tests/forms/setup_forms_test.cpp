@@ -169,25 +169,6 @@ private slots:
         QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2")); // the toolbar's way
     }
 
-    void okRebuildsTheGrid() {
-        RunningProgram running;
-        CopyPictures(running);
-        running.Start(5, 1, 1);
-        running.program.main.document.StationeryType = running.program.main.document.LayoutName = "DL_h";
-        Write(running.test.settings, kStationeryType, "DL_h");
-        running.program.main.document.CurrentTab = 2; // no emptying
-        Within(running, "mnuPgSetup", "frmPageSetUp", [](const Shown& form) {
-            form.Click("optPgsize(4)");
-            form.Click("optField2");
-            QTest::keyClick(&form.dialog, Qt::Key_Return);
-        });
-        QCOMPARE(running.Box("TextA1(2)")->text(), QString("a2"));
-        QVERIFY(running.Box("TextA2(21)") && !running.Box("TextA3(21)"));
-        QCOMPARE(running.test.Stored("Settings", "Stationery Type"), std::string("DL_h"));
-        QVERIFY(running.window->isWindowModified());
-        QVERIFY(running.window->findChild<QAction*>("mnuUndo")->text().endsWith("Page Setup"));
-    }
-
     void thePrinterWizardStoresItsFourSettings() {
         RunningProgram running;
         CopyPictures(running);

@@ -78,30 +78,23 @@ struct Machine {
     RegistryFile registry{folder / "Velmora.reg"};
 };
 
-class WalkingProgram : public Forms {
+class WalkingProgram {
 public:
     WalkingProgram(Machine& machine, Chance& chance, Trail& trail)
         : person(chance, trail, machine.folder.Path()), settings(machine.registry, person),
           program{{settings, person, machine.printers, machine.workbooks, {}, {}, {}}, {}, machine.fonts, {}, {}, {}} {
         settings.ProgramFolder = machine.folder.Path();
-        Main(program, "", *this);
+        Main(program, "", forms);
+        window = forms.Window();
         window->activateWindow();
     }
-    void ShowMainWindow() override {
-        window = std::make_unique<mdiVelmora>(program);
-        window->show();
-        window->activateWindow();
-    }
-    void ShowPrinterSetup() override { velmora::ShowPrinterSetup(program, window.get()); }
-    void ShowMarginSetup() override { velmora::ShowMarginSetup(program, window.get()); }
-    LoadOutcome ShowPageSetup() override { return velmora::ShowPageSetup(program, window.get()); }
-    void ShowSettingsEditor() override {}
     QAction* Item(const char* name) const { return window->findChild<QAction*>(name); }
 
     AnyAnswer person;
     SettingsStore settings;
     Program program;
-    std::unique_ptr<mdiVelmora> window;
+    QtForms forms{program};
+    mdiVelmora* window = nullptr;
 };
 
 /// After these the document may be another one, or the saved one.
@@ -144,7 +137,7 @@ private:
         trail_.Note("\nstart");
         running_ = std::make_unique<WalkingProgram>(machine_, chance_, trail_);
         meddler_.Settle();
-        Need(QTest::qWaitForWindowActive(running_->window.get()), "the start");
+        Need(QTest::qWaitForWindowActive(running_->window), "the start");
         for (QAction* action : running_->window->findChildren<QAction*>())
             QObject::connect(action, &QAction::triggered, &meddler_,
                              [this, name = action->objectName()] { ran_.insert(name); });
@@ -255,7 +248,7 @@ private:
             return;
         QWidget& window = *std::next(beside.begin(), chance_.Below(static_cast<int>(beside.size())))->second;
         trail_.Note("\nbeside {" + window.objectName().toStdString() + "}");
-        if (chance_.OneIn(3) && &window != running_->window.get())
+        if (chance_.OneIn(3) && &window != running_->window)
             window.close();
         else
             meddler_.Meddle(window);

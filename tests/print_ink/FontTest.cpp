@@ -2,6 +2,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "tests/print_ink/Ink.h"
+#include "tests/support/FewFonts.h"
 
 #include <gtest/gtest.h>
 
@@ -68,12 +69,8 @@ TEST(FontFace, AFileThatIsNoFontIsAnError) {
 }
 
 TEST(TextShaper, AMachineWithoutFontsIsAnErrorNotAnEmptySheet) {
-    struct NoFonts : FontCatalogue {
-        std::optional<FontFile> Match(const FontRequest&) const override { return std::nullopt; }
-        std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override { return std::nullopt; }
-        std::vector<std::string> Families() const override { return {}; }
-    } const catalogue;
-    TextShaper shaper(catalogue, {});
+    const FewFonts none;
+    TextShaper shaper(none, {});
     EXPECT_THROW(shaper.Shape("text", 0), Error);
 }
 

@@ -1,0 +1,29 @@
+#include "app/ui/QtForms.h"
+
+#include "app/ui/SetupForms.h"
+#include "app/ui/frmSettings.h"
+
+namespace velmora {
+
+void QtForms::ShowMainWindow() {
+    window_ = std::make_unique<mdiVelmora>(program_);
+    window_->show();
+}
+
+void QtForms::ShowPrinterSetup() {
+    velmora::ShowPrinterSetup(program_, Window());
+}
+
+void QtForms::ShowMarginSetup() {
+    velmora::ShowMarginSetup(program_, Window());
+}
+
+LoadOutcome QtForms::ShowPageSetup() {
+    return velmora::ShowPageSetup(program_, Window());
+}
+
+void QtForms::ShowSettingsEditor() {
+    frmSettings(program_.main).exec();
+}
+
+} // namespace velmora

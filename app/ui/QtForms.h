@@ -1,0 +1,27 @@
+// The windows that the start-up opens, as they are on the screen.
+#pragma once
+
+#include "app/Main.h"
+#include "app/ui/mdiVelmora.h"
+
+#include <memory>
+
+namespace velmora {
+
+class QtForms : public Forms {
+public:
+    explicit QtForms(Program& program) : program_(program) {}
+    void ShowMainWindow() override;
+    void ShowPrinterSetup() override;
+    void ShowMarginSetup() override;
+    LoadOutcome ShowPageSetup() override;
+    void ShowSettingsEditor() override;
+    /// The main window, which lives as long as this; null before the start-up has opened it.
+    mdiVelmora* Window() const { return window_.get(); }
+
+private:
+    Program& program_;
+    std::unique_ptr<mdiVelmora> window_;
+};
+
+} // namespace velmora
