@@ -21,14 +21,6 @@ struct DocumentTest : testing::Test {
     }
 };
 
-class Panels : public MainWindowStatus {
-public:
-    void SetPanel(int panel, const std::string& text) override { panels[panel] = text; }
-    void SetCaption(const std::string& text) override { caption = text; }
-    std::map<int, std::string> panels;
-    std::string caption;
-};
-
 TEST(Catalogue, UnknownTypesChangeNothing) {
     TabDocument document;
     document.OptType = 7;
@@ -100,13 +92,11 @@ TEST_F(DocumentTest, NewDocumentIsOneEmptyPageOfTheType) {
     document.CurrentTab = 30;
     document.OptType = 5;
     document.DocFileName = "old.csv";
-    Panels panels;
-    program.main.status = &panels;
     NewDocument(program.main);
     EXPECT_EQ(document.TabCount, 12);
     EXPECT_EQ(document.CurrentPage, 1);
     EXPECT_EQ(document.FieldA(1), "");
-    EXPECT_EQ(panels.caption, "Velmora [Untitled]");
+    EXPECT_TRUE(document.DocFileName.empty());
 }
 
 TEST_F(DocumentTest, TooManyTabsAreAnOverflowAndChangeNothing) {
@@ -169,14 +159,6 @@ TEST_F(DocumentTest, AnInvalidFontValueIsMendedInTheFile) {
     EXPECT_EQ(program.Stored("Font Settings", "Font Bold 3"), "False");
 }
 
-TEST_F(DocumentTest, FontSettingsAreReadBackAsTheyWereSaved) {
-    FontSettings fonts;
-    fonts[1] = {"Liberation Serif", 14, true, false, true, kAlignCentre, kAlignBottom};
-    SaveFontSettings(program.settings, fonts);
-    LoadFontSettings(program.settings, program.main.fonts);
-    EXPECT_EQ(program.main.fonts, fonts);
-}
-
 TEST(NoPrinter, EndsTheProgramWithItsMessage) {
     TestProgram program([](const std::string& text) { ADD_FAILURE() << text; }, false);
     program.ui.Expect("You must first install a default printer before you can use this application.\r\n"
@@ -196,20 +178,6 @@ TEST_F(DocumentTest, OldRegistrySettingsMoveInBeforeAnythingIsRead) {
     EXPECT_EQ(program.Stored("Paths", "Application"), "C:\\Velmora\\");
     RegistryValue value;
     EXPECT_EQ(program.registry.Query(key + "Settings", "OptType", value), RegistryCode::FileNotFound);
-}
-
-TEST_F(DocumentTest, TheStatusLineShowsTheDocument) {
-    Panels panels;
-    program.main.status = &panels;
-    program.Store("Settings", "No Of Fields", "1");
-    LoadGlobals(program.main);
-    NewDocument(program.main);
-    RefreshDocumentStatus(program.main);
-    EXPECT_EQ(panels.panels[1], "Stationery: A4");
-    EXPECT_EQ(panels.panels[2], "Tab Type: 8 rows, 3  Columns");
-    EXPECT_EQ(panels.panels[3], "No of fields: 1");
-    EXPECT_EQ(panels.panels[4], "Pg No: 1 of 1");
-    EXPECT_EQ(panels.panels[5], "No of tabs: 24");
 }
 
 TEST_F(DocumentTest, AFirstRefreshReadsTheDocumentsProperties) {

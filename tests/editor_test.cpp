@@ -68,15 +68,5 @@ TEST_F(EditorTest, EnteringABoxSetsTheCurrentTab) {
     EXPECT_EQ(document.CurrentTab, 53) << "a number beyond 16 bits changes nothing";
 }
 
-TEST_F(EditorTest, TypingIsCutAtTheFieldsLimit) {
-    MakeDocument(0, 3);
-    EXPECT_EQ(EditBox(program.main, 1, 0, std::string(20, 'x')), std::string(20, 'x'));
-    EXPECT_EQ(program.ui.beeps, 0);
-    EXPECT_EQ(EditBox(program.main, 1, 0, std::string(21, 'x')), std::string(20, 'x'));
-    EXPECT_EQ(EditBox(program.main, 1, 2, "ëëëëëëëëëëx"), "ëëëëëëëëëë");
-    EXPECT_EQ(program.ui.beeps, 2);
-    EXPECT_TRUE(document.DocChanged);
-}
-
 } // namespace
 } // namespace velmora

@@ -116,21 +116,6 @@ TEST_F(ImportTest, AHeaderAsksForNoColumns) {
     EXPECT_EQ(dialogs.asked, 0);
 }
 
-TEST_F(ImportTest, ColumnsGoToTheFieldsChosenForThem) {
-    const fs::path path = Data("cells.xlsx");
-    dialogs.sheet = "Cells";
-    dialogs.change = [](ImportChoice& choice) {
-        choice.cells = {{3, 0, 2}, true};
-        return true;
-    };
-    ChooseForeign(path);
-    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
-    EXPECT_EQ(dialogs.shown.at(0), (std::vector<std::string>{"Müller, Ž 日本", "007", "42"}));
-    EXPECT_EQ(Tab(1), "1,234.50||01/03/2024");
-    EXPECT_EQ(Tab(2), "||") << "a blank row between others is an empty tab";
-    EXPECT_EQ(Tab(3), "0.1||TRUE");
-}
-
 TEST_F(ImportTest, WhatFailsOrIsCancelledChangesNothing) {
     const std::string failed = "The file could not be opened successfully";
     const std::string notFinished = "Could not finish process";
@@ -250,17 +235,6 @@ TEST_F(ImportTest, NoImportedColumnStaysHidden) {
     EXPECT_EQ(document.FieldB(1), "b");
     EXPECT_EQ(document.NoOfFields, 2);
     EXPECT_EQ(document.Limits.MaxLenField2, 20);
-}
-
-TEST_F(ImportTest, AListIsReadInTheEncodingChosen) {
-    ReplaceFile(Path("list.csv"), "\xC3\xA9,b\r\n");
-    dialogs.change = [](ImportChoice& choice) {
-        choice.encoding = ListEncoding::Windows1252;
-        return true;
-    };
-    ChooseForeign(Path("list.csv"));
-    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
-    EXPECT_EQ(Tab(1), "Ã©|b|");
 }
 
 TEST_F(ImportTest, FilesThatAreNoListsAskForNoColumns) {

@@ -68,24 +68,6 @@ TEST_F(ReportTest, EveryTypeHasItsColumnAndRow) {
     }
 }
 
-TEST_F(ReportTest, FieldsShareTheBand) {
-    MakeDocument(5, 2);
-    fonts[1].HorizontalAlignment = kAlignCentre;
-    Sheet sheet = LayOut();
-    ExpectBox(sheet.texts[0].box, 0, 21 * 56.7, 2891.7, 283.5);
-    ExpectBox(sheet.texts[1].box, 0, 21 * 56.7 + 283.5, 2891.7, 283.5);
-    EXPECT_EQ(sheet.texts[1].alignment, kAlignCentre);
-
-    MakeDocument(5, 3);
-    fonts[2].HorizontalAlignment = kAlignCentre;
-    sheet = LayOut();
-    const double second = 1445.85 - 113.4;
-    ExpectBox(sheet.texts[1].box, 0, 21 * 56.7 + 283.5, second, 283.5);
-    ExpectBox(sheet.texts[2].box, second, 21 * 56.7 + 283.5, 2891.7 - second - 113.4, 283.5);
-    EXPECT_EQ(sheet.texts[2].alignment, kAlignRight) << "whatever the third field's own setting says";
-    EXPECT_EQ(sheet.texts[2].field, 2) << "in its own font";
-}
-
 TEST_F(ReportTest, AStoredTabTopHoldsForAllStylesThatShareIt) {
     MakeDocument(0, 1);
     LayOut();

@@ -91,12 +91,6 @@ TEST_F(TabFileTest, TheHeaderReachesSettingsDocumentAndFonts) {
     EXPECT_EQ(program.main.fonts[1], (FieldFont{"Liberation Serif", 10, false, true, false, 2, 0}));
 }
 
-TEST_F(TabFileTest, AHeaderAloneIsAnEmptyPage) {
-    program.ui.Expect("There are no information to import.", Icon::Information);
-    EXPECT_EQ(Open(kHeader), OpenOutcome::Opened);
-    EXPECT_EQ(document.TabCount, 12);
-}
-
 TEST(TabFileVersion, IsFoundAnywhereInTheFirstLine) {
     EXPECT_TRUE(TestVersion8("version 8"));
     EXPECT_TRUE(TestVersion8("xVERSION8x,1"));
@@ -142,18 +136,6 @@ TEST_F(TabFileTest, AFailureLeavesDocumentAndSettingsAsTheyWere) {
     EXPECT_EQ(OpenFile(program.main, program.folder / "none.csv"), OpenOutcome::Failed);
     program.ui.Expect("Could not load the following file [" + program.folder.Path().string() + "]", Icon::Critical);
     EXPECT_EQ(OpenFile(program.main, program.folder.Path()), OpenOutcome::Failed);
-}
-
-TEST(TabFileBad, CutAtAnyByteItIsAnErrorOrADocument) {
-    const std::string whole = kHeader + "Ho\xC3\xABr,b,c\r\n" + Tabs(11, "x,y,z\r\n");
-    for (std::size_t length = 0; length <= whole.size(); ++length) {
-        try {
-            const TabFile file = ParseTabFile(whole.substr(0, length));
-            EXPECT_LE(file.tabsAt, file.text.size());
-        } catch (const TabFileError& error) {
-            EXPECT_GE(error.Line(), 2);
-        }
-    }
 }
 
 TEST(TabFileLines, EveryEndOfLineIsUnderstood) {

@@ -57,17 +57,6 @@ TEST(Pdf, FontsAreEmbeddedAsSubsetsAndSayWhatTheyMean) {
     EXPECT_LT(pdf.Bytes().size(), 20'000U);
 }
 
-TEST(Pdf, EachPageHasTheExactSizeOfItsPaper) {
-    const FontconfigCatalogue catalogue;
-    const Box box = MmBox(20, 30, 60, 12);
-    const PdfFile pdf({OneText("1", box), OneText("2", box, 0, kTurnedDl), OneText("3", box, 0, {220, 110, false})},
-                      AllFields({}), catalogue);
-    const std::string info = pdf.Ask("pdfinfo -l 3 %");
-    for (const char* size : {"Page    1 size:  595.276 x 841.89", "Page    2 size:  311.811 x 623.622",
-                             "Page    3 size:  623.622 x 311.811"})
-        EXPECT_NE(info.find(size), std::string::npos) << info;
-}
-
 TEST(Pdf, SaysThatNothingIsScaledAndWhatItIs) {
     const FontconfigCatalogue catalogue;
     const PdfFile pdf({OneText("1", MmBox(20, 30, 60, 12))}, AllFields({}), catalogue);

@@ -158,14 +158,6 @@ TEST_F(SettingsTest, BatchWritesAtItsEnd) {
     EXPECT_EQ(Content(ini_), "[Sect]\r\nA=1\r\nB=3\r\n");
 }
 
-TEST_F(SettingsTest, TableRowsFallBackWithoutWriting) {
-    const SettingKey row{"Sect", "Type", "A4", [](std::string_view value) { return value == "A4"; }};
-    EXPECT_EQ(ReadAccepted(store_, row), "A4");
-    EXPECT_TRUE(Write(store_, row, "DL"));
-    EXPECT_EQ(ReadAccepted(store_, row), "A4");
-    EXPECT_EQ(Content(ini_), "[Sect]\r\nType=DL\r\n");
-}
-
 TEST_F(SettingsTest, MemoryOnlyTouchesNoFile) {
     store_.InMemory = true;
     EXPECT_TRUE(Save("A", "1"));
