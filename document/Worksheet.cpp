@@ -12,7 +12,7 @@ namespace {
 constexpr std::int32_t kMostTabs = std::numeric_limits<std::int16_t>::max();
 constexpr std::size_t kMostBytes = 64u << 20;
 constexpr int kCountedColumns = 4;
-constexpr std::size_t kPreviewColumns = 26;
+constexpr std::size_t kPreviewColumns = 256; // all that an .xls sheet has
 constexpr std::string_view kVersionWord = "VERSION";
 
 std::string Cell(const std::vector<std::string>& cells, int column) {

@@ -58,7 +58,7 @@ int FieldsInUse(const Worksheet& sheet);
 Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const WorksheetOptions& options);
 /// The rows of a text list. Raises what the builder raises.
 Worksheet WorksheetOf(const std::vector<std::vector<std::string>>& rows, const WorksheetOptions& options);
-/// The first rows with all columns up to 26, blank rows between them too, to show what is in the sheet. Raises
+/// The first rows with all columns up to 256, blank rows between them too, to show what is in the sheet. Raises
 /// WorkbookError.
 std::vector<std::vector<std::string>> ReadFirstRows(Workbook& workbook, const std::string& name, std::size_t most);
 /// The first cell alone, for the version tests. Raises WorkbookError.

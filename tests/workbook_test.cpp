@@ -175,9 +175,9 @@ TEST_F(WorkbookTest, AnXlsxTextThatIsNotThereIsDamage) {
 }
 
 TEST_F(WorkbookTest, ASheetOfAMillionRowsCostsWhatItHolds) {
-    const auto book = OpenBytes(XlsxBytes("<row r='1'><c t='str'><v>first</v></c></row>"
+    const auto book = OpenBytes(XlsxBytes("<row r='1'><c t='str'><v>first</v></c><c r='IV1' t='str'><v>x</v></c></row>"
                                           "<row r='1048576'><c t='str'><v>last</v></c></row>"));
-    EXPECT_EQ(ReadFirstRows(*book, "S", 20), (Rows{{"first"}}));
+    EXPECT_EQ(ReadFirstRows(*book, "S", 20).at(0).size(), 256u);
     const Worksheet sheet = ReadWorksheet(*book, "S", {});
     EXPECT_EQ(sheet.rows.size(), 1u);
     EXPECT_EQ(sheet.lines, 1048576) << "too many, which the loading finds";

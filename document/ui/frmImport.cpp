@@ -51,7 +51,10 @@ frmImport::frmImport(MainModule& main, const ImportRequest& request, const Impor
     chkHeading_->setChecked(choice.cells.heading);
     ShowPreview();
     for (QComboBox* box : cboFields_)
-        connect(box, &QComboBox::currentIndexChanged, this, &frmImport::ShowPreview);
+        connect(box, &QComboBox::currentIndexChanged, this, [this](int column) {
+            ShowPreview();
+            tblPreview_->scrollTo(tblPreview_->model()->index(0, column - 1));
+        });
     connect(chkHeading_, &QCheckBox::toggled, this, [this] {
         FillColumns();
         ShowPreview();
