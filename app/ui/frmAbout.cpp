@@ -63,6 +63,7 @@ void frmAbout::BuildUi() {
     layout->addSpacing(8);
     layout->addStretch();
     layout->addLayout(BuildButtons());
+    findChild<QPushButton*>("cmdOk")->setFocus();
 }
 
 QLayout* frmAbout::BuildHeader() {
@@ -71,7 +72,9 @@ QLayout* frmAbout::BuildHeader() {
     image->setPixmap(QApplication::windowIcon().pixmap(QSize(kImageSize, kImageSize), devicePixelRatioF()));
     auto* texts = new QVBoxLayout;
     Enlarge(AddLabel(texts, "lblTitle", QString::fromStdString(program_.main.settings.SettingsAppName)));
-    AddLabel(texts, "lblVersion", QString("Version number:") + kVersion);
+    auto* version = AddLabel(texts, "lblVersion", QString("Version number:") + kVersion);
+    version->setTextInteractionFlags(version->textInteractionFlags() | Qt::TextSelectableByKeyboard);
+    version->setFocusPolicy(Qt::StrongFocus); // to be copied without a mouse too
     auto* header = new QHBoxLayout;
     header->addWidget(image);
     header->addLayout(texts, 1);
