@@ -213,6 +213,12 @@ TEST_F(WorkbookTest, OdsRowsAndCellsMayBeRepeatedOrMerged) {
     EXPECT_EQ(last, 1048576);
 }
 
+TEST_F(WorkbookTest, ADocumentTypeMayBeNamedButMakesNoTexts) {
+    const std::string old = "<!DOCTYPE m PUBLIC \"-//OpenOffice.org//DTD Manifest 1.0//EN\" \"Manifest.dtd\"><m/>";
+    EXPECT_EQ(OpenBytes(OdsBytes("", old))->SheetNames(), std::vector<std::string>{"S"});
+    EXPECT_THROW(OpenBytes(OdsBytes("", "<!DOCTYPE m [<!ENTITY a 'aaaa'>]><m>&a;&a;</m>")), WorkbookError);
+}
+
 /// With every `from` in another's place, of the same length.
 std::string Replaced(std::string bytes, const std::string& from, const std::string& to) {
     const std::size_t at = bytes.find(from);

@@ -21,7 +21,7 @@ public:
         XML_SetUserData(parser, this);
         XML_SetElementHandler(parser, OnStart, OnEnd);
         XML_SetCharacterDataHandler(parser, OnText);
-        XML_SetStartDoctypeDeclHandler(parser, OnDoctype);
+        XML_SetEntityDeclHandler(parser, OnEntity);
     }
     ~Bridge() { XML_ParserFree(parser); }
     Bridge(const Bridge&) = delete;
@@ -52,7 +52,9 @@ private:
     static void OnText(void* self, const char* text, int length) {
         Guarded(self, [&](XmlReader& reader) { reader.Text({text, static_cast<std::size_t>(length)}); });
     }
-    static void OnDoctype(void* self, const char*, const char*, const char*, int) {
+    /// Old workbooks name a document type, which is harmless; with texts of its own it could make any amount of text.
+    static void OnEntity(void* self, const char*, int, const char*, int, const char*, const char*, const char*,
+                         const char*) {
         Guarded(self, [](XmlReader&) { RaiseDamaged(); });
     }
 

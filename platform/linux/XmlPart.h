@@ -32,7 +32,7 @@ public:
     bool stopped = false; ///< set to read no further
 };
 
-/// Raises WorkbookError for damaged XML and for XML with a document type, which could define endless texts.
+/// Raises WorkbookError for damaged XML and for XML that declares entities, which could be endless texts.
 void ReadXmlPart(const ZipFile& zip, const std::string& part, XmlReader& reader);
 
 } // namespace velmora
