@@ -21,22 +21,6 @@ struct DocumentTest : testing::Test {
     }
 };
 
-TEST(Catalogue, UnknownTypesChangeNothing) {
-    TabDocument document;
-    document.OptType = 7;
-    document.TabsPerPage = 5;
-    document.RowsPerPage = 6;
-    document.ColsPerPage = 7;
-    SetTabsPerPage(document);
-    SetRowsAndStationery(document, 7);
-    SetColsPerPage(document, -1);
-    EXPECT_EQ(document.TabsPerPage, 5);
-    EXPECT_EQ(document.RowsPerPage, 6);
-    EXPECT_EQ(document.ColsPerPage, 7);
-    EXPECT_EQ(SetStationeryFromType(7), "A4");
-    EXPECT_EQ(SetStationeryFromType(4), "DL");
-}
-
 TEST(Fields, LinesArePaddedToTheirFields) {
     std::string line = "abc";
     EXPECT_EQ(PadFields(line, 3), 3);
@@ -85,18 +69,6 @@ TEST_F(DocumentTest, ResizingAtTheFirstTabEmptiesTheDocument) {
     Fill(48);
     ApplyTabType(program.main);
     EXPECT_EQ(document.FieldA(1), "tab 1") << "no resize, so nothing is lost";
-}
-
-TEST_F(DocumentTest, NewDocumentIsOneEmptyPageOfTheType) {
-    Fill(48);
-    document.CurrentTab = 30;
-    document.OptType = 5;
-    document.DocFileName = "old.csv";
-    NewDocument(program.main);
-    EXPECT_EQ(document.TabCount, 12);
-    EXPECT_EQ(document.CurrentPage, 1);
-    EXPECT_EQ(document.FieldA(1), "");
-    EXPECT_TRUE(document.DocFileName.empty());
 }
 
 TEST_F(DocumentTest, TooManyTabsAreAnOverflowAndChangeNothing) {
@@ -169,17 +141,6 @@ TEST(NoPrinter, EndsTheProgramWithItsMessage) {
     EXPECT_EQ(LoadGlobals(program.main), LoadOutcome::Loaded);
 }
 
-TEST_F(DocumentTest, OldRegistrySettingsMoveInBeforeAnythingIsRead) {
-    const std::string key = "SOFTWARE\\Corvane Series\\Velmora\\";
-    program.registry.Set(key + "Paths", "Application", std::string("C:\\Velmora\\"));
-    program.registry.Set(key + "Settings", "OptType", std::string("4"));
-    LoadGlobals(program.main);
-    EXPECT_EQ(document.OptType, 4);
-    EXPECT_EQ(program.Stored("Paths", "Application"), "C:\\Velmora\\");
-    RegistryValue value;
-    EXPECT_EQ(program.registry.Query(key + "Settings", "OptType", value), RegistryCode::FileNotFound);
-}
-
 TEST_F(DocumentTest, AFirstRefreshReadsTheDocumentsProperties) {
     program.Store("Settings", "Stationery Type", "DL_h");
     program.Store("Settings", "OptType", "9");
@@ -187,21 +148,6 @@ TEST_F(DocumentTest, AFirstRefreshReadsTheDocumentsProperties) {
     EXPECT_EQ(document.StationeryType, "DL_h");
     EXPECT_EQ(document.OptType, 0);
     EXPECT_EQ(document.NoOfFields, 1) << "one field here, three for the configuration";
-}
-
-TEST_F(DocumentTest, ADlTypeKeepsItsLayout) {
-    const std::tuple<int, const char*, const char*, const char*> cases[] = {{0, "DL_h", "A4", "A4_8"},
-                                                                            {3, "A4", "A4", "A4_9"},
-                                                                            {4, "A4", "DL_v", "DL_v"},
-                                                                            {5, "DL_h", "DL_h", "DL_h"},
-                                                                            {4, "DL_v", "DL_v", "DL_v"}};
-    for (const auto& [type, before, stationery, layout] : cases) {
-        document.OptType = static_cast<std::int16_t>(type);
-        document.StationeryType = before;
-        SetLayoutFromType(document);
-        EXPECT_EQ(document.StationeryType, stationery);
-        EXPECT_EQ(document.LayoutName, layout);
-    }
 }
 
 } // namespace

@@ -305,14 +305,6 @@ TEST_F(ImportTest, AFailedWorkbookSaveLeavesTheOldFile) {
     Tell("Could not finish process");
     EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Failed);
     EXPECT_EQ(ReadFile(Path("a.xls")), "old");
-    document.FieldA(1) = "x";
-    document.DocFileName = Path("gone") / "a.xls";
-    program.ui.Expect(
-        "The application encountered the following error when it attempted to save the following file: [" +
-            document.DocFileName.string() + "]\r\nError Nommer:2\r\nError Description:No such file or directory",
-        Icon::Critical, Buttons::RetryCancel, Answer::Retry, std::nullopt, [&] { fs::create_directory(Path("gone")); });
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
 }
 
 } // namespace

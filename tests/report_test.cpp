@@ -83,16 +83,6 @@ TEST_F(ReportTest, AStoredTabTopHoldsForAllStylesThatShareIt) {
     EXPECT_THROW(LayOut(), TypeMismatchError);
 }
 
-TEST_F(ReportTest, AnUnknownStyleKeepsTheValuesOfTheRunBefore) {
-    rptVelmor report(layout);
-    report.PrepareTabStyle(5, program.settings);
-    const LayoutValues before = layout;
-    report.PrepareTabStyle(6, program.settings);
-    EXPECT_EQ(layout.TabTop, before.TabTop);
-    EXPECT_EQ(layout.ColumnWidth, before.ColumnWidth);
-    EXPECT_EQ(layout.FieldGap, before.FieldGap);
-}
-
 TEST_F(ReportTest, EmptyTabsKeepTheirPlace) {
     MakeDocument(0, 1);
     document.FieldA(1).clear();
@@ -100,18 +90,6 @@ TEST_F(ReportTest, EmptyTabsKeepTheirPlace) {
     EXPECT_EQ(sheet.texts[0].text, "a2");
     EXPECT_NEAR(sheet.texts[0].box.left, 3402, 0.001);
     EXPECT_EQ(sheet.tabs.size(), 24u);
-}
-
-TEST_F(ReportTest, PagesAndTestTexts) {
-    MakeDocument(1, 3, 3);
-    EXPECT_EQ(LayOut(3).texts[0].text, "a97");
-    document.CurrentPage = 2;
-    EXPECT_EQ(LayOut(1, "PrintPage", true).texts[0].text, "a49");
-    const Sheet test = LayOut(2, "TEST");
-    EXPECT_EQ(test.texts[0].text, "Field 1");
-    EXPECT_EQ(test.texts[2].text, "Field 3");
-    EXPECT_EQ(test.texts.size(), 144u);
-    EXPECT_THROW(LayOut(4), SubscriptError);
 }
 
 TEST_F(ReportTest, TabsFlowAroundUsedSlots) {

@@ -64,33 +64,6 @@ TEST_F(TabFileTest, TheFormatNormalisesWhatItDoesNotKnow) {
     EXPECT_EQ(document.FieldC(3), "f") << "the fourth part is ignored";
 }
 
-TEST_F(TabFileTest, ACommaInATextMovesItIntoTheNextField) {
-    Open(kHeader + Tabs(12));
-    document.FieldA(1) = "Smith, John";
-    document.FieldB(1) = "2024";
-    Open(Bytes());
-    EXPECT_EQ(document.FieldA(1), "Smith");
-    EXPECT_EQ(document.FieldB(1), " John");
-    EXPECT_EQ(document.FieldC(1), "2024");
-}
-
-TEST_F(TabFileTest, TheHeaderReachesSettingsDocumentAndFonts) {
-    document.CurrentPage = 7;
-    Open(kHeader + Tabs(13, "a,b,c\r\n"));
-    EXPECT_EQ(document.OptType, 5);
-    EXPECT_EQ(document.NoOfFields, 2);
-    EXPECT_EQ(document.StationeryType, "DL_h");
-    EXPECT_EQ(document.LayoutName, "DL_h");
-    EXPECT_EQ(document.Limits.MaxLenField2, 20);
-    EXPECT_EQ(document.NoOfPages, 2);
-    EXPECT_EQ(document.CurrentPage, 1);
-    EXPECT_EQ(document.FieldC(13), "c");
-    EXPECT_EQ(document.FieldC(14), "");
-    EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2.5");
-    EXPECT_EQ(program.main.globals.PrinterName, "Office Printer");
-    EXPECT_EQ(program.main.fonts[1], (FieldFont{"Liberation Serif", 10, false, true, false, 2, 0}));
-}
-
 TEST(TabFileVersion, IsFoundAnywhereInTheFirstLine) {
     EXPECT_TRUE(TestVersion8("version 8"));
     EXPECT_TRUE(TestVersion8("xVERSION8x,1"));

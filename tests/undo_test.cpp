@@ -116,31 +116,6 @@ TEST_F(UndoTest, SavedIsWhatWasSaved) {
     EXPECT_FALSE(history.CanUndo());
 }
 
-TEST_F(UndoTest, AnOperationIsOneStepWithItsPageAndName) {
-    MakeDocument(3);
-    document.CurrentPage = 2;
-    const std::string start = State();
-    Do("Delete Page", [&] { Do("inner", [&] { Type(1, "typed meanwhile"), DeletePage(main); }); });
-    Type(1, "a");
-    Do("Nothing", [] {});
-    Do("Page Setup", [&] { SetUpPage(4, 1, 12); });
-    EXPECT_EQ(history.UndoName(), "Page Setup");
-    history.Undo(main);
-    Type(1, "ab"); // after another operation
-    history.Undo(main);
-    EXPECT_EQ(document.FieldA(1), "a");
-    history.Undo(main);
-    EXPECT_EQ(history.UndoName() + history.RedoName(), "Delete PageTyping");
-    history.Undo(main);
-    EXPECT_EQ(State(), start);
-    EXPECT_FALSE(history.CanUndo()) << "typing within the operation is no step";
-    EXPECT_EQ(document.CurrentPage, 2);
-    document.CurrentPage = 3;
-    history.Redo(main);
-    EXPECT_EQ(document.CurrentPage, 1);
-    EXPECT_EQ(program.Stored("Settings", "No Of Pages"), "2");
-}
-
 TEST_F(UndoTest, AnOperationCutShortIsRecorded) {
     MakeDocument(1);
     const auto fail = [&] {

@@ -120,21 +120,6 @@ struct WizardTest : testing::Test {
     }
 };
 
-TEST_F(WizardTest, ACountIsANumberOfTabs) {
-    constexpr const char* kRange = "The value must be between 1 and 32766";
-    constexpr const char* kNumerics = "Please use numerics only!";
-    const std::pair<const char*, std::optional<std::string>> cases[] = {
-        {"1", std::nullopt}, {" 32766 ", std::nullopt}, {"32766.4", kRange}, {"32767", kRange},
-        {"0", kRange},       {"0.9", kRange},           {"-3", kRange},      {"", kNumerics},
-        {"ten", kNumerics},  {"1,5", kNumerics}};
-    for (const auto& [text, message] : cases) {
-        wizard.NewTabCount = 77;
-        EXPECT_EQ(ConfirmCount(wizard, text), message) << text;
-        EXPECT_EQ(wizard.NewTabCount == 77, message.has_value()) << text;
-    }
-    EXPECT_EQ(wizard.WizFieldC.Count(), 32766);
-}
-
 TEST_F(WizardTest, TheNumberOfFieldsDecidesOnFieldsAndLimits) {
     const struct {
         int inUse, field, limit;
@@ -185,27 +170,6 @@ TEST_F(WizardTest, TickedNamesComeInTurn) {
     }
 }
 
-TEST_F(WizardTest, TheFontPageComesOnceAllFieldsAreDone) {
-    document.NoOfFields = 2;
-    ConfirmCount(wizard, "2");
-    ChooseField(wizard, document, 1);
-    EXPECT_EQ(ChooseKind(wizard, ValueKind::Numeric), WizardPage::Numbers);
-    EXPECT_THROW(FillNumbers(wizard, {2147483647, 0, "", ""}), OverflowError);
-    EXPECT_EQ(Joined(wizard.WizFieldA, 1, 2), "|") << "nothing is written";
-    EXPECT_FALSE(wizard.FieldDone[0]);
-    FillNumbers(wizard, {5, 0, "", ""});
-    EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Chooser);
-    ChooseField(wizard, document, 2);
-    FillText(wizard, "");
-    EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Fonts);
-    EXPECT_EQ(wizard.LastFillFlag, "Yes_Text");
-    ConfirmCount(wizard, "3");
-    EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Chooser) << "the new buffers are empty";
-    WizardState fresh;
-    FillText(fresh, "no field chosen");
-    EXPECT_EQ(fresh.LastFillFlag, "");
-}
-
 TEST_F(WizardTest, AppendingGrowsByWholePagesFromTheTabInUse) {
     const struct {
         int pages, currentTab;
@@ -243,24 +207,6 @@ TEST_F(WizardTest, AppendingGrowsByWholePagesFromTheTabInUse) {
         EXPECT_EQ(State(), state);
         EXPECT_FALSE(history.CanUndo() || document.DocChanged);
     }
-}
-
-TEST_F(WizardTest, AppendingTakesThePageOnScreenAndShowsTheFirstNewTab) {
-    MakeDocument(2, 2);
-    FakeEditor editor;
-    editor.texts = {{"typed", "", ""}};
-    main.editor = &editor;
-    document.CurrentPage = 2;
-    document.CurrentTab = 2;
-    Number("3");
-    ChooseField(wizard, document, 2); // chosen, but left without values
-    ASSERT_TRUE(AppendWizardTabs(main, wizard));
-    EXPECT_EQ(document.FieldA(25), "typed");
-    EXPECT_EQ(Joined(document.FieldA, 1, 5), "a1|1|2|3|a5");
-    EXPECT_EQ(Joined(document.FieldB, 1, 5), "b1|b2|b3|b4|b5") << "chosen, but without values";
-    EXPECT_EQ(document.CurrentPage, 1);
-    EXPECT_EQ(editor.calls, "up ");
-    main.editor = nullptr;
 }
 
 TEST_F(WizardTest, WhatIsTooLargeLeavesAllAsItWas) {

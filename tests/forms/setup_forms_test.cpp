@@ -95,9 +95,13 @@ private slots:
         Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
             form.Click("cmdUp");
             QCOMPARE(form.Box("txtMarTop").text(), QString("-1"));
-            form.Box("txtMarLeft").setText("abc");
-            form.Click("cmdRht");
-            QCOMPARE(form.Box("txtMarLeft").text(), QString("1"));
+            const std::tuple<const char*, const char*, const char*> steps[] = {
+                {"2,5", "cmdLeft", "1.5"}, {"1.1", "cmdLeft", "0.1"}, {"", "cmdLeft", "-1"}, {"abc", "cmdRht", "1"}};
+            for (const auto& [typed, arrow, shown] : steps) {
+                form.Box("txtMarLeft").setText(typed);
+                form.Click(arrow);
+                QCOMPARE(form.Box("txtMarLeft").text(), QString(shown));
+            }
             QTest::keyClick(&form.dialog, Qt::Key_Left);
             QTRY_COMPARE(form.Box("txtMarLeft").text(), QString("0"));
             QTest::keyClick(&form.dialog, Qt::Key_Escape);

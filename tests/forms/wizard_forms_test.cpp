@@ -199,7 +199,8 @@ private slots:
     void theCountIsCheckedWhileItIsTyped() {
         const std::string range = "The value must be between 1 and 32766", numerics = "Please use numerics only!";
         const std::pair<const char*, std::string> cases[] = {
-            {"5", ""}, {"", ""}, {"0", range}, {"32766", ""}, {"32767", range}, {"12x", numerics}, {"7", ""}};
+            {"5", ""},     {"", ""},           {"0", range},   {"32766", ""},     {"32767", range}, {"12x", numerics},
+            {"-3", range}, {"32766.4", range}, {"0.9", range}, {"1,5", numerics}, {" 7 ", ""}};
         WizardRun run(1);
         run.Trigger("mnuAutoRepWiz");
         run.Press("cmdNext");
@@ -220,7 +221,9 @@ private slots:
         run.Choose("cmdFieldA", "optText");
         run.Type("txtInput", "again");
         run.Press("cmdNext");
-        run.Press("cmdFinish"); // one of two fields will do
+        run.Press("cmdFieldB");
+        run.Press("cmdPrevious"); // left without values
+        run.Press("cmdFinish");   // one of two fields will do
         QCOMPARE(run.program.main.document.FieldA(2), std::string("again"));
         QCOMPARE(run.program.main.document.FieldB(2), std::string("b"));
     }
