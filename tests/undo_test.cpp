@@ -132,12 +132,14 @@ TEST_F(UndoTest, AnOperationCutShortIsRecorded) {
     EXPECT_EQ(document.FieldA(1), "half done") << "all or nothing";
     Do("Open", [&] { NewDocument(main), history.Clear(document); });
     EXPECT_FALSE(history.CanUndo()) << "no way back to another document";
-    Do("Limits", [&] { document.Limits.MaxLenField1 = 5; });
+    Do("Limits", [&] { Do("inner", [&] { Type(1, "typed meanwhile"); }), document.Limits.MaxLenField1 = 5; });
+    EXPECT_EQ(history.UndoName(), "Limits");
     Do("Page Setup", [&] { SetUpPage(0, 3, 12); });
     history.Undo(main);
     EXPECT_EQ(program.Stored("Settings", "Margin Value Left"), "0") << "was never stored before";
     history.Undo(main);
     EXPECT_NE(document.Limits.MaxLenField1, 5);
+    EXPECT_FALSE(history.CanUndo()) << "an operation within another is no step of its own";
 }
 
 TEST_F(UndoTest, AStepCostsWhatItTouches) {

@@ -209,6 +209,18 @@ TEST_F(WizardTest, AppendingGrowsByWholePagesFromTheTabInUse) {
     }
 }
 
+TEST_F(WizardTest, AppendingTakesThePageOnScreen) {
+    MakeDocument(2, 2);
+    FakeEditor editor;
+    editor.texts = {{"typed", "", ""}};
+    main.editor = &editor;
+    document.CurrentPage = 2;
+    Number("3");
+    EXPECT_TRUE(AppendWizardTabs(main, wizard));
+    EXPECT_EQ(document.FieldA(25), "typed");
+    main.editor = nullptr;
+}
+
 TEST_F(WizardTest, WhatIsTooLargeLeavesAllAsItWas) {
     const struct {
         int type, currentTab;
