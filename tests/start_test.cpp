@@ -1,5 +1,5 @@
 // The start of the program: folders, command line, the ends before the window.
-#include "app/Main.h"
+#include "app/Start.h"
 #include "base/AtomicFile.h"
 #include "platform/linux/ProgramFolder.h"
 #include "print/Margins.h"

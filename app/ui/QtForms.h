@@ -1,7 +1,7 @@
 // The windows that the start-up opens, as they are on the screen.
 #pragma once
 
-#include "app/Main.h"
+#include "app/Start.h"
 #include "app/ui/mdiVelmora.h"
 
 #include <memory>
