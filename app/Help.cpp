@@ -1,6 +1,6 @@
 #include "app/Help.h"
 
-#include "app/settings/Validate.h"
+#include "base/Validate.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "app/SettingsEditor.h"
 
 #include "app/settings/RegistryMove.h"
-#include "app/settings/Validate.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "base/Validate.h"
 #include "document/Dialogs.h"
 
 namespace velmora {

@@ -1,9 +1,9 @@
 #include "app/Start.h"
 
 #include "app/Commands.h"
-#include "app/Version.h"
-#include "app/settings/Validate.h"
 #include "base/Text.h"
+#include "base/Validate.h"
+#include "base/Version.h"
 #include "document/Dialogs.h"
 #include "document/FolderSearch.h"
 #include "document/OpenDocument.h"

@@ -1,7 +1,7 @@
 #include "app/SystemInformation.h"
 
-#include "app/settings/Validate.h"
 #include "base/Text.h"
+#include "base/Validate.h"
 
 #include <charconv>
 #include <variant>

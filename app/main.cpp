@@ -1,8 +1,8 @@
 // The desktop program: makes the one struct that is the running program, opens its window and waits for commands.
 
-#include "app/Version.h"
-#include "app/settings/Validate.h"
 #include "app/ui/QtForms.h"
+#include "base/Validate.h"
+#include "base/Version.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
 #include "platform/linux/LibraryWorkbooks.h"

@@ -1,6 +1,6 @@
 #include "batch/CommandLine.h"
 
-#include "app/Version.h"
+#include "base/Version.h"
 #include "batch/BatchProgram.h"
 #include "batch/Commands.h"
 #include "document/Stationery.h"

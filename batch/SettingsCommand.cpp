@@ -1,8 +1,8 @@
 #include "batch/Commands.h"
 
-#include "app/settings/Validate.h"
 #include "base/AtomicFile.h"
 #include "base/Text.h"
+#include "base/Validate.h"
 #include "batch/BatchProgram.h"
 #include "platform/linux/ProgramFolder.h"
 

@@ -1,6 +1,6 @@
 #include "document/Dialogs.h"
 
-#include "app/settings/Validate.h"
+#include "base/Validate.h"
 #include "document/Recovery.h"
 
 #include <utility>

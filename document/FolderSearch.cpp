@@ -1,6 +1,6 @@
 #include "document/FolderSearch.h"
 
-#include "app/settings/Validate.h"
+#include "base/Validate.h"
 #include "document/Dialogs.h"
 
 #include <algorithm>

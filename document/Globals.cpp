@@ -1,9 +1,9 @@
 #include "document/mdlMain.h"
 
 #include "app/settings/RegistryMove.h"
-#include "app/settings/Validate.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "base/Validate.h"
 #include "document/Dialogs.h"
 #include "document/Undo.h"
 

@@ -1,8 +1,8 @@
 #include "document/OpenDocument.h"
 
-#include "app/settings/Validate.h"
 #include "base/AtomicFile.h"
 #include "base/Text.h"
+#include "base/Validate.h"
 #include "document/Dialogs.h"
 #include "document/ImportDocument.h"
 #include "document/Pages.h"

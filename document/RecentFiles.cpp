@@ -1,7 +1,7 @@
 #include "document/RecentFiles.h"
 
-#include "app/settings/Validate.h"
 #include "base/Text.h"
+#include "base/Validate.h"
 
 #include <algorithm>
 #include <string>

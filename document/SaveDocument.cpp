@@ -1,8 +1,8 @@
 #include "document/SaveDocument.h"
 
-#include "app/settings/Validate.h"
 #include "base/AtomicFile.h"
 #include "base/Text.h"
+#include "base/Validate.h"
 #include "document/Dialogs.h"
 #include "document/RecentFiles.h"
 #include "document/Recovery.h"

@@ -1,7 +1,7 @@
 #include "app/settings/RegistryMove.h"
 
-#include "app/settings/Validate.h"
 #include "base/Error.h"
+#include "base/Validate.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "app/ui/frmAbout.h"
 
 #include "app/SystemInformation.h"
-#include "app/Version.h"
+#include "base/Version.h"
 #include "document/Dialogs.h"
 #include "document/ui/HelpRequest.h"
 

@@ -1,4 +1,4 @@
-#include "app/settings/Validate.h"
+#include "base/Validate.h"
 #include "tests/settings/Support.h"
 
 #include <array>
