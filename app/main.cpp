@@ -5,13 +5,13 @@
 #include "base/Version.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
-#include "platform/linux/LibraryWorkbooks.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/ProgramFolder.h"
 #include "platform/linux/RegistryFile.h"
 #include "platform/qt/BundledFiles.h"
 #include "platform/qt/QtUserInterface.h"
+#include "workbook/LibraryWorkbooks.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -10,9 +10,9 @@
 #include "document/mdlMain.h"
 #include "platform/UserInterface.h"
 #include "platform/linux/BuiltInPrinters.h"
-#include "platform/linux/LibraryWorkbooks.h"
 #include "platform/linux/RegistryFile.h"
 #include "print/rptVelmor.h"
+#include "workbook/LibraryWorkbooks.h"
 
 #include <filesystem>
 #include <functional>

@@ -5,7 +5,7 @@
 #include "document/SaveDocument.h"
 #include "document/TextList.h"
 #include "document/Worksheet.h"
-#include "platform/linux/LibraryWorkbooks.h"
+#include "workbook/LibraryWorkbooks.h"
 
 #include <iostream>
 

@@ -8,10 +8,10 @@
 #include "document/Undo.h"
 #include "platform/linux/BuiltInPrinters.h"
 #include "platform/linux/FontconfigCatalogue.h"
-#include "platform/linux/LibraryWorkbooks.h"
 #include "platform/linux/RegistryFile.h"
 #include "print/PdfReport.h"
 #include "wizard/AppendWizardTabs.h"
+#include "workbook/LibraryWorkbooks.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "document/TabFile.h"
-#include "platform/SpreadsheetApplication.h"
+#include "workbook/SpreadsheetApplication.h"
 
 #include <array>
 #include <string>

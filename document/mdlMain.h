@@ -10,8 +10,8 @@
 #include "platform/Drives.h"
 #include "platform/MainWindowStatus.h"
 #include "platform/PrintSystem.h"
-#include "platform/SpreadsheetApplication.h"
 #include "platform/UserInterface.h"
+#include "workbook/SpreadsheetApplication.h"
 
 namespace velmora {
 

@@ -2,7 +2,7 @@
 #include "base/TemporaryFile.h"
 #include "document/Worksheet.h"
 #include "fuzz/Fuzz.h"
-#include "platform/linux/LibraryWorkbooks.h"
+#include "workbook/LibraryWorkbooks.h"
 
 using namespace velmora;
 

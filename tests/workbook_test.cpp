@@ -3,10 +3,10 @@
 #include "base/Numbers.h"
 #include "document/OpenDocument.h"
 #include "document/TextList.h"
-#include "platform/linux/LibraryWorkbooks.h"
-#include "platform/linux/NumberFormat.h"
 #include "tests/support/StoredZip.h"
 #include "tests/support/TestProgram.h"
+#include "workbook/LibraryWorkbooks.h"
+#include "workbook/NumberFormat.h"
 
 #include <gtest/gtest.h>
 

@@ -3,10 +3,10 @@
 
 #include "document/mdlMain.h"
 #include "platform/linux/BuiltInPrinters.h"
-#include "platform/linux/LibraryWorkbooks.h"
 #include "platform/linux/RegistryFile.h"
 #include "tests/support/ScriptedInterface.h"
 #include "tests/support/TemporaryFolder.h"
+#include "workbook/LibraryWorkbooks.h"
 
 namespace velmora {
 

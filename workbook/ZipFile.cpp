@@ -1,7 +1,7 @@
-#include "platform/linux/ZipFile.h"
+#include "workbook/ZipFile.h"
 
 #include "base/Text.h"
-#include "platform/linux/WorkbookParts.h"
+#include "workbook/WorkbookParts.h"
 
 #include <algorithm>
 #include <array>

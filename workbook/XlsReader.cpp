@@ -2,11 +2,11 @@
 // are collected first, texts of the shared table as their number.
 #include "base/Encoding.h"
 #include "base/Text.h"
-#include "platform/linux/BiffReader.h"
-#include "platform/linux/BiffRecords.h"
-#include "platform/linux/NumberFormat.h"
-#include "platform/linux/OleFile.h"
-#include "platform/linux/WorkbookParts.h"
+#include "workbook/BiffReader.h"
+#include "workbook/BiffRecords.h"
+#include "workbook/NumberFormat.h"
+#include "workbook/OleFile.h"
+#include "workbook/WorkbookParts.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,7 +1,7 @@
 // Dates, times and elapsed times of a worksheet, laid out by a section of a format code.
 #pragma once
 
-#include "platform/linux/FormatCode.h"
+#include "workbook/FormatCode.h"
 
 #include <optional>
 

@@ -1,8 +1,8 @@
 // .xlsx: a zip of XML parts that point at one another. Rows are handed on as they are read.
 #include "base/Text.h"
-#include "platform/linux/NumberFormat.h"
-#include "platform/linux/WorkbookParts.h"
-#include "platform/linux/XmlPart.h"
+#include "workbook/NumberFormat.h"
+#include "workbook/WorkbookParts.h"
+#include "workbook/XmlPart.h"
 
 #include <algorithm>
 #include <charconv>

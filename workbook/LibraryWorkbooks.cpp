@@ -1,9 +1,9 @@
-#include "platform/linux/LibraryWorkbooks.h"
+#include "workbook/LibraryWorkbooks.h"
 
 #include "base/AtomicFile.h"
 #include "base/Text.h"
-#include "platform/linux/OleFile.h"
-#include "platform/linux/WorkbookParts.h"
+#include "workbook/OleFile.h"
+#include "workbook/WorkbookParts.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "platform/linux/NumberFormat.h"
+#include "workbook/NumberFormat.h"
 
 #include "base/Text.h"
-#include "platform/linux/CellDate.h"
-#include "platform/linux/FormatCode.h"
+#include "workbook/CellDate.h"
+#include "workbook/FormatCode.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 // .xls as spreadsheet programs since 1997 read it: one sheet, every cell a text of the shared table.
 #include "base/Encoding.h"
 #include "base/Text.h"
-#include "platform/linux/BiffRecords.h"
-#include "platform/linux/OleFile.h"
-#include "platform/linux/WorkbookParts.h"
+#include "workbook/BiffRecords.h"
+#include "workbook/OleFile.h"
+#include "workbook/WorkbookParts.h"
 
 #include <algorithm>
 #include <unordered_map>

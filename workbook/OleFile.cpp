@@ -1,7 +1,7 @@
-#include "platform/linux/OleFile.h"
+#include "workbook/OleFile.h"
 
 #include "base/Text.h"
-#include "platform/linux/WorkbookParts.h"
+#include "workbook/WorkbookParts.h"
 
 #include <gsf/gsf-infile-msole.h>
 #include <gsf/gsf-infile.h>

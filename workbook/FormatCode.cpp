@@ -1,4 +1,4 @@
-#include "platform/linux/FormatCode.h"
+#include "workbook/FormatCode.h"
 
 #include "base/Text.h"
 

@@ -1,7 +1,7 @@
 // One XML part of a zip file, read as a stream of elements.
 #pragma once
 
-#include "platform/linux/ZipFile.h"
+#include "workbook/ZipFile.h"
 
 #include <string>
 #include <string_view>

@@ -2,7 +2,7 @@
 // written by libxlsxwriter; the records of .xls and the cells of all formats are taken apart here.
 #pragma once
 
-#include "platform/SpreadsheetApplication.h"
+#include "workbook/SpreadsheetApplication.h"
 
 namespace velmora {
 

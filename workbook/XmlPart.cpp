@@ -1,6 +1,6 @@
-#include "platform/linux/XmlPart.h"
+#include "workbook/XmlPart.h"
 
-#include "platform/linux/WorkbookParts.h"
+#include "workbook/WorkbookParts.h"
 
 #include <charconv>
 #include <exception>

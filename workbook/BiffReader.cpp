@@ -1,8 +1,8 @@
-#include "platform/linux/BiffReader.h"
+#include "workbook/BiffReader.h"
 
 #include "base/Encoding.h"
-#include "platform/linux/BiffRecords.h"
-#include "platform/linux/WorkbookParts.h"
+#include "workbook/BiffRecords.h"
+#include "workbook/WorkbookParts.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // What the readers and writers of the workbook formats share.
 #pragma once
 
-#include "platform/SpreadsheetApplication.h"
-#include "platform/linux/ZipFile.h"
+#include "workbook/SpreadsheetApplication.h"
+#include "workbook/ZipFile.h"
 
 #include <optional>
 

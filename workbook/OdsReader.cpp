@@ -1,7 +1,7 @@
 // .ods: one XML part holds all sheets, and each cell the very text that a person sees.
 #include "base/Text.h"
-#include "platform/linux/WorkbookParts.h"
-#include "platform/linux/XmlPart.h"
+#include "workbook/WorkbookParts.h"
+#include "workbook/XmlPart.h"
 
 #include <algorithm>
 #include <set>

@@ -1,4 +1,4 @@
-#include "platform/linux/CellDate.h"
+#include "workbook/CellDate.h"
 
 #include "base/Text.h"
 
