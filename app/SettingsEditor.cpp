@@ -1,10 +1,10 @@
 #include "app/SettingsEditor.h"
 
-#include "app/settings/RegistryMove.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "document/Dialogs.h"
+#include "settings/RegistryMove.h"
 
 namespace velmora {
 namespace {

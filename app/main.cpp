@@ -8,9 +8,9 @@
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/ProgramFolder.h"
-#include "platform/linux/RegistryFile.h"
 #include "platform/qt/BundledFiles.h"
 #include "platform/qt/QtUserInterface.h"
+#include "settings/RegistryFile.h"
 #include "workbook/LibraryWorkbooks.h"
 
 #include <QApplication>

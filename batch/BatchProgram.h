@@ -2,7 +2,6 @@
 // person in front of it and with settings of its own, kept in memory.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "document/TabFile.h"
@@ -10,8 +9,9 @@
 #include "document/mdlMain.h"
 #include "platform/UserInterface.h"
 #include "platform/linux/BuiltInPrinters.h"
-#include "platform/linux/RegistryFile.h"
 #include "print/rptVelmor.h"
+#include "settings/RegistryFile.h"
+#include "settings/mdlSettings.h"
 #include "workbook/LibraryWorkbooks.h"
 
 #include <filesystem>

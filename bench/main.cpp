@@ -8,8 +8,8 @@
 #include "document/Undo.h"
 #include "platform/linux/BuiltInPrinters.h"
 #include "platform/linux/FontconfigCatalogue.h"
-#include "platform/linux/RegistryFile.h"
 #include "print/PdfReport.h"
+#include "settings/RegistryFile.h"
 #include "wizard/AppendWizardTabs.h"
 #include "workbook/LibraryWorkbooks.h"
 

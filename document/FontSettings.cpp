@@ -1,7 +1,7 @@
 #include "document/FontSettings.h"
 
-#include "app/settings/GlobalConfiguration.h"
 #include "base/Numbers.h"
+#include "settings/GlobalConfiguration.h"
 
 namespace velmora {
 namespace {

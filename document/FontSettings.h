@@ -1,7 +1,7 @@
 // Each of the three fields of a tab is printed in one font and one alignment, which hold for the whole document.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
+#include "settings/mdlSettings.h"
 
 #include <array>
 #include <cstdint>

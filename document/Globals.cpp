@@ -1,11 +1,11 @@
 #include "document/mdlMain.h"
 
-#include "app/settings/RegistryMove.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "document/Dialogs.h"
 #include "document/Undo.h"
+#include "settings/RegistryMove.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // The documents opened or saved last, newest first, as the File menu lists them.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
+#include "settings/mdlSettings.h"
 
 #include <filesystem>
 #include <vector>

@@ -1,9 +1,9 @@
 #include "document/TabFile.h"
 
-#include "app/settings/GlobalConfiguration.h"
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "settings/GlobalConfiguration.h"
 
 #include <algorithm>
 #include <cstring>

@@ -2,12 +2,12 @@
 // is no quoting: a comma inside a text splits it on reading, which is part of the format.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
 #include "base/Encoding.h"
 #include "base/Error.h"
 #include "document/FontSettings.h"
 #include "document/TabDocument.h"
 #include "platform/UserInterface.h"
+#include "settings/mdlSettings.h"
 
 #include <array>
 #include <cstdint>

@@ -1,10 +1,10 @@
 #include "document/TabFileCheck.h"
 
-#include "app/settings/GlobalConfiguration.h"
 #include "base/Encoding.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "document/TabFile.h"
+#include "settings/GlobalConfiguration.h"
 
 #include <algorithm>
 

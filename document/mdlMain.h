@@ -2,8 +2,6 @@
 // passed by reference, and the loading and saving of the global configuration.
 #pragma once
 
-#include "app/settings/GlobalConfiguration.h"
-#include "app/settings/mdlSettings.h"
 #include "document/FontSettings.h"
 #include "document/GridEditor.h"
 #include "document/TabDocument.h"
@@ -11,6 +9,8 @@
 #include "platform/MainWindowStatus.h"
 #include "platform/PrintSystem.h"
 #include "platform/UserInterface.h"
+#include "settings/GlobalConfiguration.h"
+#include "settings/mdlSettings.h"
 #include "workbook/SpreadsheetApplication.h"
 
 namespace velmora {

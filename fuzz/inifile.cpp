@@ -1,6 +1,6 @@
 // An INI file: what is written into any text is read back from it.
-#include "app/settings/IniText.h"
 #include "fuzz/Fuzz.h"
+#include "settings/IniText.h"
 
 using namespace velmora;
 

@@ -1,7 +1,7 @@
 // An exported registry: what is read can be written, and reads the same again.
 #include "base/Error.h"
 #include "fuzz/Fuzz.h"
-#include "platform/linux/RegistryText.h"
+#include "settings/RegistryText.h"
 
 using namespace velmora;
 

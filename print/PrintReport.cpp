@@ -1,8 +1,8 @@
 #include "print/PrintReport.h"
 
-#include "app/settings/GlobalConfiguration.h"
 #include "document/Dialogs.h"
 #include "print/PrintErrors.h"
+#include "settings/GlobalConfiguration.h"
 
 #include <algorithm>
 

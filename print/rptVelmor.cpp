@@ -1,8 +1,8 @@
 #include "print/rptVelmor.h"
 
-#include "app/settings/GlobalConfiguration.h"
 #include "base/Error.h"
 #include "base/Numbers.h"
+#include "settings/GlobalConfiguration.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,11 +1,11 @@
 // The tab report: turns the tabs of a document into placed texts, one sheet of stationery at a time.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
 #include "document/FontSettings.h"
 #include "document/TabDocument.h"
 #include "platform/PrintSystem.h"
 #include "print/Sheet.h"
+#include "settings/mdlSettings.h"
 
 #include <array>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // Copies of both programs, as real processes, that write one INI file at the same time.
-#include "app/settings/IniFile.h"
 #include "base/AtomicFile.h"
 #include "base/Text.h"
+#include "settings/IniFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "document/ui/FormPlace.h"
 
-#include "app/settings/FormPosition.h"
+#include "settings/FormPosition.h"
 
 #include <QScreen>
 #include <QShowEvent>

@@ -1,7 +1,7 @@
 // Every window comes back where it was left; the dialogs share one class for it.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
+#include "settings/mdlSettings.h"
 
 #include <QDialog>
 

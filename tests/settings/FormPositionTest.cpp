@@ -1,4 +1,4 @@
-#include "app/settings/FormPosition.h"
+#include "settings/FormPosition.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>

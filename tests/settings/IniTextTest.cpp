@@ -1,5 +1,5 @@
-#include "app/settings/IniText.h"
 #include "base/AtomicFile.h"
+#include "settings/IniText.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

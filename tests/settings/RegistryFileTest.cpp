@@ -1,5 +1,5 @@
-#include "platform/linux/RegistryFile.h"
 #include "base/Encoding.h"
+#include "settings/RegistryFile.h"
 #include "tests/settings/Support.h"
 
 #include <gtest/gtest.h>

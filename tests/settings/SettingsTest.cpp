@@ -1,7 +1,7 @@
-#include "app/settings/RegistryMove.h"
-#include "app/settings/mdlSettings.h"
 #include "base/Error.h"
-#include "platform/linux/RegistryFile.h"
+#include "settings/RegistryFile.h"
+#include "settings/RegistryMove.h"
+#include "settings/mdlSettings.h"
 #include "tests/settings/Support.h"
 #include "tests/support/ScriptedInterface.h"
 

@@ -3,7 +3,7 @@
 
 #include "document/mdlMain.h"
 #include "platform/linux/BuiltInPrinters.h"
-#include "platform/linux/RegistryFile.h"
+#include "settings/RegistryFile.h"
 #include "tests/support/ScriptedInterface.h"
 #include "tests/support/TemporaryFolder.h"
 #include "workbook/LibraryWorkbooks.h"

@@ -2,8 +2,8 @@
 // text and replaces the file in one step, so that none of them loses another's keys.
 #pragma once
 
-#include "app/settings/IniText.h"
 #include "base/Encoding.h"
+#include "settings/IniText.h"
 
 #include <cstdint>
 #include <filesystem>

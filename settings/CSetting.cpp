@@ -1,9 +1,9 @@
-#include "app/settings/CSetting.h"
+#include "settings/CSetting.h"
 
-#include "app/settings/mdlSettings.h"
 #include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "settings/mdlSettings.h"
 
 namespace velmora {
 namespace {

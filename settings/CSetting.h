@@ -2,9 +2,9 @@
 // the registry.
 #pragma once
 
-#include "app/settings/IniFile.h"
 #include "platform/Registry.h"
 #include "platform/UserInterface.h"
+#include "settings/IniFile.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,7 +1,7 @@
-#include "platform/linux/RegistryFile.h"
+#include "settings/RegistryFile.h"
 
 #include "base/AtomicFile.h"
-#include "platform/linux/RegistryText.h"
+#include "settings/RegistryText.h"
 
 #include <cerrno>
 

@@ -1,9 +1,9 @@
-#include "app/settings/mdlSettings.h"
+#include "settings/mdlSettings.h"
 
-#include "app/settings/GlobalConfiguration.h"
 #include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "settings/GlobalConfiguration.h"
 
 #include <exception>
 #include <utility>

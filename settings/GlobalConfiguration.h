@@ -2,7 +2,7 @@
 // the tab document, once.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
+#include "settings/mdlSettings.h"
 
 #include <filesystem>
 #include <string>

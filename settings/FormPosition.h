@@ -1,7 +1,7 @@
 // Every window remembers where it was.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
+#include "settings/mdlSettings.h"
 
 #include <string_view>
 

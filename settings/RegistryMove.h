@@ -2,7 +2,7 @@
 // INI file.
 #pragma once
 
-#include "app/settings/mdlSettings.h"
+#include "settings/mdlSettings.h"
 
 #include <filesystem>
 

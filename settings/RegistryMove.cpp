@@ -1,4 +1,4 @@
-#include "app/settings/RegistryMove.h"
+#include "settings/RegistryMove.h"
 
 #include "base/Error.h"
 #include "base/Validate.h"

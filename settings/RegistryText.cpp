@@ -1,4 +1,4 @@
-#include "platform/linux/RegistryText.h"
+#include "settings/RegistryText.h"
 
 #include "base/Error.h"
 #include "base/Text.h"

@@ -1,9 +1,9 @@
 // Chief header of the settings: the functions through which every part of the program reads and writes them.
 #pragma once
 
-#include "app/settings/CSetting.h"
 #include "platform/Registry.h"
 #include "platform/UserInterface.h"
+#include "settings/CSetting.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "app/settings/IniText.h"
+#include "settings/IniText.h"
 
 #include "base/Text.h"
 

@@ -1,4 +1,4 @@
-#include "app/settings/GlobalConfiguration.h"
+#include "settings/GlobalConfiguration.h"
 
 #include "base/Numbers.h"
 #include "base/Text.h"

@@ -1,4 +1,4 @@
-#include "app/settings/FormPosition.h"
+#include "settings/FormPosition.h"
 
 #include "base/Error.h"
 #include "base/Numbers.h"
