@@ -1,9 +1,9 @@
 #include "app/Commands.h"
 
-#include "document/Dialogs.h"
-#include "document/Recovery.h"
-#include "document/SaveDocument.h"
-#include "document/Undo.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Recovery.h"
+#include "workspace/SaveDocument.h"
+#include "workspace/Undo.h"
 
 #include <array>
 #include <ctime>

@@ -1,9 +1,9 @@
 // Commands of the main window that are more than one call of the core.
 #pragma once
 
-#include "document/OpenDocument.h"
-#include "document/Recovery.h"
-#include "document/mdlMain.h"
+#include "workspace/OpenDocument.h"
+#include "workspace/Recovery.h"
+#include "workspace/mdlMain.h"
 
 #include <chrono>
 #include <string>

@@ -1,8 +1,8 @@
 // The pages of the help: their order in the contents, and which one explains which window.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "platform/Desktop.h"
+#include "workspace/mdlMain.h"
 
 #include <span>
 #include <string_view>

@@ -1,10 +1,10 @@
 #include "app/Options.h"
 
 #include "base/Numbers.h"
-#include "document/Dialogs.h"
-#include "document/Undo.h"
 #include "print/Margins.h"
 #include "settings/RegistryMove.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Undo.h"
 
 #include <algorithm>
 

@@ -1,12 +1,12 @@
 // One running program: everything that lives as long as it does, made in main() and passed by reference.
 #pragma once
 
-#include "document/Recovery.h"
-#include "document/Undo.h"
-#include "document/mdlMain.h"
 #include "platform/Desktop.h"
 #include "platform/FontCatalogue.h"
 #include "print/PrintModule.h"
+#include "workspace/Recovery.h"
+#include "workspace/Undo.h"
+#include "workspace/mdlMain.h"
 
 #include <memory>
 #include <string>

@@ -3,8 +3,8 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "base/Validate.h"
-#include "document/Dialogs.h"
 #include "settings/RegistryMove.h"
+#include "workspace/Dialogs.h"
 
 namespace velmora {
 namespace {

@@ -1,7 +1,7 @@
 // What the settings editor's buttons do: reads, writes, deletes and lists any setting, in the INI file or the registry.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <string>
 #include <vector>

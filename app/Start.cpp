@@ -4,10 +4,10 @@
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "base/Version.h"
-#include "document/Dialogs.h"
-#include "document/FolderSearch.h"
-#include "document/OpenDocument.h"
 #include "print/Margins.h"
+#include "workspace/Dialogs.h"
+#include "workspace/FolderSearch.h"
+#include "workspace/OpenDocument.h"
 
 namespace velmora {
 namespace {

@@ -1,8 +1,8 @@
 // The way from the about box to the machine's system-information tool.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "platform/Desktop.h"
+#include "workspace/mdlMain.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
-#include "document/OpenDocument.h"
+#include "workspace/OpenDocument.h"
 
 #include <iostream>
 #include <sstream>

@@ -6,13 +6,13 @@
 #include "base/Text.h"
 #include "document/TabFile.h"
 #include "document/Worksheet.h"
-#include "document/mdlMain.h"
 #include "platform/UserInterface.h"
 #include "platform/linux/BuiltInPrinters.h"
 #include "print/rptVelmor.h"
 #include "settings/RegistryFile.h"
 #include "settings/mdlSettings.h"
 #include "workbook/LibraryWorkbooks.h"
+#include "workspace/mdlMain.h"
 
 #include <filesystem>
 #include <functional>

@@ -1,8 +1,8 @@
 #include "batch/BatchProgram.h"
 #include "batch/Commands.h"
 #include "batch/FieldOption.h"
-#include "document/SaveDocument.h"
 #include "wizard/AppendWizardTabs.h"
+#include "workspace/SaveDocument.h"
 
 #include <iostream>
 

@@ -1,11 +1,11 @@
 #include "base/Text.h"
 #include "batch/BatchProgram.h"
 #include "batch/Commands.h"
-#include "document/OpenDocument.h"
-#include "document/SaveDocument.h"
 #include "document/TextList.h"
 #include "document/Worksheet.h"
 #include "workbook/LibraryWorkbooks.h"
+#include "workspace/OpenDocument.h"
+#include "workspace/SaveDocument.h"
 
 #include <iostream>
 

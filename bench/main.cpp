@@ -4,14 +4,14 @@
 #include "base/AtomicFile.h"
 #include "bench/Floors.h"
 #include "bench/Process.h"
-#include "document/OpenDocument.h"
-#include "document/Undo.h"
 #include "platform/linux/BuiltInPrinters.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/PdfReport.h"
 #include "settings/RegistryFile.h"
 #include "wizard/AppendWizardTabs.h"
 #include "workbook/LibraryWorkbooks.h"
+#include "workspace/OpenDocument.h"
+#include "workspace/Undo.h"
 
 #include <algorithm>
 #include <array>

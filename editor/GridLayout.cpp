@@ -3,7 +3,7 @@
 #include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "document/Undo.h"
+#include "workspace/Undo.h"
 
 #include <algorithm>
 

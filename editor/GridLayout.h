@@ -1,7 +1,7 @@
 // Where the boxes of one page stand in the grid editor, and the copies between page and document.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <array>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // The content of a recovery copy, under a check sum that fits: it is refused, or becomes a whole document.
 #include "batch/BatchProgram.h"
-#include "document/RecoveryCopy.h"
 #include "fuzz/Fuzz.h"
+#include "workspace/RecoveryCopy.h"
 
 using namespace velmora;
 

@@ -1,8 +1,8 @@
 // A tab file: what was read is written, and comes back the same.
 #include "batch/BatchProgram.h"
-#include "document/OpenDocument.h"
 #include "document/TabFileCheck.h"
 #include "fuzz/Fuzz.h"
+#include "workspace/OpenDocument.h"
 
 using namespace velmora;
 

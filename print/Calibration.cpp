@@ -1,9 +1,9 @@
 #include "print/Calibration.h"
 
 #include "base/Numbers.h"
-#include "document/Dialogs.h"
-#include "document/Undo.h"
 #include "print/rptVelmor.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Undo.h"
 
 #include <limits>
 

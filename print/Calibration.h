@@ -1,8 +1,8 @@
 // The margin calibration dialog frmFix3: two boxes for the active margins, and four sample tabs that follow them.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "print/Margins.h"
+#include "workspace/mdlMain.h"
 
 #include <array>
 #include <optional>

@@ -1,7 +1,7 @@
 // The calibrated margins: the active pair, which shifts the whole grid, and one default pair for each layout.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <string>
 #include <string_view>

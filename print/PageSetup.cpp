@@ -1,9 +1,9 @@
 #include "print/PageSetup.h"
 
-#include "document/Dialogs.h"
-#include "document/Transaction.h"
-#include "document/Undo.h"
 #include "print/Margins.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Transaction.h"
+#include "workspace/Undo.h"
 
 namespace velmora {
 namespace {

@@ -2,7 +2,7 @@
 // shows until OK.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <cstdint>
 #include <string>

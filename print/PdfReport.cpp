@@ -2,9 +2,9 @@
 
 #include "base/AtomicFile.h"
 #include "base/TemporaryFile.h"
-#include "document/Dialogs.h"
 #include "print/PdfCanvas.h"
 #include "print/SheetPainter.h"
+#include "workspace/Dialogs.h"
 
 #include <numeric>
 

@@ -1,9 +1,9 @@
 // A document as a PDF file, through the tab report and the one painter.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "platform/FontCatalogue.h"
 #include "print/rptVelmor.h"
+#include "workspace/mdlMain.h"
 
 #include <filesystem>
 #include <functional>

@@ -2,10 +2,10 @@
 // texts where the printer cannot print.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "platform/FontCatalogue.h"
 #include "print/TextShaper.h"
 #include "print/rptVelmor.h"
+#include "workspace/mdlMain.h"
 
 #include <array>
 #include <optional>

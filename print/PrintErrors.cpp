@@ -1,6 +1,6 @@
 #include "print/PrintErrors.h"
 
-#include "document/Dialogs.h"
+#include "workspace/Dialogs.h"
 
 namespace velmora {
 

@@ -1,10 +1,10 @@
 // What printing shares from one run to the next.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "platform/FontCatalogue.h"
 #include "print/ReportViewer.h"
 #include "print/rptVelmor.h"
+#include "workspace/mdlMain.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
 #include "print/PrintReport.h"
 
-#include "document/Dialogs.h"
 #include "print/PrintErrors.h"
 #include "settings/GlobalConfiguration.h"
+#include "workspace/Dialogs.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "print/PrintRun.h"
 
-#include "document/Dialogs.h"
 #include "print/NumberList.h"
 #include "print/PdfReport.h"
 #include "print/PrintErrors.h"
+#include "workspace/Dialogs.h"
 
 #include <numeric>
 

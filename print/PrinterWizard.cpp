@@ -1,8 +1,8 @@
 #include "print/PrinterWizard.h"
 
-#include "document/Dialogs.h"
-#include "document/Transaction.h"
 #include "print/Margins.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Transaction.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,7 +1,7 @@
 // The tab document in memory: catalogue, whole pages, configuration and status.
 #include "base/Error.h"
-#include "document/OpenDocument.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/OpenDocument.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // The flows of New, Open, Save and Save as: every question in its order, over real files.
 #include "app/Commands.h"
 #include "base/AtomicFile.h"
-#include "document/RecentFiles.h"
-#include "document/SaveDocument.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/RecentFiles.h"
+#include "workspace/SaveDocument.h"
 
 #include <gtest/gtest.h>
 

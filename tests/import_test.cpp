@@ -1,10 +1,10 @@
 // Opening and importing what is no tab file, and saving as a workbook: every question and message over real files.
 #include "app/Commands.h"
 #include "base/AtomicFile.h"
-#include "document/SaveDocument.h"
-#include "document/Undo.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/SaveDocument.h"
+#include "workspace/Undo.h"
 
 #include <gtest/gtest.h>
 

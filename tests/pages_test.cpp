@@ -1,7 +1,7 @@
 // Pages of the document: moves, adding, deleting and cleaning, with their questions.
-#include "document/Pages.h"
 #include "tests/support/Documents.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/Pages.h"
 
 #include <gtest/gtest.h>
 

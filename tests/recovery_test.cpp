@@ -1,10 +1,10 @@
 // Recovery copies: what comes back after an ending of any kind, whose copies they are, and what damage does to them.
 #include "base/AtomicFile.h"
-#include "document/OpenDocument.h"
-#include "document/Recovery.h"
-#include "document/RecoveryCopy.h"
 #include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/OpenDocument.h"
+#include "workspace/Recovery.h"
+#include "workspace/RecoveryCopy.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The search of the machine's drives for a folder or a picture.
 #include "base/AtomicFile.h"
-#include "document/FolderSearch.h"
 #include "platform/linux/LinuxDrives.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/FolderSearch.h"
 
 #include <gtest/gtest.h>
 

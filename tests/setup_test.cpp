@@ -1,6 +1,4 @@
 // Margins, the set-up dialogs and the checks before printing, without their forms.
-#include "document/Pages.h"
-#include "document/Undo.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/Calibration.h"
 #include "print/PdfReport.h"
@@ -8,6 +6,8 @@
 #include "print/PrinterWizard.h"
 #include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/Pages.h"
+#include "workspace/Undo.h"
 
 #include <gtest/gtest.h>
 

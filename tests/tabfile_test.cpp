@@ -1,9 +1,9 @@
 // Tab files: reading, writing, opening, and everything that can be wrong with one.
 #include "base/AtomicFile.h"
 #include "base/Text.h"
-#include "document/OpenDocument.h"
 #include "document/TabFileCheck.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/OpenDocument.h"
 
 #include <gtest/gtest.h>
 

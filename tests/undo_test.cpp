@@ -1,8 +1,8 @@
 // Undo and redo: what a step brings back, what belongs to one step, what counts as saved, and what the steps cost.
-#include "document/Pages.h"
-#include "document/Undo.h"
 #include "tests/support/Documents.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/Pages.h"
+#include "workspace/Undo.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,5 @@
 // The wizard without its windows: the values it makes, the rules of its pages, and what becomes of the document.
 #include "base/Text.h"
-#include "document/Pages.h"
-#include "document/Undo.h"
 #include "tests/support/Documents.h"
 #include "tests/support/FakeEditor.h"
 #include "tests/support/FewFonts.h"
@@ -9,6 +7,8 @@
 #include "wizard/AppendWizardTabs.h"
 #include "wizard/FontPage.h"
 #include "wizard/NextNumber.h"
+#include "workspace/Pages.h"
+#include "workspace/Undo.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // Workbooks: those of other programs, our own, and everything that can be wrong with one.
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
-#include "document/OpenDocument.h"
 #include "document/TextList.h"
 #include "tests/support/StoredZip.h"
 #include "tests/support/TestProgram.h"
 #include "workbook/LibraryWorkbooks.h"
 #include "workbook/NumberFormat.h"
+#include "workspace/OpenDocument.h"
 
 #include <gtest/gtest.h>
 

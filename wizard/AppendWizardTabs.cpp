@@ -1,9 +1,9 @@
 #include "wizard/AppendWizardTabs.h"
 
 #include "base/Numbers.h"
-#include "document/Dialogs.h"
-#include "document/Pages.h"
-#include "document/Undo.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Pages.h"
+#include "workspace/Undo.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "document/Dialogs.h"
-#include "document/Undo.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Undo.h"
 
 #include <algorithm>
 #include <array>

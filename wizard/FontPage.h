@@ -1,8 +1,8 @@
 // The font page: a draft of the three fields' fonts, what each of its controls does to it, and its storing.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "platform/FontCatalogue.h"
+#include "workspace/mdlMain.h"
 
 #include <cstdint>
 #include <string>

@@ -3,8 +3,8 @@
 #include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "document/Dialogs.h"
-#include "document/Pages.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Pages.h"
 
 #include <algorithm>
 

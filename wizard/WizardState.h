@@ -2,8 +2,8 @@
 // page comes next. A page shows this and has no rule of its own.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "wizard/ValueSeries.h"
+#include "workspace/mdlMain.h"
 
 #include <array>
 #include <cstdint>

@@ -2,8 +2,8 @@
 
 #include "app/Help.h"
 #include "app/ui/frmHelp.h"
-#include "document/Dialogs.h"
 #include "document/ui/HelpRequest.h"
+#include "workspace/Dialogs.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 // F1 in any window opens the help at the page of that window, also while the window is modal.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <QObject>
 #include <QPointer>

@@ -6,15 +6,15 @@
 #include "app/ui/frmAbout.h"
 #include "app/ui/frmOptionsPage.h"
 #include "base/Text.h"
-#include "document/Pages.h"
-#include "document/PasteBlock.h"
-#include "document/SaveDocument.h"
 #include "document/ui/HelpRequest.h"
 #include "editor/ui/frmFind.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "print/PdfReport.h"
 #include "print/PrintReport.h"
 #include "wizard/ui/frmAutoRepWiz.h"
+#include "workspace/Pages.h"
+#include "workspace/PasteBlock.h"
+#include "workspace/SaveDocument.h"
 
 #include <QApplication>
 #include <QClipboard>

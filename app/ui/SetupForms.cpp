@@ -1,10 +1,10 @@
 #include "app/ui/SetupForms.h"
 
-#include "document/Dialogs.h"
 #include "print/PrintReport.h"
 #include "print/ui/frmAutoPrtWiz.h"
 #include "print/ui/frmFix3.h"
 #include "print/ui/frmPageSetUp.h"
+#include "workspace/Dialogs.h"
 
 #include <QApplication>
 

@@ -2,8 +2,8 @@
 
 #include "app/SystemInformation.h"
 #include "base/Version.h"
-#include "document/Dialogs.h"
 #include "document/ui/HelpRequest.h"
+#include "workspace/Dialogs.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "app/ui/frmOptionsPage.h"
 
 #include "app/Options.h"
-#include "document/Dialogs.h"
 #include "document/ui/HelpRequest.h"
+#include "workspace/Dialogs.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

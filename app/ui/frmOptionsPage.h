@@ -1,8 +1,8 @@
 // The general options: two habits, the way back to the defaults, and the settings of an older installation.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "document/ui/FormPlace.h"
+#include "workspace/mdlMain.h"
 
 class QCheckBox;
 

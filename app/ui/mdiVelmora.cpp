@@ -3,11 +3,11 @@
 #include "app/Commands.h"
 #include "app/ui/HelpDesk.h"
 #include "app/ui/MainMenu.h"
-#include "document/Dialogs.h"
-#include "document/RecentFiles.h"
 #include "document/ui/FormPlace.h"
 #include "document/ui/LineIcon.h"
 #include "editor/ui/frmGrid2a4.h"
+#include "workspace/Dialogs.h"
+#include "workspace/RecentFiles.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,8 +1,8 @@
 // The forms behind an import's questions.
 #pragma once
 
-#include "document/ImportDialogs.h"
-#include "document/mdlMain.h"
+#include "workspace/ImportDialogs.h"
+#include "workspace/mdlMain.h"
 
 class QWidget;
 

@@ -1,7 +1,7 @@
 #include "document/ui/TabPicture.h"
 
-#include "document/Dialogs.h"
-#include "document/FolderSearch.h"
+#include "workspace/Dialogs.h"
+#include "workspace/FolderSearch.h"
 
 namespace velmora {
 

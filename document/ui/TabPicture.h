@@ -1,7 +1,7 @@
 // Pictures of the stationery and of a tab, from the images folder.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <QPixmap>
 #include <QSize>

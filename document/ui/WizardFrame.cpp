@@ -1,8 +1,8 @@
 #include "document/ui/WizardFrame.h"
 
-#include "document/Dialogs.h"
 #include "document/ui/FormPlace.h"
 #include "document/ui/HelpRequest.h"
+#include "workspace/Dialogs.h"
 
 #include <QFrame>
 #include <QPushButton>

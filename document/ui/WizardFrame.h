@@ -2,8 +2,8 @@
 // the right, and at the foot the buttons, always in the same places.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "document/ui/AnswerLabel.h"
+#include "workspace/mdlMain.h"
 
 #include <QDialog>
 #include <QPixmap>

@@ -1,9 +1,9 @@
 // How a worksheet or list without a header becomes tabs: its first rows, and which column goes to which field.
 #pragma once
 
-#include "document/ImportDialogs.h"
-#include "document/mdlMain.h"
 #include "document/ui/FormPlace.h"
+#include "workspace/ImportDialogs.h"
+#include "workspace/mdlMain.h"
 
 #include <array>
 

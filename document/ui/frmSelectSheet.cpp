@@ -1,7 +1,7 @@
 #include "document/ui/frmSelectSheet.h"
 
-#include "document/Dialogs.h"
 #include "document/ui/HelpRequest.h"
+#include "workspace/Dialogs.h"
 
 #include <QEvent>
 #include <QListWidget>

@@ -1,8 +1,8 @@
 // Asks for one of a workbook's worksheets; the only one is chosen without a word.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "document/ui/FormPlace.h"
+#include "workspace/mdlMain.h"
 
 #include <QTimer>
 

@@ -1,9 +1,9 @@
 #include "editor/ui/frmFind.h"
 
-#include "document/Dialogs.h"
 #include "document/ui/AnswerLabel.h"
 #include "document/ui/Controls.h"
 #include "document/ui/HelpRequest.h"
+#include "workspace/Dialogs.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,8 +1,8 @@
 // Find and replace: stays open beside the grid while the person works on.
 #pragma once
 
-#include "document/FindReplace.h"
 #include "document/ui/FormPlace.h"
+#include "workspace/FindReplace.h"
 
 class QCheckBox;
 class QComboBox;

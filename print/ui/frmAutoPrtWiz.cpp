@@ -1,11 +1,11 @@
 #include "print/ui/frmAutoPrtWiz.h"
 
-#include "document/Dialogs.h"
 #include "document/ui/Controls.h"
 #include "document/ui/TabPicture.h"
 #include "document/ui/WizardFrame.h"
 #include "print/PrinterWizard.h"
 #include "print/ui/frmFix.h"
+#include "workspace/Dialogs.h"
 
 #include <QButtonGroup>
 #include <QCoreApplication>

@@ -2,7 +2,7 @@
 // trouble-shooting, and the labels that came out upside-down.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <cstdint>
 #include <functional>

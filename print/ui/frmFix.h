@@ -2,8 +2,8 @@
 // advice.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "document/ui/FormPlace.h"
+#include "workspace/mdlMain.h"
 
 namespace velmora {
 

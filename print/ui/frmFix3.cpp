@@ -1,9 +1,9 @@
 #include "print/ui/frmFix3.h"
 
-#include "document/Dialogs.h"
 #include "document/ui/Controls.h"
 #include "document/ui/HelpRequest.h"
 #include "print/CalibrationSheet.h"
+#include "workspace/Dialogs.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>

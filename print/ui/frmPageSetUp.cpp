@@ -1,10 +1,10 @@
 #include "print/ui/frmPageSetUp.h"
 
-#include "document/Dialogs.h"
 #include "document/ui/Controls.h"
 #include "document/ui/HelpRequest.h"
 #include "document/ui/TabPicture.h"
 #include "print/ui/frmAutoPrtWiz.h"
+#include "workspace/Dialogs.h"
 
 #include <QButtonGroup>
 #include <QDialogButtonBox>

@@ -1,7 +1,7 @@
 // Documents that tests begin with.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <functional>
 

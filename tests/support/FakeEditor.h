@@ -1,7 +1,7 @@
 // An editor without a window: what it holds is set by the test, and it tells what it was asked to do.
 #pragma once
 
-#include "document/GridEditor.h"
+#include "workspace/GridEditor.h"
 
 namespace velmora {
 

@@ -1,7 +1,7 @@
 // Answers to an import's questions, and what was asked.
 #pragma once
 
-#include "document/ImportDialogs.h"
+#include "workspace/ImportDialogs.h"
 
 namespace velmora {
 

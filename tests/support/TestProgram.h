@@ -1,12 +1,12 @@
 // The shared state of a program in a folder of its own, with a scripted person.
 #pragma once
 
-#include "document/mdlMain.h"
 #include "platform/linux/BuiltInPrinters.h"
 #include "settings/RegistryFile.h"
 #include "tests/support/ScriptedInterface.h"
 #include "tests/support/TemporaryFolder.h"
 #include "workbook/LibraryWorkbooks.h"
+#include "workspace/mdlMain.h"
 
 namespace velmora {
 

@@ -1,9 +1,9 @@
 #include "wizard/ui/ChoicePages.h"
 
 #include "base/Numbers.h"
-#include "document/Dialogs.h"
 #include "document/ui/LineIcon.h"
 #include "wizard/AppendWizardTabs.h"
+#include "workspace/Dialogs.h"
 
 #include <QButtonGroup>
 #include <QLabel>

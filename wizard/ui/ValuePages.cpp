@@ -1,7 +1,7 @@
 #include "wizard/ui/ValuePages.h"
 
-#include "document/Dialogs.h"
 #include "wizard/NextNumber.h"
+#include "workspace/Dialogs.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

@@ -2,8 +2,8 @@
 // lines comes in quotation marks.
 #pragma once
 
-#include "document/Undo.h"
-#include "document/mdlMain.h"
+#include "workspace/Undo.h"
+#include "workspace/mdlMain.h"
 
 #include <string_view>
 

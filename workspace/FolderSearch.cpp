@@ -1,7 +1,7 @@
-#include "document/FolderSearch.h"
+#include "workspace/FolderSearch.h"
 
 #include "base/Validate.h"
-#include "document/Dialogs.h"
+#include "workspace/Dialogs.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include "base/Numbers.h"
 #include "base/Text.h"

@@ -1,4 +1,4 @@
-#include "document/RecentFiles.h"
+#include "workspace/RecentFiles.h"
 
 #include "base/Text.h"
 #include "base/Validate.h"

@@ -2,8 +2,8 @@
 // a copy or a stranger's file is never taken for one.
 #pragma once
 
-#include "document/OpenDocument.h"
-#include "document/mdlMain.h"
+#include "workspace/OpenDocument.h"
+#include "workspace/mdlMain.h"
 
 #include <chrono>
 #include <cstdint>

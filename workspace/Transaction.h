@@ -1,7 +1,7 @@
 // All or nothing: an operation that ends in an error leaves document, fonts, configuration and settings as they were.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <optional>
 

@@ -1,8 +1,8 @@
 // Find and replace over all pages.
 #pragma once
 
-#include "document/Undo.h"
-#include "document/mdlMain.h"
+#include "workspace/Undo.h"
+#include "workspace/mdlMain.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,11 +1,11 @@
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "base/Validate.h"
-#include "document/Dialogs.h"
-#include "document/Undo.h"
 #include "settings/RegistryMove.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Undo.h"
 
 #include <algorithm>
 

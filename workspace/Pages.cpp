@@ -1,9 +1,9 @@
-#include "document/Pages.h"
+#include "workspace/Pages.h"
 
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "document/Dialogs.h"
-#include "document/Undo.h"
+#include "workspace/Dialogs.h"
+#include "workspace/Undo.h"
 
 #include <algorithm>
 

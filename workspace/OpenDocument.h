@@ -3,7 +3,7 @@
 
 #include "document/TabFile.h"
 #include "document/Worksheet.h"
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <filesystem>
 

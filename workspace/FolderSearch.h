@@ -1,7 +1,7 @@
 // Asks for a folder or a picture that the program needs and cannot find, and searches the machine's drives for it.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <filesystem>
 #include <optional>

@@ -1,13 +1,13 @@
-#include "document/SaveDocument.h"
+#include "workspace/SaveDocument.h"
 
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "base/Validate.h"
-#include "document/Dialogs.h"
-#include "document/RecentFiles.h"
-#include "document/Recovery.h"
-#include "document/Undo.h"
 #include "document/Worksheet.h"
+#include "workspace/Dialogs.h"
+#include "workspace/RecentFiles.h"
+#include "workspace/Recovery.h"
+#include "workspace/Undo.h"
 
 #include <algorithm>
 

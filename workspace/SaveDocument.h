@@ -3,7 +3,7 @@
 #pragma once
 
 #include "document/TabFile.h"
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <filesystem>
 

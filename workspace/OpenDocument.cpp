@@ -1,16 +1,16 @@
-#include "document/OpenDocument.h"
+#include "workspace/OpenDocument.h"
 
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "base/Validate.h"
-#include "document/Dialogs.h"
-#include "document/ImportDocument.h"
-#include "document/Pages.h"
-#include "document/RecentFiles.h"
-#include "document/Recovery.h"
-#include "document/SaveDocument.h"
-#include "document/Transaction.h"
-#include "document/Undo.h"
+#include "workspace/Dialogs.h"
+#include "workspace/ImportDocument.h"
+#include "workspace/Pages.h"
+#include "workspace/RecentFiles.h"
+#include "workspace/Recovery.h"
+#include "workspace/SaveDocument.h"
+#include "workspace/Transaction.h"
+#include "workspace/Undo.h"
 
 namespace velmora {
 namespace {

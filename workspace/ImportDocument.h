@@ -1,7 +1,7 @@
 // Opening what is no tab file: worksheets and the lists of other programs.
 #pragma once
 
-#include "document/OpenDocument.h"
+#include "workspace/OpenDocument.h"
 
 #include <filesystem>
 #include <functional>

@@ -1,7 +1,7 @@
-#include "document/Recovery.h"
+#include "workspace/Recovery.h"
 
 #include "base/AtomicFile.h"
-#include "document/RecoveryCopy.h"
+#include "workspace/RecoveryCopy.h"
 
 #include <algorithm>
 #include <cerrno>

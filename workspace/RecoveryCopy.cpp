@@ -1,8 +1,8 @@
-#include "document/RecoveryCopy.h"
+#include "workspace/RecoveryCopy.h"
 
 #include "base/Error.h"
 #include "document/TabFile.h"
-#include "document/Transaction.h"
+#include "workspace/Transaction.h"
 
 #include <algorithm>
 #include <array>

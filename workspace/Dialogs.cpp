@@ -1,7 +1,7 @@
-#include "document/Dialogs.h"
+#include "workspace/Dialogs.h"
 
 #include "base/Validate.h"
-#include "document/Recovery.h"
+#include "workspace/Recovery.h"
 
 #include <utility>
 

@@ -1,5 +1,5 @@
 #include "base/Text.h"
-#include "document/FolderSearch.h"
+#include "workspace/FolderSearch.h"
 
 #include <algorithm>
 #include <deque>

@@ -1,7 +1,7 @@
-#include "document/FindReplace.h"
+#include "workspace/FindReplace.h"
 
 #include "base/Text.h"
-#include "document/Dialogs.h"
+#include "workspace/Dialogs.h"
 
 #include <algorithm>
 #include <tuple>

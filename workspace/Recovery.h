@@ -2,7 +2,7 @@
 // document in a file of its own beside the settings, and what was replaced without asking is kept for a while.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <chrono>
 #include <cstdint>

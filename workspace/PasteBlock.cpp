@@ -1,8 +1,8 @@
-#include "document/PasteBlock.h"
+#include "workspace/PasteBlock.h"
 
 #include "base/Text.h"
-#include "document/Dialogs.h"
 #include "document/TextList.h"
+#include "workspace/Dialogs.h"
 
 #include <algorithm>
 #include <string>

@@ -2,7 +2,7 @@
 // first takes the page on screen into the document and afterwards shows the current page.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 namespace velmora {
 

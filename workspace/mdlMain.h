@@ -3,15 +3,15 @@
 #pragma once
 
 #include "document/FontSettings.h"
-#include "document/GridEditor.h"
 #include "document/TabDocument.h"
 #include "platform/Drives.h"
-#include "platform/MainWindowStatus.h"
 #include "platform/PrintSystem.h"
 #include "platform/UserInterface.h"
 #include "settings/GlobalConfiguration.h"
 #include "settings/mdlSettings.h"
 #include "workbook/SpreadsheetApplication.h"
+#include "workspace/GridEditor.h"
+#include "workspace/MainWindowStatus.h"
 
 namespace velmora {
 

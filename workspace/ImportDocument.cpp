@@ -1,8 +1,8 @@
-#include "document/ImportDocument.h"
+#include "workspace/ImportDocument.h"
 
 #include "base/AtomicFile.h"
-#include "document/Dialogs.h"
-#include "document/ImportDialogs.h"
+#include "workspace/Dialogs.h"
+#include "workspace/ImportDialogs.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "document/Undo.h"
+#include "workspace/Undo.h"
 
 #include "base/Error.h"
 #include "document/TextRange.h"
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <algorithm>
 #include <tuple>

@@ -1,7 +1,7 @@
 // Questions and announcements that several procedures share, and the trapping of errors.
 #pragma once
 
-#include "document/mdlMain.h"
+#include "workspace/mdlMain.h"
 
 #include <exception>
 #include <filesystem>
