@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/Program.h"
-#include "document/ui/ImportForms.h"
+#include "app/ui/ImportForms.h"
 #include "print/ui/frmPreview.h"
 
 #include <QMainWindow>

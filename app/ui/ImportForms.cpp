@@ -1,7 +1,7 @@
-#include "document/ui/ImportForms.h"
+#include "app/ui/ImportForms.h"
 
-#include "document/ui/frmImport.h"
-#include "document/ui/frmSelectSheet.h"
+#include "app/ui/frmImport.h"
+#include "app/ui/frmSelectSheet.h"
 
 namespace velmora {
 

@@ -1,4 +1,4 @@
-#include "document/ui/frmImport.h"
+#include "app/ui/frmImport.h"
 
 #include "document/ui/Controls.h"
 #include "document/ui/HelpRequest.h"

@@ -1,4 +1,4 @@
-#include "document/ui/frmSelectSheet.h"
+#include "app/ui/frmSelectSheet.h"
 
 #include "document/ui/HelpRequest.h"
 #include "workspace/Dialogs.h"
