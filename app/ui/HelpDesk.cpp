@@ -2,7 +2,7 @@
 
 #include "app/Help.h"
 #include "app/ui/frmHelp.h"
-#include "document/ui/HelpRequest.h"
+#include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 
 #include "app/SystemInformation.h"
 #include "base/Version.h"
-#include "document/ui/HelpRequest.h"
+#include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
 
 #include <QApplication>

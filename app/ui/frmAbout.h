@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/Program.h"
-#include "document/ui/FormPlace.h"
+#include "widgets/FormPlace.h"
 
 class QVBoxLayout;
 

@@ -1,7 +1,7 @@
 // The help: contents and search on the left, the page on the right.
 #pragma once
 
-#include "document/ui/FormPlace.h"
+#include "widgets/FormPlace.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "app/ui/frmImport.h"
 
-#include "document/ui/Controls.h"
-#include "document/ui/HelpRequest.h"
+#include "widgets/Controls.h"
+#include "widgets/HelpRequest.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,7 +1,7 @@
 // How a worksheet or list without a header becomes tabs: its first rows, and which column goes to which field.
 #pragma once
 
-#include "document/ui/FormPlace.h"
+#include "widgets/FormPlace.h"
 #include "workspace/ImportDialogs.h"
 #include "workspace/mdlMain.h"
 

@@ -1,7 +1,7 @@
 #include "app/ui/frmOptionsPage.h"
 
 #include "app/Options.h"
-#include "document/ui/HelpRequest.h"
+#include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
 
 #include <QCheckBox>

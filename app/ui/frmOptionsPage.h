@@ -1,7 +1,7 @@
 // The general options: two habits, the way back to the defaults, and the settings of an older installation.
 #pragma once
 
-#include "document/ui/FormPlace.h"
+#include "widgets/FormPlace.h"
 #include "workspace/mdlMain.h"
 
 class QCheckBox;

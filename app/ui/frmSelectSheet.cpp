@@ -1,6 +1,6 @@
 #include "app/ui/frmSelectSheet.h"
 
-#include "document/ui/HelpRequest.h"
+#include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
 
 #include <QEvent>

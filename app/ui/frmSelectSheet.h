@@ -1,7 +1,7 @@
 // Asks for one of a workbook's worksheets; the only one is chosen without a word.
 #pragma once
 
-#include "document/ui/FormPlace.h"
+#include "widgets/FormPlace.h"
 #include "workspace/mdlMain.h"
 
 #include <QTimer>

@@ -1,7 +1,7 @@
 #include "app/ui/frmSettings.h"
 
 #include "app/ui/HelpDesk.h"
-#include "document/ui/HelpRequest.h"
+#include "widgets/HelpRequest.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/SettingsEditor.h"
-#include "document/ui/FormPlace.h"
+#include "widgets/FormPlace.h"
 
 #include <array>
 

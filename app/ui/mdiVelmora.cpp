@@ -3,9 +3,9 @@
 #include "app/Commands.h"
 #include "app/ui/HelpDesk.h"
 #include "app/ui/MainMenu.h"
-#include "document/ui/FormPlace.h"
-#include "document/ui/LineIcon.h"
 #include "editor/ui/frmGrid2a4.h"
+#include "widgets/FormPlace.h"
+#include "widgets/LineIcon.h"
 #include "workspace/Dialogs.h"
 #include "workspace/RecentFiles.h"
 

@@ -1,8 +1,8 @@
 #include "editor/ui/frmFind.h"
 
-#include "document/ui/AnswerLabel.h"
-#include "document/ui/Controls.h"
-#include "document/ui/HelpRequest.h"
+#include "widgets/AnswerLabel.h"
+#include "widgets/Controls.h"
+#include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 // Find and replace: stays open beside the grid while the person works on.
 #pragma once
 
-#include "document/ui/FormPlace.h"
+#include "widgets/FormPlace.h"
 #include "workspace/FindReplace.h"
 
 class QCheckBox;

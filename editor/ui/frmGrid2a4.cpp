@@ -1,6 +1,6 @@
 #include "editor/ui/frmGrid2a4.h"
 
-#include "document/ui/Controls.h"
+#include "widgets/Controls.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>

@@ -1,6 +1,6 @@
 #include "print/ui/FindingsBox.h"
 
-#include "document/ui/Controls.h"
+#include "widgets/Controls.h"
 
 #include <QElapsedTimer>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #include "print/ui/PrintBox.h"
 
-#include "document/ui/AnswerLabel.h"
-#include "document/ui/Controls.h"
+#include "widgets/AnswerLabel.h"
+#include "widgets/Controls.h"
 
 #include <QButtonGroup>
 #include <QLineEdit>

@@ -1,10 +1,10 @@
 #include "print/ui/frmAutoPrtWiz.h"
 
-#include "document/ui/Controls.h"
-#include "document/ui/TabPicture.h"
-#include "document/ui/WizardFrame.h"
 #include "print/PrinterWizard.h"
 #include "print/ui/frmFix.h"
+#include "widgets/Controls.h"
+#include "widgets/TabPicture.h"
+#include "widgets/WizardFrame.h"
 #include "workspace/Dialogs.h"
 
 #include <QButtonGroup>

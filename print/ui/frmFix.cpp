@@ -1,8 +1,8 @@
 #include "print/ui/frmFix.h"
 
-#include "document/ui/Controls.h"
-#include "document/ui/HelpRequest.h"
 #include "print/PrinterWizard.h"
+#include "widgets/Controls.h"
+#include "widgets/HelpRequest.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

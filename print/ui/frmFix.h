@@ -2,7 +2,7 @@
 // advice.
 #pragma once
 
-#include "document/ui/FormPlace.h"
+#include "widgets/FormPlace.h"
 #include "workspace/mdlMain.h"
 
 namespace velmora {

@@ -1,8 +1,8 @@
 #include "print/ui/frmFix3.h"
 
-#include "document/ui/Controls.h"
-#include "document/ui/HelpRequest.h"
 #include "print/CalibrationSheet.h"
+#include "widgets/Controls.h"
+#include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
 
 #include <QDialogButtonBox>

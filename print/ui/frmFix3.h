@@ -1,10 +1,10 @@
 // The margin calibration: the two margins, arrows around a picture of the sheet, and four sample tabs that follow.
 #pragma once
 
-#include "document/ui/FormPlace.h"
 #include "print/Calibration.h"
 #include "print/PrintModule.h"
 #include "print/Sheet.h"
+#include "widgets/FormPlace.h"
 
 class QGridLayout;
 class QLabel;

@@ -1,9 +1,9 @@
 #include "print/ui/frmPageSetUp.h"
 
-#include "document/ui/Controls.h"
-#include "document/ui/HelpRequest.h"
-#include "document/ui/TabPicture.h"
 #include "print/ui/frmAutoPrtWiz.h"
+#include "widgets/Controls.h"
+#include "widgets/HelpRequest.h"
+#include "widgets/TabPicture.h"
 #include "workspace/Dialogs.h"
 
 #include <QButtonGroup>

@@ -1,8 +1,8 @@
 // The page set-up: stationery and number of fields. The status line follows each choice; OK rebuilds the document.
 #pragma once
 
-#include "document/ui/FormPlace.h"
 #include "print/PageSetup.h"
+#include "widgets/FormPlace.h"
 
 #include <functional>
 

@@ -1,11 +1,11 @@
 #include "print/ui/frmPreview.h"
 
-#include "document/ui/Controls.h"
-#include "document/ui/FormPlace.h"
-#include "document/ui/HelpRequest.h"
-#include "document/ui/LineIcon.h"
 #include "print/ui/FindingsBox.h"
 #include "print/ui/PrintBox.h"
+#include "widgets/Controls.h"
+#include "widgets/FormPlace.h"
+#include "widgets/HelpRequest.h"
+#include "widgets/LineIcon.h"
 
 #include <QAction>
 #include <QCheckBox>

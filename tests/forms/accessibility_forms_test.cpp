@@ -5,8 +5,6 @@
 #include "app/ui/frmOptionsPage.h"
 #include "app/ui/frmSelectSheet.h"
 #include "app/ui/frmSettings.h"
-#include "document/ui/Controls.h"
-#include "document/ui/WizardFrame.h"
 #include "editor/ui/frmFind.h"
 #include "platform/qt/QtUserInterface.h"
 #include "print/ui/frmPreview.h"
@@ -14,6 +12,8 @@
 #include "tests/forms/FormFaults.h"
 #include "tests/forms/RunningProgram.h"
 #include "tests/support/FakePrinters.h"
+#include "widgets/Controls.h"
+#include "widgets/WizardFrame.h"
 
 #include <QGridLayout>
 #include <QListView>

@@ -5,9 +5,9 @@
 #include "app/ui/frmHelp.h"
 #include "app/ui/frmOptionsPage.h"
 #include "app/ui/frmSettings.h"
-#include "document/ui/HelpRequest.h"
-#include "document/ui/TabPicture.h"
 #include "tests/forms/RunningProgram.h"
+#include "widgets/HelpRequest.h"
+#include "widgets/TabPicture.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>

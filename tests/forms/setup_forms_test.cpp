@@ -1,6 +1,6 @@
 // The set-up dialogs, driven through the window's own commands and the controls' names.
-#include "document/ui/WizardFrame.h"
 #include "tests/forms/RunningProgram.h"
+#include "widgets/WizardFrame.h"
 
 #include <QAbstractButton>
 #include <QDialog>

@@ -1,6 +1,6 @@
 // The auto-fill wizard and the font page, driven through their controls.
-#include "document/ui/WizardFrame.h"
 #include "tests/forms/RunningProgram.h"
+#include "widgets/WizardFrame.h"
 
 #include <QCheckBox>
 #include <QComboBox>

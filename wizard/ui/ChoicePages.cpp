@@ -1,7 +1,7 @@
 #include "wizard/ui/ChoicePages.h"
 
 #include "base/Numbers.h"
-#include "document/ui/LineIcon.h"
+#include "widgets/LineIcon.h"
 #include "wizard/AppendWizardTabs.h"
 #include "workspace/Dialogs.h"
 

@@ -1,6 +1,6 @@
 #include "wizard/ui/frmAutoRepWiz.h"
 
-#include "document/ui/TabPicture.h"
+#include "widgets/TabPicture.h"
 #include "wizard/ui/ChoicePages.h"
 #include "wizard/ui/ValuePages.h"
 #include "wizard/ui/frmAutoRepWiz7.h"

@@ -1,9 +1,9 @@
 // The auto-fill wizard's window: holds what its pages have collected and shows one after the other.
 #pragma once
 
-#include "document/ui/Controls.h"
-#include "document/ui/WizardFrame.h"
 #include "platform/FontCatalogue.h"
+#include "widgets/Controls.h"
+#include "widgets/WizardFrame.h"
 #include "wizard/WizardState.h"
 
 #include <map>

@@ -1,7 +1,7 @@
 #include "wizard/ui/frmAutoRepWiz7.h"
 
 #include "base/Text.h"
-#include "document/ui/LineIcon.h"
+#include "widgets/LineIcon.h"
 
 #include <QButtonGroup>
 #include <QComboBox>

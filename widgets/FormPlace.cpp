@@ -1,4 +1,4 @@
-#include "document/ui/FormPlace.h"
+#include "widgets/FormPlace.h"
 
 #include "settings/FormPosition.h"
 

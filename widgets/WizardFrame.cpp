@@ -1,7 +1,7 @@
-#include "document/ui/WizardFrame.h"
+#include "widgets/WizardFrame.h"
 
-#include "document/ui/FormPlace.h"
-#include "document/ui/HelpRequest.h"
+#include "widgets/FormPlace.h"
+#include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
 
 #include <QFrame>

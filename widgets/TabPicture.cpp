@@ -1,4 +1,4 @@
-#include "document/ui/TabPicture.h"
+#include "widgets/TabPicture.h"
 
 #include "workspace/Dialogs.h"
 #include "workspace/FolderSearch.h"

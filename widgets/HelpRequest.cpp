@@ -1,4 +1,4 @@
-#include "document/ui/HelpRequest.h"
+#include "widgets/HelpRequest.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

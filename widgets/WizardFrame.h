@@ -2,7 +2,7 @@
 // the right, and at the foot the buttons, always in the same places.
 #pragma once
 
-#include "document/ui/AnswerLabel.h"
+#include "widgets/AnswerLabel.h"
 #include "workspace/mdlMain.h"
 
 #include <QDialog>

@@ -1,4 +1,4 @@
-#include "document/ui/LineIcon.h"
+#include "widgets/LineIcon.h"
 
 #include <QFile>
 #include <QGuiApplication>
