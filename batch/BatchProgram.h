@@ -8,7 +8,7 @@
 #include "document/Worksheet.h"
 #include "platform/UserInterface.h"
 #include "platform/linux/BuiltInPrinters.h"
-#include "print/rptVelmor.h"
+#include "report/rptVelmor.h"
 #include "settings/RegistryFile.h"
 #include "settings/mdlSettings.h"
 #include "workbook/LibraryWorkbooks.h"

@@ -1,7 +1,7 @@
 #include "print/Calibration.h"
 
 #include "base/Numbers.h"
-#include "print/rptVelmor.h"
+#include "report/rptVelmor.h"
 #include "workspace/Dialogs.h"
 #include "workspace/Undo.h"
 

@@ -3,11 +3,11 @@
 #include "base/AtomicFile.h"
 #include "base/TemporaryFile.h"
 #include "document/Stationery.h"
-#include "print/PdfCanvas.h"
 #include "print/PdfReport.h"
 #include "print/PrintErrors.h"
-#include "print/SheetPainter.h"
-#include "print/rptVelmor.h"
+#include "report/PdfCanvas.h"
+#include "report/SheetPainter.h"
+#include "report/rptVelmor.h"
 
 #include <algorithm>
 #include <array>

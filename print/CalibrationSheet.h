@@ -3,7 +3,7 @@
 #pragma once
 
 #include "print/PrintModule.h"
-#include "print/Sheet.h"
+#include "report/Sheet.h"
 
 #include <functional>
 #include <string_view>

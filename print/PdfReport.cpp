@@ -2,8 +2,8 @@
 
 #include "base/AtomicFile.h"
 #include "base/TemporaryFile.h"
-#include "print/PdfCanvas.h"
-#include "print/SheetPainter.h"
+#include "report/PdfCanvas.h"
+#include "report/SheetPainter.h"
 #include "workspace/Dialogs.h"
 
 #include <numeric>

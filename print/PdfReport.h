@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/FontCatalogue.h"
-#include "print/rptVelmor.h"
+#include "report/rptVelmor.h"
 #include "workspace/mdlMain.h"
 
 #include <filesystem>

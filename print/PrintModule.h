@@ -3,7 +3,7 @@
 
 #include "platform/FontCatalogue.h"
 #include "print/ReportViewer.h"
-#include "print/rptVelmor.h"
+#include "report/rptVelmor.h"
 #include "workspace/mdlMain.h"
 
 #include <string>

@@ -1,8 +1,8 @@
 // One run of the tab report, from its records to paper or to a file: what a preview window needs, without its rules.
 #pragma once
 
-#include "print/PrintChecks.h"
 #include "print/PrintModule.h"
+#include "report/PrintChecks.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 // The tab report: where every text of a sheet stands, as numbers.
 #include "base/Error.h"
-#include "print/rptVelmor.h"
+#include "report/rptVelmor.h"
 #include "tests/support/TestProgram.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // What a check before printing finds, for a list: tens of thousands of lines cost nothing until they are seen.
 #pragma once
 
-#include "print/PrintChecks.h"
+#include "report/PrintChecks.h"
 
 #include <QAbstractListModel>
 

@@ -1,8 +1,8 @@
 // One sheet of a print run on the screen: white paper on a quiet ground, at any scale, with what never prints over it.
 #pragma once
 
-#include "print/SheetPainter.h"
-#include "print/ui/PainterCanvas.h"
+#include "report/SheetPainter.h"
+#include "report/ui/PainterCanvas.h"
 
 #include <QAbstractScrollArea>
 

@@ -3,7 +3,7 @@
 
 #include "print/Calibration.h"
 #include "print/PrintModule.h"
-#include "print/Sheet.h"
+#include "report/Sheet.h"
 #include "widgets/FormPlace.h"
 
 class QGridLayout;

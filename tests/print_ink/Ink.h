@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/linux/FontconfigCatalogue.h"
-#include "print/PdfCanvas.h"
-#include "print/SheetPainter.h"
+#include "report/PdfCanvas.h"
+#include "report/SheetPainter.h"
 #include "tests/support/PdfWords.h"
 #include "tests/support/TemporaryFolder.h"
 

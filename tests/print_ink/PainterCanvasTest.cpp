@@ -1,5 +1,5 @@
 // The painter's picture beside the rendered PDF: what is seen must be what is printed.
-#include "print/ui/PainterCanvas.h"
+#include "report/ui/PainterCanvas.h"
 #include "tests/print_ink/Ink.h"
 
 #include <QImage>

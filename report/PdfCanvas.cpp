@@ -1,4 +1,4 @@
-#include "print/PdfCanvas.h"
+#include "report/PdfCanvas.h"
 
 #include <array>
 #include <charconv>

@@ -1,7 +1,7 @@
 // The one painter: preview, paper, PDF and test page all come from here.
 #pragma once
 
-#include "print/Canvas.h"
+#include "report/Canvas.h"
 
 namespace velmora {
 

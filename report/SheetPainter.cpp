@@ -1,4 +1,4 @@
-#include "print/SheetPainter.h"
+#include "report/SheetPainter.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "print/rptVelmor.h"
+#include "report/rptVelmor.h"
 
 #include "base/Error.h"
 #include "base/Numbers.h"

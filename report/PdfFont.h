@@ -2,8 +2,8 @@
 // that the text can be searched and copied.
 #pragma once
 
-#include "print/FontFace.h"
-#include "print/PdfWriter.h"
+#include "report/FontFace.h"
+#include "report/PdfWriter.h"
 
 #include <cstdint>
 #include <map>

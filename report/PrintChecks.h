@@ -3,8 +3,8 @@
 #pragma once
 
 #include "platform/FontCatalogue.h"
-#include "print/TextShaper.h"
-#include "print/rptVelmor.h"
+#include "report/TextShaper.h"
+#include "report/rptVelmor.h"
 #include "workspace/mdlMain.h"
 
 #include <array>

@@ -2,9 +2,9 @@
 // to the reader that nothing must be scaled when printing.
 #pragma once
 
-#include "print/Canvas.h"
-#include "print/PdfFont.h"
-#include "print/PdfWriter.h"
+#include "report/Canvas.h"
+#include "report/PdfFont.h"
+#include "report/PdfWriter.h"
 
 #include <chrono>
 #include <deque>

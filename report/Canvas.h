@@ -2,8 +2,8 @@
 // only knows how to put ink there.
 #pragma once
 
-#include "print/Sheet.h"
-#include "print/TextShaper.h"
+#include "report/Sheet.h"
+#include "report/TextShaper.h"
 
 #include <optional>
 

@@ -4,8 +4,8 @@
 
 #include "document/FontSettings.h"
 #include "platform/FontCatalogue.h"
-#include "print/FontFace.h"
-#include "print/Sheet.h"
+#include "report/FontFace.h"
+#include "report/Sheet.h"
 
 #include <array>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "print/PdfWriter.h"
+#include "report/PdfWriter.h"
 
 #include "base/Error.h"
 

@@ -1,4 +1,4 @@
-#include "print/FontFace.h"
+#include "report/FontFace.h"
 
 #include "base/Error.h"
 

@@ -4,7 +4,7 @@
 #include "document/FontSettings.h"
 #include "document/TabDocument.h"
 #include "platform/PrintSystem.h"
-#include "print/Sheet.h"
+#include "report/Sheet.h"
 #include "settings/mdlSettings.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-#include "print/ui/PainterCanvas.h"
+#include "report/ui/PainterCanvas.h"
 
 #include <QGlyphRun>
 

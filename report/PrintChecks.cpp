@@ -1,6 +1,6 @@
-#include "print/PrintChecks.h"
+#include "report/PrintChecks.h"
 
-#include "print/SheetPainter.h"
+#include "report/SheetPainter.h"
 
 #include <algorithm>
 

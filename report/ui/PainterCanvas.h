@@ -1,7 +1,7 @@
 // Sheets drawn with a QPainter: the preview on the screen and the paper in the printer.
 #pragma once
 
-#include "print/Canvas.h"
+#include "report/Canvas.h"
 
 #include <QHash>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "print/TextShaper.h"
+#include "report/TextShaper.h"
 
 #include "base/Error.h"
 

@@ -1,4 +1,4 @@
-#include "print/PdfFont.h"
+#include "report/PdfFont.h"
 
 #include "base/Error.h"
 
