@@ -1,8 +1,8 @@
 #include "app/Options.h"
 
 #include "base/Numbers.h"
-#include "print/Margins.h"
 #include "settings/RegistryMove.h"
+#include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/Undo.h"
 

@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "base/Version.h"
-#include "print/Margins.h"
+#include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/FolderSearch.h"
 #include "workspace/OpenDocument.h"

@@ -7,9 +7,9 @@
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/InstalledPrinters.h"
 #include "platform/linux/ProgramFolder.h"
-#include "print/CalibrationSheet.h"
 #include "print/NumberList.h"
 #include "print/PdfReport.h"
+#include "setup/CalibrationSheet.h"
 
 #include <nlohmann/json.hpp>
 

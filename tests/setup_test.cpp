@@ -1,9 +1,9 @@
 // Margins, the set-up dialogs and the checks before printing, without their forms.
 #include "platform/linux/FontconfigCatalogue.h"
-#include "print/Calibration.h"
 #include "print/PdfReport.h"
-#include "print/PrinterWizard.h"
 #include "report/PrintChecks.h"
+#include "setup/Calibration.h"
+#include "setup/PrinterWizard.h"
 #include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
 #include "workspace/Pages.h"

@@ -2,7 +2,7 @@
 #include "app/Start.h"
 #include "base/AtomicFile.h"
 #include "platform/linux/ProgramFolder.h"
-#include "print/Margins.h"
+#include "setup/Margins.h"
 #include "tests/support/FewFonts.h"
 #include "tests/support/TestProgram.h"
 

@@ -1,9 +1,9 @@
 #include "app/ui/SetupForms.h"
 
 #include "print/PrintReport.h"
-#include "print/ui/frmAutoPrtWiz.h"
-#include "print/ui/frmFix3.h"
-#include "print/ui/frmPageSetUp.h"
+#include "setup/ui/frmAutoPrtWiz.h"
+#include "setup/ui/frmFix3.h"
+#include "setup/ui/frmPageSetUp.h"
 #include "workspace/Dialogs.h"
 
 #include <QApplication>

@@ -4,7 +4,7 @@
 #include "app/ui/QtForms.h"
 #include "base/AtomicFile.h"
 #include "platform/linux/FontconfigCatalogue.h"
-#include "print/Margins.h"
+#include "setup/Margins.h"
 #include "tests/support/TestProgram.h"
 
 #include <QAction>

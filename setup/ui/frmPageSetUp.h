@@ -1,7 +1,7 @@
 // The page set-up: stationery and number of fields. The status line follows each choice; OK rebuilds the document.
 #pragma once
 
-#include "print/PageSetup.h"
+#include "setup/PageSetup.h"
 #include "widgets/FormPlace.h"
 
 #include <functional>

@@ -1,4 +1,4 @@
-#include "print/CalibrationSheet.h"
+#include "setup/CalibrationSheet.h"
 
 #include "base/AtomicFile.h"
 #include "base/TemporaryFile.h"

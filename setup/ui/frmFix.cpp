@@ -1,6 +1,6 @@
-#include "print/ui/frmFix.h"
+#include "setup/ui/frmFix.h"
 
-#include "print/PrinterWizard.h"
+#include "setup/PrinterWizard.h"
 #include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
 

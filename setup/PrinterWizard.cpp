@@ -1,6 +1,6 @@
-#include "print/PrinterWizard.h"
+#include "setup/PrinterWizard.h"
 
-#include "print/Margins.h"
+#include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/Transaction.h"
 

@@ -1,6 +1,6 @@
-#include "print/PageSetup.h"
+#include "setup/PageSetup.h"
 
-#include "print/Margins.h"
+#include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/Transaction.h"
 #include "workspace/Undo.h"

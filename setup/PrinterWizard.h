@@ -2,7 +2,7 @@
 // advice when it came out wrong. All choices are a draft until Finish.
 #pragma once
 
-#include "print/PageSetup.h"
+#include "setup/PageSetup.h"
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
-#include "print/ui/frmFix3.h"
+#include "setup/ui/frmFix3.h"
 
-#include "print/CalibrationSheet.h"
+#include "setup/CalibrationSheet.h"
 #include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"

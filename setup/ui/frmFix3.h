@@ -1,9 +1,9 @@
 // The margin calibration: the two margins, arrows around a picture of the sheet, and four sample tabs that follow.
 #pragma once
 
-#include "print/Calibration.h"
 #include "print/PrintModule.h"
 #include "report/Sheet.h"
+#include "setup/Calibration.h"
 #include "widgets/FormPlace.h"
 
 class QGridLayout;

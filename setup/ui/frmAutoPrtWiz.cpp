@@ -1,7 +1,7 @@
-#include "print/ui/frmAutoPrtWiz.h"
+#include "setup/ui/frmAutoPrtWiz.h"
 
-#include "print/PrinterWizard.h"
-#include "print/ui/frmFix.h"
+#include "setup/PrinterWizard.h"
+#include "setup/ui/frmFix.h"
 #include "widgets/Controls.h"
 #include "widgets/TabPicture.h"
 #include "widgets/WizardFrame.h"

@@ -1,7 +1,7 @@
 // The margin calibration dialog frmFix3: two boxes for the active margins, and four sample tabs that follow them.
 #pragma once
 
-#include "print/Margins.h"
+#include "setup/Margins.h"
 #include "workspace/mdlMain.h"
 
 #include <array>

@@ -1,6 +1,6 @@
-#include "print/ui/frmPageSetUp.h"
+#include "setup/ui/frmPageSetUp.h"
 
-#include "print/ui/frmAutoPrtWiz.h"
+#include "setup/ui/frmAutoPrtWiz.h"
 #include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
 #include "widgets/TabPicture.h"

@@ -1,4 +1,4 @@
-#include "print/Margins.h"
+#include "setup/Margins.h"
 
 #include "base/Numbers.h"
 

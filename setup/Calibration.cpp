@@ -1,4 +1,4 @@
-#include "print/Calibration.h"
+#include "setup/Calibration.h"
 
 #include "base/Numbers.h"
 #include "report/rptVelmor.h"
