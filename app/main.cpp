@@ -3,11 +3,7 @@
 #include "app/ui/QtForms.h"
 #include "base/Validate.h"
 #include "base/Version.h"
-#include "platform/linux/FontconfigCatalogue.h"
-#include "platform/linux/InstalledPrinters.h"
-#include "platform/linux/LinuxDesktop.h"
-#include "platform/linux/LinuxDrives.h"
-#include "platform/linux/ProgramFolder.h"
+#include "platform/InstalledPrinters.h"
 #include "platform/qt/BundledFiles.h"
 #include "platform/qt/QtUserInterface.h"
 #include "settings/RegistryFile.h"
@@ -63,16 +59,16 @@ int Run(const std::string& commandLine) {
 
     QtUserInterface ui;
     RegistryFile registry(folder / "Velmora.reg");
-    InstalledPrinters printers = MakeInstalledPrinters(environment("VELMORA_NO_PDF_PRINTER") != "1");
+    InstalledPrinters printers = MakeInstalledPrinters(environment);
     LibraryWorkbooks workbooks;
-    FontconfigCatalogue fonts;
+    const std::unique_ptr<FontCatalogue> fonts = MakeFontCatalogue();
     SettingsStore settings(registry, ui);
     settings.ProgramFolder = folder;
-    Program program{{settings, ui, printers, workbooks, {}, {}, {}}, {}, fonts, {}, {}, {}};
-    const LinuxDrives drives;
-    program.main.drives = &drives;
-    LinuxDesktop desktop(environment);
-    program.desktop = &desktop;
+    Program program{{settings, ui, printers, workbooks, {}, {}, {}}, {}, *fonts, {}, {}, {}};
+    const std::unique_ptr<Drives> drives = MakeDrives();
+    program.main.drives = drives.get();
+    const std::unique_ptr<Desktop> desktop = MakeDesktop(environment);
+    program.desktop = desktop.get();
     InstalledForms forms(program);
     if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;

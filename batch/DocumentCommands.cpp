@@ -4,9 +4,7 @@
 #include "base/Text.h"
 #include "batch/BatchProgram.h"
 #include "document/TabFileCheck.h"
-#include "platform/linux/FontconfigCatalogue.h"
-#include "platform/linux/InstalledPrinters.h"
-#include "platform/linux/ProgramFolder.h"
+#include "platform/InstalledPrinters.h"
 #include "print/NumberList.h"
 #include "print/PdfReport.h"
 #include "setup/CalibrationSheet.h"
@@ -91,10 +89,6 @@ void LoadSheets(BatchProgram& program, const SheetArguments& arguments) {
     program.Load(arguments.file);
 }
 
-InstalledPrinters MachinePrinters() {
-    return MakeInstalledPrinters(SystemEnvironment()("VELMORA_NO_PDF_PRINTER") != "1");
-}
-
 void CheckPrinter(const PrintSystem& printers, const std::string& name) {
     if (name == kPdfPrinter)
         throw UsageError("\"" + name + "\" writes a file: use \"velmora-batch pdf\", or name a printer with --printer");
@@ -135,7 +129,7 @@ int RunPdf(const PdfArguments& arguments) {
             throw UsageError(arguments.output + ": the PDF would replace what it is made from");
     BatchProgram program;
     LoadSheets(program, arguments);
-    const FontconfigCatalogue catalogue;
+    const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     ReportRequest request = RequestOf(arguments, program.Main().document);
     request.mode = arguments.test ? "TEST" : "PRINT";
     rptVelmor report =
@@ -145,7 +139,7 @@ int RunPdf(const PdfArguments& arguments) {
     if (arguments.test && !arguments.pages)
         options.sheets = {1}; // the test page is one page, however long the document
     WriteOutput(arguments.output,
-                [&](const auto& sink) { WritePdf(report, program.Main(), catalogue, options, sink); });
+                [&](const auto& sink) { WritePdf(report, program.Main(), *catalogue, options, sink); });
     return kDone;
 }
 
@@ -159,9 +153,9 @@ int RunCalibration(const CalibrationArguments& arguments) {
     BatchProgram program;
     if (!arguments.ini.empty())
         program.UseSettings(arguments.ini);
-    const FontconfigCatalogue catalogue;
+    const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     WriteOutput(arguments.output, [&](const auto& sink) {
-        WriteCalibrationPdf(program.Settings(), catalogue, arguments.type, layout, sink);
+        WriteCalibrationPdf(program.Settings(), *catalogue, arguments.type, layout, sink);
     });
     return kDone;
 }
@@ -169,21 +163,21 @@ int RunCalibration(const CalibrationArguments& arguments) {
 int RunPrint(const PrintArguments& arguments) {
     BatchProgram program;
     LoadSheets(program, arguments);
-    InstalledPrinters printers = MachinePrinters();
+    InstalledPrinters printers = MakeInstalledPrinters(SystemEnvironment());
     const std::string& configured = program.Main().globals.PrinterName;
     const std::string& printer = arguments.printer.empty() ? configured : arguments.printer;
     CheckPrinter(printers, printer);
-    const FontconfigCatalogue catalogue;
+    const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     rptVelmor report = NamingFile(arguments.file, [&] {
         return PrepareReport(program.Main(), program.Layout(), RequestOf(arguments, program.Main().document));
     });
-    PrintSheets(report, program.Main(), catalogue, OptionsOf(arguments, report),
+    PrintSheets(report, program.Main(), *catalogue, OptionsOf(arguments, report),
                 {printers, printer, "Velmora [" + DisplayName(arguments.file) + "]"});
     return kDone;
 }
 
 int RunPrinters() {
-    const InstalledPrinters printers = MachinePrinters();
+    const InstalledPrinters printers = MakeInstalledPrinters(SystemEnvironment());
     const auto standard = printers.DefaultPrinter();
     for (const std::string& name : printers.Printers())
         std::cout << name << (name == standard ? "\tdefault" : "") << '\n';

@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "batch/BatchProgram.h"
-#include "platform/linux/ProgramFolder.h"
+#include "platform/Machine.h"
 
 #include <iostream>
 
@@ -13,8 +13,7 @@ namespace {
 
 /// The INI file of the person's own program, which the batch program only reads.
 std::filesystem::path OwnIniFile() {
-    const auto executable = std::filesystem::read_symlink("/proc/self/exe");
-    return FindProgramFolder(executable.parent_path(), SystemEnvironment()) / "Velmora.ini";
+    return FindProgramFolder(ExecutableFolder().value_or(""), SystemEnvironment()) / "Velmora.ini";
 }
 
 /// Raises why the file cannot be read, also for one in UTF-16.

@@ -4,8 +4,8 @@
 #include "base/AtomicFile.h"
 #include "bench/Floors.h"
 #include "bench/Process.h"
-#include "platform/linux/BuiltInPrinters.h"
-#include "platform/linux/FontconfigCatalogue.h"
+#include "platform/BuiltInPrinters.h"
+#include "platform/Machine.h"
 #include "print/PdfReport.h"
 #include "settings/RegistryFile.h"
 #include "wizard/AppendWizardTabs.h"
@@ -117,7 +117,7 @@ struct Bench {
     SettingsStore settings{registry, ui};
     MainModule main{settings, ui, printers, workbooks, {}, {}, {}};
     LayoutValues layout;
-    FontconfigCatalogue catalogue;
+    const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     fs::path folder;
 
     Bench() {
@@ -132,7 +132,7 @@ struct Bench {
     }
     ~Bench() { fs::remove_all(folder); }
 
-    floors::FontFiles Fonts() const { return FontsOf(catalogue); }
+    floors::FontFiles Fonts() const { return FontsOf(*catalogue); }
     void Load(const char* name) { LoadDocument(main, ReadTabFile(folder / name)); }
     void Save() { ReplaceFile(folder / "out.csv", TabFileBytes(main.document, settings, ui)); }
     /// The wizard from its count page to Finish, with its step of undo.
@@ -157,7 +157,7 @@ struct Bench {
     void Pdf() {
         rptVelmor report = PrepareReport(main, layout, {});
         AtomicFile file(folder / "out.pdf");
-        WritePdf(report, main, catalogue, {}, [&](std::string_view bytes) { file.Write(bytes); });
+        WritePdf(report, main, *catalogue, {}, [&](std::string_view bytes) { file.Write(bytes); });
         file.Commit();
     }
 };

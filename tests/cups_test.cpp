@@ -1,7 +1,7 @@
 // Real jobs at a real print server: one of this test's own, on a port of its own, with its queue stopped.
 #include "base/AtomicFile.h"
+#include "platform/InstalledPrinters.h"
 #include "platform/linux/CupsPrinters.h"
-#include "platform/linux/InstalledPrinters.h"
 #include "tests/support/PdfWords.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,7 +1,7 @@
 // The start of the program: folders, command line, the ends before the window.
 #include "app/Start.h"
 #include "base/AtomicFile.h"
-#include "platform/linux/ProgramFolder.h"
+#include "platform/Machine.h"
 #include "setup/Margins.h"
 #include "tests/support/FewFonts.h"
 #include "tests/support/TestProgram.h"

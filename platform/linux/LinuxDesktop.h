@@ -1,8 +1,7 @@
 // The programs of the desktop, found in the folders of PATH.
 #pragma once
 
-#include "platform/Desktop.h"
-#include "platform/linux/ProgramFolder.h"
+#include "platform/Machine.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 // The shared state of a program in a folder of its own, with a scripted person.
 #pragma once
 
-#include "platform/linux/BuiltInPrinters.h"
+#include "platform/BuiltInPrinters.h"
 #include "settings/RegistryFile.h"
 #include "tests/support/ScriptedInterface.h"
 #include "tests/support/TemporaryFolder.h"

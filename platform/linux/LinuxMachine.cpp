@@ -1,4 +1,11 @@
-#include "platform/linux/ProgramFolder.h"
+#include "platform/Machine.h"
+
+#include "platform/linux/FontconfigCatalogue.h"
+#include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/LinuxDrives.h"
+#ifdef VELMORA_CUPS
+#include "platform/linux/CupsPrinters.h"
+#endif
 
 #include <cstdlib>
 #include <unistd.h>
@@ -24,6 +31,32 @@ fs::path FindProgramFolder(const fs::path& executableFolder, const Environment& 
     if (const auto config = environment("XDG_CONFIG_HOME"))
         return fs::path(*config) / "velmora";
     return fs::path(environment("HOME").value_or("/")) / ".config" / "velmora";
+}
+
+std::optional<fs::path> ExecutableFolder() {
+    std::error_code error;
+    const fs::path executable = fs::read_symlink("/proc/self/exe", error);
+    return error ? std::nullopt : std::optional(executable.parent_path());
+}
+
+std::unique_ptr<PrintSystem> MakePrintServer() {
+#ifdef VELMORA_CUPS
+    return std::make_unique<CupsPrinters>();
+#else
+    return nullptr;
+#endif
+}
+
+std::unique_ptr<FontCatalogue> MakeFontCatalogue() {
+    return std::make_unique<FontconfigCatalogue>();
+}
+
+std::unique_ptr<Desktop> MakeDesktop(Environment environment) {
+    return std::make_unique<LinuxDesktop>(std::move(environment));
+}
+
+std::unique_ptr<Drives> MakeDrives() {
+    return std::make_unique<LinuxDrives>();
 }
 
 } // namespace velmora

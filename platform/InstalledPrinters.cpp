@@ -1,8 +1,4 @@
-#include "platform/linux/InstalledPrinters.h"
-
-#ifdef VELMORA_CUPS
-#include "platform/linux/CupsPrinters.h"
-#endif
+#include "platform/InstalledPrinters.h"
 
 namespace velmora {
 
@@ -28,14 +24,6 @@ void InstalledPrinters::Print(const std::string& printer, const PrintJob& job) {
         server_->Print(printer, job);
     else
         builtIn_.Print(printer, job);
-}
-
-InstalledPrinters MakeInstalledPrinters(bool pdfPrinter) {
-#ifdef VELMORA_CUPS
-    return {std::make_unique<CupsPrinters>(), pdfPrinter};
-#else
-    return {nullptr, pdfPrinter};
-#endif
 }
 
 } // namespace velmora

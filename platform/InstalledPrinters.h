@@ -1,7 +1,8 @@
 // All printers of the machine: those of the print server, and the one that the program brings along.
 #pragma once
 
-#include "platform/linux/BuiltInPrinters.h"
+#include "platform/BuiltInPrinters.h"
+#include "platform/Machine.h"
 
 #include <memory>
 
@@ -25,7 +26,9 @@ private:
     BuiltInPrinters builtIn_;
 };
 
-/// The machine's printers, with those of CUPS where the program was built with it.
-InstalledPrinters MakeInstalledPrinters(bool pdfPrinter);
+/// The machine's printers; VELMORA_NO_PDF_PRINTER=1 takes the built-in one away.
+inline InstalledPrinters MakeInstalledPrinters(const Environment& environment) {
+    return {MakePrintServer(), environment("VELMORA_NO_PDF_PRINTER") != "1"};
+}
 
 } // namespace velmora

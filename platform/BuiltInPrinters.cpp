@@ -1,4 +1,4 @@
-#include "platform/linux/BuiltInPrinters.h"
+#include "platform/BuiltInPrinters.h"
 
 namespace velmora {
 

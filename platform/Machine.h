@@ -1,0 +1,37 @@
+// What this machine has: each system's folder defines these functions once, so that programs and tests name no class of a
+// system.
+#pragma once
+
+#include "platform/Desktop.h"
+#include "platform/Drives.h"
+#include "platform/FontCatalogue.h"
+#include "platform/PrintSystem.h"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace velmora {
+
+/// Value of an environment variable, or nullopt when it is not set or empty.
+using Environment = std::function<std::optional<std::string>(const char* name)>;
+Environment SystemEnvironment();
+
+/// VELMORA_HOME where it is set; else the executable's own folder when this is a portable copy or a build tree (a
+/// person may write there, and it is no installation: no ../share/velmora); else $XDG_CONFIG_HOME/velmora, by default
+/// ~/.config/velmora. The folder need not exist yet.
+std::filesystem::path FindProgramFolder(const std::filesystem::path& executableFolder, const Environment& environment);
+/// Of the program that runs; nullopt where the system does not tell.
+std::optional<std::filesystem::path> ExecutableFolder();
+
+/// The machine's print server; null where the program was built without one.
+std::unique_ptr<PrintSystem> MakePrintServer();
+/// The fonts installed. Costs nothing before the first question.
+std::unique_ptr<FontCatalogue> MakeFontCatalogue();
+/// The programs that open files.
+std::unique_ptr<Desktop> MakeDesktop(Environment environment);
+std::unique_ptr<Drives> MakeDrives();
+
+} // namespace velmora
