@@ -22,13 +22,13 @@ void ForgetPositions(SettingsStore& store) {
 
 /// The file's header carries the margins.
 void ResetMargins(MainModule& main) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
     const UndoStep step(main.history, main, "Reset");
     const auto active = [&] {
         return ReadAccepted(main.settings, kMarginLeft) + "," + ReadAccepted(main.settings, kMarginTop);
     };
     const std::string before = active();
-    ApplyDefaultMargins(main.settings, main.document.OptType, main.document.LayoutName);
+    ApplyDefaultMargins(main.settings, main.document.setup.OptType, main.document.setup.LayoutName);
     if (active() != before && !main.document.DocFileName.empty())
         main.document.DocChanged = true;
 }
@@ -49,8 +49,8 @@ void Adopt(MainModule& main) {
     main.settings.Own.clear();
     if (LoadGlobals(main) == LoadOutcome::NoPrinter)
         return;
-    SetLayoutFromType(main.document);
-    SetFieldLimits(main.document);
+    SetLayoutFromType(main.document.setup);
+    SetFieldLimits(main.document.setup);
     NewDocument(main);
 }
 
@@ -58,7 +58,7 @@ void TakeOver(MainModule& main) {
     SettingsStore& store = main.settings;
     main.globals.AskBeforeDelete = ToFlag(ReadAccepted(store, kAskBeforeDelete));
     main.globals.StartWithSetup = ToFlag(ReadAccepted(store, kStartWithSetup));
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
     if (IsFresh(main.document))
         Adopt(main);
 }

@@ -79,8 +79,8 @@ LoadOutcome LoadConfiguration(MainModule& main) {
     main.document.NoOfPages = 0;
     main.document.DocChanged = false;
     const LoadOutcome outcome = LoadGlobals(main);
-    SetLayoutFromType(main.document);
-    SetFieldLimits(main.document);
+    SetLayoutFromType(main.document.setup);
+    SetFieldLimits(main.document.setup);
     return outcome;
 }
 

@@ -22,7 +22,7 @@ template <typename Source> void LoadOrExplain(MainModule& main, const Source& so
         LoadDocument(main, source);
     } catch (const OverflowError& error) {
         throw Error(std::string(error.what()) + ": a document of this tab type holds at most " +
-                    std::to_string(MostTabs(main.document.OptType)) + " tabs");
+                    std::to_string(MostTabs(main.document.setup.OptType)) + " tabs");
     }
 }
 

@@ -41,7 +41,7 @@ Json FontJson(const FieldFont& font) {
 }
 
 bool IsFilled(const TabDocument& document, int tab) {
-    for (int field = 0; field < document.NoOfFields; ++field)
+    for (int field = 0; field < document.setup.NoOfFields; ++field)
         if (!Trim(document.Field(field)(tab)).empty())
             return true;
     return false;
@@ -72,7 +72,7 @@ std::vector<int> ParseList(const std::string& list, int most, const ListWords& w
 ReportRequest RequestOf(const SheetArguments& arguments, const TabDocument& document) {
     ReportRequest request;
     if (arguments.used)
-        request.used = ParseList(*arguments.used, document.TabsPerPage, {"position", "sheet"});
+        request.used = ParseList(*arguments.used, document.setup.TabsPerPage, {"position", "sheet"});
     return request;
 }
 
@@ -107,9 +107,9 @@ int RunInfo(const InfoArguments& arguments) {
     info["version"] = VersionOf(file);
     info["encoding"] = EncodingName(file.encoding);
     info["printer"] = file.header ? Json(file.header->printer) : Json(nullptr);
-    info["stationery"] = document.StationeryType;
-    info["optType"] = document.OptType;
-    info["fields"] = document.NoOfFields;
+    info["stationery"] = document.setup.StationeryType;
+    info["optType"] = document.setup.OptType;
+    info["fields"] = document.setup.NoOfFields;
     info["marginLeft"] = Margin(program.Settings(), kMarginLeft);
     info["marginTop"] = Margin(program.Settings(), kMarginTop);
     for (const FieldFont& font : program.Main().fonts)
@@ -194,10 +194,10 @@ int RunNew(const NewArguments& arguments) {
     MainModule& main = program.Main();
     LoadGlobals(main);
     TabDocument& document = main.document;
-    document.OptType = static_cast<std::int16_t>(arguments.type);
-    document.NoOfFields = static_cast<std::int16_t>(arguments.fields);
-    SetLayoutFromType(document);
-    SetRowsAndStationery(document, arguments.type);
+    document.setup.OptType = static_cast<std::int16_t>(arguments.type);
+    document.setup.NoOfFields = static_cast<std::int16_t>(arguments.fields);
+    SetLayoutFromType(document.setup);
+    SetRowsAndStationery(document.setup, arguments.type);
     document.TabCount = arguments.pages * type.TabsPerPage();
     for (int field = 0; field < kFieldsPerTab; ++field)
         document.Field(field).ReDim(document.TabCount);

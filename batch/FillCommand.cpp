@@ -44,8 +44,8 @@ void Configure(WizardState& wizard, const FieldOption& option) {
 
 void ChooseAndConfigure(WizardState& wizard, const TabDocument& document, const FieldOption& option) {
     try {
-        if (option.fieldNo > document.NoOfFields)
-            throw UsageError("fields per tab in this document: " + std::to_string(document.NoOfFields));
+        if (option.fieldNo > document.setup.NoOfFields)
+            throw UsageError("fields per tab in this document: " + std::to_string(document.setup.NoOfFields));
         ChooseField(wizard, document, option.fieldNo);
         Configure(wizard, option);
     } catch (const UsageError& error) {

@@ -21,6 +21,7 @@ struct GridGeometry {
     int LeftOffset = 0;
     int CellGap = 30;
     int LineGap = 10;
+    bool operator==(const GridGeometry&) const = default;
 };
 
 struct TabType {

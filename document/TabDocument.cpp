@@ -29,40 +29,6 @@ std::size_t FieldTexts::Index(std::int32_t tab) const {
     return static_cast<std::size_t>(tab - 1);
 }
 
-void SetTabsPerPage(TabDocument& document) {
-    GetTabsPerPage(document.OptType, document.TabsPerPage);
-}
-
-void SetRowsAndStationery(TabDocument& document, int optType) {
-    if (const TabType* type = FindTabType(optType)) {
-        document.RowsPerPage = type->rows;
-        document.PageSize = type->stationery;
-    }
-}
-
-void SetColsPerPage(TabDocument& document, int optType) {
-    if (const TabType* type = FindTabType(optType))
-        document.ColsPerPage = type->columns;
-}
-
-void SetLayoutFromType(TabDocument& document) {
-    if (document.OptType >= 4) {
-        document.LayoutName = document.StationeryType.starts_with("DL") ? document.StationeryType : "DL_v";
-        document.StationeryType = document.LayoutName;
-    } else {
-        document.LayoutName = document.OptType <= 1 ? "A4_8" : "A4_9";
-        document.StationeryType = "A4";
-    }
-}
-
-void SetFieldLimits(TabDocument& document) {
-    switch (document.NoOfFields) {
-    case 1: document.Limits = {20, 0, 0}; break;
-    case 2: document.Limits = {20, 20, 0}; break;
-    default: document.Limits = {20, 10, 10}; break;
-    }
-}
-
 std::int16_t PagesForTabs(std::int32_t tabs, std::int16_t tabsPerPage) {
     if (tabsPerPage == 0)
         throw Error("Division by zero", kDivisionByZeroNumber);
@@ -70,19 +36,19 @@ std::int16_t PagesForTabs(std::int32_t tabs, std::int16_t tabsPerPage) {
 }
 
 void NormalisePages(TabDocument& document) {
-    const TabType* type = FindTabType(document.OptType);
+    const TabType* type = FindTabType(document.setup.OptType);
     const std::int16_t perPage = type ? type->TabsPerPage() : std::int16_t{0};
     const std::int32_t tabs = document.TabCount < 1 ? perPage : document.TabCount;
     const std::int16_t pages = PagesForTabs(tabs, perPage);
     const std::int32_t count = Multiply16(pages, perPage);
 
-    SetRowsAndStationery(document, document.OptType);
-    SetColsPerPage(document, document.OptType);
-    document.Grid = type->grid;
+    SetRowsAndStationery(document.setup, document.setup.OptType);
+    SetColsPerPage(document.setup, document.setup.OptType);
+    document.setup.Grid = type->grid;
     if (document.TabCount != count)
         ResizeTabs(document, count);
     document.CurrentPage = std::clamp<std::int16_t>(document.CurrentPage, 1, pages);
-    document.TabsPerPage = perPage;
+    document.setup.TabsPerPage = perPage;
     document.NoOfPages = pages;
     document.TabCount = count;
 }

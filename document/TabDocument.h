@@ -3,7 +3,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/Encoding.h"
-#include "document/Stationery.h"
+#include "document/DocumentSetup.h"
 
 #include <array>
 #include <cstdint>
@@ -42,18 +42,6 @@ struct TabBox {
     bool operator==(const TabBox&) const = default;
 };
 
-/// Most characters that may be typed into each field; 0 for a field that is not in use.
-struct FieldLimits {
-    std::int16_t MaxLenField1 = 20;
-    std::int16_t MaxLenField2 = 0;
-    std::int16_t MaxLenField3 = 0;
-
-    /// Of field 0, 1 or 2.
-    std::size_t Of(int field) const {
-        return static_cast<std::size_t>(field == 0 ? MaxLenField1 : field == 1 ? MaxLenField2 : MaxLenField3);
-    }
-};
-
 /// Invariants, kept by ApplyTabType and the page operations: the three arrays have `TabCount` texts, and `TabCount` is
 /// `NoOfPages` x `TabsPerPage`. Page p holds tabs (p - 1) x `TabsPerPage` + 1 to p x `TabsPerPage`.
 struct TabDocument {
@@ -65,18 +53,8 @@ struct TabDocument {
     std::int16_t NoOfPages = 0;
     std::int16_t CurrentPage = 0; ///< from 1; 0 before the first page is made
     std::int16_t CurrentTab = 0;  ///< tab number last focused in the grid editor, 0 when none
-    std::int16_t NoOfFields = 1;  ///< in use per tab, 1 to 3
-    std::int16_t OptType = 0;     ///< tab type, 0 to 5
 
-    std::string StationeryType; ///< stationery and layout: "A4", "DL_v" or "DL_h"; empty before the first load
-    std::string PageSize;       ///< sheet: "A4" or "DL"
-    std::string LayoutName;     ///< margin layout: "A4_8", "A4_9", "DL_v" or "DL_h"
-
-    std::int16_t TabsPerPage = 0;
-    std::int16_t RowsPerPage = 0;
-    std::int16_t ColsPerPage = 0;
-    GridGeometry Grid;
-    FieldLimits Limits;
+    DocumentSetup setup;
 
     std::filesystem::path DocFileName; ///< empty: untitled
     Encoding FileEncoding = Encoding::Utf8;
@@ -89,17 +67,6 @@ struct TabDocument {
     FieldTexts& Field(int field) { return field == 0 ? FieldA : field == 1 ? FieldB : FieldC; }
     const FieldTexts& Field(int field) const { return field == 0 ? FieldA : field == 1 ? FieldB : FieldC; }
 };
-
-/// Sets `TabsPerPage`, or nothing for an `OptType` outside 0 to 5.
-void SetTabsPerPage(TabDocument& document);
-/// Sets `RowsPerPage` and `PageSize`, or nothing outside 0 to 5.
-void SetRowsAndStationery(TabDocument& document, int optType);
-/// Sets `ColsPerPage`, or nothing outside 0 to 5.
-void SetColsPerPage(TabDocument& document, int optType);
-/// Sets `LayoutName` and `StationeryType` to a layout of the tab type: a DL type keeps the DL layout that it has.
-void SetLayoutFromType(TabDocument& document);
-/// Sets the limits that go with `NoOfFields`.
-void SetFieldLimits(TabDocument& document);
 
 /// Makes the document whole pages of its tab type. Raises OverflowError, before any change, when the pages hold more
 /// than 32767 tabs. Deliberate: with `CurrentTab` at 0 or 1 a change of size empties the document.

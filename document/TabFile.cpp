@@ -210,8 +210,8 @@ std::int32_t GetNumberOfLables(const TabFile& file, std::int32_t startingCount, 
 
 std::int32_t GetNumberOfLables(std::int32_t lines, std::int32_t startingCount, TabDocument& document,
                                SettingsStore& store) {
-    const std::int16_t pages = PagesForTabs(lines + startingCount, document.TabsPerPage);
-    const std::int32_t count = Multiply16(pages, document.TabsPerPage);
+    const std::int16_t pages = PagesForTabs(lines + startingCount, document.setup.TabsPerPage);
+    const std::int32_t count = Multiply16(pages, document.setup.TabsPerPage);
     document.NoOfPages = pages;
     Write(store, kNoOfPages, std::to_string(pages));
     return count;

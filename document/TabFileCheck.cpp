@@ -81,7 +81,7 @@ private:
         if (IsOptType(fields[2]))
             optType_ = ToInt16(ToDouble(fields[2]));
         if (IsNoOfFields(fields[3]))
-            layout_.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(fields[3])));
+            setup_.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(fields[3])));
         if (optType_ && IsStationeryType(fields[1]) && fields[1].substr(0, 2) != FindTabType(*optType_)->stationery)
             Report("tab type " + std::to_string(*optType_) + " is not on \"" + std::string(fields[1]) +
                    "\" stationery");
@@ -109,7 +109,7 @@ private:
     }
 
     void CheckTabs() {
-        SetFieldLimits(layout_);
+        SetFieldLimits(setup_);
         int tabs = 0;
         for (std::string_view line; NextLine(line); ++tabs)
             CheckTab(line);
@@ -127,10 +127,10 @@ private:
         if (fields.size() > kFieldsPerTab)
             Report("the tab has " + std::to_string(fields.size()) + " fields instead of " +
                    std::to_string(kFieldsPerTab));
-        const std::size_t count = std::min<std::size_t>(fields.size(), static_cast<std::size_t>(layout_.NoOfFields));
+        const std::size_t count = std::min<std::size_t>(fields.size(), static_cast<std::size_t>(setup_.NoOfFields));
         for (std::size_t i = 0; i < count; ++i) {
             const std::size_t length = CharacterCount(fields[i]);
-            const std::size_t limit = layout_.Limits.Of(static_cast<int>(i));
+            const std::size_t limit = setup_.Limits.Of(static_cast<int>(i));
             if (length > limit)
                 Report("field " + std::to_string(i + 1) + " has " + std::to_string(length) +
                        " characters instead of at most " + std::to_string(limit));
@@ -141,7 +141,7 @@ private:
     LineReader lines_;
     int line_ = 0;
     std::optional<std::int16_t> optType_;
-    TabDocument layout_; ///< for the limits that go with the number of fields
+    DocumentSetup setup_; ///< for the limits that go with the number of fields
     std::vector<TabFileProblem> problems_;
 };
 

@@ -34,7 +34,7 @@ GridBox Moved(GridBox box, int right, int down) {
 }
 
 std::string Limited(MainModule& main, int field, const std::string& line) {
-    const std::size_t limit = main.document.Limits.Of(field);
+    const std::size_t limit = main.document.setup.Limits.Of(field);
     if (CharacterCount(line) <= limit)
         return line;
     main.ui.Beep();
@@ -44,15 +44,15 @@ std::string Limited(MainModule& main, int field, const std::string& line) {
 } // namespace
 
 std::vector<GridCell> LayOutGrid(const TabDocument& document) {
-    const GridGeometry& grid = document.Grid;
+    const GridGeometry& grid = document.setup.Grid;
     const int gap = grid.CellGap;
-    const std::array<GridBox, 3> first = FirstBoxes(grid, document.NoOfFields);
+    const std::array<GridBox, 3> first = FirstBoxes(grid, document.setup.NoOfFields);
     // The halves of a cell and the gap between them may be a little wider than its full box.
     const int width = std::max(grid.Width1, 2 * grid.Width2 + grid.LineGap);
     const GridBox outline = {-gap, -kOutlineTop, width + 2 * gap, grid.Height1 + kOutlineTop};
     std::vector<GridCell> cells;
-    for (int row = 0; row < document.RowsPerPage; ++row) {
-        for (int column = 0; column < document.ColsPerPage; ++column) {
+    for (int row = 0; row < document.setup.RowsPerPage; ++row) {
+        for (int column = 0; column < document.setup.ColsPerPage; ++column) {
             const int right = column * (outline.width + gap);
             const int down = row * (outline.height + gap);
             GridCell cell{Moved(outline, right, down), first};
@@ -66,8 +66,8 @@ std::vector<GridCell> LayOutGrid(const TabDocument& document) {
 
 std::vector<TabTexts> PopulateLabels(const TabDocument& document) {
     std::vector<TabTexts> texts;
-    const int before = Multiply16(document.CurrentPage - 1, document.TabsPerPage);
-    for (int tab = before + 1; tab <= before + document.TabsPerPage; ++tab)
+    const int before = Multiply16(document.CurrentPage - 1, document.setup.TabsPerPage);
+    for (int tab = before + 1; tab <= before + document.setup.TabsPerPage; ++tab)
         texts.push_back({document.FieldA(tab), document.FieldB(tab), document.FieldC(tab)});
     return texts;
 }
@@ -75,7 +75,7 @@ std::vector<TabTexts> PopulateLabels(const TabDocument& document) {
 void EnterBox(MainModule& main, int slot) {
     try {
         TabDocument& document = main.document;
-        document.CurrentTab = Add16(Multiply16(document.CurrentPage - 1, document.TabsPerPage), slot);
+        document.CurrentTab = Add16(Multiply16(document.CurrentPage - 1, document.setup.TabsPerPage), slot);
     } catch (const OverflowError&) {
         return;
     }
@@ -84,7 +84,7 @@ void EnterBox(MainModule& main, int slot) {
 
 std::string EditBox(MainModule& main, int slot, int field, const std::string& text) {
     std::string kept = Limited(main, field, OneLine(text)); // a line break would end the tab's line in the file
-    const int tab = (main.document.CurrentPage - 1) * main.document.TabsPerPage + slot;
+    const int tab = (main.document.CurrentPage - 1) * main.document.setup.TabsPerPage + slot;
     if (main.history)
         main.history->Type(main, {tab, field}, kept);
     else

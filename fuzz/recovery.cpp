@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         BatchProgram program;
         LoadCopy(program.Main(), *copy);
         const TabDocument& document = program.Main().document;
-        Require(document.TabCount == document.NoOfPages * document.TabsPerPage, "a document is whole pages");
+        Require(document.TabCount == document.NoOfPages * document.setup.TabsPerPage, "a document is whole pages");
         Require(document.TabCount >= copy->tabs, "no tab is lost");
     } catch (const Error&) {}
     return 0;

@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         BatchProgram program;
         program.Load(ParseTabFile(bytes));
         TabDocument& document = program.Main().document;
-        Require(document.TabCount == document.NoOfPages * document.TabsPerPage, "a document is whole pages");
+        Require(document.TabCount == document.NoOfPages * document.setup.TabsPerPage, "a document is whole pages");
         const std::string written = TabFileBytes(document, program.Settings(), program.Main().ui);
         BatchProgram again;
         again.Load(ParseTabFile(written));

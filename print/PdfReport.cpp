@@ -37,11 +37,12 @@ std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string
 rptVelmor PrepareReport(const MainModule& main, LayoutValues& layout, const ReportRequest& request) {
     const TabDocument& document = main.document;
     rptVelmor report(layout);
-    report.InitArray(request.mode, request.pageOnly ? document.TabsPerPage : document.TabCount, document.RowsPerPage,
-                     document.ColsPerPage, document.NoOfFields, request.pageOnly, document, request.used);
-    report.PrepareTabStyle(document.OptType, main.settings);
-    report.FormatFields(document.NoOfFields, document.ColsPerPage, document.OptType, main.fonts);
-    report.SetPage(SheetPaper(SetStationeryFromType(document.OptType), document.StationeryType),
+    report.InitArray(request.mode, request.pageOnly ? document.setup.TabsPerPage : document.TabCount,
+                     document.setup.RowsPerPage, document.setup.ColsPerPage, document.setup.NoOfFields,
+                     request.pageOnly, document, request.used);
+    report.PrepareTabStyle(document.setup.OptType, main.settings);
+    report.FormatFields(document.setup.NoOfFields, document.setup.ColsPerPage, document.setup.OptType, main.fonts);
+    report.SetPage(SheetPaper(SetStationeryFromType(document.setup.OptType), document.setup.StationeryType),
                    ReadPageMargins(main.settings));
     return report;
 }
@@ -97,7 +98,7 @@ bool PrintSheets(const rptVelmor& report, const MainModule& main, const FontCata
 }
 
 void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& catalogue) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
     const auto path = AskForPdfPath(main);
     if (!path)
         return;

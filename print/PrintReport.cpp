@@ -38,9 +38,9 @@ void ChooseDevice(const PrintModule& print, ReportPrinter& printer, const std::v
 }
 
 void ChoosePaper(const TabDocument& document, ReportPrinter& printer) {
-    if (document.PageSize == "A4")
+    if (document.setup.PageSize == "A4")
         printer.PaperSize = kPaperA4;
-    else if (document.PageSize == "DL")
+    else if (document.setup.PageSize == "DL")
         printer.PaperSize = kPaperDL;
 }
 
@@ -88,10 +88,10 @@ PrintOutcome RunReport(PrintModule& print, const std::string& caption, const Run
 PrintOutcome RunDocument(PrintModule& print, const char* mode, bool pageOnly) {
     MainModule& main = print.main;
     const TabDocument& document = main.document;
-    SaveLabel(main, document.CurrentPage, document.TabsPerPage);
+    SaveLabel(main, document.CurrentPage, document.setup.TabsPerPage);
     return PrintReport(print, DocumentCaption(document),
-                       {mode, document.OptType, pageOnly ? document.TabsPerPage : document.TabCount,
-                        document.NoOfFields, document.RowsPerPage, document.ColsPerPage, pageOnly});
+                       {mode, document.setup.OptType, pageOnly ? document.setup.TabsPerPage : document.TabCount,
+                        document.setup.NoOfFields, document.setup.RowsPerPage, document.setup.ColsPerPage, pageOnly});
 }
 
 } // namespace
@@ -122,10 +122,10 @@ void SetupPrinter(PrintModule& print, rptVelmor& report) {
     if (!print.PrinterProblem)
         step([&] { ChooseDevice(print, report.Printer, names); });
     ChoosePaper(document, report.Printer);
-    report.Printer.Orient = OrientationOf(document.StationeryType);
+    report.Printer.Orient = OrientationOf(document.setup.StationeryType);
     step([&] { margins.top = ReadPageMargin(main.settings, kMarginTop); });
     step([&] { margins.left = ReadPageMargin(main.settings, kMarginLeft); });
-    report.SetPage(SheetPaper(SetStationeryFromType(document.OptType), document.StationeryType), margins);
+    report.SetPage(SheetPaper(SetStationeryFromType(document.setup.OptType), document.setup.StationeryType), margins);
 }
 
 PrintOutcome PrintCommand(PrintModule& print) {

@@ -76,7 +76,7 @@ void rptVelmor::InitArray(std::string_view mode, std::int32_t count, std::int16_
     numFields_ = numFields;
     const std::vector<bool> free = FreeSlots(used);
     tabs_.assign(static_cast<std::size_t>(ToInt16(count)) + (used.empty() ? 0 : free.size()), {});
-    const std::int32_t before = pageOnly ? Multiply16(document.CurrentPage - 1, document.TabsPerPage) : 0;
+    const std::int32_t before = pageOnly ? Multiply16(document.CurrentPage - 1, document.setup.TabsPerPage) : 0;
     std::size_t index = 0;
     for (std::int32_t tab = 1; tab <= count; ++tab, ++index) {
         while (index < free.size() && !free[index])

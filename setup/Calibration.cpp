@@ -86,7 +86,7 @@ void Calibration::Typed(MarginBox box, const std::string& text) {
 
 void Calibration::Ok() {
     TabDocument& document = main_.document;
-    SaveLabel(main_, document.CurrentPage, document.TabsPerPage);
+    SaveLabel(main_, document.CurrentPage, document.setup.TabsPerPage);
     const MarginTexts margins = Margins();
     {
         const UndoStep step(main_.history, main_, "Margin Setup");
@@ -101,22 +101,23 @@ void Calibration::Ok() {
         Write(main_.settings, kMarginLeft, margins.left);
         Write(main_.settings, kMarginTop, margins.top);
     }
-    if (!MarginsReady(main_) && Ask(main_,
-                                    "Do you want to save this margin settings as the default margin settings for " +
-                                        LayoutDisplayName(document.LayoutName, document.OptType) + " stationery?",
-                                    Buttons::YesNo) == Answer::Yes)
+    if (!MarginsReady(main_) &&
+        Ask(main_,
+            "Do you want to save this margin settings as the default margin settings for " +
+                LayoutDisplayName(document.setup.LayoutName, document.setup.OptType) + " stationery?",
+            Buttons::YesNo) == Answer::Yes)
         SaveDefaults();
     RefreshDocumentStatus(main_);
 }
 
 void Calibration::SaveDefaults() {
-    SaveDefaultMargins(main_.settings, main_.document.OptType, main_.document.LayoutName, Margins());
+    SaveDefaultMargins(main_.settings, main_.document.setup.OptType, main_.document.setup.LayoutName, Margins());
 }
 
 void Calibration::LoadDefaults() {
     Trapped(main_, "Called from Sub: LoadDefaults", [&] {
         const MarginTexts margins =
-            LoadDefaultMargins(main_.settings, main_.document.OptType, main_.document.LayoutName);
+            LoadDefaultMargins(main_.settings, main_.document.setup.OptType, main_.document.setup.LayoutName);
         Typed(MarginBox::Left, margins.left);
         Typed(MarginBox::Top, margins.top);
     });

@@ -169,7 +169,7 @@ void PrintCalibrationSheet(PrintModule& print) {
         print.CurrentPrinter = main.printers.DefaultPrinter().value_or("");
     TrappedPrinting(print, "Called from Sub: PrintCalibrationSheet", [&] {
         const auto write = [&](auto& file) {
-            WriteCalibrationPdf(main.settings, print.catalogue, document.OptType, document.StationeryType,
+            WriteCalibrationPdf(main.settings, print.catalogue, document.setup.OptType, document.setup.StationeryType,
                                 [&](std::string_view bytes) { file.Write(bytes); });
         };
         if (path) {
@@ -179,7 +179,7 @@ void PrintCalibrationSheet(PrintModule& print) {
         }
         TemporaryFile pdf(".pdf");
         write(pdf);
-        const Paper paper = SheetPaper(document.PageSize, document.StationeryType);
+        const Paper paper = SheetPaper(document.setup.PageSize, document.setup.StationeryType);
         main.printers.Print(printer, {kTitle, pdf.Path(), paper.widthMm, paper.heightMm,
                                       paper.turned ? Orientation::Landscape : Orientation::Portrait});
     });

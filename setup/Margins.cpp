@@ -103,7 +103,7 @@ bool SetupComplete(SettingsStore& store) {
 }
 
 bool MarginsReady(const MainModule& main) {
-    return DefaultMarginsExist(main.settings, main.document.OptType, main.document.LayoutName);
+    return DefaultMarginsExist(main.settings, main.document.setup.OptType, main.document.setup.LayoutName);
 }
 
 } // namespace velmora

@@ -8,21 +8,21 @@
 namespace velmora {
 namespace {
 
-bool SameSetup(const TabDocument& a, const TabDocument& b) {
+bool SameChoices(const DocumentSetup& a, const DocumentSetup& b) {
     return a.OptType == b.OptType && a.NoOfFields == b.NoOfFields && a.StationeryType == b.StationeryType &&
            a.LayoutName == b.LayoutName;
 }
 
-void TakeOver(MainModule& main, const TabDocument& draft, DefaultMargins margins) {
+void TakeOver(MainModule& main, const DocumentSetup& draft, DefaultMargins margins) {
     TabDocument& document = main.document;
     const bool calibrate = TakesDefaultMargins(main, draft, margins);
-    if (!SameSetup(draft, document))
+    if (!SameChoices(draft, document.setup))
         document.DocChanged = true;
-    document.OptType = draft.OptType;
-    document.StationeryType = draft.StationeryType;
-    document.LayoutName = draft.LayoutName;
-    document.NoOfFields = draft.NoOfFields;
-    SetFieldLimits(document);
+    document.setup.OptType = draft.OptType;
+    document.setup.StationeryType = draft.StationeryType;
+    document.setup.LayoutName = draft.LayoutName;
+    document.setup.NoOfFields = draft.NoOfFields;
+    SetFieldLimits(document.setup);
     document.CurrentPage = 1;
     ApplyTabType(main);
     if (calibrate)
@@ -31,33 +31,29 @@ void TakeOver(MainModule& main, const TabDocument& draft, DefaultMargins margins
 
 } // namespace
 
-bool TakesDefaultMargins(MainModule& main, const TabDocument& draft, DefaultMargins margins) {
-    return draft.LayoutName != main.document.LayoutName ||
+bool TakesDefaultMargins(MainModule& main, const DocumentSetup& draft, DefaultMargins margins) {
+    return draft.LayoutName != main.document.setup.LayoutName ||
            (margins == DefaultMargins::Always && DefaultMarginsExist(main.settings, draft.OptType, draft.LayoutName));
 }
 
-TabDocument SetupDraft(const TabDocument& document) {
-    TabDocument draft;
-    draft.OptType = document.OptType;
-    draft.NoOfFields = document.NoOfFields;
-    draft.StationeryType = document.StationeryType;
-    draft.CurrentPage = document.CurrentPage;
-    draft.NoOfPages = document.NoOfPages;
-    draft.TabCount = document.TabCount; // for the status line
-    SetDraftType(draft, draft.OptType);
+DocumentSetup SetupDraft(const DocumentSetup& setup) {
+    DocumentSetup draft;
+    draft.NoOfFields = setup.NoOfFields;
+    draft.StationeryType = setup.StationeryType;
+    SetDraftType(draft, setup.OptType);
     SetFieldLimits(draft);
     return draft;
 }
 
-void SetDraftType(TabDocument& draft, int type) {
+void SetDraftType(DocumentSetup& draft, int type) {
     draft.OptType = static_cast<std::int16_t>(type);
     SetLayoutFromType(draft);
     SetColsPerPage(draft, type);
     SetRowsAndStationery(draft, type);
 }
 
-bool ApplySetup(MainModule& main, const TabDocument& draft, const std::string& stepName, DefaultMargins margins) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string& stepName, DefaultMargins margins) {
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
     KeepRecoveryCopy(main);
     const UndoStep step(main.history, main, stepName);
     if (main.editor)

@@ -9,21 +9,21 @@
 
 namespace velmora {
 
-/// The properties that the set-up dialogs change and those that follow from them; no texts.
-TabDocument SetupDraft(const TabDocument& document);
+/// What the set-up dialogs begin with.
+DocumentSetup SetupDraft(const DocumentSetup& setup);
 /// A tab type with its layout, rows and columns; a DL type keeps the DL layout that the draft has. `type` is 0 to 5.
-void SetDraftType(TabDocument& draft, int type);
+void SetDraftType(DocumentSetup& draft, int type);
 
 enum class DefaultMargins { OnNewLayout, Always };
 
 /// True when the draft's layout brings its default margins along: a new layout always does, and has 0 where it was
 /// never calibrated; the document's own only where it was.
-bool TakesDefaultMargins(MainModule& main, const TabDocument& draft, DefaultMargins margins);
+bool TakesDefaultMargins(MainModule& main, const DocumentSetup& draft, DefaultMargins margins);
 
 /// Gives the document the draft's tab type, layout and fields, and default margins as TakesDefaultMargins says,
 /// as one undo step; shows page 1. Deliberate: with `CurrentTab` at 0 or 1 another sheet size empties the document; a
 /// recovery copy is kept before. False after an error, which was shown and left everything as it was.
-bool ApplySetup(MainModule& main, const TabDocument& draft, const std::string& stepName, DefaultMargins margins);
+bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string& stepName, DefaultMargins margins);
 
 class PageSetup {
 public:
@@ -54,10 +54,10 @@ public:
     void Cancel();
 
 private:
-    void ReadDocument() { draft_ = SetupDraft(main_.document); }
+    void ReadDocument() { draft_ = SetupDraft(main_.document.setup); }
 
     MainModule& main_;
-    TabDocument draft_;
+    DocumentSetup draft_;
 };
 
 } // namespace velmora

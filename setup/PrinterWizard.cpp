@@ -20,7 +20,7 @@ void TellPrinterAdvice(MainModule& main, bool othersPrint) {
     main.ui.Show({advice, main.settings.SettingsAppName + " - Information ...", Icon::Information});
 }
 
-PrinterWizard::PrinterWizard(MainModule& main) : main_(main), draft_(SetupDraft(main.document)) {
+PrinterWizard::PrinterWizard(MainModule& main) : main_(main), draft_(SetupDraft(main.document.setup)) {
     const std::string standard = main.printers.DefaultPrinter().value_or("");
     for (const std::string& name : main.printers.Printers())
         printers_.push_back({name, name == standard});
@@ -58,11 +58,11 @@ void PrinterWizard::PrintTestPage(const std::function<void(std::int32_t)>& print
     const Transaction trial(main_); // never committed
     const bool calibrate = TakesDefaultMargins(main_, draft_, DefaultMargins::Always);
     TabDocument& document = main_.document;
-    document.OptType = draft_.OptType;
-    document.StationeryType = draft_.StationeryType;
-    document.LayoutName = draft_.LayoutName;
-    SetRowsAndStationery(document, draft_.OptType);
-    SetColsPerPage(document, draft_.OptType);
+    document.setup.OptType = draft_.OptType;
+    document.setup.StationeryType = draft_.StationeryType;
+    document.setup.LayoutName = draft_.LayoutName;
+    SetRowsAndStationery(document.setup, draft_.OptType);
+    SetColsPerPage(document.setup, draft_.OptType);
     main_.globals.PrinterName = printer_;
     Write(main_.settings, kPrinter, printer_);
     if (calibrate)

@@ -62,7 +62,7 @@ private:
     MainModule& main_;
     std::vector<InstalledPrinter> printers_;
     std::string printer_;
-    TabDocument draft_;
+    DocumentSetup draft_;
 };
 
 } // namespace velmora

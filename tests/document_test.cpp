@@ -77,7 +77,7 @@ TEST_F(DocumentTest, TooManyTabsAreAnOverflowAndChangeNothing) {
     EXPECT_THROW(ApplyTabType(program.main), OverflowError);
     EXPECT_EQ(document.TabCount, 32761);
     EXPECT_EQ(document.NoOfPages, 0);
-    document.OptType = 9;
+    document.setup.OptType = 9;
     EXPECT_THROW(ApplyTabType(program.main), Error);
 }
 
@@ -108,14 +108,14 @@ TEST_F(DocumentTest, UnacceptableValuesFallBackAndStayInTheFile) {
         program.Store("Settings", "No Of Fields", fields);
         program.Store("Settings", "Stationery Type", stationery);
         LoadGlobals(program.main);
-        EXPECT_EQ(document.OptType, 0);
-        EXPECT_EQ(document.NoOfFields, 3);
-        EXPECT_EQ(document.StationeryType, "A4");
+        EXPECT_EQ(document.setup.OptType, 0);
+        EXPECT_EQ(document.setup.NoOfFields, 3);
+        EXPECT_EQ(document.setup.StationeryType, "A4");
         EXPECT_EQ(program.Stored("Settings", "OptType"), optType);
     }
     program.Store("Settings", "No Of Fields", "3.9");
     LoadGlobals(program.main);
-    EXPECT_EQ(document.NoOfFields, 3);
+    EXPECT_EQ(document.setup.NoOfFields, 3);
 }
 
 TEST_F(DocumentTest, AnInvalidFontValueIsMendedInTheFile) {
@@ -145,9 +145,9 @@ TEST_F(DocumentTest, AFirstRefreshReadsTheDocumentsProperties) {
     program.Store("Settings", "Stationery Type", "DL_h");
     program.Store("Settings", "OptType", "9");
     RefreshDocumentStatus(program.main);
-    EXPECT_EQ(document.StationeryType, "DL_h");
-    EXPECT_EQ(document.OptType, 0);
-    EXPECT_EQ(document.NoOfFields, 1) << "one field here, three for the configuration";
+    EXPECT_EQ(document.setup.StationeryType, "DL_h");
+    EXPECT_EQ(document.setup.OptType, 0);
+    EXPECT_EQ(document.setup.NoOfFields, 1) << "one field here, three for the configuration";
 }
 
 } // namespace

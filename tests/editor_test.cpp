@@ -12,10 +12,10 @@ struct EditorTest : testing::Test {
     TabDocument& document = program.main.document;
 
     void MakeDocument(int type, int fields) {
-        document.OptType = static_cast<std::int16_t>(type);
-        document.NoOfFields = static_cast<std::int16_t>(fields);
+        document.setup.OptType = static_cast<std::int16_t>(type);
+        document.setup.NoOfFields = static_cast<std::int16_t>(fields);
         NewDocument(program.main);
-        SetFieldLimits(document);
+        SetFieldLimits(document.setup);
     }
 };
 
@@ -39,7 +39,7 @@ TEST_F(EditorTest, NoTwoBoxesOfAPageMeet) {
                 for (const GridBox& box : cell.boxes)
                     if (box.width > 0)
                         boxes.push_back(box);
-            ASSERT_EQ(boxes.size(), static_cast<std::size_t>(document.TabsPerPage * fields));
+            ASSERT_EQ(boxes.size(), static_cast<std::size_t>(document.setup.TabsPerPage * fields));
             for (std::size_t i = 0; i < boxes.size(); ++i)
                 for (std::size_t j = 0; j < i; ++j)
                     EXPECT_TRUE(boxes[i].left >= boxes[j].left + boxes[j].width ||

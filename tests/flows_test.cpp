@@ -67,7 +67,7 @@ TEST_F(FlowsTest, TwoRunningCopiesKeepTheirOwnDocuments) {
     other.ui.Expect("There are no information to import.", Icon::Information);
     OpenFile(other.main, Path("dl.csv"));
     RefreshDocumentStatus(program.main);
-    EXPECT_EQ(document.OptType, 0);
+    EXPECT_EQ(document.setup.OptType, 0);
     Tell("File saved successfully");
     SaveLabels(program.main, SaveKind::Save);
     EXPECT_TRUE(ReadFile(Path("a4.csv")).starts_with(header("P,A4,0,1")));
@@ -85,7 +85,7 @@ TEST_F(FlowsTest, AnIniFileThatCannotBeWrittenStopsNoWork) {
     Tell("line 3: the header ends here; it has 6 lines\r\nCalled form Sub:LoadData", Icon::Critical);
     Tell("Could not finish process");
     EXPECT_EQ(OpenFile(program.main, Path("bad.csv")), OpenOutcome::Failed);
-    EXPECT_EQ(document.OptType, 0);
+    EXPECT_EQ(document.setup.OptType, 0);
     EXPECT_FALSE(fs::exists(program.settings.IniFile)) << "a refused file leaves no trace in the settings";
 }
 

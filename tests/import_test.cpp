@@ -107,8 +107,8 @@ TEST_F(ImportTest, AHeaderAsksForNoColumns) {
         Choose(Data(file));
         EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << file;
         EXPECT_EQ(Tab(1), "Smith|2024|");
-        EXPECT_EQ(document.OptType, 4);
-        EXPECT_EQ(document.StationeryType, "DL_v");
+        EXPECT_EQ(document.setup.OptType, 4);
+        EXPECT_EQ(document.setup.StationeryType, "DL_v");
         EXPECT_EQ(document.TabCount, 21) << "one page of 3 x 7";
         EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2") << file;
         EXPECT_EQ(main.fonts[0], (FieldFont{"ARIAL", 12, true, false, false, 0, 1}));
@@ -233,8 +233,8 @@ TEST_F(ImportTest, NoImportedColumnStaysHidden) {
     ChooseForeign(Path("list.csv"));
     EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
     EXPECT_EQ(document.FieldB(1), "b");
-    EXPECT_EQ(document.NoOfFields, 2);
-    EXPECT_EQ(document.Limits.MaxLenField2, 20);
+    EXPECT_EQ(document.setup.NoOfFields, 2);
+    EXPECT_EQ(document.setup.Limits.MaxLenField2, 20);
 }
 
 TEST_F(ImportTest, FilesThatAreNoListsAskForNoColumns) {

@@ -143,7 +143,7 @@ TEST_F(OptionsTest, TheEditorDoesNotMakeTheIniFileThatWouldShutOldSettingsOut) {
 
 TEST_F(OptionsTest, AResetForgetsPositionsAndLeavesTheHabitsStored) {
     LoadGlobals(main);
-    main.document.LayoutName = "A4_8";
+    main.document.setup.LayoutName = "A4_8";
     SaveOptions(main, false, false);
     EXPECT_EQ(test.Stored("Settings", "Ask before delete"), "False");
     for (const char* key : {"PrtWiz", "Font Settings", "mdiVelmora", "frmOther"})
@@ -182,14 +182,14 @@ TEST_F(ImportTest, SettingsOfAnOldMachineComeLater) {
         "[HKEY_LOCAL_MACHINE\\" + kKey + "Paths]\r\n\"Images\"=\"C:\\\\Velmora\\\\\"\r\n";
     const std::string done = "Settings imported: 3.\r\nAn open document keeps its own tab type, margins and fonts.";
     Import(text, done, Icon::Information);
-    EXPECT_EQ(main.document.OptType, 0);
+    EXPECT_EQ(main.document.setup.OptType, 0);
     EXPECT_EQ(main.document.FieldA(1), "typed");
     EXPECT_FALSE(main.globals.AskBeforeDelete);
     EXPECT_EQ(test.Stored("Settings", "N"), "7");
     EXPECT_EQ(test.Stored("Paths", "Images"), kProbe);
     NewDocument(main);
     Import(text, done, Icon::Information);
-    EXPECT_EQ(main.document.OptType, 3);
+    EXPECT_EQ(main.document.setup.OptType, 3);
     EXPECT_EQ(main.document.TabCount, 54);
 }
 

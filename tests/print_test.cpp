@@ -41,15 +41,15 @@ struct PrintTest : testing::Test {
     void Document(int type, const std::string& stationery) {
         main.globals.PrinterName = "Office";
         main.document = {};
-        main.document.OptType = static_cast<std::int16_t>(type);
-        main.document.StationeryType = stationery;
+        main.document.setup.OptType = static_cast<std::int16_t>(type);
+        main.document.setup.StationeryType = stationery;
         main.document.CurrentTab = 2;
         NormalisePages(main.document);
-        main.document.TabCount = 3 * main.document.TabsPerPage;
+        main.document.TabCount = 3 * main.document.setup.TabsPerPage;
         for (int field = 0; field < 3; ++field)
             main.document.Field(field).ReDim(main.document.TabCount);
         NormalisePages(main.document);
-        SetRowsAndStationery(main.document, type);
+        SetRowsAndStationery(main.document.setup, type);
         main.document.CurrentPage = 1;
         main.document.FieldA(1) = "first";
     }
@@ -82,8 +82,8 @@ TEST_F(PrintTest, SetupGivesTheReportItsCodes) {
                                                                             {"DL", "DL_v", 27, Orientation::Landscape},
                                                                             {"B5", "x", 0, Orientation::Landscape}};
     for (const auto& [size, stationery, paper, orientation] : cases) {
-        main.document.PageSize = size;
-        main.document.StationeryType = stationery;
+        main.document.setup.PageSize = size;
+        main.document.setup.StationeryType = stationery;
         rptVelmor report(layout);
         SetupPrinter(print, report);
         EXPECT_EQ(report.Printer.DeviceName, "Office");

@@ -96,7 +96,7 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     EXPECT_EQ(document.DocFileName, program.folder / "in.csv");
     EXPECT_EQ(document.Stamp, opened.Stamp) << "a save must notice that the file changed meanwhile";
     EXPECT_EQ(document.FileEncoding, Encoding::Windows1252);
-    EXPECT_EQ(document.LayoutName, "DL_h");
+    EXPECT_EQ(document.setup.LayoutName, "DL_h");
     EXPECT_EQ(document.TabCount, opened.TabCount);
     EXPECT_TRUE(document.DocChanged);
     EXPECT_EQ(main.fonts[1].Name, "Liberation Serif");
@@ -239,7 +239,7 @@ TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
         ASSERT_EQ(list.size(), 1U);
         EXPECT_THROW(store.Restore(main, list[0]), Error);
         EXPECT_EQ(document.FieldA(1), "typed");
-        EXPECT_EQ(document.OptType, 5);
+        EXPECT_EQ(document.setup.OptType, 5);
         EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
         EXPECT_EQ(Files(), 1U) << "archived, but not replaced";
     }

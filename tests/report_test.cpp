@@ -17,12 +17,12 @@ struct ReportTest : testing::Test {
     TabDocument document;
 
     void MakeDocument(int type, int fields, int pages = 1) {
-        document.OptType = static_cast<std::int16_t>(type);
-        document.NoOfFields = static_cast<std::int16_t>(fields);
+        document.setup.OptType = static_cast<std::int16_t>(type);
+        document.setup.NoOfFields = static_cast<std::int16_t>(fields);
         document.TabCount = 0;
         document.CurrentTab = 2;
         NormalisePages(document);
-        document.TabCount = pages * document.TabsPerPage;
+        document.TabCount = pages * document.setup.TabsPerPage;
         for (int field = 0; field < 3; ++field)
             document.Field(field).ReDim(document.TabCount);
         NormalisePages(document);
@@ -33,10 +33,10 @@ struct ReportTest : testing::Test {
 
     Sheet LayOut(int number = 1, const char* mode = "PRINT", bool pageOnly = false) {
         rptVelmor report(layout);
-        report.InitArray(mode, pageOnly ? document.TabsPerPage : document.TabCount, document.RowsPerPage,
-                         document.ColsPerPage, document.NoOfFields, pageOnly, document);
-        report.PrepareTabStyle(document.OptType, program.settings);
-        report.FormatFields(document.NoOfFields, document.ColsPerPage, document.OptType, fonts);
+        report.InitArray(mode, pageOnly ? document.setup.TabsPerPage : document.TabCount, document.setup.RowsPerPage,
+                         document.setup.ColsPerPage, document.setup.NoOfFields, pageOnly, document);
+        report.PrepareTabStyle(document.setup.OptType, program.settings);
+        report.FormatFields(document.setup.NoOfFields, document.setup.ColsPerPage, document.setup.OptType, fonts);
         report.SetPage(SheetPaper("A4", "A4"), ReadPageMargins(program.settings));
         Sheet sheet;
         report.LayOutSheet(number, sheet);
@@ -62,8 +62,8 @@ TEST_F(ReportTest, EveryTypeHasItsColumnAndRow) {
         ASSERT_EQ(sheet.texts.size(), static_cast<std::size_t>(document.TabCount)) << type;
         const int last = document.TabCount - 1;
         ExpectBox(sheet.texts[0].box, 0, row - 567, column, 567);
-        ExpectBox(sheet.texts[static_cast<std::size_t>(last)].box, (document.ColsPerPage - 1) * column,
-                  (document.RowsPerPage - 1) * row + row - 567, column, 567);
+        ExpectBox(sheet.texts[static_cast<std::size_t>(last)].box, (document.setup.ColsPerPage - 1) * column,
+                  (document.setup.RowsPerPage - 1) * row + row - 567, column, 567);
         EXPECT_EQ(sheet.texts[1].text, "a2") << "records run along a row first";
     }
 }

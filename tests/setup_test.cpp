@@ -33,8 +33,8 @@ struct SetupTest : testing::Test {
     SetupTest() {
         main.history = &history;
         LoadGlobals(main);
-        SetLayoutFromType(document);
-        SetFieldLimits(document);
+        SetLayoutFromType(document.setup);
+        SetFieldLimits(document.setup);
         NewDocument(main);
         main.status = &status;
         main.editor = &editor;
@@ -51,11 +51,11 @@ struct SetupTest : testing::Test {
     }
     /// Tab type, layout, stationery, fields and limits in one line.
     std::string Setup() const {
-        const FieldLimits& limits = document.Limits;
-        return std::to_string(document.OptType) + " " + document.LayoutName + " " + document.StationeryType + " " +
-               document.PageSize + " " + std::to_string(document.NoOfFields) + " " +
-               std::to_string(limits.MaxLenField1) + "," + std::to_string(limits.MaxLenField2) + "," +
-               std::to_string(limits.MaxLenField3);
+        const FieldLimits& limits = document.setup.Limits;
+        return std::to_string(document.setup.OptType) + " " + document.setup.LayoutName + " " +
+               document.setup.StationeryType + " " + document.setup.PageSize + " " +
+               std::to_string(document.setup.NoOfFields) + " " + std::to_string(limits.MaxLenField1) + "," +
+               std::to_string(limits.MaxLenField2) + "," + std::to_string(limits.MaxLenField3);
     }
 };
 
@@ -150,15 +150,15 @@ TEST_F(SetupTest, OkTakesTheDocumentToTheChoice) {
         EXPECT_TRUE(dialog.Ok());
         EXPECT_EQ(Setup(), row.setup);
         EXPECT_EQ(Active(), row.margins) << row.setup;
-        EXPECT_EQ(document.TabCount % document.TabsPerPage, 0);
-        EXPECT_EQ(program.Stored("Settings", "OptType"), std::to_string(document.OptType));
+        EXPECT_EQ(document.TabCount % document.setup.TabsPerPage, 0);
+        EXPECT_EQ(program.Stored("Settings", "OptType"), std::to_string(document.setup.OptType));
     }
-    document.LayoutName = document.StationeryType = "DL_h";
-    document.OptType = 4;
+    document.setup.LayoutName = document.setup.StationeryType = "DL_h";
+    document.setup.OptType = 4;
     PageSetup turned(main);
     turned.ChooseType(5);
     EXPECT_TRUE(turned.Ok());
-    EXPECT_EQ(document.StationeryType, "DL_h");
+    EXPECT_EQ(document.setup.StationeryType, "DL_h");
 }
 
 TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
@@ -174,7 +174,7 @@ TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
     EXPECT_EQ(history.UndoName(), "Page Setup");
     UndoChange(main);
     EXPECT_EQ(document.FieldA(24), "kept");
-    EXPECT_EQ(document.OptType, 0);
+    EXPECT_EQ(document.setup.OptType, 0);
     EXPECT_FALSE(document.DocChanged);
     document.CurrentTab = 2;
     EXPECT_TRUE(dialog.Ok());
@@ -250,7 +250,7 @@ TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
         return PaperSupport{true, UnprintableMargins{left, top, right, bottom}};
     };
     const std::string wide(40, 'W');
-    document.NoOfFields = 2;
+    document.setup.NoOfFields = 2;
     document.FieldA(1) = document.FieldB(24) = "short";
     document.FieldB(5) = wide;
     EXPECT_EQ(check({}), "1:5.1 ");
@@ -266,8 +266,8 @@ TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
     program.Store("Settings", "Margin Value Left", "0");
     program.Store("Settings", "Margin Value Top", "0");
     document = {};
-    document.OptType = 4;
-    document.StationeryType = "DL_v";
+    document.setup.OptType = 4;
+    document.setup.StationeryType = "DL_v";
     NormalisePages(document);
     document.FieldA(1) = "left";
     EXPECT_EQ(check(margins(0, 0, 0, 5)), "2:1.0 ");

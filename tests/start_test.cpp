@@ -89,7 +89,7 @@ TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
             test.Store("Settings", "OptType", row.type);
             test.Store("Settings", "Start with setup", row.startWithSetup);
             LoadGlobals(program.main);
-            SetLayoutFromType(program.main.document);
+            SetLayoutFromType(program.main.document.setup);
         };
         if (std::string(row.type).empty())
             test.ui.Expect("You have to configure a printer." + now, Icon::Question, Buttons::YesNo, row.answer);
@@ -191,7 +191,7 @@ TEST_F(StartTest, AStoreThatCannotBeWrittenIsReportedOnce) {
         }
         fs::permissions(test.folder.Path(), fs::perms(0755));
         fs::permissions(ini, fs::perms(0755));
-        EXPECT_EQ(program.main.document.OptType, fault == NotWritable ? 3 : 0);
+        EXPECT_EQ(program.main.document.setup.OptType, fault == NotWritable ? 3 : 0);
         EXPECT_EQ(fault == IsFolder ? kept : ReadFile(ini), kept);
     }
     EXPECT_EQ(forms.shown, "main page main page main page ");

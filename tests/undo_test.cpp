@@ -32,11 +32,12 @@ struct UndoTest : testing::Test {
     std::string State() {
         std::string text;
         for (int number :
-             {int{document.NoOfPages}, int{document.NoOfFields}, int{document.OptType}, int{document.TabsPerPage},
-              int{document.RowsPerPage}, int{document.ColsPerPage}, int{document.TabCount}, document.Grid.Width1,
-              document.Grid.Height2, int{document.Limits.MaxLenField1}, int{document.Limits.MaxLenField2}})
+             {int{document.NoOfPages}, int{document.setup.NoOfFields}, int{document.setup.OptType},
+              int{document.setup.TabsPerPage}, int{document.setup.RowsPerPage}, int{document.setup.ColsPerPage},
+              int{document.TabCount}, document.setup.Grid.Width1, document.setup.Grid.Height2,
+              int{document.setup.Limits.MaxLenField1}, int{document.setup.Limits.MaxLenField2}})
             text += std::to_string(number) + "|";
-        text += document.StationeryType + document.PageSize + document.LayoutName;
+        text += document.setup.StationeryType + document.setup.PageSize + document.setup.LayoutName;
         for (int field = 0; field < kFieldsPerTab; ++field) {
             const FieldFont& font = main.fonts[static_cast<std::size_t>(field)];
             text += "\n" + font.Name + std::to_string(font.Size) + std::to_string(font.HorizontalAlignment);
@@ -50,10 +51,10 @@ struct UndoTest : testing::Test {
         return text;
     }
     void SetUpPage(int type, int fields, int fontSize) {
-        document.OptType = static_cast<std::int16_t>(type);
-        document.NoOfFields = static_cast<std::int16_t>(fields);
-        SetLayoutFromType(document);
-        SetFieldLimits(document);
+        document.setup.OptType = static_cast<std::int16_t>(type);
+        document.setup.NoOfFields = static_cast<std::int16_t>(fields);
+        SetLayoutFromType(document.setup);
+        SetFieldLimits(document.setup);
         ApplyTabType(main);
         main.fonts[1].Size = static_cast<std::int16_t>(fontSize);
         main.fonts[2].Name = "A name too long for the string itself " + std::to_string(fontSize);
@@ -132,13 +133,13 @@ TEST_F(UndoTest, AnOperationCutShortIsRecorded) {
     EXPECT_EQ(document.FieldA(1), "half done") << "all or nothing";
     Do("Open", [&] { NewDocument(main), history.Clear(document); });
     EXPECT_FALSE(history.CanUndo()) << "no way back to another document";
-    Do("Limits", [&] { Do("inner", [&] { Type(1, "typed meanwhile"); }), document.Limits.MaxLenField1 = 5; });
+    Do("Limits", [&] { Do("inner", [&] { Type(1, "typed meanwhile"); }), document.setup.Limits.MaxLenField1 = 5; });
     EXPECT_EQ(history.UndoName(), "Limits");
     Do("Page Setup", [&] { SetUpPage(0, 3, 12); });
     history.Undo(main);
     EXPECT_EQ(program.Stored("Settings", "Margin Value Left"), "0") << "was never stored before";
     history.Undo(main);
-    EXPECT_NE(document.Limits.MaxLenField1, 5);
+    EXPECT_NE(document.setup.Limits.MaxLenField1, 5);
     EXPECT_FALSE(history.CanUndo()) << "an operation within another is no step of its own";
 }
 
@@ -203,9 +204,9 @@ TEST_F(UndoTest, HundredsOfStepsGoBackAndForthThroughTheSameStates) {
     for (int i = 0; i < 400; ++i) {
         document.CurrentPage = static_cast<std::int16_t>(1 + below(document.NoOfPages));
         document.CurrentTab = static_cast<std::int16_t>(below(40) == 0 ? 0 : 2); // at 0 a new tab type empties all
-        const int kind = below(9), tab = (document.CurrentPage - 1) * document.TabsPerPage + 1;
+        const int kind = below(9), tab = (document.CurrentPage - 1) * document.setup.TabsPerPage + 1;
         if (kind > 4)
-            Type(tab + below(document.TabsPerPage),
+            Type(tab + below(document.setup.TabsPerPage),
                  below(4) == 0 ? "" : std::string(static_cast<std::size_t>(i % 30), 'x') + std::to_string(i), below(3));
         else if (kind == 4)
             Do("Page Setup", [&] { SetUpPage(below(6), 1 + below(3), 8 + below(9)); });
@@ -219,7 +220,7 @@ TEST_F(UndoTest, HundredsOfStepsGoBackAndForthThroughTheSameStates) {
     }
     EXPECT_GT(states.size(), 200U);
     const auto check = [&](std::size_t at) {
-        EXPECT_EQ(document.TabCount, document.NoOfPages * document.TabsPerPage);
+        EXPECT_EQ(document.TabCount, document.NoOfPages * document.setup.TabsPerPage);
         ASSERT_TRUE(State() == states[at]) << "state " << at << "\n" << State() << "\ninstead of\n" << states[at];
     };
     for (int round = 0; round < 2; ++round) {

@@ -126,7 +126,7 @@ TEST_F(WizardTest, TheNumberOfFieldsDecidesOnFieldsAndLimits) {
     } cases[] = {{1, 1, 20}, {2, 1, 20}, {2, 2, 20}, {3, 1, 20}, {3, 2, 10}, {3, 3, 10}};
     ConfirmCount(wizard, "1");
     for (const auto& c : cases) {
-        document.NoOfFields = static_cast<std::int16_t>(c.inUse);
+        document.setup.NoOfFields = static_cast<std::int16_t>(c.inUse);
         EXPECT_THROW(ChooseField(wizard, document, c.inUse + 1), SubscriptError);
         ChooseField(wizard, document, c.field);
         const std::string name = std::string("Field ") + static_cast<char>('A' + c.field - 1);
@@ -142,7 +142,7 @@ TEST_F(WizardTest, TheNumberOfFieldsDecidesOnFieldsAndLimits) {
 }
 
 TEST_F(WizardTest, TickedNamesComeInTurn) {
-    document.NoOfFields = 1;
+    document.setup.NoOfFields = 1;
     ConfirmCount(wizard, "5");
     ChooseField(wizard, document, 1);
     const struct {

@@ -15,11 +15,11 @@ constexpr int kMostTabs = 32767;
 /// Of the document once it holds the values, never fewer than it has.
 std::int16_t PagesAfter(const TabDocument& document, int start, int count) {
     const std::int16_t last = Add16(Add16(start, count), -1);
-    return std::max(document.NoOfPages, PagesForTabs(last, document.TabsPerPage));
+    return std::max(document.NoOfPages, PagesForTabs(last, document.setup.TabsPerPage));
 }
 
 void TellLimit(MainModule& main, int start) {
-    const int perPage = main.document.TabsPerPage;
+    const int perPage = main.document.setup.TabsPerPage;
     main.ui.Beep();
     Tell(main, "The maximum number of pages for this type on label is: " + std::to_string(kMostTabs / perPage) +
                    "\r\nPlease change your number of labels to " +
@@ -28,7 +28,7 @@ void TellLimit(MainModule& main, int start) {
 
 void GrowTo(TabDocument& document, std::int16_t pages) {
     document.NoOfPages = pages;
-    document.TabCount = Multiply16(pages, document.TabsPerPage);
+    document.TabCount = Multiply16(pages, document.setup.TabsPerPage);
     for (int field = 0; field < kFieldsPerTab; ++field)
         document.Field(field).Resize(document.TabCount);
 }
@@ -65,16 +65,16 @@ bool AppendWizardTabs(MainModule& main, const WizardState& wizard) {
     const std::int16_t start = std::max<std::int16_t>(1, document.CurrentTab);
     const std::int16_t pages = PagesAfter(document, start, wizard.NewTabCount);
     document.CurrentTab = start;
-    if (pages * document.TabsPerPage >= kMostTabs) {
+    if (pages * document.setup.TabsPerPage >= kMostTabs) {
         TellLimit(main, start);
         return false;
     }
-    SaveLabel(main, document.CurrentPage, document.TabsPerPage);
+    SaveLabel(main, document.CurrentPage, document.setup.TabsPerPage);
     KeepRecoveryCopy(main);
     const UndoStep step(main.history, main, "AutoRepeat Wizard");
     GrowTo(document, pages);
     CopyValues(wizard, document);
-    document.CurrentPage = PagesForTabs(start, document.TabsPerPage);
+    document.CurrentPage = PagesForTabs(start, document.setup.TabsPerPage);
     SaveGlobals(main);
     ShowChangedPages(main);
     return true;

@@ -108,7 +108,7 @@ int FontPage::VerticalButton(int field) const {
 }
 
 bool FontPage::Store() {
-    SaveLabel(main_, main_.document.CurrentPage, main_.document.TabsPerPage);
+    SaveLabel(main_, main_.document.CurrentPage, main_.document.setup.TabsPerPage);
     const bool changed = main_.fonts != draft_;
     UndoStep step(main_.history, main_, "Fonts");
     main_.fonts = draft_;

@@ -75,12 +75,12 @@ std::optional<std::string> ConfirmCount(WizardState& wizard, std::string_view te
 }
 
 void ChooseField(WizardState& wizard, const TabDocument& document, int fieldNo) {
-    if (fieldNo < 1 || fieldNo > document.NoOfFields)
+    if (fieldNo < 1 || fieldNo > document.setup.NoOfFields)
         throw SubscriptError();
     wizard.CurrentFieldNo = static_cast<std::int16_t>(fieldNo);
     wizard.WizFieldUsed[static_cast<std::size_t>(fieldNo - 1)] = true;
     wizard.CurrentFieldKey = std::string("Field") + static_cast<char>('A' + fieldNo - 1);
-    wizard.FieldMaxLen = MostCharacters(fieldNo, document.NoOfFields);
+    wizard.FieldMaxLen = MostCharacters(fieldNo, document.setup.NoOfFields);
 }
 
 WizardPage ChooseKind(WizardState& wizard, ValueKind kind) {
@@ -153,7 +153,7 @@ void FillText(WizardState& wizard, std::string_view input) {
 
 bool AllFieldsDone(const WizardState& wizard, const TabDocument& document) {
     const auto begin = wizard.FieldDone.begin();
-    return std::all_of(begin, begin + document.NoOfFields, [](bool done) { return done; });
+    return std::all_of(begin, begin + document.setup.NoOfFields, [](bool done) { return done; });
 }
 
 WizardPage PageAfterField(const WizardState& wizard, const TabDocument& document) {

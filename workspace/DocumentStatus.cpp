@@ -15,32 +15,33 @@ std::string TabTypeText(int optType) {
 
 void LoadDocumentProperties(MainModule& main) {
     TabDocument& document = main.document;
-    document.StationeryType = ReadAccepted(main.settings, kStationeryType);
+    document.setup.StationeryType = ReadAccepted(main.settings, kStationeryType);
     const SettingKey fields = {kNoOfFields.section, kNoOfFields.key, "1", kNoOfFields.accepts};
-    document.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(ReadAccepted(main.settings, fields))));
+    document.setup.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(ReadAccepted(main.settings, fields))));
     document.NoOfPages = ToInt16(ToDouble(ReadAccepted(main.settings, kNoOfPages)));
 }
 
 } // namespace
 
 void ShowDocumentStatus(MainModule& main) {
-    ShowDocumentStatus(main, main.document);
+    ShowDocumentStatus(main, main.document.setup);
 }
 
-void ShowDocumentStatus(MainModule& main, const TabDocument& document) {
+void ShowDocumentStatus(MainModule& main, const DocumentSetup& setup) {
     if (!main.status)
         return;
-    main.status->SetPanel(1, "Stationery: " + document.StationeryType);
-    main.status->SetPanel(2, "Tab Type: " + TabTypeText(document.OptType));
-    main.status->SetPanel(3, "No of fields: " + std::to_string(document.NoOfFields));
+    main.status->SetPanel(1, "Stationery: " + setup.StationeryType);
+    main.status->SetPanel(2, "Tab Type: " + TabTypeText(setup.OptType));
+    main.status->SetPanel(3, "No of fields: " + std::to_string(setup.NoOfFields));
+    const TabDocument& document = main.document;
     main.status->SetPanel(4, "Pg No: " + std::to_string(document.CurrentPage) + " of " +
                                  std::to_string(document.NoOfPages));
     main.status->SetPanel(5, "No of tabs: " + std::to_string(document.TabCount));
 }
 
 void RefreshDocumentStatus(MainModule& main) {
-    main.document.OptType = ToInt16(ToDouble(ReadAccepted(main.settings, kOptType)));
-    if (main.document.StationeryType.empty())
+    main.document.setup.OptType = ToInt16(ToDouble(ReadAccepted(main.settings, kOptType)));
+    if (main.document.setup.StationeryType.empty())
         LoadDocumentProperties(main);
     ShowDocumentStatus(main);
 }

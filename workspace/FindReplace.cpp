@@ -39,7 +39,7 @@ private:
 };
 
 void TakePageBack(MainModule& main) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
 }
 
 bool IsSearched(const FindRequest& request, int field) {
@@ -48,7 +48,7 @@ bool IsSearched(const FindRequest& request, int field) {
 
 /// A text that is too long already may stay so, but not grow.
 bool Fits(const TabDocument& document, int field, const std::string& old, const std::string& text) {
-    const std::size_t limit = std::max(document.Limits.Of(field), CharacterCount(old));
+    const std::size_t limit = std::max(document.setup.Limits.Of(field), CharacterCount(old));
     return CharacterCount(text) <= limit;
 }
 
@@ -75,7 +75,7 @@ Replacements PlanReplacements(const TabDocument& document, const FindRequest& re
     Replacements plan;
     const Pattern pattern(request);
     for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
-        for (int field = 0; field < document.NoOfFields; ++field)
+        for (int field = 0; field < document.setup.NoOfFields; ++field)
             if (IsSearched(request, field))
                 PlanReplacement(plan, document, pattern, {tab, field}, request.replaceWith);
     return plan;
@@ -97,7 +97,7 @@ void Put(MainModule& main, const std::vector<std::pair<TabBox, std::string>>& te
 
 Finder::Match Finder::Start() const {
     const TabDocument& document = main_.document;
-    if (last_ && last_->box.tab == document.CurrentTab && last_->box.field < document.NoOfFields)
+    if (last_ && last_->box.tab == document.CurrentTab && last_->box.field < document.setup.NoOfFields)
         return {last_->box, last_->at + last_->length, 0};
     return {{std::clamp<std::int32_t>(document.CurrentTab, 1, document.TabCount), 0}, 0, 0};
 }
@@ -108,14 +108,14 @@ std::optional<Finder::Match> Finder::Search(const FindRequest& request, const Ma
     const Pattern pattern(request);
     TabBox box = start.box;
     std::size_t from = start.at;
-    std::int64_t left = std::int64_t{document.TabCount} * document.NoOfFields;
+    std::int64_t left = std::int64_t{document.TabCount} * document.setup.NoOfFields;
     for (; left >= 0; --left, from = 0) {
         if (IsSearched(request, box.field)) {
             const std::size_t at = pattern.In(document.Field(box.field)(box.tab), from);
             if (at != std::string::npos)
                 return Match{box, at, pattern.Length()};
         }
-        if (++box.field >= document.NoOfFields)
+        if (++box.field >= document.setup.NoOfFields)
             box = {box.tab % document.TabCount + 1, 0};
     }
     return std::nullopt;
@@ -147,7 +147,7 @@ FindOutcome Finder::Replace(const FindRequest& request) {
     if (!Fits(main_.document, start.box.field, old, text)) {
         main_.ui.Beep();
         Tell(main_, "The text would become longer than its field allows: " +
-                        std::to_string(main_.document.Limits.Of(start.box.field)) + " characters.");
+                        std::to_string(main_.document.setup.Limits.Of(start.box.field)) + " characters.");
         return FindNext(request);
     }
     if (text != old)

@@ -48,7 +48,7 @@ LoadOutcome LoadPrinter(MainModule& main) {
 void TakeBack(TabDocument& document, const std::vector<TabTexts>& texts, std::int16_t page, std::int16_t tabsPerPage) {
     for (std::size_t slot = 0; slot < texts.size(); ++slot) {
         const int tab = Multiply16(page - 1, tabsPerPage) + static_cast<int>(slot) + 1;
-        for (std::size_t field = 0; field < static_cast<std::size_t>(document.NoOfFields); ++field)
+        for (std::size_t field = 0; field < static_cast<std::size_t>(document.setup.NoOfFields); ++field)
             document.Field(static_cast<int>(field))(tab) = texts[slot][field];
     }
 }
@@ -74,12 +74,12 @@ LoadOutcome LoadGlobals(MainModule& main) {
     const SettingsBatch batch(store);
     main.globals.AskBeforeDelete = ToFlag(ReadAccepted(store, kAskBeforeDelete));
     main.globals.StartWithSetup = ToFlag(ReadAccepted(store, kStartWithSetup));
-    main.document.StationeryType = ReadAccepted(store, kStationeryType);
-    main.document.PageSize = ReadAccepted(store, kPageSize);
-    main.document.OptType = ToInt16(ToDouble(ReadAccepted(store, kOptType)));
+    main.document.setup.StationeryType = ReadAccepted(store, kStationeryType);
+    main.document.setup.PageSize = ReadAccepted(store, kPageSize);
+    main.document.setup.OptType = ToInt16(ToDouble(ReadAccepted(store, kOptType)));
     const LoadOutcome outcome = LoadPrinter(main);
     // A fraction just below 4 passes the test and would round out of the range.
-    main.document.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(ReadAccepted(store, kNoOfFields))));
+    main.document.setup.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(ReadAccepted(store, kNoOfFields))));
     LoadFontSettings(store, main.fonts);
     return outcome;
 }
@@ -90,10 +90,10 @@ void SaveGlobals(MainModule& main) {
     Write(store, kAskBeforeDelete, FlagText(main.globals.AskBeforeDelete));
     Write(store, kStartWithSetup, FlagText(main.globals.StartWithSetup));
     Write(store, kPrinter, main.globals.PrinterName);
-    Write(store, kStationeryType, main.document.StationeryType);
-    Write(store, kPageSize, main.document.PageSize);
-    Write(store, kOptType, std::to_string(main.document.OptType));
-    Write(store, kNoOfFields, std::to_string(main.document.NoOfFields));
+    Write(store, kStationeryType, main.document.setup.StationeryType);
+    Write(store, kPageSize, main.document.setup.PageSize);
+    Write(store, kOptType, std::to_string(main.document.setup.OptType));
+    Write(store, kNoOfFields, std::to_string(main.document.setup.NoOfFields));
     Write(store, kNoOfPages, std::to_string(main.document.NoOfPages));
 }
 
@@ -113,7 +113,7 @@ void NewDocument(MainModule& main) {
     document.TabCount = 0;
     document.CurrentPage = 0;
     document.CurrentTab = 0;
-    document.TabsPerPage = 0;
+    document.setup.TabsPerPage = 0;
     document.DocChanged = false;
     ApplyTabType(main);
     if (main.history)

@@ -35,7 +35,7 @@ std::optional<ImportChoice> Choose(MainModule& main, const ImportRequest& reques
 
 /// Rows without a header: no column that was chosen stays hidden for want of a field.
 LoadOutcome LoadImported(MainModule& main, const Worksheet& sheet) {
-    const int fields = std::max<int>(main.document.NoOfFields, FieldsInUse(sheet));
+    const int fields = std::max<int>(main.document.setup.NoOfFields, FieldsInUse(sheet));
     Write(main.settings, kNoOfFields, std::to_string(fields));
     return LoadDocument(main, sheet);
 }

@@ -23,9 +23,9 @@ template <typename Source> LoadOutcome Load(MainModule& main, const Source& sour
     LoadData(source, main.settings);
     if (LoadGlobals(main) == LoadOutcome::NoPrinter)
         return LoadOutcome::NoPrinter;
-    SetLayoutFromType(document);
-    SetFieldLimits(document);
-    SetTabsPerPage(document);
+    SetLayoutFromType(document.setup);
+    SetFieldLimits(document.setup);
+    SetTabsPerPage(document.setup);
     {
         const auto progress = main.ui.StartProgress("Calculating the number of labels.  Please standby...", 1);
         document.TabCount = GetNumberOfLables(source, source.header ? -kHeaderLines : 0, document, main.settings);
@@ -64,7 +64,7 @@ OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path, Orig
             main.history->Clear(main.document);
         return OpenOutcome::Opened;
     } catch (const OverflowError& error) {
-        const std::int16_t tabsPerPage = main.document.TabsPerPage;
+        const std::int16_t tabsPerPage = main.document.setup.TabsPerPage;
         transaction.Undo();
         if (origin == Origin::Foreign)
             TellMostPages(main, tabsPerPage);
@@ -96,7 +96,7 @@ OpenOutcome ReplaceDocument(MainModule& main, const std::filesystem::path& path,
         return OpenOutcome::Failed;
     }
     // An error gives back the document as it was, with what was typed last.
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
     const auto archived = ArchiveDocument(main);
     if (main.editor)
         main.editor->TakeDown();

@@ -13,7 +13,7 @@ namespace {
 constexpr int kMostTabs = 32767;
 
 void TakePageBack(MainModule& main) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
 }
 
 void ShowPage(MainModule& main, std::int16_t page) {
@@ -30,7 +30,7 @@ bool Confirms(MainModule& main, const char* question) {
 
 void AppendPage(TabDocument& document) {
     const std::int16_t pages = Add16(document.NoOfPages, 1);
-    const std::int32_t count = Multiply16(pages, document.TabsPerPage);
+    const std::int32_t count = Multiply16(pages, document.setup.TabsPerPage);
     for (int field = 0; field < kFieldsPerTab; ++field)
         document.Field(field).Resize(count);
     document.TabCount = count;
@@ -39,7 +39,7 @@ void AppendPage(TabDocument& document) {
 
 /// Closes the gap that the current page leaves.
 void RemovePage(TabDocument& document) {
-    const std::int32_t perPage = document.TabsPerPage;
+    const std::int32_t perPage = document.setup.TabsPerPage;
     const std::int32_t before = (document.CurrentPage - 1) * perPage;
     for (int field = 0; field < kFieldsPerTab; ++field) {
         FieldTexts& texts = document.Field(field);
@@ -52,7 +52,7 @@ void RemovePage(TabDocument& document) {
 }
 
 bool IsBlank(const TabDocument& document, std::int32_t tab) {
-    for (int field = 0; field < document.NoOfFields; ++field)
+    for (int field = 0; field < document.setup.NoOfFields; ++field)
         if (!Trim(document.Field(field)(tab)).empty())
             return false;
     return true;
@@ -108,8 +108,8 @@ void TellMostPages(MainModule& main, std::int16_t tabsPerPage) {
 
 void AddPage(MainModule& main) {
     TabDocument& document = main.document;
-    if (document.NoOfPages * document.TabsPerPage >= kMostTabs) {
-        TellMostPages(main, document.TabsPerPage);
+    if (document.NoOfPages * document.setup.TabsPerPage >= kMostTabs) {
+        TellMostPages(main, document.setup.TabsPerPage);
         return;
     }
     TakePageBack(main);
@@ -145,9 +145,9 @@ void CleanLabels(MainModule& main) {
     if (main.editor)
         main.editor->TakeDown();
     const std::int32_t kept = PackTabs(document);
-    document.NoOfPages = std::max<std::int16_t>(1, PagesForTabs(kept, document.TabsPerPage));
+    document.NoOfPages = std::max<std::int16_t>(1, PagesForTabs(kept, document.setup.TabsPerPage));
     document.CurrentPage = document.NoOfPages;
-    document.TabCount = document.NoOfPages * document.TabsPerPage;
+    document.TabCount = document.NoOfPages * document.setup.TabsPerPage;
     for (int field = 0; field < kFieldsPerTab; ++field) {
         document.Field(field).Resize(kept); // what was packed away must not show on the last page
         document.Field(field).Resize(document.TabCount);

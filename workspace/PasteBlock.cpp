@@ -26,12 +26,12 @@ struct Block {
 };
 
 void AddCell(Block& block, const TabDocument& document, TabBox box, std::string_view text) {
-    if (box.tab > document.TabCount || box.field >= document.NoOfFields) {
+    if (box.tab > document.TabCount || box.field >= document.setup.NoOfFields) {
         block.leftOut += Trim(text).empty() ? 0 : 1;
         return;
     }
     const std::string line = OneLine(text);
-    const std::string_view kept = LeftCharacters(line, document.Limits.Of(box.field));
+    const std::string_view kept = LeftCharacters(line, document.setup.Limits.Of(box.field));
     block.cut += kept.size() < line.size() ? 1 : 0;
     block.cells.push_back({box, std::string(kept)});
 }
@@ -74,7 +74,7 @@ bool IsBlock(std::string_view text) {
 }
 
 void PasteBlock(MainModule& main, TabBox from, std::string_view text) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
     const Block block = TakeApart(main.document, from, text);
     if (!Agrees(main, block))
         return;

@@ -122,7 +122,7 @@ RecoveryStore::RecoveryStore(fs::path folder, Clock clock) : folder_(std::move(f
 RecoveryStore::~RecoveryStore() = default;
 
 void RecoveryStore::Keep(MainModule& main) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
     if (!main.document.DocChanged)
         return Drop();
     const std::string content = RecoveryContent(main);
@@ -156,7 +156,7 @@ void RecoveryStore::Drop() noexcept {
 }
 
 std::optional<fs::path> RecoveryStore::Archive(MainModule& main) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
     if (!main.document.DocChanged)
         return std::nullopt;
     const std::string content = RecoveryContent(main);

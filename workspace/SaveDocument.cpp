@@ -211,11 +211,11 @@ void SaveFile(MainModule& main, const fs::path& path, FileHeader header) {
 }
 
 SaveOutcome SaveLabels(MainModule& main, SaveKind kind) {
-    if (kind == SaveKind::Export && main.document.TabsPerPage == 0)
+    if (kind == SaveKind::Export && main.document.setup.TabsPerPage == 0)
         return SaveOutcome::Cancelled; // there are no pages yet
     SaveOutcome outcome = SaveOutcome::Failed;
     Trapped(main, "Called form Sub:SaveLabels", [&] {
-        SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+        SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
         outcome = Save(main, kind);
         ShowCaption(main);
     });

@@ -12,16 +12,12 @@
 namespace velmora {
 namespace {
 
-/// What steps restore of the document besides its texts. The structs are taken apart whole: with a new member this
-/// does not compile until somebody decides whether the member belongs here.
+/// What steps restore of the document besides its texts. The struct is taken apart whole: with a new member this does
+/// not compile until somebody decides whether the member belongs here.
 template <typename Document> auto PropertiesOf(Document& document) {
-    auto& [fieldA, fieldB, fieldC, tabCount, pages, currentPage, currentTab, fields, optType, stationery, pageSize,
-           layout, perPage, rows, columns, grid, limits, fileName, encoding, stamp, fileError, changed, foreign] =
-        document;
-    auto& [width1, width2, height1, height2, top, left, cellGap, lineGap] = grid;
-    auto& [limit1, limit2, limit3] = limits;
-    return std::tie(tabCount, pages, fields, optType, stationery, pageSize, layout, perPage, rows, columns, width1,
-                    width2, height1, height2, top, left, cellGap, lineGap, limit1, limit2, limit3);
+    auto& [fieldA, fieldB, fieldC, tabCount, pages, currentPage, currentTab, setup, fileName, encoding, stamp,
+           fileError, changed, foreign] = document;
+    return std::tie(tabCount, pages, setup);
 }
 
 template <typename... Members> std::tuple<Members...> ValuesOf(const std::tuple<Members&...>& members) {

@@ -64,7 +64,7 @@ void SaveLabel(MainModule& main, std::int16_t page, std::int16_t tabsPerPage);
 /// Writes the five status panels.
 void ShowDocumentStatus(MainModule& main);
 /// The same for choices that the document does not have yet.
-void ShowDocumentStatus(MainModule& main, const TabDocument& document);
+void ShowDocumentStatus(MainModule& main, const DocumentSetup& draft);
 /// Reads the tab type anew, and the document's properties on the first call after start-up; then shows the status.
 void RefreshDocumentStatus(MainModule& main);
 /// Panel 5 while a tab has the focus.

@@ -15,9 +15,9 @@ namespace {
 std::function<void(std::int32_t)> TestPagePrinter(Program& program) {
     return [&program](std::int32_t tabs) {
         const TabDocument& document = program.main.document;
-        const PrintOutcome outcome = PrintReport(
-            program.print, "TestPage",
-            {"TEST", document.OptType, tabs, document.NoOfFields, document.RowsPerPage, document.ColsPerPage, false});
+        const PrintOutcome outcome = PrintReport(program.print, "TestPage",
+                                                 {"TEST", document.setup.OptType, tabs, document.setup.NoOfFields,
+                                                  document.setup.RowsPerPage, document.setup.ColsPerPage, false});
         if (outcome == PrintOutcome::NoPrinter)
             QApplication::exit();
     };

@@ -73,7 +73,7 @@ void frmFind::ListFields() {
     const int chosen = cboField_->count() > 0 ? cboField_->currentData().toInt() : kAllFields;
     cboField_->clear();
     cboField_->addItem(tr("All fields"), kAllFields);
-    for (int field = 0; field < main_.document.NoOfFields; ++field)
+    for (int field = 0; field < main_.document.setup.NoOfFields; ++field)
         cboField_->addItem(tr("Field %1").arg(QChar('A' + field)), field);
     cboField_->setCurrentIndex(std::max(0, cboField_->findData(chosen)));
 }

@@ -141,7 +141,7 @@ std::vector<TabTexts> frmGrid2a4::ShownTexts() const {
 }
 
 void frmGrid2a4::ShowText(TabBox place, std::size_t at, std::size_t length) {
-    const int perPage = main_.document.TabsPerPage;
+    const int perPage = main_.document.setup.TabsPerPage;
     const auto page = static_cast<std::int16_t>((place.tab - 1) / perPage + 1);
     if (page != main_.document.CurrentPage) {
         main_.document.CurrentPage = page;
@@ -175,7 +175,7 @@ void frmGrid2a4::SetLablesOnGrid() {
     const bool docChanged = main_.document.DocChanged;
     cells_ = LayOutGrid(main_.document);
     sheet_->SetCells(cells_, tr("Page %1 of %2").arg(main_.document.CurrentPage).arg(main_.document.NoOfPages));
-    const auto fields = static_cast<std::size_t>(main_.document.NoOfFields);
+    const auto fields = static_cast<std::size_t>(main_.document.setup.NoOfFields);
     const bool fits = boxes_.size() == cells_.size() && (fields == 3 || !boxes_[0][fields]) && boxes_[0][fields - 1];
     if (!fits) {
         TakeDown();
@@ -202,8 +202,8 @@ QLineEdit* frmGrid2a4::MakeBox(int field, int slot) {
 QString frmGrid2a4::BoxName(int field, int slot) const {
     const TabDocument& document = main_.document;
     return tr("Page %1, row %2, column %3, field %4")
-        .arg(QString::number(document.CurrentPage), QString::number((slot - 1) / document.ColsPerPage + 1),
-             QString::number((slot - 1) % document.ColsPerPage + 1), QChar('A' + field));
+        .arg(QString::number(document.CurrentPage), QString::number((slot - 1) / document.setup.ColsPerPage + 1),
+             QString::number((slot - 1) % document.setup.ColsPerPage + 1), QChar('A' + field));
 }
 
 void frmGrid2a4::ShowTexts() {
@@ -246,7 +246,7 @@ double frmGrid2a4::FittingScale() const {
     // A line must hold the desktop's font with its frame, however large that is.
     const QLineEdit probe;
     const double smallest = std::max(1 / kTwipsPerPixel, probe.minimumSizeHint().height() /
-                                                             static_cast<double>(main_.document.Grid.Height2));
+                                                             static_cast<double>(main_.document.setup.Grid.Height2));
     const QSizeF room = viewport()->size() - sheet_->BorderSize();
     const QRectF grid = sheet_->GridTwips();
     const double fitting = std::min((room.width() - 1) / grid.width(), (room.height() - 1) / grid.height());
@@ -291,8 +291,8 @@ int frmGrid2a4::SlotAfterKey(int slot, const QKeyEvent& key, const QLineEdit& bo
     switch (key.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter: return slot + 1;
-    case Qt::Key_Up: return slot - main_.document.ColsPerPage;
-    case Qt::Key_Down: return slot + main_.document.ColsPerPage;
+    case Qt::Key_Up: return slot - main_.document.setup.ColsPerPage;
+    case Qt::Key_Down: return slot + main_.document.setup.ColsPerPage;
     case Qt::Key_Left: return plain && box.cursorPosition() == 0 ? slot - 1 : 0;
     case Qt::Key_Right: return plain && box.cursorPosition() == box.text().size() ? slot + 1 : 0;
     default: return 0;

@@ -97,7 +97,7 @@ frmFix3::frmFix3(PrintModule& print, QWidget* parent)
     setObjectName("frmFix3");
     setWindowTitle(tr("Margin Setup"));
     const TabDocument& document = print.main.document;
-    BuildUi(LayOutCalibrationSheet(print.main.settings, document.OptType, document.StationeryType));
+    BuildUi(LayOutCalibrationSheet(print.main.settings, document.setup.OptType, document.setup.StationeryType));
     ShowMargins();
     ShowSamples();
 }

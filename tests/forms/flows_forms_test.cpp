@@ -79,7 +79,7 @@ private slots:
         Tell(running, "The file: " + Named(running, "seven.csv") +
                           " is an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
         running.Trigger("mnuOpen");
-        QCOMPARE(running.program.main.document.OptType, 1);
+        QCOMPARE(running.program.main.document.setup.OptType, 1);
         Tell(running, "File saved successfully");
         running.Trigger("mnuSave");
         QVERIFY(ReadFile(running.test.folder / "seven.csv").starts_with("Version 8\r\n"));

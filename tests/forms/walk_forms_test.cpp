@@ -39,8 +39,8 @@ State StateOf(MainModule& main) {
     batch.Discard();
     return {{document.FieldA, document.FieldB, document.FieldC},
             document.NoOfPages,
-            document.NoOfFields,
-            document.OptType,
+            document.setup.NoOfFields,
+            document.setup.OptType,
             header.substr(header.find(','))};
 }
 
@@ -202,8 +202,8 @@ private:
     void Trigger(const char* name) { Trigger(*running_->Item(name)); }
     void MoveInHistory() { Trigger(chance_.Of(std::array{"mnuUndo", "mnuUndo", "mnuRedo"})); }
     QLineEdit* EnterAnyBox() {
-        QLineEdit* box = running_->window->findChild<frmGrid2a4*>()->Box(chance_.Below(Document().NoOfFields),
-                                                                         chance_.Below(Document().TabsPerPage) + 1);
+        QLineEdit* box = running_->window->findChild<frmGrid2a4*>()->Box(
+            chance_.Below(Document().setup.NoOfFields), chance_.Below(Document().setup.TabsPerPage) + 1);
         running_->window->activateWindow();
         box->setFocus();
         trail_.Note("\n" + box->objectName().toStdString());
@@ -257,7 +257,7 @@ private:
         if (!chance_.OneIn(8))
             return;
         trail_.Note("\nundo all, redo all");
-        SaveLabel(Main(), Document().CurrentPage, Document().TabsPerPage);
+        SaveLabel(Main(), Document().CurrentPage, Document().setup.TabsPerPage);
         const State now = StateOf(Main());
         const int steps = UndoAll();
         NeedSame(StateOf(Main()), start_, "undo to the start");
@@ -288,13 +288,13 @@ private:
 
     void Check() {
         const TabDocument& document = Document();
-        SaveLabel(Main(), document.CurrentPage, document.TabsPerPage);
+        SaveLabel(Main(), document.CurrentPage, document.setup.TabsPerPage);
         for (int field = 0; field < kFieldsPerTab; ++field)
             Need(document.Field(field).Count() == document.TabCount, "array sizes");
-        Need(document.NoOfPages * document.TabsPerPage == document.TabCount, "whole pages");
+        Need(document.NoOfPages * document.setup.TabsPerPage == document.TabCount, "whole pages");
         Need(document.CurrentPage >= 1 && document.CurrentPage <= document.NoOfPages, "the page");
         const bool none = document.CurrentTab == 0 && !InBox();
-        Need(none || (document.CurrentTab - 1) / document.TabsPerPage + 1 == document.CurrentPage,
+        Need(none || (document.CurrentTab - 1) / document.setup.TabsPerPage + 1 == document.CurrentPage,
              "tab " + std::to_string(document.CurrentTab) + " on page " + std::to_string(document.CurrentPage));
         Need(GetSetting(running_->settings, "", "Settings", "No Of Pages", "") == std::to_string(document.NoOfPages),
              "stored pages");
@@ -316,14 +316,14 @@ private:
     void CheckShown() {
         const TabDocument& document = Document();
         auto* grid = running_->window->findChild<frmGrid2a4*>();
-        const int before = (document.CurrentPage - 1) * document.TabsPerPage;
-        for (int slot = 1; slot <= document.TabsPerPage; ++slot)
-            for (int field = 0; field < document.NoOfFields; ++field)
+        const int before = (document.CurrentPage - 1) * document.setup.TabsPerPage;
+        for (int slot = 1; slot <= document.setup.TabsPerPage; ++slot)
+            for (int field = 0; field < document.setup.NoOfFields; ++field)
                 Need(grid->Box(field, slot)->text().toStdString() == document.Field(field)(before + slot), "the boxes");
         const std::array<QString, 5> panels = {
-            QString::fromStdString("Stationery: " + document.StationeryType),
-            "Tab Type: " + Text(FindTabType(document.OptType)->caption).section(" - ", 1).trimmed(),
-            QString("No of fields: %1").arg(document.NoOfFields),
+            QString::fromStdString("Stationery: " + document.setup.StationeryType),
+            "Tab Type: " + Text(FindTabType(document.setup.OptType)->caption).section(" - ", 1).trimmed(),
+            QString("No of fields: %1").arg(document.setup.NoOfFields),
             QString("Pg No: %1 of %2").arg(document.CurrentPage).arg(document.NoOfPages),
             InBox() ? QString("No of tabs: %1 of %2").arg(document.CurrentTab).arg(document.TabCount)
                     : QString("No of tabs: ")};
@@ -350,7 +350,7 @@ private:
         for (const auto* dialog : running_->window->findChildren<QDialog*>())
             dialogs.insert(dialog->objectName());
         Need(dialogs.size() == std::set<QString>(dialogs.begin(), dialogs.end()).size(), "a dialog was left behind");
-        const auto boxes = Document().TabsPerPage * Document().NoOfFields;
+        const auto boxes = Document().setup.TabsPerPage * Document().setup.NoOfFields;
         const auto widgets = QApplication::allWidgets().size() - boxes;
         const auto first = widgets_.emplace(dialogs, widgets).first->second;
         Need(widgets == first, std::to_string(widgets) + " widgets, at first " + std::to_string(first));

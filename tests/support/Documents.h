@@ -12,11 +12,11 @@ inline void MakePages(MainModule& main, int pages, int fields, int type,
                       const std::function<std::string(int field, int tab)>& text) {
     TabDocument& document = main.document;
     LoadGlobals(main);
-    document.NoOfFields = static_cast<std::int16_t>(fields);
-    document.OptType = static_cast<std::int16_t>(type);
-    SetLayoutFromType(document);
+    document.setup.NoOfFields = static_cast<std::int16_t>(fields);
+    document.setup.OptType = static_cast<std::int16_t>(type);
+    SetLayoutFromType(document.setup);
     NewDocument(main);
-    document.TabCount = pages * document.TabsPerPage;
+    document.TabCount = pages * document.setup.TabsPerPage;
     for (int field = 0; field < kFieldsPerTab; ++field) {
         document.Field(field).ReDim(document.TabCount);
         for (int tab = 1; tab <= document.TabCount; ++tab)

@@ -92,7 +92,7 @@ QPushButton* frmAutoRepWiz2a::MakeFieldButton(int fieldNo) {
     auto* button = new QPushButton(FieldCaption(fieldNo));
     button->setObjectName(QString("cmdField%1").arg(QChar('A' + fieldNo - 1)));
     button->setMinimumWidth(2 * button->sizeHint().width());
-    button->setEnabled(fieldNo <= Main().document.NoOfFields);
+    button->setEnabled(fieldNo <= Main().document.setup.NoOfFields);
     const bool done = State().FieldDone[static_cast<std::size_t>(fieldNo - 1)];
     if (done)
         MarkDone(*button);

@@ -44,7 +44,7 @@ std::unique_ptr<WizardForm> MakePage(frmAutoRepWiz& wizard, WizardPage page) {
 
 frmAutoRepWiz::frmAutoRepWiz(MainModule& main, const FontCatalogue& fonts, Start start, QWidget* parent)
     : WizardFrame(main, tr("Auto Repeat Wizard ..."), parent), fonts_(fonts), start_(start) {
-    SaveLabel(main, main.document.CurrentPage, main.document.TabsPerPage);
+    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
     Go(start == Start::Fonts ? WizardPage::Fonts : WizardPage::Introduction);
     // The caption tells of a changed document, and the commands behind it follow.
     connect(this, &QDialog::finished, this, [this] { ShowCaption(Main()); });
@@ -88,7 +88,7 @@ void AutoRepForm::ShowFieldPicture() {
         QFont font = label->font();
         font.setBold(field == State().CurrentFieldNo);
         label->setFont(font);
-        label->setEnabled(field <= Main().document.NoOfFields);
+        label->setEnabled(field <= Main().document.setup.NoOfFields);
         PictureColumn().addWidget(label);
     }
 }
