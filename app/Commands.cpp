@@ -1,7 +1,10 @@
 #include "app/Commands.h"
 
 #include "workspace/Dialogs.h"
+#include "workspace/DocumentStatus.h"
 #include "workspace/Recovery.h"
+#include "workspace/ReplaceDocument.h"
+#include "workspace/RestoreDocument.h"
 #include "workspace/SaveDocument.h"
 #include "workspace/Undo.h"
 
@@ -36,8 +39,8 @@ bool CloseCommand(MainModule& main) {
     const Answer answer = AskToSave(main);
     if (answer == Answer::Yes)
         return SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved;
-    if (answer == Answer::No && main.recovery)
-        main.recovery->Drop();
+    if (answer == Answer::No)
+        main.recovery.Drop();
     else
         KeepRecoveryCopy(main); // the next start offers it
     return true;
@@ -45,7 +48,7 @@ bool CloseCommand(MainModule& main) {
 
 bool OfferRecovery(MainModule& main) {
     bool restored = false;
-    for (const RecoveredDocument& document : main.recovery->List()) {
+    for (const RecoveredDocument& document : main.recovery.List()) {
         if (!document.LeftBehind)
             continue;
         if (!restored && Ask(main,
@@ -54,15 +57,14 @@ bool OfferRecovery(MainModule& main) {
                              Buttons::YesNo) == Answer::Yes)
             restored = RestoreCommand(main, document);
         else
-            main.recovery->Settle(document);
+            main.recovery.Settle(document);
     }
     return restored;
 }
 
 bool RestoreCommand(MainModule& main, const RecoveredDocument& document) {
     return Trapped(main, "Called from Sub: RestoreCommand", [&] {
-        if (main.recovery->Restore(main, document) == LoadOutcome::Loaded && main.history)
-            main.history->Clear(main.document);
+        RestoreDocument(main, document);
         ShowCaption(main);
     });
 }

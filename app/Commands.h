@@ -2,7 +2,7 @@
 #pragma once
 
 #include "workspace/OpenDocument.h"
-#include "workspace/Recovery.h"
+#include "workspace/RecoveryStore.h"
 #include "workspace/mdlMain.h"
 
 #include <chrono>

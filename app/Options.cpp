@@ -4,6 +4,9 @@
 #include "settings/RegistryMove.h"
 #include "setup/Margins.h"
 #include "workspace/Dialogs.h"
+#include "workspace/Globals.h"
+#include "workspace/ReplaceDocument.h"
+#include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
 
 #include <algorithm>
@@ -22,8 +25,8 @@ void ForgetPositions(SettingsStore& store) {
 
 /// The file's header carries the margins.
 void ResetMargins(MainModule& main) {
-    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
-    const UndoStep step(main.history, main, "Reset");
+    TakePageBack(main);
+    const UndoStep step(main.history, main.State(), "Reset");
     const auto active = [&] {
         return ReadAccepted(main.settings, kMarginLeft) + "," + ReadAccepted(main.settings, kMarginTop);
     };
@@ -58,7 +61,7 @@ void TakeOver(MainModule& main) {
     SettingsStore& store = main.settings;
     main.globals.AskBeforeDelete = ToFlag(ReadAccepted(store, kAskBeforeDelete));
     main.globals.StartWithSetup = ToFlag(ReadAccepted(store, kStartWithSetup));
-    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
+    TakePageBack(main);
     if (IsFresh(main.document))
         Adopt(main);
 }
@@ -94,7 +97,7 @@ void ImportOldSettings(MainModule& main) {
     try {
         const int count = ImportRegistryExport(main.settings, *file);
         if (count > 0) {
-            ForgetMissingPrinter(main);
+            ForgetMissingPrinter(main.settings, main.printers);
             TakeOver(main);
         }
         Tell(main, count == 0 ? "The file '" + file->string() + "' holds no settings of " +

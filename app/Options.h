@@ -1,6 +1,7 @@
 // What the options dialog does: two habits, the defaults, and the settings of an older installation.
 #pragma once
 
+#include "workspace/Globals.h"
 #include "workspace/mdlMain.h"
 
 #include <array>

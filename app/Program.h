@@ -4,11 +4,8 @@
 #include "platform/Desktop.h"
 #include "platform/FontCatalogue.h"
 #include "print/PrintModule.h"
-#include "workspace/Recovery.h"
-#include "workspace/Undo.h"
 #include "workspace/mdlMain.h"
 
-#include <memory>
 #include <string>
 
 namespace velmora {
@@ -18,8 +15,6 @@ struct Program {
     LayoutValues layout;
     const FontCatalogue& fontCatalogue;
     std::string Title; ///< application title: name and version
-    UndoHistory history{};
-    std::unique_ptr<RecoveryStore> recovery{}; ///< made at the start, in the program folder
     PrintModule print{main, layout, fontCatalogue};
     Desktop* desktop = nullptr; ///< without one no other program is started
 };

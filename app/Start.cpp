@@ -7,6 +7,7 @@
 #include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/FolderSearch.h"
+#include "workspace/Globals.h"
 #include "workspace/OpenDocument.h"
 
 namespace velmora {
@@ -100,7 +101,7 @@ LoadOutcome OfferSetup(MainModule& main, Forms& forms) {
 
 StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms) {
     MainModule& main = program.main;
-    main.history = &program.history;
+    main.history.KeepSteps();
     main.settings.SaveMode = 1;
     SetVersionTitle(program);
     main.settings.IniFile = main.settings.ProgramFolder / (main.settings.SettingsAppName + ".ini");
@@ -110,9 +111,7 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
     }
     if (LoadConfiguration(main) == LoadOutcome::NoPrinter || !FindFolders(main))
         return StartOutcome::Ended;
-    program.recovery = std::make_unique<RecoveryStore>(main.settings.ProgramFolder / "Recovery",
-                                                       [] { return std::chrono::system_clock::now(); });
-    main.recovery = program.recovery.get();
+    main.recovery.Open(main.settings.ProgramFolder / "Recovery", [] { return std::chrono::system_clock::now(); });
     forms.ShowMainWindow();
     if (OfferSetup(main, forms) == LoadOutcome::NoPrinter)
         return StartOutcome::Ended;

@@ -64,9 +64,9 @@ int Run(const std::string& commandLine) {
     const std::unique_ptr<FontCatalogue> fonts = MakeFontCatalogue();
     SettingsStore settings(registry, ui);
     settings.ProgramFolder = folder;
-    Program program{{settings, ui, printers, workbooks, {}, {}, {}}, {}, *fonts, {}, {}, {}};
+    Program program{{settings, ui, printers, workbooks}, {}, *fonts, {}};
     const std::unique_ptr<Drives> drives = MakeDrives();
-    program.main.drives = drives.get();
+    program.main.drives.Take(*drives);
     const std::unique_ptr<Desktop> desktop = MakeDesktop(environment);
     program.desktop = desktop.get();
     InstalledForms forms(program);

@@ -2,6 +2,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
+#include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
 #include <iostream>

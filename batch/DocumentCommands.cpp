@@ -8,6 +8,7 @@
 #include "print/NumberList.h"
 #include "print/PdfReport.h"
 #include "setup/CalibrationSheet.h"
+#include "workspace/Globals.h"
 
 #include <nlohmann/json.hpp>
 

@@ -10,6 +10,7 @@
 #include "settings/RegistryFile.h"
 #include "wizard/AppendWizardTabs.h"
 #include "workbook/LibraryWorkbooks.h"
+#include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 #include "workspace/Undo.h"
 
@@ -115,7 +116,7 @@ struct Bench {
     BuiltInPrinters printers{true};
     LibraryWorkbooks workbooks;
     SettingsStore settings{registry, ui};
-    MainModule main{settings, ui, printers, workbooks, {}, {}, {}};
+    MainModule main{settings, ui, printers, workbooks};
     LayoutValues layout;
     const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     fs::path folder;
@@ -137,16 +138,16 @@ struct Bench {
     void Save() { ReplaceFile(folder / "out.csv", TabFileBytes(main.document, settings, ui)); }
     /// The wizard from its count page to Finish, with its step of undo.
     void Fill(const TabDocument& start) {
-        UndoHistory history;
         main.document = start;
-        main.history = &history;
+        main.history.KeepSteps();
         WizardState wizard;
         ConfirmCount(wizard, std::to_string(kFilledTabs));
         ChooseField(wizard, main.document, 1);
         FillNumbers(wizard, {1, 5, "No.", "/x"});
         if (!AppendWizardTabs(main, wizard))
             throw Error("the wizard refused");
-        main.history = nullptr;
+        main.history.KeepSteps(0);
+        main.history.Clear(main.document);
     }
     void LayOutAll() {
         rptVelmor report = PrepareReport(main, layout, {});

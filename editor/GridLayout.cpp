@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "workspace/DocumentStatus.h"
 #include "workspace/Undo.h"
 
 #include <algorithm>
@@ -85,10 +86,7 @@ void EnterBox(MainModule& main, int slot) {
 std::string EditBox(MainModule& main, int slot, int field, const std::string& text) {
     std::string kept = Limited(main, field, OneLine(text)); // a line break would end the tab's line in the file
     const int tab = (main.document.CurrentPage - 1) * main.document.setup.TabsPerPage + slot;
-    if (main.history)
-        main.history->Type(main, {tab, field}, kept);
-    else
-        main.document.Field(field)(tab) = kept;
+    main.history.Type(main.document, {tab, field}, kept);
     main.document.DocChanged = true;
     return kept;
 }

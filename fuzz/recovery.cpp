@@ -2,6 +2,7 @@
 #include "batch/BatchProgram.h"
 #include "fuzz/Fuzz.h"
 #include "workspace/RecoveryCopy.h"
+#include "workspace/RestoreDocument.h"
 
 using namespace velmora;
 

@@ -18,11 +18,12 @@ struct Drive {
     bool operator==(const Drive&) const = default;
 };
 
+/// Itself it knows of none: then no search of the machine is offered.
 class Drives {
 public:
     virtual ~Drives() = default;
     /// Every file system, virtual ones too: a search that meets the root of one it does not want turns back there.
-    virtual std::vector<Drive> List() const = 0;
+    virtual std::vector<Drive> List() const { return {}; }
 };
 
 } // namespace velmora

@@ -5,6 +5,7 @@
 #include "report/PdfCanvas.h"
 #include "report/SheetPainter.h"
 #include "workspace/Dialogs.h"
+#include "workspace/TakePageBack.h"
 
 #include <numeric>
 
@@ -98,7 +99,7 @@ bool PrintSheets(const rptVelmor& report, const MainModule& main, const FontCata
 }
 
 void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& catalogue) {
-    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
+    TakePageBack(main);
     const auto path = AskForPdfPath(main);
     if (!path)
         return;

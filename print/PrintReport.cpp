@@ -3,6 +3,9 @@
 #include "print/PrintErrors.h"
 #include "settings/GlobalConfiguration.h"
 #include "workspace/Dialogs.h"
+#include "workspace/DocumentStatus.h"
+#include "workspace/Recovery.h"
+#include "workspace/TakePageBack.h"
 
 #include <algorithm>
 
@@ -88,7 +91,7 @@ PrintOutcome RunReport(PrintModule& print, const std::string& caption, const Run
 PrintOutcome RunDocument(PrintModule& print, const char* mode, bool pageOnly) {
     MainModule& main = print.main;
     const TabDocument& document = main.document;
-    SaveLabel(main, document.CurrentPage, document.setup.TabsPerPage);
+    TakePageBack(main);
     return PrintReport(print, DocumentCaption(document),
                        {mode, document.setup.OptType, pageOnly ? document.setup.TabsPerPage : document.TabCount,
                         document.setup.NoOfFields, document.setup.RowsPerPage, document.setup.ColsPerPage, pageOnly});

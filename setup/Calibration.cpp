@@ -3,6 +3,8 @@
 #include "base/Numbers.h"
 #include "report/rptVelmor.h"
 #include "workspace/Dialogs.h"
+#include "workspace/DocumentStatus.h"
+#include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
 
 #include <limits>
@@ -86,10 +88,10 @@ void Calibration::Typed(MarginBox box, const std::string& text) {
 
 void Calibration::Ok() {
     TabDocument& document = main_.document;
-    SaveLabel(main_, document.CurrentPage, document.setup.TabsPerPage);
+    TakePageBack(main_);
     const MarginTexts margins = Margins();
     {
-        const UndoStep step(main_.history, main_, "Margin Setup");
+        const UndoStep step(main_.history, main_.State(), "Margin Setup");
         const SettingsBatch batch(main_.settings);
         for (std::size_t i = 0; i < samples_.size(); ++i) {
             Write(main_.settings, kSamples[i].left, NumberText(samples_[i].left));

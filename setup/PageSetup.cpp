@@ -2,6 +2,10 @@
 
 #include "setup/Margins.h"
 #include "workspace/Dialogs.h"
+#include "workspace/DocumentStatus.h"
+#include "workspace/Globals.h"
+#include "workspace/Recovery.h"
+#include "workspace/TakePageBack.h"
 #include "workspace/Transaction.h"
 #include "workspace/Undo.h"
 
@@ -53,18 +57,16 @@ void SetDraftType(DocumentSetup& draft, int type) {
 }
 
 bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string& stepName, DefaultMargins margins) {
-    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
+    TakePageBack(main);
     KeepRecoveryCopy(main);
-    const UndoStep step(main.history, main, stepName);
-    if (main.editor)
-        main.editor->TakeDown();
+    const UndoStep step(main.history, main.State(), stepName);
+    main.editor->TakeDown();
     const bool done = Trapped(main, "Called from Sub: ApplySetup", [&] {
         Transaction transaction(main);
         TakeOver(main, draft, margins);
         transaction.Commit();
     });
-    if (main.editor)
-        main.editor->BringUp();
+    main.editor->BringUp();
     RefreshDocumentStatus(main);
     SaveGlobals(main);
     return done;

@@ -2,6 +2,7 @@
 // shows until OK.
 #pragma once
 
+#include "workspace/Globals.h"
 #include "workspace/mdlMain.h"
 
 #include <cstdint>

@@ -1,6 +1,8 @@
 // The tab document in memory: catalogue, whole pages, configuration and status.
 #include "base/Error.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/DocumentStatus.h"
+#include "workspace/Globals.h"
 #include "workspace/OpenDocument.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 // The grid of boxes as numbers, and what a box does when it is entered and typed in.
 #include "editor/GridLayout.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/ReplaceDocument.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,10 @@
 #include "app/Commands.h"
 #include "base/AtomicFile.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/DocumentStatus.h"
+#include "workspace/Globals.h"
 #include "workspace/RecentFiles.h"
+#include "workspace/ReplaceDocument.h"
 #include "workspace/SaveDocument.h"
 
 #include <gtest/gtest.h>
@@ -112,12 +115,10 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     const auto now = [] { return std::chrono::system_clock::time_point(std::chrono::hours(24)); };
     const std::string question = "Velmora ended without saving the document \"Untitled\" of " + LocalTime(now()) +
                                  ".\r\nDo you want to have it back?";
-    auto recovery = std::make_unique<RecoveryStore>(program.folder / "Recovery", now);
-    program.main.recovery = recovery.get();
+    RecoveryStore& recovery = program.main.recovery;
+    recovery.Open(program.folder / "Recovery", now);
     Ask(kSaveQuestion, Answer::Cancel);
     EXPECT_TRUE(CloseCommand(program.main));
-    recovery = std::make_unique<RecoveryStore>(program.folder / "Recovery", now); // the next start
-    program.main.recovery = recovery.get();
     document.DocChanged = false;
     NewDocument(program.main);
     program.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
@@ -125,13 +126,11 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     EXPECT_EQ(document.FieldA(1), "typed");
     EXPECT_TRUE(document.DocChanged);
     NewCommand(program.main); // asks nothing, but keeps what it replaces
-    ASSERT_FALSE(recovery->List().empty());
-    EXPECT_TRUE(RestoreCommand(program.main, recovery->List().front()));
+    ASSERT_FALSE(recovery.List().empty());
+    EXPECT_TRUE(RestoreCommand(program.main, recovery.List().front()));
     EXPECT_EQ(document.FieldA(1), "typed");
     Ask(kSaveQuestion, Answer::No);
     EXPECT_TRUE(CloseCommand(program.main));
-    recovery = std::make_unique<RecoveryStore>(program.folder / "Recovery", now);
-    program.main.recovery = recovery.get();
     EXPECT_FALSE(OfferRecovery(program.main)) << "what was given up is not offered";
 }
 

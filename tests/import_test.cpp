@@ -3,6 +3,8 @@
 #include "base/AtomicFile.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/Globals.h"
+#include "workspace/ReplaceDocument.h"
 #include "workspace/SaveDocument.h"
 #include "workspace/Undo.h"
 
@@ -38,14 +40,13 @@ struct FaultyWorkbooks : LibraryWorkbooks {
 struct ImportTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
     FaultyWorkbooks workbooks;
-    UndoHistory history;
     ScriptedDialogs dialogs;
-    MainModule main{program.settings, program.ui, program.printers, workbooks, {}, {}, {}};
+    MainModule main{program.settings, program.ui, program.printers, workbooks};
     TabDocument& document = main.document;
 
     ImportTest() {
-        main.history = &history;
-        main.dialogs = &dialogs;
+        main.history.KeepSteps();
+        main.dialogs.Take(dialogs);
         LoadGlobals(main);
         NewDocument(main);
         document.FieldA(1) = "typed";
@@ -96,7 +97,7 @@ TEST_F(ImportTest, AWorksheetBecomesTheDocument) {
     EXPECT_EQ(Tab(1), "three||");
     EXPECT_EQ(document.DocFileName, path);
     EXPECT_TRUE(document.DocChanged) << "closing asks, since the file does not hold this document";
-    EXPECT_FALSE(history.CanUndo());
+    EXPECT_FALSE(main.history.CanUndo());
     EXPECT_EQ(program.ui.progressTexts.front(), "Opening Excel file.  Please standby...");
     EXPECT_EQ(program.ui.progressTexts.back(), "Importing Microsoft Excel Worksheet.  Please standby ...");
 }

@@ -6,6 +6,7 @@
 #include "platform/linux/LinuxDesktop.h"
 #include "tests/support/FakePrinters.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/ReplaceDocument.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,11 @@
 #include "base/AtomicFile.h"
 #include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/Globals.h"
 #include "workspace/OpenDocument.h"
 #include "workspace/Recovery.h"
 #include "workspace/RecoveryCopy.h"
+#include "workspace/RestoreDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -29,12 +31,15 @@ struct RecoveryTest : testing::Test {
     fs::path folder = program.folder / "Recovery";
     std::int64_t seconds = 1'700'000'000;
     RecoveryStore::Clock clock = [this] { return std::chrono::system_clock::from_time_t(seconds); };
-    RecoveryStore store{folder, clock};
+    RecoveryStore& store = main.recovery;
 
     RecoveryTest() {
         ReplaceFile(program.folder / "in.csv", kHeader + "Ho\xEBr,,\r\n,,\r\n,x,\r\n");
         OpenFile(main, program.folder / "in.csv");
+        store.Open(folder, clock);
     }
+    void Keep() { store.Keep(document, main.settings); }
+    std::optional<fs::path> Archive() { return store.Archive(document, main.settings); }
     void Type(const std::string& text) {
         document.FieldA(1) = text;
         document.DocChanged = true;
@@ -42,16 +47,14 @@ struct RecoveryTest : testing::Test {
     }
     void ArchiveText(const std::string& text) {
         Type(text);
-        store.Archive(main);
+        Archive();
     }
     /// First texts of what is listed.
     std::string Listed() {
         std::string texts;
         for (const RecoveredDocument& one : store.List()) {
-            RecoveryStore reader(program.folder / "Elsewhere", clock);
-            document.DocChanged = false;
-            reader.Restore(main, one);
-            texts += document.FieldA(1) + " ";
+            const std::string copy = store.Read(one).value();
+            texts += std::string(ParseRecoveryCopy(copy)->texts.front()) + " ";
         }
         return texts;
     }
@@ -73,14 +76,16 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     DeleteSetting(program.settings, "Velmora", "Settings", "Margin Value Left");
     const std::string ini = ReadFile(program.settings.IniFile);
     const auto own = program.settings.Own;
-    std::optional<RecoveryStore> first(std::in_place, folder, clock);
-    first->Keep(main);
+    std::optional<RecoveryStore> first(std::in_place);
+    first->Open(folder, clock);
+    first->Keep(document, main.settings);
     EXPECT_EQ(document.FileEncoding, Encoding::Windows1252) << "a copy must not change how the file is saved";
     EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
     EXPECT_EQ(program.settings.Own, own);
     EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
     first.reset();
 
+    document.DocChanged = false;
     ReplaceFile(program.folder / "other.csv", "Version 8\r\nP,A4,0,1\r\n3,3\r\n\r\n\r\n\r\nb,,\r\n");
     OpenFile(main, program.folder / "other.csv");
     ++seconds;
@@ -90,7 +95,7 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     EXPECT_EQ(std::chrono::system_clock::to_time_t(list[0].Time), seconds - 1);
     EXPECT_EQ(list[0].TabsFilled, 3);
     EXPECT_TRUE(list[0].LeftBehind);
-    EXPECT_EQ(store.Restore(main, list[0]), LoadOutcome::Loaded);
+    EXPECT_EQ(RestoreDocument(main, list[0]), LoadOutcome::Loaded);
     for (int i = 0; i < 6; ++i)
         EXPECT_EQ(document.Field(i % 3)(1 + i / 3), texts[i]);
     EXPECT_EQ(document.DocFileName, program.folder / "in.csv");
@@ -113,8 +118,9 @@ TEST_F(RecoveryTest, AProgramThatWasKilledLeavesItsWorkAndARunningOneKeepsIt) {
     const pid_t child = ::fork();
     if (child == 0)
         [&]() noexcept {
-            RecoveryStore other(folder, clock);
-            other.Keep(main);
+            RecoveryStore other;
+            other.Open(folder, clock);
+            other.Keep(document, main.settings);
             ::_exit(::write(ready[1], "x", 1) == 1 ? ::pause() : 1);
         }();
     ::close(ready[1]);
@@ -130,7 +136,7 @@ TEST_F(RecoveryTest, AProgramThatWasKilledLeavesItsWorkAndARunningOneKeepsIt) {
     ::waitpid(child, nullptr, 0);
     ::close(ready[0]);
     ASSERT_EQ(store.List().size(), 1U);
-    store.Keep(main);
+    Keep();
     EXPECT_EQ(store.List().size(), 1U) << "its own file is no leftover";
     store.Forget(store.List()[0].File);
     store.Drop();
@@ -146,19 +152,19 @@ TEST_F(RecoveryTest, OnlyWhatChangedIsWritten) {
         return status.st_ino;
     };
     Type("a");
-    store.Keep(main);
+    Keep();
     const ino_t first = written();
     ++seconds;
-    store.Keep(main);
+    Keep();
     EXPECT_EQ(written(), first);
     Type("b");
-    store.Keep(main);
+    Keep();
     EXPECT_NE(written(), first);
     fs::remove_all(folder);
-    store.Keep(main);
+    Keep();
     EXPECT_EQ(Files(), 2U) << "a copy that somebody removed is written again";
     document.DocChanged = false;
-    store.Keep(main);
+    Keep();
     EXPECT_EQ(Files(), 0U) << "a saved document would be offered";
 }
 
@@ -167,17 +173,17 @@ TEST_F(RecoveryTest, TheLastTenAreListedWhateverTheClockSays) {
         ArchiveText({text});
     EXPECT_EQ(Listed(), "m l k j i h g f e d ");
     Type("n");
-    const auto taken = store.Archive(main);
+    const auto taken = Archive();
     ASSERT_TRUE(taken);
     store.Forget(*taken); // the replacing failed
     EXPECT_EQ(Listed(), "m l k j i h g f e d ");
     ArchiveText("d"); // from the end to the front, not twice
     Type("o");
     seconds = 5;
-    store.Archive(main);
+    Archive();
     EXPECT_EQ(Listed(), "m l k j i h g f d o ") << "the one archived last has the oldest time";
     document.DocChanged = false;
-    EXPECT_FALSE(store.Archive(main));
+    EXPECT_FALSE(Archive());
 }
 
 TEST_F(RecoveryTest, LookingThroughTheListLosesNoneOfIt) {
@@ -185,7 +191,7 @@ TEST_F(RecoveryTest, LookingThroughTheListLosesNoneOfIt) {
         ArchiveText({text});
     Type("typed");
     for (std::size_t i = 0; i < 9; ++i)
-        store.Restore(main, store.List()[std::min<std::size_t>(i + 1, 9)]);
+        RestoreDocument(main, store.List()[std::min<std::size_t>(i + 1, 9)]);
     const std::string listed = Listed();
     EXPECT_NE(listed.find("typed"), std::string::npos) << "what a recovery replaced is kept too";
     EXPECT_EQ(listed.find("a "), std::string::npos);
@@ -205,7 +211,7 @@ std::string Content(const std::string& header, const std::string& tabs, const st
 TEST_F(RecoveryTest, DamagedAndForeignFilesAreSkippedAndStay) {
     document.TabCount = 1; // a short copy, so that every byte has its turn
     Type("typed");
-    const fs::path file = *store.Archive(main);
+    const fs::path file = *Archive();
     const std::string whole = ReadFile(file);
     for (std::size_t at = 0; at < whole.size(); ++at) {
         std::string flipped = whole;
@@ -237,7 +243,7 @@ TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
         Put("Open-x.recovery", Sealed(content));
         const auto list = store.List();
         ASSERT_EQ(list.size(), 1U);
-        EXPECT_THROW(store.Restore(main, list[0]), Error);
+        EXPECT_THROW(RestoreDocument(main, list[0]), Error);
         EXPECT_EQ(document.FieldA(1), "typed");
         EXPECT_EQ(document.setup.OptType, 5);
         EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
@@ -248,24 +254,39 @@ TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
 TEST_F(RecoveryTest, AFolderThatTakesNothingIsAnErrorAndNoMore) {
     Type("typed");
     ReplaceFile(folder, "a file stands here");
-    EXPECT_THROW(store.Keep(main), Error);
-    EXPECT_THROW(store.Archive(main), Error);
+    EXPECT_THROW(Keep(), Error);
+    EXPECT_THROW(Archive(), Error);
     EXPECT_TRUE(store.List().empty());
     EXPECT_EQ(document.FieldA(1), "typed");
     fs::remove(folder);
-    store.Keep(main);
+    Keep();
     EXPECT_EQ(Files(), 2U) << "the next call tries again";
 }
 
 TEST_F(RecoveryTest, WhatIsOnScreenIsKeptAndTheEditorComesBack) {
     FakeEditor editor;
     editor.texts = {{"on screen", "", ""}};
-    main.editor = &editor;
+    main.editor.Take(editor);
     Type("old");
-    ASSERT_TRUE(store.Archive(main));
-    store.Restore(main, store.List()[0]);
+    ASSERT_TRUE(ArchiveDocument(main));
+    RestoreDocument(main, store.List()[0]);
     EXPECT_EQ(document.FieldA(1), "on screen");
     EXPECT_TRUE(editor.calls.ends_with("up ")) << editor.calls;
+}
+
+/// What another program wrote stays its own, and this program's own workbook its own.
+TEST_F(RecoveryTest, AForeignFileStaysForeign) {
+    for (const bool foreign : {true, false})
+        for (const char* name : {"clients.txt", "own.xlsx"}) {
+            Type(name);
+            document.DocFileName = program.folder / name;
+            document.Foreign = foreign;
+            ASSERT_TRUE(Archive());
+            document.Foreign = !foreign;
+            document.DocChanged = false;
+            RestoreDocument(main, store.List()[0]);
+            EXPECT_EQ(document.Foreign, foreign) << name;
+        }
 }
 
 } // namespace

@@ -44,7 +44,7 @@ struct SearchTest : testing::Test {
         machine.drives = {{test.folder / "disk", DriveKind::Disk},
                           {test.folder / "disk/proc", DriveKind::Virtual},
                           {test.folder / "disk/net", DriveKind::Network}};
-        main.drives = &machine;
+        main.drives.Take(machine);
         main.globals.ImagesPath = test.folder / "none";
         ReplaceFile(test.folder / "disk/half/a4_alpha_new.GIF", ""); // without the picture
         Fill("disk/proc");

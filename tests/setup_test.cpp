@@ -7,6 +7,7 @@
 #include "tests/support/FakeEditor.h"
 #include "tests/support/TestProgram.h"
 #include "workspace/Pages.h"
+#include "workspace/ReplaceDocument.h"
 #include "workspace/Undo.h"
 
 #include <gtest/gtest.h>
@@ -26,18 +27,18 @@ struct SetupTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
     MainModule& main = program.main;
     TabDocument& document = main.document;
-    UndoHistory history;
+    UndoHistory& history = main.history;
     StatusLine status;
     FakeEditor editor;
 
     SetupTest() {
-        main.history = &history;
+        history.KeepSteps();
         LoadGlobals(main);
         SetLayoutFromType(document.setup);
         SetFieldLimits(document.setup);
         NewDocument(main);
-        main.status = &status;
-        main.editor = &editor;
+        main.status.Take(status);
+        main.editor.Take(editor);
     }
     std::string Active() {
         return program.Stored("Settings", "Margin Value Left") + "/" + program.Stored("Settings", "Margin Value Top");

@@ -2,6 +2,7 @@
 #include "tests/support/Documents.h"
 #include "tests/support/TestProgram.h"
 #include "workspace/Pages.h"
+#include "workspace/ReplaceDocument.h"
 #include "workspace/Undo.h"
 
 #include <gtest/gtest.h>
@@ -15,19 +16,20 @@ struct UndoTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
     MainModule& main = program.main;
     TabDocument& document = program.main.document;
-    UndoHistory history;
+    UndoHistory& history = main.history;
 
     void MakeDocument(int pages) {
         MakePages(main, pages, 3, 0, [](int field, int tab) { return field == 0 ? "tab " + std::to_string(tab) : ""; });
         main.globals.AskBeforeDelete = false;
+        history.KeepSteps();
         history.Clear(document);
     }
     /// `operation` as one step.
     template <typename Operation> void Do(const char* name, Operation operation) {
-        UndoStep step(&history, main, name);
+        UndoStep step(history, main.State(), name);
         operation();
     }
-    void Type(int tab, const std::string& text, int field = 0) { history.Type(main, {tab, field}, text); }
+    void Type(int tab, const std::string& text, int field = 0) { history.Type(document, {tab, field}, text); }
     /// Everything that a step restores, with the settings as they stand in the INI file.
     std::string State() {
         std::string text;
@@ -73,24 +75,24 @@ TEST_F(UndoTest, TypingInOneBoxIsOneStep) {
     Type(30, "abcd");
     document.CurrentPage = 1;
     EXPECT_EQ(history.UndoName(), "Typing");
-    EXPECT_EQ(history.Undo(main), (TabBox{30, 0}));
+    EXPECT_EQ(history.Undo(main.State()), (TabBox{30, 0}));
     EXPECT_EQ(document.FieldA(30), "abc") << "another box was typed in between";
     EXPECT_EQ(document.CurrentPage, 2) << "the page where it was typed";
-    EXPECT_EQ(history.Undo(main), (TabBox{30, 1}));
-    EXPECT_EQ(history.Undo(main), (TabBox{30, 0}));
+    EXPECT_EQ(history.Undo(main.State()), (TabBox{30, 1}));
+    EXPECT_EQ(history.Undo(main.State()), (TabBox{30, 0}));
     EXPECT_EQ(document.FieldA(30) + document.FieldB(30), "tab 30");
     EXPECT_FALSE(history.CanUndo() || document.DocChanged);
-    EXPECT_EQ(history.Undo(main), std::nullopt);
-    history.Redo(main);
+    EXPECT_EQ(history.Undo(main.State()), std::nullopt);
+    history.Redo(main.State());
     EXPECT_EQ(document.FieldA(30), "abc");
     Type(30, "new"); // not part of the step that was made again
     EXPECT_FALSE(history.CanRedo()) << "what was taken back no longer fits";
-    history.Undo(main);
+    history.Undo(main.State());
     EXPECT_EQ(document.FieldA(30), "abc");
     Type(1, "tab 1x");
     Type(1, "tab 1");
     EXPECT_EQ(history.UndoName() + history.RedoName(), "Typing") << "typed back: no step of its own";
-    history.Undo(main);
+    history.Undo(main.State());
     EXPECT_EQ(document.FieldA(30), "tab 30");
     EXPECT_THROW(Type(49, "x"), SubscriptError);
 }
@@ -98,8 +100,8 @@ TEST_F(UndoTest, TypingInOneBoxIsOneStep) {
 TEST_F(UndoTest, SavedIsWhatWasSaved) {
     MakeDocument(1);
     const auto changed = [&](auto move) { return move(), document.DocChanged; };
-    const auto undo = [&] { history.Undo(main); };
-    const auto redo = [&] { history.Redo(main); };
+    const auto undo = [&] { history.Undo(main.State()); };
+    const auto redo = [&] { history.Redo(main.State()); };
     Type(1, "a");
     document.DocChanged = false;
     history.MarkSaved();
@@ -125,20 +127,20 @@ TEST_F(UndoTest, AnOperationCutShortIsRecorded) {
     };
     EXPECT_THROW(Do("Fill", fail), SubscriptError);
     EXPECT_TRUE(document.DocChanged);
-    history.Undo(main);
+    history.Undo(main.State());
     EXPECT_EQ(document.FieldA(1) + document.FieldC(24), "tab 1");
-    history.Redo(main);
+    history.Redo(main.State());
     document.FieldC.Resize(1); // without the history
-    EXPECT_THROW(history.Undo(main), SubscriptError);
+    EXPECT_THROW(history.Undo(main.State()), SubscriptError);
     EXPECT_EQ(document.FieldA(1), "half done") << "all or nothing";
     Do("Open", [&] { NewDocument(main), history.Clear(document); });
     EXPECT_FALSE(history.CanUndo()) << "no way back to another document";
     Do("Limits", [&] { Do("inner", [&] { Type(1, "typed meanwhile"); }), document.setup.Limits.MaxLenField1 = 5; });
     EXPECT_EQ(history.UndoName(), "Limits");
     Do("Page Setup", [&] { SetUpPage(0, 3, 12); });
-    history.Undo(main);
+    history.Undo(main.State());
     EXPECT_EQ(program.Stored("Settings", "Margin Value Left"), "0") << "was never stored before";
-    history.Undo(main);
+    history.Undo(main.State());
     EXPECT_NE(document.setup.Limits.MaxLenField1, 5);
     EXPECT_FALSE(history.CanUndo()) << "an operation within another is no step of its own";
 }
@@ -149,24 +151,25 @@ TEST_F(UndoTest, AStepCostsWhatItTouches) {
     const std::string start = State();
     Do("Delete Page", [&] { DeletePage(main); });
     EXPECT_LT(history.Bytes(), 3U * 1024);
-    history.Undo(main);
+    history.Undo(main.State());
     EXPECT_EQ(State(), start);
     Do("Fonts", [&] { main.fonts[0].Bold = true; });
     EXPECT_LT(history.Bytes(), 1024U);
     for (const auto& text : {std::string(50000, 'x'), std::string()}) {
         history.Clear(document);
         Do("Fill", [&] { document.FieldB(9) = text; });
-        history.Undo(main);
+        history.Undo(main.State());
         EXPECT_GT(history.Bytes(), 50000U) << "whichever side is in the step";
-        history.Redo(main);
+        history.Redo(main.State());
     }
 }
 
 TEST_F(UndoTest, TheOldestStepsGiveWay) {
-    UndoHistory small(20000);
+    UndoHistory small;
+    small.KeepSteps(20000);
     MakeDocument(5);
     small.Clear(document);
-    const auto typeLong = [&](int tab) { small.Type(main, {tab, 0}, std::string(900, 'x')); };
+    const auto typeLong = [&](int tab) { small.Type(document, {tab, 0}, std::string(900, 'x')); };
     for (int tab = 1; tab <= 100; ++tab) {
         typeLong(tab);
         if (tab == 90)
@@ -176,7 +179,7 @@ TEST_F(UndoTest, TheOldestStepsGiveWay) {
     int steps = 0;
     for (; small.CanUndo(); ++steps) {
         EXPECT_EQ(document.DocChanged, steps != 10) << steps;
-        small.Undo(main);
+        small.Undo(main.State());
     }
     EXPECT_TRUE(steps >= 18 && steps <= 20) << steps;
     EXPECT_EQ(document.FieldA(100), "tab 100");
@@ -184,12 +187,12 @@ TEST_F(UndoTest, TheOldestStepsGiveWay) {
     EXPECT_TRUE(document.DocChanged) << "no step leads back to the saved document";
     typeLong(120); // drops all that was taken back
     EXPECT_LT(small.Bytes(), 1200U);
-    small.Type(main, {1, 0}, std::string(50000, 'x'));
+    small.Type(document, {1, 0}, std::string(50000, 'x'));
     EXPECT_TRUE(small.CanUndo()) << "one step stays whatever its size";
-    small.Undo(main);
+    small.Undo(main.State());
     EXPECT_EQ(document.FieldA(1).size(), 900U);
     typeLong(2); // as it is already: no step
-    small.Type(main, {2, 0}, "");
+    small.Type(document, {2, 0}, "");
     EXPECT_TRUE(small.Bytes() > 900 && small.Bytes() < 1200) << "the text typed over, and nothing of what is gone";
 }
 
@@ -225,10 +228,10 @@ TEST_F(UndoTest, HundredsOfStepsGoBackAndForthThroughTheSameStates) {
     };
     for (int round = 0; round < 2; ++round) {
         for (std::size_t at = states.size() - 1; at > 0 && !HasFatalFailure(); --at)
-            history.Undo(main), check(at - 1);
+            history.Undo(main.State()), check(at - 1);
         EXPECT_FALSE(history.CanUndo());
         for (std::size_t at = 1; at < states.size() && !HasFatalFailure(); ++at)
-            history.Redo(main), check(at);
+            history.Redo(main.State()), check(at);
         EXPECT_FALSE(history.CanRedo());
     }
 }

@@ -95,7 +95,7 @@ struct WizardTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
     MainModule& main = program.main;
     TabDocument& document = program.main.document;
-    UndoHistory history;
+    UndoHistory& history = main.history;
     WizardState wizard;
 
     /// Tab n holds "an", "bn" and "cn".
@@ -103,7 +103,7 @@ struct WizardTest : testing::Test {
         MakePages(main, pages, fields, type,
                   [](int field, int tab) { return static_cast<char>('a' + field) + std::to_string(tab); });
         history.Clear(document);
-        main.history = &history;
+        history.KeepSteps();
     }
     /// The wizard with numbers from 1 in field A.
     void Number(const char* count) {
@@ -213,12 +213,12 @@ TEST_F(WizardTest, AppendingTakesThePageOnScreen) {
     MakeDocument(2, 2);
     FakeEditor editor;
     editor.texts = {{"typed", "", ""}};
-    main.editor = &editor;
+    main.editor.Take(editor);
     document.CurrentPage = 2;
     Number("3");
     EXPECT_TRUE(AppendWizardTabs(main, wizard));
     EXPECT_EQ(document.FieldA(25), "typed");
-    main.editor = nullptr;
+    main.editor.Leave();
 }
 
 TEST_F(WizardTest, WhatIsTooLargeLeavesAllAsItWas) {

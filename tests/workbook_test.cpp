@@ -6,6 +6,7 @@
 #include "tests/support/TestProgram.h"
 #include "workbook/LibraryWorkbooks.h"
 #include "workbook/NumberFormat.h"
+#include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
 #include <gtest/gtest.h>

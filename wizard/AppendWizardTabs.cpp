@@ -2,7 +2,10 @@
 
 #include "base/Numbers.h"
 #include "workspace/Dialogs.h"
+#include "workspace/Globals.h"
 #include "workspace/Pages.h"
+#include "workspace/Recovery.h"
+#include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
 
 #include <algorithm>
@@ -69,9 +72,9 @@ bool AppendWizardTabs(MainModule& main, const WizardState& wizard) {
         TellLimit(main, start);
         return false;
     }
-    SaveLabel(main, document.CurrentPage, document.setup.TabsPerPage);
+    TakePageBack(main);
     KeepRecoveryCopy(main);
-    const UndoStep step(main.history, main, "AutoRepeat Wizard");
+    const UndoStep step(main.history, main.State(), "AutoRepeat Wizard");
     GrowTo(document, pages);
     CopyValues(wizard, document);
     document.CurrentPage = PagesForTabs(start, document.setup.TabsPerPage);

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "workspace/Dialogs.h"
+#include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
 
 #include <algorithm>
@@ -108,15 +109,14 @@ int FontPage::VerticalButton(int field) const {
 }
 
 bool FontPage::Store() {
-    SaveLabel(main_, main_.document.CurrentPage, main_.document.setup.TabsPerPage);
+    TakePageBack(main_);
     const bool changed = main_.fonts != draft_;
-    UndoStep step(main_.history, main_, "Fonts");
+    UndoStep step(main_.history, main_.State(), "Fonts");
     main_.fonts = draft_;
     SaveFontSettings(main_.settings, main_.fonts);
     main_.document.DocChanged = main_.document.DocChanged || changed; // the file's header carries them
     step.Commit();
-    if (main_.editor)
-        main_.editor->BringUp();
+    main_.editor->BringUp();
     return changed;
 }
 

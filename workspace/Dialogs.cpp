@@ -1,9 +1,6 @@
 #include "workspace/Dialogs.h"
 
 #include "base/Validate.h"
-#include "workspace/Recovery.h"
-
-#include <utility>
 
 namespace velmora {
 
@@ -29,25 +26,6 @@ void TellNoSpreadsheets(MainModule& main) {
          "You have to have Microsoft Excel 2000 (or latter) installed on your PC if you want to open or import an "
          "Excel file!",
          Icon::Critical);
-}
-
-void KeepRecoveryCopy(MainModule& main) {
-    if (!main.recovery || main.openTransactions > 0)
-        return;
-    try {
-        main.recovery->Keep(main);
-        main.recoveryFailureShown = false;
-    } catch (const std::exception& error) {
-        if (!std::exchange(main.recoveryFailureShown, true))
-            ReportError(main, error.what(), "Called from Sub: KeepRecoveryCopy");
-    }
-}
-
-std::optional<std::filesystem::path> ArchiveDocument(MainModule& main) {
-    std::optional<std::filesystem::path> copy;
-    if (main.recovery)
-        Trapped(main, "Called from Sub: ArchiveDocument", [&] { copy = main.recovery->Archive(main); });
-    return copy;
 }
 
 void ReportError(MainModule& main, std::string_view cause, std::string_view place) {

@@ -27,13 +27,6 @@ void TellNoSpreadsheets(MainModule& main);
 /// How a procedure reports an error that it trapped: "cause", a line break and the place, in a critical box.
 void ReportError(MainModule& main, std::string_view cause, std::string_view place);
 
-/// Brings the recovery copy up to date; a failure is reported once, until a copy succeeds again. Nothing within
-/// a Transaction, whose document may be half changed.
-void KeepRecoveryCopy(MainModule& main);
-/// Puts a changed document that is about to be replaced among the recoverable ones; gives its copy. A failure is
-/// reported, and the replacing goes on.
-std::optional<std::filesystem::path> ArchiveDocument(MainModule& main);
-
 /// Runs `work` and reports the error that ends it; false then.
 template <typename Work> bool Trapped(MainModule& main, std::string_view place, Work work) {
     try {

@@ -1,4 +1,4 @@
-#include "workspace/mdlMain.h"
+#include "workspace/DocumentStatus.h"
 
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -28,8 +28,6 @@ void ShowDocumentStatus(MainModule& main) {
 }
 
 void ShowDocumentStatus(MainModule& main, const DocumentSetup& setup) {
-    if (!main.status)
-        return;
     main.status->SetPanel(1, "Stationery: " + setup.StationeryType);
     main.status->SetPanel(2, "Tab Type: " + TabTypeText(setup.OptType));
     main.status->SetPanel(3, "No of fields: " + std::to_string(setup.NoOfFields));
@@ -47,9 +45,8 @@ void RefreshDocumentStatus(MainModule& main) {
 }
 
 void ShowCurrentTab(MainModule& main) {
-    if (main.status)
-        main.status->SetPanel(5, "No of tabs: " + std::to_string(main.document.CurrentTab) + " of " +
-                                     std::to_string(main.document.TabCount));
+    main.status->SetPanel(5, "No of tabs: " + std::to_string(main.document.CurrentTab) + " of " +
+                                 std::to_string(main.document.TabCount));
 }
 
 std::string DocumentCaption(const TabDocument& document) {
@@ -57,8 +54,6 @@ std::string DocumentCaption(const TabDocument& document) {
 }
 
 void ShowCaption(MainModule& main) {
-    if (!main.status)
-        return;
     main.status->SetCaption(main.settings.SettingsAppName + " [" + DocumentCaption(main.document) + "]");
 }
 

@@ -2,6 +2,8 @@
 
 #include "base/Text.h"
 #include "workspace/Dialogs.h"
+#include "workspace/Recovery.h"
+#include "workspace/TakePageBack.h"
 
 #include <algorithm>
 #include <tuple>
@@ -37,10 +39,6 @@ private:
     bool matchCase_;
     std::string find_;
 };
-
-void TakePageBack(MainModule& main) {
-    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
-}
 
 bool IsSearched(const FindRequest& request, int field) {
     return !request.field || *request.field == field;
@@ -84,13 +82,12 @@ Replacements PlanReplacements(const TabDocument& document, const FindRequest& re
 void Put(MainModule& main, const std::vector<std::pair<TabBox, std::string>>& texts) {
     KeepRecoveryCopy(main);
     {
-        const UndoStep step(main.history, main, "Replace");
+        const UndoStep step(main.history, main.State(), "Replace");
         for (const auto& [box, text] : texts)
             main.document.Field(box.field)(box.tab) = text;
         main.document.DocChanged = true;
     }
-    if (main.editor)
-        main.editor->BringUp();
+    main.editor->BringUp();
 }
 
 } // namespace
@@ -125,8 +122,7 @@ FindOutcome Finder::GoTo(const std::optional<Match>& match, const Match& start) 
     last_ = match;
     if (!match)
         return FindOutcome::NotFound;
-    if (main_.editor)
-        main_.editor->ShowText(match->box, match->at, match->length);
+    main_.editor->ShowText(match->box, match->at, match->length);
     const auto place = [](const Match& of) { return std::tuple(of.box.tab, of.box.field, of.at); };
     return place(*match) < place(start) ? FindOutcome::FoundFromTop : FindOutcome::Found;
 }

@@ -62,7 +62,7 @@ std::optional<fs::path> FindOnDrives(MainModule& main, std::vector<std::string> 
 
 /// Nothing searched: No where there are no drives to search.
 Answer AskToSearch(MainModule& main, const std::string& question) {
-    return main.drives ? Ask(main, question, Buttons::YesNoCancel) : Answer::No;
+    return main.drives->List().empty() ? Answer::No : Ask(main, question, Buttons::YesNoCancel);
 }
 
 /// Whether the folder was made, and where.
@@ -122,10 +122,11 @@ fs::path SearchFolder(MainModule& main, const fs::path& current, const FolderWan
 std::optional<fs::path> SearchFile(MainModule& main, fs::path& folder, const FileWanted& wanted) {
     if (auto path = FindFile(folder, wanted.name))
         return path;
-    if (main.pictureSearchGivenUp || !main.drives)
+    if (main.drives->List().empty())
         return std::nullopt;
     auto found = SearchOrChooseFile(main, folder, wanted);
-    main.pictureSearchGivenUp = !found;
+    if (!found)
+        main.drives.Leave(); // no further search is offered in this run
     if (found && HoldsFile(found->parent_path(), wanted.markerFile))
         folder = Store(main, wanted.key, found->parent_path());
     return found;

@@ -1,11 +1,10 @@
-#include "workspace/mdlMain.h"
+#include "workspace/Globals.h"
 
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "settings/RegistryMove.h"
 #include "workspace/Dialogs.h"
-#include "workspace/Undo.h"
 
 #include <algorithm>
 
@@ -18,7 +17,7 @@ void ChooseStore(MainModule& main) {
     const bool first = !store.IniFile.empty() && !FileExists(store.IniFile);
     const MoveResult moved = first ? MoveRegistrySettings(store) : MoveResult::NothingThere;
     if (moved != MoveResult::NothingThere)
-        ForgetMissingPrinter(main);
+        ForgetMissingPrinter(main.settings, main.printers);
     if (moved == MoveResult::PartlyFailed)
         Tell(main,
              "Not all settings of the older installation could be moved. When the cause is mended, they can be had "
@@ -45,24 +44,16 @@ LoadOutcome LoadPrinter(MainModule& main) {
     return LoadOutcome::Loaded;
 }
 
-void TakeBack(TabDocument& document, const std::vector<TabTexts>& texts, std::int16_t page, std::int16_t tabsPerPage) {
-    for (std::size_t slot = 0; slot < texts.size(); ++slot) {
-        const int tab = Multiply16(page - 1, tabsPerPage) + static_cast<int>(slot) + 1;
-        for (std::size_t field = 0; field < static_cast<std::size_t>(document.setup.NoOfFields); ++field)
-            document.Field(static_cast<int>(field))(tab) = texts[slot][field];
-    }
-}
-
 } // namespace
 
-void ForgetMissingPrinter(MainModule& main) {
-    CSetting& stored = main.settings.Object;
+void ForgetMissingPrinter(SettingsStore& settings, const PrintSystem& printers) {
+    CSetting& stored = settings.Object;
     stored.SaveMode(1);
     const std::string name = stored.GetSettingStr(kPrinter.section, kPrinter.key, kProbe);
     if (name == kProbe)
         return;
     try {
-        const std::vector<std::string> installed = main.printers.Printers();
+        const std::vector<std::string> installed = printers.Printers();
         if (std::find(installed.begin(), installed.end(), name) == installed.end())
             stored.SaveSettingStr(kPrinter.section, kPrinter.key, "");
     } catch (const PrinterError&) {} // whether it is there cannot be known
@@ -100,33 +91,6 @@ void SaveGlobals(MainModule& main) {
 void ApplyTabType(MainModule& main) {
     NormalisePages(main.document);
     SaveGlobals(main);
-}
-
-void NewDocument(MainModule& main) {
-    TabDocument& document = main.document;
-    ArchiveDocument(main);
-    if (main.editor)
-        main.editor->TakeDown();
-    document.DocFileName.clear();
-    document.FileEncoding = Encoding::Utf8;
-    document.Stamp.reset();
-    document.TabCount = 0;
-    document.CurrentPage = 0;
-    document.CurrentTab = 0;
-    document.setup.TabsPerPage = 0;
-    document.DocChanged = false;
-    ApplyTabType(main);
-    if (main.history)
-        main.history->Clear(document);
-    ShowCaption(main);
-    if (main.editor)
-        main.editor->BringUp();
-}
-
-void SaveLabel(MainModule& main, std::int16_t page, std::int16_t tabsPerPage) {
-    if (main.editor)
-        Trapped(main, "Called form Function:SaveLabel",
-                [&] { TakeBack(main.document, main.editor->ShownTexts(), page, tabsPerPage); });
 }
 
 } // namespace velmora

@@ -1,4 +1,5 @@
-// The grid editor as the core sees it: it holds only the boxes of the page shown.
+// The grid editor as the core sees it: it holds only the boxes of the page shown. This class itself is what a program
+// without a window has: it shows nothing and holds nothing.
 #pragma once
 
 #include "document/TabDocument.h"
@@ -16,15 +17,15 @@ class GridEditor {
 public:
     virtual ~GridEditor() = default;
     /// Removes the boxes, before the document changes under them. Texts not taken back are lost.
-    virtual void TakeDown() = 0;
+    virtual void TakeDown() {}
     /// Makes the boxes anew from the document and shows `CurrentPage`.
-    virtual void BringUp() = 0;
+    virtual void BringUp() {}
     /// What the boxes hold, slot 1 first; empty while the editor is down. A field without a box is as the document has
     /// it.
-    virtual std::vector<TabTexts> ShownTexts() const = 0;
+    virtual std::vector<TabTexts> ShownTexts() const { return {}; }
     /// Shows the box's page, which was taken back before, and gives the box the focus with `length` bytes of its text
     /// selected from byte `at` on; `length` beyond the text's end selects all of it.
-    virtual void ShowText(TabBox place, std::size_t at, std::size_t length) = 0;
+    virtual void ShowText(TabBox /*place*/, std::size_t /*at*/, std::size_t /*length*/) {}
 };
 
 } // namespace velmora

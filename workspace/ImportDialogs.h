@@ -25,13 +25,18 @@ struct ImportRequest {
     std::function<std::vector<std::vector<std::string>>(const ImportChoice& choice)> preview;
 };
 
+/// Itself it asks nobody: then only one sheet can be meant, and a guessed choice stands.
 class ImportDialogs {
 public:
     virtual ~ImportDialogs() = default;
     /// The name of the chosen worksheet, empty when none was chosen. The only one of a workbook is chosen by itself.
-    virtual std::string SelectSheet(const std::vector<std::string>& names) = 0;
-    /// What the person made of `choice`; nothing when cancelled.
-    virtual std::optional<ImportChoice> ChooseImport(const ImportRequest& request, const ImportChoice& choice) = 0;
+    virtual std::string SelectSheet(const std::vector<std::string>& names) {
+        return names.size() == 1 ? names.front() : "";
+    }
+    /// What the person made of `choice`; nullopt when cancelled.
+    virtual std::optional<ImportChoice> ChooseImport(const ImportRequest&, const ImportChoice& choice) {
+        return choice;
+    }
 };
 
 } // namespace velmora

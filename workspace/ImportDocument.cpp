@@ -10,45 +10,45 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t kPreviewRows = 20;
-constexpr const char* kPlace = "Called form Function:OpenNewFile";
+constexpr const char* kAskPlace = "Called form Function:OpenNewFile";
+constexpr const char* kLoadPlace = "Called form Sub:LoadData";
 constexpr const char* kNotFinished = "Could not finish process";
 
 /// Runs `work`; an error is shown with its cause first, then `announcement`.
-template <typename Work> bool Attempted(MainModule& main, const char* announcement, Work work) {
-    main.document.FileError = !Trapped(main, kPlace, work);
+template <typename Work> bool Attempted(MainModule& main, const char* place, const char* announcement, Work work) {
+    main.document.FileError = !Trapped(main, place, work);
     if (main.document.FileError)
         Tell(main, announcement);
     return !main.document.FileError;
 }
 
-/// Without anybody to ask, only one sheet can be meant.
-std::string SelectSheet(MainModule& main, const std::vector<std::string>& names) {
-    if (main.dialogs)
-        return main.dialogs->SelectSheet(names);
-    return names.size() == 1 ? names.front() : "";
-}
-
-/// What the person makes of `choice`, which stands where nobody can be asked.
-std::optional<ImportChoice> Choose(MainModule& main, const ImportRequest& request, const ImportChoice& choice) {
-    return main.dialogs ? main.dialogs->ChooseImport(request, choice) : choice;
-}
-
-/// Rows without a header: no column that was chosen stays hidden for want of a field.
-LoadOutcome LoadImported(MainModule& main, const Worksheet& sheet) {
-    const int fields = std::max<int>(main.document.setup.NoOfFields, FieldsInUse(sheet));
-    Write(main.settings, kNoOfFields, std::to_string(fields));
-    return LoadDocument(main, sheet);
+/// What `read` gives to be loaded.
+template <typename Read> Imported ReadToLoad(MainModule& main, Read read) {
+    Imported imported = OpenOutcome::Failed;
+    Attempted(main, kLoadPlace, kNotFinished, [&] { imported = read(); });
+    return imported;
 }
 
 /// A sheet without a header, by the columns that the person chooses.
-OpenOutcome ImportSheet(MainModule& main, Workbook& workbook, const std::string& sheet, const ReplaceWith& replace) {
+Imported ImportRows(MainModule& main, Workbook& workbook, const std::string& sheet) {
     std::vector<std::vector<std::string>> rows;
-    if (!Attempted(main, kNotFinished, [&] { rows = ReadFirstRows(workbook, sheet, kPreviewRows); }))
+    if (!Attempted(main, kAskPlace, kNotFinished, [&] { rows = ReadFirstRows(workbook, sheet, kPreviewRows); }))
         return OpenOutcome::Failed;
-    const auto choice = Choose(main, {sheet, {}, [&](const ImportChoice&) { return rows; }}, {});
+    const auto choice = main.dialogs->ChooseImport({sheet, {}, [&](const ImportChoice&) { return rows; }}, {});
     if (!choice)
         return OpenOutcome::Cancelled;
-    return replace([&] { return LoadImported(main, ReadWorksheet(workbook, sheet, choice->cells)); });
+    return ReadToLoad(main, [&] { return ReadWorksheet(workbook, sheet, choice->cells); });
+}
+
+Imported ImportSheet(MainModule& main, const std::filesystem::path& path, Workbook& workbook,
+                     const std::string& sheet) {
+    std::string firstCell;
+    if (!Attempted(main, kAskPlace, "Could not finish the process",
+                   [&] { firstCell = ReadFirstCell(workbook, sheet); }))
+        return OpenOutcome::Failed;
+    if (!AnnounceVersion(main, path, firstCell))
+        return ImportRows(main, workbook, sheet);
+    return ReadToLoad(main, [&] { return ReadWorksheet(workbook, sheet, {}); });
 }
 
 /// A list that loses nothing when a tab file's reader takes it: that one also keeps blanks and blank lines.
@@ -78,52 +78,49 @@ bool AnnounceVersion(MainModule& main, const std::filesystem::path& path, const 
     return AnnouncesHeader(firstText);
 }
 
-OpenOutcome ImportWorkbook(MainModule& main, const std::filesystem::path& path, const ReplaceWith& replace) {
+Imported ReadOwnFile(MainModule& main, const std::filesystem::path& path) {
+    return ReadToLoad(main, [&] { return ReadTabFile(path); });
+}
+
+Imported ImportWorkbook(MainModule& main, const std::filesystem::path& path) {
     if (!main.spreadsheets.CanRead(WorkbookFormatOf(path).value_or(WorkbookFormat::Xls))) {
         TellNoSpreadsheets(main);
         return OpenOutcome::Failed;
     }
     std::unique_ptr<Workbook> ExcelWorkbook;
-    if (!Attempted(main, kNotFinished, [&] {
+    if (!Attempted(main, kAskPlace, kNotFinished, [&] {
             const auto progress = main.ui.StartProgress("Opening Excel file.  Please standby...", 1);
             ExcelWorkbook = main.spreadsheets.Open(path);
         }))
         return OpenOutcome::Failed;
-    const std::string SelectedSheet = SelectSheet(main, ExcelWorkbook->SheetNames());
+    const std::string SelectedSheet = main.dialogs->SelectSheet(ExcelWorkbook->SheetNames());
     if (SelectedSheet.empty()) {
         Tell(main, "You have not selected a work sheet to import", Icon::Critical);
         return OpenOutcome::Cancelled;
     }
-    std::string firstCell;
-    if (!Attempted(main, "Could not finish the process",
-                   [&] { firstCell = ReadFirstCell(*ExcelWorkbook, SelectedSheet); }))
-        return OpenOutcome::Failed;
-    if (!AnnounceVersion(main, path, firstCell))
-        return ImportSheet(main, *ExcelWorkbook, SelectedSheet, replace);
-    return replace([&] { return LoadDocument(main, ReadWorksheet(*ExcelWorkbook, SelectedSheet, {})); });
+    return ImportSheet(main, path, *ExcelWorkbook, SelectedSheet);
 }
 
-OpenOutcome ImportList(MainModule& main, const std::filesystem::path& path, const ReplaceWith& replace,
-                       const std::function<OpenOutcome()>& openTabFile) {
+Imported ImportList(MainModule& main, const std::filesystem::path& path) {
     std::string bytes;
-    if (!Attempted(main, kNotFinished, [&] { bytes = ReadFile(path); }))
+    if (!Attempted(main, kAskPlace, kNotFinished, [&] { bytes = ReadFile(path); }))
         return OpenOutcome::Failed;
     const std::vector<ListEncoding> encodings = FittingEncodings(bytes);
     if (bytes.empty() || encodings.empty())
-        return openTabFile();
+        return ReadOwnFile(main, path);
     ImportChoice guess;
     guess.encoding = encodings.front();
     guess.delimiter = GuessDelimiter(DecodeList(bytes, guess.encoding));
     const auto preview = [&](const ImportChoice& choice) {
         return ParseTextList(DecodeList(bytes, choice.encoding), choice.delimiter, kPreviewRows);
     };
-    const auto choice = Choose(main, {path.filename().string(), encodings, preview}, guess);
+    const auto choice = main.dialogs->ChooseImport({path.filename().string(), encodings, preview}, guess);
     if (!choice)
         return OpenOutcome::Cancelled;
     const std::string text = DecodeList(bytes, choice->encoding);
     if (ReadsAsTabFile(*choice, guess, text))
-        return openTabFile();
-    return replace([&] { return LoadImported(main, ReadList(text, *choice)); });
+        return ReadOwnFile(main, path);
+    return ReadToLoad(main, [&] { return ReadList(text, *choice); });
 }
 
 } // namespace velmora

@@ -1,28 +1,30 @@
 // Opening what is no tab file: worksheets and the lists of other programs.
 #pragma once
 
-#include "workspace/OpenDocument.h"
+#include "document/TabFile.h"
+#include "document/Worksheet.h"
+#include "workspace/mdlMain.h"
 
 #include <filesystem>
-#include <functional>
 #include <string>
+#include <variant>
 
 namespace velmora {
 
-using LoadProcedure = std::function<LoadOutcome()>;
-/// Puts what the procedure loads in the place of the document, all or nothing.
-using ReplaceWith = std::function<OpenOutcome(const LoadProcedure& load)>;
+enum class OpenOutcome { Opened, Failed, Cancelled, NoPrinter };
+
+/// What is to be loaded, or how the import ended without it; a failure was shown then.
+using Imported = std::variant<OpenOutcome, TabFile, Worksheet>;
 
 /// Says what the file is unless it is of version 8. False for what has no header either.
 bool AnnounceVersion(MainModule& main, const std::filesystem::path& path, const std::string& firstText);
 
-/// Opens the workbook, lets the person choose a worksheet and, where it has no header, its columns, and replaces the
-/// document. Failures are shown.
-OpenOutcome ImportWorkbook(MainModule& main, const std::filesystem::path& path, const ReplaceWith& replace);
-
-/// Lets the person choose how a list is taken apart. `openTabFile` opens what a tab file's reader takes apart the same
-/// way, and what is no list at all.
-OpenOutcome ImportList(MainModule& main, const std::filesystem::path& path, const ReplaceWith& replace,
-                       const std::function<OpenOutcome()>& openTabFile);
+/// Reads a tab file.
+Imported ReadOwnFile(MainModule& main, const std::filesystem::path& path);
+/// Opens the workbook and lets the person choose a worksheet and, where it has no header, its columns.
+Imported ImportWorkbook(MainModule& main, const std::filesystem::path& path);
+/// Lets the person choose how a list is taken apart. A tab file for what its reader takes apart the same way, and for
+/// what is no list at all.
+Imported ImportList(MainModule& main, const std::filesystem::path& path);
 
 } // namespace velmora

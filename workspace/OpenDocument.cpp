@@ -1,79 +1,80 @@
 #include "workspace/OpenDocument.h"
 
 #include "base/AtomicFile.h"
-#include "base/Text.h"
 #include "base/Validate.h"
 #include "workspace/Dialogs.h"
-#include "workspace/ImportDocument.h"
+#include "workspace/LoadDocument.h"
 #include "workspace/Pages.h"
 #include "workspace/RecentFiles.h"
-#include "workspace/Recovery.h"
+#include "workspace/ReplaceDocument.h"
 #include "workspace/SaveDocument.h"
-#include "workspace/Transaction.h"
-#include "workspace/Undo.h"
 
 namespace velmora {
 namespace {
 
+constexpr const char* kOpenPlace = "Called form Sub:OpenFile";
 constexpr const char* kLoadPlace = "Called form Sub:LoadData";
 
-/// `Source` is a TabFile or a Worksheet.
-template <typename Source> LoadOutcome Load(MainModule& main, const Source& source) {
-    TabDocument& document = main.document;
-    LoadData(source, main.settings);
-    if (LoadGlobals(main) == LoadOutcome::NoPrinter)
-        return LoadOutcome::NoPrinter;
-    SetLayoutFromType(document.setup);
-    SetFieldLimits(document.setup);
-    SetTabsPerPage(document.setup);
-    {
-        const auto progress = main.ui.StartProgress("Calculating the number of labels.  Please standby...", 1);
-        document.TabCount = GetNumberOfLables(source, source.header ? -kHeaderLines : 0, document, main.settings);
-    }
-    document.CurrentPage = 1;
-    document.CurrentTab = 0;
-    if (document.TabCount > 0)
-        LoadRows(source, document, main.ui);
-    else
-        Tell(main, "There are no information to import.");
-    document.FileEncoding = source.encoding;
-    ApplyTabType(main);
-    return LoadOutcome::Loaded;
+/// Rows without a header: no column that was chosen stays hidden for want of a field.
+LoadOutcome LoadRows(MainModule& main, const Worksheet& sheet) {
+    const int fields = std::max<int>(main.document.setup.NoOfFields, FieldsInUse(sheet));
+    Write(main.settings, kNoOfFields, std::to_string(fields));
+    return LoadDocument(main, sheet);
 }
 
-/// Where the tabs come from: the document's own format, or another program's file.
-enum class Origin { TabFile, Foreign };
-
-void TakeOver(MainModule& main, const std::filesystem::path& path, Origin origin) {
-    main.document.DocFileName = path;
-    main.document.Foreign = origin == Origin::Foreign;
-    main.document.DocChanged = origin == Origin::Foreign; // the file does not hold what a save would write
-    RememberFile(main.settings, path);
+LoadOutcome LoadImported(MainModule& main, const Imported& imported) {
+    if (const auto* file = std::get_if<TabFile>(&imported))
+        return LoadDocument(main, *file);
+    const auto& sheet = std::get<Worksheet>(imported);
+    return sheet.header ? LoadDocument(main, sheet) : LoadRows(main, sheet);
 }
 
-OpenOutcome LoadOrUndo(MainModule& main, const std::filesystem::path& path, Origin origin, const LoadProcedure& load) {
-    Transaction transaction(main);
-    const auto stamp = StampOf(path); // before the reading, so that a change during it is noticed
+/// A file as it was found: its stamp is taken before the reading, so that a change during it is noticed.
+struct FoundFile {
+    std::filesystem::path path;
+    std::optional<FileStamp> stamp = StampOf(path);
+};
+
+/// What is no tab file is another program's, and does not hold what a save would write.
+void TakeOver(MainModule& main, const FoundFile& file, bool foreign) {
+    main.document.Stamp = file.stamp;
+    main.document.DocFileName = file.path;
+    main.document.Foreign = foreign;
+    main.document.DocChanged = foreign;
+    RememberFile(main.settings, file.path);
+}
+
+/// `tabsPerPage` is set for a document that is too large.
+LoadOutcome LoadOrNotePage(MainModule& main, const Imported& imported, std::int16_t& tabsPerPage) {
     try {
-        if (load() == LoadOutcome::NoPrinter)
-            return OpenOutcome::NoPrinter;
-        main.document.Stamp = stamp;
-        TakeOver(main, path, origin);
-        transaction.Commit();
-        if (main.history)
-            main.history->Clear(main.document);
-        return OpenOutcome::Opened;
+        return LoadImported(main, imported);
+    } catch (const OverflowError&) {
+        tabsPerPage = main.document.setup.TabsPerPage;
+        throw;
+    }
+}
+
+OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& imported) {
+    const bool foreign = std::holds_alternative<Worksheet>(imported);
+    std::int16_t tabsPerPage = 0;
+    main.document.FileError = false;
+    try {
+        const LoadOutcome outcome = ReplaceDocument(main, [&] {
+            const LoadOutcome loaded = LoadOrNotePage(main, imported, tabsPerPage);
+            TakeOver(main, file, foreign);
+            return loaded;
+        });
+        return outcome == LoadOutcome::Loaded ? OpenOutcome::Opened : OpenOutcome::NoPrinter;
     } catch (const OverflowError& error) {
-        const std::int16_t tabsPerPage = main.document.setup.TabsPerPage;
-        transaction.Undo();
-        if (origin == Origin::Foreign)
+        if (foreign)
             TellMostPages(main, tabsPerPage);
         else
             ReportError(main, error.what(), kLoadPlace);
     } catch (const std::exception& error) {
-        transaction.Undo();
         ReportError(main, error.what(), kLoadPlace);
     }
+    main.document.FileError = true;
+    Tell(main, "Could not finish process");
     return OpenOutcome::Failed;
 }
 
@@ -87,43 +88,7 @@ bool MayReplaceDocument(MainModule& main) {
     return answer == Answer::No;
 }
 
-OpenOutcome ReplaceDocument(MainModule& main, const std::filesystem::path& path, Origin origin,
-                            const LoadProcedure& load) {
-    main.document.FileError = false;
-    if (!FileExists(path)) {
-        main.document.FileError = true;
-        Tell(main, "Could not load the following file [" + path.string() + "]", Icon::Critical);
-        return OpenOutcome::Failed;
-    }
-    // An error gives back the document as it was, with what was typed last.
-    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
-    const auto archived = ArchiveDocument(main);
-    if (main.editor)
-        main.editor->TakeDown();
-    const OpenOutcome outcome = LoadOrUndo(main, path, origin, load);
-    if (archived && outcome != OpenOutcome::Opened) {
-        KeepRecoveryCopy(main); // before its stand-in goes
-        main.recovery->Forget(*archived);
-    }
-    if (outcome == OpenOutcome::Failed) {
-        main.document.FileError = true;
-        Tell(main, "Could not finish process");
-    }
-    RefreshDocumentStatus(main);
-    ShowCaption(main);
-    if (main.editor)
-        main.editor->BringUp();
-    return outcome;
-}
-
-OpenOutcome Open(MainModule& main, const std::filesystem::path& path, Origin origin, const LoadProcedure& load) {
-    OpenOutcome outcome = OpenOutcome::Failed;
-    Trapped(main, "Called form Sub:OpenFile", [&] { outcome = ReplaceDocument(main, path, origin, load); });
-    return outcome;
-}
-
-/// A file that exists.
-OpenOutcome OpenText(MainModule& main, const std::filesystem::path& path, const ReplaceWith& replace) {
+Imported ImportText(MainModule& main, const std::filesystem::path& path) {
     std::string firstLine;
     try {
         firstLine = ReadFirstLine(path);
@@ -131,8 +96,32 @@ OpenOutcome OpenText(MainModule& main, const std::filesystem::path& path, const 
         Tell(main, "Could not finish the process");
         return OpenOutcome::Failed;
     }
-    const auto openTabFile = [&] { return OpenFile(main, path); };
-    return AnnounceVersion(main, path, firstLine) ? openTabFile() : ImportList(main, path, replace, openTabFile);
+    return AnnounceVersion(main, path, firstLine) ? ReadOwnFile(main, path) : ImportList(main, path);
+}
+
+Imported Import(MainModule& main, const std::filesystem::path& path) {
+    return WorkbookFormatOf(path) ? ImportWorkbook(main, path) : ImportText(main, path);
+}
+
+/// `read` says what the file holds.
+OpenOutcome Open(MainModule& main, const std::filesystem::path& path,
+                 Imported (*read)(MainModule&, const std::filesystem::path&)) {
+    if (!FileExists(path)) {
+        main.document.FileError = true;
+        Tell(main, "Could not load the following file [" + path.string() + "]", Icon::Critical);
+        return OpenOutcome::Failed;
+    }
+    const FoundFile file{path};
+    const Imported imported = read(main, path);
+    const auto* ended = std::get_if<OpenOutcome>(&imported);
+    return ended ? *ended : ReplaceBy(main, file, imported);
+}
+
+OpenOutcome OpenTrapped(MainModule& main, const std::filesystem::path& path,
+                        Imported (*read)(MainModule&, const std::filesystem::path&)) {
+    OpenOutcome outcome = OpenOutcome::Failed;
+    Trapped(main, kOpenPlace, [&] { outcome = Open(main, path, read); });
+    return outcome;
 }
 
 OpenOutcome AskAndOpen(MainModule& main, OpenKind kind) {
@@ -155,23 +144,12 @@ OpenOutcome AskAndOpen(MainModule& main, OpenKind kind) {
 
 } // namespace
 
-LoadOutcome LoadDocument(MainModule& main, const TabFile& file) {
-    return Load(main, file);
-}
-
-LoadOutcome LoadDocument(MainModule& main, const Worksheet& sheet) {
-    return Load(main, sheet);
-}
-
 OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
-    return Open(main, path, Origin::TabFile, [&] { return LoadDocument(main, ReadTabFile(path)); });
+    return OpenTrapped(main, path, ReadOwnFile);
 }
 
 OpenOutcome OpenPath(MainModule& main, const std::filesystem::path& path) {
-    const auto replace = [&](const LoadProcedure& load) { return Open(main, path, Origin::Foreign, load); };
-    if (!FileExists(path))
-        return OpenFile(main, path);
-    return WorkbookFormatOf(path) ? ImportWorkbook(main, path, replace) : OpenText(main, path, replace);
+    return OpenTrapped(main, path, Import);
 }
 
 OpenOutcome OpenInstead(MainModule& main, const std::filesystem::path& path) {

@@ -1,21 +1,11 @@
-// Loading a tab file or a worksheet into the document that is open.
+// The Open command, and opening a file by its path.
 #pragma once
 
-#include "document/TabFile.h"
-#include "document/Worksheet.h"
-#include "workspace/mdlMain.h"
+#include "workspace/ImportDocument.h"
 
 #include <filesystem>
 
 namespace velmora {
-
-/// The load procedure: header into the settings, tab lines into the arrays, whole pages; an announcement when there
-/// are none. Raises OverflowError and what the settings raise; the caller puts back what was changed by then.
-LoadOutcome LoadDocument(MainModule& main, const TabFile& file);
-/// The same with a worksheet's cells; the document is one for a UTF-8 file.
-LoadOutcome LoadDocument(MainModule& main, const Worksheet& sheet);
-
-enum class OpenOutcome { Opened, Failed, Cancelled, NoPrinter };
 
 /// Replaces the document by the file's, from its first page on. A failure is shown, sets `FileError` and leaves
 /// document, settings and file as they were. NoPrinter: as LoadGlobals says.

@@ -3,6 +3,9 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "workspace/Dialogs.h"
+#include "workspace/DocumentStatus.h"
+#include "workspace/Recovery.h"
+#include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
 
 #include <algorithm>
@@ -12,15 +15,10 @@ namespace {
 
 constexpr int kMostTabs = 32767;
 
-void TakePageBack(MainModule& main) {
-    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
-}
-
 void ShowPage(MainModule& main, std::int16_t page) {
     TakePageBack(main);
     main.document.CurrentPage = page;
-    if (main.editor)
-        main.editor->BringUp();
+    main.editor->BringUp();
 }
 
 /// A question whose safe answer is the default.
@@ -77,8 +75,7 @@ void ShowChangedPages(MainModule& main) {
     main.document.DocChanged = true;
     Write(main.settings, kNoOfPages, std::to_string(main.document.NoOfPages));
     RefreshDocumentStatus(main);
-    if (main.editor)
-        main.editor->BringUp();
+    main.editor->BringUp();
 }
 
 void FirstPage(MainModule& main) {
@@ -113,7 +110,7 @@ void AddPage(MainModule& main) {
         return;
     }
     TakePageBack(main);
-    const UndoStep step(main.history, main, "New Page");
+    const UndoStep step(main.history, main.State(), "New Page");
     if (Trapped(main, "Called from Sub: AddPage", [&] { AppendPage(document); }))
         ShowChangedPages(main);
 }
@@ -126,9 +123,8 @@ void DeletePage(MainModule& main) {
         return;
     TakePageBack(main);
     KeepRecoveryCopy(main);
-    const UndoStep step(main.history, main, "Delete Page");
-    if (main.editor)
-        main.editor->TakeDown();
+    const UndoStep step(main.history, main.State(), "Delete Page");
+    main.editor->TakeDown();
     RemovePage(document);
     // Deleting the first page leaves page 0, which the editor cannot show.
     document.CurrentPage = std::max<std::int16_t>(1, document.CurrentPage);
@@ -141,9 +137,8 @@ void CleanLabels(MainModule& main) {
         return Tell(main, "No Tabs to clean.");
     TakePageBack(main);
     KeepRecoveryCopy(main);
-    const UndoStep step(main.history, main, "Delete Empty Tabs");
-    if (main.editor)
-        main.editor->TakeDown();
+    const UndoStep step(main.history, main.State(), "Delete Empty Tabs");
+    main.editor->TakeDown();
     const std::int32_t kept = PackTabs(document);
     document.NoOfPages = std::max<std::int16_t>(1, PagesForTabs(kept, document.setup.TabsPerPage));
     document.CurrentPage = document.NoOfPages;
@@ -157,15 +152,11 @@ void CleanLabels(MainModule& main) {
 
 namespace {
 
-void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(MainModule&)) {
-    if (!main.history)
-        return;
+void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(UndoState)) {
     TakePageBack(main);
     KeepRecoveryCopy(main);
-    const auto box = (main.history->*move)(main);
+    const auto box = (main.history.*move)(main.State());
     RefreshDocumentStatus(main);
-    if (!main.editor)
-        return;
     main.editor->BringUp();
     if (box)
         main.editor->ShowText(*box, 0, std::string::npos);

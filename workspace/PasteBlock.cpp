@@ -3,6 +3,8 @@
 #include "base/Text.h"
 #include "document/TextList.h"
 #include "workspace/Dialogs.h"
+#include "workspace/Recovery.h"
+#include "workspace/TakePageBack.h"
 
 #include <algorithm>
 #include <string>
@@ -74,17 +76,16 @@ bool IsBlock(std::string_view text) {
 }
 
 void PasteBlock(MainModule& main, TabBox from, std::string_view text) {
-    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
+    TakePageBack(main);
     const Block block = TakeApart(main.document, from, text);
     if (!Agrees(main, block))
         return;
     KeepRecoveryCopy(main);
-    const UndoStep step(main.history, main, "Paste");
+    const UndoStep step(main.history, main.State(), "Paste");
     for (const Cell& cell : block.cells)
         main.document.Field(cell.box.field)(cell.box.tab) = cell.text;
     main.document.DocChanged = true;
-    if (main.editor)
-        main.editor->BringUp();
+    main.editor->BringUp();
 }
 
 } // namespace velmora

@@ -1,85 +1,18 @@
-// Unsaved work outlives a crash, a power cut and an ending without saving: each running copy of the program keeps its
-// document in a file of its own beside the settings, and what was replaced without asking is kept for a while.
+// When a recovery copy is made: before what can lose text, and of what is replaced.
 #pragma once
 
 #include "workspace/mdlMain.h"
 
-#include <chrono>
-#include <cstdint>
 #include <filesystem>
-#include <functional>
-#include <memory>
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace velmora {
 
-inline constexpr std::size_t kArchivedDocuments = 10;
-
-/// One document that can be had back.
-struct RecoveredDocument {
-    std::filesystem::path File;        ///< the copy, which names it in every call
-    std::filesystem::path DocFileName; ///< the document's own; empty: untitled
-    std::chrono::system_clock::time_point Time;
-    std::int32_t TabsFilled = 0;  ///< tabs with a text in any field
-    bool LeftBehind = false;      ///< by a copy of the program that has ended, and not offered yet
-    std::uint64_t ContentSum = 0; ///< equal for copies of the same document in the same state
-
-    /// The file name without folder, or "Untitled".
-    std::string Name() const;
-};
-
-/// The folder of recovery copies, as one running copy of the program uses it. Its own file is locked while the store
-/// lives, and the end of the store leaves the file behind: whose lock is free was left by a program that has ended.
-/// Files that are damaged or none of ours are never listed and never deleted.
-class RecoveryStore {
-public:
-    using Clock = std::function<std::chrono::system_clock::time_point()>;
-
-    /// Touches nothing on disk; the folder is made, for this person alone, with the first copy.
-    RecoveryStore(std::filesystem::path folder, Clock clock);
-    ~RecoveryStore();
-    RecoveryStore(const RecoveryStore&) = delete;
-    RecoveryStore& operator=(const RecoveryStore&) = delete;
-
-    /// Takes the page on screen back and brings this copy's file up to date: written where the document changed since
-    /// the last call, removed where it has no unsaved changes. Document and settings stay as they are. Raises Error
-    /// when it can't be written; the file of the last call remains then.
-    void Keep(MainModule& main);
-    /// Removes this copy's file, as after a save or when the person gives the changes up. What can't be removed is
-    /// offered once too often.
-    void Drop() noexcept;
-
-    /// Keeps what is about to be replaced among the last ten; Forget takes it back if the replacing fails. Nothing for
-    /// a document without unsaved changes, or one that is there already, which becomes the last. Raises Error.
-    std::optional<std::filesystem::path> Archive(MainModule& main);
-
-    /// The last ten archived and all that was left behind, newest first. Every other call may rename copies, so a list
-    /// serves one choice. A file that can't be read raises no error.
-    std::vector<RecoveredDocument> List() const;
-    /// Puts what was left behind among the last ten, so that it isn't offered again. Nothing for other documents.
-    void Settle(const RecoveredDocument& document);
-    /// Makes it the document, changed, under its old name; what it replaces is archived and it is settled. The editor
-    /// comes up anew. Raises Error with document and settings as they were. NoPrinter: as LoadGlobals says.
-    LoadOutcome Restore(MainModule& main, const RecoveredDocument& document);
-    /// Deletes a listed copy. Nothing for the file of a running program.
-    void Forget(const std::filesystem::path& file);
-
-private:
-    class LiveFile;
-
-    std::vector<RecoveredDocument> Archived() const;
-    std::vector<RecoveredDocument> LeftBehind() const;
-    std::vector<RecoveredDocument> Prune();
-    std::filesystem::path NextArchiveName(const std::vector<RecoveredDocument>& archived) const;
-    void Write(const std::filesystem::path& file, const MainModule& main, const std::string& content);
-    void MakeFolder() const;
-
-    std::filesystem::path folder_;
-    Clock clock_;
-    std::unique_ptr<LiveFile> live_; ///< nothing while there is no unsaved work
-    std::uint64_t liveSum_ = 0;      ///< of the content in it
-};
+/// Takes the page on screen back and brings the recovery copy up to date; a failure is reported once, until a copy
+/// succeeds again. No effect within a Transaction, whose document may be half changed.
+void KeepRecoveryCopy(MainModule& main);
+/// Takes the page on screen back and puts a changed document that is about to be replaced among the recoverable ones;
+/// gives its copy, nullopt where there is nothing new to keep. A failure is reported, and the replacing goes on.
+std::optional<std::filesystem::path> ArchiveDocument(MainModule& main);
 
 } // namespace velmora

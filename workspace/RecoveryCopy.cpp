@@ -2,7 +2,6 @@
 
 #include "base/Error.h"
 #include "document/TabFile.h"
-#include "workspace/Transaction.h"
 
 #include <algorithm>
 #include <array>
@@ -132,14 +131,13 @@ private:
 
 } // namespace
 
-std::string RecoveryContent(MainModule& main) {
-    const TabDocument& document = main.document;
+std::string RecoveryContent(const TabDocument& document, SettingsStore& settings) {
     std::string content;
     Append(content, document.DocFileName.string());
     Append(content, EncodingName(document.FileEncoding));
     Append(content, document.Stamp ? std::to_string(document.Stamp->size) : "");
     Append(content, document.Stamp ? std::to_string(document.Stamp->written.time_since_epoch().count()) : "");
-    Append(content, HeaderText(main.settings));
+    Append(content, HeaderText(settings));
     Append(content, std::to_string(document.TabCount));
     for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
         for (int field = 0; field < kFieldsPerTab; ++field)
@@ -169,31 +167,6 @@ std::int32_t TabsFilled(const RecoveryCopy& copy) {
         if (!copy.texts[text].empty() || !copy.texts[text + 1].empty() || !copy.texts[text + 2].empty())
             ++filled;
     return filled;
-}
-
-LoadOutcome LoadCopy(MainModule& main, const RecoveryCopy& copy) {
-    Transaction transaction(main);
-    TabFile file = ParseTabFile(std::string(copy.header));
-    if (!file.header)
-        throw Error("The recovery copy has no header");
-    // Whole pages of empty tabs first; their texts may hold what a tab file can't.
-    file.tabsAt = file.text.size();
-    file.lines = kHeaderLines + std::max(1, copy.tabs);
-    if (LoadDocument(main, file) == LoadOutcome::NoPrinter)
-        return LoadOutcome::NoPrinter;
-    TabDocument& document = main.document;
-    auto text = copy.texts.begin();
-    for (std::int32_t tab = 1; tab <= copy.tabs; ++tab)
-        for (int field = 0; field < kFieldsPerTab; ++field)
-            document.Field(field)(tab) = *text++;
-    document.CurrentPage = std::clamp<std::int16_t>(copy.page, 1, document.NoOfPages);
-    document.DocFileName = copy.path;
-    document.Foreign = WorkbookFormatOf(copy.path).has_value();
-    document.FileEncoding = copy.encoding;
-    document.Stamp = copy.stamp;
-    document.DocChanged = true;
-    transaction.Commit();
-    return LoadOutcome::Loaded;
 }
 
 } // namespace velmora

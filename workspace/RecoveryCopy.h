@@ -2,8 +2,8 @@
 // a copy or a stranger's file is never taken for one.
 #pragma once
 
-#include "workspace/OpenDocument.h"
-#include "workspace/mdlMain.h"
+#include "document/TabDocument.h"
+#include "settings/mdlSettings.h"
 
 #include <chrono>
 #include <cstdint>
@@ -27,21 +27,20 @@ struct RecoveryCopy {
     std::optional<FileStamp> stamp;
     std::string_view header;
     std::int32_t tabs = 0;
+    bool foreign = false;
     std::vector<std::string_view> texts; ///< three for each tab
 };
 
 /// What a copy holds behind its head. The settings stay as they are.
-std::string RecoveryContent(MainModule& main);
+std::string RecoveryContent(const TabDocument& document, SettingsStore& settings);
 /// Equal for the same document in the same state.
 std::uint64_t ContentSum(std::string_view content);
 /// What stands before the content. `page`: the one shown.
 std::string RecoveryHead(std::chrono::system_clock::time_point now, std::int16_t page, std::uint64_t contentSum);
 
-/// Nothing where the bytes are no whole copy. They must outlive it.
+/// nullopt where the bytes are no whole copy. They must outlive it.
 std::optional<RecoveryCopy> ParseRecoveryCopy(std::string_view bytes);
 /// Tabs with a text in any field.
 std::int32_t TabsFilled(const RecoveryCopy& copy);
-/// Makes it the document, changed. All or nothing; raises Error. NoPrinter: as LoadGlobals says.
-LoadOutcome LoadCopy(MainModule& main, const RecoveryCopy& copy);
 
 } // namespace velmora

@@ -5,8 +5,10 @@
 #include "base/Validate.h"
 #include "document/Worksheet.h"
 #include "workspace/Dialogs.h"
+#include "workspace/DocumentStatus.h"
 #include "workspace/RecentFiles.h"
-#include "workspace/Recovery.h"
+#include "workspace/RecoveryStore.h"
+#include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
 
 #include <algorithm>
@@ -109,10 +111,8 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
     RememberFile(main.settings, path);
     main.document.DocChanged = false;
     main.document.Foreign = false;
-    if (main.history)
-        main.history->MarkSaved();
-    if (main.recovery)
-        main.recovery->Drop();
+    main.history.MarkSaved();
+    main.recovery.Drop();
     return SaveOutcome::Saved;
 }
 
@@ -215,7 +215,7 @@ SaveOutcome SaveLabels(MainModule& main, SaveKind kind) {
         return SaveOutcome::Cancelled; // there are no pages yet
     SaveOutcome outcome = SaveOutcome::Failed;
     Trapped(main, "Called form Sub:SaveLabels", [&] {
-        SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
+        TakePageBack(main);
         outcome = Save(main, kind);
         ShowCaption(main);
     });

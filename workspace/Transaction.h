@@ -12,13 +12,9 @@ namespace velmora {
 class Transaction {
 public:
     explicit Transaction(MainModule& main)
-        : main_(main), batch_(main.settings), document_(main.document), globals_(main.globals), fonts_(main.fonts) {
-        ++main_.openTransactions;
-    }
-    ~Transaction() {
-        Undo();
-        --main_.openTransactions;
-    }
+        : main_(main), pause_(main.recovery), batch_(main.settings), document_(main.document), globals_(main.globals),
+          fonts_(main.fonts) {}
+    ~Transaction() { Undo(); }
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
@@ -38,6 +34,7 @@ public:
 
 private:
     MainModule& main_;
+    RecoveryStore::Pause pause_;
     std::optional<SettingsBatch> batch_;
     TabDocument document_;
     GlobalConfiguration globals_;

@@ -2,7 +2,7 @@
 
 #include "base/Error.h"
 #include "document/TextRange.h"
-#include "workspace/mdlMain.h"
+#include "settings/GlobalConfiguration.h"
 
 #include <algorithm>
 #include <tuple>
@@ -93,7 +93,7 @@ public:
     virtual std::optional<TabBox> Box() const = 0;
     virtual std::size_t Bytes() const = 0;
     /// Exchanges the two states. Raises SubscriptError, before any change, when the document has no room for it.
-    virtual void Exchange(MainModule& main, bool undo) = 0;
+    virtual void Exchange(const UndoState& state, bool undo) = 0;
 };
 
 class UndoHistory::TypingStep : public Step {
@@ -104,9 +104,9 @@ public:
     std::string Name() const override { return "Typing"; }
     std::optional<TabBox> Box() const override { return box_; }
     std::size_t Bytes() const override { return sizeof(*this) + kBlockBytes + textBytes_; }
-    void Exchange(MainModule& main, bool) override {
-        std::swap(main.document.Field(box_.field)(box_.tab), text_);
-        GoTo({page_, static_cast<std::int16_t>(box_.tab)}, main.document);
+    void Exchange(const UndoState& state, bool) override {
+        std::swap(state.document.Field(box_.field)(box_.tab), text_);
+        GoTo({page_, static_cast<std::int16_t>(box_.tab)}, state.document);
     }
 
     /// The box's text in the document has changed again. False when it is back where it began.
@@ -123,11 +123,11 @@ private:
 };
 
 struct UndoStep::Snapshot {
-    explicit Snapshot(MainModule& main)
-        : texts{main.document.FieldA, main.document.FieldB, main.document.FieldC},
-          properties(PropertiesOf(main.document)), fonts(main.fonts), place(PlaceOf(main.document)) {
+    explicit Snapshot(const UndoState& state)
+        : texts{state.document.FieldA, state.document.FieldB, state.document.FieldC},
+          properties(PropertiesOf(state.document)), fonts(state.fonts), place(PlaceOf(state.document)) {
         for (const StoredKey& row : StoredKeys())
-            stored.push_back(ReadStored(main.settings, row));
+            stored.push_back(ReadStored(state.settings, row));
     }
 
     std::array<FieldTexts, kFieldsPerTab> texts;
@@ -139,19 +139,19 @@ struct UndoStep::Snapshot {
 
 class UndoHistory::OperationStep : public Step {
 public:
-    OperationStep(std::string name, UndoStep::Snapshot before, MainModule& main)
-        : name_(std::move(name)), before_(before.place), after_(PlaceOf(main.document)),
+    OperationStep(std::string name, UndoStep::Snapshot before, const UndoState& state)
+        : name_(std::move(name)), before_(before.place), after_(PlaceOf(state.document)),
           properties_(std::move(before.properties)), fonts_(std::move(before.fonts)) {
-        bytes_ = sizeof(*this) + kBlockBytes + HeapBytes(name_) + std::max(NameBytes(fonts_), NameBytes(main.fonts));
+        bytes_ = sizeof(*this) + kBlockBytes + HeapBytes(name_) + std::max(NameBytes(fonts_), NameBytes(state.fonts));
         for (std::size_t field = 0; field < ranges_.size(); ++field) {
-            const FieldTexts& after = main.document.Field(static_cast<int>(field));
+            const FieldTexts& after = state.document.Field(static_cast<int>(field));
             ranges_[field] = Difference(before.texts[field], after);
             bytes_ += HeapBytes(ranges_[field], after);
         }
         for (std::size_t key = 0; key < before.stored.size(); ++key)
-            KeepStored(key, std::move(before.stored[key]), ReadStored(main.settings, StoredKeys()[key]));
+            KeepStored(key, std::move(before.stored[key]), ReadStored(state.settings, StoredKeys()[key]));
         bytes_ += stored_.capacity() * sizeof(StoredText) + kBlockBytes;
-        changes_ = !stored_.empty() || fonts_ != main.fonts || properties_ != PropertiesOf(main.document) ||
+        changes_ = !stored_.empty() || fonts_ != state.fonts || properties_ != PropertiesOf(state.document) ||
                    !std::all_of(ranges_.begin(), ranges_.end(), [](const TextRange& range) { return range.Empty(); });
     }
 
@@ -160,17 +160,17 @@ public:
     std::string Name() const override { return name_; }
     std::optional<TabBox> Box() const override { return std::nullopt; }
     std::size_t Bytes() const override { return bytes_; }
-    void Exchange(MainModule& main, bool undo) override {
+    void Exchange(const UndoState& state, bool undo) override {
         for (std::size_t field = 0; field < ranges_.size(); ++field)
-            if (!ranges_[field].Fits(main.document.Field(static_cast<int>(field))))
+            if (!ranges_[field].Fits(state.document.Field(static_cast<int>(field))))
                 throw SubscriptError();
         for (std::size_t field = 0; field < ranges_.size(); ++field)
-            velmora::Exchange(ranges_[field], main.document.Field(static_cast<int>(field)));
-        Properties now = PropertiesOf(main.document);
-        PropertiesOf(main.document) = std::exchange(properties_, std::move(now));
-        GoTo(undo ? before_ : after_, main.document);
-        std::swap(fonts_, main.fonts);
-        ExchangeStored(main.settings);
+            velmora::Exchange(ranges_[field], state.document.Field(static_cast<int>(field)));
+        Properties now = PropertiesOf(state.document);
+        PropertiesOf(state.document) = std::exchange(properties_, std::move(now));
+        GoTo(undo ? before_ : after_, state.document);
+        std::swap(fonts_, state.fonts);
+        ExchangeStored(state.settings);
     }
 
 private:
@@ -203,19 +203,20 @@ private:
     bool changes_ = false;
 };
 
-UndoHistory::UndoHistory(std::size_t mostBytes) : mostBytes_(mostBytes) {}
+UndoHistory::UndoHistory() = default;
 
 UndoHistory::~UndoHistory() = default;
 
-void UndoHistory::Type(MainModule& main, TabBox box, const std::string& text) {
-    std::string& held = main.document.Field(box.field)(box.tab);
-    if (open_) { // which records this with the rest
+void UndoHistory::Type(TabDocument& document, TabBox box, const std::string& text) {
+    std::string& held = document.Field(box.field)(box.tab);
+    if (open_ || mostBytes_ == 0) { // a step that is open records this with the rest
+        document.DocChanged = document.DocChanged || held != text;
         held = text;
         return;
     }
     if (held != text) {
         if (!typing_ || typing_->Box() != box) {
-            auto step = std::make_unique<TypingStep>(main.document, box, held);
+            auto step = std::make_unique<TypingStep>(document, box, held);
             TypingStep* typing = step.get();
             Record(std::move(step));
             typing_ = typing;
@@ -228,7 +229,7 @@ void UndoHistory::Type(MainModule& main, TabBox box, const std::string& text) {
             DropNewest();
         KeepWithinBounds();
     }
-    main.document.DocChanged = saved_ != done_;
+    document.DocChanged = saved_ != done_;
 }
 
 std::string UndoHistory::UndoName() const {
@@ -239,20 +240,20 @@ std::string UndoHistory::RedoName() const {
     return CanRedo() ? steps_[done_]->Name() : std::string();
 }
 
-std::optional<TabBox> UndoHistory::Undo(MainModule& main) {
-    return CanUndo() ? Move(main, true) : std::nullopt;
+std::optional<TabBox> UndoHistory::Undo(UndoState state) {
+    return CanUndo() ? Move(state, true) : std::nullopt;
 }
 
-std::optional<TabBox> UndoHistory::Redo(MainModule& main) {
-    return CanRedo() ? Move(main, false) : std::nullopt;
+std::optional<TabBox> UndoHistory::Redo(UndoState state) {
+    return CanRedo() ? Move(state, false) : std::nullopt;
 }
 
-std::optional<TabBox> UndoHistory::Move(MainModule& main, bool undo) {
+std::optional<TabBox> UndoHistory::Move(UndoState state, bool undo) {
     typing_ = nullptr;
     Step& step = *steps_[undo ? done_ - 1 : done_];
-    step.Exchange(main, undo);
+    step.Exchange(state, undo);
     done_ = undo ? done_ - 1 : done_ + 1;
-    main.document.DocChanged = saved_ != done_;
+    state.document.DocChanged = saved_ != done_;
     return step.Box();
 }
 
@@ -309,32 +310,32 @@ void UndoHistory::KeepWithinBounds() {
         DropOldest();
 }
 
-UndoStep::UndoStep(UndoHistory* history, MainModule& main, std::string name)
-    : history_(history), main_(main), name_(std::move(name)) {
-    if (!history || history->open_)
+UndoStep::UndoStep(UndoHistory& history, UndoState state, std::string name)
+    : history_(history), state_(state), name_(std::move(name)) {
+    if (history.mostBytes_ == 0 || history.open_)
         return;
-    before_ = std::make_unique<Snapshot>(main);
-    history->open_ = this;
+    before_ = std::make_unique<Snapshot>(state);
+    history.open_ = this;
 }
 
 UndoStep::~UndoStep() {
     try {
         Commit();
     } catch (...) { // out of memory: the steps do not lead to this document any more
-        history_->Forget();
+        history_.Forget();
     }
 }
 
 void UndoStep::Commit() {
-    if (!history_ || history_->open_ != this)
+    if (history_.open_ != this)
         return;
-    history_->open_ = nullptr;
-    auto step = std::make_unique<UndoHistory::OperationStep>(std::move(name_), std::move(*before_), main_);
+    history_.open_ = nullptr;
+    auto step = std::make_unique<UndoHistory::OperationStep>(std::move(name_), std::move(*before_), state_);
     before_.reset();
     if (!step->Changes())
         return;
-    history_->Record(std::move(step));
-    main_.document.DocChanged = true;
+    history_.Record(std::move(step));
+    state_.document.DocChanged = true;
 }
 
 } // namespace velmora

@@ -2,7 +2,9 @@
 // change in a document of thousands of tabs costs what it touched.
 #pragma once
 
+#include "document/FontSettings.h"
 #include "document/TabDocument.h"
+#include "settings/mdlSettings.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,7 +16,13 @@
 namespace velmora {
 
 class UndoStep;
-struct MainModule;
+
+/// What steps record and restore.
+struct UndoState {
+    TabDocument& document;
+    FontSettings& fonts;
+    SettingsStore& settings; ///< of which those that a document carries
+};
 
 /// Steps in the order they were made, those taken back last. Every change of the document goes through Type or an
 /// UndoStep, or ends in Clear: then `DocChanged` is true exactly while the document is not the one that was saved.
@@ -23,17 +31,19 @@ class UndoHistory {
 public:
     static constexpr std::size_t kMostBytes = std::size_t{64} * 1024 * 1024;
 
-    UndoHistory() : UndoHistory(kMostBytes) {}
-    /// Beyond `mostBytes` the oldest steps are dropped; the newest stays whatever its size.
-    explicit UndoHistory(std::size_t mostBytes);
+    /// Keeps no steps: nothing can be undone, and no operation costs more for it.
+    UndoHistory();
     ~UndoHistory();
     UndoHistory(const UndoHistory&) = delete;
     UndoHistory& operator=(const UndoHistory&) = delete;
 
+    /// From now on. Beyond `mostBytes` the oldest steps are dropped; the newest stays whatever its size.
+    void KeepSteps(std::size_t mostBytes = kMostBytes) { mostBytes_ = mostBytes; }
+
     /// A box of the page shown was typed in: puts its text into the document and sets `DocChanged`. Further typing in
     /// the same box belongs to the same step, until something else happens; typed back to where it began, the step is
     /// gone. Raises SubscriptError, with nothing changed, for a tab outside the document.
-    void Type(MainModule& main, TabBox box, const std::string& text);
+    void Type(TabDocument& document, TabBox box, const std::string& text);
 
     bool CanUndo() const { return done_ > 0; }
     bool CanRedo() const { return done_ < steps_.size(); }
@@ -43,11 +53,11 @@ public:
 
     /// Document, fonts and settings as they were before the step, and `CurrentPage` where it was made; nothing when
     /// there is no step. Gives the box when the step was typing. The editor's page must be in the document before
-    /// (SaveLabel) and be shown anew after. Raises SubscriptError, with nothing changed, for a document that was
+    /// (TakePageBack) and be shown anew after. Raises SubscriptError, with nothing changed, for a document that was
     /// changed without the history.
-    std::optional<TabBox> Undo(MainModule& main);
+    std::optional<TabBox> Undo(UndoState state);
     /// The same, as it was after the step.
-    std::optional<TabBox> Redo(MainModule& main);
+    std::optional<TabBox> Redo(UndoState state);
 
     /// The document as it is now is the saved one.
     void MarkSaved();
@@ -69,9 +79,9 @@ private:
     void DropOldest();
     void KeepWithinBounds();
     void Forget();
-    std::optional<TabBox> Move(MainModule& main, bool undo);
+    std::optional<TabBox> Move(UndoState state, bool undo);
 
-    std::size_t mostBytes_;
+    std::size_t mostBytes_ = 0; ///< 0: keeps no steps
     std::size_t bytes_ = 0;
     std::deque<std::unique_ptr<Step>> steps_;
     std::size_t done_ = 0;                 ///< steps not taken back
@@ -85,9 +95,8 @@ private:
 /// history it does nothing: the outer one records.
 class UndoStep {
 public:
-    /// `name` as it follows "Undo" in the menu. What was typed last must be in the document (SaveLabel). Without a
-    /// history nothing is recorded.
-    UndoStep(UndoHistory* history, MainModule& main, std::string name);
+    /// `name` as it follows "Undo" in the menu. What was typed last must be in the document (TakePageBack).
+    UndoStep(UndoHistory& history, UndoState state, std::string name);
     /// Commits, also what an error cut short: the steps before fit only a document whose every change is recorded.
     ~UndoStep();
     UndoStep(const UndoStep&) = delete;
@@ -100,8 +109,8 @@ private:
     friend class UndoHistory;
     struct Snapshot;
 
-    UndoHistory* history_;
-    MainModule& main_;
+    UndoHistory& history_;
+    UndoState state_;
     std::string name_;
     std::unique_ptr<Snapshot> before_;
 };

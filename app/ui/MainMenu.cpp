@@ -12,6 +12,7 @@
 #include "print/PrintReport.h"
 #include "widgets/HelpRequest.h"
 #include "wizard/ui/frmAutoRepWiz.h"
+#include "workspace/Globals.h"
 #include "workspace/Pages.h"
 #include "workspace/PasteBlock.h"
 #include "workspace/SaveDocument.h"

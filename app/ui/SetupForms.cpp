@@ -5,6 +5,7 @@
 #include "setup/ui/frmFix3.h"
 #include "setup/ui/frmPageSetUp.h"
 #include "workspace/Dialogs.h"
+#include "workspace/Globals.h"
 
 #include <QApplication>
 

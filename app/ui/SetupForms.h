@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Program.h"
+#include "workspace/Globals.h"
 
 class QWidget;
 

@@ -3,6 +3,7 @@
 #include "app/Options.h"
 #include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
+#include "workspace/DocumentStatus.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

@@ -7,7 +7,10 @@
 #include "widgets/FormPlace.h"
 #include "widgets/LineIcon.h"
 #include "workspace/Dialogs.h"
+#include "workspace/DocumentStatus.h"
+#include "workspace/Globals.h"
 #include "workspace/RecentFiles.h"
+#include "workspace/Recovery.h"
 
 #include <QAction>
 #include <QApplication>
@@ -73,8 +76,8 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     WatchEditMenu(findChild<QMenu*>("mnuEdit"));
     resize(kFirstSize);
     RestorePlace(*this, program_.main.settings, kPositionKey);
-    program_.main.status = this;
-    program_.main.dialogs = &importForms_;
+    program_.main.status.Take(*this);
+    program_.main.dialogs.Take(importForms_);
     // Deliberate: the stored page count starts empty with every run.
     Write(program_.main.settings, kNoOfPages, "");
     ApplyTabType(program_.main);
@@ -87,8 +90,8 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
 mdiVelmora::~mdiVelmora() {
     program_.print.viewer = nullptr;
     delete grid_; // before the panels that it writes to
-    program_.main.status = nullptr;
-    program_.main.dialogs = nullptr;
+    program_.main.status.Leave();
+    program_.main.dialogs.Leave();
 }
 
 void mdiVelmora::BuildMenus() {
@@ -134,7 +137,7 @@ void mdiVelmora::AddRecovered(QMenu* menu) {
     menu->insertMenu(menu->actions().at(menu->actions().indexOf(exit) - 1), recovered);
     connect(menu, &QMenu::aboutToShow, this, [this, recovered] {
         recovered->clear();
-        for (const RecoveredDocument& document : program_.recovery->List())
+        for (const RecoveredDocument& document : program_.main.recovery.List())
             recovered->addAction(Numbered(*recovered, LocalTime(document.Time) + "   " + document.Name() + "   (" +
                                                           std::to_string(document.TabsFilled) + " tabs)"),
                                  this, [this, document] { Restore(document); });
@@ -166,12 +169,12 @@ void mdiVelmora::WatchEditMenu(QMenu* menu) {
 
 /// Unsaved work is on disk some seconds after it was typed, and its copy goes when nothing is unsaved any more.
 void mdiVelmora::KeepSoon() {
-    if (program_.main.openTransactions > 0 || keepTimer_.isActive())
+    if (program_.main.recovery.IsPaused() || keepTimer_.isActive())
         return;
     if (program_.main.document.DocChanged)
         keepTimer_.start(kKeepAfterMs);
-    else if (program_.recovery)
-        program_.recovery->Drop();
+    else
+        program_.main.recovery.Drop();
 }
 
 /// No error leaves a command: what a procedure has not trapped itself is reported here.
@@ -212,7 +215,7 @@ void mdiVelmora::BuildToolBar() {
 
 /// "Undo Typing": the menu names what would be taken back.
 void mdiVelmora::ShowHistory() {
-    const UndoHistory& history = program_.history;
+    const UndoHistory& history = program_.main.history;
     const auto show = [&](const char* item, const QString& word, bool enabled, const std::string& step) {
         auto* action = findChild<QAction*>(item);
         action->setText(enabled ? word + " " + QString::fromStdString(step) : word);

@@ -1,6 +1,7 @@
 #include "editor/ui/frmGrid2a4.h"
 
 #include "widgets/Controls.h"
+#include "workspace/DocumentStatus.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -108,11 +109,11 @@ frmGrid2a4::frmGrid2a4(MainModule& main, QWidget* parent)
     scrollBar->setObjectName("FlatScrollBar1");
     setVerticalScrollBar(scrollBar);
     setWidget(sheet_);
-    main_.editor = this;
+    main_.editor.Take(*this);
 }
 
 frmGrid2a4::~frmGrid2a4() {
-    main_.editor = nullptr;
+    main_.editor.Leave();
 }
 
 void frmGrid2a4::TakeDown() {

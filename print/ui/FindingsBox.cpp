@@ -72,7 +72,7 @@ void FindingsBox::ShowFindings() {
     lstFindings_->setVisible(count > 0);
     cmdEditTab_->setVisible(count > 0);
     lblChecking_->setVisible(checking);
-    cmdEditTab_->setEnabled(ChosenText() && run_.Main().editor);
+    cmdEditTab_->setEnabled(ChosenText() != nullptr);
 }
 
 /// Nothing while no finding on a text is chosen.
@@ -89,7 +89,7 @@ void FindingsBox::Choose() {
 
 /// The button is still enabled for a moment when a new check has emptied the list.
 void FindingsBox::Edit() {
-    if (const PrintFinding* finding = ChosenText(); finding && run_.Main().editor)
+    if (const PrintFinding* finding = ChosenText())
         emit EditAsked(finding->box);
 }
 

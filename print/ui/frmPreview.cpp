@@ -282,7 +282,7 @@ void frmPreview::ShowFinding(const PrintFinding& finding) {
 void PreviewViewer::ShowReport(PrintRun& run) {
     frmPreview form(run, &owner_);
     form.exec();
-    if (form.Wanted() && run.Main().editor)
+    if (form.Wanted())
         run.Main().editor->ShowText(*form.Wanted(), 0, std::string::npos);
 }
 

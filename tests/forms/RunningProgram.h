@@ -29,12 +29,7 @@ public:
     /// `printers` null: the built-in ones.
     explicit RunningProgram(PrintSystem* printers = nullptr)
         : test([](const std::string& text) { qFatal("%s", text.c_str()); }),
-          program{{test.settings, test.ui, printers ? *printers : test.printers, test.workbooks, {}, {}, {}},
-                  {},
-                  fonts,
-                  {},
-                  {},
-                  {}} {
+          program{{test.settings, test.ui, printers ? *printers : test.printers, test.workbooks}, {}, fonts, {}} {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
         test.Store("Settings", "Start with setup", "False");

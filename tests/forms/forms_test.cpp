@@ -318,3 +318,4 @@ private slots:
 
 QTEST_MAIN(FormsTest)
 #include "forms_test.moc"
+#include "workspace/TakePageBack.h"

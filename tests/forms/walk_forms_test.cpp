@@ -131,7 +131,7 @@ public:
 private:
     MainModule& Main() { return running_->program.main; }
     TabDocument& Document() { return Main().document; }
-    UndoHistory& History() { return running_->program.history; }
+    UndoHistory& History() { return running_->program.main.history; }
 
     void Start() {
         trail_.Note("\nstart");
@@ -406,3 +406,5 @@ private slots:
 
 QTEST_MAIN(WalkFormsTest)
 #include "walk_forms_test.moc"
+#include "workspace/DocumentStatus.h"
+#include "workspace/TakePageBack.h"

@@ -181,7 +181,7 @@ private slots:
             run.Frame()->close();
             QCOMPARE(run.Page(), std::string("closed"));
             QVERIFY(run.test.Stored("Form Position", row.positionKey).find(',') != std::string::npos);
-            QVERIFY(!run.program.main.document.DocChanged && !run.program.history.CanUndo());
+            QVERIFY(!run.program.main.document.DocChanged && !run.program.main.history.CanUndo());
             if (row.previous.empty())
                 continue;
             row.way(run);

@@ -1,6 +1,8 @@
 // Documents that tests begin with.
 #pragma once
 
+#include "workspace/Globals.h"
+#include "workspace/ReplaceDocument.h"
 #include "workspace/mdlMain.h"
 
 #include <functional>

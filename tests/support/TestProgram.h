@@ -30,7 +30,7 @@ struct TestProgram {
     BuiltInPrinters printers;
     LibraryWorkbooks workbooks;
     SettingsStore settings{registry, ui};
-    MainModule main{settings, ui, printers, workbooks, {}, {}, {}};
+    MainModule main{settings, ui, printers, workbooks};
 };
 
 } // namespace velmora

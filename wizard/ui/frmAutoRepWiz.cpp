@@ -4,6 +4,8 @@
 #include "wizard/ui/ChoicePages.h"
 #include "wizard/ui/ValuePages.h"
 #include "wizard/ui/frmAutoRepWiz7.h"
+#include "workspace/DocumentStatus.h"
+#include "workspace/TakePageBack.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -44,7 +46,7 @@ std::unique_ptr<WizardForm> MakePage(frmAutoRepWiz& wizard, WizardPage page) {
 
 frmAutoRepWiz::frmAutoRepWiz(MainModule& main, const FontCatalogue& fonts, Start start, QWidget* parent)
     : WizardFrame(main, tr("Auto Repeat Wizard ..."), parent), fonts_(fonts), start_(start) {
-    SaveLabel(main, main.document.CurrentPage, main.document.setup.TabsPerPage);
+    TakePageBack(main);
     Go(start == Start::Fonts ? WizardPage::Fonts : WizardPage::Introduction);
     // The caption tells of a changed document, and the commands behind it follow.
     connect(this, &QDialog::finished, this, [this] { ShowCaption(Main()); });

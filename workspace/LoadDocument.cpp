@@ -1,0 +1,42 @@
+#include "workspace/LoadDocument.h"
+
+#include "workspace/Dialogs.h"
+
+namespace velmora {
+namespace {
+
+/// `Source` is a TabFile or a Worksheet.
+template <typename Source> LoadOutcome Load(MainModule& main, const Source& source) {
+    TabDocument& document = main.document;
+    LoadData(source, main.settings);
+    if (LoadGlobals(main) == LoadOutcome::NoPrinter)
+        return LoadOutcome::NoPrinter;
+    SetLayoutFromType(document.setup);
+    SetFieldLimits(document.setup);
+    SetTabsPerPage(document.setup);
+    {
+        const auto progress = main.ui.StartProgress("Calculating the number of labels.  Please standby...", 1);
+        document.TabCount = GetNumberOfLables(source, source.header ? -kHeaderLines : 0, document, main.settings);
+    }
+    document.CurrentPage = 1;
+    document.CurrentTab = 0;
+    if (document.TabCount > 0)
+        LoadRows(source, document, main.ui);
+    else
+        Tell(main, "There are no information to import.");
+    document.FileEncoding = source.encoding;
+    ApplyTabType(main);
+    return LoadOutcome::Loaded;
+}
+
+} // namespace
+
+LoadOutcome LoadDocument(MainModule& main, const TabFile& file) {
+    return Load(main, file);
+}
+
+LoadOutcome LoadDocument(MainModule& main, const Worksheet& sheet) {
+    return Load(main, sheet);
+}
+
+} // namespace velmora

@@ -1,0 +1,274 @@
+#include "workspace/RecoveryStore.h"
+
+#include "base/AtomicFile.h"
+#include "workspace/RecoveryCopy.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <fcntl.h>
+#include <random>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kExtension = ".recovery";
+constexpr std::string_view kLock = ".lock";
+constexpr std::string_view kLivePrefix = "Open-";
+constexpr std::string_view kArchivePrefix = "Kept-";
+
+/// Nothing for a file that can't be read. A pipe would never end, and a large file of somebody else's is not read
+/// whole.
+std::optional<std::string> ReadCopy(const fs::path& file) {
+    try {
+        std::error_code error;
+        if (fs::is_regular_file(file, error) && ReadFile(file, kRecoveryMark.size()) == kRecoveryMark)
+            return ReadFile(file);
+    } catch (const FileAccessError&) {} // gone, or protected
+    return std::nullopt;
+}
+
+std::optional<RecoveredDocument> Describe(const fs::path& file) {
+    const auto bytes = ReadCopy(file);
+    const auto copy = bytes ? ParseRecoveryCopy(*bytes) : std::nullopt;
+    if (!copy)
+        return std::nullopt;
+    return RecoveredDocument{file, copy->path, copy->time, TabsFilled(*copy), false, copy->contentSum};
+}
+
+bool IsCopy(const fs::path& file, std::string_view prefix) {
+    return file.extension() == kExtension && file.filename().string().starts_with(prefix);
+}
+
+/// The files in the folder with this beginning and our extension.
+std::vector<fs::path> FilesNamed(const fs::path& folder, std::string_view prefix) {
+    std::vector<fs::path> files;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+        if (IsCopy(entry->path(), prefix))
+            files.push_back(entry->path());
+    return files;
+}
+
+/// The number in "Kept-number-..."; archived copies are numbered as they come, because a clock may be set back.
+std::uint32_t ArchiveNumber(const fs::path& file) {
+    const std::string name = file.filename().string().substr(kArchivePrefix.size());
+    std::uint32_t number = 0;
+    std::from_chars(name.data(), name.data() + name.size(), number);
+    return number;
+}
+
+std::string RandomName() {
+    std::random_device random;
+    return std::to_string((std::uint64_t{random()} << 32) | random());
+}
+
+fs::path LockOf(const fs::path& file) {
+    return fs::path(file) += kLock;
+}
+
+/// A program makes its lock before its file, so a file without one has nobody. A lock that can't be tried is taken for
+/// held.
+bool IsInUse(const fs::path& file) {
+    const int lock = ::open(LockOf(file).c_str(), O_RDONLY | O_CLOEXEC);
+    if (lock < 0)
+        return errno != ENOENT;
+    const bool isFree = ::flock(lock, LOCK_SH | LOCK_NB) == 0;
+    ::close(lock);
+    return !isFree;
+}
+
+} // namespace
+
+/// This copy's file and the lock beside it, which the system frees when the program ends in any way.
+class RecoveryStore::LiveFile {
+public:
+    explicit LiveFile(const fs::path& folder)
+        : path_(folder / (std::string(kLivePrefix) + RandomName() + std::string(kExtension))), lockPath_(LockOf(path_)),
+          lock_(::open(lockPath_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600)) {
+        if (lock_ >= 0 && ::flock(lock_, LOCK_EX | LOCK_NB) == 0)
+            return;
+        const int cause = errno;
+        if (lock_ >= 0) {
+            ::unlink(lockPath_.c_str());
+            ::close(lock_);
+        }
+        throw FileAccessError(lockPath_, cause);
+    }
+    ~LiveFile() { ::close(lock_); }
+    LiveFile(const LiveFile&) = delete;
+    LiveFile& operator=(const LiveFile&) = delete;
+
+    const fs::path& Path() const { return path_; }
+    const fs::path& Lock() const { return lockPath_; }
+
+private:
+    fs::path path_;
+    fs::path lockPath_;
+    int lock_;
+};
+
+std::string RecoveredDocument::Name() const {
+    return DocFileName.empty() ? "Untitled" : DocFileName.filename().string();
+}
+
+RecoveryStore::RecoveryStore() = default;
+
+RecoveryStore::~RecoveryStore() = default;
+
+void RecoveryStore::Open(fs::path folder, Clock clock) {
+    folder_ = std::move(folder);
+    clock_ = std::move(clock);
+}
+
+void RecoveryStore::Keep(const TabDocument& document, SettingsStore& settings) {
+    if (folder_.empty())
+        return;
+    if (document.DocChanged)
+        BringUpToDate(document, settings);
+    else
+        Drop();
+    failureNoted_ = false;
+}
+
+void RecoveryStore::BringUpToDate(const TabDocument& document, SettingsStore& settings) {
+    const std::string content = RecoveryContent(document, settings);
+    const std::uint64_t sum = ContentSum(content);
+    std::error_code error;
+    if (live_ && sum == liveSum_ && fs::exists(live_->Path(), error))
+        return;
+    MakeFolder();
+    if (live_ && !fs::exists(live_->Lock(), error)) // somebody emptied the folder
+        Drop();
+    const bool isNew = !live_;
+    if (isNew)
+        live_ = std::make_unique<LiveFile>(folder_);
+    try {
+        Write(live_->Path(), document.CurrentPage, content);
+    } catch (const Error&) {
+        if (isNew)
+            Drop();
+        throw;
+    }
+    liveSum_ = sum;
+}
+
+void RecoveryStore::Drop() noexcept {
+    if (!live_)
+        return;
+    // The file first: without its lock it would be taken for one left behind.
+    if (::unlink(live_->Path().c_str()) == 0 || errno == ENOENT)
+        ::unlink(live_->Lock().c_str());
+    live_.reset();
+}
+
+std::optional<fs::path> RecoveryStore::Archive(const TabDocument& document, SettingsStore& settings) {
+    if (folder_.empty() || !document.DocChanged)
+        return std::nullopt;
+    const std::string content = RecoveryContent(document, settings);
+    const std::uint64_t sum = ContentSum(content);
+    // Before the new one comes: it may be taken back, and then none must be missing.
+    const auto archived = Prune();
+    const fs::path file = NextArchiveName(archived);
+    const auto same = std::find_if(archived.begin(), archived.end(),
+                                   [&](const RecoveredDocument& other) { return other.ContentSum == sum; });
+    std::error_code error;
+    if (same != archived.end())
+        fs::rename(same->File, file, error);
+    if (same != archived.end() && !error)
+        return std::nullopt;
+    MakeFolder();
+    Write(file, document.CurrentPage, content);
+    return file;
+}
+
+std::vector<RecoveredDocument> RecoveryStore::List() const {
+    std::vector<RecoveredDocument> documents = Archived();
+    documents.resize(std::min(documents.size(), kArchivedDocuments));
+    std::vector<RecoveredDocument> left = LeftBehind();
+    documents.insert(documents.end(), left.begin(), left.end());
+    std::stable_sort(documents.begin(), documents.end(),
+                     [](const RecoveredDocument& a, const RecoveredDocument& b) { return a.Time > b.Time; });
+    return documents;
+}
+
+void RecoveryStore::Settle(const RecoveredDocument& document) {
+    if (!IsCopy(document.File, kLivePrefix) || IsInUse(document.File))
+        return;
+    std::error_code error;
+    fs::rename(document.File, NextArchiveName(Prune()), error);
+    if (!error)
+        fs::remove(LockOf(document.File), error);
+}
+
+std::optional<std::string> RecoveryStore::Read(const RecoveredDocument& document) const {
+    return ReadCopy(document.File);
+}
+
+void RecoveryStore::Forget(const fs::path& file) {
+    const bool isLive = IsCopy(file, kLivePrefix);
+    std::error_code error;
+    if (isLive ? !IsInUse(file) : IsCopy(file, kArchivePrefix))
+        fs::remove(file, error);
+    if (isLive && !fs::exists(file, error))
+        fs::remove(LockOf(file), error);
+}
+
+/// All archived, the last one first.
+std::vector<RecoveredDocument> RecoveryStore::Archived() const {
+    std::vector<fs::path> files = FilesNamed(folder_, kArchivePrefix);
+    std::sort(files.begin(), files.end(),
+              [](const fs::path& a, const fs::path& b) { return ArchiveNumber(a) > ArchiveNumber(b); });
+    std::vector<RecoveredDocument> documents;
+    for (const fs::path& file : files)
+        if (auto document = Describe(file))
+            documents.push_back(*std::move(document));
+    return documents;
+}
+
+std::vector<RecoveredDocument> RecoveryStore::LeftBehind() const {
+    std::vector<RecoveredDocument> documents;
+    for (const fs::path& file : FilesNamed(folder_, kLivePrefix)) {
+        auto document = IsInUse(file) ? std::nullopt : Describe(file);
+        if (!document)
+            continue;
+        document->LeftBehind = true;
+        documents.push_back(*std::move(document));
+    }
+    return documents;
+}
+
+/// Leaves the last ten.
+std::vector<RecoveredDocument> RecoveryStore::Prune() {
+    std::vector<RecoveredDocument> archived = Archived();
+    for (; archived.size() > kArchivedDocuments; archived.pop_back())
+        Forget(archived.back().File);
+    return archived;
+}
+
+fs::path RecoveryStore::NextArchiveName(const std::vector<RecoveredDocument>& archived) const {
+    const std::uint32_t number = archived.empty() ? 1 : ArchiveNumber(archived.front().File) + 1;
+    return folder_ /
+           (std::string(kArchivePrefix) + std::to_string(number) + "-" + RandomName() + std::string(kExtension));
+}
+
+void RecoveryStore::Write(const fs::path& file, std::int16_t page, const std::string& content) {
+    AtomicFile target(file);
+    target.Write(RecoveryHead(clock_(), page, ContentSum(content)));
+    target.Write(content);
+    target.Commit();
+}
+
+void RecoveryStore::MakeFolder() const {
+    std::error_code error;
+    if (fs::create_directories(folder_, error))
+        fs::permissions(folder_, fs::perms::owner_all, error); // documents may come from folders that others can't read
+    else if (error)
+        throw FileAccessError(folder_, error.value());
+}
+
+} // namespace velmora
