@@ -43,6 +43,7 @@ avahi-daemon        PATH=$PATH:/usr/sbin command -v avahi-daemon
 LINT_PACKAGES='
 clang-tidy          command -v clang-tidy
 cppcheck            command -v cppcheck
+python3             command -v python3
 '
 
 # For ./test --coverage.
