@@ -20,8 +20,6 @@
 
 namespace velmora {
 
-enum ExitCode { kDone = 0, kFailed = 1, kWrongUsage = 2 };
-
 /// Wrong use of the command line, found after it was parsed.
 class UsageError : public Error {
 public:

@@ -1,10 +1,9 @@
+// Reading the parser's header takes longer than all else here: no header that changes often stands beside it.
 #include "batch/CommandLine.h"
 
 #include "base/Version.h"
-#include "batch/BatchProgram.h"
 #include "batch/Commands.h"
 #include "document/Stationery.h"
-#include "wizard/WizardState.h"
 
 #include <CLI/CLI.hpp>
 
@@ -95,7 +94,7 @@ void AddFill(CLI::App& app, Request& request) {
     command->add_option("FILE", fill.file, "Tab file, - for standard input")->required()->check(kNotEmpty);
     command->add_option("--start", fill.start, "First tab to fill; one behind the last appends")
         ->check(CLI::Range(1, 32767));
-    command->add_option("--count", fill.count, "Tabs to fill")->required()->check(CLI::Range(1, kMostNewTabs));
+    command->add_option("--count", fill.count, "Tabs to fill")->required()->check(CLI::Range(1, kMostTabsToFill));
     command
         ->add_option("--field", fill.fields,
                      "A field and its values, once per field:\n"

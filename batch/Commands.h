@@ -7,6 +7,8 @@
 
 namespace velmora {
 
+enum ExitCode { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+
 struct InfoArguments {
     std::string file;
     bool tabs = false;
@@ -58,6 +60,7 @@ struct FillArguments {
     std::vector<std::string> fields; ///< such as "A=number,first=7,width=3,before=No."
     std::string output;
 };
+extern const int kMostTabsToFill;
 int RunFill(const FillArguments& arguments);
 
 /// One line per problem on standard output; kFailed when there is any.

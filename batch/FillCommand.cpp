@@ -66,6 +66,8 @@ void Append(BatchProgram& program, const WizardState& wizard) {
 
 } // namespace
 
+const int kMostTabsToFill = kMostNewTabs;
+
 int RunFill(const FillArguments& arguments) {
     const std::vector<FieldOption> options = ParseFields(arguments.fields);
     BatchProgram program;

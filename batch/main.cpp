@@ -2,6 +2,7 @@
 
 #include "batch/BatchProgram.h"
 #include "batch/CommandLine.h"
+#include "batch/Commands.h"
 
 #include <iostream>
 
