@@ -3,7 +3,9 @@
 #include "base/Error.h"
 
 #include <algorithm>
+#include <fribidi.h>
 #include <limits>
+#include <new>
 #include <optional>
 #include <span>
 
@@ -68,74 +70,26 @@ bool SameTypeface(const Typeface& a, const Typeface& b) {
     return a.face == b.face && a.embolden == b.embolden && a.slant == b.slant;
 }
 
-/// How a character takes part in the order of a line: a plain form of the Unicode bidirectional algorithm,
-/// without embeddings.
-enum class Direction { Neutral, LeftToRight, RightToLeft, Number };
-
-Direction DirectionOf(char32_t character) {
-    if (Category(character) == HB_UNICODE_GENERAL_CATEGORY_DECIMAL_NUMBER)
-        return Direction::Number;
-    const hb_script_t script = hb_unicode_script(hb_unicode_funcs_get_default(), character);
-    if (script == HB_SCRIPT_COMMON || script == HB_SCRIPT_INHERITED || script == HB_SCRIPT_UNKNOWN)
-        return Direction::Neutral;
-    return hb_script_get_horizontal_direction(script) == HB_DIRECTION_RTL ? Direction::RightToLeft
-                                                                          : Direction::LeftToRight;
+bool MayRunToTheLeft(char32_t character) {
+    constexpr FriBidiCharType kAny = FRIBIDI_MASK_RTL | FRIBIDI_MASK_ARABIC; // Arabic: its digits too
+    return !IsPlain(character) && (fribidi_get_bidi_type(character) & kAny) != 0;
 }
 
-/// A line reads in the direction of its first letter.
-Direction LineDirection(const std::vector<Direction>& directions) {
-    for (const Direction direction : directions)
-        if (direction == Direction::LeftToRight || direction == Direction::RightToLeft)
-            return direction;
-    return Direction::LeftToRight;
-}
-
-/// A separator between two digits belongs to the number; a number after a letter that runs to the right runs
-/// with it.
-void ResolveNumbers(std::vector<Direction>& directions, std::u32string_view characters, Direction line) {
-    constexpr std::u32string_view kSeparators = U"+-,./:";
-    for (std::size_t i = 1; i + 1 < directions.size(); ++i)
-        if (directions[i - 1] == Direction::Number && directions[i + 1] == Direction::Number &&
-            kSeparators.find(characters[i]) != std::u32string_view::npos)
-            directions[i] = Direction::Number;
-    Direction letters = line;
-    for (Direction& direction : directions) {
-        if (direction == Direction::Number && letters == Direction::LeftToRight)
-            direction = Direction::LeftToRight;
-        else if (direction == Direction::LeftToRight || direction == Direction::RightToLeft)
-            letters = direction;
-    }
-}
-
-/// What has no direction of its own joins its neighbours where both agree, else the line.
-void ResolveNeutrals(std::vector<Direction>& directions, Direction line) {
-    const auto asLetter = [](Direction d) { return d == Direction::Number ? Direction::RightToLeft : d; };
-    Direction before = line;
-    for (auto i = directions.begin(); i != directions.end();) {
-        const auto end = std::find_if(i, directions.end(), [](Direction d) { return d != Direction::Neutral; });
-        const Direction after = end == directions.end() ? line : asLetter(*end);
-        std::fill(i, end, before == after ? before : line);
-        if (end == directions.end())
-            return;
-        before = after;
-        i = end + 1;
-    }
-}
-
-/// The nesting level of each character: odd ones run to the left.
-std::vector<std::uint8_t> Levels(std::u32string_view characters) {
-    std::vector<std::uint8_t> levels(characters.size(), 0);
-    if (std::all_of(characters.begin(), characters.end(), IsPlain))
+/// The nesting level of each character by the Unicode bidirectional algorithm: odd ones run to the left. A line reads
+/// in the direction of its first letter.
+std::vector<FriBidiLevel> Levels(std::u32string_view characters) {
+    std::vector<FriBidiLevel> levels(characters.size(), 0);
+    if (std::none_of(characters.begin(), characters.end(), MayRunToTheLeft))
         return levels;
-    std::vector<Direction> directions(characters.size());
-    std::transform(characters.begin(), characters.end(), directions.begin(), DirectionOf);
-    const Direction line = LineDirection(directions);
-    ResolveNumbers(directions, characters, line);
-    ResolveNeutrals(directions, line);
-    const std::uint8_t toTheRight = line == Direction::RightToLeft ? 2 : 0;
-    std::transform(directions.begin(), directions.end(), levels.begin(), [&](Direction direction) -> std::uint8_t {
-        return direction == Direction::RightToLeft ? 1 : direction == Direction::Number ? 2 : toTheRight;
-    });
+    const std::vector<FriBidiChar> text(characters.begin(), characters.end());
+    const auto length = static_cast<FriBidiStrIndex>(text.size());
+    std::vector<FriBidiCharType> types(text.size());
+    std::vector<FriBidiBracketType> brackets(text.size());
+    fribidi_get_bidi_types(text.data(), length, types.data());
+    fribidi_get_bracket_types(text.data(), length, types.data(), brackets.data());
+    FriBidiParType line = FRIBIDI_PAR_ON;
+    if (fribidi_get_par_embedding_levels_ex(types.data(), brackets.data(), length, &line, levels.data()) == 0)
+        throw std::bad_alloc();
     return levels;
 }
 
@@ -330,7 +284,7 @@ TextShaper::Pieces TextShaper::Itemize(FieldState& state, const std::u32string& 
     const auto isSimple = [&](char32_t character) { return IsPlain(character) && HasPlainGlyph(state, character); };
     if (!characters.empty() && std::all_of(characters.begin(), characters.end(), isSimple))
         return {{0, characters.size(), &state.typeface, 0}};
-    const std::vector<std::uint8_t> levels = Levels(characters);
+    const std::vector<FriBidiLevel> levels = Levels(characters);
     Pieces pieces;
     for (std::size_t begin = 0; begin < characters.size();) {
         const std::size_t end = ClusterEnd(characters, begin);

@@ -11,6 +11,7 @@ qt6-base-dev        has_pkg Qt6Widgets
 qt6-base-dev-tools  test -n "$(find /usr/lib /usr/lib64 -path "*qt6/libexec/rcc" -print -quit 2>/dev/null)"
 qt6-svg-dev         has_pkg Qt6Svg
 libharfbuzz-dev     has_pkg harfbuzz-subset
+libfribidi-dev      has_pkg fribidi
 libfontconfig-dev   has_pkg fontconfig
 zlib1g-dev          has_pkg zlib
 libexpat1-dev       has_pkg expat

@@ -136,6 +136,13 @@ TEST(TextShaper, RunsStandInTheOrderOfTheEye) {
         {"ab אב 12 cd", U"ab 12 בא cd"}, // a number among letters that run to the left is part of them
         {"12-34 אב", U"בא 12-34"},
         {"אב (1/2), c", U"c ,(1/2) בא"},
+        {"שעה 12:30 תיק", U"קית 12:30 העש"},
+        {"Tab (שלום) 5", U"Tab (םולש) 5"},   // a pair of brackets goes with what surrounds it
+        {"חשבון (abc) 2", U"2 (abc) ןובשח"}, // and so does its other half
+        {"100% הנחה", U"החנה 100%"},         // a sign beside a number belongs to it
+        {"₪50 מחיר", U"ריחמ ₪50"},
+        {"מחיר 50₪", U"50₪ ריחמ"},
+        {"١٢ ٣٤", U"٣٤ ١٢"}, // Arabic numbers run to the right, but follow each other to the left
     };
     for (const auto& [text, expected] : cases) {
         const ShapedText& shaped = shaper.Shape(text, 0);
