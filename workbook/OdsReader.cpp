@@ -1,5 +1,6 @@
 // .ods: one XML part holds all sheets, and each cell the very text that a person sees.
 #include "base/Text.h"
+#include "workbook/WorkbookFormats.h"
 #include "workbook/WorkbookParts.h"
 #include "workbook/XmlPart.h"
 

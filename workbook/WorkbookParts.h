@@ -2,9 +2,6 @@
 #pragma once
 
 #include "workbook/SpreadsheetApplication.h"
-#include "workbook/ZipFile.h"
-
-#include <optional>
 
 namespace velmora {
 
@@ -35,11 +32,5 @@ private:
 std::uint64_t LittleEndian(std::string_view bytes, std::size_t at, int count);
 void AppendLittleEndian(std::string& bytes, std::uint64_t value, int count);
 [[noreturn]] void RaiseDamaged();
-
-std::unique_ptr<Workbook> OpenXlsx(ZipFile zip);
-std::unique_ptr<Workbook> OpenOds(ZipFile zip);
-std::unique_ptr<Workbook> OpenXls(std::string_view bytes);
-std::string WriteXls(const std::string& sheetName, const SheetRowSource& rows);
-std::string WriteXlsx(const std::string& sheetName, const SheetRowSource& rows);
 
 } // namespace velmora

@@ -6,6 +6,7 @@
 #include "workbook/BiffRecords.h"
 #include "workbook/NumberFormat.h"
 #include "workbook/OleFile.h"
+#include "workbook/WorkbookFormats.h"
 #include "workbook/WorkbookParts.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "workbook/BiffRecords.h"
 #include "workbook/OleFile.h"
+#include "workbook/WorkbookFormats.h"
 #include "workbook/WorkbookParts.h"
 
 #include <algorithm>

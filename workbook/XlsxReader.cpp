@@ -1,6 +1,7 @@
 // .xlsx: a zip of XML parts that point at one another. Rows are handed on as they are read.
 #include "base/Text.h"
 #include "workbook/NumberFormat.h"
+#include "workbook/WorkbookFormats.h"
 #include "workbook/WorkbookParts.h"
 #include "workbook/XmlPart.h"
 

@@ -1,7 +1,7 @@
 // .xlsx by libxlsxwriter, row by row through temporary files of its own.
 #include "base/AtomicFile.h"
 #include "base/Text.h"
-#include "workbook/WorkbookParts.h"
+#include "workbook/WorkbookFormats.h"
 
 #include <cerrno>
 #include <cstdlib>
