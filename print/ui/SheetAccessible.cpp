@@ -109,24 +109,10 @@ QAccessibleInterface* MakeAccessibleSheet(const QString&, QObject* object) {
     return display ? new AccessibleSheet(*display) : nullptr;
 }
 
-void Tell(SheetDisplay& display, QAccessible::Event what, int slot) {
-    QAccessibleEvent event(&display, what);
-    event.setChild(slot - 1);
-    QAccessible::updateAccessibility(&event);
-}
-
 } // namespace
 
 void InstallSheetAccessibility() {
     QAccessible::installFactory(MakeAccessibleSheet);
-}
-
-void TellSlotFocused(SheetDisplay& display, int slot) {
-    Tell(display, QAccessible::Focus, slot);
-}
-
-void TellSlotChanged(SheetDisplay& display, int slot) {
-    Tell(display, QAccessible::NameChanged, slot);
 }
 
 } // namespace velmora

@@ -3,15 +3,8 @@
 
 namespace velmora {
 
-class SheetDisplay;
-
 /// From then on every SheetDisplay is a list with an item for each tab, named "Row 2, column 1: its texts", or "Row 2,
 /// column 1, gone" for one that is struck out. May be called again.
 void InstallSheetAccessibility();
-
-/// The choice of used slots is at this slot, from 1.
-void TellSlotFocused(SheetDisplay& display, int slot);
-/// The slot, from 1, was struck out or is there again.
-void TellSlotChanged(SheetDisplay& display, int slot);
 
 } // namespace velmora

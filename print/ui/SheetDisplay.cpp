@@ -1,7 +1,6 @@
 #include "print/ui/SheetDisplay.h"
 
-#include "print/ui/SheetAccessible.h"
-
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -41,12 +40,18 @@ QRectF ToRect(const Box& box) {
     return {box.left, box.top, box.width, box.height};
 }
 
+/// A screen reader, of what befell the item of `slot`.
+void TellReader(SheetDisplay& display, QAccessible::Event what, int slot) {
+    QAccessibleEvent event(&display, what);
+    event.setChild(slot - 1);
+    QAccessible::updateAccessibility(&event);
+}
+
 } // namespace
 
 SheetDisplay::SheetDisplay(const FontCatalogue& catalogue, const FontSettings& fonts, QWidget* parent)
     : QAbstractScrollArea(parent), sheetPainter_(catalogue, fonts) {
     setObjectName("SheetDisplay");
-    InstallSheetAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     horizontalScrollBar()->setSingleStep(kScrollStep);
@@ -197,7 +202,7 @@ void SheetDisplay::mousePressEvent(QMouseEvent* event) {
 
 void SheetDisplay::ToggleSlot(int slot) {
     emit SlotToggled(slot);
-    TellSlotChanged(*this, slot);
+    TellReader(*this, QAccessible::NameChanged, slot);
 }
 
 /// False for a key that does not move it.
@@ -214,7 +219,7 @@ bool SheetDisplay::MoveCursor(int key) {
         cursor_ = slot;
     ShowSlot(cursor_);
     viewport()->update();
-    TellSlotFocused(*this, cursor_);
+    TellReader(*this, QAccessible::Focus, cursor_);
     return true;
 }
 
@@ -230,7 +235,7 @@ void SheetDisplay::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
     QTimer::singleShot(0, this, [this] { // after the list itself is told to have it
         if (used_ && hasFocus())
-            TellSlotFocused(*this, cursor_);
+            TellReader(*this, QAccessible::Focus, cursor_);
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "print/ui/FindingsBox.h"
 #include "print/ui/PrintBox.h"
+#include "print/ui/SheetAccessible.h"
 #include "widgets/Controls.h"
 #include "widgets/FormPlace.h"
 #include "widgets/HelpRequest.h"
@@ -42,6 +43,7 @@ QString Text(const std::string& text) {
 
 frmPreview::frmPreview(PrintRun& run, QWidget* parent)
     : QDialog(parent), run_(run), display_(new SheetDisplay(run.Catalogue(), run.Main().fonts, this)) {
+    InstallSheetAccessibility();
     setObjectName("frmPreview");
     setWindowTitle(Text(run.Caption()));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
