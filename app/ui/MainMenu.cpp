@@ -11,7 +11,7 @@
 #include "print/PdfReport.h"
 #include "print/PrintReport.h"
 #include "widgets/HelpRequest.h"
-#include "wizard/ui/frmAutoRepWiz.h"
+#include "wizard/ui/OpenAutoRepWiz.h"
 #include "workspace/Globals.h"
 #include "workspace/Pages.h"
 #include "workspace/PasteBlock.h"
@@ -43,7 +43,7 @@ void SavePdf(CommandContext& context) {
 }
 
 template <frmAutoRepWiz::Start start> void Wizard(CommandContext& context) {
-    (new frmAutoRepWiz(context.program.main, context.program.fontCatalogue, start, &context.window))->open();
+    OpenAutoRepWiz(context.program.main, context.program.fontCatalogue, start, &context.window);
 }
 
 void Exit(CommandContext& context) {

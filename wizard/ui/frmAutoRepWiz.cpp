@@ -1,9 +1,6 @@
 #include "wizard/ui/frmAutoRepWiz.h"
 
 #include "widgets/TabPicture.h"
-#include "wizard/ui/ChoicePages.h"
-#include "wizard/ui/ValuePages.h"
-#include "wizard/ui/frmAutoRepWiz7.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/TakePageBack.h"
 
@@ -27,25 +24,11 @@ const PageName& NameOf(WizardPage page) {
     return kPageNames[static_cast<std::size_t>(page)];
 }
 
-std::unique_ptr<WizardForm> MakePage(frmAutoRepWiz& wizard, WizardPage page) {
-    switch (page) {
-    case WizardPage::Introduction: return std::make_unique<frmAutoRepWiz1>(wizard);
-    case WizardPage::Count: return std::make_unique<frmAutoRepWiz2>(wizard);
-    case WizardPage::Chooser: return std::make_unique<frmAutoRepWiz2a>(wizard);
-    case WizardPage::Type: return std::make_unique<frmAutoRepWiz2b>(wizard);
-    case WizardPage::Numbers: return std::make_unique<frmAutoRepWiz5a>(wizard);
-    case WizardPage::Style: return std::make_unique<frmAutoRepWiz5b>(wizard);
-    case WizardPage::Ticks: return std::make_unique<frmAutoRepWiz6a>(wizard);
-    case WizardPage::Text: return std::make_unique<frmAutoRepWiz5d>(wizard);
-    case WizardPage::Fonts: break;
-    }
-    return std::make_unique<frmAutoRepWiz7>(wizard);
-}
-
 } // namespace
 
-frmAutoRepWiz::frmAutoRepWiz(MainModule& main, const FontCatalogue& fonts, Start start, QWidget* parent)
-    : WizardFrame(main, tr("Auto Repeat Wizard ..."), parent), fonts_(fonts), start_(start) {
+frmAutoRepWiz::frmAutoRepWiz(MainModule& main, const FontCatalogue& fonts, Start start, PageMaker makePage,
+                             QWidget* parent)
+    : WizardFrame(main, tr("Auto Repeat Wizard ..."), parent), fonts_(fonts), start_(start), makePage_(makePage) {
     TakePageBack(main);
     Go(start == Start::Fonts ? WizardPage::Fonts : WizardPage::Introduction);
     // The caption tells of a changed document, and the commands behind it follow.
@@ -53,7 +36,7 @@ frmAutoRepWiz::frmAutoRepWiz(MainModule& main, const FontCatalogue& fonts, Start
 }
 
 void frmAutoRepWiz::Go(WizardPage page) {
-    ShowPage(MakePage(*this, page));
+    ShowPage(makePage_(*this, page));
 }
 
 const QPixmap& frmAutoRepWiz::Picture(const std::string& fileName) {

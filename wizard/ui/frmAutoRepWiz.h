@@ -16,8 +16,10 @@ public:
         Wizard, ///< at the introduction
         Fonts   ///< the font page alone
     };
+    using PageMaker = std::unique_ptr<WizardForm> (*)(frmAutoRepWiz& wizard, WizardPage page);
+
     /// `main` and `fonts` must outlive it. The page on screen is taken into the document first.
-    frmAutoRepWiz(MainModule& main, const FontCatalogue& fonts, Start start, QWidget* parent);
+    frmAutoRepWiz(MainModule& main, const FontCatalogue& fonts, Start start, PageMaker makePage, QWidget* parent);
 
     void Go(WizardPage page);
     void Close() { accept(); }
@@ -30,6 +32,7 @@ public:
 private:
     const FontCatalogue& fonts_;
     Start start_;
+    PageMaker makePage_;
     WizardState state_;
     std::map<std::string, QPixmap> pictures_;
 };
