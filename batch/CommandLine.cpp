@@ -81,7 +81,7 @@ void AddNew(CLI::App& app, Request& request) {
     CLI::App* command = app.add_subcommand("new", "Make a tab file of empty tabs");
     command->add_option("--type", create.type, "Tab type")->required()->check(CLI::Range(0, kTabTypes - 1));
     command->add_option("--fields", create.fields, "Fields per tab")->required()->check(CLI::Range(1, 3));
-    command->add_option("--pages", create.pages, "Pages")->check(CLI::Range(1, 32767));
+    command->add_option("--pages", create.pages, "Pages")->check(CLI::Range(1, kMostTabs));
     command->add_option("-o,--output", create.output, "Tab file to write, - for standard output")
         ->required()
         ->check(kNotEmpty);
@@ -93,7 +93,7 @@ void AddFill(CLI::App& app, Request& request) {
     CLI::App* command = app.add_subcommand("fill", "Give many tabs their texts");
     command->add_option("FILE", fill.file, "Tab file, - for standard input")->required()->check(kNotEmpty);
     command->add_option("--start", fill.start, "First tab to fill; one behind the last appends")
-        ->check(CLI::Range(1, 32767));
+        ->check(CLI::Range(1, kMostTabs));
     command->add_option("--count", fill.count, "Tabs to fill")->required()->check(CLI::Range(1, kMostTabsToFill));
     command
         ->add_option("--field", fill.fields,

@@ -1,7 +1,6 @@
 #include "batch/Commands.h"
 
 #include "base/Numbers.h"
-#include "base/Text.h"
 #include "batch/BatchProgram.h"
 #include "document/TabFileCheck.h"
 #include "platform/InstalledPrinters.h"
@@ -41,17 +40,10 @@ Json FontJson(const FieldFont& font) {
             {"vertical", font.VerticalAlignment}};
 }
 
-bool IsFilled(const TabDocument& document, int tab) {
-    for (int field = 0; field < document.setup.NoOfFields; ++field)
-        if (!Trim(document.Field(field)(tab)).empty())
-            return true;
-    return false;
-}
-
 int CountFilled(const TabDocument& document) {
     int filled = 0;
     for (int tab = 1; tab <= document.TabCount; ++tab)
-        filled += IsFilled(document, tab) ? 1 : 0;
+        filled += IsEmptyTab(document, tab) ? 0 : 1;
     return filled;
 }
 

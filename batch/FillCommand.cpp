@@ -60,7 +60,8 @@ void Append(BatchProgram& program, const WizardState& wizard) {
         if (!AppendWizardTabs(program.Main(), wizard))
             throw UsageError("--count: " + program.Told());
     } catch (const OverflowError& error) {
-        throw UsageError(std::string("--count: ") + error.what() + ": there is no tab beyond 32767");
+        throw UsageError(std::string("--count: ") + error.what() + ": there is no tab beyond " +
+                         std::to_string(kMostTabs));
     }
 }
 

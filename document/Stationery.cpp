@@ -18,7 +18,7 @@ const TabType* FindTabType(int optType) {
 
 int MostTabs(int optType) {
     const TabType* type = FindTabType(optType);
-    return type ? 32767 / type->TabsPerPage() * type->TabsPerPage() : 0;
+    return type ? kMostTabs / type->TabsPerPage() * type->TabsPerPage() : 0;
 }
 
 void GetTabsPerPage(int optType, std::int16_t& tabsPerPage) {

@@ -10,6 +10,8 @@
 namespace velmora {
 
 inline constexpr int kTabTypes = 6;
+/// The most tabs there can be, whatever their type: their numbers have 16 bits.
+inline constexpr int kMostTabs = 32767;
 
 /// Measures of the boxes in the grid editor, in twips.
 struct GridGeometry {
@@ -42,7 +44,7 @@ extern const std::array<TabType, kTabTypes> kCatalogue;
 /// The entry of a tab type, or nullptr outside 0 to 5.
 const TabType* FindTabType(int optType);
 
-/// Tabs of the most whole pages that a 16-bit tab number can count; 0 outside 0 to 5.
+/// Tabs of the most whole pages within kMostTabs; 0 outside 0 to 5.
 int MostTabs(int optType);
 
 /// Leaves `tabsPerPage` as it is outside 0 to 5.

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Numbers.h"
+#include "base/Text.h"
 
 #include <algorithm>
 
@@ -51,6 +52,15 @@ void NormalisePages(TabDocument& document) {
     document.setup.TabsPerPage = perPage;
     document.NoOfPages = pages;
     document.TabCount = count;
+}
+
+bool IsEmptyTab(std::span<const std::string_view> texts) {
+    return std::all_of(texts.begin(), texts.end(), [](std::string_view text) { return Trim(text).empty(); });
+}
+
+bool IsEmptyTab(const TabDocument& document, std::int32_t tab) {
+    const std::array<std::string_view, 3> texts = {document.FieldA(tab), document.FieldB(tab), document.FieldC(tab)};
+    return IsEmptyTab(std::span(texts).first(static_cast<std::size_t>(document.setup.NoOfFields)));
 }
 
 int CountFields(std::string_view line) {

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -69,8 +70,12 @@ struct TabDocument {
 };
 
 /// Makes the document whole pages of its tab type. Raises OverflowError, before any change, when the pages hold more
-/// than 32767 tabs. Deliberate: with `CurrentTab` at 0 or 1 a change of size empties the document.
+/// than kMostTabs. Deliberate: with `CurrentTab` at 0 or 1 a change of size empties the document.
 void NormalisePages(TabDocument& document);
+
+/// A tab is empty when its texts are, or hold nothing but blanks. `texts`: of the fields in use.
+bool IsEmptyTab(std::span<const std::string_view> texts);
+bool IsEmptyTab(const TabDocument& document, std::int32_t tab);
 
 /// Number of commas plus one.
 int CountFields(std::string_view line);

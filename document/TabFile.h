@@ -86,7 +86,7 @@ void LoadData(const TabFile& file, SettingsStore& store);
 void LoadData(const TabFileHeader& header, SettingsStore& store);
 
 /// Counts the file's lines from `startingCount` (minus the header lines), sets `NoOfPages`, stores "No Of Pages" and
-/// returns the tabs of that many whole pages. Raises OverflowError, with nothing changed, above 32767.
+/// returns the tabs of that many whole pages. Raises OverflowError, with nothing changed, above kMostTabs.
 std::int32_t GetNumberOfLables(const TabFile& file, std::int32_t startingCount, TabDocument& document,
                                SettingsStore& store);
 /// The same for lines that were counted elsewhere.

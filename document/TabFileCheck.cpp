@@ -11,8 +11,6 @@
 namespace velmora {
 namespace {
 
-constexpr int kMostTabs = 32767;
-
 class Checker {
 public:
     explicit Checker(const std::string& bytes) : text_(Decode(bytes).text), lines_(text_) {}

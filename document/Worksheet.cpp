@@ -3,13 +3,11 @@
 #include "base/Text.h"
 
 #include <algorithm>
-#include <limits>
 #include <numeric>
 
 namespace velmora {
 namespace {
 
-constexpr std::int32_t kMostTabs = std::numeric_limits<std::int16_t>::max();
 constexpr std::size_t kMostBytes = 64u << 20;
 constexpr int kCountedColumns = 4;
 constexpr std::size_t kPreviewColumns = 256; // all that an .xls sheet has

@@ -105,7 +105,7 @@ void rptVelmor::DropEmptyEnd(std::size_t count) {
 }
 
 bool rptVelmor::Record::IsEmpty() const {
-    return std::all_of(fields.begin(), fields.end(), std::mem_fn(&std::string_view::empty));
+    return IsEmptyTab(fields); // those not in use are empty
 }
 
 void rptVelmor::FillRecord(std::size_t index, std::string_view mode, const TabDocument& document, std::int32_t tab) {

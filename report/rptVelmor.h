@@ -60,7 +60,7 @@ public:
 
     /// Builds the tab array from the document, or from the page shown alone (`pageOnly`), or with the fixed texts of
     /// the test page (mode "TEST"). Raises SubscriptError when `count` is less than 1 or no whole number of pages, and
-    /// OverflowError above 32767 tabs.
+    /// OverflowError above kMostTabs.
     ///
     /// `used` are slots of the first sheet, from 1, whose labels are gone: the tabs flow around them, onto one sheet
     /// more where there is something to put on it. Raises SubscriptError for a slot that the sheet does not have, and
@@ -82,7 +82,7 @@ public:
     const Paper& PagePaper() const { return paper_; }
 
     int SheetCount() const;
-    /// The numbers of the sheets that hold a text.
+    /// The numbers of the sheets whose tabs are not all empty.
     std::vector<int> FilledSheets() const;
     /// Lays out sheet `number`, counted from 1; `sheet` is reused, so that one sheet is in memory at a time.
     void LayOutSheet(int number, Sheet& sheet);

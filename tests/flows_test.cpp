@@ -1,10 +1,13 @@
 // The flows of New, Open, Save and Save as: every question in its order, over real files.
 #include "app/Commands.h"
 #include "base/AtomicFile.h"
+#include "report/rptVelmor.h"
 #include "tests/support/TestProgram.h"
+#include "wizard/AppendWizardTabs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Globals.h"
 #include "workspace/RecentFiles.h"
+#include "workspace/RecoveryCopy.h"
 #include "workspace/ReplaceDocument.h"
 #include "workspace/SaveDocument.h"
 
@@ -120,6 +123,7 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     Ask(kSaveQuestion, Answer::Cancel);
     EXPECT_TRUE(CloseCommand(program.main));
     document.DocChanged = false;
+    recovery.Open(program.folder / "Recovery", now); // the next start
     NewDocument(program.main);
     program.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
     EXPECT_TRUE(OfferRecovery(program.main));
@@ -131,6 +135,7 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     EXPECT_EQ(document.FieldA(1), "typed");
     Ask(kSaveQuestion, Answer::No);
     EXPECT_TRUE(CloseCommand(program.main));
+    recovery.Open(program.folder / "Recovery", now);
     EXPECT_FALSE(OfferRecovery(program.main)) << "what was given up is not offered";
 }
 
@@ -158,6 +163,37 @@ TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {
     EXPECT_TRUE(CloseCommand(program.main));
     EXPECT_TRUE(CloseCommand(program.main));
     EXPECT_NE(ReadFile(Path("a.csv")).find("typed"), std::string::npos);
+}
+
+TEST_F(FlowsTest, ATabOfBlanksIsEmptyWhoeverAsks) {
+    struct Case {
+        const char* a;
+        const char* b;
+        std::int16_t fields;
+        int filled;
+        int inCopy; ///< which brings back the fields that are not in use too
+    };
+    for (const Case& row : {Case{"x", "", 1, 1, 1},
+                            {"", "", 1, 0, 0},
+                            {"  ", "", 1, 0, 0},
+                            {" ", "\t", 3, 0, 0},
+                            {" ", "x", 2, 1, 1},
+                            {"", "x", 1, 0, 1}}) {
+        SCOPED_TRACE(testing::Message() << "[" << row.a << "," << row.b << "] " << row.fields);
+        document.FieldA(1) = row.a;
+        document.FieldB(1) = row.b;
+        document.setup.NoOfFields = row.fields;
+        const bool told = PlaceOfNewTabs(document, 1).find("hold texts now: 1") != std::string::npos;
+        EXPECT_EQ(told, row.filled == 1);
+        LayoutValues layout;
+        rptVelmor report(layout);
+        report.InitArray("PRINT", document.TabCount, document.RowsPerPage, document.ColsPerPage, row.fields, false,
+                         document);
+        EXPECT_EQ(report.FilledSheets().size(), static_cast<std::size_t>(row.filled));
+        const std::string content = RecoveryContent(program.main);
+        const std::string copy = RecoveryHead({}, 1, ContentSum(content)) + content;
+        EXPECT_EQ(TabsFilled(*ParseRecoveryCopy(copy)), row.inCopy);
+    }
 }
 
 } // namespace

@@ -247,7 +247,7 @@ TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
         EXPECT_EQ(document.FieldA(1), "typed");
         EXPECT_EQ(document.setup.OptType, 5);
         EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
-        EXPECT_EQ(Files(), 1U) << "archived, but not replaced";
+        EXPECT_EQ(store.List().size(), 1U) << "archived, but not replaced";
     }
 }
 
@@ -279,7 +279,7 @@ TEST_F(RecoveryTest, AForeignFileStaysForeign) {
     for (const bool foreign : {true, false})
         for (const char* name : {"clients.txt", "own.xlsx"}) {
             Type(name);
-            document.DocFileName = program.folder / name;
+            document.DocFileName = program.folder / (std::to_string(foreign) + name);
             document.Foreign = foreign;
             ASSERT_TRUE(Archive());
             document.Foreign = !foreign;

@@ -13,8 +13,6 @@
 namespace velmora {
 namespace {
 
-constexpr int kMostTabs = 32767;
-
 /// Of the document once it holds the values, never fewer than it has.
 std::int16_t PagesAfter(const TabDocument& document, int start, int count) {
     const std::int16_t last = Add16(Add16(start, count), -1);
@@ -47,7 +45,7 @@ void CopyValues(const WizardState& wizard, TabDocument& document) {
 int TabsWithText(const TabDocument& document, int first, int last) {
     int filled = 0;
     for (int tab = first; tab <= std::min(last, document.TabCount); ++tab)
-        filled += document.FieldA(tab).empty() && document.FieldB(tab).empty() && document.FieldC(tab).empty() ? 0 : 1;
+        filled += IsEmptyTab(document, tab) ? 0 : 1;
     return filled;
 }
 

@@ -1,7 +1,6 @@
 #include "workspace/Pages.h"
 
 #include "base/Numbers.h"
-#include "base/Text.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Recovery.h"
@@ -12,8 +11,6 @@
 
 namespace velmora {
 namespace {
-
-constexpr int kMostTabs = 32767;
 
 void ShowPage(MainModule& main, std::int16_t page) {
     TakePageBack(main);
@@ -49,18 +46,11 @@ void RemovePage(TabDocument& document) {
     --document.CurrentPage;
 }
 
-bool IsBlank(const TabDocument& document, std::int32_t tab) {
-    for (int field = 0; field < document.setup.NoOfFields; ++field)
-        if (!Trim(document.Field(field)(tab)).empty())
-            return false;
-    return true;
-}
-
-/// Packs the tabs that are not blank to the front, in their order; gives their number.
+/// Packs the tabs that are not empty to the front, in their order; gives their number.
 std::int32_t PackTabs(TabDocument& document) {
     std::int32_t kept = 0;
     for (std::int32_t tab = 1; tab <= document.TabCount; ++tab) {
-        if (IsBlank(document, tab))
+        if (IsEmptyTab(document, tab))
             continue;
         ++kept;
         for (int field = 0; field < kFieldsPerTab && kept != tab; ++field)

@@ -12,7 +12,7 @@ void LastPage(MainModule& main);
 void NextPage(MainModule& main);
 void PreviousPage(MainModule& main);
 
-/// Appends one empty page and shows it. A page that would take the document beyond 32767 tabs is reported, and nothing
+/// Appends one empty page and shows it. A page that would take the document beyond kMostTabs is reported, and nothing
 /// changes.
 void AddPage(MainModule& main);
 /// Says how many pages of that many tabs a document holds at most.

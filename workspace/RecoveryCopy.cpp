@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <span>
 
 namespace velmora {
 namespace {
@@ -14,7 +15,6 @@ namespace {
 // and the content. The content is texts, each as its length in bytes, a colon, its bytes and a line feed: path and
 // encoding of the document, size and time stamp of its file (empty where unknown), the header as in a tab file, the
 // number of tabs, and the three fields of each. The check sum is of the content and then of the two lines before it.
-constexpr std::int32_t kMostTabs = 32767;
 
 constexpr std::uint64_t kSumStart = 0xcbf29ce484222325U;
 
@@ -164,8 +164,7 @@ std::optional<RecoveryCopy> ParseRecoveryCopy(std::string_view bytes) {
 std::int32_t TabsFilled(const RecoveryCopy& copy) {
     std::int32_t filled = 0;
     for (std::size_t text = 0; text < copy.texts.size(); text += kFieldsPerTab)
-        if (!copy.texts[text].empty() || !copy.texts[text + 1].empty() || !copy.texts[text + 2].empty())
-            ++filled;
+        filled += IsEmptyTab(std::span(copy.texts).subspan(text, kFieldsPerTab)) ? 0 : 1;
     return filled;
 }
 

@@ -40,7 +40,7 @@ std::string RecoveryHead(std::chrono::system_clock::time_point now, std::int16_t
 
 /// nullopt where the bytes are no whole copy. They must outlive it.
 std::optional<RecoveryCopy> ParseRecoveryCopy(std::string_view bytes);
-/// Tabs with a text in any field.
+/// Tabs that are not empty, by all their fields: a copy brings back those not in use too.
 std::int32_t TabsFilled(const RecoveryCopy& copy);
 
 } // namespace velmora

@@ -123,6 +123,7 @@ RecoveryStore::~RecoveryStore() = default;
 void RecoveryStore::Open(fs::path folder, Clock clock) {
     folder_ = std::move(folder);
     clock_ = std::move(clock);
+    live_.reset();
 }
 
 void RecoveryStore::Keep(const TabDocument& document, SettingsStore& settings) {

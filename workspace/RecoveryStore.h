@@ -24,7 +24,7 @@ struct RecoveredDocument {
     std::filesystem::path File;        ///< the copy, which names it in every call
     std::filesystem::path DocFileName; ///< the document's own; empty: untitled
     std::chrono::system_clock::time_point Time;
-    std::int32_t TabsFilled = 0;  ///< tabs with a text in any field
+    std::int32_t TabsFilled = 0;  ///< as for a RecoveryCopy
     bool LeftBehind = false;      ///< by a copy of the program that has ended, and not offered yet
     std::uint64_t ContentSum = 0; ///< equal for copies of the same document in the same state
 
@@ -45,7 +45,7 @@ public:
     RecoveryStore(const RecoveryStore&) = delete;
     RecoveryStore& operator=(const RecoveryStore&) = delete;
 
-    /// From now on. Touches nothing on disk; the folder is made, for this person alone, with the first copy.
+    /// From now on, as a program that has just started. Touches nothing on disk; the folder is made, for this person alone, with the first copy.
     void Open(std::filesystem::path folder, Clock clock);
 
     /// Brings this copy's file up to date: written where the document changed since
