@@ -6,13 +6,15 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace velmora {
 
-/// A file operation refused by the system; its number and text are the system's, the path stands in front.
+/// A file operation refused by the system; its number is one of <cerrno>, the text the system's, the path stands in
+/// front.
 class FileAccessError : public Error {
 public:
     FileAccessError(const std::filesystem::path& path, int systemNumber);
@@ -42,20 +44,12 @@ public:
     void Commit();
 
 private:
-    enum class Way { Rename, Overwrite, Straight };
+    class Replacement; // each system's own
 
-    Way ChooseWay();
-    bool CreateSibling(const std::filesystem::path& folder);
-    void OpenSibling();
     void Flush();
-    void OverwriteTarget();
-    [[noreturn]] void Fail() const;
 
-    std::filesystem::path target_;  ///< with links resolved
-    std::filesystem::path sibling_; ///< empty once it is gone
+    std::unique_ptr<Replacement> file_;
     std::string buffer_;
-    Way way_ = Way::Rename;
-    int file_ = -1;
 };
 
 /// Tells whether a file is still the one that was read or written.
@@ -66,6 +60,17 @@ struct FileStamp {
 };
 /// Nothing where there is no file.
 std::optional<FileStamp> StampOf(const std::filesystem::path& path);
+
+/// The same, told by all that the system knows of a file; times in nanoseconds since 1970.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+    std::int64_t size = -1; ///< -1: no file
+    std::int64_t modified = 0;
+    std::int64_t changed = 0; ///< also by a rename or other permissions
+    bool operator==(const FileIdentity&) const = default;
+};
+FileIdentity IdentityOf(const std::filesystem::path& path);
 
 /// True when both paths lead to one existing file.
 bool IsSameFile(const std::filesystem::path& a, const std::filesystem::path& b);

@@ -1,10 +1,13 @@
-// A file for what is handed to another program and then thrown away.
+// Files for what is handed to another program or a library and then thrown away.
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string_view>
 
 namespace velmora {
+
+class SystemFile; // each system's own
 
 /// A new file in the system's temporary folder that only its owner may read; it is gone with this object. Every
 /// operation raises FileAccessError.
@@ -20,7 +23,22 @@ public:
 
 private:
     std::filesystem::path path_;
-    int file_ = -1;
+    std::unique_ptr<SystemFile> file_;
+};
+
+/// A new folder there that only its owner may open; it is gone with this object and all that is in it. Raises
+/// FileAccessError.
+class ScratchFolder {
+public:
+    ScratchFolder();
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    const std::filesystem::path& Path() const { return path_; }
+
+private:
+    std::filesystem::path path_;
 };
 
 } // namespace velmora

@@ -1,16 +1,13 @@
 #include "settings/IniFile.h"
 
 #include "base/AtomicFile.h"
+#include "base/SystemLock.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <fcntl.h>
 #include <functional>
-#include <sys/file.h>
-#include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 #include <utility>
 
 namespace velmora {
@@ -24,57 +21,40 @@ constexpr std::string_view kUtf16Marks[] = {"\xFF\xFE", "\xFE\xFF"};
 
 constexpr milliseconds kPatience{5000};
 
-/// Holds the folder of a file against other programs. The folder itself carries the lock, so that no lock
-/// file is left behind for anybody to wonder about, and the lock of a program that was killed is free.
-class FolderLock {
-public:
-    /// `getOn` is asked while waiting whether the others have got on since it was asked last.
-    FolderLock(const fs::path& file, milliseconds patience, const std::function<bool()>& getOn) {
-        std::error_code error;
-        const fs::path folder = fs::weakly_canonical(fs::absolute(file, error), error).parent_path();
-        descriptor_ = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (descriptor_ < 0)
-            throw FileAccessError(file, errno);
-        if (const int cause = Acquire(patience, getOn); cause != 0) {
-            ::close(descriptor_);
-            throw FileAccessError(file, cause);
-        }
+/// The error names the file for which the folder is held.
+std::optional<SystemLock> TryFolder(const fs::path& folder, const fs::path& file) {
+    try {
+        return SystemLock::TryFolder(folder);
+    } catch (const FileAccessError& error) {
+        throw FileAccessError(file, error.Number());
     }
-    ~FolderLock() { ::close(descriptor_); }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
+}
 
-private:
-    /// A program that was stopped while it held the lock must not freeze all others: after a while it is an
-    /// error. Where many write in turn nobody is stopped, however long the turn is in coming.
-    int Acquire(milliseconds patience, const std::function<bool()>& getOn) const {
-        auto deadline = std::chrono::steady_clock::now() + patience;
-        while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
-            if (errno != EWOULDBLOCK && errno != EINTR)
-                return errno;
-            const auto now = std::chrono::steady_clock::now();
-            if (now > deadline && !getOn())
-                return EBUSY; // "Device or resource busy"
-            if (now > deadline)
-                deadline = now + kPatience;
-            std::this_thread::sleep_for(milliseconds(1));
-        }
-        return 0;
+/// Holds the folder of a file against other programs, so that no lock file is left behind for anybody to wonder about.
+/// A program that was stopped while it held the lock must not freeze all others: after a while it is an error. Where
+/// many write in turn nobody is stopped, however long the turn is in coming: `getOn` is asked while waiting whether the
+/// others have got on since it was asked last.
+SystemLock LockFolderOf(const fs::path& file, milliseconds patience, const std::function<bool()>& getOn) {
+    std::error_code error;
+    const fs::path folder = fs::weakly_canonical(fs::absolute(file, error), error).parent_path();
+    auto deadline = std::chrono::steady_clock::now() + patience;
+    while (true) {
+        if (auto lock = TryFolder(folder, file))
+            return *std::move(lock);
+        const auto now = std::chrono::steady_clock::now();
+        if (now > deadline && !getOn())
+            throw FileAccessError(file, EBUSY); // "Device or resource busy"
+        if (now > deadline)
+            deadline = now + kPatience;
+        std::this_thread::sleep_for(milliseconds(1));
     }
-
-    int descriptor_ = -1;
-};
-
-std::int64_t Nanoseconds(const timespec& time) {
-    return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
 /// A file changed just now may change again without a new time stamp: on kernels before 6.13 those advance in
 /// steps of some milliseconds.
-bool IsYoung(std::int64_t modified) {
-    timespec now{};
-    ::clock_gettime(CLOCK_REALTIME, &now);
-    return modified > Nanoseconds(now) - 50'000'000;
+bool IsYoung(std::int64_t changed) {
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::nanoseconds(changed) > now - milliseconds(50);
 }
 
 /// A missing file is an empty one.
@@ -193,17 +173,10 @@ void IniFile::Flush() {
         Submit(changes);
 }
 
-IniFile::Identity IniFile::Look() const {
-    struct stat status {};
-    if (::stat(path_.c_str(), &status) != 0)
-        return {};
-    return {status.st_dev, status.st_ino, status.st_size, Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim)};
-}
-
 void IniFile::Refresh() {
     if (path_.empty())
         return;
-    const Identity now = Look();
+    const FileIdentity now = IdentityOf(path_);
     if (read_ == now)
         return;
     try {
@@ -227,15 +200,15 @@ void IniFile::Load() {
 }
 
 void IniFile::Commit(const std::vector<Change>& changes) {
-    std::optional<FolderLock> lock;
+    std::optional<SystemLock> lock;
     if (!path_.empty()) {
-        Identity seen = Look();
+        FileIdentity seen = IdentityOf(path_);
         // Who met a lock that was never released does not wait again, or a start would freeze at every setting.
         const milliseconds patience = stuck_ == seen ? milliseconds(0) : kPatience;
-        lock.emplace(path_, patience, [&] {
-            stuck_ = Look();
+        lock.emplace(LockFolderOf(path_, patience, [&] {
+            stuck_ = IdentityOf(path_);
             return std::exchange(seen, *stuck_) != *stuck_;
-        });
+        }));
         stuck_.reset();
         Load();
     }

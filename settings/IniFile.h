@@ -2,6 +2,7 @@
 // text and replaces the file in one step, so that none of them loses another's keys.
 #pragma once
 
+#include "base/AtomicFile.h"
 #include "base/Encoding.h"
 #include "settings/IniText.h"
 
@@ -61,15 +62,6 @@ private:
         std::optional<std::string> value;
         bool isDefault = false;
     };
-    /// Tells whether a file is still the one that was read.
-    struct Identity {
-        std::uint64_t device = 0;
-        std::uint64_t number = 0;
-        std::int64_t size = -1; ///< -1: no file
-        std::int64_t modified = 0;
-        std::int64_t changed = 0;
-        bool operator==(const Identity&) const = default;
-    };
 
     static bool Apply(IniText& text, const Change& change);
     void Collect(Change change);
@@ -77,7 +69,6 @@ private:
     void Rebuild();
     void Refresh();
     void Load();
-    Identity Look() const;
     void Commit(const std::vector<Change>& changes);
     std::string Encoded(const std::string& text) const;
 
@@ -86,11 +77,11 @@ private:
     IniText shown_;  ///< stored_ with the collected changes, while there are any
     Encoding encoding_ = Encoding::Utf8;
     bool mark_ = false;
-    bool foreign_ = false;         ///< UTF-16, which a change would damage
-    std::optional<Identity> read_; ///< of the text in stored_; nothing while it must be read again
+    bool foreign_ = false;             ///< UTF-16, which a change would damage
+    std::optional<FileIdentity> read_; ///< of the text in stored_; nothing while it must be read again
     std::vector<Change> collected_;
     int depth_ = 0;
-    std::optional<Identity> stuck_; ///< of the file when waiting for another program was given up
+    std::optional<FileIdentity> stuck_; ///< of the file when waiting for another program was given up
 };
 
 } // namespace velmora

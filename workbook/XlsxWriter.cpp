@@ -1,36 +1,14 @@
 // .xlsx by libxlsxwriter, row by row through temporary files of its own.
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
+#include "base/TemporaryFile.h"
 #include "base/Text.h"
 #include "workbook/WorkbookFormats.h"
 
-#include <cerrno>
-#include <cstdlib>
 #include <xlsxwriter.h>
 
 namespace velmora {
 namespace {
-
-/// A folder for one file, gone with it.
-class ScratchFolder {
-public:
-    ScratchFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "velmora-XXXXXX").string();
-        if (!::mkdtemp(name.data()))
-            throw FileAccessError(name, errno);
-        path_ = name;
-    }
-    ~ScratchFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    std::string File() const { return (path_ / "workbook.xlsx").string(); }
-
-private:
-    std::filesystem::path path_;
-};
 
 void Check(lxw_error error) {
     if (error != LXW_NO_ERROR)
@@ -52,8 +30,9 @@ void WriteRows(lxw_worksheet* sheet, lxw_format* text, const SheetRowSource& row
 
 std::string WriteXlsx(const std::string& sheetName, const SheetRowSource& rows) {
     const ScratchFolder folder;
+    const std::filesystem::path file = folder.Path() / "workbook.xlsx";
     lxw_workbook_options options{LXW_TRUE, nullptr, LXW_FALSE};
-    lxw_workbook* workbook = workbook_new_opt(folder.File().c_str(), &options);
+    lxw_workbook* workbook = workbook_new_opt(PathText(file).c_str(), &options);
     if (!workbook)
         throw WorkbookError("out of memory");
     std::exception_ptr failure;
@@ -71,7 +50,7 @@ std::string WriteXlsx(const std::string& sheetName, const SheetRowSource& rows) 
     if (failure)
         std::rethrow_exception(failure);
     Check(closed);
-    return ReadFile(folder.File());
+    return ReadFile(file);
 }
 
 } // namespace velmora

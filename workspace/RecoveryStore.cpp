@@ -71,37 +71,19 @@ fs::path LockOf(const fs::path& file) {
     return fs::path(file) += kLock;
 }
 
-/// A program makes its lock before its file, so a file without one has nobody. A lock that can't be tried is taken for
-/// held.
+/// A program makes its lock before its file, so a file without one has nobody.
 bool IsInUse(const fs::path& file) {
-    const int lock = ::open(LockOf(file).c_str(), O_RDONLY | O_CLOEXEC);
-    if (lock < 0)
-        return errno != ENOENT;
-    const bool isFree = ::flock(lock, LOCK_SH | LOCK_NB) == 0;
-    ::close(lock);
-    return !isFree;
+    return SystemLock::IsHeld(LockOf(file));
 }
 
 } // namespace
 
-/// This copy's file and the lock beside it, which the system frees when the program ends in any way.
+/// This copy's file and the lock beside it.
 class RecoveryStore::LiveFile {
 public:
     explicit LiveFile(const fs::path& folder)
         : path_(folder / (std::string(kLivePrefix) + RandomName() + std::string(kExtension))), lockPath_(LockOf(path_)),
-          lock_(::open(lockPath_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600)) {
-        if (lock_ >= 0 && ::flock(lock_, LOCK_EX | LOCK_NB) == 0)
-            return;
-        const int cause = errno;
-        if (lock_ >= 0) {
-            ::unlink(lockPath_.c_str());
-            ::close(lock_);
-        }
-        throw FileAccessError(lockPath_, cause);
-    }
-    ~LiveFile() { ::close(lock_); }
-    LiveFile(const LiveFile&) = delete;
-    LiveFile& operator=(const LiveFile&) = delete;
+          lock_(SystemLock::MakeFile(lockPath_)) {}
 
     const fs::path& Path() const { return path_; }
     const fs::path& Lock() const { return lockPath_; }
@@ -109,7 +91,7 @@ public:
 private:
     fs::path path_;
     fs::path lockPath_;
-    int lock_;
+    SystemLock lock_;
 };
 
 std::string RecoveredDocument::Name() const {
@@ -162,8 +144,10 @@ void RecoveryStore::Drop() noexcept {
     if (!live_)
         return;
     // The file first: without its lock it would be taken for one left behind.
-    if (::unlink(live_->Path().c_str()) == 0 || errno == ENOENT)
-        ::unlink(live_->Lock().c_str());
+    std::error_code error;
+    fs::remove(live_->Path(), error);
+    if (!error)
+        fs::remove(live_->Lock(), error);
     live_.reset();
 }
 

@@ -1,0 +1,29 @@
+#include "base/posix/SystemFile.h"
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace velmora {
+
+SystemFile::~SystemFile() {
+    Reset(-1);
+}
+
+void SystemFile::Reset(int number) {
+    if (IsOpen())
+        ::close(number_);
+    number_ = number;
+}
+
+bool WriteAll(const SystemFile& file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(file.Get(), bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return false;
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+} // namespace velmora
