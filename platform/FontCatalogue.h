@@ -2,6 +2,7 @@
 // paper and PDF use the very same glyphs.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,7 +18,7 @@ struct FontRequest {
 
 /// One face of an outline font file (TrueType or OpenType).
 struct FontFile {
-    std::string path;
+    std::filesystem::path path;
     int index = 0;         ///< of the face within a collection
     std::string family;    ///< the family found, which may differ from the one asked for
     bool embolden = false; ///< the family has no bold face: thicken this one

@@ -1,6 +1,7 @@
 #include "report/FontFace.h"
 
 #include "base/Error.h"
+#include "base/Paths.h"
 
 #include <hb-ot.h>
 
@@ -15,21 +16,21 @@ bool HasTable(hb_face_t* face, hb_tag_t tag) {
 }
 
 /// The file is mapped, not read: of a font of many megabytes only the pages in use take memory.
-HbFace OpenFace(const std::string& path, int index) {
-    const HbBlob blob(hb_blob_create_from_file_or_fail(path.c_str()));
+HbFace OpenFace(const std::filesystem::path& path, int index) {
+    const HbBlob blob(hb_blob_create_from_file_or_fail(PathText(path).c_str()));
     if (!blob)
-        throw Error("The font file cannot be read:\r\n[" + path + "]");
+        throw Error("The font file cannot be read:\r\n[" + PathText(path) + "]");
     HbFace face(hb_face_create(blob.get(), static_cast<unsigned>(index)));
     const bool hasOutlines =
         HasTable(face.get(), HB_TAG('g', 'l', 'y', 'f')) || HasTable(face.get(), HB_TAG('C', 'F', 'F', ' '));
     if (!hasOutlines || hb_face_get_glyph_count(face.get()) == 0)
-        throw Error("The file is not a font that can be printed:\r\n[" + path + "]");
+        throw Error("The file is not a font that can be printed:\r\n[" + PathText(path) + "]");
     return face;
 }
 
 } // namespace
 
-FontFace::FontFace(const std::string& path, int index)
+FontFace::FontFace(const std::filesystem::path& path, int index)
     : path_(path), index_(index), face_(OpenFace(path, index)), font_(hb_font_create(face_.get())),
       unitsPerEm_(static_cast<int>(hb_face_get_upem(face_.get()))) {
     hb_font_extents_t extents{};

@@ -4,8 +4,8 @@
 #include <hb.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
-#include <string>
 
 namespace velmora {
 
@@ -22,9 +22,9 @@ using HbBuffer = std::unique_ptr<hb_buffer_t, HbRelease<hb_buffer_destroy>>;
 class FontFace {
 public:
     /// Raises Error when the file cannot be read or has no outlines in that face that a PDF can take in.
-    FontFace(const std::string& path, int index);
+    FontFace(const std::filesystem::path& path, int index);
 
-    const std::string& Path() const { return path_; }
+    const std::filesystem::path& Path() const { return path_; }
     int Index() const { return index_; }
     hb_face_t* Face() const { return face_.get(); }
     hb_font_t* Font() const { return font_.get(); } ///< scaled to font units
@@ -37,7 +37,7 @@ public:
     bool HasGlyph(char32_t character) const;
 
 private:
-    std::string path_;
+    std::filesystem::path path_;
     int index_;
     HbFace face_;
     HbFont font_;

@@ -1,6 +1,7 @@
 #include "report/PdfFont.h"
 
 #include "base/Error.h"
+#include "base/Paths.h"
 
 #include <hb-ot.h>
 #include <hb-subset.h>
@@ -182,7 +183,7 @@ template <class Glyphs> HbFace Subset(const FontFace& face, const Glyphs& glyphs
         hb_set_add(dropped, tag);
     HbFace subset(hb_subset_or_fail(face.Face(), input.get()));
     if (!subset)
-        throw Error("The font cannot be embedded:\r\n[" + face.Path() + "]");
+        throw Error("The font cannot be embedded:\r\n[" + PathText(face.Path()) + "]");
     return subset;
 }
 

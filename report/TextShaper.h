@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
@@ -127,7 +128,7 @@ private:
 
     const FontCatalogue& catalogue_;
     std::vector<FieldState> fields_;
-    std::map<std::pair<std::string, int>, std::shared_ptr<const FontFace>> faces_; ///< by path and index
+    std::map<std::pair<std::filesystem::path, int>, std::shared_ptr<const FontFace>> faces_; ///< by path and index
     HbBuffer buffer_;
     hb_language_t language_;
 };

@@ -1,5 +1,6 @@
 #include "platform/linux/FontconfigCatalogue.h"
 
+#include "base/Paths.h"
 #include "base/Text.h"
 
 #include <fontconfig/fontconfig.h>
@@ -87,7 +88,7 @@ FontFile FileOf(const FcPattern* font, const FontRequest& request) {
     const int weight = defaultInstance ? FC_WEIGHT_REGULAR : NumberOf(font, FC_WEIGHT, FC_WEIGHT_REGULAR);
     const bool isBold = weight >= FC_WEIGHT_DEMIBOLD && !FlagOf(font, FC_EMBOLDEN);
     const bool isItalic = NumberOf(font, FC_SLANT, FC_SLANT_ROMAN) != FC_SLANT_ROMAN && !IsLeaning(font);
-    return {TextOf(font, FC_FILE), index & kFaceIndexMask, TextOf(font, FC_FAMILY), request.bold && !isBold,
+    return {PathOf(TextOf(font, FC_FILE)), index & kFaceIndexMask, TextOf(font, FC_FAMILY), request.bold && !isBold,
             request.italic && !isItalic};
 }
 

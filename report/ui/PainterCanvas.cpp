@@ -1,5 +1,7 @@
 #include "report/ui/PainterCanvas.h"
 
+#include "base/Paths.h"
+
 #include <QGlyphRun>
 
 #include <type_traits>
@@ -60,7 +62,7 @@ PainterFont::PainterFont(std::shared_ptr<const FontFace> face) : face_(std::move
 const QRawFont& PainterFont::RawFont(double sizeTwips) {
     const auto [entry, isNew] = rawFonts_.try_emplace(sizeTwips);
     if (isNew && face_->Index() == 0)
-        entry->second = QRawFont(QString::fromStdString(face_->Path()), sizeTwips, QFont::PreferNoHinting);
+        entry->second = QRawFont(QString::fromStdString(PathText(face_->Path())), sizeTwips, QFont::PreferNoHinting);
     return entry->second;
 }
 
