@@ -1,6 +1,7 @@
 #include "app/Options.h"
 
 #include "base/Numbers.h"
+#include "base/Paths.h"
 #include "settings/RegistryMove.h"
 #include "setup/Margins.h"
 #include "workspace/Dialogs.h"
@@ -100,7 +101,7 @@ void ImportOldSettings(MainModule& main) {
             ForgetMissingPrinter(main.settings, main.printers);
             TakeOver(main);
         }
-        Tell(main, count == 0 ? "The file '" + file->string() + "' holds no settings of " +
+        Tell(main, count == 0 ? "The file '" + PathText(*file) + "' holds no settings of " +
                                     main.settings.SettingsAppName + ". Nothing was changed."
                               : "Settings imported: " + std::to_string(count) +
                                     ".\r\nAn open document keeps its own tab type, margins and fonts.");

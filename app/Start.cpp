@@ -1,6 +1,7 @@
 #include "app/Start.h"
 
 #include "app/Commands.h"
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "base/Version.h"
@@ -27,11 +28,11 @@ void SetVersionTitle(Program& program) {
 /// A folder from section "Paths". The default stands in for a stored path that the settings cut at their longest value,
 /// and for one that moved in from a machine with drives.
 fs::path ReadFolder(MainModule& main, const char* key, const fs::path& fallback) {
-    const std::string otherwise = WithSeparator(fallback).string();
+    const std::string otherwise = PathText(WithSeparator(fallback));
     const std::string stored = GetSetting(main.settings, main.settings.SettingsAppName, "Paths", key, otherwise);
     const bool cut = CharacterCount(stored) >= kIniValueCharacters && otherwise.starts_with(stored);
-    const bool foreign = fs::path(stored).is_relative() && DriveOf(stored) != "NO DRIVE";
-    return WithSeparator(cut || foreign ? otherwise : stored);
+    const bool foreign = PathOf(stored).is_relative() && DriveOf(stored) != "NO DRIVE";
+    return WithSeparator(PathOf(cut || foreign ? otherwise : stored));
 }
 
 bool IsMissing(const fs::path& folder) {
@@ -117,7 +118,7 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
         return StartOutcome::Ended;
     if (OfferRecovery(main))
         return StartOutcome::Running; // what was lost goes before what can be opened again
-    if (!commandLine.empty() && OpenPath(main, fs::absolute(commandLine)) == OpenOutcome::NoPrinter)
+    if (!commandLine.empty() && OpenPath(main, fs::absolute(PathOf(commandLine))) == OpenOutcome::NoPrinter)
         return StartOutcome::Ended;
     return StartOutcome::Running;
 }

@@ -1,6 +1,7 @@
 // The desktop program: makes the one struct that is the running program, opens its window and waits for commands.
 
 #include "app/ui/QtForms.h"
+#include "base/Paths.h"
 #include "base/Validate.h"
 #include "base/Version.h"
 #include "platform/InstalledPrinters.h"
@@ -54,7 +55,7 @@ std::string CommandLine(int argc, char** argv) {
 int Run(const std::string& commandLine) {
     const Environment environment = SystemEnvironment();
     const std::filesystem::path folder =
-        FindProgramFolder(QCoreApplication::applicationDirPath().toStdString(), environment);
+        FindProgramFolder(PathOf(QCoreApplication::applicationDirPath().toStdString()), environment);
     LayOut(folder / "Images", folder / "Tabs");
 
     QtUserInterface ui;

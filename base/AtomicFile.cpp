@@ -1,5 +1,7 @@
 #include "base/AtomicFile.h"
 
+#include "base/Paths.h"
+
 #include <system_error>
 
 namespace velmora {
@@ -7,7 +9,7 @@ namespace velmora {
 namespace fs = std::filesystem;
 
 FileAccessError::FileAccessError(const fs::path& path, int systemNumber)
-    : Error(path.string() + ": " + std::generic_category().message(systemNumber), systemNumber),
+    : Error(PathText(path) + ": " + std::generic_category().message(systemNumber), systemNumber),
       cause_(std::generic_category().message(systemNumber)) {}
 
 std::optional<FileStamp> StampOf(const fs::path& path) {

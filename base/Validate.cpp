@@ -1,5 +1,6 @@
 #include "base/Validate.h"
 
+#include "base/Paths.h"
 #include "base/Text.h"
 
 #include <fstream>
@@ -25,7 +26,7 @@ std::size_t DriveLength(std::string_view path) {
 
 bool FolderExists(const fs::path& path, bool create) {
     std::error_code error;
-    const bool isForeign = !path.is_absolute() && DriveLength(path.string()) > 0;
+    const bool isForeign = !path.is_absolute() && DriveLength(PathText(path)) > 0;
     if (create && !isForeign)
         fs::create_directories(path, error);
     return fs::is_directory(path, error);
@@ -37,11 +38,11 @@ bool FileExists(const fs::path& path) {
 }
 
 std::optional<fs::path> FindFile(const fs::path& folder, const std::string& name) {
-    if (FileExists(folder / name))
-        return folder / name;
+    if (FileExists(folder / PathOf(name)))
+        return folder / PathOf(name);
     std::error_code error;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
-        if (EqualsNoCase(entry->path().filename().string(), name) && FileExists(entry->path()))
+        if (EqualsNoCase(PathText(entry->path().filename()), name) && FileExists(entry->path()))
             return entry->path();
     return std::nullopt;
 }

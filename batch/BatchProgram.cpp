@@ -2,6 +2,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
+#include "base/Paths.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
@@ -65,7 +66,7 @@ TabFile BatchProgram::Load(const std::string& file) {
         TabFile read = ParseTabFile(ReadInput(file));
         Load(read);
         if (file != kStandardStream)
-            main_.document.DocFileName = file;
+            main_.document.DocFileName = PathOf(file);
         return read;
     });
 }
@@ -84,7 +85,7 @@ void RaiseWithFile(const std::string& file, const Error& error) {
 
 std::string ReadInput(const std::string& file) {
     if (file != kStandardStream)
-        return ReadFile(file);
+        return ReadFile(PathOf(file));
     std::ostringstream bytes;
     bytes << std::cin.rdbuf();
     if (std::cin.bad())
@@ -95,7 +96,7 @@ std::string ReadInput(const std::string& file) {
 void WriteOutput(const std::string& file,
                  const std::function<void(const std::function<void(std::string_view)>&)>& produce) {
     if (file != kStandardStream) {
-        AtomicFile output(file);
+        AtomicFile output(PathOf(file));
         produce([&](std::string_view bytes) { output.Write(bytes); });
         output.Commit();
         return;

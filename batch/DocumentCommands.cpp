@@ -1,6 +1,7 @@
 #include "batch/Commands.h"
 
 #include "base/Numbers.h"
+#include "base/Paths.h"
 #include "batch/BatchProgram.h"
 #include "document/TabFileCheck.h"
 #include "platform/InstalledPrinters.h"
@@ -78,7 +79,7 @@ PdfOptions OptionsOf(const SheetArguments& arguments, const rptVelmor& report) {
 
 void LoadSheets(BatchProgram& program, const SheetArguments& arguments) {
     if (!arguments.ini.empty())
-        program.UseSettings(arguments.ini);
+        program.UseSettings(PathOf(arguments.ini));
     program.Load(arguments.file);
 }
 
@@ -118,7 +119,7 @@ int RunInfo(const InfoArguments& arguments) {
 
 int RunPdf(const PdfArguments& arguments) {
     for (const std::string& read : {arguments.file, arguments.ini})
-        if (IsSameFile(read, arguments.output))
+        if (IsSameFile(PathOf(read), PathOf(arguments.output)))
             throw UsageError(arguments.output + ": the PDF would replace what it is made from");
     BatchProgram program;
     LoadSheets(program, arguments);
@@ -137,7 +138,7 @@ int RunPdf(const PdfArguments& arguments) {
 }
 
 int RunCalibration(const CalibrationArguments& arguments) {
-    if (IsSameFile(arguments.ini, arguments.output))
+    if (IsSameFile(PathOf(arguments.ini), PathOf(arguments.output)))
         throw UsageError(arguments.output + ": the PDF would replace the settings");
     const bool isDl = SetStationeryFromType(arguments.type) == "DL";
     if (!isDl && !arguments.layout.empty())
@@ -145,7 +146,7 @@ int RunCalibration(const CalibrationArguments& arguments) {
     const std::string layout = !isDl ? "A4" : arguments.layout.empty() ? "DL_v" : arguments.layout;
     BatchProgram program;
     if (!arguments.ini.empty())
-        program.UseSettings(arguments.ini);
+        program.UseSettings(PathOf(arguments.ini));
     const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     WriteOutput(arguments.output, [&](const auto& sink) {
         WriteCalibrationPdf(program.Settings(), *catalogue, arguments.type, layout, sink);

@@ -1,6 +1,7 @@
 #include "batch/Commands.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "batch/BatchProgram.h"
@@ -18,7 +19,7 @@ std::filesystem::path OwnIniFile() {
 
 /// Raises why the file cannot be read, also for one in UTF-16.
 void CheckIsIniFile(const std::string& file) {
-    const std::string start = ReadFile(file, 4);
+    const std::string start = ReadFile(PathOf(file), 4);
     if (start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF") || start.find('\0') != std::string::npos)
         throw Error(file + ": neither UTF-8 nor Windows-1252");
 }
@@ -44,14 +45,15 @@ void ChooseFile(BatchProgram& program, const SettingsArguments& arguments) {
     const bool changes = arguments.action == SettingsAction::Set || arguments.action == SettingsAction::Delete;
     if (!arguments.ini.empty()) {
         program.Settings().InMemory = false;
-        program.Settings().IniFile = arguments.ini;
+        program.Settings().IniFile = PathOf(arguments.ini);
     } else if (changes) {
         throw UsageError("name the file to change with --ini");
     } else if (FileExists(OwnIniFile())) {
         program.UseSettings(OwnIniFile());
     }
     std::error_code error;
-    if (!arguments.ini.empty() && ((!changes && !arguments.fallback) || std::filesystem::exists(arguments.ini, error)))
+    if (!arguments.ini.empty() &&
+        ((!changes && !arguments.fallback) || std::filesystem::exists(PathOf(arguments.ini), error)))
         CheckIsIniFile(arguments.ini);
 }
 

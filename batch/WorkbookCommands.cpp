@@ -1,3 +1,4 @@
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "batch/BatchProgram.h"
 #include "batch/Commands.h"
@@ -15,12 +16,12 @@ namespace {
 constexpr const char* kSheetName = "Tabs";
 
 void CheckUsage(const ConvertArguments& arguments) {
-    const auto format = WorkbookFormatOf(arguments.output);
+    const auto format = WorkbookFormatOf(PathOf(arguments.output));
     if (!format && !EndsWithNoCase(arguments.output, ".csv"))
         throw UsageError(arguments.output + ": the output must end in .csv, .xls or .xlsx");
     if (format && !LibraryWorkbooks().CanWrite(*format))
         throw UsageError(arguments.output + ": workbooks of this format cannot be written");
-    if (IsSameFile(arguments.input, arguments.output))
+    if (IsSameFile(PathOf(arguments.input), PathOf(arguments.output)))
         throw UsageError(arguments.output + ": the output would replace what it is made from");
 }
 
@@ -45,9 +46,9 @@ WorksheetOptions OptionsOf(const ConvertArguments& arguments) {
 
 /// A workbook's sheet, or a list of another program.
 Worksheet ReadSheet(const ConvertArguments& arguments, const std::string& text) {
-    if (!WorkbookFormatOf(arguments.input))
+    if (!WorkbookFormatOf(PathOf(arguments.input)))
         return WorksheetOf(ParseTextList(text, GuessDelimiter(text)), OptionsOf(arguments));
-    const auto workbook = LibraryWorkbooks().Open(arguments.input);
+    const auto workbook = LibraryWorkbooks().Open(PathOf(arguments.input));
     return ReadWorksheet(*workbook, ChooseSheet(*workbook, arguments.sheet), OptionsOf(arguments));
 }
 
@@ -74,7 +75,7 @@ void Overrule(Source& source, const ConvertArguments& arguments, int fields, Set
 }
 
 void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
-    const std::string bytes = WorkbookFormatOf(arguments.input) ? "" : ReadText(arguments.input);
+    const std::string bytes = WorkbookFormatOf(PathOf(arguments.input)) ? "" : ReadText(arguments.input);
     NamingFile(arguments.input, [&] {
         // A tab file knows no quotes, so its own reader takes it.
         TabFile file = ParseTabFile(bytes);
@@ -94,7 +95,7 @@ void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
 void WriteDocument(BatchProgram& program, const ConvertArguments& arguments,
                    const std::function<void(std::string_view)>& sink) {
     const TabDocument& document = program.Main().document;
-    if (const auto format = WorkbookFormatOf(arguments.output)) {
+    if (const auto format = WorkbookFormatOf(PathOf(arguments.output))) {
         LibraryWorkbooks().Write(*format, kSheetName, TabRows(document), sink);
         return;
     }
@@ -112,7 +113,7 @@ int RunConvert(const ConvertArguments& arguments) {
     WriteOutput(arguments.output, [&](const auto& sink) {
         NamingFile(arguments.output, [&] { WriteDocument(program, arguments, sink); });
     });
-    if (!WorkbookFormatOf(arguments.output))
+    if (!WorkbookFormatOf(PathOf(arguments.output)))
         WarnOfCommas(program.Main());
     if (!program.Told().empty())
         std::cerr << "velmora-batch: " << program.Told() << '\n';
@@ -120,7 +121,7 @@ int RunConvert(const ConvertArguments& arguments) {
 }
 
 int RunSheets(const std::string& file) {
-    const auto workbook = NamingFile(file, [&] { return LibraryWorkbooks().Open(file); });
+    const auto workbook = NamingFile(file, [&] { return LibraryWorkbooks().Open(PathOf(file)); });
     for (const std::string& name : workbook->SheetNames())
         std::cout << name << '\n';
     return kDone;

@@ -1,5 +1,6 @@
 #include "document/Worksheet.h"
 
+#include "base/Paths.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -29,7 +30,7 @@ std::string StationeryName(const std::string& upper) {
 } // namespace
 
 std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path) {
-    const std::string name = path.string();
+    const std::string name = PathText(path);
     if (EndsWithNoCase(name, ".xls"))
         return WorkbookFormat::Xls;
     if (EndsWithNoCase(name, ".xlsx"))

@@ -1,6 +1,7 @@
 #include "print/PdfReport.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 #include "base/TemporaryFile.h"
 #include "report/PdfCanvas.h"
 #include "report/SheetPainter.h"
@@ -23,7 +24,7 @@ std::vector<int> AllSheets(const rptVelmor& report) {
 std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string name) {
     const std::filesystem::path& document = main.document.DocFileName;
     if (name.empty())
-        name = document.empty() ? "Tabs" : document.stem().string();
+        name = document.empty() ? "Tabs" : PathText(document.stem());
     const std::filesystem::path folder = document.empty() ? main.globals.TabsPath : document.parent_path();
     for (;;) {
         auto path = main.ui.ChooseFile({"SAVE", "Save as PDF", folder, "PDF file (*.pdf)|*.pdf", name + ".pdf"});
@@ -50,7 +51,7 @@ rptVelmor PrepareReport(const MainModule& main, LayoutValues& layout, const Repo
 
 bool WritePdf(rptVelmor& report, const MainModule& main, const FontCatalogue& catalogue, const PdfOptions& options,
               const std::function<void(std::string_view)>& sink, Progress* progress) {
-    PdfCanvas pdf(sink, {main.document.DocFileName.stem().string(), {}});
+    PdfCanvas pdf(sink, {PathText(main.document.DocFileName.stem()), {}});
     SheetPainter painter(catalogue, main.fonts);
     Sheet sheet;
     int done = 0;

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Numbers.h"
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "settings/mdlSettings.h"
 
@@ -33,7 +34,7 @@ std::vector<std::string> Names(const std::string& list) {
 void CSetting::Init(std::optional<std::string_view> application) {
     globals_.SettingsAppName = application ? *application : Trim(globals_.ProgramName);
     if (globals_.IniFile.empty() && !globals_.InMemory)
-        globals_.IniFile = globals_.ProgramFolder / (globals_.SettingsAppName + ".ini");
+        globals_.IniFile = globals_.ProgramFolder / PathOf(globals_.SettingsAppName + ".ini");
     saveMode_ = globals_.SaveMode;
 }
 

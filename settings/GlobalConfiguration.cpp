@@ -1,6 +1,7 @@
 #include "settings/GlobalConfiguration.h"
 
 #include "base/Numbers.h"
+#include "base/Paths.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ std::filesystem::path WithSeparator(const std::filesystem::path& folder) {
 }
 
 void SaveFolder(SettingsStore& store, std::string_view key, const std::filesystem::path& folder) {
-    const std::string text = WithSeparator(folder).string();
+    const std::string text = PathText(WithSeparator(folder));
     if (CharacterCount(text) <= kIniValueCharacters)
         SaveSetting(store, store.SettingsAppName, "Paths", key, text);
 }

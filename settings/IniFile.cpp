@@ -1,6 +1,7 @@
 #include "settings/IniFile.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 #include "base/SystemLock.h"
 
 #include <algorithm>
@@ -218,7 +219,7 @@ void IniFile::Commit(const std::vector<Change>& changes) {
         changed = Apply(text, change) || changed;
     if (changed && !path_.empty()) {
         if (foreign_)
-            throw Error(path_.string() + ": neither UTF-8 nor Windows-1252");
+            throw Error(PathText(path_) + ": neither UTF-8 nor Windows-1252");
         ReplaceFile(path_, Encoded(text.Bytes()));
     }
     stored_ = std::move(text);

@@ -1,6 +1,7 @@
 #include "settings/RegistryMove.h"
 
 #include "base/Error.h"
+#include "base/Paths.h"
 #include "base/Validate.h"
 
 #include <utility>
@@ -51,9 +52,9 @@ private:
 /// Raises Error unless the key could be read, or is not there.
 void Require(RegistryCode code, const std::filesystem::path& file) {
     if (code == RegistryCode::Unreadable)
-        throw Error("The file '" + file.string() + "' cannot be read.");
+        throw Error("The file '" + PathText(file) + "' cannot be read.");
     if (code != RegistryCode::Success && code != RegistryCode::FileNotFound)
-        throw Error("The file '" + file.string() + "' is damaged, or no export of a registry.");
+        throw Error("The file '" + PathText(file) + "' is damaged, or no export of a registry.");
 }
 
 KeyTable SectionOf(const Registry& registry, const std::string& path, const std::filesystem::path& file) {
@@ -79,7 +80,7 @@ bool HasOldSettings(const SettingsStore& store) {
 
 int ImportRegistryExport(SettingsStore& store, const std::filesystem::path& file) {
     if (!FileExists(file))
-        throw Error("The file '" + file.string() + "' cannot be read.");
+        throw Error("The file '" + PathText(file) + "' cannot be read.");
     const auto registry = store.Keys.OpenExport(file);
     std::vector<std::string> sections;
     Require(registry->EnumerateKeys(RegistryPath(store.SettingsAppName, ""), sections), file);
@@ -88,7 +89,7 @@ int ImportRegistryExport(SettingsStore& store, const std::filesystem::path& file
     int imported = 0;
     for (const std::string& section : sections)
         for (const auto& [key, value] : SectionOf(*registry, RegistryPath(store.SettingsAppName, section), file)) {
-            if (section == "Paths" && !FolderExists(value))
+            if (section == "Paths" && !FolderExists(PathOf(value)))
                 continue;
             store.Object.SaveSettingStr(section, key, value);
             ++imported;

@@ -1,10 +1,13 @@
 // The start of the program: folders, command line, the ends before the window.
 #include "app/Start.h"
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 #include "platform/Machine.h"
 #include "setup/Margins.h"
 #include "tests/support/FewFonts.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/RecentFiles.h"
+#include "workspace/SaveDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -71,6 +74,24 @@ TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
     test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
     EXPECT_EQ(Start("SETTINGS x"), StartOutcome::Running);
+}
+
+TEST_F(StartTest, AForeignNameIsOneFileToCommandLineDiskAndIniFile) {
+    const std::string name = "t\xC3\xAB\xE2\x82\xAC\xC5\x82.csv"; // fits no code page
+    ReplaceFile(test.folder / name, "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
+    EXPECT_EQ(Start(PathText(test.folder.Path()) + "/" + name), StartOutcome::Running);
+    EXPECT_EQ(program.main.document.FieldA(1), "x");
+    program.main.document.FieldA(1) = "typed";
+    test.ui.Expect("File saved successfully", Icon::Information);
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
+    EXPECT_NE(ReadFile(test.folder / name).find("typed"), std::string::npos);
+    EXPECT_NE(ReadFile(test.folder / "Velmora.ini").find("/" + name + "\r\n"), std::string::npos);
+    SettingsStore nextStart(test.registry, test.ui);
+    nextStart.SettingsAppName = "Velmora";
+    nextStart.IniFile = test.folder / "Velmora.ini";
+    EXPECT_EQ(RecentFiles(nextStart), std::vector{test.folder / name});
+    EXPECT_EQ(std::distance(fs::directory_iterator(test.folder.Path()), {}), 4)
+        << "Images, Tabs, the file, the INI file";
 }
 
 TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {

@@ -1,5 +1,6 @@
 #include "widgets/TabPicture.h"
 
+#include "base/Paths.h"
 #include "workspace/Dialogs.h"
 #include "workspace/FolderSearch.h"
 
@@ -9,7 +10,7 @@ QPixmap LoadTabPicture(MainModule& main, const std::string& fileName) {
     QPixmap picture;
     if (const auto path = SearchFile(main, main.globals.ImagesPath,
                                      {fileName, "Image", "Images", "Picture (*.gif)|*.gif", "A4_alpha_New.gif"}))
-        picture.load(QString::fromStdString(path->string()));
+        picture.load(QString::fromStdString(PathText(*path)));
     if (picture.isNull())
         Tell(main, "The program could not load the '" + fileName + "' picture file.");
     return picture;

@@ -1,4 +1,5 @@
 // .xlsx: a zip of XML parts that point at one another. Rows are handed on as they are read.
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "workbook/NumberFormat.h"
 #include "workbook/WorkbookFormats.h"
@@ -218,7 +219,7 @@ std::string FolderOf(const std::string& part) {
 std::string Resolve(const std::string& from, const std::string& target) {
     if (target.starts_with('/'))
         return target.substr(1);
-    return std::filesystem::path(FolderOf(from) + target).lexically_normal().generic_string();
+    return SlashedPathText(PathOf(FolderOf(from) + target).lexically_normal());
 }
 
 Relations RelationsOf(const ZipFile& zip, const std::string& part) {

@@ -1,5 +1,6 @@
 #include "workspace/Dialogs.h"
 
+#include "base/Paths.h"
 #include "base/Validate.h"
 
 namespace velmora {
@@ -17,7 +18,7 @@ Answer AskToSave(MainModule& main) {
 }
 
 bool MayOverwrite(MainModule& main, const std::filesystem::path& path) {
-    return !FileExists(path) || Ask(main, "Do you want to overwrite the following file?\r\n[" + path.string() + "]",
+    return !FileExists(path) || Ask(main, "Do you want to overwrite the following file?\r\n[" + PathText(path) + "]",
                                     Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 

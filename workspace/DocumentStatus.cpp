@@ -1,3 +1,4 @@
+#include "base/Paths.h"
 #include "workspace/DocumentStatus.h"
 
 #include "base/Numbers.h"
@@ -50,7 +51,7 @@ void ShowCurrentTab(MainModule& main) {
 }
 
 std::string DocumentCaption(const TabDocument& document) {
-    return document.DocFileName.empty() ? "Untitled" : document.DocFileName.string();
+    return document.DocFileName.empty() ? "Untitled" : PathText(document.DocFileName);
 }
 
 void ShowCaption(MainModule& main) {

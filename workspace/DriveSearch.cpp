@@ -1,3 +1,4 @@
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "workspace/FolderSearch.h"
 
@@ -68,7 +69,7 @@ private:
             if (!entry->is_symlink(ignored) && entry->is_directory(ignored)) { // known without a look at the entry
                 if (std::find(walls_.begin(), walls_.end(), entry->path()) == walls_.end())
                     contents.folders.push_back(entry->path());
-            } else if (IsWanted(entry->path().filename().string()))
+            } else if (IsWanted(PathText(entry->path().filename())))
                 ++contents.found;
         }
         return contents;

@@ -1,5 +1,6 @@
 #include "workspace/FolderSearch.h"
 
+#include "base/Paths.h"
 #include "base/Validate.h"
 #include "workspace/Dialogs.h"
 
@@ -27,7 +28,7 @@ fs::path Store(MainModule& main, const std::string& key, const fs::path& folder)
 std::optional<fs::path> Create(MainModule& main, const fs::path& folder) {
     if (FolderExists(folder, true))
         return folder;
-    Tell(main, "The folder '" + folder.string() + "' could not be created.", Icon::Critical);
+    Tell(main, "The folder '" + PathText(folder) + "' could not be created.", Icon::Critical);
     return std::nullopt;
 }
 
@@ -35,7 +36,7 @@ fs::path Choose(MainModule& main, const fs::path& current, const FolderWanted& w
     const auto chosen = main.ui.ChooseFolder(kChooserTitle, current);
     if (chosen && (!wanted.chosenNeedsMarker || HoldsFile(*chosen, wanted.markerFile)))
         return Store(main, wanted.key, *chosen);
-    Tell(main, chosen ? "The folder '" + chosen->string() + "' does not hold the file '" + wanted.markerFile + "'."
+    Tell(main, chosen ? "The folder '" + PathText(*chosen) + "' does not hold the file '" + wanted.markerFile + "'."
                       : kGivenUp);
     return current;
 }
@@ -73,7 +74,7 @@ struct Creation {
 
 Creation OfferToCreate(MainModule& main, const fs::path& current) {
     const Answer answer =
-        Ask(main, "The '" + current.string() + "' directory cannot be found.\r\nDo you want to create it?",
+        Ask(main, "The '" + PathText(current) + "' directory cannot be found.\r\nDo you want to create it?",
             Buttons::YesNoCancel);
     return {answer, answer == Answer::Yes ? Create(main, current) : std::nullopt};
 }

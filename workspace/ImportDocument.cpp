@@ -1,6 +1,7 @@
 #include "workspace/ImportDocument.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 #include "workspace/Dialogs.h"
 #include "workspace/ImportDialogs.h"
 
@@ -67,7 +68,7 @@ Worksheet ReadList(const std::string& text, const ImportChoice& choice) {
 } // namespace
 
 bool AnnounceVersion(MainModule& main, const std::filesystem::path& path, const std::string& firstText) {
-    const std::string file = "The file: [" + path.string() + "] is ";
+    const std::string file = "The file: [" + PathText(path) + "] is ";
     if (TestVersion8(firstText))
         return true;
     if (TestVersion7(firstText)) {
@@ -114,7 +115,7 @@ Imported ImportList(MainModule& main, const std::filesystem::path& path) {
     const auto preview = [&](const ImportChoice& choice) {
         return ParseTextList(DecodeList(bytes, choice.encoding), choice.delimiter, kPreviewRows);
     };
-    const auto choice = main.dialogs->ChooseImport({path.filename().string(), encodings, preview}, guess);
+    const auto choice = main.dialogs->ChooseImport({PathText(path.filename()), encodings, preview}, guess);
     if (!choice)
         return OpenOutcome::Cancelled;
     const std::string text = DecodeList(bytes, choice->encoding);

@@ -1,6 +1,7 @@
 #include "workspace/OpenDocument.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 #include "base/Validate.h"
 #include "workspace/Dialogs.h"
 #include "workspace/LoadDocument.h"
@@ -108,7 +109,7 @@ OpenOutcome Open(MainModule& main, const std::filesystem::path& path,
                  Imported (*read)(MainModule&, const std::filesystem::path&)) {
     if (!FileExists(path)) {
         main.document.FileError = true;
-        Tell(main, "Could not load the following file [" + path.string() + "]", Icon::Critical);
+        Tell(main, "Could not load the following file [" + PathText(path) + "]", Icon::Critical);
         return OpenOutcome::Failed;
     }
     const FoundFile file{path};

@@ -1,5 +1,6 @@
 #include "workspace/RecentFiles.h"
 
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Validate.h"
 
@@ -21,7 +22,7 @@ std::vector<std::filesystem::path> Stored(SettingsStore& store) {
     for (std::size_t place = 0; place < kRecentFiles; ++place) {
         const std::string path = GetSetting(store, store.SettingsAppName, kSection, KeyName(place), kProbe);
         if (path != kProbe && !path.empty())
-            files.emplace_back(path);
+            files.push_back(PathOf(path));
     }
     return files;
 }
@@ -35,7 +36,7 @@ std::vector<std::filesystem::path> RecentFiles(SettingsStore& store) {
 }
 
 void RememberFile(SettingsStore& store, const std::filesystem::path& path) {
-    if (CharacterCount(path.string()) > kIniValueCharacters)
+    if (CharacterCount(PathText(path)) > kIniValueCharacters)
         return;
     std::vector<std::filesystem::path> files = Stored(store);
     std::erase(files, path);
@@ -43,7 +44,7 @@ void RememberFile(SettingsStore& store, const std::filesystem::path& path) {
     files.resize(std::min(files.size(), kRecentFiles));
     const SettingsBatch batch(store);
     for (std::size_t place = 0; place < files.size(); ++place)
-        SaveSetting(store, store.SettingsAppName, kSection, KeyName(place), files[place].string());
+        SaveSetting(store, store.SettingsAppName, kSection, KeyName(place), PathText(files[place]));
 }
 
 } // namespace velmora

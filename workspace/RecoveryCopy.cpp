@@ -1,6 +1,7 @@
 #include "workspace/RecoveryCopy.h"
 
 #include "base/Error.h"
+#include "base/Paths.h"
 #include "document/TabFile.h"
 
 #include <algorithm>
@@ -84,7 +85,7 @@ private:
     }
 
     bool ReadDocument(RecoveryCopy& copy) {
-        copy.path = Text();
+        copy.path = PathOf(Text());
         copy.encoding = Text() == EncodingName(Encoding::Windows1252) ? Encoding::Windows1252 : Encoding::Utf8;
         const auto size = ParseNumber<std::uintmax_t>(Text());
         const auto written = ParseNumber<std::filesystem::file_time_type::rep>(Text());
@@ -133,7 +134,7 @@ private:
 
 std::string RecoveryContent(const TabDocument& document, SettingsStore& settings) {
     std::string content;
-    Append(content, document.DocFileName.string());
+    Append(content, PathText(document.DocFileName));
     Append(content, EncodingName(document.FileEncoding));
     Append(content, document.Stamp ? std::to_string(document.Stamp->size) : "");
     Append(content, document.Stamp ? std::to_string(document.Stamp->written.time_since_epoch().count()) : "");

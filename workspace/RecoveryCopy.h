@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,7 +23,7 @@ struct RecoveryCopy {
     std::chrono::system_clock::time_point time;
     std::int16_t page = 1;
     std::uint64_t contentSum = 0;
-    std::string_view path;
+    std::filesystem::path path;
     Encoding encoding = Encoding::Utf8;
     std::optional<FileStamp> stamp;
     std::string_view header;

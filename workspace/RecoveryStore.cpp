@@ -1,15 +1,13 @@
 #include "workspace/RecoveryStore.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
+#include "base/SystemLock.h"
 #include "workspace/RecoveryCopy.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
-#include <fcntl.h>
 #include <random>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace velmora {
 namespace {
@@ -41,7 +39,7 @@ std::optional<RecoveredDocument> Describe(const fs::path& file) {
 }
 
 bool IsCopy(const fs::path& file, std::string_view prefix) {
-    return file.extension() == kExtension && file.filename().string().starts_with(prefix);
+    return PathText(file.extension()) == kExtension && PathText(file.filename()).starts_with(prefix);
 }
 
 /// The files in the folder with this beginning and our extension.
@@ -56,7 +54,7 @@ std::vector<fs::path> FilesNamed(const fs::path& folder, std::string_view prefix
 
 /// The number in "Kept-number-..."; archived copies are numbered as they come, because a clock may be set back.
 std::uint32_t ArchiveNumber(const fs::path& file) {
-    const std::string name = file.filename().string().substr(kArchivePrefix.size());
+    const std::string name = PathText(file.filename()).substr(kArchivePrefix.size());
     std::uint32_t number = 0;
     std::from_chars(name.data(), name.data() + name.size(), number);
     return number;
@@ -68,7 +66,7 @@ std::string RandomName() {
 }
 
 fs::path LockOf(const fs::path& file) {
-    return fs::path(file) += kLock;
+    return fs::path(file) += PathOf(kLock);
 }
 
 /// A program makes its lock before its file, so a file without one has nobody.
@@ -95,7 +93,7 @@ private:
 };
 
 std::string RecoveredDocument::Name() const {
-    return DocFileName.empty() ? "Untitled" : DocFileName.filename().string();
+    return DocFileName.empty() ? "Untitled" : PathText(DocFileName.filename());
 }
 
 RecoveryStore::RecoveryStore() = default;

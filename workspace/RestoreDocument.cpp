@@ -1,5 +1,6 @@
 #include "workspace/RestoreDocument.h"
 
+#include "base/Paths.h"
 #include "document/TabFile.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/ReplaceDocument.h"
@@ -42,7 +43,7 @@ LoadOutcome RestoreDocument(MainModule& main, const RecoveredDocument& recovered
     const auto bytes = main.recovery.Read(recovered); // whole, before the archive moves on
     const auto copy = bytes ? ParseRecoveryCopy(*bytes) : std::nullopt;
     if (!copy)
-        throw Error("The recovery copy is gone or damaged: " + recovered.File.string());
+        throw Error("The recovery copy is gone or damaged: " + PathText(recovered.File));
     const LoadOutcome outcome = ReplaceDocument(main, [&] { return LoadCopy(main, *copy); });
     if (outcome == LoadOutcome::Loaded)
         main.recovery.Settle(recovered);

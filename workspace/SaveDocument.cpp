@@ -1,6 +1,7 @@
 #include "workspace/SaveDocument.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "document/Worksheet.h"
@@ -56,7 +57,7 @@ std::optional<FileAccessError> TryWrite(MainModule& main, const fs::path& path, 
 bool WantsRetry(MainModule& main, const fs::path& path, const FileAccessError& error) {
     return main.ui.Show({"The application encountered the following error when it attempted to save the following "
                          "file: [" +
-                             path.string() + "]\r\nError Nommer:" + std::to_string(error.Number()) +
+                             PathText(path) + "]\r\nError Nommer:" + std::to_string(error.Number()) +
                              "\r\nError Description:" + error.Cause(),
                          main.settings.SettingsAppName, Icon::Critical, Buttons::RetryCancel}) == Answer::Retry;
 }
@@ -92,7 +93,7 @@ bool CanReplace(MainModule& main, const fs::path& path) {
         return true;
     } catch (const FileAccessError&) {
         Tell(main,
-             "You can not overwrite the following file [" + path.string() +
+             "You can not overwrite the following file [" + PathText(path) +
                  "]\r\nThe file may be open or you may not have permission to overwrite it.  Please select a new "
                  "file name.",
              Icon::Critical);
@@ -122,7 +123,7 @@ bool CanWrite(MainModule& main, const fs::path& path) {
 }
 
 FileRequest RequestFor(MainModule& main, SaveKind kind) {
-    const bool workbook = EndsWithNoCase(main.document.DocFileName.string(), ".XLS");
+    const bool workbook = EndsWithNoCase(PathText(main.document.DocFileName), ".XLS");
     const std::string excel = "Excel file (*.xls)|*.xls";
     FileRequest request{"SAVE", kind == SaveKind::Export ? "Export" : "Save as", main.globals.TabsPath,
                         workbook ? "csv-file (*.csv)|*.csv|" + excel : "Velmora file(*.csv)|*.csv", "Tabs.csv"};
@@ -165,7 +166,7 @@ bool MayReplaceChangedFile(MainModule& main) {
     return !now || !document.Stamp || now == document.Stamp ||
            Ask(main,
                "Another program has changed the following file since it was opened.\r\n[" +
-                   document.DocFileName.string() + "]\r\nDo you want to overwrite it?",
+                   PathText(document.DocFileName) + "]\r\nDo you want to overwrite it?",
                Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 

@@ -3,6 +3,7 @@
 #include "app/Commands.h"
 #include "app/ui/HelpDesk.h"
 #include "app/ui/MainMenu.h"
+#include "base/Paths.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "widgets/FormPlace.h"
 #include "widgets/LineIcon.h"
@@ -117,7 +118,7 @@ void mdiVelmora::AddRecentFiles(QMenu* menu) {
     connect(menu, &QMenu::aboutToShow, this, [this, recent] {
         recent->clear();
         for (const std::filesystem::path& path : RecentFiles(program_.main.settings))
-            recent->addAction(Numbered(*recent, path.string()), this, [this, path] { OpenAnother(path); });
+            recent->addAction(Numbered(*recent, PathText(path)), this, [this, path] { OpenAnother(path); });
         recent->setEnabled(!recent->isEmpty());
     });
 }
@@ -266,7 +267,8 @@ void mdiVelmora::dragEnterEvent(QDragEnterEvent* event) {
 void mdiVelmora::dropEvent(QDropEvent* event) {
     const QList<QUrl> urls = event->mimeData()->urls();
     if (!urls.isEmpty())
-        QTimer::singleShot(0, this, [this, path = urls.first().toLocalFile().toStdString()] { OpenAnother(path); });
+        QTimer::singleShot(0, this,
+                           [this, path = PathOf(urls.first().toLocalFile().toStdString())] { OpenAnother(path); });
 }
 
 void mdiVelmora::closeEvent(QCloseEvent* event) {

@@ -1,6 +1,7 @@
 #include "platform/linux/CupsPrinters.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 
 #include <cups/cups.h>
 #include <cups/pwg.h>
@@ -154,8 +155,8 @@ public:
         std::ifstream file(pdf, std::ios::binary);
         if (!file)
             throw FileAccessError(pdf, errno);
-        if (cupsStartDestDocument(connection_, destination_, info_, id_, pdf.filename().c_str(), CUPS_FORMAT_PDF, 0,
-                                  nullptr, 1) != HTTP_STATUS_CONTINUE)
+        if (cupsStartDestDocument(connection_, destination_, info_, id_, PathText(pdf.filename()).c_str(),
+                                  CUPS_FORMAT_PDF, 0, nullptr, 1) != HTTP_STATUS_CONTINUE)
             Fail();
         std::array<char, 65536> buffer;
         while (file.read(buffer.data(), buffer.size()), file.gcount() > 0)

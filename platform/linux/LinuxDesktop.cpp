@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include "base/Paths.h"
 #include "base/Text.h"
 
 #include <cerrno>
@@ -20,8 +21,8 @@ bool IsProgram(const fs::path& path) {
 
 std::optional<fs::path> FindInPath(const std::string& folders, const std::string& name) {
     for (const std::string_view folder : Split(folders, ':'))
-        if (fs::path(folder).is_absolute() && IsProgram(fs::path(folder) / name))
-            return fs::path(folder) / name;
+        if (PathOf(folder).is_absolute() && IsProgram(PathOf(folder) / PathOf(name)))
+            return PathOf(folder) / PathOf(name);
     return std::nullopt;
 }
 
@@ -72,7 +73,7 @@ bool LinuxDesktop::StartFirst(const std::vector<std::vector<std::string>>& comma
         const auto program = FindInPath(folders, command.front());
         if (!program)
             continue;
-        command.front() = program->string();
+        command.front() = PathText(*program);
         if (StartDetached(command))
             return true;
     }
@@ -80,12 +81,12 @@ bool LinuxDesktop::StartFirst(const std::vector<std::vector<std::string>>& comma
 }
 
 bool LinuxDesktop::OpenFile(const fs::path& file) {
-    const std::string path = fs::absolute(file).string();
+    const std::string path = PathText(fs::absolute(file));
     return StartFirst({{"xdg-open", path}, {"gio", "open", path}});
 }
 
 bool LinuxDesktop::StartProgram(const fs::path& program) {
-    return program.is_absolute() && IsProgram(program) && StartDetached({program.string()});
+    return program.is_absolute() && IsProgram(program) && StartDetached({PathText(program)});
 }
 
 bool LinuxDesktop::StartSystemInformation() {

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxDrives.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -47,7 +48,7 @@ std::vector<Drive> ReadMounts(std::string_view text) {
         const auto columns = Split(line, ' ');
         const auto dash = std::find(columns.begin(), columns.end(), "-"); // a varying number of columns before it
         if (columns.size() > kRootColumn && columns.end() - dash > 1)
-            drives.push_back({Unescaped(columns[kRootColumn]), KindOf(*std::next(dash))});
+            drives.push_back({PathOf(Unescaped(columns[kRootColumn])), KindOf(*std::next(dash))});
     }
     return drives;
 }

@@ -1,5 +1,6 @@
 #include "platform/Machine.h"
 
+#include "base/Paths.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/LinuxDrives.h"
@@ -23,14 +24,14 @@ Environment SystemEnvironment() {
 
 fs::path FindProgramFolder(const fs::path& executableFolder, const Environment& environment) {
     if (const auto home = environment("VELMORA_HOME"))
-        return fs::absolute(*home);
+        return fs::absolute(PathOf(*home));
     std::error_code error;
     const bool installed = fs::exists(executableFolder.parent_path() / "share" / "velmora", error);
     if (!installed && ::access(executableFolder.c_str(), W_OK) == 0)
         return executableFolder;
     if (const auto config = environment("XDG_CONFIG_HOME"))
-        return fs::path(*config) / "velmora";
-    return fs::path(environment("HOME").value_or("/")) / ".config" / "velmora";
+        return PathOf(*config) / "velmora";
+    return PathOf(environment("HOME").value_or("/")) / ".config" / "velmora";
 }
 
 std::optional<fs::path> ExecutableFolder() {

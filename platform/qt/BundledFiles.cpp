@@ -1,6 +1,7 @@
 #include "platform/qt/BundledFiles.h"
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -27,7 +28,7 @@ void Unpack(const QString& bundled, const std::filesystem::path& target) {
 void UnpackBundledFiles(const char* folder, const std::filesystem::path& target) {
     for (QDirIterator files(kRoot + folder, QDir::Files); files.hasNext();) {
         const QString bundled = files.next();
-        Unpack(bundled, target / files.fileName().toStdString());
+        Unpack(bundled, target / PathOf(files.fileName().toStdString()));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "platform/qt/QtUserInterface.h"
 
+#include "base/Paths.h"
 #include "platform/qt/frmProgress.h"
 
 #include <QApplication>
@@ -101,7 +102,7 @@ std::unique_ptr<Progress> QtUserInterface::StartCancellable(const std::string& t
 }
 
 std::optional<std::filesystem::path> QtUserInterface::ChooseFile(const FileRequest& request) {
-    QFileDialog dialog(QApplication::activeWindow(), Text(request.title), Text(request.folder.string()));
+    QFileDialog dialog(QApplication::activeWindow(), Text(request.title), Text(PathText(request.folder)));
     const QStringList filters =
         NameFilters(request.moreFilters.empty() ? request.filter : request.filter + "|" + request.moreFilters);
     dialog.setNameFilters(filters);
@@ -118,16 +119,16 @@ std::optional<std::filesystem::path> QtUserInterface::ChooseFile(const FileReque
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
-    return std::filesystem::path(dialog.selectedFiles().first().toStdString());
+    return PathOf(dialog.selectedFiles().first().toStdString());
 }
 
 std::optional<std::filesystem::path> QtUserInterface::ChooseFolder(const std::string& title,
                                                                    const std::filesystem::path& start) {
     const QString folder =
-        QFileDialog::getExistingDirectory(QApplication::activeWindow(), Text(title), Text(start.string()));
+        QFileDialog::getExistingDirectory(QApplication::activeWindow(), Text(title), Text(PathText(start)));
     if (folder.isEmpty())
         return std::nullopt;
-    return std::filesystem::path(folder.toStdString());
+    return PathOf(folder.toStdString());
 }
 
 } // namespace velmora
