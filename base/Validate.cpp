@@ -12,10 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 constexpr auto kNone = std::string_view::npos;
 
-char SeparatorOf(std::string_view path) {
-    return path.find('/') == kNone ? '\\' : '/';
-}
-
 /// Length of the drive with its ":". A ":" behind a "/" is part of a name.
 std::size_t DriveLength(std::string_view path) {
     const std::size_t at = path.find_first_of(":/");
@@ -50,25 +46,6 @@ std::optional<fs::path> FindFile(const fs::path& folder, const std::string& name
 std::string DriveOf(std::string_view path) {
     const std::size_t length = DriveLength(path);
     return length == 0 ? "NO DRIVE" : std::string(path.substr(0, length));
-}
-
-std::string FileNameOf(std::string_view path) {
-    const char separators[] = {SeparatorOf(path), SeparatorOf(path) == '/' ? '/' : ':'};
-    const std::size_t at = path.find_last_of(std::string_view(separators, 2));
-    const std::string_view name = at == kNone ? path : path.substr(at + 1);
-    return name.empty() ? "NO FILE" : std::string(name);
-}
-
-std::string FolderOf(std::string_view path) {
-    const std::size_t at = path.rfind(SeparatorOf(path));
-    return at == kNone ? std::string() : std::string(path.substr(0, at));
-}
-
-std::string FolderWithoutDriveOf(std::string_view path) {
-    if (path.find(SeparatorOf(path)) == kNone)
-        return "NO PATH";
-    const std::string folder = FolderOf(path);
-    return folder.substr(DriveLength(folder));
 }
 
 } // namespace velmora

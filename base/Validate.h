@@ -1,4 +1,4 @@
-// Tests of drives, folders and files, and the parts of a path.
+// Tests of drives, folders and files.
 #pragma once
 
 #include <filesystem>
@@ -16,17 +16,7 @@ bool FileExists(const std::filesystem::path& path);
 /// The file of that name in the folder, of that very name first, else in any letter case.
 std::optional<std::filesystem::path> FindFile(const std::filesystem::path& folder, const std::string& name);
 
-// The parts of a path. Its separator is "/"; a path without one may come from an old machine, so that there
-// "\" and the
-// ":" of a drive separate.
-
-/// Up to and with the first ":", or "NO DRIVE".
+/// Up to and with the first ":", or "NO DRIVE". A ":" behind a "/" is part of a name.
 std::string DriveOf(std::string_view path);
-/// What follows the last separator, or "NO FILE" when that is empty.
-std::string FileNameOf(std::string_view path);
-/// What stands before the last separator; empty without one.
-std::string FolderOf(std::string_view path);
-/// The same without the drive; "NO PATH" without a separator.
-std::string FolderWithoutDriveOf(std::string_view path);
 
 } // namespace velmora

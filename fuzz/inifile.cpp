@@ -9,14 +9,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     IniText ini(bytes);
     Require(ini.Bytes() == bytes, "nothing is changed by reading");
     ini.ListKeys("Settings");
-    ini.ListKeys("Settings", "", size % 20);
     ini.ReadString("Settings", "Printer", "");
     ini.ReadInt("Settings", "OptType", 0);
     ini.Write("Settings", "Printer", "Office 1");
     Require(IniText(ini.Bytes()).ReadString("Settings", "Printer", "") == "Office 1", "a written value is read back");
-    ini.Write("Settings", "Printer", std::nullopt);
-    while (ini.DeleteSection("Settings")) {}
-    Require(IniText(ini.Bytes()).ReadString("Settings", "OptType", "none") == "none", "a deleted section is gone");
+    while (ini.Write("Settings", "Printer", std::nullopt)) {} // the same name may stand there again
+    Require(IniText(ini.Bytes()).ReadString("Settings", "Printer", "none") == "none", "a removed key is gone");
     ini.ListSections();
     return 0;
 }

@@ -11,11 +11,11 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kBlanks = " \t\v\f";
 
-enum class Kind { Blank, Comment, Header, Key, Other };
+enum class Kind { Other, Header, Key };
 
 /// What one line says; the views lie in the line.
 struct Line {
-    Kind kind = Kind::Blank;
+    Kind kind = Kind::Other;
     std::string_view name;   ///< of a header or a key
     std::string_view value;  ///< of a key, without blanks around
     std::string_view prefix; ///< of a key: all up to the value
@@ -47,16 +47,14 @@ Line ParseKey(std::string_view line, std::size_t equals) {
 Line ParseLine(std::string_view lineWithEnd) {
     const std::string_view line = WithoutLineEnd(lineWithEnd);
     const std::size_t first = line.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
+    if (first == std::string_view::npos || line[first] == ';')
         return {};
-    if (line[first] == ';')
-        return {Kind::Comment, {}, {}, {}};
     if (line[first] == '[') {
         const std::string_view rest = line.substr(first + 1);
         return {Kind::Header, TrimSpaces(rest.substr(0, rest.find(']'))), {}, {}};
     }
     const std::size_t equals = line.find('=');
-    return equals == std::string_view::npos ? Line{Kind::Other, {}, {}, {}} : ParseKey(line, equals);
+    return equals == std::string_view::npos ? Line() : ParseKey(line, equals);
 }
 
 std::string_view WithoutQuotes(std::string_view value) {
@@ -88,18 +86,6 @@ std::vector<std::string> SplitLines(std::string_view text) {
 void AppendName(std::string& list, std::string_view name) {
     if (!name.empty())
         list.append(name).push_back('\0');
-}
-
-std::string CutList(std::string list, std::size_t bufferSize) {
-    if (bufferSize < 2)
-        return {};
-    if (list.size() > bufferSize - 2)
-        list.resize(bufferSize - 2);
-    return list;
-}
-
-std::string CutText(std::string_view text, std::size_t bufferSize) {
-    return std::string(text.substr(0, bufferSize == 0 ? 0 : bufferSize - 1));
 }
 
 int TakeBase(std::string_view& digits) {
@@ -179,11 +165,9 @@ std::optional<std::string_view> IniText::FindValue(std::string_view section, std
     return WithoutQuotes(ParseLine(lines_[*line]).value);
 }
 
-std::string IniText::ReadString(std::string_view section, std::string_view key, std::string_view fallback,
-                                std::size_t bufferSize) const {
-    if (const auto value = FindValue(section, key))
-        return CutText(*value, bufferSize);
-    return CutText(fallback.substr(0, fallback.find_last_not_of(' ') + 1), bufferSize);
+std::string IniText::ReadString(std::string_view section, std::string_view key, std::string_view fallback) const {
+    const auto value = FindValue(section, key);
+    return std::string(value ? *value : fallback.substr(0, fallback.find_last_not_of(' ') + 1));
 }
 
 std::int32_t IniText::ReadInt(std::string_view section, std::string_view key, std::int32_t fallback) const {
@@ -191,22 +175,20 @@ std::int32_t IniText::ReadInt(std::string_view section, std::string_view key, st
     return !value || value->empty() ? fallback : ProfileInteger(*value);
 }
 
-std::string IniText::ListKeys(std::string_view section, std::string_view fallback, std::size_t bufferSize) const {
-    const auto found = FindSection(section);
-    if (!found)
-        return CutText(fallback, bufferSize);
+std::string IniText::ListKeys(std::string_view section) const {
     std::string list;
-    for (std::size_t i = found->header + 1; i < found->end; ++i)
-        AppendName(list, ParseLine(lines_[i]).name);
-    return CutList(std::move(list), bufferSize);
+    if (const auto found = FindSection(section))
+        for (std::size_t i = found->header + 1; i < found->end; ++i)
+            AppendName(list, ParseLine(lines_[i]).name);
+    return list;
 }
 
-std::string IniText::ListSections(std::size_t bufferSize) const {
+std::string IniText::ListSections() const {
     std::string list;
     for (const std::string& text : lines_)
         if (const Line line = ParseLine(text); line.kind == Kind::Header)
             AppendName(list, line.name);
-    return CutList(std::move(list), bufferSize);
+    return list;
 }
 
 bool IniText::Write(std::string_view section, std::string_view key, std::optional<std::string_view> value) {
@@ -227,20 +209,6 @@ bool IniText::Write(std::string_view section, std::string_view key, std::optiona
     while (at > found->header + 1 && ParseLine(lines_[at - 1]).kind != Kind::Key)
         --at;
     Insert(at, entry);
-    return true;
-}
-
-bool IniText::DeleteSection(std::string_view section) {
-    const auto found = FindSection(section);
-    if (!found)
-        return false;
-    const auto begin = lines_.begin() + static_cast<std::ptrdiff_t>(found->header);
-    const auto end = lines_.begin() + static_cast<std::ptrdiff_t>(found->end);
-    const auto stays = [](const std::string& line) {
-        const Kind kind = ParseLine(line).kind;
-        return kind == Kind::Comment || kind == Kind::Blank;
-    };
-    lines_.erase(std::stable_partition(begin, end, stays), end);
     return true;
 }
 

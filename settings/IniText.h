@@ -21,31 +21,23 @@ std::int32_t ProfileInteger(std::string_view text);
 /// "=", "]", a leading ";" or a line break is written as it comes and read back as what the line then says.
 class IniText {
 public:
-    static constexpr std::size_t kNoLimit = std::string::npos;
-
     IniText() = default;
     explicit IniText(std::string_view bytes);
 
     std::string Bytes() const;
 
-    /// At most `bufferSize` - 1 bytes. The value without blanks and one pair of quotes around it; the
-    /// fallback comes without blanks at its end.
-    std::string ReadString(std::string_view section, std::string_view key, std::string_view fallback,
-                           std::size_t bufferSize = kNoLimit) const;
+    /// The value without blanks and one pair of quotes around it; the fallback comes without blanks at its end.
+    std::string ReadString(std::string_view section, std::string_view key, std::string_view fallback) const;
     /// The fallback also for an empty value.
     std::int32_t ReadInt(std::string_view section, std::string_view key, std::int32_t fallback) const;
-    /// The key names of a section, each followed by NUL; the fallback where there is no such section. A list
-    /// that does not fit `bufferSize` with one more NUL is cut to `bufferSize` - 2 bytes.
-    std::string ListKeys(std::string_view section, std::string_view fallback = {},
-                         std::size_t bufferSize = kNoLimit) const;
+    /// The key names of a section, each followed by NUL; empty where there is no such section.
+    std::string ListKeys(std::string_view section) const;
     /// The section names in the same form.
-    std::string ListSections(std::size_t bufferSize = kNoLimit) const;
+    std::string ListSections() const;
 
-    /// Sets the key, or removes it where there is no value. A new key follows the last key of its section, a
+    /// Sets the key; nullopt removes it. A new key follows the last key of its section, a
     /// new section the end of the text, with CR LF. True when a byte changed.
     bool Write(std::string_view section, std::string_view key, std::optional<std::string_view> value);
-    /// Removes the section but for its comments and blank lines. True when a byte changed.
-    bool DeleteSection(std::string_view section);
 
 private:
     struct Section {
