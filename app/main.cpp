@@ -54,8 +54,7 @@ std::string CommandLine(int argc, char** argv) {
 
 int Run(const std::string& commandLine) {
     const Environment environment = SystemEnvironment();
-    const std::filesystem::path folder =
-        FindProgramFolder(PathOf(QCoreApplication::applicationDirPath().toStdString()), environment);
+    const std::filesystem::path folder = FindProgramFolder(environment);
     LayOut(folder / "Images", folder / "Tabs");
 
     QtUserInterface ui;

@@ -14,7 +14,7 @@ namespace {
 
 /// The INI file of the person's own program, which the batch program only reads.
 std::filesystem::path OwnIniFile() {
-    return FindProgramFolder(ExecutableFolder().value_or(""), SystemEnvironment()) / "Velmora.ini";
+    return FindProgramFolder(SystemEnvironment()) / "Velmora.ini";
 }
 
 /// Raises why the file cannot be read, also for one in UTF-16.

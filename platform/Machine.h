@@ -1,5 +1,5 @@
-// What this machine has: each system's folder defines these functions once, so that programs and tests name no class of a
-// system.
+// What this machine has: each system's folder defines these functions once, so that programs and tests name no class of
+// a system.
 #pragma once
 
 #include "platform/Desktop.h"
@@ -23,8 +23,8 @@ Environment SystemEnvironment();
 /// person may write there, and it is no installation: no ../share/velmora); else $XDG_CONFIG_HOME/velmora, by default
 /// ~/.config/velmora. The folder need not exist yet.
 std::filesystem::path FindProgramFolder(const std::filesystem::path& executableFolder, const Environment& environment);
-/// Of the program that runs; nullopt where the system does not tell.
-std::optional<std::filesystem::path> ExecutableFolder();
+/// The same for the program that runs.
+std::filesystem::path FindProgramFolder(const Environment& environment);
 
 /// The machine's print server; null where the program was built without one.
 std::unique_ptr<PrintSystem> MakePrintServer();

@@ -34,10 +34,10 @@ fs::path FindProgramFolder(const fs::path& executableFolder, const Environment& 
     return PathOf(environment("HOME").value_or("/")) / ".config" / "velmora";
 }
 
-std::optional<fs::path> ExecutableFolder() {
+fs::path FindProgramFolder(const Environment& environment) {
     std::error_code error;
-    const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-    return error ? std::nullopt : std::optional(executable.parent_path());
+    const fs::path executable = fs::read_symlink("/proc/self/exe", error); // empty where the system does not tell
+    return FindProgramFolder(executable.parent_path(), environment);
 }
 
 std::unique_ptr<PrintSystem> MakePrintServer() {
