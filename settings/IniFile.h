@@ -37,9 +37,9 @@ public:
     /// operation.
     const IniText& Text();
 
-    /// Sets the key, or removes it where there is no value.
+    /// Sets the key; nullopt removes it.
     void Write(std::string_view section, std::string_view key, std::optional<std::string_view> value);
-    /// For a value that is known without the file: where it can't be written, nothing is lost and no error is
+    /// For a value that is known without the file: where it can't be written there is no effect, and no error is
     /// raised.
     void WriteDefault(std::string_view section, std::string_view key, std::string_view value);
 
@@ -78,7 +78,7 @@ private:
     Encoding encoding_ = Encoding::Utf8;
     bool mark_ = false;
     bool foreign_ = false;             ///< UTF-16, which a change would damage
-    std::optional<FileIdentity> read_; ///< of the text in stored_; nothing while it must be read again
+    std::optional<FileIdentity> read_; ///< of the text in stored_; nullopt while it must be read again
     std::vector<Change> collected_;
     int depth_ = 0;
     std::optional<FileIdentity> stuck_; ///< of the file when waiting for another program was given up

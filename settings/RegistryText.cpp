@@ -68,7 +68,7 @@ std::string Rendered(const std::string& name, const RegistryValue& value) {
     return line.append(kLineEnd);
 }
 
-/// Nothing for UTF-16.
+/// nullopt for UTF-16.
 std::optional<Encoding> EncodingOf(const std::string& bytes) {
     if (bytes.starts_with(kUtf16Mark))
         return std::nullopt;

@@ -20,7 +20,7 @@ struct RegistryItem {
 
     Kind kind = Kind::Comment;
     std::string name = {};                   ///< of a value; of a key the path below the hive
-    std::optional<RegistryValue> value = {}; ///< nothing for a type that is only kept
+    std::optional<RegistryValue> value = {}; ///< nullopt: of a type that is only kept
     std::string raw = {};                    ///< all its lines
     /// In capitals the path of the key that it stands under; empty in a deleted key or another hive.
     std::string section = {};
@@ -34,14 +34,14 @@ public:
     /// "REGEDIT4" in Windows-1252 or "Windows Registry Editor Version 5.00" in UTF-16; UTF-8 is taken too.
     /// Raises Error for bytes that no registry editor writes.
     explicit RegistryExport(std::string bytes);
-    /// The text in the form that was read; nothing for one that would not be read back as it is.
+    /// The text in the form that was read; nullopt for one that would not be read back as it is.
     std::optional<std::string> Bytes() const;
 
     /// The item that holds a value, or null.
     const RegistryItem* Find(const std::string& path, const std::string& name) const;
     /// In the order of the text, without those that are only kept.
     std::vector<std::pair<std::string, RegistryValue>> Values(const std::string& path) const;
-    /// The names right below a key in the order of the text; nothing when there is no such key.
+    /// The names right below a key in the order of the text; nullopt when there is no such key.
     std::optional<std::vector<std::string>> SubKeys(const std::string& path) const;
 
     // Edits leave all other lines as they are.
@@ -61,7 +61,7 @@ private:
     std::optional<std::size_t> IndexOf(const std::string& path, const std::string& name) const;
     void AppendKey(const std::string& path);
 
-    std::optional<Encoding> encoding_; ///< nothing for UTF-16
+    std::optional<Encoding> encoding_; ///< nullopt: UTF-16
     std::vector<RegistryItem> items_;
 };
 
