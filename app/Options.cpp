@@ -19,9 +19,9 @@ constexpr std::string_view kPositions = "Form Position";
 
 void ForgetPositions(SettingsStore& store) {
     for (const std::string_view key : kResetPositions)
-        DeleteSetting(store, store.SettingsAppName, kPositions, key);
+        DeleteSetting(store, kPositions, key);
     for (const auto& [key, value] : store.Object.GetSettingAll(kPositions))
-        DeleteSetting(store, store.SettingsAppName, kPositions, key);
+        DeleteSetting(store, kPositions, key);
 }
 
 /// The file's header carries the margins.

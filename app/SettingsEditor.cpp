@@ -73,11 +73,9 @@ void SettingsEditor::Press(int button, SettingsEntry& entry) {
 void SettingsEditor::Run(int button, SettingsEntry& entry) {
     SettingsStore& store = main_.settings;
     switch (button) {
-    case 0: SaveSetting(store, store.SettingsAppName, entry.section, entry.key, entry.value, entry.numeric); break;
-    case 1:
-        entry.value = GetSetting(store, store.SettingsAppName, entry.section, entry.key, entry.fallback, entry.numeric);
-        break;
-    case 2: DeleteSetting(store, store.SettingsAppName, entry.section, entry.key); break;
+    case 0: SaveSetting(store, entry.section, entry.key, entry.value, entry.numeric); break;
+    case 1: entry.value = GetSetting(store, entry.section, entry.key, entry.fallback, entry.numeric); break;
+    case 2: DeleteSetting(store, entry.section, entry.key); break;
     case 3: ListSections(); break;
     default: ListKeys(entry.section);
     }
@@ -86,7 +84,7 @@ void SettingsEditor::Run(int button, SettingsEntry& entry) {
 void SettingsEditor::ListSections() {
     SettingsStore& store = main_.settings;
     listing_.clear();
-    EnumerateSettings(store, store.SettingsAppName, "");
+    EnumerateSettings(store, "");
     listing_ = store.SectionNames;
 }
 
@@ -94,7 +92,7 @@ void SettingsEditor::ListKeys(const std::string& section) {
     SettingsStore& store = main_.settings;
     listing_.clear();
     store.KeyValues.clear(); // an empty section would list the sections instead
-    EnumerateSettings(store, store.SettingsAppName, section);
+    EnumerateSettings(store, section);
     for (const auto& [key, value] : store.KeyValues)
         listing_.push_back(key + "=" + value);
 }

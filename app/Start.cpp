@@ -29,7 +29,7 @@ void SetVersionTitle(Program& program) {
 /// and for one that moved in from a machine with drives.
 fs::path ReadFolder(MainModule& main, const char* key, const fs::path& fallback) {
     const std::string otherwise = PathText(WithSeparator(fallback));
-    const std::string stored = GetSetting(main.settings, main.settings.SettingsAppName, "Paths", key, otherwise);
+    const std::string stored = Read(main.settings, {"Paths", key, otherwise});
     const bool cut = CharacterCount(stored) >= kIniValueCharacters && otherwise.starts_with(stored);
     const bool foreign = PathOf(stored).is_relative() && DriveOf(stored) != "NO DRIVE";
     return WithSeparator(PathOf(cut || foreign ? otherwise : stored));
@@ -105,7 +105,7 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
     main.history.KeepSteps();
     main.settings.SaveMode = 1;
     SetVersionTitle(program);
-    main.settings.IniFile = main.settings.ProgramFolder / (main.settings.SettingsAppName + ".ini");
+    main.settings.IniFile = main.settings.OwnIniFile();
     if (EqualsNoCase(commandLine, "SETTINGS")) {
         forms.ShowSettingsEditor();
         return StartOutcome::Ended;

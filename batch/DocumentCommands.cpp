@@ -27,7 +27,7 @@ Json VersionOf(const TabFile& file) {
 }
 
 Json Margin(SettingsStore& settings, const SettingKey& key) {
-    const std::string text = GetSetting(settings, settings.SettingsAppName, key.section, key.key, key.fallback);
+    const std::string text = Read(settings, key);
     return IsNumeric(text) ? Json(ToDouble(text)) : Json(nullptr);
 }
 

@@ -12,11 +12,6 @@
 namespace velmora {
 namespace {
 
-/// The INI file of the person's own program, which the batch program only reads.
-std::filesystem::path OwnIniFile() {
-    return FindProgramFolder(SystemEnvironment()) / "Velmora.ini";
-}
-
 /// Raises why the file cannot be read, also for one in UTF-16.
 void CheckIsIniFile(const std::string& file) {
     const std::string start = ReadFile(PathOf(file), 4);
@@ -42,14 +37,16 @@ void CheckNames(const SettingsArguments& arguments) {
 }
 
 void ChooseFile(BatchProgram& program, const SettingsArguments& arguments) {
+    SettingsStore& store = program.Settings();
+    store.ProgramFolder = FindProgramFolder(SystemEnvironment());
     const bool changes = arguments.action == SettingsAction::Set || arguments.action == SettingsAction::Delete;
     if (!arguments.ini.empty()) {
-        program.Settings().InMemory = false;
-        program.Settings().IniFile = PathOf(arguments.ini);
+        store.InMemory = false;
+        store.IniFile = PathOf(arguments.ini);
     } else if (changes) {
         throw UsageError("name the file to change with --ini");
-    } else if (FileExists(OwnIniFile())) {
-        program.UseSettings(OwnIniFile());
+    } else if (FileExists(store.OwnIniFile())) {
+        program.UseSettings(store.OwnIniFile()); // the person's own program's, which is only read
     }
     std::error_code error;
     if (!arguments.ini.empty() &&
@@ -58,23 +55,23 @@ void ChooseFile(BatchProgram& program, const SettingsArguments& arguments) {
 }
 
 int Get(SettingsStore& store, const SettingsArguments& arguments) {
-    const std::string value = GetSetting(store, store.SettingsAppName, arguments.section, arguments.key,
-                                         arguments.fallback.value_or(std::string(kProbe)));
-    if (!arguments.fallback && value == kProbe)
+    const SettingKey row = {arguments.section, arguments.key};
+    const auto value = arguments.fallback ? Read(store, row.WithFallback(*arguments.fallback)) : Probe(store, row);
+    if (!value)
         throw Error("no key \"" + arguments.key + "\" in section \"" + arguments.section + "\"");
-    std::cout << value << '\n';
+    std::cout << *value << '\n';
     return kDone;
 }
 
 int ListSections(SettingsStore& store) {
-    EnumerateSettings(store, store.SettingsAppName, "");
+    EnumerateSettings(store, "");
     for (const std::string& name : store.SectionNames)
         std::cout << name << '\n';
     return kDone;
 }
 
 int ListKeys(SettingsStore& store, const std::string& section) {
-    EnumerateSettings(store, store.SettingsAppName, section);
+    EnumerateSettings(store, section);
     for (const auto& [key, value] : store.KeyValues)
         std::cout << key << '=' << value << '\n';
     return kDone;
@@ -94,14 +91,12 @@ int RunSettings(const SettingsArguments& arguments) {
         CheckNames(arguments);
     ChooseFile(program, arguments);
     SettingsStore& store = program.Settings();
-    const std::string& application = store.SettingsAppName;
     switch (arguments.action) {
     case SettingsAction::Sections: return ListSections(store);
     case SettingsAction::Keys: return ListKeys(store, arguments.section);
     case SettingsAction::Set:
-        return Done(SaveSetting(store, application, arguments.section, arguments.key, arguments.value), arguments.ini);
-    case SettingsAction::Delete:
-        return Done(DeleteSetting(store, application, arguments.section, arguments.key), arguments.ini);
+        return Done(SaveSetting(store, arguments.section, arguments.key, arguments.value), arguments.ini);
+    case SettingsAction::Delete: return Done(DeleteSetting(store, arguments.section, arguments.key), arguments.ini);
     case SettingsAction::Get: break;
     }
     return Get(store, arguments);

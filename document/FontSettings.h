@@ -35,9 +35,8 @@ using FontSettings = std::array<FieldFont, kFieldsPerTab>;
 
 /// 1 to 1000 points; a fraction is rounded when it is used.
 bool IsFontSize(std::string_view text);
-/// Name of one of the seven keys in section "Font Settings", for field 0 to 2.
-std::string FontKeyName(int key, int field);
-std::string_view FontKeyDefault(int key, int field);
+/// One of the seven keys of field 0 to 2.
+SettingKey FontSetting(int key, int field);
 
 /// Reads the 21 keys of section "Font Settings". A value that fails the test of its kind is replaced by its default,
 /// which is written back.

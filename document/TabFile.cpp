@@ -88,12 +88,8 @@ std::string StoredFontValue(const std::string& value, int key, int field) {
     const bool isFlag = key >= 2 && key <= 4;
     const bool isAlignment = key >= kHorizontalAlignmentKey;
     if ((isFlag && !IsFlag(value)) || (isAlignment && !IsAlignmentCode(value)))
-        return std::string(FontKeyDefault(key, field));
+        return std::string(FontSetting(key, field).fallback);
     return isName ? std::string(Trim(value)) : value;
-}
-
-std::string Stored(SettingsStore& store, const SettingKey& key) {
-    return GetSetting(store, store.SettingsAppName, key.section, key.key, key.fallback);
 }
 
 std::string ValidOr(const std::string& value, bool (*accepts)(std::string_view), std::string_view otherwise) {
@@ -114,8 +110,7 @@ std::string FontLine(SettingsStore& store, int field) {
     std::string line;
     for (int key = 0; key < kFontKeys; ++key) {
         const auto index = static_cast<std::size_t>(key);
-        const std::string value =
-            GetSetting(store, store.SettingsAppName, kFontSection, FontKeyName(key, field), kAbsent[index]);
+        const std::string value = Read(store, FontSetting(key, field).WithFallback(kAbsent[index]));
         line += key == 0 ? WithoutCommas(value) : "," + ValidOr(value, kTests[index], "");
     }
     return line;
@@ -198,9 +193,9 @@ void LoadData(const TabFileHeader& header, SettingsStore& store) {
     Write(store, kMarginTop, header.marginTop);
     for (int field = 0; field < kFieldsPerTab; ++field)
         for (int key = 0; key < kFontKeys; ++key)
-            SaveSetting(store, store.SettingsAppName, kFontSection, FontKeyName(key, field),
-                        StoredFontValue(header.fonts[static_cast<std::size_t>(field)][static_cast<std::size_t>(key)],
-                                        key, field));
+            Write(store, FontSetting(key, field),
+                  StoredFontValue(header.fonts[static_cast<std::size_t>(field)][static_cast<std::size_t>(key)], key,
+                                  field));
 }
 
 std::int32_t GetNumberOfLables(const TabFile& file, std::int32_t startingCount, TabDocument& document,
@@ -235,15 +230,13 @@ void LoadRows(const TabFile& file, TabDocument& document, UserInterface& ui) {
 std::string SaveData(SettingsStore& store) {
     const SettingsBatch batch(store);
     std::string text = std::string("Version 8") + kEndOfLine;
-    const auto absentIsEmpty = [&](const SettingKey& key) {
-        return GetSetting(store, store.SettingsAppName, key.section, key.key, "");
-    };
+    const auto absentIsEmpty = [&](const SettingKey& key) { return Read(store, key.WithFallback("")); };
     text += WithoutCommas(absentIsEmpty(kPrinter)) + "," +
             ValidOr(absentIsEmpty(kStationeryType), IsStationeryType, "") + "," +
             ValidOr(absentIsEmpty(kOptType), IsOptType, "") + "," +
             ValidOr(absentIsEmpty(kNoOfFields), IsNoOfFields, "") + kEndOfLine;
-    text += ValidOr(Stored(store, kMarginLeft), IsNumeric, "0") + "," +
-            ValidOr(Stored(store, kMarginTop), IsNumeric, "0") + kEndOfLine;
+    text += ValidOr(Read(store, kMarginLeft), IsNumeric, "0") + "," + ValidOr(Read(store, kMarginTop), IsNumeric, "0") +
+            kEndOfLine;
     for (int field = 0; field < kFieldsPerTab; ++field)
         text += FontLine(store, field) + kEndOfLine;
     return text;

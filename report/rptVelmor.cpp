@@ -40,8 +40,7 @@ double Millimetres(const SettingKey& key, std::string_view text) {
 
 /// Only probes for the stored tab top: a default written back by one style would hold for all that share the key.
 double TabTopTwips(const SettingKey& key, SettingsStore& store) {
-    const std::string stored = GetSetting(store, store.SettingsAppName, key.section, key.key, kProbe);
-    return Millimetres(key, stored == kProbe ? key.fallback : std::string_view(stored));
+    return Millimetres(key, Probe(store, key).value_or(std::string(key.fallback)));
 }
 
 Box Shifted(const Box& box, double left, double top) {
@@ -51,7 +50,7 @@ Box Shifted(const Box& box, double left, double top) {
 } // namespace
 
 double ReadPageMargin(SettingsStore& store, const SettingKey& key) {
-    return Millimetres(key, GetSetting(store, store.SettingsAppName, key.section, key.key, key.fallback));
+    return Millimetres(key, Read(store, key));
 }
 
 PageMargins ReadPageMargins(SettingsStore& store) {

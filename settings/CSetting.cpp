@@ -4,7 +4,7 @@
 #include "base/Numbers.h"
 #include "base/Paths.h"
 #include "base/Text.h"
-#include "settings/mdlSettings.h"
+#include "settings/RegistrySettings.h"
 
 namespace velmora {
 namespace {
@@ -34,7 +34,7 @@ std::vector<std::string> Names(const std::string& list) {
 void CSetting::Init(std::optional<std::string_view> application) {
     globals_.SettingsAppName = application ? *application : Trim(globals_.ProgramName);
     if (globals_.IniFile.empty() && !globals_.InMemory)
-        globals_.IniFile = globals_.ProgramFolder / PathOf(globals_.SettingsAppName + ".ini");
+        globals_.IniFile = globals_.OwnIniFile();
     saveMode_ = globals_.SaveMode;
 }
 
@@ -59,17 +59,21 @@ std::string CSetting::ReadIni(std::string_view section, std::string_view key, st
 
 std::string CSetting::GetSettingStr(std::string_view section, std::string_view key, std::string_view fallback) {
     if (saveMode_ == 0)
-        return ReadRegistry(globals_, globals_.SettingsAppName, section, key, fallback);
+        return ReadRegistry(globals_, section, key, fallback);
     std::string value = ReadIni(section, key, fallback);
     if (value == fallback && fallback != kProbe)
         File().WriteDefault(section, key, value);
     return value;
 }
 
+std::optional<std::string> CSetting::Probe(std::string_view section, std::string_view key) {
+    std::string value = GetSettingStr(section, key, kProbe);
+    return value == kProbe ? std::nullopt : std::optional(std::move(value));
+}
+
 std::int16_t CSetting::GetSettingInt(std::string_view section, std::string_view key, std::int16_t fallback) {
     if (saveMode_ == 0)
-        return ToInt16(
-            ProfileInteger(ReadRegistry(globals_, globals_.SettingsAppName, section, key, std::to_string(fallback))));
+        return ToInt16(ProfileInteger(ReadRegistry(globals_, section, key, std::to_string(fallback))));
     return ToInt16(File().Text().ReadInt(section, key, fallback));
 }
 
@@ -102,20 +106,20 @@ std::vector<std::string> CSetting::GetSectionNames() {
 
 bool CSetting::SaveSettingStr(std::string_view section, std::string_view key, std::string_view value) {
     if (saveMode_ == 0)
-        return WriteRegistry(globals_, globals_.SettingsAppName, section, key, std::string(CutAtNul(value)));
+        return WriteRegistry(globals_, section, key, std::string(CutAtNul(value)));
     File().Write(section, key, CutAtNul(value));
     return true;
 }
 
 bool CSetting::SaveSettingInt(std::string_view section, std::string_view key, std::int32_t value) {
     if (saveMode_ == 0)
-        return WriteRegistry(globals_, globals_.SettingsAppName, section, key, static_cast<std::uint32_t>(value));
+        return WriteRegistry(globals_, section, key, static_cast<std::uint32_t>(value));
     return SaveSettingStr(section, key, std::to_string(value));
 }
 
 bool CSetting::DeleteKey(std::string_view section, std::string_view key) {
     if (saveMode_ == 0)
-        return DeleteRegistry(globals_, globals_.SettingsAppName, section, key);
+        return DeleteRegistry(globals_, section, key);
     try {
         File().Write(section, key, std::nullopt);
         return true;

@@ -2,36 +2,16 @@
 // the registry.
 #pragma once
 
-#include "platform/Registry.h"
-#include "platform/UserInterface.h"
 #include "settings/IniFile.h"
+#include "settings/SettingsGlobals.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace velmora {
-
-/// Rows of key name and value text, in the order of the store.
-using KeyTable = std::vector<std::pair<std::string, std::string>>;
-
-/// What the program says about its settings, and the machine that they are kept on.
-struct SettingsGlobals {
-    SettingsGlobals(Registry& registry, UserInterface& ui) : Keys(registry), Interface(ui) {}
-
-    Registry& Keys;
-    UserInterface& Interface;
-    std::string ProgramName = "Velmora"; ///< the application's name where none is set
-    std::string SettingsAppName;         ///< title of every message box, base name of the INI file
-    std::filesystem::path ProgramFolder; ///< where the INI file lies
-    std::filesystem::path IniFile;       ///< full path; empty: none is chosen yet
-    bool InMemory = false;               ///< INI settings are kept in memory only, and IniFile is not used
-    std::int32_t SaveMode = 1;           ///< 1 = INI file, 0 = registry
-};
 
 /// Characters of a value that is read from the INI file, and of a list of its keys or sections with one
 /// terminator for each name. A name that does not fit the list is left out whole.
@@ -45,14 +25,15 @@ public:
     CSetting(const CSetting&) = delete;
     CSetting& operator=(const CSetting&) = delete;
 
-    /// Names the application (nothing: the program's own name), chooses the INI file in the program folder
+    /// Names the application (nullopt: by the program's own name), chooses the INI file in the program folder
     /// unless one is chosen already, and takes over the global save mode.
     void Init(std::optional<std::string_view> application = std::nullopt);
 
-    /// Reading a missing key, or one that equals the fallback, writes the fallback. When that write fails
-    /// nothing is lost, and the value is returned all the same. In registry mode the fallback "~~~" only
-    /// probes.
+    /// Reading a missing key, or one that equals the fallback, writes the fallback, unless that is kProbe. When that
+    /// write fails the value is returned all the same.
     std::string GetSettingStr(std::string_view section, std::string_view key, std::string_view fallback);
+    /// Reads without writing; nullopt: there is no such key.
+    std::optional<std::string> Probe(std::string_view section, std::string_view key);
     /// Raises OverflowError for a stored number outside 16 bits.
     std::int16_t GetSettingInt(std::string_view section, std::string_view key, std::int16_t fallback);
     /// The section's keys and values. In registry mode those of the per-user area, not of the machine's key.

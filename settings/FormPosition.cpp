@@ -16,7 +16,7 @@ FormPosition Centred(const FormPosition& window, int screenWidth, int screenHeig
     return {(screenWidth - window.width) / 2, (screenHeight - window.height) / 2, window.width, window.height};
 }
 
-/// Nothing for a text that is not four numbers; what follows a fourth comma does not count.
+/// nullopt for a text that is not four numbers; what follows a fourth comma does not count.
 std::optional<FormPosition> Parse(std::string_view text) {
     const auto parts = Split(text, ',');
     if (parts.size() < 4)
@@ -35,12 +35,12 @@ std::optional<FormPosition> Parse(std::string_view text) {
 void SaveFormPosition(SettingsStore& store, std::string_view key, const FormPosition& position) {
     const std::string text = std::to_string(position.left) + "," + std::to_string(position.top) + "," +
                              std::to_string(position.width) + "," + std::to_string(position.height);
-    SaveSetting(store, store.SettingsAppName, kSection, key, text);
+    SaveSetting(store, kSection, key, text);
 }
 
 FormPosition RestoreFormPosition(SettingsStore& store, std::string_view key, const FormPosition& window,
                                  int screenWidth, int screenHeight) {
-    const auto stored = Parse(GetSetting(store, store.SettingsAppName, kSection, key, ""));
+    const auto stored = Parse(Read(store, {kSection, key}));
     if (!stored || screenWidth < stored->left || screenHeight < stored->top)
         return Centred(window, screenWidth, screenHeight);
     return *stored;

@@ -19,8 +19,8 @@ struct FormPosition {
 /// Stores the position under the window's key in section "Form Position".
 void SaveFormPosition(SettingsStore& store, std::string_view key, const FormPosition& position);
 
-/// Where the window belongs: as stored, or in the middle of the screen with the size of `window` when nothing usable is
-/// stored, or the stored corner lies beyond the screen's right or lower edge.
+/// Where the window belongs: as stored, or in the middle of the screen with the size of `window` when no usable place
+/// is stored, or the stored corner lies beyond the screen's right or lower edge.
 FormPosition RestoreFormPosition(SettingsStore& store, std::string_view key, const FormPosition& window,
                                  int screenWidth, int screenHeight);
 

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Paths.h"
 #include "base/Validate.h"
+#include "settings/RegistrySettings.h"
 
 #include <utility>
 
@@ -25,7 +26,7 @@ private:
     /// Enumerates the registry and takes the result out of the store.
     template <typename Result> Result List(const std::string& section, Result& result) {
         store_.SaveMode = 0;
-        failed_ = !EnumerateSettings(store_, store_.SettingsAppName, section) || failed_;
+        failed_ = !EnumerateSettings(store_, section) || failed_;
         store_.SaveMode = 1;
         return std::exchange(result, {});
     }
@@ -37,10 +38,10 @@ private:
 
     /// A protected registry is reported once, not for each of its values.
     bool Remove(const std::string& section, const std::string& key) {
-        const std::string path = RegistryPath(store_.SettingsAppName, section);
+        const std::string path = RegistryPath(store_, section);
         if (removalFailed_)
             return store_.Keys.DeleteValue(path, key) == RegistryCode::Success;
-        removalFailed_ = !DeleteRegistry(store_, store_.SettingsAppName, section, key);
+        removalFailed_ = !DeleteRegistry(store_, section, key);
         return !removalFailed_;
     }
 
@@ -71,7 +72,7 @@ KeyTable SectionOf(const Registry& registry, const std::string& path, const std:
 /// An older installation always stored where it lies.
 bool HasOldSettings(const SettingsStore& store) {
     RegistryValue value;
-    const RegistryCode code = store.Keys.Query(RegistryPath(store.SettingsAppName, "Paths"), "Application", value);
+    const RegistryCode code = store.Keys.Query(RegistryPath(store, "Paths"), "Application", value);
     if (code != RegistryCode::Success)
         return code != RegistryCode::FileNotFound;
     const std::string text = RegistryText(value);
@@ -83,12 +84,12 @@ int ImportRegistryExport(SettingsStore& store, const std::filesystem::path& file
         throw Error("The file '" + PathText(file) + "' cannot be read.");
     const auto registry = store.Keys.OpenExport(file);
     std::vector<std::string> sections;
-    Require(registry->EnumerateKeys(RegistryPath(store.SettingsAppName, ""), sections), file);
+    Require(registry->EnumerateKeys(RegistryPath(store, ""), sections), file);
     store.Object.SaveMode(1);
     SettingsBatch batch(store);
     int imported = 0;
     for (const std::string& section : sections)
-        for (const auto& [key, value] : SectionOf(*registry, RegistryPath(store.SettingsAppName, section), file)) {
+        for (const auto& [key, value] : SectionOf(*registry, RegistryPath(store, section), file)) {
             if (section == "Paths" && !FolderExists(PathOf(value)))
                 continue;
             store.Object.SaveSettingStr(section, key, value);

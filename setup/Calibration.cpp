@@ -31,7 +31,7 @@ constexpr std::array<SampleKeys, 4> kSamples = {{
 }};
 
 std::string ReadMargin(SettingsStore& store, const SettingKey& key) {
-    const std::string text = GetSetting(store, store.SettingsAppName, key.section, key.key, key.fallback);
+    const std::string text = Read(store, key);
     return text.empty() ? "0" : text;
 }
 
@@ -40,7 +40,7 @@ double NumberOrZero(const std::string& text) {
     return IsNumeric(pointed) ? ToDouble(pointed) : 0;
 }
 
-/// Nothing where the drawing stays as it is: for no number, and one that leads out of it.
+/// nullopt where the drawing stays as it is: for no number, and one that leads out of it.
 std::optional<double> ShownMillimetres(const std::string& text) {
     const std::string pointed = WithDecimalPoint(text);
     if (!IsNumeric(pointed))

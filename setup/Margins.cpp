@@ -47,13 +47,8 @@ const LayoutMargins* FindLayout(int tabType, std::string_view layout) {
     return row == kLayouts.end() ? nullptr : &*row;
 }
 
-/// kProbe where nothing is stored.
-std::string Probe(SettingsStore& store, const SettingKey& key) {
-    return GetSetting(store, store.SettingsAppName, key.section, key.key, kProbe);
-}
-
 std::string WholeMillimetres(SettingsStore& store, const SettingKey& key) {
-    const std::string stored = Probe(store, key);
+    const std::string stored = Probe(store, key).value_or("");
     return std::to_string(IsNumeric(stored) ? ToInt16(ToDouble(stored)) : 0);
 }
 
@@ -68,7 +63,7 @@ bool DefaultMarginsExist(SettingsStore& store, int tabType, std::string_view lay
     const LayoutMargins* row = FindLayout(tabType, layout);
     if (!row)
         return FindTabType(tabType) != nullptr;
-    return Probe(store, row->left) != kProbe && Probe(store, row->top) != kProbe;
+    return Probe(store, row->left) && Probe(store, row->top);
 }
 
 MarginTexts LoadDefaultMargins(SettingsStore& store, int tabType, std::string_view layout) {
@@ -96,10 +91,8 @@ void ApplyDefaultMargins(SettingsStore& store, int tabType, std::string_view lay
 
 bool SetupComplete(SettingsStore& store) {
     const SettingKey* const needed[] = {&kPrinter, &kStationeryType, &kPageSize, &kOptType};
-    return std::none_of(std::begin(needed), std::end(needed), [&](const SettingKey* key) {
-        const std::string stored = Probe(store, *key);
-        return stored.empty() || stored == kProbe;
-    });
+    return std::none_of(std::begin(needed), std::end(needed),
+                        [&](const SettingKey* key) { return Probe(store, *key).value_or("").empty(); });
 }
 
 bool MarginsReady(const MainModule& main) {

@@ -101,7 +101,7 @@ TEST_F(OptionsTest, NoTextThatIsTypedCanHarmTheStore) {
                                                         {"\\", ""},
                                                         {"\"", ""},
                                                         {std::string(70000, 'x'), ""},
-                                                        {"~~~", ""},
+                                                        {std::string(kProbe), ""},
                                                         {"a]b=c;d", section}};
     for (const auto& [text, fault] : rows)
         for (const int button : {0, 1, 3, 4, 2}) {
@@ -153,7 +153,7 @@ TEST_F(OptionsTest, AResetForgetsPositionsAndLeavesTheHabitsStored) {
     EXPECT_EQ(ResetOptions(main), LoadOutcome::Loaded);
     EXPECT_EQ(test.Stored("Settings", "Margin Value Left"), "7");
     EXPECT_FALSE(main.globals.AskBeforeDelete) << "read again, as stored";
-    EnumerateSettings(test.settings, "Velmora", "Form Position");
+    EnumerateSettings(test.settings, "Form Position");
     EXPECT_TRUE(test.settings.KeyValues.empty());
     EXPECT_EQ(kResetPositions[4], "PrtWiz");
     EXPECT_EQ(kResetPositions[23], "mdiVelmora");
@@ -187,7 +187,7 @@ TEST_F(ImportTest, SettingsOfAnOldMachineComeLater) {
     EXPECT_EQ(main.document.FieldA(1), "typed");
     EXPECT_FALSE(main.globals.AskBeforeDelete);
     EXPECT_EQ(test.Stored("Settings", "N"), "7");
-    EXPECT_EQ(test.Stored("Paths", "Images"), kProbe);
+    EXPECT_EQ(test.Stored("Paths", "Images"), "(none)");
     NewDocument(main);
     Import(text, done, Icon::Information);
     EXPECT_EQ(main.document.setup.OptType, 3);

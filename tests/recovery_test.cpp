@@ -73,7 +73,7 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     for (int i = 0; i < 6; ++i)
         document.Field(i % 3)(1 + i / 3) = texts[i];
     document.DocChanged = true;
-    DeleteSetting(program.settings, "Velmora", "Settings", "Margin Value Left");
+    DeleteSetting(program.settings, "Settings", "Margin Value Left");
     const std::string ini = ReadFile(program.settings.IniFile);
     const auto own = program.settings.Own;
     std::optional<RecoveryStore> first(std::in_place);

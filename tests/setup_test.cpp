@@ -111,7 +111,7 @@ TEST_F(SetupTest, TheFirstCalibrationOffersToBecomeTheDefault) {
     first.Ok();
     EXPECT_EQ(Active(), "2.5/1");
     EXPECT_EQ(program.Stored("Margin Settings", "MarginLeft2"), "3021.75");
-    EXPECT_EQ(Default("Left", "A4_8"), kProbe);
+    EXPECT_EQ(Default("Left", "A4_8"), "(none)");
     EXPECT_TRUE(document.DocChanged);
     EXPECT_EQ(history.UndoName(), "Margin Setup");
     program.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
@@ -223,7 +223,7 @@ TEST_F(SetupTest, TheWizardKeepsAllToItselfUntilFinish) {
     EXPECT_THROW(wizard.PrintTestPage(test), Error);
     EXPECT_EQ(Setup(), before);
     EXPECT_EQ(main.globals.PrinterName, "Gone");
-    EXPECT_EQ(program.Stored("Settings", "Margin Value Left"), kProbe);
+    EXPECT_EQ(program.Stored("Settings", "Margin Value Left"), "(none)");
     EXPECT_FALSE(history.CanUndo());
 
     EXPECT_TRUE(wizard.Finish());

@@ -44,7 +44,8 @@ struct UndoTest : testing::Test {
             const FieldFont& font = main.fonts[static_cast<std::size_t>(field)];
             text += "\n" + font.Name + std::to_string(font.Size) + std::to_string(font.HorizontalAlignment);
             for (int key = 0; key < kFontKeys; ++key)
-                text += "," + program.settings.Object.GetSettingStr(kFontSection, FontKeyName(key, field), kProbe);
+                text +=
+                    "," + program.settings.Object.Probe(kFontSection, FontSetting(key, field).key).value_or("(none)");
             for (int tab = 1; tab <= document.Field(field).Count(); ++tab)
                 text += "\n" + document.Field(field)(tab);
         }

@@ -17,8 +17,8 @@ std::string TabTypeText(int optType) {
 void LoadDocumentProperties(MainModule& main) {
     TabDocument& document = main.document;
     document.setup.StationeryType = ReadAccepted(main.settings, kStationeryType);
-    const SettingKey fields = {kNoOfFields.section, kNoOfFields.key, "1", kNoOfFields.accepts};
-    document.setup.NoOfFields = std::min<std::int16_t>(3, ToInt16(ToDouble(ReadAccepted(main.settings, fields))));
+    document.setup.NoOfFields =
+        std::min<std::int16_t>(3, ToInt16(ToDouble(ReadAccepted(main.settings, kNoOfFields.WithFallback("1")))));
     document.NoOfPages = ToInt16(ToDouble(ReadAccepted(main.settings, kNoOfPages)));
 }
 

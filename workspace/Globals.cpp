@@ -49,12 +49,12 @@ LoadOutcome LoadPrinter(MainModule& main) {
 void ForgetMissingPrinter(SettingsStore& settings, const PrintSystem& printers) {
     CSetting& stored = settings.Object;
     stored.SaveMode(1);
-    const std::string name = stored.GetSettingStr(kPrinter.section, kPrinter.key, kProbe);
-    if (name == kProbe)
+    const auto name = stored.Probe(kPrinter.section, kPrinter.key);
+    if (!name)
         return;
     try {
         const std::vector<std::string> installed = printers.Printers();
-        if (std::find(installed.begin(), installed.end(), name) == installed.end())
+        if (std::find(installed.begin(), installed.end(), *name) == installed.end())
             stored.SaveSettingStr(kPrinter.section, kPrinter.key, "");
     } catch (const PrinterError&) {} // whether it is there cannot be known
 }

@@ -20,8 +20,8 @@ std::string KeyName(std::size_t place) {
 std::vector<std::filesystem::path> Stored(SettingsStore& store) {
     std::vector<std::filesystem::path> files;
     for (std::size_t place = 0; place < kRecentFiles; ++place) {
-        const std::string path = GetSetting(store, store.SettingsAppName, kSection, KeyName(place), kProbe);
-        if (path != kProbe && !path.empty())
+        const std::string path = Probe(store, {kSection, KeyName(place)}).value_or("");
+        if (!path.empty())
             files.push_back(PathOf(path));
     }
     return files;
@@ -44,7 +44,7 @@ void RememberFile(SettingsStore& store, const std::filesystem::path& path) {
     files.resize(std::min(files.size(), kRecentFiles));
     const SettingsBatch batch(store);
     for (std::size_t place = 0; place < files.size(); ++place)
-        SaveSetting(store, store.SettingsAppName, kSection, KeyName(place), PathText(files[place]));
+        SaveSetting(store, kSection, KeyName(place), PathText(files[place]));
 }
 
 } // namespace velmora

@@ -26,44 +26,29 @@ template <typename... Members> std::tuple<Members...> ValuesOf(const std::tuple<
 
 using Properties = decltype(ValuesOf(PropertiesOf(std::declval<TabDocument&>())));
 
-struct StoredKey {
-    std::string section;
-    std::string key;
-    std::string fallback;
-};
-
 /// The settings that follow the document. The printer is the machine's, though a file names it.
-std::vector<StoredKey> MakeStoredKeys() {
-    std::vector<StoredKey> keys;
-    for (const SettingKey* row :
-         {&kStationeryType, &kPageSize, &kOptType, &kNoOfFields, &kNoOfPages, &kMarginLeft, &kMarginTop})
-        keys.push_back({std::string(row->section), std::string(row->key), std::string(row->fallback)});
+std::vector<SettingKey> MakeStoredKeys() {
+    std::vector<SettingKey> keys = {kStationeryType, kPageSize,   kOptType,  kNoOfFields,
+                                    kNoOfPages,      kMarginLeft, kMarginTop};
     for (int field = 0; field < kFieldsPerTab; ++field)
         for (int key = 0; key < kFontKeys; ++key)
-            keys.push_back(
-                {std::string(kFontSection), FontKeyName(key, field), std::string(FontKeyDefault(key, field))});
+            keys.push_back(FontSetting(key, field));
     return keys;
 }
 
-const std::vector<StoredKey>& StoredKeys() {
-    static const std::vector<StoredKey> keys = MakeStoredKeys();
+const std::vector<SettingKey>& StoredKeys() {
+    static const std::vector<SettingKey> keys = MakeStoredKeys();
     return keys;
-}
-
-/// kProbe where nothing is stored.
-std::string ReadStored(SettingsStore& store, const StoredKey& row) {
-    return GetSetting(store, store.SettingsAppName, row.section, row.key, kProbe);
-}
-
-/// What was missing is stored with its default, as any reading of it would do.
-void WriteStored(SettingsStore& store, const StoredKey& row, const std::string& text) {
-    SaveSetting(store, store.SettingsAppName, row.section, row.key, text == kProbe ? row.fallback : text);
 }
 
 struct StoredText {
-    std::size_t key; ///< in StoredKeys
-    std::string text;
+    std::size_t key;                 ///< in StoredKeys
+    std::optional<std::string> text; ///< nullopt: the key was missing
 };
+
+std::size_t TextBytes(const std::optional<std::string>& text) {
+    return text ? HeapBytes(*text) : 0;
+}
 
 std::size_t NameBytes(const FontSettings& fonts) {
     return HeapBytes(fonts[0].Name) + HeapBytes(fonts[1].Name) + HeapBytes(fonts[2].Name);
@@ -126,14 +111,14 @@ struct UndoStep::Snapshot {
     explicit Snapshot(const UndoState& state)
         : texts{state.document.FieldA, state.document.FieldB, state.document.FieldC},
           properties(PropertiesOf(state.document)), fonts(state.fonts), place(PlaceOf(state.document)) {
-        for (const StoredKey& row : StoredKeys())
-            stored.push_back(ReadStored(state.settings, row));
+        for (const SettingKey& row : StoredKeys())
+            stored.push_back(Probe(state.settings, row));
     }
 
     std::array<FieldTexts, kFieldsPerTab> texts;
     Properties properties;
     FontSettings fonts;
-    std::vector<std::string> stored;
+    std::vector<std::optional<std::string>> stored;
     Place place;
 };
 
@@ -149,7 +134,7 @@ public:
             bytes_ += HeapBytes(ranges_[field], after);
         }
         for (std::size_t key = 0; key < before.stored.size(); ++key)
-            KeepStored(key, std::move(before.stored[key]), ReadStored(state.settings, StoredKeys()[key]));
+            KeepStored(key, std::move(before.stored[key]), Probe(state.settings, StoredKeys()[key]));
         bytes_ += stored_.capacity() * sizeof(StoredText) + kBlockBytes;
         changes_ = !stored_.empty() || fonts_ != state.fonts || properties_ != PropertiesOf(state.document) ||
                    !std::all_of(ranges_.begin(), ranges_.end(), [](const TextRange& range) { return range.Empty(); });
@@ -174,10 +159,10 @@ public:
     }
 
 private:
-    void KeepStored(std::size_t key, std::string before, const std::string& after) {
+    void KeepStored(std::size_t key, std::optional<std::string> before, const std::optional<std::string>& after) {
         if (before == after)
             return;
-        bytes_ += std::max(HeapBytes(before), HeapBytes(after));
+        bytes_ += std::max(TextBytes(before), TextBytes(after));
         stored_.push_back({key, std::move(before)});
     }
 
@@ -186,9 +171,10 @@ private:
             return;
         const SettingsBatch batch(store);
         for (StoredText& stored : stored_) {
-            const StoredKey& row = StoredKeys()[stored.key];
-            std::string now = ReadStored(store, row);
-            WriteStored(store, row, std::exchange(stored.text, std::move(now)));
+            const SettingKey& row = StoredKeys()[stored.key];
+            const auto text = std::exchange(stored.text, Probe(store, row));
+            // What was missing is stored with its default, as any reading of it would do.
+            Write(store, row, text ? std::string_view(*text) : row.fallback);
         }
     }
 

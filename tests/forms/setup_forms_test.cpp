@@ -112,7 +112,7 @@ private slots:
     void okStoresAndAsksForDefaultsOnce() {
         RunningProgram running;
         running.Start(0, 1, 1);
-        DeleteSetting(running.test.settings, "Velmora", "Margin Settings", "Default Left Margin - A4_8");
+        DeleteSetting(running.test.settings, "Margin Settings", "Default Left Margin - A4_8");
         running.test.ui.Expect(kKeepAsDefault, Icon::Question, Buttons::YesNo, Answer::Yes);
         Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
             form.Box("txtMarLeft").setText("2,5");

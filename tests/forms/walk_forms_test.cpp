@@ -296,7 +296,7 @@ private:
         const bool none = document.CurrentTab == 0 && !InBox();
         Need(none || (document.CurrentTab - 1) / document.setup.TabsPerPage + 1 == document.CurrentPage,
              "tab " + std::to_string(document.CurrentTab) + " on page " + std::to_string(document.CurrentPage));
-        Need(GetSetting(running_->settings, "", "Settings", "No Of Pages", "") == std::to_string(document.NoOfPages),
+        Need(GetSetting(running_->settings, "Settings", "No Of Pages", "") == std::to_string(document.NoOfPages),
              "stored pages");
         CheckHistory();
         CheckShown();

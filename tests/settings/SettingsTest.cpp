@@ -1,6 +1,7 @@
 #include "base/Error.h"
 #include "settings/RegistryFile.h"
 #include "settings/RegistryMove.h"
+#include "settings/RegistrySettings.h"
 #include "settings/mdlSettings.h"
 #include "tests/settings/Support.h"
 #include "tests/support/ScriptedInterface.h"
@@ -48,10 +49,10 @@ protected:
         store_.ProgramFolder = folder_.Path();
     }
     std::string Get(const std::string& key, const std::string& fallback, bool numeric = false) {
-        return GetSetting(store_, "Velmora", "Sect", key, fallback, numeric);
+        return GetSetting(store_, "Sect", key, fallback, numeric);
     }
     bool Save(const std::string& key, const std::string& value, bool numeric = false) {
-        return SaveSetting(store_, "Velmora", "Sect", key, value, numeric);
+        return SaveSetting(store_, "Sect", key, value, numeric);
     }
     void ExpectRegistryError(const std::string& heading, const std::string& rest) {
         ui_.Expect("\r\n" + heading + "\r\n" + rest, Icon::Exclamation);
@@ -73,12 +74,12 @@ protected:
 };
 
 TEST_F(SettingsTest, ReadingFillsTheFile) {
-    EXPECT_EQ(Get("Probed", "~~~"), "~~~");
-    EXPECT_EQ(GetSetting(store_, "Velmora", "Settings", "OptType", "0"), "0");
+    EXPECT_EQ(Probe(store_, {"Sect", "Probed"}), std::nullopt);
+    EXPECT_EQ(GetSetting(store_, "Settings", "OptType", "0"), "0");
     EXPECT_EQ(Content(ini_), "[Settings]\r\nOptType=0\r\n");
     ReplaceFile(ini_, "[Settings]\n  OptType = 0\n");
-    EXPECT_EQ(GetSetting(store_, "Velmora", "Settings", "OptType", "0"), "0");
-    EXPECT_EQ(GetSetting(store_, "Velmora", "Settings", "Number", "7", true), "7");
+    EXPECT_EQ(GetSetting(store_, "Settings", "OptType", "0"), "0");
+    EXPECT_EQ(GetSetting(store_, "Settings", "Number", "7", true), "7");
     EXPECT_EQ(Content(ini_), "[Settings]\n  OptType = 0\n") << "only texts are written back, where bytes change";
 }
 
@@ -91,7 +92,7 @@ TEST_F(SettingsTest, CutsValuesAndLists) {
         file += "keynumber" + std::to_string(i) + "=1\r\n";
     ReplaceFile(ini_, file);
     EXPECT_EQ(Get("Long", ""), e128);
-    EnumerateSettings(store_, "Velmora", "Sect");
+    EnumerateSettings(store_, "Sect");
     ASSERT_EQ(store_.KeyValues.size(), 1u + (2048 - 5) / 13);
     EXPECT_EQ(store_.KeyValues.back(), (std::pair<std::string, std::string>("keynumber256", "1")));
     EXPECT_EQ(Content(ini_), file) << "a name that was cut came back as a new key";
@@ -128,7 +129,7 @@ TEST_F(SettingsTest, ReportsAProtectedFileOnce) {
     }
     ui_.title = "CSetting.DeleteKey";
     ui_.Expect("Error Deleting Key (check if file is protected)", Icon::None);
-    EXPECT_FALSE(DeleteSetting(store_, "Velmora", "Sect", "K"));
+    EXPECT_FALSE(DeleteSetting(store_, "Sect", "K"));
     ui_.title = "Velmora";
     fs::remove(ini_);
     EXPECT_TRUE(Save("K", "4"));
@@ -162,23 +163,25 @@ TEST_F(SettingsTest, MemoryOnlyTouchesNoFile) {
     store_.InMemory = true;
     EXPECT_TRUE(Save("A", "1"));
     EXPECT_EQ(Get("A", ""), "1");
-    EnumerateSettings(store_, "Velmora", "");
+    EnumerateSettings(store_, "");
     EXPECT_EQ(store_.SectionNames, (std::vector<std::string>{"Sect"}));
     EXPECT_TRUE(fs::is_empty(folder_.Path()));
 }
 
 TEST_F(SettingsTest, RegistryModeReadsAndWritesTheMachinesKey) {
     store_.SaveMode = 0;
-    EXPECT_EQ(Get("A", "~~~"), "~~~");
+    EXPECT_EQ(Probe(store_, {"Sect", "A"}), std::nullopt);
     EXPECT_EQ(Content(reg_), "(none)");
     EXPECT_EQ(Get("A", "default"), "default");
     EXPECT_TRUE(Save("N", "-5", true));
     EXPECT_TRUE(Save("Long", std::string(300, 'x')));
     EXPECT_EQ(Get("N", "1", true), "-5");
     EXPECT_EQ(Get("Long", "").size(), 255u);
-    EXPECT_TRUE(EnumerateSettings(store_, " Velmora ", " Sect "));
+    EXPECT_EQ(Probe(store_, {"Sect", "A"}), "default");
+    store_.SettingsAppName = " Velmora ";
+    EXPECT_TRUE(EnumerateSettings(store_, " Sect "));
     EXPECT_EQ(store_.KeyValues, (KeyTable{{"A", "default"}, {"N", "-5"}, {"Long", std::string(300, 'x')}}));
-    EXPECT_TRUE(DeleteSetting(store_, "Velmora", "Sect", "Long"));
+    EXPECT_TRUE(DeleteSetting(store_, "Sect", "Long"));
     EXPECT_EQ(Content(reg_), "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\" + kSection +
                                  "]\r\n\"A\"=\"default\"\r\n\"N\"=dword:fffffffb\r\n");
     EXPECT_TRUE(store_.Object.GetSettingAll("Sect").empty()) << "the per-user area is another one";
@@ -189,13 +192,13 @@ TEST_F(SettingsTest, RegistryErrorsAreReported) {
     store_.SaveMode = 0;
     store_.SectionNames = {"old"};
     ExpectRegistryError("Error Opening Registry Key Entry:", "Key/Path=" + kApplication + "DLL Returned=2");
-    EXPECT_FALSE(EnumerateSettings(store_, "Velmora", ""));
+    EXPECT_FALSE(EnumerateSettings(store_, ""));
     EXPECT_TRUE(store_.SectionNames.empty());
     Save("A", "1");
     ExpectRegistryError("Error Deleting Registry Key Entry:", "Key/Path=" + kSection + "DLL Returned=2");
-    EXPECT_FALSE(DeleteSetting(store_, "Velmora", "Sect", "B"));
+    EXPECT_FALSE(DeleteSetting(store_, "Sect", "B"));
     ExpectRegistryError("Error Deleting Registry Key Entry:", "Key/Path=" + kApplication + "Delete sub sections. [5]");
-    EXPECT_FALSE(DeleteSetting(store_, "Velmora", "", ""));
+    EXPECT_FALSE(DeleteSetting(store_, "", ""));
     ExpectRegistryError("Cannot set Registry value: RegSetValueEx", "Key=" + kSection + "DLL Returned=29");
     EXPECT_FALSE(Save("A", "\xC5\x82"));
     ReplaceFile(reg_, "broken");

@@ -17,11 +17,12 @@ struct TestProgram {
         settings.IniFile = folder / "Velmora.ini";
     }
 
+    /// "(none)": there is no such key.
     std::string Stored(const std::string& section, const std::string& key) {
-        return GetSetting(settings, "Velmora", section, key, kProbe);
+        return Probe(settings, {section, key}).value_or("(none)");
     }
     void Store(const std::string& section, const std::string& key, const std::string& value) {
-        SaveSetting(settings, "Velmora", section, key, value);
+        SaveSetting(settings, section, key, value);
     }
 
     TemporaryFolder folder;
