@@ -1,6 +1,7 @@
 // What every way to the settings shares.
 #pragma once
 
+#include "base/Paths.h"
 #include "platform/Registry.h"
 #include "platform/UserInterface.h"
 
@@ -24,7 +25,7 @@ struct SettingsGlobals {
     SettingsGlobals(Registry& registry, UserInterface& ui) : Keys(registry), Interface(ui) {}
 
     /// The INI file that is used unless another one is chosen.
-    std::filesystem::path OwnIniFile() const { return ProgramFolder / (SettingsAppName + ".ini"); }
+    std::filesystem::path OwnIniFile() const { return ProgramFolder / PathOf(SettingsAppName + ".ini"); }
 
     Registry& Keys;
     UserInterface& Interface;

@@ -187,10 +187,10 @@ TEST_F(FlowsTest, ATabOfBlanksIsEmptyWhoeverAsks) {
         EXPECT_EQ(told, row.filled == 1);
         LayoutValues layout;
         rptVelmor report(layout);
-        report.InitArray("PRINT", document.TabCount, document.RowsPerPage, document.ColsPerPage, row.fields, false,
+        report.InitArray("PRINT", document.TabCount, document.setup.RowsPerPage, document.setup.ColsPerPage, row.fields, false,
                          document);
         EXPECT_EQ(report.FilledSheets().size(), static_cast<std::size_t>(row.filled));
-        const std::string content = RecoveryContent(program.main);
+        const std::string content = RecoveryContent(document, program.settings);
         const std::string copy = RecoveryHead({}, 1, ContentSum(content)) + content;
         EXPECT_EQ(TabsFilled(*ParseRecoveryCopy(copy)), row.inCopy);
     }

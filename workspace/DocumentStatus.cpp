@@ -1,5 +1,5 @@
-#include "base/Paths.h"
 #include "workspace/DocumentStatus.h"
+#include "base/Paths.h"
 
 #include "base/Numbers.h"
 #include "base/Text.h"

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Paths.h"
 #include "document/TabFile.h"
+#include "document/Worksheet.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +16,10 @@ namespace {
 // A copy is four lines - the mark with the version, the milliseconds since 1970, the page shown, the check sum in hex -
 // and the content. The content is texts, each as its length in bytes, a colon, its bytes and a line feed: path and
 // encoding of the document, size and time stamp of its file (empty where unknown), the header as in a tab file, the
-// number of tabs, and the three fields of each. The check sum is of the content and then of the two lines before it.
+// number of tabs, the three fields of each, and whether the file is "own" or "foreign". The check sum is of the content
+// and then of the two lines before it.
+
+constexpr std::string_view kForeign = "foreign";
 
 constexpr std::uint64_t kSumStart = 0xcbf29ce484222325U;
 
@@ -58,13 +62,15 @@ class CopyReader {
 public:
     explicit CopyReader(std::string_view bytes) : rest_(bytes) {}
 
-    /// Nothing where the bytes are no whole copy.
+    /// nullopt where the bytes are no whole copy.
     std::optional<RecoveryCopy> Read() {
         RecoveryCopy copy;
         if (!ReadHead(copy) || !ReadDocument(copy))
             return std::nullopt;
         while (whole_ && copy.texts.size() < static_cast<std::size_t>(copy.tabs) * kFieldsPerTab)
             copy.texts.push_back(Text());
+        // Programs before 8.2 did not write whose the file is, and took all workbooks for foreign.
+        copy.foreign = rest_.empty() ? WorkbookFormatOf(copy.path).has_value() : Text() == kForeign;
         return whole_ && rest_.empty() ? std::optional(std::move(copy)) : std::nullopt;
     }
 
@@ -143,6 +149,7 @@ std::string RecoveryContent(const TabDocument& document, SettingsStore& settings
     for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
         for (int field = 0; field < kFieldsPerTab; ++field)
             Append(content, document.Field(field)(tab));
+    Append(content, document.Foreign ? kForeign : "own");
     return content;
 }
 

@@ -28,7 +28,7 @@ struct RecoveryCopy {
     std::optional<FileStamp> stamp;
     std::string_view header;
     std::int32_t tabs = 0;
-    bool foreign = false;
+    bool foreign = false;                ///< as `Foreign` of the document
     std::vector<std::string_view> texts; ///< three for each tab
 };
 

@@ -45,7 +45,8 @@ public:
     RecoveryStore(const RecoveryStore&) = delete;
     RecoveryStore& operator=(const RecoveryStore&) = delete;
 
-    /// From now on, as a program that has just started. Touches nothing on disk; the folder is made, for this person alone, with the first copy.
+    /// From now on, as a program that has just started. Touches nothing on disk; the folder is made, for this person
+    /// alone, with the first copy.
     void Open(std::filesystem::path folder, Clock clock);
 
     /// Brings this copy's file up to date: written where the document changed since
