@@ -1,70 +1,10 @@
 // Undo and redo: what a step brings back, what belongs to one step, what counts as saved, and what the steps cost.
-#include "tests/support/Documents.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/UndoTest.h"
 #include "workspace/Pages.h"
 #include "workspace/ReplaceDocument.h"
-#include "workspace/Undo.h"
-
-#include <gtest/gtest.h>
-
-#include <random>
 
 namespace velmora {
 namespace {
-
-struct UndoTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    MainModule& main = program.main;
-    TabDocument& document = program.main.document;
-    UndoHistory& history = main.history;
-
-    void MakeDocument(int pages) {
-        MakePages(main, pages, 3, 0, [](int field, int tab) { return field == 0 ? "tab " + std::to_string(tab) : ""; });
-        main.globals.AskBeforeDelete = false;
-        history.KeepSteps();
-        history.Clear(document);
-    }
-    /// `operation` as one step.
-    template <typename Operation> void Do(const char* name, Operation operation) {
-        UndoStep step(history, main.State(), name);
-        operation();
-    }
-    void Type(int tab, const std::string& text, int field = 0) { history.Type(document, {tab, field}, text); }
-    /// Everything that a step restores, with the settings as they stand in the INI file.
-    std::string State() {
-        std::string text;
-        for (int number :
-             {int{document.NoOfPages}, int{document.setup.NoOfFields}, int{document.setup.OptType},
-              int{document.setup.TabsPerPage}, int{document.setup.RowsPerPage}, int{document.setup.ColsPerPage},
-              int{document.TabCount}, document.setup.Grid.Width1, document.setup.Grid.Height2,
-              int{document.setup.Limits.MaxLenField1}, int{document.setup.Limits.MaxLenField2}})
-            text += std::to_string(number) + "|";
-        text += document.setup.StationeryType + document.setup.PageSize + document.setup.LayoutName;
-        for (int field = 0; field < kFieldsPerTab; ++field) {
-            const FieldFont& font = main.fonts[static_cast<std::size_t>(field)];
-            text += "\n" + font.Name + std::to_string(font.Size) + std::to_string(font.HorizontalAlignment);
-            for (int key = 0; key < kFontKeys; ++key)
-                text +=
-                    "," + program.settings.Object.Probe(kFontSection, FontSetting(key, field).key).value_or("(none)");
-            for (int tab = 1; tab <= document.Field(field).Count(); ++tab)
-                text += "\n" + document.Field(field)(tab);
-        }
-        for (const SettingKey* row : {&kStationeryType, &kPageSize, &kOptType, &kNoOfFields, &kNoOfPages, &kMarginLeft})
-            text += "\n" + program.settings.Object.GetSettingStr(row->section, row->key, row->fallback);
-        return text;
-    }
-    void SetUpPage(int type, int fields, int fontSize) {
-        document.setup.OptType = static_cast<std::int16_t>(type);
-        document.setup.NoOfFields = static_cast<std::int16_t>(fields);
-        SetLayoutFromType(document.setup);
-        SetFieldLimits(document.setup);
-        ApplyTabType(main);
-        main.fonts[1].Size = static_cast<std::int16_t>(fontSize);
-        main.fonts[2].Name = "A name too long for the string itself " + std::to_string(fontSize);
-        SaveFontSettings(main.settings, main.fonts);
-        Write(main.settings, kMarginLeft, std::to_string(fontSize) + ".5");
-    }
-};
 
 TEST_F(UndoTest, TypingInOneBoxIsOneStep) {
     MakeDocument(2);
@@ -195,46 +135,6 @@ TEST_F(UndoTest, TheOldestStepsGiveWay) {
     typeLong(2); // as it is already: no step
     small.Type(document, {2, 0}, "");
     EXPECT_TRUE(small.Bytes() > 900 && small.Bytes() < 1200) << "the text typed over, and nothing of what is gone";
-}
-
-TEST_F(UndoTest, HundredsOfStepsGoBackAndForthThroughTheSameStates) {
-    std::mt19937 random{20240607};
-    const auto below = [&](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
-    MakeDocument(2);
-    SetUpPage(0, 2, 10);
-    history.Clear(document);
-    std::vector<std::string> states = {State()};
-    const SettingsBatch batch(program.settings); // the file is written once, but read as if each write had been
-    for (int i = 0; i < 400; ++i) {
-        document.CurrentPage = static_cast<std::int16_t>(1 + below(document.NoOfPages));
-        document.CurrentTab = static_cast<std::int16_t>(below(40) == 0 ? 0 : 2); // at 0 a new tab type empties all
-        const int kind = below(9), tab = (document.CurrentPage - 1) * document.setup.TabsPerPage + 1;
-        if (kind > 4)
-            Type(tab + below(document.setup.TabsPerPage),
-                 below(4) == 0 ? "" : std::string(static_cast<std::size_t>(i % 30), 'x') + std::to_string(i), below(3));
-        else if (kind == 4)
-            Do("Page Setup", [&] { SetUpPage(below(6), 1 + below(3), 8 + below(9)); });
-        else if (kind == 3)
-            Do("Delete Empty Tabs", [&] { CleanLabels(main); });
-        else
-            Do("Page", [&] { kind == 2 && document.NoOfPages > 1 ? DeletePage(main) : AddPage(main); });
-        history.MarkSaved(); // each typing a step of its own
-        if (std::string state = State(); state != states.back())
-            states.push_back(std::move(state));
-    }
-    EXPECT_GT(states.size(), 200U);
-    const auto check = [&](std::size_t at) {
-        EXPECT_EQ(document.TabCount, document.NoOfPages * document.setup.TabsPerPage);
-        ASSERT_TRUE(State() == states[at]) << "state " << at << "\n" << State() << "\ninstead of\n" << states[at];
-    };
-    for (int round = 0; round < 2; ++round) {
-        for (std::size_t at = states.size() - 1; at > 0 && !HasFatalFailure(); --at)
-            history.Undo(main.State()), check(at - 1);
-        EXPECT_FALSE(history.CanUndo());
-        for (std::size_t at = 1; at < states.size() && !HasFatalFailure(); ++at)
-            history.Redo(main.State()), check(at);
-        EXPECT_FALSE(history.CanRedo());
-    }
 }
 
 } // namespace

@@ -43,9 +43,7 @@ public:
         if (text_.size() > 2 * kShown)
             text_.erase(0, kShown);
     }
-    [[noreturn]] void Fail(const std::string& what) const {
-        qFatal("After%s\n%s", text_.c_str(), what.c_str());
-    }
+    [[noreturn]] void Fail(const std::string& what) const { qFatal("After%s\n%s", text_.c_str(), what.c_str()); }
 
 private:
     static constexpr std::size_t kShown = 2500;

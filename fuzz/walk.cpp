@@ -5,7 +5,7 @@
 #include "document/TabFile.h"
 #include "editor/ui/frmFind.h"
 #include "editor/ui/frmGrid2a4.h"
-#include "tests/forms/AnyPerson.h"
+#include "fuzz/AnyPerson.h"
 #include "tests/forms/RunningProgram.h"
 #include "tests/support/FakePrinters.h"
 
@@ -345,6 +345,7 @@ private:
         return running_->window->findChild<QLabel*>(QString("Panel%1").arg(panel))->text();
     }
     void CheckWindows() {
+        Need(!QTest::currentTestFailed(), "Qt warns");
         Need(!QApplication::overrideCursor(), "the hourglass");
         std::multiset<QString> dialogs;
         for (const auto* dialog : running_->window->findChildren<QDialog*>())
@@ -389,7 +390,7 @@ int FromEnvironment(const char* name, int otherwise) {
     return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
 }
 
-class WalkFormsTest : public QObject {
+class WalkTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -404,7 +405,5 @@ private slots:
 
 } // namespace
 
-QTEST_MAIN(WalkFormsTest)
-#include "walk_forms_test.moc"
-#include "workspace/DocumentStatus.h"
-#include "workspace/TakePageBack.h"
+QTEST_MAIN(WalkTest)
+#include "walk.moc"
