@@ -38,6 +38,94 @@ struct FlowsTest : testing::Test {
     void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
 };
 
+TEST_F(FlowsTest, ANamedDocumentIsAskedAboutBeforeItIsReplaced) {
+    for (const char* name : {"in.csv", "other.csv"})
+        ReplaceFile(Path(name), "Version 8\r\nP,A4,1,1\r\n0,0\r\nA\r\nB\r\nC\r\n" + std::string(name) + "\r\n");
+    OpenFile(program.main, Path("in.csv"));
+    document.FieldA(1) = "changed";
+    Ask(kSaveQuestion, Answer::Cancel);
+    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Cancelled);
+    EXPECT_EQ(document.FieldA(1), "changed");
+
+    const std::tuple<Answer, const char*, const char*> rows[] = {{Answer::Yes, "other.csv", "other.csv"},
+                                                                 {Answer::No, "in.csv", "changed"}};
+    for (const auto& [answer, name, first] : rows) {
+        Ask(kSaveQuestion, answer);
+        if (answer == Answer::Yes)
+            Tell("File saved successfully");
+        program.ui.ExpectChooser("Open", Path(name));
+        EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened);
+        EXPECT_EQ(document.FieldA(1), first);
+        EXPECT_EQ(document.DocFileName, Path(name));
+    }
+    Ask(kSaveQuestion, Answer::Cancel);
+    NewCommand(program.main);
+    EXPECT_EQ(document.FieldA(1), "changed");
+    EXPECT_TRUE(document.DocFileName.empty());
+    NewCommand(program.main); // untitled now
+    EXPECT_EQ(document.FieldA(1), "");
+}
+
+TEST_F(FlowsTest, AVersion7FileIsUpgraded) {
+    ReplaceFile(Path("seven.csv"), "VERSION7\r\nP,A4,1,2\r\n0,0\r\nA\r\nB\r\nC\r\nold,,\r\n");
+    program.ui.ExpectChooser("Open", Path("seven.csv"),
+                             "OPEN|Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|Tabs.csv");
+    Tell("The file: " + Named("seven.csv") +
+         " is an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
+    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened);
+    EXPECT_EQ(document.OptType, 1);
+    Tell("File saved successfully");
+    SaveLabels(program.main, SaveKind::Save);
+    EXPECT_TRUE(ReadFile(Path("seven.csv")).starts_with("Version 8\r\n"));
+}
+
+TEST_F(FlowsTest, SavingAsksForANameAndBeforeOverwriting) {
+    program.ui.ExpectChooser("Save as", Path("a.csv"), "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved) << "a new name: without a word";
+    EXPECT_EQ(program.Stored("Paths", "Lables"), program.folder.Path().string() + "/");
+    EXPECT_FALSE(document.DocChanged);
+
+    const auto choose = [&](Answer answer) {
+        program.ui.ExpectChooser("Save as", Path("a.csv"));
+        program.ui.Expect("Do you want to overwrite the following file?\r\n" + Named("a.csv"), Icon::Question,
+                          Buttons::YesNo, answer, Answer::No);
+    };
+    document.FieldA(1) = "second";
+    choose(Answer::No);
+    program.ui.ExpectChooser("Save as", std::nullopt);
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::SaveAs), SaveOutcome::Cancelled);
+    EXPECT_NE(ReadFile(Path("a.csv")).find("typed"), std::string::npos);
+    choose(Answer::Yes);
+    Tell("File saved successfully");
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::SaveAs), SaveOutcome::Saved);
+
+    document.FieldA(1) = "third";
+    document.DocChanged = true;
+    program.ui.ExpectChooser("Export", Path("out.csv"));
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Export), SaveOutcome::Saved);
+    EXPECT_TRUE(ReadFile(Path("out.csv")).starts_with("third,,\r\n,,\r\n")) << "without a header";
+    EXPECT_EQ(document.DocFileName, Path("a.csv"));
+    EXPECT_TRUE(document.DocChanged);
+    EXPECT_NE(ReadFile(Path("a.csv")).find("second"), std::string::npos);
+}
+
+TEST_F(FlowsTest, AFailedCreationIsRetriedUntilItsCauseIsGone) {
+    document.DocFileName = Path("gone/a.csv");
+    const std::string failure =
+        "The application encountered the following error when it attempted to save the following file: " +
+        Named("gone/a.csv") + "\r\nError Nommer:2\r\nError Description:No such file or directory";
+    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Retry);
+    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Cancel);
+    Tell("File was NOT saved succesfully!");
+    Tell("Could not finish process");
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Failed);
+    EXPECT_TRUE(document.DocChanged);
+    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Retry, std::nullopt,
+                      [&] { fs::create_directory(Path("gone")); });
+    Tell("File saved successfully");
+    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
+}
+
 TEST_F(FlowsTest, CommasAreToldOnceForASave) {
     document.FieldA(2) = "a,b";
     document.FieldC(7) = ",";

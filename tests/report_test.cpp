@@ -51,23 +51,6 @@ void ExpectBox(const Box& box, double left, double top, double width, double hei
     EXPECT_NEAR(box.height, height, 0.001);
 }
 
-TEST_F(ReportTest, EveryTypeHasItsColumnAndRow) {
-    // Column width and row height in twips: millimetres x 56.7.
-    const std::tuple<int, double, double> cases[] = {{0, 3402.0, 33 * 56.7}, {1, 1701.0, 33 * 56.7},
-                                                     {2, 3402.0, 30 * 56.7}, {3, 1701.0, 30 * 56.7},
-                                                     {4, 1644.3, 31 * 56.7}, {5, 2891.7, 31 * 56.7}};
-    for (const auto& [type, column, row] : cases) {
-        MakeDocument(type, 1);
-        const Sheet sheet = LayOut();
-        ASSERT_EQ(sheet.texts.size(), static_cast<std::size_t>(document.TabCount)) << type;
-        const int last = document.TabCount - 1;
-        ExpectBox(sheet.texts[0].box, 0, row - 567, column, 567);
-        ExpectBox(sheet.texts[static_cast<std::size_t>(last)].box, (document.setup.ColsPerPage - 1) * column,
-                  (document.setup.RowsPerPage - 1) * row + row - 567, column, 567);
-        EXPECT_EQ(sheet.texts[1].text, "a2") << "records run along a row first";
-    }
-}
-
 TEST_F(ReportTest, AStoredTabTopHoldsForAllStylesThatShareIt) {
     MakeDocument(0, 1);
     LayOut();

@@ -84,24 +84,21 @@ TEST(TextShaper, ACharacterThatNoFontHasIsTheBoxForAMissingGlyph) {
     EXPECT_GT(text.runs[0].glyphs.at(1).advance, 0);
 }
 
-TEST(TextShaper, AFontThatDoesNotHaveTheCharacterEitherIsNoReplacement) {
+/// Neither a font without the character, as this one with A and B only, nor one that cannot be read.
+TEST(TextShaper, AReplacementThatIsNoneDoesNotStopTheSheet) {
     struct Useless : DressedCatalogue {
+        std::string path;
         std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override {
-            return FontFile{VELMORA_TEST_FONTS "/named.otf", 0, "Boxes"}; // A and B only
+            return FontFile{path, 0, "Boxes"};
         }
-    } const catalogue;
-    TextShaper shaper(catalogue, {});
-    EXPECT_EQ(shaper.Shape("a☃", 0).runs.size(), 1U);
-}
-
-TEST(TextShaper, ADamagedReplacementFontDoesNotStopTheSheet) {
-    struct Damaged : DressedCatalogue {
-        std::optional<FontFile> MatchCharacter(const FontRequest&, char32_t) const override {
-            return FontFile{"/nowhere/font.ttf", 0, "Nowhere"};
-        }
-    } const catalogue;
-    TextShaper shaper(catalogue, {});
-    EXPECT_EQ(shaper.Shape("☃", 0).runs.at(0).glyphs.at(0).id, 0U);
+    } catalogue;
+    for (const char* path : {VELMORA_TEST_FONTS "/named.otf", "/nowhere/font.ttf"}) {
+        catalogue.path = path;
+        TextShaper shaper(catalogue, {});
+        const ShapedText& text = shaper.Shape("a☃", 0);
+        ASSERT_EQ(text.runs.size(), 1U) << path;
+        EXPECT_EQ(text.runs[0].glyphs.at(1).id, 0U) << path;
+    }
 }
 
 TEST(TextShaper, ALetterAndItsAccentComeFromOneFace) {
