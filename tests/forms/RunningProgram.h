@@ -5,30 +5,47 @@
 #include "base/AtomicFile.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "setup/Margins.h"
+#include "tests/forms/FormsTest.h"
 #include "tests/support/TestProgram.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTest>
+#include <QTimer>
 
 namespace velmora {
 
-/// A warning of Qt's is a fault of ours.
-inline void FailOnWarnings() {
-    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-        if (type == QtWarningMsg && !text.startsWith("This plugin does not support"))
-            qFatal("Qt warns: %s", qPrintable(text));
-        else if (type == QtFatalMsg)
-            std::fprintf(stderr, "%s\n", qPrintable(text));
-    });
-}
+/// Closes a dialog that nobody answers, which would hold up the tests behind it.
+class Patience : public QTimer {
+public:
+    Patience() {
+        callOnTimeout([this] {
+            QWidget* front = QApplication::activeModalWidget();
+            seconds_ = front && front == last_ ? seconds_ + 1 : 0;
+            last_ = front;
+            if (seconds_ < kMostSeconds)
+                return;
+            FailSoftly("not answered: " + front->objectName().toStdString());
+            front->close();
+        });
+        start(1000);
+    }
+
+private:
+    static constexpr int kMostSeconds = 60;
+
+    QPointer<QWidget> last_;
+    int seconds_ = 0;
+};
 
 class RunningProgram {
 public:
     /// `printers` null: the built-in ones.
     explicit RunningProgram(PrintSystem* printers = nullptr)
-        : test([](const std::string& text) { qFatal("%s", text.c_str()); }),
+        : test(FailSoftly),
           program{{test.settings, test.ui, printers ? *printers : test.printers, test.workbooks}, {}, fonts, {}} {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
@@ -61,6 +78,7 @@ public:
     Program program;
     QtForms forms{program};
     mdiVelmora* window = nullptr; ///< once started
+    Patience patience;
 };
 
 } // namespace velmora

@@ -12,83 +12,15 @@
 #include "tests/forms/FormFaults.h"
 #include "tests/forms/RunningProgram.h"
 #include "tests/support/FakePrinters.h"
-#include "widgets/Controls.h"
 #include "widgets/WizardFrame.h"
 
-#include <QGridLayout>
 #include <QListView>
 #include <QPushButton>
-#include <QTableWidget>
 #include <QTimer>
 
 namespace {
 
 using namespace velmora;
-
-/// A form with three entries, one below the other, and a button beside the second: nothing is wrong with it.
-struct GoodForm : QDialog {
-    GoodForm() {
-        setObjectName("form");
-        setWindowTitle("Form");
-        auto* grid = new QGridLayout(this);
-        const std::array names = {"first", "second", "third"};
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            entries[i] = Named(new QLineEdit, names[i]);
-            entries[i]->setAccessibleName(names[i]);
-            grid->addWidget(entries[i], static_cast<int>(i), 0);
-        }
-        grid->addWidget(Named(new QPushButton("&Add"), "add"), 1, 1);
-    }
-    void Add(QWidget* control) { layout()->addWidget(control); }
-
-    std::array<QLineEdit*, 3> entries = {};
-};
-
-struct Defect {
-    void (*make)(GoodForm&);
-    const char* fault;
-};
-
-const Defect kDefects[] = {
-    {[](GoodForm&) {}, ""},
-    {[](GoodForm& form) { form.setWindowTitle(""); }, "the window has no name"},
-    {[](GoodForm& form) { form.entries[1]->setAccessibleName("..."); }, "QLineEdit \"second\" has no name"},
-    {[](GoodForm& form) { form.entries[1]->setAccessibleName("first"); },
-     "QLineEdit \"second\" is named \"first\" as is QLineEdit \"first\""},
-    {[](GoodForm& form) {
-         auto* chosen = Named(new QComboBox, "chosen");
-         chosen->addItem("Item");
-         chosen->setAccessibleName("Purpose"); // which is not what is read
-         form.Add(chosen);
-     },
-     "QComboBox \"chosen\" has no name"},
-    {[](GoodForm& form) { form.Add(Named(new QPushButton("B&ack"), "back")); },
-     "mnemonics: Alt+A is of QPushButton \"add\" and of QPushButton \"back\""},
-    {[](GoodForm& form) {
-         for (const char* name : {"one", "other"})
-             Named(new QAction(&form), name)->setShortcut(Qt::Key_F2);
-     },
-     "shortcuts: F2 is of one and of other"},
-    {[](GoodForm& form) { form.entries[1]->setFocusPolicy(Qt::ClickFocus); },
-     "QLineEdit \"second\" is out of the keyboard's reach"},
-    {[](GoodForm& form) {
-         auto* bar = new QToolBar;
-         bar->addAction("Mouse");
-         bar->addAction("Key")->setShortcut(Qt::Key_F2);
-         form.Add(bar);
-     },
-     "QToolButton \"Mouse\" is out of the keyboard's reach"},
-    {[](GoodForm& form) { QWidget::setTabOrder(form.entries[2], form.entries[1]); },
-     "Tab goes back from QLineEdit \"third\" to QLineEdit \"second\""},
-    {[](GoodForm& form) { QWidget::setTabOrder(form.entries[0], form.findChild<QWidget*>("add")); },
-     "Tab goes back from QPushButton \"add\" to QLineEdit \"second\""},
-    {[](GoodForm& form) {
-         auto* table = Named(new QTableWidget(2, 1), "table"); // which keeps the Tab key
-         table->setAccessibleName("Table");
-         form.Add(table);
-     },
-     "Tab does not come around, it stays with QTableWidget \"table\""},
-};
 
 class AccessibilityFormsTest : public QObject {
     Q_OBJECT
@@ -118,7 +50,7 @@ class AccessibilityFormsTest : public QObject {
     static void Click(QWidget& form, const char* name) {
         auto* button = form.findChild<QAbstractButton*>(name);
         if (!button || !button->isEnabled())
-            qFatal("no button %s to click in %s", name, qPrintable(form.objectName()));
+            FailAndEnd(std::string("no button to click: ") + name);
         button->click();
     }
     /// Looks at what a wizard shows after each click.
@@ -166,7 +98,7 @@ class AccessibilityFormsTest : public QObject {
         const DialogAnswer answer("frmPreview", [this](QDialog& dialog) {
             auto* findings = dialog.findChild<QListView*>("lstFindings");
             if (!QTest::qWaitFor([&] { return findings->isVisible(); }))
-                qFatal("nothing is found");
+                FailAndEnd("nothing is found");
             Look(dialog);
             Click(dialog, "chkPartlyUsed");
             Look(dialog);
@@ -215,16 +147,6 @@ class AccessibilityFormsTest : public QObject {
 
 private slots:
     void init() { FailOnWarnings(); }
-
-    void everyRuleFindsItsFault() {
-        for (const Defect& defect : kDefects) {
-            GoodForm form;
-            defect.make(form);
-            faults_.clear();
-            LookAndClose(form);
-            QCOMPARE(faults_.join('\n'), *defect.fault ? QString("form: ") + defect.fault : QString());
-        }
-    }
 
     void everyFormIsForEverybody() {
         faults_.clear();
@@ -326,5 +248,8 @@ private slots:
 
 } // namespace
 
-QTEST_MAIN(AccessibilityFormsTest)
+int main(int argc, char** argv) {
+    return velmora::RunTests<AccessibilityFormsTest>(argc, argv);
+}
+
 #include "accessibility_forms_test.moc"

@@ -1,4 +1,5 @@
 // The set-up dialogs, driven through the window's own commands and the controls' names.
+#include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
 #include "widgets/WizardFrame.h"
 
@@ -11,9 +12,6 @@ namespace {
 
 using namespace velmora;
 
-const std::string kKeepAsDefault = "Do you want to save this margin settings as the default margin settings for A4 (8 "
-                                   "rows) stationery?";
-
 /// The dialog in front, by its controls.
 struct Shown {
     QWidget& dialog;
@@ -21,7 +19,7 @@ struct Shown {
     template <typename Control> Control* Find(const char* name) const {
         auto* control = dialog.findChild<Control*>(name);
         if (!control)
-            qFatal("no control %s in %s", name, qPrintable(dialog.objectName()));
+            FailAndEnd(std::string("no control ") + name);
         return control;
     }
     void Click(const char* name) const { Find<QAbstractButton>(name)->click(); }
@@ -34,21 +32,10 @@ class SetupFormsTest : public QObject {
 
     using Work = std::function<void(const Shown&)>;
 
-    /// Opens a modal dialog, works in it, and proves that it came and is gone.
+    /// Opens a modal dialog and works in it.
     static void Within(const std::function<void()>& open, const char* name, const Work& work) {
-        bool came = false;
-        QTimer::singleShot(0, [&] {
-            QWidget* dialog = QApplication::activeModalWidget();
-            if (!dialog || dialog->objectName() != name)
-                qFatal("no dialog %s", name);
-            dialog->activateWindow(); // for its keys: no window manager does it here
-            came = QTest::qWaitFor([&] { return QApplication::activeWindow() == dialog; });
-            work({*dialog});
-            if (dialog->isVisible())
-                qFatal("%s stays open", name);
-        });
+        const DialogAnswer answer(name, [&](QDialog& dialog) { work({dialog}); });
         open();
-        QVERIFY(came);
     }
     static void Within(RunningProgram& running, const char* command, const char* name, const Work& work) {
         Within([&] { running.Trigger(command); }, name, work);
@@ -89,7 +76,7 @@ private slots:
         QVERIFY(!running.window->isWindowModified());
     }
 
-    void arrowsStepByOneMillimetre() {
+    void arrowsStepByOneMillimetreAndReturnStores() {
         RunningProgram running;
         running.Start(0, 1, 1);
         Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
@@ -107,30 +94,13 @@ private slots:
             QTest::keyClick(&form.dialog, Qt::Key_Escape);
         });
         QCOMPARE(Margins(running), std::string("0/0"));
-    }
-
-    void okStoresAndAsksForDefaultsOnce() {
-        RunningProgram running;
-        running.Start(0, 1, 1);
-        DeleteSetting(running.test.settings, "Margin Settings", "Default Left Margin - A4_8");
-        running.test.ui.Expect(kKeepAsDefault, Icon::Question, Buttons::YesNo, Answer::Yes);
         Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
             form.Box("txtMarLeft").setText("2,5");
-            form.Box("txtMarTop").setText("3");
+            form.Click("cmdSaveDefaults");
             QTest::keyClick(&form.dialog, Qt::Key_Return);
         });
-        QCOMPARE(Margins(running), std::string("2.5/3"));
-        QVERIFY(running.window->isWindowModified());
-        Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
-            form.Box("txtMarLeft").setText("7");
-            form.Click("cmdLoadDefaults");
-            QCOMPARE(form.Box("txtMarLeft").text(), QString("2"));
-            form.Box("txtMarLeft").setText("4");
-            form.Click("cmdSaveDefaults");
-            form.Click("cmdOk");
-        });
-        QCOMPARE(running.test.Stored("Margin Settings", "Default Left Margin - A4_8"), std::string("4"));
-        QCOMPARE(Margins(running), std::string("4/3"));
+        QCOMPARE(running.test.Stored("Margin Settings", "Default Left Margin - A4_8"), std::string("2.5"));
+        QCOMPARE(Margins(running), std::string("2.5/0"));
     }
 
     void theCalibrationSheetIsWritten() {
@@ -173,42 +143,32 @@ private slots:
         QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2")); // the toolbar's way
     }
 
-    void thePrinterWizardStoresItsFourSettings() {
+    void thePrinterWizardAsksBeforeItForgets() {
         RunningProgram running;
         CopyPictures(running);
         running.Start(0, 1, 1);
-        const auto stored = [&] {
-            std::string all;
-            for (const char* key : {"Printer", "Stationery Type", "Page Size", "OptType"})
-                all += running.test.Stored("Settings", key) + "|";
-            return all;
+        const auto ask = [&](Answer answer) {
+            running.test.ui.Expect("Do you want to leave the wizard without keeping what you have chosen?",
+                                   Icon::Question, Buttons::YesNo, answer);
         };
-        const std::string before = stored();
-        const std::string leaving = "Do you want to leave the wizard without keeping what you have chosen?";
         const auto pdf = running.test.folder / "test.pdf";
         Within(running, "mnuPrinterSetup", "frmWizard", [](const Shown& form) { form.Click("cmdCancel"); });
-        for (const bool finish : {false, true}) {
-            if (!finish)
-                running.test.ui.Expect(leaving, Icon::Question, Buttons::YesNo, Answer::No);
+        Within(running, "mnuPrinterSetupWiz", "frmWizard", [&](const Shown& form) {
+            QCOMPARE(form.Find<QListWidget>("lstPrinters")->item(0)->text(), QString("Velmora PDF (default)"));
+            form.Click("cmdNext");
+            QVERIFY(!form.Find<QWidget>("optLayout(0)")->isEnabled());
+            form.Click("optStationery(5)");
+            form.Click("optLayout(1)");
+            ask(Answer::No);
+            form.Click("cmdCancel");
+            form.Click("cmdNext");
             running.test.ui.ExpectChooser("Save as PDF", pdf);
-            if (!finish)
-                running.test.ui.Expect(leaving, Icon::Question, Buttons::YesNo, Answer::Yes);
-            Within(running, "mnuPrinterSetupWiz", "frmWizard", [&](const Shown& form) {
-                QCOMPARE(form.Find<QListWidget>("lstPrinters")->item(0)->text(), QString("Velmora PDF (default)"));
-                form.Click("cmdNext");
-                QVERIFY(!form.Find<QWidget>("optLayout(0)")->isEnabled());
-                form.Click("optStationery(5)");
-                form.Click("optLayout(1)");
-                if (!finish)
-                    form.Click("cmdCancel"); // No: it stays
-                form.Click("cmdNext");
-                form.Click("cmdTestPage");
-                form.Click(finish ? "cmdFinish" : "cmdCancel");
-            });
-            QVERIFY(ReadFile(pdf).starts_with("%PDF-"));
-            std::filesystem::remove(pdf);
-            QCOMPARE(stored(), finish ? "Velmora PDF|DL_h|DL|5|" : before);
-        }
+            form.Click("cmdTestPage");
+            ask(Answer::Yes);
+            form.Click("cmdCancel");
+        });
+        QVERIFY(ReadFile(pdf).starts_with("%PDF-"));
+        QCOMPARE(running.test.Stored("Settings", "OptType"), std::string("0"));
     }
 
     void thePageSetupShowsWhatItsPrinterWizardChose() {
@@ -227,6 +187,7 @@ private slots:
             form.Click("cmdCancel");
         });
         QVERIFY(running.Box("TextA1(54)"));
+        QCOMPARE(running.test.Stored("Settings", "OptType"), std::string("3"));
     }
 
     void troublesEndInAdvice() {
@@ -275,5 +236,8 @@ private slots:
 
 } // namespace
 
-QTEST_MAIN(SetupFormsTest)
+int main(int argc, char** argv) {
+    return velmora::RunTests<SetupFormsTest>(argc, argv);
+}
+
 #include "setup_forms_test.moc"

@@ -1,0 +1,57 @@
+// What makes a forms test fail softly: each of its tests runs by itself, and none that goes wrong hides another.
+#pragma once
+
+#include "tests/support/ScriptedInterface.h"
+
+#include <QApplication>
+#include <QMetaMethod>
+#include <QTest>
+
+namespace velmora {
+
+/// Fails the test, which goes on.
+inline void FailSoftly(const std::string& text) {
+    QTest::qFail(text.c_str(), __FILE__, __LINE__);
+}
+
+/// A warning of Qt's is a fault of ours.
+inline void FailOnWarnings() {
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type == QtWarningMsg && !text.startsWith("This plugin does not support"))
+            FailSoftly("Qt warns: " + text.toStdString());
+        else if (type == QtFatalMsg)
+            std::fprintf(stderr, "%s\n", qPrintable(text));
+    });
+}
+
+/// Fails the test, which ends here.
+[[noreturn]] inline void FailAndEnd(const std::string& text) {
+    FailSoftly(text);
+    throw TestOver();
+}
+
+template <typename Tests> QStringList TestNames() {
+    QStringList names;
+    const QMetaObject& all = Tests::staticMetaObject;
+    for (int i = all.methodOffset(); i < all.methodCount(); ++i)
+        if (const QString name = all.method(i).name(); name != "init" && !name.endsWith("_data"))
+            names << name;
+    return names;
+}
+
+/// The tests named on the command line, or all of them.
+template <typename Tests> int RunTests(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    const QStringList asked = QApplication::arguments();
+    int failed = 0;
+    for (const QString& name : asked.size() > 1 ? asked.mid(1) : TestNames<Tests>())
+        try {
+            Tests tests;
+            failed += QTest::qExec(&tests, {asked[0], name});
+        } catch (const TestOver&) {
+            ++failed;
+        }
+    return failed;
+}
+
+} // namespace velmora
