@@ -1,5 +1,5 @@
-#include "base/Error.h"
 #include "settings/IniFile.h"
+#include "base/Error.h"
 #include "tests/settings/Support.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-#include "base/Encoding.h"
 #include "settings/RegistryFile.h"
+#include "base/Encoding.h"
 #include "tests/settings/Support.h"
 
 #include <gtest/gtest.h>
