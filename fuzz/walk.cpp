@@ -8,6 +8,8 @@
 #include "fuzz/AnyPerson.h"
 #include "tests/forms/RunningProgram.h"
 #include "tests/support/FakePrinters.h"
+#include "workspace/DocumentStatus.h"
+#include "workspace/TakePageBack.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -82,7 +84,7 @@ class WalkingProgram {
 public:
     WalkingProgram(Machine& machine, Chance& chance, Trail& trail)
         : person(chance, trail, machine.folder.Path()), settings(machine.registry, person),
-          program{{settings, person, machine.printers, machine.workbooks, {}, {}, {}}, {}, machine.fonts, {}, {}, {}} {
+          program{{settings, person, machine.printers, machine.workbooks}, {}, machine.fonts, {}} {
         settings.ProgramFolder = machine.folder.Path();
         Main(program, "", forms);
         window = forms.Window();
@@ -257,7 +259,7 @@ private:
         if (!chance_.OneIn(8))
             return;
         trail_.Note("\nundo all, redo all");
-        SaveLabel(Main(), Document().CurrentPage, Document().setup.TabsPerPage);
+        TakePageBack(Main());
         const State now = StateOf(Main());
         const int steps = UndoAll();
         NeedSame(StateOf(Main()), start_, "undo to the start");
@@ -288,7 +290,7 @@ private:
 
     void Check() {
         const TabDocument& document = Document();
-        SaveLabel(Main(), document.CurrentPage, document.setup.TabsPerPage);
+        TakePageBack(Main());
         for (int field = 0; field < kFieldsPerTab; ++field)
             Need(document.Field(field).Count() == document.TabCount, "array sizes");
         Need(document.NoOfPages * document.setup.TabsPerPage == document.TabCount, "whole pages");

@@ -73,7 +73,7 @@ TEST_F(FlowsTest, AVersion7FileIsUpgraded) {
     Tell("The file: " + Named("seven.csv") +
          " is an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
     EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened);
-    EXPECT_EQ(document.OptType, 1);
+    EXPECT_EQ(document.setup.OptType, 1);
     Tell("File saved successfully");
     SaveLabels(program.main, SaveKind::Save);
     EXPECT_TRUE(ReadFile(Path("seven.csv")).starts_with("Version 8\r\n"));

@@ -73,7 +73,7 @@ TEST_F(SearchTest, TheNetworkIsSearchedOnlyWhenWanted) {
     test.ui.Expect("The file 'tab.gif' was not found.", Icon::Information);
     EXPECT_FALSE(Find());
     EXPECT_FALSE(Find()) << "having given up, nobody is asked";
-    main.pictureSearchGivenUp = false;
+    main.drives.Take(machine); // the next run
     test.ui.Expect(question, Icon::Question, Buttons::YesNoCancel, Answer::Yes);
     test.ui.Expect(network, Icon::Question, Buttons::YesNo, Answer::Yes);
     EXPECT_EQ(Find(), test.folder / "disk/net/TAB.gif");
@@ -82,12 +82,12 @@ TEST_F(SearchTest, TheNetworkIsSearchedOnlyWhenWanted) {
 TEST_F(SearchTest, GivingUpAndShowingTheFile) {
     test.ui.cancelAfter = 2;
     for (const Answer answer : {Answer::Yes, Answer::Cancel}) {
-        main.pictureSearchGivenUp = false;
+        main.drives.Take(machine);
         test.ui.Expect(question, Icon::Question, Buttons::YesNoCancel, answer);
         test.ui.Expect("This task will be canceled.", Icon::Information);
         EXPECT_FALSE(Find());
     }
-    main.pictureSearchGivenUp = false;
+    main.drives.Take(machine); // the next run
     test.ui.Expect(question, Icon::Question, Buttons::YesNoCancel, Answer::No);
     test.ui.ExpectChooser("Open Velmora path", test.folder / "disk/proc/TAB.gif", "OPEN|Picture (*.gif)|*.gif|tab.gif");
     EXPECT_EQ(Find(), test.folder / "disk/proc/TAB.gif");

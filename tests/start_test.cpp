@@ -42,7 +42,7 @@ public:
 struct StartTest : testing::Test {
     TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
     FewFonts fonts;
-    Program program{test.main, {}, fonts, {}, {}, {}};
+    Program program{{test.settings, test.ui, test.printers, test.workbooks}, {}, fonts, {}};
     NotingForms forms;
 
     StartTest() {
@@ -237,7 +237,7 @@ TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {
     fs::create_directories(deep / "Tabs");
     test.settings.ProgramFolder = deep;
     const FewFonts fonts;
-    Program program{test.main, {}, fonts, {}, {}, {}};
+    Program program{{test.settings, test.ui, test.printers, test.workbooks}, {}, fonts, {}};
     NotingForms forms;
     forms.whenShown = [&] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };
     EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);

@@ -3,6 +3,7 @@
 #include "platform/qt/QtUserInterface.h"
 #include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
+#include "workspace/TakePageBack.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -298,4 +299,3 @@ int main(int argc, char** argv) {
 }
 
 #include "forms_test.moc"
-#include "workspace/TakePageBack.h"
