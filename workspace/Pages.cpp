@@ -142,7 +142,7 @@ void CleanLabels(MainModule& main) {
 
 namespace {
 
-void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(UndoState)) {
+void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(const UndoState&)) {
     TakePageBack(main);
     KeepRecoveryCopy(main);
     const auto box = (main.history.*move)(main.State());

@@ -226,15 +226,15 @@ std::string UndoHistory::RedoName() const {
     return CanRedo() ? steps_[done_]->Name() : std::string();
 }
 
-std::optional<TabBox> UndoHistory::Undo(UndoState state) {
+std::optional<TabBox> UndoHistory::Undo(const UndoState& state) {
     return CanUndo() ? Move(state, true) : std::nullopt;
 }
 
-std::optional<TabBox> UndoHistory::Redo(UndoState state) {
+std::optional<TabBox> UndoHistory::Redo(const UndoState& state) {
     return CanRedo() ? Move(state, false) : std::nullopt;
 }
 
-std::optional<TabBox> UndoHistory::Move(UndoState state, bool undo) {
+std::optional<TabBox> UndoHistory::Move(const UndoState& state, bool undo) {
     typing_ = nullptr;
     Step& step = *steps_[undo ? done_ - 1 : done_];
     step.Exchange(state, undo);

@@ -55,9 +55,9 @@ public:
     /// there is no step. Gives the box when the step was typing. The editor's page must be in the document before
     /// (TakePageBack) and be shown anew after. Raises SubscriptError, with nothing changed, for a document that was
     /// changed without the history.
-    std::optional<TabBox> Undo(UndoState state);
+    std::optional<TabBox> Undo(const UndoState& state);
     /// The same, as it was after the step.
-    std::optional<TabBox> Redo(UndoState state);
+    std::optional<TabBox> Redo(const UndoState& state);
 
     /// The document as it is now is the saved one.
     void MarkSaved();
@@ -79,7 +79,7 @@ private:
     void DropOldest();
     void KeepWithinBounds();
     void Forget();
-    std::optional<TabBox> Move(UndoState state, bool undo);
+    std::optional<TabBox> Move(const UndoState& state, bool undo);
 
     std::size_t mostBytes_ = 0; ///< 0: keeps no steps
     std::size_t bytes_ = 0;
