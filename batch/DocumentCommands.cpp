@@ -6,7 +6,8 @@
 #include "document/TabFileCheck.h"
 #include "platform/InstalledPrinters.h"
 #include "print/NumberList.h"
-#include "print/PdfReport.h"
+#include "print/PrintSheets.h"
+#include "report/PrepareReport.h"
 #include "setup/CalibrationSheet.h"
 #include "workspace/Globals.h"
 
@@ -63,11 +64,14 @@ std::vector<int> ParseList(const std::string& list, int most, const ListWords& w
     }
 }
 
-ReportRequest RequestOf(const SheetArguments& arguments, const TabDocument& document) {
-    ReportRequest request;
+rptVelmor MakeReport(BatchProgram& program, const SheetArguments& arguments, const char* mode) {
+    const MainModule& main = program.Main();
+    ReportRequest request = DocumentRequest(main.document, mode);
     if (arguments.used)
-        request.used = ParseList(*arguments.used, document.setup.TabsPerPage, {"position", "sheet"});
-    return request;
+        request.used = ParseList(*arguments.used, main.document.setup.TabsPerPage, {"position", "sheet"});
+    return NamingFile(arguments.file, [&] {
+        return MakeReport(program.Layout(), request, {main.document, main.settings, main.fonts});
+    });
 }
 
 PdfOptions OptionsOf(const SheetArguments& arguments, const rptVelmor& report) {
@@ -124,16 +128,13 @@ int RunPdf(const PdfArguments& arguments) {
     BatchProgram program;
     LoadSheets(program, arguments);
     const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
-    ReportRequest request = RequestOf(arguments, program.Main().document);
-    request.mode = arguments.test ? "TEST" : "PRINT";
-    rptVelmor report =
-        NamingFile(arguments.file, [&] { return PrepareReport(program.Main(), program.Layout(), request); });
+    rptVelmor report = MakeReport(program, arguments, arguments.test ? "TEST" : "PRINT");
     PdfOptions options = OptionsOf(arguments, report);
     options.outline = arguments.outline;
     if (arguments.test && !arguments.pages)
         options.sheets = {1}; // the test page is one page, however long the document
-    WriteOutput(arguments.output,
-                [&](const auto& sink) { WritePdf(report, program.Main(), *catalogue, options, sink); });
+    const SheetSeries sheets = DocumentSheets(report, program.Main().document, program.Main().fonts, options);
+    WriteOutput(arguments.output, [&](const auto& sink) { WritePdf(sheets, *catalogue, sink); });
     return kDone;
 }
 
@@ -148,9 +149,8 @@ int RunCalibration(const CalibrationArguments& arguments) {
     if (!arguments.ini.empty())
         program.UseSettings(PathOf(arguments.ini));
     const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
-    WriteOutput(arguments.output, [&](const auto& sink) {
-        WriteCalibrationPdf(program.Settings(), *catalogue, arguments.type, layout, sink);
-    });
+    const SheetSeries sheets = CalibrationSheets(program.Settings(), arguments.type, layout);
+    WriteOutput(arguments.output, [&](const auto& sink) { WritePdf(sheets, *catalogue, sink); });
     return kDone;
 }
 
@@ -162,10 +162,9 @@ int RunPrint(const PrintArguments& arguments) {
     const std::string& printer = arguments.printer.empty() ? configured : arguments.printer;
     CheckPrinter(printers, printer);
     const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
-    rptVelmor report = NamingFile(arguments.file, [&] {
-        return PrepareReport(program.Main(), program.Layout(), RequestOf(arguments, program.Main().document));
-    });
-    PrintSheets(report, program.Main(), *catalogue, OptionsOf(arguments, report),
+    rptVelmor report = MakeReport(program, arguments, "PRINT");
+    const MainModule& main = program.Main();
+    PrintSheets(DocumentSheets(report, main.document, main.fonts, OptionsOf(arguments, report)), *catalogue,
                 {printers, printer, "Velmora [" + DisplayName(arguments.file) + "]"});
     return kDone;
 }

@@ -6,7 +6,8 @@
 #include "bench/Process.h"
 #include "platform/BuiltInPrinters.h"
 #include "platform/Machine.h"
-#include "print/PdfReport.h"
+#include "report/PdfReport.h"
+#include "report/PrepareReport.h"
 #include "settings/RegistryFile.h"
 #include "wizard/AppendWizardTabs.h"
 #include "workbook/LibraryWorkbooks.h"
@@ -149,16 +150,20 @@ struct Bench {
         main.history.KeepSteps(0);
         main.history.Clear(main.document);
     }
+    rptVelmor Report() {
+        return MakeReport(layout, DocumentRequest(main.document), {main.document, main.settings, main.fonts});
+    }
     void LayOutAll() {
-        rptVelmor report = PrepareReport(main, layout, {});
+        rptVelmor report = Report();
         Sheet sheet;
         for (int number = 1; number <= report.SheetCount(); ++number)
             report.LayOutSheet(number, sheet);
     }
     void Pdf() {
-        rptVelmor report = PrepareReport(main, layout, {});
+        rptVelmor report = Report();
         AtomicFile file(folder / "out.pdf");
-        WritePdf(report, main, *catalogue, {}, [&](std::string_view bytes) { file.Write(bytes); });
+        WritePdf(DocumentSheets(report, main.document, main.fonts), *catalogue,
+                 [&](std::string_view bytes) { file.Write(bytes); });
         file.Commit();
     }
 };

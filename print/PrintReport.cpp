@@ -67,7 +67,7 @@ PrintOutcome ShowRun(PrintModule& print, PrintRun& run) {
     return PrintOutcome::Done;
 }
 
-PrintOutcome RunReport(PrintModule& print, const std::string& caption, const RunArguments& arguments) {
+PrintOutcome RunReport(PrintModule& print, const std::string& caption, const ReportRequest& request) {
     MainModule& main = print.main;
     if (!HasPrinter(main.printers))
         return TellNoPrinter(main);
@@ -80,29 +80,26 @@ PrintOutcome RunReport(PrintModule& print, const std::string& caption, const Run
                     "Called from Sub: PrintReport");
         return PrintOutcome::NotPrinted;
     }
-    PrintRun run(print, report, main.settings.SettingsAppName + " [" + caption + "]", arguments);
-    if (arguments.mode != "PRINT" && arguments.mode != "TEST")
+    PrintRun run(print, report, main.settings.SettingsAppName + " [" + caption + "]", request);
+    if (request.mode != "PRINT" && request.mode != "TEST")
         return ShowRun(print, run);
-    if (arguments.mode == "PRINT" && !run.WantedAnyway())
+    if (request.mode == "PRINT" && !run.WantedAnyway())
         return PrintOutcome::NotPrinted;
     return run.Print() ? PrintOutcome::Done : PrintOutcome::NotPrinted;
 }
 
 PrintOutcome RunDocument(PrintModule& print, const char* mode, bool pageOnly) {
-    MainModule& main = print.main;
-    const TabDocument& document = main.document;
-    TakePageBack(main);
-    return PrintReport(print, DocumentCaption(document),
-                       {mode, document.setup.OptType, pageOnly ? document.setup.TabsPerPage : document.TabCount,
-                        document.setup.NoOfFields, document.setup.RowsPerPage, document.setup.ColsPerPage, pageOnly});
+    TakePageBack(print.main);
+    const TabDocument& document = print.main.document;
+    return PrintReport(print, DocumentCaption(document), DocumentRequest(document, mode, pageOnly));
 }
 
 } // namespace
 
-PrintOutcome PrintReport(PrintModule& print, const std::string& caption, const RunArguments& arguments) {
+PrintOutcome PrintReport(PrintModule& print, const std::string& caption, const ReportRequest& request) {
     print.PrinterProblem = false;
     PrintOutcome outcome = PrintOutcome::NotPrinted;
-    TrappedPrinting(print, kPrintReportPlace, [&] { outcome = RunReport(print, caption, arguments); });
+    TrappedPrinting(print, kPrintReportPlace, [&] { outcome = RunReport(print, caption, request); });
     return outcome;
 }
 
@@ -128,7 +125,7 @@ void SetupPrinter(PrintModule& print, rptVelmor& report) {
     report.Printer.Orient = OrientationOf(document.setup.StationeryType);
     step([&] { margins.top = ReadPageMargin(main.settings, kMarginTop); });
     step([&] { margins.left = ReadPageMargin(main.settings, kMarginLeft); });
-    report.SetPage(SheetPaper(SetStationeryFromType(document.setup.OptType), document.setup.StationeryType), margins);
+    report.SetPage(SheetPaper(document.setup), margins);
 }
 
 PrintOutcome PrintCommand(PrintModule& print) {

@@ -16,7 +16,7 @@ enum class PrintOutcome {
 
 /// Sets up the configured printer and runs the report: modes "PRINT" and "TEST" print without a dialog, every other
 /// one is previewed. Mode "PRINT" first asks about what paper would show. `count` tabs, whole sheets. No error escapes.
-PrintOutcome PrintReport(PrintModule& print, const std::string& caption, const RunArguments& arguments);
+PrintOutcome PrintReport(PrintModule& print, const std::string& caption, const ReportRequest& request);
 
 /// Gives the report its printer, paper, orientation and page margins. Every step is taken, whatever became of the ones
 /// before; each failure is shown and sets PrinterProblem.

@@ -1,44 +1,28 @@
 #include "print/PrintRun.h"
 
 #include "print/NumberList.h"
-#include "print/PdfReport.h"
 #include "print/PrintErrors.h"
+#include "print/PrintSheets.h"
+#include "print/SendSheets.h"
 #include "workspace/Dialogs.h"
 
 #include <numeric>
 
 namespace velmora {
-namespace {
-
-int CountSheets(const rptVelmor& report, const std::vector<int>& sheets) {
-    return sheets.empty() ? report.SheetCount() : static_cast<int>(sheets.size());
+PrintRun::PrintRun(PrintModule& print, rptVelmor& report, std::string caption, const ReportRequest& request)
+    : print_(print), report_(report), caption_(std::move(caption)) {
+    Prepare(request);
 }
 
-/// Paper that a printer has the other way round will do, but its margins are not known then.
-PaperSupport SupportOf(const PrintSystem& printers, const std::string& printer, const Paper& paper) {
-    PaperSupport support = printers.PaperOf(printer, paper.widthMm, paper.heightMm);
-    if (!support.listed)
-        support.listed = printers.PaperOf(printer, paper.heightMm, paper.widthMm).listed;
-    return support;
-}
-
-} // namespace
-
-PrintRun::PrintRun(PrintModule& print, rptVelmor& report, std::string caption, RunArguments arguments)
-    : print_(print), report_(report), caption_(std::move(caption)), arguments_(std::move(arguments)) {
-    Prepare({});
-}
-
-void PrintRun::Prepare(const std::vector<int>& used) {
-    const RunArguments& run = arguments_;
-    report_.InitArray(run.mode, run.count, run.rows, run.cols, run.numFields, run.pageOnly, print_.main.document, used);
-    report_.PrepareTabStyle(run.tabType, print_.main.settings);
-    report_.FormatFields(run.numFields, run.cols, run.tabType, print_.main.fonts);
-    used_ = used;
+void PrintRun::Prepare(const ReportRequest& request) {
+    PrepareReport(report_, request, {print_.main.document, print_.main.settings, print_.main.fonts});
+    request_ = request;
 }
 
 bool PrintRun::SetUsedSlots(const std::vector<int>& used) {
-    return TrappedPrinting(print_, kPrintReportPlace, [&] { Prepare(used); });
+    ReportRequest request = request_;
+    request.used = used;
+    return TrappedPrinting(print_, kPrintReportPlace, [&] { Prepare(request); });
 }
 
 PrintCheck PrintRun::Check() {
@@ -70,28 +54,16 @@ std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::stri
 }
 
 bool PrintRun::Print(const std::vector<int>& sheets) {
-    if (report_.Printer.DeviceName == kPdfPrinter)
-        return SaveAsPdf(sheets);
-    bool printed = false;
-    TrappedPrinting(print_, kPrintReportPlace, [&] {
-        const auto progress =
-            print_.main.ui.StartCancellable("Printing.  Please standby...", CountSheets(report_, sheets));
-        printed = PrintSheets(report_, print_.main, print_.catalogue, {sheets, false},
-                              {print_.main.printers, report_.Printer.DeviceName, caption_}, progress.get());
-    });
-    return printed;
+    return Send(report_.Printer.DeviceName, sheets);
 }
 
 bool PrintRun::SaveAsPdf(const std::vector<int>& sheets) {
-    const auto path = AskForPdfPath(print_.main);
-    bool saved = false;
-    if (path)
-        TrappedPrinting(print_, kPrintReportPlace, [&] {
-            const auto progress =
-                print_.main.ui.StartCancellable("Exporting file.  Please standby...", CountSheets(report_, sheets));
-            saved = SavePdf(report_, print_.main, print_.catalogue, {sheets, false}, *path, progress.get());
-        });
-    return saved;
+    return Send(kPdfPrinter, sheets);
+}
+
+bool PrintRun::Send(const std::string& printer, const std::vector<int>& sheets) {
+    return SendSheets(print_, DocumentSheets(report_, print_.main.document, print_.main.fonts, {sheets, false}),
+                      {printer, caption_, kPrintReportPlace});
 }
 
 } // namespace velmora

@@ -2,34 +2,22 @@
 #pragma once
 
 #include "print/PrintModule.h"
+#include "report/PrepareReport.h"
 #include "report/PrintChecks.h"
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace velmora {
-
-/// What a run prints, as its caller names it.
-struct RunArguments {
-    std::string mode; ///< "TEST": the fixed texts of the test page
-    std::int16_t tabType = 0;
-    std::int32_t count = 0; ///< of tabs, whole sheets
-    std::int16_t numFields = 1;
-    std::int16_t rows = 1;
-    std::int16_t cols = 1;
-    bool pageOnly = false; ///< the page shown alone
-};
 
 enum class SheetChoice { All, Shown, Filled, Range };
 
 class PrintRun {
 public:
     /// `report` has been through SetupPrinter. Raises what the report's steps raise.
-    PrintRun(PrintModule& print, rptVelmor& report, std::string caption, RunArguments arguments);
+    PrintRun(PrintModule& print, rptVelmor& report, std::string caption, const ReportRequest& request);
 
     const std::string& Caption() const { return caption_; }
-    const RunArguments& Arguments() const { return arguments_; }
     /// Ready for LayOutSheet.
     rptVelmor& Report() { return report_; }
     const MainModule& Main() const { return print_.main; }
@@ -40,7 +28,7 @@ public:
     const FontCatalogue& Catalogue() const { return print_.catalogue; }
 
     /// Slots of the first sheet that are used up, from 1.
-    const std::vector<int>& UsedSlots() const { return used_; }
+    const std::vector<int>& UsedSlots() const { return request_.used; }
     /// Lets the tabs flow around them, which may change the number of sheets. A failure is shown, and the run stays as
     /// it was; false then.
     bool SetUsedSlots(const std::vector<int>& used);
@@ -56,13 +44,13 @@ public:
     bool SaveAsPdf(const std::vector<int>& sheets = {});
 
 private:
-    void Prepare(const std::vector<int>& used);
+    void Prepare(const ReportRequest& request);
+    bool Send(const std::string& printer, const std::vector<int>& sheets);
 
     PrintModule& print_;
     rptVelmor& report_;
     std::string caption_;
-    RunArguments arguments_;
-    std::vector<int> used_;
+    ReportRequest request_;
 };
 
 } // namespace velmora

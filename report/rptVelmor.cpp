@@ -65,6 +65,10 @@ Paper SheetPaper(std::string_view stationery, std::string_view layout) {
     return portrait ? Paper{220, 110, false} : Paper{110, 220, true};
 }
 
+Paper SheetPaper(const DocumentSetup& setup) {
+    return SheetPaper(SetStationeryFromType(setup.OptType), setup.StationeryType);
+}
+
 void rptVelmor::InitArray(std::string_view mode, std::int32_t count, std::int16_t rows, std::int16_t cols,
                           std::int16_t numFields, bool pageOnly, const TabDocument& document,
                           const std::vector<int>& used) {

@@ -43,6 +43,8 @@ PageMargins ReadPageMargins(SettingsStore& store);
 
 /// The paper of a stationery ("A4" or "DL") in a layout ("A4", "DL_v" or "DL_h"; any other is turned).
 Paper SheetPaper(std::string_view stationery, std::string_view layout);
+/// Of a document.
+Paper SheetPaper(const DocumentSetup& setup);
 
 /// The printer that a report goes to; codes are those of the printing system that the settings come from.
 struct ReportPrinter {
@@ -74,8 +76,6 @@ public:
     /// Places the fields in use within a row and a column.
     void FormatFields(std::int16_t numFields, std::int16_t cols, std::int16_t style, const FontSettings& fonts);
     void SetPage(const Paper& paper, const PageMargins& margins);
-    /// Another way of the same sheet through the printer.
-    void SetPaper(const Paper& paper) { paper_ = paper; }
 
     /// Horizontal alignments of fields 1 to 3 as they are printed.
     const std::array<std::int16_t, kFieldsPerTab>& Alignments() const { return alignments_; }

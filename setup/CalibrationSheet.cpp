@@ -1,13 +1,8 @@
 #include "setup/CalibrationSheet.h"
 
-#include "base/AtomicFile.h"
-#include "base/TemporaryFile.h"
 #include "document/Stationery.h"
-#include "print/PdfReport.h"
-#include "print/PrintErrors.h"
-#include "report/PdfCanvas.h"
-#include "report/SheetPainter.h"
-#include "report/rptVelmor.h"
+#include "print/SendSheets.h"
+#include "report/PrepareReport.h"
 
 #include <algorithm>
 #include <array>
@@ -102,9 +97,8 @@ Sheet LayOutOutlines(SettingsStore& store, int tabType, std::string_view layout)
     const TabType& type = kCatalogue.at(static_cast<std::size_t>(tabType));
     LayoutValues values;
     rptVelmor report(values);
-    report.InitArray("TEST", type.TabsPerPage(), type.rows, type.columns, 1, false, {});
-    report.PrepareTabStyle(static_cast<std::int16_t>(tabType), store);
-    report.FormatFields(1, type.columns, static_cast<std::int16_t>(tabType), {});
+    PrepareReport(report, {"TEST", static_cast<std::int16_t>(tabType), type.TabsPerPage(), 1, type.rows, type.columns},
+                  {{}, store, {}});
     report.SetPage(SheetPaper(type.stationery, layout), {});
     Sheet sheet;
     report.LayOutSheet(1, sheet);
@@ -150,39 +144,25 @@ Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view
     return sheet;
 }
 
-void WriteCalibrationPdf(SettingsStore& store, const FontCatalogue& catalogue, int tabType, std::string_view layout,
-                         const std::function<void(std::string_view)>& sink) {
-    PdfCanvas pdf(sink, {kTitle, {}});
-    SheetPainter(catalogue, SheetFonts()).Paint(LayOutCalibrationSheet(store, tabType, layout), pdf, Outlines::Shown);
-    pdf.Finish();
+SheetSeries CalibrationSheets(SettingsStore& store, int tabType, std::string_view layout) {
+    const TabType& type = kCatalogue.at(static_cast<std::size_t>(tabType));
+    return {kTitle,
+            SheetPaper(type.stationery, layout),
+            SheetFonts(),
+            {1},
+            [&store, tabType, layout = std::string(layout)](int, Sheet& sheet) {
+                sheet = LayOutCalibrationSheet(store, tabType, layout);
+            },
+            Outlines::Shown};
 }
 
 void PrintCalibrationSheet(PrintModule& print) {
     MainModule& main = print.main;
-    const std::string& printer = main.globals.PrinterName;
-    const bool toFile = printer == kPdfPrinter;
-    const auto path = toFile ? AskForPdfPath(main, kTitle) : std::nullopt;
-    if (toFile && !path)
-        return;
-    const TabDocument& document = main.document;
-    if (!toFile && print.CurrentPrinter.empty())
+    if (main.globals.PrinterName != kPdfPrinter && print.CurrentPrinter.empty())
         print.CurrentPrinter = main.printers.DefaultPrinter().value_or("");
-    TrappedPrinting(print, "Called from Sub: PrintCalibrationSheet", [&] {
-        const auto write = [&](auto& file) {
-            WriteCalibrationPdf(main.settings, print.catalogue, document.setup.OptType, document.setup.StationeryType,
-                                [&](std::string_view bytes) { file.Write(bytes); });
-        };
-        if (path) {
-            AtomicFile file(*path);
-            write(file);
-            return file.Commit();
-        }
-        TemporaryFile pdf(".pdf");
-        write(pdf);
-        const Paper paper = SheetPaper(document.setup.PageSize, document.setup.StationeryType);
-        main.printers.Print(printer, {kTitle, pdf.Path(), paper.widthMm, paper.heightMm,
-                                      paper.turned ? Orientation::Landscape : Orientation::Portrait});
-    });
+    const DocumentSetup& setup = main.document.setup;
+    SendSheets(print, CalibrationSheets(main.settings, setup.OptType, setup.StationeryType),
+               {main.globals.PrinterName, kTitle, "Called from Sub: PrintCalibrationSheet", kTitle});
 }
 
 } // namespace velmora

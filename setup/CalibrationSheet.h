@@ -3,9 +3,8 @@
 #pragma once
 
 #include "print/PrintModule.h"
-#include "report/Sheet.h"
+#include "report/PdfReport.h"
 
-#include <functional>
 #include <string_view>
 
 namespace velmora {
@@ -18,9 +17,8 @@ namespace velmora {
 /// it meets one left or top edge only. Raises TypeMismatchError for a stored tab top that is no number.
 Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view layout);
 
-/// The sheet as a PDF. Raises Error on a machine without fonts too.
-void WriteCalibrationPdf(SettingsStore& store, const FontCatalogue& catalogue, int tabType, std::string_view layout,
-                         const std::function<void(std::string_view)>& sink);
+/// The same sheet, laid out when it is written; the store must outlive the series.
+SheetSeries CalibrationSheets(SettingsStore& store, int tabType, std::string_view layout);
 
 /// The sheet of the document's stationery goes to the configured printer; the built-in one asks for a path. A failure
 /// is shown.

@@ -3,6 +3,7 @@
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/NumberList.h"
 #include "print/PrintReport.h"
+#include "setup/CalibrationSheet.h"
 #include "tests/support/FakePrinters.h"
 #include "tests/support/TestProgram.h"
 
@@ -218,6 +219,29 @@ TEST_F(PrintTest, PrintAsksOnceAboutAllThatPaperWouldShow) {
               PrintOutcome::Done);
     viewer.act = [](PrintRun&) {};
     EXPECT_EQ(PreviewCommand(print), PrintOutcome::Done) << "the window says it itself";
+}
+
+TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
+    printers.paperWidth = 110; // of DL as 110 x 220 only
+    const std::pair<const char*, std::function<void()>> sheets[] = {
+        {"document", [&] { PrintCommand(print); }},
+        {"test page",
+         [&] {
+             PrintReport(print, "TestPage", {"TEST", 4, 21, 1, 3, 7, false});
+         }},
+        {"calibration sheet", [&] { PrintCalibrationSheet(print); }}};
+    for (const auto& [name, send] : sheets) {
+        const auto sent = [&](const char* way) {
+            Document(4, way);
+            send();
+            EXPECT_EQ(printers.jobs.back().widthMm, 110) << name << way;
+            EXPECT_EQ(printers.jobs.back().heightMm, 220) << name << way;
+            EXPECT_EQ(printers.jobs.back().orientation, Orientation::Landscape) << name << way;
+            return printers.bytes.erase(printers.bytes.find("/CreationDate"), 40);
+        };
+        EXPECT_TRUE(sent("DL_h") == sent("DL_v")) << name << ": turned with its content";
+    }
+    EXPECT_EQ(printers.jobs.size(), 6U);
 }
 
 TEST_F(PrintTest, ASheetIsChosenByItsTexts) {

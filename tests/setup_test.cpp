@@ -1,6 +1,6 @@
 // Margins, the set-up dialogs and the checks before printing, without their forms.
 #include "platform/linux/FontconfigCatalogue.h"
-#include "print/PdfReport.h"
+#include "report/PrepareReport.h"
 #include "report/PrintChecks.h"
 #include "setup/Calibration.h"
 #include "setup/PrinterWizard.h"
@@ -244,7 +244,9 @@ TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
     LayoutValues layout;
     const FontconfigCatalogue catalogue;
     const auto check = [&](const std::optional<PaperSupport>& printer, const std::vector<int>& used = {}) {
-        rptVelmor report = PrepareReport(main, layout, {"PRINT", false, used});
+        ReportRequest request = DocumentRequest(main.document);
+        request.used = used;
+        rptVelmor report = MakeReport(layout, request, {main.document, main.settings, main.fonts});
         return Findings(CheckBeforePrinting({main.fonts, catalogue, report, printer}));
     };
     const auto margins = [](double left, double top, double right, double bottom) {

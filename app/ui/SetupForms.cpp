@@ -15,11 +15,9 @@ namespace {
 /// One sheet of fixed texts, as the set-up stands.
 std::function<void(std::int32_t)> TestPagePrinter(Program& program) {
     return [&program](std::int32_t tabs) {
-        const TabDocument& document = program.main.document;
-        const PrintOutcome outcome = PrintReport(program.print, "TestPage",
-                                                 {"TEST", document.setup.OptType, tabs, document.setup.NoOfFields,
-                                                  document.setup.RowsPerPage, document.setup.ColsPerPage, false});
-        if (outcome == PrintOutcome::NoPrinter)
+        ReportRequest request = DocumentRequest(program.main.document, "TEST");
+        request.count = tabs;
+        if (PrintReport(program.print, "TestPage", request) == PrintOutcome::NoPrinter)
             QApplication::exit();
     };
 }

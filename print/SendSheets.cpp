@@ -1,0 +1,70 @@
+#include "print/SendSheets.h"
+
+#include "base/AtomicFile.h"
+#include "base/Paths.h"
+#include "print/PrintErrors.h"
+#include "print/PrintSheets.h"
+#include "report/PrepareReport.h"
+#include "workspace/Dialogs.h"
+#include "workspace/TakePageBack.h"
+
+namespace velmora {
+namespace {
+
+std::unique_ptr<Progress> StartProgress(UserInterface& ui, const char* text, const SheetSeries& series) {
+    return ui.StartCancellable(text, static_cast<int>(series.numbers.size()));
+}
+
+bool SaveSheets(UserInterface& ui, const FontCatalogue& catalogue, const SheetSeries& series,
+                const std::filesystem::path& path) {
+    const auto progress = StartProgress(ui, "Exporting file.  Please standby...", series);
+    return SavePdf(series, catalogue, path, progress.get());
+}
+
+bool PrintSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
+    const auto progress = StartProgress(print.main.ui, "Printing.  Please standby...", series);
+    return PrintSheets(series, print.catalogue, {print.main.printers, errand.printer, errand.title}, progress.get());
+}
+
+} // namespace
+
+std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string name) {
+    const std::filesystem::path& document = main.document.DocFileName;
+    if (name.empty())
+        name = document.empty() ? "Tabs" : PathText(document.stem());
+    const std::filesystem::path folder = document.empty() ? main.globals.TabsPath : document.parent_path();
+    for (;;) {
+        auto path = main.ui.ChooseFile({"SAVE", "Save as PDF", folder, "PDF file (*.pdf)|*.pdf", name + ".pdf"});
+        if (path && IsSameFile(*path, document))
+            Tell(main, "The document itself cannot be replaced by its PDF.  Please select a new file name.",
+                 Icon::Critical);
+        else if (!path || MayOverwrite(main, *path))
+            return path;
+    }
+}
+
+bool SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
+    const bool toFile = errand.printer == kPdfPrinter;
+    const auto path = toFile ? AskForPdfPath(print.main, errand.pdfName) : std::nullopt;
+    if (toFile && !path)
+        return false;
+    bool sent = false;
+    TrappedPrinting(print, errand.place, [&] {
+        sent = path ? SaveSheets(print.main.ui, print.catalogue, series, *path) : PrintSheets(print, series, errand);
+    });
+    return sent;
+}
+
+void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& catalogue) {
+    TakePageBack(main);
+    const auto path = AskForPdfPath(main);
+    if (!path)
+        return;
+    Trapped(main, "Called from Function: PrintReport", [&] {
+        rptVelmor report =
+            MakeReport(layout, DocumentRequest(main.document), {main.document, main.settings, main.fonts});
+        SaveSheets(main.ui, catalogue, DocumentSheets(report, main.document, main.fonts), *path);
+    });
+}
+
+} // namespace velmora

@@ -1,0 +1,32 @@
+// Sheets sent where the person wants them: to a printer, or to a PDF file at a path that is asked for.
+#pragma once
+
+#include "print/PrintModule.h"
+#include "report/PdfReport.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velmora {
+
+/// Asks until a path is chosen that may be written; nothing when the person cancels. `name` is offered, without ending;
+/// empty: the document's.
+std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string name = {});
+
+struct SheetErrand {
+    std::string printer;
+    std::string title;        ///< of the job
+    std::string_view place;   ///< of the errors
+    std::string pdfName = {}; ///< as AskForPdfPath takes it
+};
+/// Sends the sheets to the printer; the built-in one asks for a path. False when the person cancelled, and after a
+/// failure, which is shown: nothing is printed then.
+bool SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand);
+
+/// The command: asks for a path, takes the page on screen into the document and writes the whole document. The file is
+/// replaced only when all of it is written; a failure is shown.
+void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& catalogue);
+
+} // namespace velmora

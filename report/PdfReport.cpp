@@ -1,0 +1,58 @@
+#include "report/PdfReport.h"
+
+#include "base/AtomicFile.h"
+#include "base/Paths.h"
+#include "report/PdfCanvas.h"
+
+#include <numeric>
+
+namespace velmora {
+namespace {
+
+std::vector<int> AllSheets(const rptVelmor& report) {
+    std::vector<int> numbers(static_cast<std::size_t>(report.SheetCount()));
+    std::iota(numbers.begin(), numbers.end(), 1);
+    return numbers;
+}
+
+} // namespace
+
+SheetSeries DocumentSheets(rptVelmor& report, const TabDocument& document, const FontSettings& fonts,
+                           const PdfOptions& options) {
+    return {PathText(document.DocFileName.stem()),
+            report.PagePaper(),
+            fonts,
+            options.sheets.empty() ? AllSheets(report) : options.sheets,
+            [&report](int number, Sheet& sheet) { report.LayOutSheet(number, sheet); },
+            options.outline ? Outlines::Shown : Outlines::Hidden};
+}
+
+bool WritePdf(const SheetSeries& series, const FontCatalogue& catalogue, const PdfSink& sink, Progress* progress) {
+    PdfCanvas pdf(sink, {series.title, {}});
+    SheetPainter painter(catalogue, series.fonts);
+    Sheet sheet;
+    int done = 0;
+    for (const int number : series.numbers) {
+        series.layOut(number, sheet);
+        sheet.paper = series.paper;
+        painter.Paint(sheet, pdf, series.outlines);
+        if (progress)
+            progress->Advance(++done);
+        if (progress && progress->Cancelled())
+            return false;
+    }
+    pdf.Finish();
+    return true;
+}
+
+bool SavePdf(const SheetSeries& series, const FontCatalogue& catalogue, const std::filesystem::path& path,
+             Progress* progress) {
+    AtomicFile file(path);
+    const bool whole = WritePdf(
+        series, catalogue, [&](std::string_view bytes) { file.Write(bytes); }, progress);
+    if (whole)
+        file.Commit();
+    return whole;
+}
+
+} // namespace velmora

@@ -1,0 +1,45 @@
+// Sheets as a PDF file, through the one painter.
+#pragma once
+
+#include "platform/FontCatalogue.h"
+#include "platform/UserInterface.h"
+#include "report/PdfWriter.h"
+#include "report/SheetPainter.h"
+#include "report/rptVelmor.h"
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+/// Sheets that go out together, to a file or to a printer.
+struct SheetSeries {
+    std::string title; ///< of the PDF; may be empty
+    Paper paper;       ///< of every sheet
+    FontSettings fonts;
+    std::vector<int> numbers;                             ///< in the order of printing
+    std::function<void(int number, Sheet& sheet)> layOut; ///< the paper apart
+    Outlines outlines = Outlines::Hidden;
+};
+
+struct PdfOptions {
+    std::vector<int> sheets; ///< numbers from 1, in the order of printing; empty: all
+    bool outline = false;    ///< draws the tabs' and the fields' outlines too
+};
+
+/// The sheets of a document's report, which must be ready for them and outlive the series.
+SheetSeries DocumentSheets(rptVelmor& report, const TabDocument& document, const FontSettings& fonts,
+                           const PdfOptions& options = {});
+
+/// Writes the sheets through `sink`, one sheet in memory at a time. `progress` is told the sheets done.
+/// False when the person cancelled: what was written is no PDF then. Raises Error on a machine without fonts.
+bool WritePdf(const SheetSeries& series, const FontCatalogue& catalogue, const PdfSink& sink,
+              Progress* progress = nullptr);
+
+/// Replaces the file at `path` by the PDF; false, with the file as it was, when the person cancelled.
+bool SavePdf(const SheetSeries& series, const FontCatalogue& catalogue, const std::filesystem::path& path,
+             Progress* progress = nullptr);
+
+} // namespace velmora
