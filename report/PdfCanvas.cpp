@@ -1,5 +1,7 @@
 #include "report/PdfCanvas.h"
 
+#include "report/Twips.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -116,8 +118,8 @@ void PdfCanvas::Operator(std::int64_t operand, std::string_view name) {
 }
 
 void PdfCanvas::AppendRectangle(std::string& out, const Box& box) const {
-    const Point corner = ToPage(box.left, box.top + box.height);
-    const Point opposite = ToPage(box.left + box.width, box.top);
+    const Point corner = ToPage(box.left, box.Bottom());
+    const Point opposite = ToPage(box.Right(), box.top);
     for (const std::int64_t number : {corner.x, corner.y, opposite.x - corner.x, opposite.y - corner.y}) {
         AppendHundredths(out, number);
         out += ' ';

@@ -1,44 +1,20 @@
 #include "report/PrintChecks.h"
 
 #include "report/SheetPainter.h"
-
-#include <algorithm>
+#include "report/Twips.h"
 
 namespace velmora {
 namespace {
 
-constexpr double kTolerance = 0.5; // twips; less than a printer resolves
-constexpr double kMmPerInch = 25.4;
+constexpr double kTolerance = 0.5;       // twips; less than a printer resolves
 constexpr std::size_t kMostLines = 4096; // kept measured; a series of thousands of different numbers passes through
-
-double Twips(double mm) {
-    return mm / kMmPerInch * kTwipsPerInch;
-}
 
 /// Where the printer puts ink, on the sheet as it is read: the top of a turned one lies along the paper's left edge.
 Box PrintableArea(const Paper& paper, const UnprintableMargins& strips) {
     const Box onPaper = {strips.left, strips.top, paper.widthMm - strips.left - strips.right,
                          paper.heightMm - strips.top - strips.bottom};
     const Box asRead = paper.turned ? Box{strips.bottom, strips.left, onPaper.height, onPaper.width} : onPaper;
-    return {Twips(asRead.left), Twips(asRead.top), Twips(asRead.width), Twips(asRead.height)};
-}
-
-bool Holds(const Box& outer, const Box& inner) {
-    return inner.left >= outer.left - kTolerance && inner.top >= outer.top - kTolerance &&
-           inner.left + inner.width <= outer.left + outer.width + kTolerance &&
-           inner.top + inner.height <= outer.top + outer.height + kTolerance;
-}
-
-Box Shifted(const Box& box, const Box& to) {
-    return {to.left + box.left, to.top + box.top, box.width, box.height};
-}
-
-Box InkWithin(const Box& box, const ShapedText& shaped, const LinePlace& place) {
-    const Box ink = InkBox(shaped);
-    const double left = std::max(0.0, place.left + ink.left), top = std::max(0.0, place.baseline + ink.top);
-    const double right = std::min(box.width, place.left + ink.left + ink.width);
-    const double bottom = std::min(box.height, place.baseline + ink.top + ink.height);
-    return {left, top, std::max(0.0, right - left), std::max(0.0, bottom - top)};
+    return {PaperTwips(asRead.left), PaperTwips(asRead.top), PaperTwips(asRead.width), PaperTwips(asRead.height)};
 }
 
 struct Count {
@@ -80,14 +56,15 @@ void PrintCheck::CheckSheet(std::vector<PrintFinding>& findings) {
 }
 
 void PrintCheck::CheckText(std::vector<PrintFinding>& findings, const PlacedText& placed) {
-    const bool boxPrintable = Holds(printable_, placed.box);
+    const bool boxPrintable = printable_.Holds(placed.box, kTolerance);
     const Line& line = Measured(placed, !boxPrintable);
     const auto add = [&](PrintProblem problem) {
         findings.push_back({problem, {placed.tab, placed.field}, done_, placed.slot});
     };
     if (!line.fits)
         add(PrintProblem::TextCut);
-    if (!boxPrintable && line.ink->width > 0 && !Holds(printable_, Shifted(*line.ink, placed.box)))
+    if (!boxPrintable && line.ink->width > 0 &&
+        !printable_.Holds(line.ink->Moved(placed.box.left, placed.box.top), kTolerance))
         add(PrintProblem::TextUnprintable);
 }
 
@@ -105,7 +82,7 @@ const PrintCheck::Line& PrintCheck::Measured(const PlacedText& placed, bool with
     const LinePlace place = PlaceLine(atOrigin, shaped, fonts_);
     line.fits = place.fits;
     if (withInk)
-        line.ink = InkWithin(atOrigin.box, shaped, place);
+        line.ink = InkBox(shaped).Moved(place.left, place.baseline).CommonWith(atOrigin.box);
     return line;
 }
 

@@ -5,7 +5,6 @@
 #include "platform/FontCatalogue.h"
 #include "report/TextShaper.h"
 #include "report/rptVelmor.h"
-#include "workspace/mdlMain.h"
 
 #include <array>
 #include <optional>

@@ -7,15 +7,20 @@
 
 namespace velmora {
 
-inline constexpr double kTwipsPerPoint = 20;
-inline constexpr double kTwipsPerInch = 1440;
-
 /// Lengths in twips, from the top left corner of the sheet as it is read.
 struct Box {
     double left = 0;
     double top = 0;
     double width = 0;
     double height = 0;
+
+    double Right() const { return left + width; }
+    double Bottom() const { return top + height; }
+    Box Moved(double right, double down) const { return {left + right, top + down, width, height}; }
+    /// Also what reaches out by no more than `tolerance`.
+    bool Holds(const Box& inner, double tolerance) const;
+    /// No width or height where the two have nothing in common.
+    Box CommonWith(const Box& other) const;
 };
 
 /// The paper as it goes through the printer.
@@ -25,6 +30,9 @@ struct Paper {
     /// The content is turned a quarter against the clock: the top of the sheet as read lies along the paper's left
     /// edge.
     bool turned = false;
+
+    /// The sheet as it is read, at 0, 0.
+    Box AsRead() const;
 };
 
 /// One field of one tab: a single line, clipped to its box, never wrapped, never scaled.

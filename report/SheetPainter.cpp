@@ -1,7 +1,5 @@
 #include "report/SheetPainter.h"
 
-#include <algorithm>
-
 namespace velmora {
 namespace {
 
@@ -25,27 +23,11 @@ double BaselineOf(const Box& box, std::int16_t alignment, const ShapedText& text
     }
 }
 
-bool Contains(const Box& outer, const Box& inner) {
-    return inner.left >= outer.left - kTolerance && inner.top >= outer.top - kTolerance &&
-           inner.left + inner.width <= outer.left + outer.width + kTolerance &&
-           inner.top + inner.height <= outer.top + outer.height + kTolerance;
-}
-
 /// The ink is measured only where the line itself, with its room for accents, is too large: most lines are
 /// not.
 bool FitsIn(const Box& box, const ShapedText& text, double left, double baseline) {
-    if (Contains(box, {left, baseline - text.ascent, text.width, text.ascent + text.descent}))
-        return true;
-    const Box ink = InkBox(text);
-    return Contains(box, {left + ink.left, baseline + ink.top, ink.width, ink.height});
-}
-
-/// No width or height where the two have nothing in common.
-Box Common(const Box& a, const Box& b) {
-    const double left = std::max(a.left, b.left), top = std::max(a.top, b.top);
-    const double right = std::min(a.left + a.width, b.left + b.width);
-    const double bottom = std::min(a.top + a.height, b.top + b.height);
-    return {left, top, std::max(0.0, right - left), std::max(0.0, bottom - top)};
+    return box.Holds({left, baseline - text.ascent, text.width, text.ascent + text.descent}, kTolerance) ||
+           box.Holds(InkBox(text).Moved(left, baseline), kTolerance);
 }
 
 } // namespace
@@ -86,7 +68,8 @@ void SheetPainter::PaintText(const PlacedText& placed, Canvas& canvas) {
         canvas.DrawText(text, left, baseline, placed.box);
     if (!text.underline)
         return;
-    const Box line = Common({left, baseline + text.underlineTop, text.width, text.underlineThickness}, placed.box);
+    const Box line =
+        Box{left, baseline + text.underlineTop, text.width, text.underlineThickness}.CommonWith(placed.box);
     if (line.width > 0 && line.height > 0)
         canvas.FillBox(line);
 }

@@ -1,6 +1,7 @@
 #include "report/TextShaper.h"
 
 #include "base/Error.h"
+#include "report/Twips.h"
 
 #include <algorithm>
 #include <fribidi.h>

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Numbers.h"
+#include "report/Twips.h"
 #include "settings/GlobalConfiguration.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t kTabStyles = 6;
-constexpr double kGapOfStyle5 = 113.4; // 2 mm
+constexpr double kGapOfStyle5 = LayoutTwips(2);
 
 struct TabStyle {
     SettingKey tabTop; ///< millimetres
@@ -35,16 +36,12 @@ constexpr std::array<std::string_view, kFieldsPerTab> kTestTexts = {"Field 1", "
 double Millimetres(const SettingKey& key, std::string_view text) {
     if (!IsNumeric(text))
         throw TypeMismatchError(std::string(key.key));
-    return ToDouble(text) * kTwipsPerMm;
+    return LayoutTwips(ToDouble(text));
 }
 
 /// Only probes for the stored tab top: a default written back by one style would hold for all that share the key.
 double TabTopTwips(const SettingKey& key, SettingsStore& store) {
     return Millimetres(key, Probe(store, key).value_or(std::string(key.fallback)));
-}
-
-Box Shifted(const Box& box, double left, double top) {
-    return {box.left + left, box.top + top, box.width, box.height};
 }
 
 } // namespace
@@ -122,8 +119,8 @@ void rptVelmor::FillRecord(std::size_t index, std::string_view mode, const TabDo
 
 void rptVelmor::PrepareTabStyle(std::int16_t style, SettingsStore& store) {
     layout_.TabLeft = 0;
-    layout_.TextBand = layout_.TextBandMm * kTwipsPerMm;
-    const double correction = (layout_.TextBandMm - layout_.TextBandRefMm) * kTwipsPerMm;
+    layout_.TextBand = LayoutTwips(layout_.TextBandMm);
+    const double correction = LayoutTwips(layout_.TextBandMm - layout_.TextBandRefMm);
     if (style >= 0 && static_cast<std::size_t>(style) < kTabStyles) {
         const TabStyle& row = kStyles[static_cast<std::size_t>(style)];
         layout_.TabTop = TabTopTwips(row.tabTop, store) - (style == 5 ? correction / 2 : 0);
@@ -140,24 +137,23 @@ void rptVelmor::FormatFields(std::int16_t numFields, std::int16_t cols, std::int
     for (std::size_t field = 0; field < fonts.size(); ++field)
         alignments_[field] = fonts[field].HorizontalAlignment;
     if (numFields == 1)
-        fields_[0] = {layout_.TabLeft, layout_.RowHeight - layout_.TextBandMm * kTwipsPerMm, layout_.ColumnWidth,
+        fields_[0] = {layout_.TabLeft, layout_.RowHeight - LayoutTwips(layout_.TextBandMm), layout_.ColumnWidth,
                       layout_.TextBand};
     else
         PlaceTwoLines(numFields);
 }
 
 void rptVelmor::PlaceTwoLines(std::int16_t numFields) {
-    const double correction = (layout_.TextBandMm - layout_.TextBandRefMm) / 2 * kTwipsPerMm;
+    const double correction = LayoutTwips((layout_.TextBandMm - layout_.TextBandRefMm) / 2);
     Box& first = fields_[0];
     Box& second = fields_[1];
     Box& third = fields_[2];
     first = {layout_.TabLeft, layout_.TabTop, layout_.ColumnWidth, layout_.TextBand / 2};
-    second = {first.left, first.top + first.height - correction, first.width, first.height};
+    second = {first.left, first.Bottom() - correction, first.width, first.height};
     if (numFields < 3)
         return;
     second.width = first.width / 2 - layout_.FieldGap;
-    third = {second.width + first.left, second.top, layout_.ColumnWidth - second.width - layout_.FieldGap,
-             first.height};
+    third = {second.Right(), second.top, layout_.ColumnWidth - second.width - layout_.FieldGap, first.height};
     // Deliberate: the third field ends at the tab's right edge, whatever its own setting says.
     alignments_[2] = kAlignRight;
 }
@@ -216,7 +212,7 @@ void rptVelmor::PlaceRecord(Sheet& sheet, double left, double top) const {
     for (std::size_t field = 0; field < fields_.size(); ++field) {
         if (fields_[field].width <= 0)
             continue;
-        const Box box = Shifted(fields_[field], left, top);
+        const Box box = fields_[field].Moved(left, top);
         sheet.fields.push_back(box);
         if (!record_.fields[field].empty())
             sheet.texts.push_back({record_.fields[field], box, static_cast<int>(field), alignments_[field], record_.tab,

@@ -15,9 +15,6 @@
 
 namespace velmora {
 
-/// The layout's own factor, not 1440 / 25.4: stationery in use is calibrated to it.
-inline constexpr double kTwipsPerMm = 56.7;
-
 /// Layout values that outlive a report: an unknown tab style keeps those of the run before. Twips unless named Mm.
 struct LayoutValues {
     double TabTop = 0;  ///< from the top of a row to the top of field 1

@@ -1,7 +1,7 @@
 #include "setup/Calibration.h"
 
 #include "base/Numbers.h"
-#include "report/rptVelmor.h"
+#include "report/Twips.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/TakePageBack.h"
@@ -80,9 +80,9 @@ void Calibration::Typed(MarginBox box, const std::string& text) {
     const auto shown = ShownMillimetres(text);
     for (std::size_t i = 0; i < samples_.size() && shown; ++i) {
         if (box == MarginBox::Left)
-            samples_[i].left = *shown * kTwipsPerMm + kUnshifted[i].left;
+            samples_[i].left = LayoutTwips(*shown) + kUnshifted[i].left;
         else
-            samples_[i].top = *shown * kTwipsPerMm + kUnshifted[i].top;
+            samples_[i].top = LayoutTwips(*shown) + kUnshifted[i].top;
     }
 }
 

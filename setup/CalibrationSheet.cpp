@@ -3,6 +3,7 @@
 #include "document/Stationery.h"
 #include "print/SendSheets.h"
 #include "report/PrepareReport.h"
+#include "report/Twips.h"
 
 #include <algorithm>
 #include <array>
@@ -38,10 +39,6 @@ constexpr std::array<std::string_view, 2> kExplanation = {
     "The margins in use are left out here: the two numbers replace them. Below 0 they are typed with the minus.",
 };
 
-double Twips(double mm) {
-    return mm * kTwipsPerMm;
-}
-
 double TickLength(int mm) {
     return mm % 10 == 0 ? kTickAtTen : mm % 5 == 0 ? kTickAtFive : kTick;
 }
@@ -60,34 +57,38 @@ void AddNumber(Sheet& sheet, int mm, const Box& box, std::int16_t alignment) {
 
 /// A line with room to the right edge of any sheet.
 void AddText(Sheet& sheet, std::string_view text, int font, double left, double top) {
-    sheet.texts.push_back({text, {left, top, Twips(kTextWidth), Twips(kLineHeight)}, font, kAlignLeft});
+    sheet.texts.push_back({text, {left, top, LayoutTwips(kTextWidth), LayoutTwips(kLineHeight)}, font, kAlignLeft});
 }
 
 /// Ticks hang down from the line, numbers stand below them; one at the paper's edge stands beside its tick.
 void AddRulerAcross(Sheet& sheet, const Ruler& ruler) {
-    const double line = Twips(kLineWidth);
-    sheet.marks.push_back({ruler.left + Twips(ruler.first), ruler.top, Twips(ruler.last - ruler.first), line});
+    const double line = LayoutTwips(kLineWidth);
+    sheet.marks.push_back(
+        {ruler.left + LayoutTwips(ruler.first), ruler.top, LayoutTwips(ruler.last - ruler.first), line});
     for (int mm = ruler.first; mm <= ruler.last; ++mm) {
-        const double x = ruler.left + Twips(mm);
-        sheet.marks.push_back({x - line / 2, ruler.top, line, Twips(TickLength(mm))});
-        const double left = std::max(0.0, x - Twips(kNumberWidth) / 2);
+        const double x = ruler.left + LayoutTwips(mm);
+        sheet.marks.push_back({x - line / 2, ruler.top, line, LayoutTwips(TickLength(mm))});
+        const double left = std::max(0.0, x - LayoutTwips(kNumberWidth) / 2);
         if (mm % 10 == 0)
-            AddNumber(sheet, mm, {left, ruler.top + Twips(kTickAtTen), Twips(kNumberWidth), Twips(kNumberHeight)},
-                      left > 0 ? kAlignCentre : kAlignLeft);
+            AddNumber(
+                sheet, mm,
+                {left, ruler.top + LayoutTwips(kTickAtTen), LayoutTwips(kNumberWidth), LayoutTwips(kNumberHeight)},
+                left > 0 ? kAlignCentre : kAlignLeft);
     }
 }
 
 /// Ticks point to the right, numbers stand behind them.
 void AddRulerDown(Sheet& sheet, const Ruler& ruler) {
-    const double line = Twips(kLineWidth);
-    sheet.marks.push_back({ruler.left, ruler.top + Twips(ruler.first), line, Twips(ruler.last - ruler.first)});
+    const double line = LayoutTwips(kLineWidth);
+    sheet.marks.push_back(
+        {ruler.left, ruler.top + LayoutTwips(ruler.first), line, LayoutTwips(ruler.last - ruler.first)});
     for (int mm = ruler.first; mm <= ruler.last; ++mm) {
-        const double y = ruler.top + Twips(mm);
-        sheet.marks.push_back({ruler.left, y - line / 2, Twips(TickLength(mm)), line});
+        const double y = ruler.top + LayoutTwips(mm);
+        sheet.marks.push_back({ruler.left, y - line / 2, LayoutTwips(TickLength(mm)), line});
         if (mm % 10 == 0)
             AddNumber(sheet, mm,
-                      {ruler.left + Twips(kTickAtTen + 0.5), y - Twips(kNumberHeight) / 2, Twips(kNumberWidth),
-                       Twips(kNumberHeight)},
+                      {ruler.left + LayoutTwips(kTickAtTen + 0.5), y - LayoutTwips(kNumberHeight) / 2,
+                       LayoutTwips(kNumberWidth), LayoutTwips(kNumberHeight)},
                       kAlignLeft);
     }
 }
@@ -109,7 +110,7 @@ Sheet LayOutOutlines(SettingsStore& store, int tabType, std::string_view layout)
 
 /// Whole millimetres of a ruler that never meets the same edge of two neighbours.
 int LastBefore(double pitchTwips) {
-    return static_cast<int>(std::lround(pitchTwips / kTwipsPerMm)) - 1;
+    return static_cast<int>(std::lround(pitchTwips / kLayoutTwipsPerMm)) - 1;
 }
 
 FontSettings SheetFonts() {
@@ -128,18 +129,19 @@ Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view
     const Box under = sheet.tabs[columns], third = sheet.tabs[2 * columns + 1];
     const int columnEnd = LastBefore(first.width), rowEnd = LastBefore(under.top - first.top);
     const Ruler down = {second.left + second.width / 2, first.top, kFirstNumber, kFirstNumber + rowEnd};
-    for (const Ruler& across : {Ruler{first.left, first.top + Twips(kFromOutline), 0, std::min(kRulerEnd, columnEnd)},
-                                Ruler{third.left, third.top + Twips(kFromOutline), kFirstNumber,
-                                      std::min(kRulerEnd, kFirstNumber + columnEnd)}}) {
+    for (const Ruler& across :
+         {Ruler{first.left, first.top + LayoutTwips(kFromOutline), 0, std::min(kRulerEnd, columnEnd)},
+          Ruler{third.left, third.top + LayoutTwips(kFromOutline), kFirstNumber,
+                std::min(kRulerEnd, kFirstNumber + columnEnd)}}) {
         AddRulerAcross(sheet, across);
-        AddText(sheet, kLeftLabel, kSmallFont, across.left + Twips(5), across.top + first.height);
+        AddText(sheet, kLeftLabel, kSmallFont, across.left + LayoutTwips(5), across.top + first.height);
     }
     AddRulerDown(sheet, down);
-    AddText(sheet, kTopLabel, kSmallFont, down.left + Twips(kTickAtTen + 4), down.top + Twips(14));
-    double top = under.top + under.height + Twips(kLineHeight);
+    AddText(sheet, kTopLabel, kSmallFont, down.left + LayoutTwips(kTickAtTen + 4), down.top + LayoutTwips(14));
+    double top = under.Bottom() + LayoutTwips(kLineHeight);
     for (const std::string_view line : kExplanation) {
-        AddText(sheet, line, kTextFont, Twips(10), top);
-        top += Twips(kLineHeight);
+        AddText(sheet, line, kTextFont, LayoutTwips(10), top);
+        top += LayoutTwips(kLineHeight);
     }
     return sheet;
 }

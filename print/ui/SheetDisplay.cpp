@@ -1,5 +1,7 @@
 #include "print/ui/SheetDisplay.h"
 
+#include "report/Twips.h"
+
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -14,7 +16,6 @@
 namespace velmora {
 namespace {
 
-constexpr double kMmPerInch = 25.4;
 constexpr int kGround = 16; // pixels around the paper
 constexpr int kScrollStep = 40;
 constexpr double kMarkGap = 2;
@@ -25,19 +26,11 @@ constexpr QColor kUsed(0x60, 0x60, 0x60, 0x50);
 constexpr QColor kStrike(0x40, 0x40, 0x40);
 constexpr QColor kEdge(0x90, 0x90, 0x90);
 
-double Twips(double mm) {
-    return mm / kMmPerInch * kTwipsPerInch;
-}
-
 /// So that the edges of neighbours fall on the same pixels.
 QRect OnPixels(const QRectF& rect) {
     const auto pixel = [](double at) { return static_cast<int>(std::floor(at)); };
     const int left = pixel(rect.left()), top = pixel(rect.top());
     return {left, top, pixel(rect.right()) - left, pixel(rect.bottom()) - top};
-}
-
-QRectF ToRect(const Box& box) {
-    return {box.left, box.top, box.width, box.height};
 }
 
 /// A screen reader, of what befell the item of `slot`.
@@ -103,8 +96,7 @@ void SheetDisplay::MarkSlot(int slot) {
 
 /// As the sheet is read.
 QSizeF SheetDisplay::SheetTwips() const {
-    const QSizeF paper(Twips(sheet_.paper.widthMm), Twips(sheet_.paper.heightMm));
-    return sheet_.paper.turned ? paper.transposed() : paper;
+    return ToRect(sheet_.paper.AsRead()).size();
 }
 
 double SheetDisplay::ScaleThatFits() const {

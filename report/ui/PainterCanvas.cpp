@@ -1,6 +1,7 @@
 #include "report/ui/PainterCanvas.h"
 
 #include "base/Paths.h"
+#include "report/Twips.h"
 
 #include <QGlyphRun>
 
@@ -8,12 +9,6 @@
 
 namespace velmora {
 namespace {
-
-constexpr double kMmPerInch = 25.4;
-
-QRectF ToRect(const Box& box) {
-    return {box.left, box.top, box.width, box.height};
-}
 
 QPainterPath& PathOf(void* drawData) {
     return *static_cast<QPainterPath*>(drawData);
@@ -89,7 +84,7 @@ void PainterCanvas::BeginSheet(const Paper& paper) {
     if (!paper.turned || view_ == SheetView::AsRead)
         return;
     // What reads to the right runs up the paper; the sheet's top lies along the left edge.
-    const double paperHeight = paper.heightMm / kMmPerInch * kTwipsPerInch;
+    const double paperHeight = PaperTwips(paper.heightMm);
     painter_.setTransform(QTransform(0, -1, 1, 0, 0, paperHeight), true);
 }
 

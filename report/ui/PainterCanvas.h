@@ -39,6 +39,10 @@ private:
     std::map<const FontFace*, std::unique_ptr<PainterFont>> fonts_;
 };
 
+inline QRectF ToRect(const Box& box) {
+    return {box.left, box.top, box.width, box.height};
+}
+
 /// A preview may show a sheet as it is read, whichever way the paper runs through the printer.
 enum class SheetView { AsPrinted, AsRead };
 

@@ -1,5 +1,6 @@
 #include "setup/ui/frmFix3.h"
 
+#include "report/ui/PainterCanvas.h"
 #include "setup/CalibrationSheet.h"
 #include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
@@ -23,12 +24,6 @@ constexpr double kWidthOfSample = 2600; // twips; samples stand 2880 apart
 constexpr QSize kPictureSize(420, 290);
 constexpr int kArrowSize = 32;
 
-/// As read: what is turned for the printer is read across.
-QSizeF AsRead(const Paper& paper) {
-    const QSizeF size(paper.widthMm / 25.4 * kTwipsPerInch, paper.heightMm / 25.4 * kTwipsPerInch);
-    return paper.turned ? size.transposed() : size;
-}
-
 Qt::Key ArrowKey(MarginArrow arrow) {
     switch (arrow) {
     case MarginArrow::Left: return Qt::Key_Left;
@@ -42,7 +37,7 @@ Qt::Key ArrowKey(MarginArrow arrow) {
 } // namespace
 
 SheetPicture::SheetPicture(const Sheet& sheet, QWidget* parent)
-    : QWidget(parent), paper_(AsRead(sheet.paper)),
+    : QWidget(parent), paper_(ToRect(sheet.paper.AsRead()).size()),
       tab_(std::min(sheet.tabs.front().width, kWidthOfSample), sheet.tabs.front().height) {
     setMinimumSize(kPictureSize);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

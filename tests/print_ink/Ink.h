@@ -4,6 +4,7 @@
 #include "platform/linux/FontconfigCatalogue.h"
 #include "report/PdfCanvas.h"
 #include "report/SheetPainter.h"
+#include "report/Twips.h"
 #include "tests/support/PdfWords.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -12,7 +13,7 @@
 
 namespace velmora::ink {
 
-inline constexpr double kTwipsPerMmOfPaper = kTwipsPerInch / 25.4;
+inline constexpr double kTwipsPerMmOfPaper = PaperTwips(1);
 inline constexpr int kPixelsPerMm = 10;
 
 // The metrics shared by Arial and its free replacements, in parts of the font size.
