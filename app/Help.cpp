@@ -62,9 +62,9 @@ std::string_view HelpPageOf(std::string_view form) {
     return found == std::end(kForms) ? "" : found->page;
 }
 
-bool OpenHelpFile(const SettingsStore& settings, Desktop* desktop) {
+bool OpenHelpFile(const SettingsStore& settings, Desktop& desktop) {
     const auto file = FindFile(settings.ProgramFolder, "help70.chm");
-    return file && desktop && desktop->OpenFile(*file);
+    return file && desktop.OpenFile(*file);
 }
 
 } // namespace velmora

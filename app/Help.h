@@ -23,6 +23,6 @@ std::string_view HelpPageOf(std::string_view form);
 
 /// Opens the help file of older versions with the desktop's viewer, where one lies beside the program. False where
 /// there is none or it does not open: the program's own pages are shown then.
-bool OpenHelpFile(const SettingsStore& settings, Desktop* desktop);
+bool OpenHelpFile(const SettingsStore& settings, Desktop& desktop);
 
 } // namespace velmora

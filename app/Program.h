@@ -4,6 +4,7 @@
 #include "platform/Desktop.h"
 #include "platform/FontCatalogue.h"
 #include "print/PrintModule.h"
+#include "workspace/Seat.h"
 #include "workspace/mdlMain.h"
 
 #include <string>
@@ -16,7 +17,7 @@ struct Program {
     const FontCatalogue& fontCatalogue;
     std::string Title; ///< application title: name and version
     PrintModule print{main, layout, fontCatalogue};
-    Desktop* desktop = nullptr; ///< without one no other program is started
+    Seat<Desktop> desktop{}; ///< while nobody takes it no other program is started
 };
 
 } // namespace velmora

@@ -61,11 +61,9 @@ bool GetKeyValue(const Registry& registry, const std::string& keyName, const std
     return true;
 }
 
-void StartSysInfo(MainModule& main, Desktop* desktop) {
+void StartSysInfo(MainModule& main, Desktop& desktop) {
     const std::string tool = NamedTool(main.settings.Keys);
-    const bool started =
-        desktop && ((!tool.empty() && desktop->StartProgram(tool)) || desktop->StartSystemInformation());
-    if (!started)
+    if ((tool.empty() || !desktop.StartProgram(tool)) && !desktop.StartSystemInformation())
         main.ui.Show({"System Information Is Unavailable At This Time", main.settings.SettingsAppName});
 }
 

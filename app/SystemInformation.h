@@ -14,7 +14,7 @@ namespace velmora {
 bool GetKeyValue(const Registry& registry, const std::string& keyName, const std::string& valueName,
                  std::string& result);
 
-/// Starts the tool that the registry names, or else the desktop's own; says so when there is none, or no desktop.
-void StartSysInfo(MainModule& main, Desktop* desktop);
+/// Starts the tool that the registry names, or else the desktop's own; says so when there is none.
+void StartSysInfo(MainModule& main, Desktop& desktop);
 
 } // namespace velmora

@@ -68,7 +68,7 @@ int Run(const std::string& commandLine) {
     const std::unique_ptr<Drives> drives = MakeDrives();
     program.main.drives.Take(*drives);
     const std::unique_ptr<Desktop> desktop = MakeDesktop(environment);
-    program.desktop = desktop.get();
+    program.desktop.Take(*desktop);
     InstalledForms forms(program);
     if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;

@@ -1,4 +1,4 @@
-// The desktop around the program: its viewers and its tools.
+// The desktop around the program: its viewers and its tools. By itself one that has none.
 #pragma once
 
 #include <filesystem>
@@ -11,10 +11,10 @@ public:
     // Each starts a program without waiting for it, and never through a shell. False when there is none, or it does
     // not start.
     /// The program that the desktop has for files of this kind.
-    virtual bool OpenFile(const std::filesystem::path& file) = 0;
-    virtual bool StartProgram(const std::filesystem::path& program) = 0;
+    virtual bool OpenFile(const std::filesystem::path& /*file*/) { return false; }
+    virtual bool StartProgram(const std::filesystem::path& /*program*/) { return false; }
     /// The desktop's own window about the machine.
-    virtual bool StartSystemInformation() = 0;
+    virtual bool StartSystemInformation() { return false; }
 };
 
 } // namespace velmora

@@ -4,6 +4,7 @@
 #include "platform/FontCatalogue.h"
 #include "print/ReportViewer.h"
 #include "report/rptVelmor.h"
+#include "workspace/Seat.h"
 #include "workspace/mdlMain.h"
 
 #include <string>
@@ -14,7 +15,7 @@ struct PrintModule {
     MainModule& main;
     LayoutValues& layout;
     const FontCatalogue& catalogue;
-    ReportViewer* viewer = nullptr;  ///< set while a main window lives
+    Seat<ReportViewer> viewer{};     ///< taken while a main window lives
     bool PrinterProblem = false;     ///< the last SetupPrinter met an error
     std::string CurrentPrinter = {}; ///< the application's own, once one was chosen
 };

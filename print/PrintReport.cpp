@@ -32,8 +32,7 @@ std::string ReadCurrentPrinter(const PrintModule& print, const std::vector<std::
     return print.main.printers.DefaultPrinter().value_or(first);
 }
 
-void ChooseDevice(const PrintModule& print, ReportPrinter& printer, const std::vector<std::string>& names) {
-    const std::string& configured = print.main.globals.PrinterName;
+void ChooseDevice(const std::string& configured, ReportPrinter& printer, const std::vector<std::string>& names) {
     if (!Holds(names, configured))
         throw PrinterError("There is no printer \"" + configured + "\".", kPrinterNotValidNumber);
     printer.DeviceName = configured;
@@ -60,13 +59,6 @@ PrintOutcome TellNoPrinter(MainModule& main) {
     return PrintOutcome::NoPrinter;
 }
 
-PrintOutcome ShowRun(PrintModule& print, PrintRun& run) {
-    if (!print.viewer)
-        throw Error("There is no window for a preview.");
-    print.viewer->ShowReport(run);
-    return PrintOutcome::Done;
-}
-
 PrintOutcome RunReport(PrintModule& print, const std::string& caption, const ReportRequest& request) {
     MainModule& main = print.main;
     if (!HasPrinter(main.printers))
@@ -81,8 +73,10 @@ PrintOutcome RunReport(PrintModule& print, const std::string& caption, const Rep
         return PrintOutcome::NotPrinted;
     }
     PrintRun run(print, report, main.settings.SettingsAppName + " [" + caption + "]", request);
-    if (request.mode != "PRINT" && request.mode != "TEST")
-        return ShowRun(print, run);
+    if (request.mode != "PRINT" && request.mode != "TEST") {
+        print.viewer->ShowReport(run);
+        return PrintOutcome::Done;
+    }
     if (request.mode == "PRINT" && !run.WantedAnyway())
         return PrintOutcome::NotPrinted;
     return run.Print() ? PrintOutcome::Done : PrintOutcome::NotPrinted;
@@ -120,7 +114,7 @@ void SetupPrinter(PrintModule& print, rptVelmor& report) {
     if (Holds(names, main.globals.PrinterName))
         print.CurrentPrinter = main.globals.PrinterName;
     if (!print.PrinterProblem)
-        step([&] { ChooseDevice(print, report.Printer, names); });
+        step([&] { ChooseDevice(main.globals.PrinterName, report.Printer, names); });
     ChoosePaper(document, report.Printer);
     report.Printer.Orient = OrientationOf(document.setup.StationeryType);
     step([&] { margins.top = ReadPageMargin(main.settings, kMarginTop); });

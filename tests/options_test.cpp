@@ -260,21 +260,22 @@ struct FakeDesktop : Desktop {
 
 TEST_F(OptionsTest, SystemInformationIsTheNamedToolOrTheDesktops) {
     FakeDesktop desktop;
-    StartSysInfo(main, &desktop);
+    StartSysInfo(main, desktop);
     const std::string shared = "SOFTWARE\\Microsoft\\Shared Tools";
     test.registry.Set(shared + " Location", "MSINFO", test.folder.Path().string());
-    StartSysInfo(main, &desktop); // the file that it names is not there
+    StartSysInfo(main, desktop); // the file that it names is not there
     const fs::path tool = test.folder.Path().string() + "\\MSINFO32.EXE";
     ReplaceFile(tool, "");
-    StartSysInfo(main, &desktop);
+    StartSysInfo(main, desktop);
     test.registry.Set(shared + "\\MSINFO", "PATH", std::string("tool"));
-    StartSysInfo(main, &desktop);
+    StartSysInfo(main, desktop);
     EXPECT_EQ(desktop.calls, "own own " + tool.string() + " tool ");
     desktop.starts = desktop.has = false;
     test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
-    StartSysInfo(main, &desktop);
+    StartSysInfo(main, desktop);
     test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
-    StartSysInfo(main, nullptr);
+    Desktop none;
+    StartSysInfo(main, none);
     fs::remove(tool);
 }
 

@@ -35,9 +35,12 @@ struct PrintTest : testing::Test {
     LayoutValues layout;
     MainModule main{program.settings, program.ui, printers, program.workbooks, {}, {}, {}};
     FakeViewer viewer;
-    PrintModule print{main, layout, fonts, &viewer};
+    PrintModule print{main, layout, fonts};
 
-    PrintTest() { Document(0, "A4"); }
+    PrintTest() {
+        print.viewer.Take(viewer);
+        Document(0, "A4");
+    }
 
     void Document(int type, const std::string& stationery) {
         main.globals.PrinterName = "Office";

@@ -12,6 +12,7 @@ public:
     Seat& operator=(const Seat&) = delete;
 
     Part* operator->() const { return taker_; }
+    Part& operator*() const { return *taker_; }
 
     void Take(Part& taker) { taker_ = &taker; }
     void Leave() { taker_ = &nobody_; }

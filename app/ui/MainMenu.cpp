@@ -119,7 +119,7 @@ void ShowOptions(CommandContext& context) {
 }
 
 void ShowHelp(CommandContext& context) {
-    if (!OpenHelpFile(context.program.main.settings, context.program.desktop))
+    if (!OpenHelpFile(context.program.main.settings, *context.program.desktop))
         RequestHelp(context.window);
 }
 

@@ -84,12 +84,12 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     ApplyTabType(program_.main);
     ShowCaption(program_.main);
     grid_->BringUp();
-    program_.print.viewer = &viewer_;
+    program_.print.viewer.Take(viewer_);
     new HelpDesk(program_.main, this);
 }
 
 mdiVelmora::~mdiVelmora() {
-    program_.print.viewer = nullptr;
+    program_.print.viewer.Leave();
     delete grid_; // before the panels that it writes to
     program_.main.status.Leave();
     program_.main.dialogs.Leave();

@@ -198,12 +198,10 @@ private slots:
     void anOldHelpFileIsOpenedByTheDesktop() {
         struct Viewer : Desktop {
             bool OpenFile(const std::filesystem::path& file) override { return (opened = file, true); }
-            bool StartProgram(const std::filesystem::path&) override { return false; }
-            bool StartSystemInformation() override { return false; }
             std::filesystem::path opened;
         } viewer;
         RunningProgram running;
-        running.program.desktop = &viewer;
+        running.program.desktop.Take(viewer);
         running.Start();
         ReplaceFile(running.test.folder / "HELP70.chm", "");
         running.Trigger("mnuOptTabHelp");
