@@ -60,7 +60,7 @@ void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& cata
     const auto path = AskForPdfPath(main);
     if (!path)
         return;
-    Trapped(main, "Called from Function: PrintReport", [&] {
+    Trapped(main, kPrintReportPlace, [&] {
         rptVelmor report =
             MakeReport(layout, DocumentRequest(main.document), {main.document, main.settings, main.fonts});
         SaveSheets(main.ui, catalogue, DocumentSheets(report, main.document, main.fonts), *path);
