@@ -22,7 +22,7 @@ LoadOutcome ResetOptions(MainModule& main);
 
 /// Lets the person choose a registry export and copies its settings into the INI file, which is said. The habits hold
 /// at once; the rest of the configuration does so while the document is untitled and empty, and otherwise from the next
-/// start on. A file that cannot be read changes nothing.
+/// start on. A file that cannot be read has no effect.
 void ImportOldSettings(MainModule& main);
 
 } // namespace velmora

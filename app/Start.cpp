@@ -114,6 +114,7 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
         return StartOutcome::Ended;
     main.recovery.Open(main.settings.ProgramFolder / "Recovery", [] { return std::chrono::system_clock::now(); });
     forms.ShowMainWindow();
+    // The set-up dialogs work on an empty document: they come before what is brought back or opened.
     if (OfferSetup(main, forms) == LoadOutcome::NoPrinter)
         return StartOutcome::Ended;
     if (OfferRecovery(main))

@@ -24,7 +24,7 @@ std::string DecimalOfBytes(std::uint32_t number) {
     return std::to_string(static_cast<std::int32_t>(value));
 }
 
-/// The program that the registry names; nothing where it names none.
+/// The program that the registry names; empty where it names none.
 std::string NamedTool(const Registry& registry) {
     const std::string shared = "SOFTWARE\\Microsoft\\Shared Tools";
     std::string tool;

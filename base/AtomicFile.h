@@ -31,7 +31,8 @@ std::string ReadFile(const std::filesystem::path& path, std::size_t most = std::
 /// One replacement of a file. Nothing at the path changes before Commit; without it the destructor leaves the old
 /// file as it was. Symbolic links are followed, and the permissions and the owner of an old file survive. A file with
 /// several hard links, one whose owner cannot be kept, or one in a folder that takes no new file is overwritten in
-/// place from the finished sibling. A path that names a device or a pipe is written straight away. Every operation
+/// place from the finished sibling: links and owner survive, and the sibling stays behind if the machine stops in
+/// between. A path that names a device or a pipe is written straight away. Every operation
 /// raises FileAccessError.
 class AtomicFile {
 public:
@@ -58,7 +59,7 @@ struct FileStamp {
     std::filesystem::file_time_type written;
     bool operator==(const FileStamp&) const = default;
 };
-/// Nothing where there is no file.
+/// nullopt where there is no file.
 std::optional<FileStamp> StampOf(const std::filesystem::path& path);
 
 /// The same, told by all that the system knows of a file; times in nanoseconds since 1970.

@@ -30,14 +30,14 @@ DecodedText Decode(std::string bytes);
 /// The UTF-8 text of Windows-1252 bytes, with control characters for the five open ones.
 std::string FromWindows1252(std::string_view bytes);
 
-/// The bytes of `utf8` in `encoding`; nothing when a character does not fit it.
+/// The bytes of `utf8` in `encoding`; nullopt when a character does not fit it.
 std::optional<std::string> Encode(std::string_view utf8, Encoding encoding);
 
-/// The UTF-8 text of UTF-16 bytes, low byte first; a byte order mark is a character like any other. Nothing
+/// The UTF-8 text of UTF-16 bytes, low byte first; a byte order mark is a character like any other. nullopt
 /// for half a unit or half a pair of surrogates.
 std::optional<std::string> FromUtf16(std::string_view bytes);
 
-/// The way back; nothing when `utf8` is not valid.
+/// The way back; nullopt when `utf8` is not valid.
 std::optional<std::string> ToUtf16(std::string_view utf8);
 
 } // namespace velmora

@@ -50,7 +50,7 @@ bool HasNumberShape(std::string_view text) {
     return exponent < text.size() && SkipDigits(text, exponent) == text.size();
 }
 
-/// Nothing for a text of another shape; infinity for a number too large for a double.
+/// nullopt for a text of another shape; infinity for a number too large for a double.
 std::optional<double> Parse(std::string_view text) {
     const std::string_view trimmed = Trim(text);
     if (!HasNumberShape(trimmed))

@@ -18,7 +18,7 @@ int RunInfo(const InfoArguments& arguments);
 /// Which sheets of a tab file, and how they are laid out.
 struct SheetArguments {
     std::string file;
-    std::optional<std::string> pages; ///< "1-3,7"; nothing: all
+    std::optional<std::string> pages; ///< "1-3,7"; nullopt: all
     std::optional<std::string> used;  ///< positions of the first sheet without a label, "1-5,9"
     std::string ini;
 };

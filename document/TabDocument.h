@@ -81,7 +81,7 @@ bool IsEmptyTab(const TabDocument& document, std::int32_t tab);
 int CountFields(std::string_view line);
 /// Appends commas until the line has at least `fields` fields; returns the final count.
 int PadFields(std::string& line, int fields);
-/// source(first .. last) to target(targetFirst ..); nothing when first > last. Raises SubscriptError.
+/// source(first .. last) to target(targetFirst ..); no effect when first > last. Raises SubscriptError.
 void CopyTabRange(const FieldTexts& source, std::int32_t first, std::int32_t last, FieldTexts& target,
                   std::int32_t targetFirst);
 

@@ -61,7 +61,7 @@ struct TabFileHeader {
 struct TabFile {
     std::string text; ///< UTF-8
     Encoding encoding = Encoding::Utf8;
-    std::optional<TabFileHeader> header; ///< nothing where the first line does not start with "VERSION"
+    std::optional<TabFileHeader> header; ///< nullopt where the first line does not start with "VERSION"
     std::size_t tabsAt = 0;              ///< where the first tab line starts
     std::int32_t lines = 0;              ///< of the whole file
 
@@ -81,7 +81,7 @@ std::string ReadFirstLine(const std::filesystem::path& path);
 bool TestVersion7(std::string_view firstLine);
 bool TestVersion8(std::string_view firstLine);
 
-/// Writes the header to the settings; a font value that fails its test becomes its default. Nothing without a header.
+/// Writes the header to the settings; a font value that fails its test becomes its default. No effect without a header.
 void LoadData(const TabFile& file, SettingsStore& store);
 void LoadData(const TabFileHeader& header, SettingsStore& store);
 

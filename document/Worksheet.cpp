@@ -87,7 +87,7 @@ bool WorksheetBuilder::Add(std::int32_t row, const std::vector<std::string>& cel
     const std::int32_t before = sheet_.header ? kHeaderLines : options_.heading ? 1 : 0;
     if (row <= before || IsBlank(cells))
         return true;
-    if (row - before > kMostTabs) {
+    if (row - before > kMostTabs) { // counted, so that the loading names the limit of the header's tab type
         sheet_.lines = row - before;
         return false;
     }

@@ -11,7 +11,7 @@
 
 namespace velmora {
 
-/// By the ending of the name; nothing for a text file.
+/// By the ending of the name; nullopt for a text file.
 std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path);
 /// True when the text of line 1 or cell 1 starts with "VERSION", whatever its case: header lines follow.
 bool AnnouncesHeader(std::string_view firstText);

@@ -30,7 +30,7 @@ std::vector<GridCell> LayOutGrid(const TabDocument& document);
 /// Texts of page `CurrentPage`: slot i is tab (`CurrentPage` - 1) x `TabsPerPage` + i.
 std::vector<TabTexts> PopulateLabels(const TabDocument& document);
 
-/// A box of slot 1 onward took the focus: sets `CurrentTab` and shows it; a tab number beyond 16 bits changes nothing.
+/// A box of slot 1 onward took the focus: sets `CurrentTab` and shows it; no effect for a tab number beyond 16 bits.
 void EnterBox(MainModule& main, int slot);
 
 /// The box of field 0 to 2 in a slot from 1 was typed in: marks the document as changed, whatever becomes of the text,

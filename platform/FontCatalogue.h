@@ -29,9 +29,9 @@ struct FontFile {
 class FontCatalogue {
 public:
     virtual ~FontCatalogue() = default;
-    /// The nearest installed face; nothing on a machine without any outline font.
+    /// The nearest installed face; nullopt on a machine without any outline font.
     virtual std::optional<FontFile> Match(const FontRequest& request) const = 0;
-    /// The nearest face that has a glyph for `character`; nothing when no installed font has one.
+    /// The nearest face that has a glyph for `character`; nullopt when no installed font has one.
     virtual std::optional<FontFile> MatchCharacter(const FontRequest& request, char32_t character) const = 0;
     /// The names of the installed families that Match can give, each once, sorted whatever their case.
     virtual std::vector<std::string> Families() const = 0;

@@ -34,7 +34,7 @@ struct UnprintableMargins {
 /// What a printer says of one size of paper.
 struct PaperSupport {
     bool listed = false;                                          ///< it has exactly this size
-    std::optional<UnprintableMargins> unprintable = std::nullopt; ///< nothing where it does not say
+    std::optional<UnprintableMargins> unprintable = std::nullopt; ///< nullopt where it does not say
 };
 
 enum class Orientation : std::int16_t { Portrait = 1, Landscape = 2 };
@@ -55,9 +55,9 @@ public:
     virtual ~PrintSystem() = default;
     /// Device names of the installed printers.
     virtual std::vector<std::string> Printers() const = 0;
-    /// Device name of the system's default printer; nothing on a machine without one.
+    /// Device name of the system's default printer; nullopt on a machine without one.
     virtual std::optional<std::string> DefaultPrinter() const = 0;
-    /// What `printer` says of paper of this size, in millimetres; nothing is listed for an unknown printer.
+    /// What `printer` says of paper of this size, in millimetres; not `listed` for an unknown printer.
     virtual PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const = 0;
     /// Hands the job over; the file may go afterwards. Raises PrinterError, and nothing is printed then.
     virtual void Print(const std::string& printer, const PrintJob& job) = 0;

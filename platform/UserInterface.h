@@ -19,7 +19,7 @@ struct Message {
     std::string title;
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
-    std::optional<Answer> defaultButton = std::nullopt; ///< nothing: the first button
+    std::optional<Answer> defaultButton = std::nullopt; ///< nullopt: the first button
 };
 
 struct FileRequest {
@@ -53,7 +53,7 @@ public:
     virtual std::unique_ptr<Progress> StartProgress(const std::string& text, int total) = 0;
     /// The same with a Cancel button; the work asks Cancelled after each Advance.
     virtual std::unique_ptr<Progress> StartCancellable(const std::string& text, int total) = 0;
-    /// The chosen path, or nothing when the person cancelled.
+    /// The chosen path, or nullopt when the person cancelled.
     virtual std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) = 0;
     virtual std::optional<std::filesystem::path> ChooseFolder(const std::string& title,
                                                               const std::filesystem::path& start) = 0;

@@ -27,7 +27,7 @@ public:
     bool WantedAnyway();
     const FontCatalogue& Catalogue() const { return print_.catalogue; }
 
-    /// Slots of the first sheet that are used up, from 1.
+    /// Slots of the first sheet that are used up, from 1: this run's, never the document's.
     const std::vector<int>& UsedSlots() const { return request_.used; }
     /// Lets the tabs flow around them, which may change the number of sheets. A failure is shown, and the run stays as
     /// it was; false then.

@@ -11,7 +11,7 @@
 
 namespace velmora {
 
-/// Asks until a path is chosen that may be written; nothing when the person cancels. `name` is offered, without ending;
+/// Asks until a path is chosen that may be written; nullopt when the person cancels. `name` is offered, without ending;
 /// empty: the document's.
 std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string name = {});
 

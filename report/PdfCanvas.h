@@ -15,7 +15,7 @@ namespace velmora {
 
 struct PdfInfo {
     std::string title;                               ///< UTF-8; may be empty
-    std::optional<std::chrono::sys_seconds> created; ///< nothing: now
+    std::optional<std::chrono::sys_seconds> created; ///< nullopt: now
 };
 
 /// Each sheet is written when it ends. After the last one Finish writes the fonts and the end of the file;

@@ -82,7 +82,7 @@ std::uint32_t SkipOperand(TableReader& reader, std::uint32_t first) {
     return first - 139;
 }
 
-/// Where the charset of a CFF table begins if its glyphs are named by numbers (CIDs); nothing if by names.
+/// Where the charset of a CFF table begins if its glyphs are named by numbers (CIDs); nullopt if by names.
 std::optional<std::size_t> CidCharset(TableReader& reader) {
     constexpr std::uint32_t kEscape = 12, kRegistryOrderingSupplement = 30, kCharset = 15, kLastOperator = 21;
     reader.Seek(2);

@@ -29,7 +29,7 @@ struct PrintFinding {
 class PrintCheck {
 public:
     /// `report` is ready for its sheets, and stays so. `printer` is what the printer says of the report's paper;
-    /// nothing: unknown. Without its margins a text off the paper is still found. All but the report must outlive the
+    /// nullopt: unknown. Without its margins a text off the paper is still found. All but the report must outlive the
     /// check.
     PrintCheck(const FontSettings& fonts, const FontCatalogue& catalogue, rptVelmor& report,
                const std::optional<PaperSupport>& printer);
@@ -43,7 +43,7 @@ private:
     /// A text's line within its box, the same for the boxes of all tabs.
     struct Line {
         bool fits = true;
-        /// The part within the box, from the box's corner, without width where nothing is drawn; nothing: not measured,
+        /// The part within the box, from the box's corner, without width where no ink is; nullopt: not measured,
         /// which takes longer than the shaping.
         std::optional<Box> ink = std::nullopt;
     };

@@ -99,7 +99,7 @@ class TextShaper {
 public:
     TextShaper(const FontCatalogue& catalogue, const FontSettings& fonts);
 
-    /// One line in the font of `field` (0 to 2). Control characters draw nothing; a character that the font
+    /// One line in the font of `field` (0 to 2). Control characters have no ink; a character that the font
     /// lacks comes from another one, and where no font has it, it is the font's box for a missing glyph.
     /// Raises Error on a machine without fonts. The answer holds until the next call.
     const ShapedText& Shape(std::string_view text, int field);
@@ -109,7 +109,7 @@ private:
         FieldFont font;
         FontRequest request;
         Typeface typeface; ///< no face before the field's first text
-        /// Whether its face has a plain character; nothing: not asked yet.
+        /// Whether its face has a plain character; nullopt: not asked yet.
         std::array<std::optional<bool>, kPlainCharacters> plainGlyphs;
         std::unordered_map<char32_t, Typeface> fallbacks;
         ShapedTextCache cache;

@@ -81,7 +81,8 @@ public:
     int SheetCount() const;
     /// The numbers of the sheets whose tabs are not all empty.
     std::vector<int> FilledSheets() const;
-    /// Lays out sheet `number`, counted from 1; `sheet` is reused, so that one sheet is in memory at a time.
+    /// Lays out sheet `number`, counted from 1; `sheet` is reused, so that one sheet is in memory at a time. It holds
+    /// exactly rows x columns tabs whatever the margins are: the paper's edge cuts what lies outside.
     void LayOutSheet(int number, Sheet& sheet);
 
     ReportPrinter Printer;

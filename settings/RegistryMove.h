@@ -23,9 +23,10 @@ enum class MoveResult {
 /// reported, each kind once.
 MoveResult MoveRegistrySettings(SettingsStore& store);
 
-/// Copies every setting of the store's application from a registry export into the INI file, all of them or none; gives
-/// their number. Left out are folders that this machine does not have. The running program's own document properties
-/// stay as they are. Raises Error for a file that is damaged or out of reach, or an INI file that cannot be written.
+/// Copies every setting of the store's application from a registry export, which stays as it is, into the INI file, all
+/// of them or none; gives their number. Left out are folders that this machine does not have. It goes past `Own`: an
+/// open document keeps its properties. Raises Error for a file that is damaged or out of reach, or an INI file that
+/// cannot be written.
 int ImportRegistryExport(SettingsStore& store, const std::filesystem::path& file);
 
 } // namespace velmora

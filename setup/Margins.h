@@ -23,7 +23,7 @@ bool DefaultMarginsExist(SettingsStore& store, int tabType, std::string_view lay
 /// The defaults as whole millimetres; 0 for what is missing or no number. Looking them up stores nothing, so that a
 /// layout without defaults stays one. Raises OverflowError outside 16 bits.
 MarginTexts LoadDefaultMargins(SettingsStore& store, int tabType, std::string_view layout);
-/// Nothing for a layout that has no defaults.
+/// No effect for a layout that has no defaults.
 void SaveDefaultMargins(SettingsStore& store, int tabType, std::string_view layout, const MarginTexts& margins);
 /// Makes the defaults the active margins. Raises OverflowError, with nothing changed.
 void ApplyDefaultMargins(SettingsStore& store, int tabType, std::string_view layout);

@@ -1,5 +1,6 @@
 // The page set-up dialog frmPageSetUp: tab type and number of fields, chosen in a draft that only the status line
-// shows until OK.
+// shows until OK. So editor, recovery timer and undo never meet a document whose texts and properties do not belong
+// together.
 #pragma once
 
 #include "workspace/Globals.h"
@@ -36,9 +37,9 @@ public:
 
     int TabType() const { return draft_.OptType; }
     int Fields() const { return draft_.NoOfFields; }
-    /// An index outside 0 to 5 is reported and changes nothing.
+    /// An index outside 0 to 5 is reported and has no effect.
     void ChooseType(int type);
-    /// 1 to 3; any other number changes nothing.
+    /// 1 to 3; no effect for any other number.
     void ChooseFields(int fields);
 
     std::string Picture() const;      ///< of the chosen stationery: a file name in the images folder

@@ -36,17 +36,17 @@ public:
 
     const std::vector<InstalledPrinter>& Printers() const { return printers_; }
     const std::string& Printer() const { return printer_; } ///< empty on a machine without printers
-    /// Nothing for one that is not installed.
+    /// No effect for one that is not installed.
     void ChoosePrinter(const std::string& name);
 
     /// Labels of tab types 0 to 5.
     static std::vector<std::string> StationeryLabels();
     int TabType() const { return draft_.OptType; }
-    /// Nothing outside 0 to 5. A DL type starts with "DL_v".
+    /// No effect outside 0 to 5. A DL type starts with "DL_v".
     void ChooseType(int type);
     bool HasLayouts() const { return draft_.PageSize == "DL"; }
     const std::string& Layout() const { return draft_.StationeryType; } ///< "A4", "DL_v" or "DL_h"
-    /// "DL_v" or "DL_h"; nothing for other texts and for A4 types.
+    /// "DL_v" or "DL_h"; no effect for other texts and for A4 types.
     void ChooseLayout(const std::string& layout);
 
     bool CanFinish() const { return !printer_.empty(); }
@@ -54,8 +54,8 @@ public:
     /// and puts everything back after it, also where it raises an error.
     void PrintTestPage(const std::function<void(std::int32_t tabs)>& print);
 
-    /// Stores the choices and takes the document to them, as ApplySetup says; nothing unless CanFinish. False when
-    /// nothing was stored.
+    /// Stores the choices and takes the document to them, as ApplySetup says; no effect unless CanFinish. False
+    /// when they were not stored.
     bool Finish();
 
 private:

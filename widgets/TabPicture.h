@@ -14,7 +14,7 @@ namespace velmora {
 inline constexpr QSize kStationeryRoom(222, 298);
 
 /// The picture of that file name, whatever its letter case on disk; the search for a missing one is offered once in a
-/// run. Nothing (a null picture) for a file that is missing or no picture, which is said.
+/// run. A null picture for a file that is missing or no picture, which is said.
 QPixmap LoadTabPicture(MainModule& main, const std::string& fileName);
 
 } // namespace velmora

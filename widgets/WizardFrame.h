@@ -30,7 +30,7 @@ public:
     WizardForm(const char* name, const char* positionKey);
 
     const char* PositionKey() const { return positionKey_; }
-    /// The caption of a button that the page has and whether it can do something now; nothing for one it has not.
+    /// The caption of a button that the page has and whether it can do something now; nullopt for one it has not.
     struct ButtonState {
         QString caption;
         bool enabled = true;
@@ -81,14 +81,15 @@ private:
     std::array<std::optional<ButtonState>, kWizardButtons> buttons_;
 };
 
-/// Escape and the window's own button are Cancel. The default button is Next, or Finish where Next can do nothing. The
+/// Escape and the window's own button are Cancel. The default button is Next, or Finish where Next is disabled. The
 /// place is kept under the position key of each page that is left, and comes back under that of the first one, so that
 /// the window never jumps.
 class WizardFrame : public QDialog {
     Q_OBJECT
 
 public:
-    /// `main` must outlive the frame. Show a page, then open() the frame: it deletes itself when it is closed.
+    /// `main` must outlive the frame. Show a page, then open() the frame, which runs no loop of its own: it
+    /// deletes itself when it is closed.
     WizardFrame(MainModule& main, const QString& title, QWidget* parent);
 
     /// Takes the place of the page shown, which is deleted as soon as it has returned.

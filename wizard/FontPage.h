@@ -29,11 +29,11 @@ public:
 
     void ChooseName(int field, const std::string& name) { Draft(field).Name = name; }
     void ChooseSize(int field, std::int16_t points) { Draft(field).Size = points; }
-    /// Toolbar1: 3 is bold, 4 italic, 5 underline; any other button does nothing.
+    /// Toolbar1: 3 is bold, 4 italic, 5 underline; no effect for any other button.
     void PressStyle(int field, int button, bool pressed);
-    /// Toolbar2: 1 left, 2 centre, 3 right; any other button does nothing.
+    /// Toolbar2: 1 left, 2 centre, 3 right; no effect for any other button.
     void PressHorizontal(int field, int button);
-    /// Toolbar3: 1 top, 2 middle, 3 bottom; any other button does nothing.
+    /// Toolbar3: 1 top, 2 middle, 3 bottom; no effect for any other button.
     void PressVertical(int field, int button);
     /// The button that stands for the field's alignment; any other code than the known ones counts as their default.
     int HorizontalButton(int field) const;

@@ -52,7 +52,7 @@ struct TickBox {
 void StartWizard(WizardState& wizard);
 
 inline constexpr int kMostNewTabs = 32766;
-/// The message for a text that is no number of tabs; nothing for one that is.
+/// The message for a text that is no number of tabs; nullopt for one that is.
 std::optional<std::string> CheckCount(std::string_view text);
 /// Next on the count page: makes the buffers anew, all empty. Gives CheckCount's message, with nothing changed, where
 /// there is one.
@@ -71,15 +71,15 @@ std::vector<std::string> TickCaptions(const WizardState& wizard);
 /// 32-bit range.
 NumberSeries ReadNumberPage(std::string_view first, std::string_view format, std::string_view before,
                             std::string_view after);
-/// The ticked captions in turn, nothing when none is ticked.
+/// The ticked captions in turn; nullopt when none is ticked.
 std::optional<NameSeries> ReadTicks(const std::vector<TickBox>& boxes);
 
 /// What the number page will make of `count` tabs, in one line, or in words why it cannot.
 std::string PreviewNumberPage(std::string_view first, std::string_view format, std::string_view before,
                               std::string_view after, std::int32_t count);
 
-/// "Next Field" on the page of values: the current field gets its values and is done. Without a current field nothing
-/// happens. Raises OverflowError, with nothing changed.
+/// "Next Field" on the page of values: the current field gets its values and is done. No effect without a current
+/// field. Raises OverflowError, with nothing changed.
 void FillNumbers(WizardState& wizard, const NumberSeries& series);
 /// Gives the message, with nothing changed, when no box is ticked.
 std::optional<std::string> FillNames(WizardState& wizard, const std::vector<TickBox>& boxes);
@@ -92,7 +92,7 @@ inline constexpr std::string_view kInitialText = "12345678901234567890";
 bool AllFieldsDone(const WizardState& wizard, const TabDocument& document);
 /// Where "Next Field", and Next on the chooser, lead.
 WizardPage PageAfterField(const WizardState& wizard, const TabDocument& document);
-/// What Previous shows; nothing before the introduction.
+/// What Previous shows; nullopt before the introduction.
 std::optional<WizardPage> PageBefore(WizardPage page);
 
 struct PageTexts {

@@ -17,7 +17,7 @@ struct Moment {
     std::int64_t ticks = 0; ///< milliseconds since day 0
 };
 
-/// Nothing outside the years 1900 to 9999. Without decimals of seconds the moment is rounded to whole ones.
+/// nullopt outside the years 1900 to 9999. Without decimals of seconds the moment is rounded to whole ones.
 std::optional<Moment> MomentOf(double serial, bool from1904, bool decimals) {
     if (serial < 0 || serial > 2958465)
         return std::nullopt;

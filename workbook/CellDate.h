@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-/// `value` in days, from the origin that FormatNumber names. Nothing outside the years 1900 to 9999.
+/// `value` in days, from the origin that FormatNumber names. nullopt outside the years 1900 to 9999.
 std::optional<std::string> LayOutDate(double value, const FormatSection& section, bool from1904);
 
 } // namespace velmora

@@ -27,7 +27,7 @@ struct FormatSection {
 };
 
 std::vector<FormatSection> ParseFormatCode(std::string_view code);
-/// The section that lays `value` out; nothing where the code has none for it.
+/// The section that lays `value` out; null where the code has none for it.
 const FormatSection* SectionFor(const std::vector<FormatSection>& sections, double value);
 
 } // namespace velmora

@@ -1,5 +1,6 @@
 // Workbooks without a spreadsheet application: the containers are libzip's and libgsf's work, XML is expat's, .xlsx is
-// written by libxlsxwriter; the records of .xls and the cells of all formats are taken apart here.
+// written by libxlsxwriter; the records of .xls and the cells of all formats are taken apart here. So hidden sheets,
+// number formats and formula results are known in every format.
 #pragma once
 
 #include "workbook/SpreadsheetApplication.h"

@@ -35,7 +35,7 @@ const guint8* Bytes(std::string_view bytes) {
     return reinterpret_cast<const guint8*>(bytes.data());
 }
 
-/// Names are equal whatever their letter case. Nothing where there is none.
+/// Names are equal whatever their letter case. Null where there is none.
 GsfInput* ChildOf(GsfInfile* folder, std::string_view name) {
     for (int i = 0; i < gsf_infile_num_children(folder); ++i)
         if (const char* child = gsf_infile_name_by_index(folder, i); child && EqualsNoCase(child, name))

@@ -8,7 +8,7 @@
 namespace velmora {
 
 bool IsOleFile(std::string_view bytes);
-/// The bytes of a stream of the root folder; nothing where there is none. Raises WorkbookError for a damaged container.
+/// The bytes of a stream of the root folder; nullopt where there is none. Raises WorkbookError for a damaged container.
 std::optional<std::string> ReadOleStream(std::string_view file, std::string_view name);
 /// A compound file with one stream.
 std::string WriteOleFile(const char* name, std::string_view stream);

@@ -164,7 +164,7 @@ private:
         std::string text;
     };
 
-    /// A new cell, or nothing in a column that nobody asked for.
+    /// A new cell, or null in a column that nobody asked for.
     Cell* CellAt(std::size_t row, std::size_t column) {
         awaitsString_ = nullptr;
         const auto number = static_cast<int>(column) + 1;

@@ -30,7 +30,7 @@ public:
     }
 
     SearchEnd Run(Progress& progress, fs::path& found) {
-        std::deque<fs::path> pending;
+        std::deque<fs::path> pending; // level by level, so that the nearest folder is found
         for (const fs::path& root : roots_)
             if (!IsBelowAnother(root) && std::find(pending.begin(), pending.end(), root) == pending.end())
                 pending.push_back(root);

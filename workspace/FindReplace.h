@@ -14,7 +14,7 @@ struct FindRequest {
     std::string find; ///< an empty text is nowhere
     std::string replaceWith;
     bool matchCase = false;
-    std::optional<int> field = std::nullopt; ///< 0 to 2; nothing: every field in use
+    std::optional<int> field = std::nullopt; ///< 0 to 2; nullopt: every field in use
 };
 
 enum class FindOutcome { Found, FoundFromTop, NotFound, LastReplaced };
@@ -31,7 +31,7 @@ public:
     /// A text that would become longer than its field allows stays, which is said.
     FindOutcome Replace(const FindRequest& request);
     /// Replaces all matches, as one change, and gives the number of texts changed. Texts that would become longer than
-    /// their field allows stay; how many is asked about before anything changes, and a No changes nothing.
+    /// their field allows stay; how many is asked about before anything changes, and a No has no effect.
     int ReplaceAll(const FindRequest& request);
 
 private:

@@ -24,7 +24,7 @@ fs::path Store(MainModule& main, const std::string& key, const fs::path& folder)
     return WithSeparator(folder);
 }
 
-/// The folder that the person had made; nothing when they would rather choose one, or it could not be made.
+/// The folder that the person had made; nullopt when they would rather choose one, or it could not be made.
 std::optional<fs::path> Create(MainModule& main, const fs::path& folder) {
     if (FolderExists(folder, true))
         return folder;
@@ -61,7 +61,7 @@ std::optional<fs::path> FindOnDrives(MainModule& main, std::vector<std::string> 
     return std::nullopt;
 }
 
-/// Nothing searched: No where there are no drives to search.
+/// No, without the question, where there are no drives to search.
 Answer AskToSearch(MainModule& main, const std::string& question) {
     return main.drives->List().empty() ? Answer::No : Ask(main, question, Buttons::YesNoCancel);
 }

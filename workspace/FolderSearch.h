@@ -30,7 +30,7 @@ struct FileWanted {
 };
 
 /// The file in `folder`, whatever its letter case, or where the person lets it be searched or shows it; then `folder`
-/// may become that file's, which is stored. Nothing when it is not found; having given up once, the person is not
+/// may become that file's, which is stored. nullopt when it is not found; having given up once, the person is not
 /// asked again in this run.
 std::optional<std::filesystem::path> SearchFile(MainModule& main, std::filesystem::path& folder,
                                                 const FileWanted& wanted);

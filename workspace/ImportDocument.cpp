@@ -52,7 +52,8 @@ Imported ImportSheet(MainModule& main, const std::filesystem::path& path, Workbo
     return ReadToLoad(main, [&] { return ReadWorksheet(workbook, sheet, {}); });
 }
 
-/// A list that loses nothing when a tab file's reader takes it: that one also keeps blanks and blank lines.
+/// A list that loses nothing when a tab file's reader takes it: that one also keeps blanks and blank lines. It is a tab
+/// file without a header then, neither changed nor foreign.
 bool ReadsAsTabFile(const ImportChoice& choice, const ImportChoice& guess, const std::string& text) {
     return choice.delimiter == ',' && choice.encoding == guess.encoding && choice.encoding != ListEncoding::Utf16 &&
            choice.cells == guess.cells && text.find('"') == std::string::npos;

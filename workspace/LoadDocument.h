@@ -10,7 +10,8 @@ namespace velmora {
 /// The load procedure: header into the settings, tab lines into the arrays, whole pages; an announcement when there
 /// are none. Raises OverflowError and what the settings raise; the caller puts back what was changed by then.
 LoadOutcome LoadDocument(MainModule& main, const TabFile& file);
-/// The same with a worksheet's cells; the document is one for a UTF-8 file.
+/// The same with a worksheet's cells: a comma in one stays in its field. The document is one for a file of the sheet's
+/// encoding.
 LoadOutcome LoadDocument(MainModule& main, const Worksheet& sheet);
 
 } // namespace velmora

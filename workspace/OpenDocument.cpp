@@ -36,7 +36,8 @@ struct FoundFile {
     std::optional<FileStamp> stamp = StampOf(path);
 };
 
-/// What is no tab file is another program's, and does not hold what a save would write.
+/// What is no tab file is another program's, and does not hold what a save would write: the document counts as changed,
+/// and Save asks before it overwrites the file.
 void TakeOver(MainModule& main, const FoundFile& file, bool foreign) {
     main.document.Stamp = file.stamp;
     main.document.DocFileName = file.path;

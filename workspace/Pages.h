@@ -27,7 +27,7 @@ void CleanLabels(MainModule& main);
 /// as changed, "No Of Pages" stored, and status and editor show `CurrentPage`.
 void ShowChangedPages(MainModule& main);
 
-/// Takes the last change of the document back, and shows the page where it was made; nothing when there is none.
+/// Takes the last change of the document back, and shows the page where it was made; no effect when there is none.
 void UndoChange(MainModule& main);
 void RedoChange(MainModule& main);
 

@@ -19,7 +19,7 @@ constexpr std::string_view kLock = ".lock";
 constexpr std::string_view kLivePrefix = "Open-";
 constexpr std::string_view kArchivePrefix = "Kept-";
 
-/// Nothing for a file that can't be read. A pipe would never end, and a large file of somebody else's is not read
+/// nullopt for a file that can't be read. A pipe would never end, and a large file of somebody else's is not read
 /// whole.
 std::optional<std::string> ReadCopy(const fs::path& file) {
     try {

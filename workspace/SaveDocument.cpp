@@ -41,7 +41,7 @@ void WriteWorkbook(MainModule& main, const fs::path& path, WorkbookFormat format
     file.Commit();
 }
 
-/// Nothing when written; the system's refusal otherwise. A workbook has no header.
+/// nullopt when written; the system's refusal otherwise. A workbook has no header.
 std::optional<FileAccessError> TryWrite(MainModule& main, const fs::path& path, FileHeader header) {
     try {
         if (const auto format = WorkbookFormatOf(path))
@@ -131,7 +131,7 @@ FileRequest RequestFor(MainModule& main, SaveKind kind) {
     return request;
 }
 
-/// The path to write, asked for until there is one that may be written; nothing when the person cancels.
+/// The path to write, asked for until there is one that may be written; nullopt when the person cancels.
 std::optional<fs::path> AskForPath(MainModule& main, SaveKind kind) {
     for (;;) {
         auto path = main.ui.ChooseFile(RequestFor(main, kind));

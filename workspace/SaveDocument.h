@@ -22,7 +22,7 @@ enum class SaveOutcome { Saved, Failed, Cancelled };
 /// caption shows it; an export leaves name, caption and unsaved changes as they are.
 SaveOutcome SaveLabels(MainModule& main, SaveKind kind);
 
-/// Tells which tabs hold commas, which the file cannot keep; nothing when none does.
+/// Tells which tabs hold commas, which the file cannot keep; no effect when none does.
 void WarnOfCommas(MainModule& main);
 
 /// Writes one file, a workbook where its name ends in .xls or .xlsx, with its questions after a failure. `FileError`

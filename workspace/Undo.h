@@ -25,7 +25,9 @@ struct UndoState {
 };
 
 /// Steps in the order they were made, those taken back last. Every change of the document goes through Type or an
-/// UndoStep, or ends in Clear: then `DocChanged` is true exactly while the document is not the one that was saved.
+/// UndoStep, or ends in Clear: then `DocChanged` is true whenever the document is not the one that was saved. It can be
+/// true without a difference: EditBox and ShowChangedPages set it whatever came of the change (a text typed back, no
+/// gap to close), until the next Undo, Redo or save says it anew.
 /// File name, encoding, stamp and printer are not part of a step, nor is the page shown, which follows it.
 class UndoHistory {
 public:
@@ -40,9 +42,10 @@ public:
     /// From now on. Beyond `mostBytes` the oldest steps are dropped; the newest stays whatever its size.
     void KeepSteps(std::size_t mostBytes = kMostBytes) { mostBytes_ = mostBytes; }
 
-    /// A box of the page shown was typed in: puts its text into the document and sets `DocChanged`. Further typing in
-    /// the same box belongs to the same step, until something else happens; typed back to where it began, the step is
-    /// gone. Raises SubscriptError, with nothing changed, for a tab outside the document.
+    /// A box of the page shown was typed in: puts its text into the document and lets `DocChanged` say whether this
+    /// is the saved one. Further typing in the same box belongs to the same step, until something else happens; typed
+    /// back to where it began, the step is gone. Raises SubscriptError, with nothing changed, for a tab outside the
+    /// document.
     void Type(TabDocument& document, TabBox box, const std::string& text);
 
     bool CanUndo() const { return done_ > 0; }
@@ -51,10 +54,10 @@ public:
     std::string UndoName() const;
     std::string RedoName() const;
 
-    /// Document, fonts and settings as they were before the step, and `CurrentPage` where it was made; nothing when
-    /// there is no step. Gives the box when the step was typing. The editor's page must be in the document before
-    /// (TakePageBack) and be shown anew after. Raises SubscriptError, with nothing changed, for a document that was
-    /// changed without the history.
+    /// Document, fonts and settings as they were before the step, and `CurrentPage` where it was made; no effect when
+    /// there is no step. Gives the box when the step was typing, else nullopt. The editor's page must be in the
+    /// document before (TakePageBack) and be shown anew after. Raises SubscriptError, with nothing changed, for a
+    /// document that was changed without the history.
     std::optional<TabBox> Undo(const UndoState& state);
     /// The same, as it was after the step.
     std::optional<TabBox> Redo(const UndoState& state);
@@ -85,14 +88,14 @@ private:
     std::size_t bytes_ = 0;
     std::deque<std::unique_ptr<Step>> steps_;
     std::size_t done_ = 0;                 ///< steps not taken back
-    std::optional<std::size_t> saved_ = 0; ///< `done_` of the saved document; nothing: no step leads there
+    std::optional<std::size_t> saved_ = 0; ///< `done_` of the saved document; nullopt: no step leads there
     TypingStep* typing_ = nullptr;         ///< the newest step while more typing may join it
     const UndoStep* open_ = nullptr;
 };
 
 /// Lives around an operation and records, as one step, what it changed in document, fonts and the settings that a
-/// document carries; nothing when all is as it was. Takes a copy of the document. Inside another UndoStep of the same
-/// history it does nothing: the outer one records.
+/// document carries; no step when all is as it was. Takes a copy of the document. Inside another UndoStep of the same
+/// history it has no effect: the outer one records.
 class UndoStep {
 public:
     /// `name` as it follows "Undo" in the menu. What was typed last must be in the document (TakePageBack).

@@ -222,7 +222,8 @@ void CupsPrinters::Print(const std::string& printer, const PrintJob& job) {
     options.Add(CUPS_MEDIA, medium ? medium->media : MediumName(job.widthMm, job.heightMm));
     options.Add(CUPS_PRINT_QUALITY, CUPS_PRINT_QUALITY_HIGH);
     options.Add("print-scaling", "none");
-    // The pages lie as they go through the printer; landscape would have them turned a second time.
+    // The pages lie as they go through the printer; the server's filters turn a PDF once more for landscape
+    // (seen with cups-filters).
     options.Add(CUPS_ORIENTATION, CUPS_ORIENTATION_PORTRAIT);
     SpooledJob spooled(connection.get(), destination.get(), info.get(), job.title, options);
     spooled.Send(job.pdf);

@@ -7,8 +7,9 @@
 
 namespace velmora {
 
-/// Every call makes a connection of its own and gives up soon where no server answers: a machine without CUPS has no
-/// printers. The server is the one that CUPS' own settings name (CUPS_SERVER, client.conf).
+/// Every call makes a connection of its own and gives up soon where no server answers, so that no start waits for one
+/// that is missing: a machine without CUPS has no printers. The server is the one that CUPS' own settings name
+/// (CUPS_SERVER, client.conf).
 class CupsPrinters : public PrintSystem {
 public:
     /// Queue names, instances as "queue/instance"; printers found on the network are among them.

@@ -63,7 +63,7 @@ void FindingsBox::CheckSome() {
     ShowFindings();
 }
 
-/// Nothing is shown where there is nothing to say.
+/// Hidden while there are no findings to show or to wait for.
 void FindingsBox::ShowFindings() {
     const int count = findings_->rowCount();
     const bool checking = timer_.isActive();
@@ -75,7 +75,7 @@ void FindingsBox::ShowFindings() {
     cmdEditTab_->setEnabled(ChosenText() != nullptr);
 }
 
-/// Nothing while no finding on a text is chosen.
+/// Null while no finding on a text is chosen.
 const PrintFinding* FindingsBox::ChosenText() const {
     const QModelIndex current = lstFindings_->currentIndex();
     return current.isValid() && findings_->At(current.row()).slot > 0 ? &findings_->At(current.row()) : nullptr;

@@ -31,7 +31,7 @@ public:
     /// 100: the sheet in its true size, as far as the desktop knows the screen's.
     double Percent() const;
 
-    /// Slots that are struck out, from 1; nothing: slots cannot be chosen. A first choice has its cursor at slot 1.
+    /// Slots that are struck out, from 1; nullopt: slots cannot be chosen. A first choice has its cursor at slot 1.
     void SetUsedSlots(std::optional<std::set<int>> used);
     /// Frames the tab in `slot` and brings it into view; 0: none.
     void MarkSlot(int slot);
@@ -80,7 +80,7 @@ private:
     Zoom zoom_ = Zoom::FitPage;
     double scale_ = 0;              ///< device-independent pixels per twip
     int turned_ = 0;                ///< of the wheel, less than a step
-    std::optional<QPointF> anchor_; ///< of the next change of scale, in the viewport; nothing: its middle
+    std::optional<QPointF> anchor_; ///< of the next change of scale, in the viewport; nullopt: its middle
     std::optional<std::set<int>> used_;
     int cursor_ = 1;
     int marked_ = 0;

@@ -209,7 +209,7 @@ void frmPreview::keyPressEvent(QKeyEvent* event) {
         QDialog::keyPressEvent(event);
 }
 
-/// A number outside the run changes nothing.
+/// No effect for a number outside the run.
 void frmPreview::ShowSheet(int number) {
     const int count = run_.Report().SheetCount();
     if (number < 1 || number > count)
