@@ -1,4 +1,4 @@
-// What this machine has: each system's folder defines these functions once, so that programs and tests name no class of
+// What this machine has: each system's folder defines these functions once, so that no program names a class of
 // a system.
 #pragma once
 

@@ -1,4 +1,5 @@
 // One run of the tab report, from its records to paper or to a file: what a preview window needs, without its rules.
+// Slots of its first sheet that are used up are its own, never the document's.
 #pragma once
 
 #include "print/PrintModule.h"
