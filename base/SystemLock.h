@@ -17,10 +17,10 @@ public:
     static std::optional<SystemLock> TryFolder(const std::filesystem::path& folder);
     /// A new file that only its owner may read, locked. It stays when the lock ends, and may be removed before. Raises
     /// FileAccessError, also where there is such a file.
-    static SystemLock MakeFile(const std::filesystem::path& file);
+    static SystemLock MakeFile(const std::filesystem::path& path);
     /// Whether the lock of a file is held. Nobody holds that of a missing file; one that can't be tried is taken for
     /// held.
-    static bool IsHeld(const std::filesystem::path& file);
+    static bool IsHeld(const std::filesystem::path& path);
 
     SystemLock(SystemLock&&) noexcept;
     ~SystemLock();

@@ -10,8 +10,11 @@ namespace {
 
 using namespace velmora;
 
-int Run(const ParsedCommand& command) {
+int Run(int argc, char** argv) {
     try {
+        const ParsedCommand command = ParseCommandLine({argv + 1, argv + argc}, std::cout, std::cerr);
+        if (!command.run)
+            return command.exitCode;
         const int code = command.run();
         if (!std::cout.flush())
             throw Error("standard output: cannot be written");
@@ -28,6 +31,5 @@ int Run(const ParsedCommand& command) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const ParsedCommand command = ParseCommandLine({argv + 1, argv + argc}, std::cout, std::cerr);
-    return command.run ? Run(command) : command.exitCode;
+    return Run(argc, argv);
 }

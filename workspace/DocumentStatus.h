@@ -10,7 +10,7 @@ namespace velmora {
 /// Writes the five status panels.
 void ShowDocumentStatus(MainModule& main);
 /// The same for choices that the document does not have yet.
-void ShowDocumentStatus(MainModule& main, const DocumentSetup& draft);
+void ShowDocumentStatus(MainModule& main, const DocumentSetup& setup);
 /// Reads the tab type anew, and the document's properties on the first call after start-up; then shows the status.
 void RefreshDocumentStatus(MainModule& main);
 /// Panel 5 while a tab has the focus.
