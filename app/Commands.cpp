@@ -13,7 +13,7 @@
 
 namespace velmora {
 void NewCommand(MainModule& main) {
-    const Answer answer = main.document.DocFileName.empty() ? Answer::No : AskToSave(main);
+    const Answer answer = main.document.DocFileName.empty() ? Answer::No : AskToSave(main.ui);
     const bool replace =
         answer == Answer::No || (answer == Answer::Yes && SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved);
     if (answer == Answer::Yes && !replace)
@@ -27,7 +27,7 @@ void NewCommand(MainModule& main) {
 OpenOutcome OpenCommand(MainModule& main, OpenKind kind) {
     const OpenOutcome outcome = OpenNewFile(main, kind);
     if (outcome == OpenOutcome::Failed)
-        Tell(main, "The file could not be opened successfully");
+        Tell(main.ui, "The file could not be opened successfully");
     return outcome;
 }
 
@@ -36,7 +36,7 @@ bool CloseCommand(MainModule& main) {
         KeepRecoveryCopy(main); // which removes what was kept before the changes were taken back
         return true;
     }
-    const Answer answer = AskToSave(main);
+    const Answer answer = AskToSave(main.ui);
     if (answer == Answer::Yes)
         return SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved;
     if (answer == Answer::No)
@@ -51,7 +51,7 @@ bool OfferRecovery(MainModule& main) {
     for (const RecoveredDocument& document : main.recovery.List()) {
         if (!document.LeftBehind)
             continue;
-        if (!restored && Ask(main,
+        if (!restored && Ask(main.ui,
                              "Velmora ended without saving the document \"" + document.Name() + "\" of " +
                                  LocalTime(document.Time) + ".\r\nDo you want to have it back?",
                              Buttons::YesNo) == Answer::Yes)
@@ -63,7 +63,7 @@ bool OfferRecovery(MainModule& main) {
 }
 
 bool RestoreCommand(MainModule& main, const RecoveredDocument& document) {
-    return Trapped(main, "Called from Sub: RestoreCommand", [&] {
+    return Trapped(main.ui, "Called from Sub: RestoreCommand", [&] {
         RestoreDocument(main, document);
         ShowCaption(main);
     });

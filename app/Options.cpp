@@ -101,12 +101,12 @@ void ImportOldSettings(MainModule& main) {
             ForgetMissingPrinter(main.settings, main.printers);
             TakeOver(main);
         }
-        Tell(main, count == 0 ? "The file '" + PathText(*file) + "' holds no settings of " +
-                                    main.settings.SettingsAppName + ". Nothing was changed."
-                              : "Settings imported: " + std::to_string(count) +
-                                    ".\r\nAn open document keeps its own tab type, margins and fonts.");
+        Tell(main.ui, count == 0 ? "The file '" + PathText(*file) + "' holds no settings of " +
+                                       main.settings.SettingsAppName + ". Nothing was changed."
+                                 : "Settings imported: " + std::to_string(count) +
+                                       ".\r\nAn open document keeps its own tab type, margins and fonts.");
     } catch (const Error& error) {
-        Tell(main, std::string(error.what()) + "\r\nNothing was changed.", Icon::Exclamation);
+        Tell(main.ui, std::string(error.what()) + "\r\nNothing was changed.", Icon::Exclamation);
     }
 }
 

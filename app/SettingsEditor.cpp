@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "base/Validate.h"
+#include "base/Version.h"
 #include "settings/RegistryMove.h"
 #include "workspace/Dialogs.h"
 
@@ -56,18 +57,18 @@ SettingsEditor::SettingsEditor(MainModule& main) : main_(main) {}
 
 void SettingsEditor::Press(int button, SettingsEntry& entry) {
     if (button < 0 || button >= static_cast<int>(std::size(kWords))) {
-        main_.ui.Show({"Unrecognized button value: " + std::to_string(button), main_.settings.SettingsAppName});
+        main_.ui.Show({"Unrecognized button value: " + std::to_string(button), kProgramName});
         return;
     }
     if (const std::string fault = UsesIniFile() && button < 2 ? NameFault(entry) : ""; !fault.empty()) {
-        Tell(main_, fault + "\r\nNothing was changed.", Icon::Exclamation);
+        Tell(main_.ui, fault + "\r\nNothing was changed.", Icon::Exclamation);
         return;
     }
     for (const TextKey& row : kTexts)
         entry.*row.text = OneLine(entry.*row.text);
     main_.settings.Own.clear(); // what stands in the file counts, not what this program remembers
     const std::string what = button < 3 ? "[" + entry.section + "] " + entry.key : "the settings";
-    Trapped(main_, "Error" + std::string(kWords[button]) + what, [&] { Run(button, entry); });
+    Trapped(main_.ui, "Error" + std::string(kWords[button]) + what, [&] { Run(button, entry); });
 }
 
 void SettingsEditor::Run(int button, SettingsEntry& entry) {
@@ -113,7 +114,7 @@ SettingsEntry SettingsEditor::LoadState(Place& place) {
     SettingsStore& store = main_.settings;
     UseIniFile(true);
     bool usesIniFile = true;
-    Trapped(main_, "Called from Sub: frmSettings", [&] {
+    Trapped(main_.ui, "Called from Sub: frmSettings", [&] {
         const SettingsBatch batch(store);
         usesIniFile = ToDouble(ReadAccepted(store, kSaveMode)) != 0;
         ReadWhole(store, kMainLeft, place.left);

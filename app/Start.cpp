@@ -21,15 +21,15 @@ constexpr int kSearchesBeforeQuestion = 5;
 const FolderWanted kApplicationFolder = {"Velmor.exe", "Application", "Application", false, false};
 
 void SetVersionTitle(Program& program) {
-    program.main.settings.SettingsAppName = "Velmora";
+    program.main.settings.SettingsAppName = kProgramName;
     program.Title = program.main.settings.SettingsAppName + " [Version " + kVersion + "]";
 }
 
 /// A folder from section "Paths". The default stands in for a stored path that the settings cut at their longest value,
 /// and for one that moved in from a machine with drives.
-fs::path ReadFolder(MainModule& main, const char* key, const fs::path& fallback) {
+fs::path ReadFolder(SettingsStore& settings, const char* key, const fs::path& fallback) {
     const std::string otherwise = PathText(WithSeparator(fallback));
-    const std::string stored = Read(main.settings, {"Paths", key, otherwise});
+    const std::string stored = Read(settings, {"Paths", key, otherwise});
     const bool cut = CharacterCount(stored) >= kIniValueCharacters && otherwise.starts_with(stored);
     const bool foreign = PathOf(stored).is_relative() && DriveOf(stored) != "NO DRIVE";
     return WithSeparator(PathOf(cut || foreign ? otherwise : stored));
@@ -42,15 +42,15 @@ bool IsMissing(const fs::path& folder) {
 /// False when the person gives up.
 bool FindApplicationFolder(MainModule& main) {
     fs::path& folder = main.globals.AppPath;
-    folder = ReadFolder(main, "Application", main.settings.ProgramFolder);
+    folder = ReadFolder(main.settings, "Application", main.settings.ProgramFolder);
     for (int searches = 0; IsMissing(folder); ++searches) {
         if (searches == kSearchesBeforeQuestion) {
-            if (Ask(main, "Do you want to exit the installtion prosedure of Velmora", Buttons::YesNo) == Answer::Yes)
+            if (Ask(main.ui, "Do you want to exit the installtion prosedure of Velmora", Buttons::YesNo) == Answer::Yes)
                 return false;
             searches = 0;
         }
         if (folder.empty())
-            folder = ReadFolder(main, "Application", folder);
+            folder = ReadFolder(main.settings, "Application", folder);
         folder = WithSeparator(SearchFolder(main, folder, kApplicationFolder));
     }
     return true;
@@ -58,10 +58,10 @@ bool FindApplicationFolder(MainModule& main) {
 
 /// Goes on until there is a folder, made or chosen.
 void FindFolder(MainModule& main, fs::path& folder, const fs::path& fallback, const FolderWanted& wanted) {
-    folder = ReadFolder(main, wanted.key.c_str(), fallback);
+    folder = ReadFolder(main.settings, wanted.key.c_str(), fallback);
     while (IsMissing(folder)) {
         if (folder.empty())
-            folder = ReadFolder(main, wanted.key.c_str(), fallback);
+            folder = ReadFolder(main.settings, wanted.key.c_str(), fallback);
         folder = WithSeparator(SearchFolder(main, folder.empty() ? fallback : folder, wanted));
     }
 }
@@ -89,7 +89,7 @@ LoadOutcome LoadConfiguration(MainModule& main) {
 /// What is not set up yet is offered, one dialog after the other.
 LoadOutcome OfferSetup(MainModule& main, Forms& forms) {
     const auto wanted = [&](const char* what) {
-        return Ask(main, std::string(what) + "\r\nDo you want to do it now?", Buttons::YesNo) == Answer::Yes;
+        return Ask(main.ui, std::string(what) + "\r\nDo you want to do it now?", Buttons::YesNo) == Answer::Yes;
     };
     if (!SetupComplete(main.settings) && wanted("You have to configure a printer."))
         forms.ShowPrinterSetup();

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "base/Validate.h"
+#include "base/Version.h"
 
 #include <charconv>
 #include <variant>
@@ -64,7 +65,7 @@ bool GetKeyValue(const Registry& registry, const std::string& keyName, const std
 void StartSysInfo(MainModule& main, Desktop& desktop) {
     const std::string tool = NamedTool(main.settings.Keys);
     if ((tool.empty() || !desktop.StartProgram(tool)) && !desktop.StartSystemInformation())
-        main.ui.Show({"System Information Is Unavailable At This Time", main.settings.SettingsAppName});
+        main.ui.Show({"System Information Is Unavailable At This Time", kProgramName});
 }
 
 } // namespace velmora

@@ -3,6 +3,7 @@
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
 #include "base/Paths.h"
+#include "base/Version.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
@@ -52,7 +53,7 @@ std::unique_ptr<Progress> BatchInterface::StartCancellable(const std::string& te
 BatchProgram::BatchProgram()
     : registry_(std::filesystem::path()),
       settings_(registry_, ui_), main_{settings_, ui_, printers_, workbooks_, {}, {}, {}} {
-    settings_.SettingsAppName = "Velmora";
+    settings_.SettingsAppName = kProgramName;
     settings_.InMemory = true;
 }
 

@@ -52,7 +52,7 @@ Orientation OrientationOf(std::string_view layout) {
 
 PrintOutcome TellNoPrinter(MainModule& main) {
     KeepRecoveryCopy(main); // what ends now offers its work at the next start
-    Tell(main,
+    Tell(main.ui,
          "You must have access to a printer before you can run the printer.\r\n"
          "The execution of this application will be aborted.",
          Icon::Critical);
@@ -67,7 +67,7 @@ PrintOutcome RunReport(PrintModule& print, const std::string& caption, const Rep
     rptVelmor report(print.layout);
     SetupPrinter(print, report);
     if (print.PrinterProblem) {
-        ReportError(main,
+        ReportError(main.ui,
                     "Problem getting printer information from the system. Make sure the printer is set up correctly.",
                     "Called from Sub: PrintReport");
         return PrintOutcome::NotPrinted;

@@ -33,7 +33,7 @@ PrintCheck PrintRun::Check() {
 
 bool PrintRun::WantedAnyway() {
     const std::vector<PrintFinding> findings = CheckBeforePrinting(Check());
-    return findings.empty() || Ask(print_.main, FindingsSummary(findings) + "Do you want to print anyway?",
+    return findings.empty() || Ask(print_.main.ui, FindingsSummary(findings) + "Do you want to print anyway?",
                                    Buttons::YesNo, Answer::Yes) == Answer::Yes;
 }
 

@@ -36,9 +36,9 @@ std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string
     for (;;) {
         auto path = main.ui.ChooseFile({"SAVE", "Save as PDF", folder, "PDF file (*.pdf)|*.pdf", name + ".pdf"});
         if (path && IsSameFile(*path, document))
-            Tell(main, "The document itself cannot be replaced by its PDF.  Please select a new file name.",
+            Tell(main.ui, "The document itself cannot be replaced by its PDF.  Please select a new file name.",
                  Icon::Critical);
-        else if (!path || MayOverwrite(main, *path))
+        else if (!path || MayOverwrite(main.ui, *path))
             return path;
     }
 }
@@ -60,7 +60,7 @@ void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& cata
     const auto path = AskForPdfPath(main);
     if (!path)
         return;
-    Trapped(main, kPrintReportPlace, [&] {
+    Trapped(main.ui, kPrintReportPlace, [&] {
         rptVelmor report =
             MakeReport(layout, DocumentRequest(main.document), {main.document, main.settings, main.fonts});
         SaveSheets(main.ui, catalogue, DocumentSheets(report, main.document, main.fonts), *path);

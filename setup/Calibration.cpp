@@ -104,7 +104,7 @@ void Calibration::Ok() {
         Write(main_.settings, kMarginTop, margins.top);
     }
     if (!MarginsReady(main_) &&
-        Ask(main_,
+        Ask(main_.ui,
             "Do you want to save this margin settings as the default margin settings for " +
                 LayoutDisplayName(document.setup.LayoutName, document.setup.OptType) + " stationery?",
             Buttons::YesNo) == Answer::Yes)
@@ -117,7 +117,7 @@ void Calibration::SaveDefaults() {
 }
 
 void Calibration::LoadDefaults() {
-    Trapped(main_, "Called from Sub: LoadDefaults", [&] {
+    Trapped(main_.ui, "Called from Sub: LoadDefaults", [&] {
         const MarginTexts margins =
             LoadDefaultMargins(main_.settings, main_.document.setup.OptType, main_.document.setup.LayoutName);
         Typed(MarginBox::Left, margins.left);

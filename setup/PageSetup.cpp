@@ -61,7 +61,7 @@ bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string&
     KeepRecoveryCopy(main);
     const UndoStep step(main.history, main.State(), stepName);
     main.editor->TakeDown();
-    const bool done = Trapped(main, "Called from Sub: ApplySetup", [&] {
+    const bool done = Trapped(main.ui, "Called from Sub: ApplySetup", [&] {
         Transaction transaction(main);
         TakeOver(main, draft, margins);
         transaction.Commit();
@@ -81,7 +81,7 @@ LoadOutcome PageSetup::Open() {
 
 void PageSetup::ChooseType(int type) {
     if (!FindTabType(type))
-        return Tell(main_, "Invalid type of stationary selected!");
+        return Tell(main_.ui, "Invalid type of stationary selected!");
     SetDraftType(draft_, type);
     ShowDocumentStatus(main_, draft_);
 }

@@ -1,5 +1,6 @@
 #include "setup/PrinterWizard.h"
 
+#include "base/Version.h"
 #include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/Transaction.h"
@@ -9,7 +10,7 @@
 
 namespace velmora {
 
-void TellPrinterAdvice(MainModule& main, bool othersPrint) {
+void TellPrinterAdvice(UserInterface& ui, bool othersPrint) {
     const char* const advice =
         othersPrint ? "This means that Velmora is having trouble reading your printer drivers. You should try to use a "
                       "different stationary settings in the wizard. If you are still having problems you should ask "
@@ -17,7 +18,7 @@ void TellPrinterAdvice(MainModule& main, bool othersPrint) {
                       "support."
                     : "Well it is best now to call your network technician who will be able to fix your printing "
                       "problem !";
-    main.ui.Show({advice, main.settings.SettingsAppName + " - Information ...", Icon::Information});
+    ui.Show({advice, std::string(kProgramName) + " - Information ...", Icon::Information});
 }
 
 PrinterWizard::PrinterWizard(MainModule& main) : main_(main), draft_(SetupDraft(main.document.setup)) {

@@ -21,7 +21,7 @@ inline constexpr const char* kUpsideDownAdvice =
     "in the opposite way round.";
 
 /// The advice that ends either question.
-void TellPrinterAdvice(MainModule& main, bool othersPrint);
+void TellPrinterAdvice(UserInterface& ui, bool othersPrint);
 
 struct InstalledPrinter {
     std::string name;

@@ -12,7 +12,7 @@ QPixmap LoadTabPicture(MainModule& main, const std::string& fileName) {
                                      {fileName, "Image", "Images", "Picture (*.gif)|*.gif", "A4_alpha_New.gif"}))
         picture.load(QString::fromStdString(PathText(*path)));
     if (picture.isNull())
-        Tell(main, "The program could not load the '" + fileName + "' picture file.");
+        Tell(main.ui, "The program could not load the '" + fileName + "' picture file.");
     return picture;
 }
 

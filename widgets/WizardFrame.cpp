@@ -166,7 +166,7 @@ void WizardFrame::Pressed(WizardButton button) {
         reject();
         return;
     }
-    Trapped(main_, "Called from Sub: " + page_->objectName().toStdString(), [&] {
+    Trapped(main_.ui, "Called from Sub: " + page_->objectName().toStdString(), [&] {
         switch (button) {
         case WizardButton::Previous: return page_->Previous();
         case WizardButton::Next: return page_->Next();
@@ -229,7 +229,7 @@ void WizardFrame::GrowToPage() {
 
 void WizardFrame::reject() {
     bool close = true;
-    Trapped(main_, "Called from Sub: " + page_->objectName().toStdString(), [&] { close = page_->Cancel(); });
+    Trapped(main_.ui, "Called from Sub: " + page_->objectName().toStdString(), [&] { close = page_->Cancel(); });
     if (close)
         QDialog::reject();
 }

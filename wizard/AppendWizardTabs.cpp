@@ -22,9 +22,9 @@ std::int16_t PagesAfter(const TabDocument& document, int start, int count) {
 void TellLimit(MainModule& main, int start) {
     const int perPage = main.document.setup.TabsPerPage;
     main.ui.Beep();
-    Tell(main, "The maximum number of pages for this type on label is: " + std::to_string(kMostTabs / perPage) +
-                   "\r\nPlease change your number of labels to " +
-                   std::to_string((kMostTabs - 1 - start) / perPage * perPage));
+    Tell(main.ui, "The maximum number of pages for this type on label is: " + std::to_string(kMostTabs / perPage) +
+                      "\r\nPlease change your number of labels to " +
+                      std::to_string((kMostTabs - 1 - start) / perPage * perPage));
 }
 
 void GrowTo(TabDocument& document, std::int16_t pages) {

@@ -28,11 +28,11 @@ int ButtonOf(const std::array<std::int16_t, 3>& codes, std::int16_t code, int ot
 }
 
 /// Runs `work`; an error is told in the words that a person can do something with, not in its own.
-template <typename Work> void TellFailure(MainModule& main, const char* words, const char* place, Work work) {
+template <typename Work> void TellFailure(UserInterface& ui, const char* words, const char* place, Work work) {
     try {
         work();
     } catch (const std::exception&) {
-        ReportError(main, words, place);
+        ReportError(ui, words, place);
     }
 }
 
@@ -40,10 +40,11 @@ template <typename Work> void TellFailure(MainModule& main, const char* words, c
 
 FontPage::FontPage(MainModule& main, const FontCatalogue& catalogue)
     : main_(main), catalogue_(catalogue), draft_(main.fonts) {
-    TellFailure(main_, "Please reinstall the printer fonts.", "Called from Sub: FillFontType", [&] { FillFontType(); });
-    TellFailure(main_, "Printer error.  Please check the printer.", "Called from Sub: FillFontSize",
+    TellFailure(main_.ui, "Please reinstall the printer fonts.", "Called from Sub: FillFontType",
+                [&] { FillFontType(); });
+    TellFailure(main_.ui, "Printer error.  Please check the printer.", "Called from Sub: FillFontSize",
                 [&] { FillFontSize(); });
-    TellFailure(main_,
+    TellFailure(main_.ui,
                 "Problem getting printer information from the system. Make sure the printer is set up correctly.",
                 "Called from Sub: Load Wizard 7", [&] { LoadFontSettings(main_.settings, draft_); });
 }

@@ -218,7 +218,7 @@ std::string FieldPicture(const WizardState& wizard) {
 }
 
 bool ConfirmCancel(MainModule& main, WizardState& wizard, WizardPage page) {
-    if (Ask(main, CancelQuestion(page), Buttons::YesNo, Answer::No) != Answer::Yes)
+    if (Ask(main.ui, CancelQuestion(page), Buttons::YesNo, Answer::No) != Answer::Yes)
         return false;
     // The font page stores at once; the question promises that none of the settings will be saved.
     for (; wizard.FontSteps > 0; --wizard.FontSteps)

@@ -2,35 +2,36 @@
 
 #include "base/Paths.h"
 #include "base/Validate.h"
+#include "base/Version.h"
 
 namespace velmora {
 
-void Tell(MainModule& main, const std::string& text, Icon icon) {
-    main.ui.Show({text, main.settings.SettingsAppName, icon});
+void Tell(UserInterface& ui, const std::string& text, Icon icon) {
+    ui.Show({text, kProgramName, icon});
 }
 
-Answer Ask(MainModule& main, const std::string& text, Buttons buttons, std::optional<Answer> defaultButton) {
-    return main.ui.Show({text, main.settings.SettingsAppName, Icon::Question, buttons, defaultButton});
+Answer Ask(UserInterface& ui, const std::string& text, Buttons buttons, std::optional<Answer> defaultButton) {
+    return ui.Show({text, kProgramName, Icon::Question, buttons, defaultButton});
 }
 
-Answer AskToSave(MainModule& main) {
-    return Ask(main, "Do you want to save the current document?", Buttons::YesNoCancel);
+Answer AskToSave(UserInterface& ui) {
+    return Ask(ui, "Do you want to save the current document?", Buttons::YesNoCancel);
 }
 
-bool MayOverwrite(MainModule& main, const std::filesystem::path& path) {
-    return !FileExists(path) || Ask(main, "Do you want to overwrite the following file?\r\n[" + PathText(path) + "]",
+bool MayOverwrite(UserInterface& ui, const std::filesystem::path& path) {
+    return !FileExists(path) || Ask(ui, "Do you want to overwrite the following file?\r\n[" + PathText(path) + "]",
                                     Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
-void TellNoSpreadsheets(MainModule& main) {
-    Tell(main,
+void TellNoSpreadsheets(UserInterface& ui) {
+    Tell(ui,
          "You have to have Microsoft Excel 2000 (or latter) installed on your PC if you want to open or import an "
          "Excel file!",
          Icon::Critical);
 }
 
-void ReportError(MainModule& main, std::string_view cause, std::string_view place) {
-    Tell(main, std::string(cause) + "\r\n" + std::string(place), Icon::Critical);
+void ReportError(UserInterface& ui, std::string_view cause, std::string_view place) {
+    Tell(ui, std::string(cause) + "\r\n" + std::string(place), Icon::Critical);
 }
 
 } // namespace velmora

@@ -142,8 +142,8 @@ FindOutcome Finder::Replace(const FindRequest& request) {
     const std::string text = std::string(old).replace(start.at, start.length, request.replaceWith);
     if (!Fits(main_.document, start.box.field, old, text)) {
         main_.ui.Beep();
-        Tell(main_, "The text would become longer than its field allows: " +
-                        std::to_string(main_.document.setup.Limits.Of(start.box.field)) + " characters.");
+        Tell(main_.ui, "The text would become longer than its field allows: " +
+                           std::to_string(main_.document.setup.Limits.Of(start.box.field)) + " characters.");
         return FindNext(request);
     }
     if (text != old)
@@ -156,7 +156,7 @@ FindOutcome Finder::Replace(const FindRequest& request) {
 int Finder::ReplaceAll(const FindRequest& request) {
     TakePageBack(main_);
     const Replacements plan = PlanReplacements(main_.document, request);
-    if (plan.tooLong > 0 && Ask(main_,
+    if (plan.tooLong > 0 && Ask(main_.ui,
                                 "Texts that would become longer than their field allows, and stay as they are: " +
                                     std::to_string(plan.tooLong) + "\r\nDo you want to replace the others?",
                                 Buttons::YesNo) != Answer::Yes)

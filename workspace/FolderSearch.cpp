@@ -19,8 +19,8 @@ bool HoldsFile(const fs::path& folder, const std::string& name) {
     return FindFile(folder, name).has_value();
 }
 
-fs::path Store(MainModule& main, const std::string& key, const fs::path& folder) {
-    SaveFolder(main.settings, key, folder);
+fs::path Store(SettingsStore& settings, const std::string& key, const fs::path& folder) {
+    SaveFolder(settings, key, folder);
     return WithSeparator(folder);
 }
 
@@ -28,16 +28,16 @@ fs::path Store(MainModule& main, const std::string& key, const fs::path& folder)
 std::optional<fs::path> Create(MainModule& main, const fs::path& folder) {
     if (FolderExists(folder, true))
         return folder;
-    Tell(main, "The folder '" + PathText(folder) + "' could not be created.", Icon::Critical);
+    Tell(main.ui, "The folder '" + PathText(folder) + "' could not be created.", Icon::Critical);
     return std::nullopt;
 }
 
 fs::path Choose(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
     const auto chosen = main.ui.ChooseFolder(kChooserTitle, current);
     if (chosen && (!wanted.chosenNeedsMarker || HoldsFile(*chosen, wanted.markerFile)))
-        return Store(main, wanted.key, *chosen);
-    Tell(main, chosen ? "The folder '" + PathText(*chosen) + "' does not hold the file '" + wanted.markerFile + "'."
-                      : kGivenUp);
+        return Store(main.settings, wanted.key, *chosen);
+    Tell(main.ui, chosen ? "The folder '" + PathText(*chosen) + "' does not hold the file '" + wanted.markerFile + "'."
+                         : kGivenUp);
     return current;
 }
 
@@ -52,18 +52,19 @@ std::optional<fs::path> FindOnDrives(MainModule& main, std::vector<std::string> 
     fs::path found;
     SearchEnd end = SearchDrives(main, names, false, found);
     if (end == SearchEnd::NotFound && HasNetworkDrives(main) &&
-        Ask(main, "The file '" + names.front() + "' is on none of the disks.\r\nDo you want to search the network too?",
+        Ask(main.ui,
+            "The file '" + names.front() + "' is on none of the disks.\r\nDo you want to search the network too?",
             Buttons::YesNo) == Answer::Yes)
         end = SearchDrives(main, names, true, found);
     if (end == SearchEnd::Found)
         return found;
-    Tell(main, end == SearchEnd::Cancelled ? kGivenUp : "The file '" + names.front() + "' was not found.");
+    Tell(main.ui, end == SearchEnd::Cancelled ? kGivenUp : "The file '" + names.front() + "' was not found.");
     return std::nullopt;
 }
 
 /// No, without the question, where there are no drives to search.
 Answer AskToSearch(MainModule& main, const std::string& question) {
-    return main.drives->List().empty() ? Answer::No : Ask(main, question, Buttons::YesNoCancel);
+    return main.drives->List().empty() ? Answer::No : Ask(main.ui, question, Buttons::YesNoCancel);
 }
 
 /// Whether the folder was made, and where.
@@ -74,7 +75,7 @@ struct Creation {
 
 Creation OfferToCreate(MainModule& main, const fs::path& current) {
     const Answer answer =
-        Ask(main, "The '" + PathText(current) + "' directory cannot be found.\r\nDo you want to create it?",
+        Ask(main.ui, "The '" + PathText(current) + "' directory cannot be found.\r\nDo you want to create it?",
             Buttons::YesNoCancel);
     return {answer, answer == Answer::Yes ? Create(main, current) : std::nullopt};
 }
@@ -86,9 +87,9 @@ fs::path SearchOrChoose(MainModule& main, const fs::path& current, const FolderW
     if (search == Answer::No)
         return Choose(main, current, wanted);
     if (search == Answer::Cancel)
-        Tell(main, kGivenUp);
+        Tell(main.ui, kGivenUp);
     const auto found = search == Answer::Yes ? FindOnDrives(main, {wanted.markerFile}) : std::nullopt;
-    return found ? Store(main, wanted.key, *found) : current;
+    return found ? Store(main.settings, wanted.key, *found) : current;
 }
 
 std::optional<fs::path> SearchOrChooseFile(MainModule& main, const fs::path& folder, const FileWanted& wanted) {
@@ -102,7 +103,7 @@ std::optional<fs::path> SearchOrChooseFile(MainModule& main, const fs::path& fol
     auto chosen = search == Answer::No ? main.ui.ChooseFile({"OPEN", kChooserTitle, folder, wanted.filter, wanted.name})
                                        : std::nullopt;
     if (!chosen)
-        Tell(main, kGivenUp);
+        Tell(main.ui, kGivenUp);
     return chosen;
 }
 
@@ -113,10 +114,10 @@ fs::path SearchFolder(MainModule& main, const fs::path& current, const FolderWan
         return SearchOrChoose(main, current, wanted);
     const Creation creation = OfferToCreate(main, current);
     if (creation.folder)
-        return Store(main, wanted.key, *creation.folder);
+        return Store(main.settings, wanted.key, *creation.folder);
     if (creation.answer != Answer::Cancel)
         return SearchOrChoose(main, current, wanted);
-    Tell(main, kGivenUp);
+    Tell(main.ui, kGivenUp);
     return current;
 }
 
@@ -129,7 +130,7 @@ std::optional<fs::path> SearchFile(MainModule& main, fs::path& folder, const Fil
     if (!found)
         main.drives.Leave(); // no further search is offered in this run
     if (found && HoldsFile(found->parent_path(), wanted.markerFile))
-        folder = Store(main, wanted.key, found->parent_path());
+        folder = Store(main.settings, wanted.key, found->parent_path());
     return found;
 }
 

@@ -19,7 +19,7 @@ void ChooseStore(MainModule& main) {
     if (moved != MoveResult::NothingThere)
         ForgetMissingPrinter(main.settings, main.printers);
     if (moved == MoveResult::PartlyFailed)
-        Tell(main,
+        Tell(main.ui,
              "Not all settings of the older installation could be moved. When the cause is mended, they can be had "
              "with Tools > Options ... > Import old settings.",
              Icon::Exclamation);
@@ -33,7 +33,7 @@ LoadOutcome LoadPrinter(MainModule& main) {
         return LoadOutcome::Loaded;
     const auto printer = main.printers.DefaultPrinter();
     if (!printer) {
-        Tell(main,
+        Tell(main.ui,
              "You must first install a default printer before you can use this application.\r\n"
              "The execution of this application will be aborted.",
              Icon::Critical);

@@ -17,9 +17,9 @@ constexpr const char* kNotFinished = "Could not finish process";
 
 /// Runs `work`; an error is shown with its cause first, then `announcement`.
 template <typename Work> bool Attempted(MainModule& main, const char* place, const char* announcement, Work work) {
-    main.document.FileError = !Trapped(main, place, work);
+    main.document.FileError = !Trapped(main.ui, place, work);
     if (main.document.FileError)
-        Tell(main, announcement);
+        Tell(main.ui, announcement);
     return !main.document.FileError;
 }
 
@@ -47,7 +47,7 @@ Imported ImportSheet(MainModule& main, const std::filesystem::path& path, Workbo
     if (!Attempted(main, kAskPlace, "Could not finish the process",
                    [&] { firstCell = ReadFirstCell(workbook, sheet); }))
         return OpenOutcome::Failed;
-    if (!AnnounceVersion(main, path, firstCell))
+    if (!AnnounceVersion(main.ui, path, firstCell))
         return ImportRows(main, workbook, sheet);
     return ReadToLoad(main, [&] { return ReadWorksheet(workbook, sheet, {}); });
 }
@@ -68,15 +68,15 @@ Worksheet ReadList(const std::string& text, const ImportChoice& choice) {
 
 } // namespace
 
-bool AnnounceVersion(MainModule& main, const std::filesystem::path& path, const std::string& firstText) {
+bool AnnounceVersion(UserInterface& ui, const std::filesystem::path& path, const std::string& firstText) {
     const std::string file = "The file: [" + PathText(path) + "] is ";
     if (TestVersion8(firstText))
         return true;
     if (TestVersion7(firstText)) {
-        Tell(main, file + "an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
+        Tell(ui, file + "an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
         return true;
     }
-    Tell(main, file + "not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
+    Tell(ui, file + "not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
     return AnnouncesHeader(firstText);
 }
 
@@ -86,7 +86,7 @@ Imported ReadOwnFile(MainModule& main, const std::filesystem::path& path) {
 
 Imported ImportWorkbook(MainModule& main, const std::filesystem::path& path) {
     if (!main.spreadsheets.CanRead(WorkbookFormatOf(path).value_or(WorkbookFormat::Xls))) {
-        TellNoSpreadsheets(main);
+        TellNoSpreadsheets(main.ui);
         return OpenOutcome::Failed;
     }
     std::unique_ptr<Workbook> ExcelWorkbook;
@@ -97,7 +97,7 @@ Imported ImportWorkbook(MainModule& main, const std::filesystem::path& path) {
         return OpenOutcome::Failed;
     const std::string SelectedSheet = main.dialogs->SelectSheet(ExcelWorkbook->SheetNames());
     if (SelectedSheet.empty()) {
-        Tell(main, "You have not selected a work sheet to import", Icon::Critical);
+        Tell(main.ui, "You have not selected a work sheet to import", Icon::Critical);
         return OpenOutcome::Cancelled;
     }
     return ImportSheet(main, path, *ExcelWorkbook, SelectedSheet);

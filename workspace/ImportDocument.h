@@ -17,7 +17,7 @@ enum class OpenOutcome { Opened, Failed, Cancelled, NoPrinter };
 using Imported = std::variant<OpenOutcome, TabFile, Worksheet>;
 
 /// Says what the file is unless it is of version 8. False for what has no header either.
-bool AnnounceVersion(MainModule& main, const std::filesystem::path& path, const std::string& firstText);
+bool AnnounceVersion(UserInterface& ui, const std::filesystem::path& path, const std::string& firstText);
 
 /// Reads a tab file.
 Imported ReadOwnFile(MainModule& main, const std::filesystem::path& path);

@@ -23,7 +23,7 @@ template <typename Source> LoadOutcome Load(MainModule& main, const Source& sour
     if (document.TabCount > 0)
         LoadRows(source, document, main.ui);
     else
-        Tell(main, "There are no information to import.");
+        Tell(main.ui, "There are no information to import.");
     document.FileEncoding = source.encoding;
     ApplyTabType(main);
     return LoadOutcome::Loaded;

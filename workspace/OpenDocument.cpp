@@ -69,14 +69,14 @@ OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& i
         return outcome == LoadOutcome::Loaded ? OpenOutcome::Opened : OpenOutcome::NoPrinter;
     } catch (const OverflowError& error) {
         if (foreign)
-            TellMostPages(main, tabsPerPage);
+            TellMostPages(main.ui, tabsPerPage);
         else
-            ReportError(main, error.what(), kLoadPlace);
+            ReportError(main.ui, error.what(), kLoadPlace);
     } catch (const std::exception& error) {
-        ReportError(main, error.what(), kLoadPlace);
+        ReportError(main.ui, error.what(), kLoadPlace);
     }
     main.document.FileError = true;
-    Tell(main, "Could not finish process");
+    Tell(main.ui, "Could not finish process");
     return OpenOutcome::Failed;
 }
 
@@ -84,7 +84,7 @@ OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& i
 bool MayReplaceDocument(MainModule& main) {
     if (main.document.DocFileName.empty())
         return true;
-    const Answer answer = AskToSave(main);
+    const Answer answer = AskToSave(main.ui);
     if (answer == Answer::Yes)
         return SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved;
     return answer == Answer::No;
@@ -95,10 +95,10 @@ Imported ImportText(MainModule& main, const std::filesystem::path& path) {
     try {
         firstLine = ReadFirstLine(path);
     } catch (const FileAccessError&) {
-        Tell(main, "Could not finish the process");
+        Tell(main.ui, "Could not finish the process");
         return OpenOutcome::Failed;
     }
-    return AnnounceVersion(main, path, firstLine) ? ReadOwnFile(main, path) : ImportList(main, path);
+    return AnnounceVersion(main.ui, path, firstLine) ? ReadOwnFile(main, path) : ImportList(main, path);
 }
 
 Imported Import(MainModule& main, const std::filesystem::path& path) {
@@ -110,7 +110,7 @@ OpenOutcome Open(MainModule& main, const std::filesystem::path& path,
                  Imported (*read)(MainModule&, const std::filesystem::path&)) {
     if (!FileExists(path)) {
         main.document.FileError = true;
-        Tell(main, "Could not load the following file [" + PathText(path) + "]", Icon::Critical);
+        Tell(main.ui, "Could not load the following file [" + PathText(path) + "]", Icon::Critical);
         return OpenOutcome::Failed;
     }
     const FoundFile file{path};
@@ -122,7 +122,7 @@ OpenOutcome Open(MainModule& main, const std::filesystem::path& path,
 OpenOutcome OpenTrapped(MainModule& main, const std::filesystem::path& path,
                         Imported (*read)(MainModule&, const std::filesystem::path&)) {
     OpenOutcome outcome = OpenOutcome::Failed;
-    Trapped(main, kOpenPlace, [&] { outcome = Open(main, path, read); });
+    Trapped(main.ui, kOpenPlace, [&] { outcome = Open(main, path, read); });
     return outcome;
 }
 
@@ -138,7 +138,7 @@ OpenOutcome AskAndOpen(MainModule& main, OpenKind kind) {
     if (!path)
         return OpenOutcome::Cancelled;
     if (!FileExists(*path)) {
-        Tell(main, "You have to select a valid file!");
+        Tell(main.ui, "You have to select a valid file!");
         return OpenOutcome::Failed;
     }
     return OpenPath(main, *path);
@@ -160,7 +160,7 @@ OpenOutcome OpenInstead(MainModule& main, const std::filesystem::path& path) {
 
 OpenOutcome OpenNewFile(MainModule& main, OpenKind kind) {
     OpenOutcome outcome = OpenOutcome::Failed;
-    Trapped(main, "Called form Function:OpenNewFile", [&] { outcome = AskAndOpen(main, kind); });
+    Trapped(main.ui, "Called form Function:OpenNewFile", [&] { outcome = AskAndOpen(main, kind); });
     return outcome;
 }
 

@@ -19,8 +19,8 @@ void ShowPage(MainModule& main, std::int16_t page) {
 }
 
 /// A question whose safe answer is the default.
-bool Confirms(MainModule& main, const char* question) {
-    return Ask(main, question, Buttons::YesNo, Answer::No) == Answer::Yes;
+bool Confirms(UserInterface& ui, const char* question) {
+    return Ask(ui, question, Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
 void AppendPage(TabDocument& document) {
@@ -79,7 +79,7 @@ void LastPage(MainModule& main) {
 void NextPage(MainModule& main) {
     if (main.document.CurrentPage != main.document.NoOfPages)
         ShowPage(main, Add16(main.document.CurrentPage, 1));
-    else if (Confirms(main, "You are at the last page of this document.  Do you want to add a page?"))
+    else if (Confirms(main.ui, "You are at the last page of this document.  Do you want to add a page?"))
         AddPage(main);
 }
 
@@ -88,28 +88,28 @@ void PreviousPage(MainModule& main) {
         ShowPage(main, Add16(main.document.CurrentPage, -1));
 }
 
-void TellMostPages(MainModule& main, std::int16_t tabsPerPage) {
-    main.ui.Beep();
-    Tell(main, "The maximum number of pages for this type on label is:" + std::to_string(kMostTabs / tabsPerPage));
+void TellMostPages(UserInterface& ui, std::int16_t tabsPerPage) {
+    ui.Beep();
+    Tell(ui, "The maximum number of pages for this type on label is:" + std::to_string(kMostTabs / tabsPerPage));
 }
 
 void AddPage(MainModule& main) {
     TabDocument& document = main.document;
     if (document.NoOfPages * document.setup.TabsPerPage >= kMostTabs) {
-        TellMostPages(main, document.setup.TabsPerPage);
+        TellMostPages(main.ui, document.setup.TabsPerPage);
         return;
     }
     TakePageBack(main);
     const UndoStep step(main.history, main.State(), "New Page");
-    if (Trapped(main, "Called from Sub: AddPage", [&] { AppendPage(document); }))
+    if (Trapped(main.ui, "Called from Sub: AddPage", [&] { AppendPage(document); }))
         ShowChangedPages(main);
 }
 
 void DeletePage(MainModule& main) {
     TabDocument& document = main.document;
     if (document.NoOfPages == 1)
-        return Tell(main, "You can not delete the only page in this document.");
-    if (main.globals.AskBeforeDelete && !Confirms(main, "Do you want to delete the current page?"))
+        return Tell(main.ui, "You can not delete the only page in this document.");
+    if (main.globals.AskBeforeDelete && !Confirms(main.ui, "Do you want to delete the current page?"))
         return;
     TakePageBack(main);
     KeepRecoveryCopy(main);
@@ -124,7 +124,7 @@ void DeletePage(MainModule& main) {
 void CleanLabels(MainModule& main) {
     TabDocument& document = main.document;
     if (document.TabCount == 0)
-        return Tell(main, "No Tabs to clean.");
+        return Tell(main.ui, "No Tabs to clean.");
     TakePageBack(main);
     KeepRecoveryCopy(main);
     const UndoStep step(main.history, main.State(), "Delete Empty Tabs");

@@ -16,7 +16,7 @@ void PreviousPage(MainModule& main);
 /// changes.
 void AddPage(MainModule& main);
 /// Says how many pages of that many tabs a document holds at most.
-void TellMostPages(MainModule& main, std::int16_t tabsPerPage);
+void TellMostPages(UserInterface& ui, std::int16_t tabsPerPage);
 /// Removes the current page, after a question where the configuration asks for one, and shows the page before it. The
 /// only page stays.
 void DeletePage(MainModule& main);

@@ -52,14 +52,14 @@ Block TakeApart(const TabDocument& document, TabBox from, std::string_view text)
     return block;
 }
 
-bool Agrees(MainModule& main, const Block& block) {
+bool Agrees(UserInterface& ui, const Block& block) {
     std::string text;
     if (block.leftOut > 0)
         text +=
             "Texts without a tab or field to go to, which will be left out: " + std::to_string(block.leftOut) + "\r\n";
     if (block.cut > 0)
         text += "Texts over the length of their field, which will be cut: " + std::to_string(block.cut) + "\r\n";
-    return text.empty() || Ask(main, text + "Do you want to paste the rest?", Buttons::YesNo) == Answer::Yes;
+    return text.empty() || Ask(ui, text + "Do you want to paste the rest?", Buttons::YesNo) == Answer::Yes;
 }
 
 } // namespace
@@ -78,7 +78,7 @@ bool IsBlock(std::string_view text) {
 void PasteBlock(MainModule& main, TabBox from, std::string_view text) {
     TakePageBack(main);
     const Block block = TakeApart(main.document, from, text);
-    if (!Agrees(main, block))
+    if (!Agrees(main.ui, block))
         return;
     KeepRecoveryCopy(main);
     const UndoStep step(main.history, main.State(), "Paste");

@@ -13,14 +13,14 @@ void KeepRecoveryCopy(MainModule& main) {
         main.recovery.Keep(main.document, main.settings);
     } catch (const std::exception& error) {
         if (main.recovery.IsFirstFailure())
-            ReportError(main, error.what(), "Called from Sub: KeepRecoveryCopy");
+            ReportError(main.ui, error.what(), "Called from Sub: KeepRecoveryCopy");
     }
 }
 
 std::optional<std::filesystem::path> ArchiveDocument(MainModule& main) {
     TakePageBack(main);
     std::optional<std::filesystem::path> copy;
-    Trapped(main, "Called from Sub: ArchiveDocument",
+    Trapped(main.ui, "Called from Sub: ArchiveDocument",
             [&] { copy = main.recovery.Archive(main.document, main.settings); });
     return copy;
 }

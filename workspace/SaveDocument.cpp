@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Validate.h"
+#include "base/Version.h"
 #include "document/Worksheet.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
@@ -54,27 +55,27 @@ std::optional<FileAccessError> TryWrite(MainModule& main, const fs::path& path, 
     }
 }
 
-bool WantsRetry(MainModule& main, const fs::path& path, const FileAccessError& error) {
-    return main.ui.Show({"The application encountered the following error when it attempted to save the following "
-                         "file: [" +
-                             PathText(path) + "]\r\nError Nommer:" + std::to_string(error.Number()) +
-                             "\r\nError Description:" + error.Cause(),
-                         main.settings.SettingsAppName, Icon::Critical, Buttons::RetryCancel}) == Answer::Retry;
+bool WantsRetry(UserInterface& ui, const fs::path& path, const FileAccessError& error) {
+    return ui.Show({"The application encountered the following error when it attempted to save the following "
+                    "file: [" +
+                        PathText(path) + "]\r\nError Nommer:" + std::to_string(error.Number()) +
+                        "\r\nError Description:" + error.Cause(),
+                    kProgramName, Icon::Critical, Buttons::RetryCancel}) == Answer::Retry;
 }
 
 /// False when the person gave up.
 bool WriteWithRetries(MainModule& main, const fs::path& path, FileHeader header) {
     for (;;) {
         const auto error = TryWrite(main, path, header);
-        if (error && !WantsRetry(main, path, *error)) {
-            Tell(main, "File was NOT saved succesfully!");
+        if (error && !WantsRetry(main.ui, path, *error)) {
+            Tell(main.ui, "File was NOT saved succesfully!");
             return false;
         }
         if (error)
             continue;
         if (FileExists(path))
             return true;
-        if (Ask(main, "The file was not saved.  Do you want to retry?", Buttons::YesNo) != Answer::Yes)
+        if (Ask(main.ui, "The file was not saved.  Do you want to retry?", Buttons::YesNo) != Answer::Yes)
             return false;
     }
 }
@@ -85,14 +86,14 @@ void RememberFolder(MainModule& main, const fs::path& path) {
 }
 
 /// False for a file that the system does not let us replace, which is said.
-bool CanReplace(MainModule& main, const fs::path& path) {
+bool CanReplace(UserInterface& ui, const fs::path& path) {
     if (!FileExists(path))
         return true;
     try {
         AtomicFile probe(path);
         return true;
     } catch (const FileAccessError&) {
-        Tell(main,
+        Tell(ui,
              "You can not overwrite the following file [" + PathText(path) +
                  "]\r\nThe file may be open or you may not have permission to overwrite it.  Please select a new "
                  "file name.",
@@ -117,9 +118,9 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
     return SaveOutcome::Saved;
 }
 
-bool CanWrite(MainModule& main, const fs::path& path) {
+bool CanWrite(SpreadsheetApplication& spreadsheets, const fs::path& path) {
     const auto format = WorkbookFormatOf(path);
-    return !format || main.spreadsheets.CanWrite(*format);
+    return !format || spreadsheets.CanWrite(*format);
 }
 
 FileRequest RequestFor(MainModule& main, SaveKind kind) {
@@ -135,13 +136,13 @@ FileRequest RequestFor(MainModule& main, SaveKind kind) {
 std::optional<fs::path> AskForPath(MainModule& main, SaveKind kind) {
     for (;;) {
         auto path = main.ui.ChooseFile(RequestFor(main, kind));
-        if (path && !CanWrite(main, *path))
-            Tell(main,
+        if (path && !CanWrite(main.spreadsheets, *path))
+            Tell(main.ui,
                  "Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or "
                  ".xlsx.");
         else if (path && kind == SaveKind::Export && IsSameFile(*path, main.document.DocFileName))
-            Tell(main, "An export is a copy without the document's settings.  Please select another file name.");
-        else if (!path || (MayOverwrite(main, *path) && CanReplace(main, *path)))
+            Tell(main.ui, "An export is a copy without the document's settings.  Please select another file name.");
+        else if (!path || (MayOverwrite(main.ui, *path) && CanReplace(main.ui, *path)))
             return path;
     }
 }
@@ -153,7 +154,7 @@ SaveOutcome AskAndSave(MainModule& main, SaveKind kind) {
     const bool exists = FileExists(*path);
     const SaveOutcome outcome = SaveUnder(main, *path, kind);
     if (outcome == SaveOutcome::Saved && exists) // kept: a new file is saved without a word
-        Tell(main, "File saved successfully");
+        Tell(main.ui, "File saved successfully");
     if (outcome == SaveOutcome::Saved)
         RememberFolder(main, *path);
     return outcome;
@@ -164,7 +165,7 @@ bool MayReplaceChangedFile(MainModule& main) {
     const TabDocument& document = main.document;
     const auto now = StampOf(document.DocFileName);
     return !now || !document.Stamp || now == document.Stamp ||
-           Ask(main,
+           Ask(main.ui,
                "Another program has changed the following file since it was opened.\r\n[" +
                    PathText(document.DocFileName) + "]\r\nDo you want to overwrite it?",
                Buttons::YesNo, Answer::No) == Answer::Yes;
@@ -172,14 +173,14 @@ bool MayReplaceChangedFile(MainModule& main) {
 
 SaveOutcome Save(MainModule& main, SaveKind kind) {
     const TabDocument& document = main.document;
-    const bool named = !document.DocFileName.empty() && CanWrite(main, document.DocFileName);
-    if (kind != SaveKind::Save || !named || (document.Foreign && !MayOverwrite(main, document.DocFileName)))
+    const bool named = !document.DocFileName.empty() && CanWrite(main.spreadsheets, document.DocFileName);
+    if (kind != SaveKind::Save || !named || (document.Foreign && !MayOverwrite(main.ui, document.DocFileName)))
         return AskAndSave(main, kind);
     if (!MayReplaceChangedFile(main))
         return SaveOutcome::Cancelled;
     const SaveOutcome outcome = SaveUnder(main, document.DocFileName, kind);
     if (outcome == SaveOutcome::Saved)
-        Tell(main, "File saved successfully");
+        Tell(main.ui, "File saved successfully");
     return outcome;
 }
 
@@ -195,27 +196,27 @@ void WarnOfCommas(MainModule& main) {
         return;
     if (count > kTabsNamed)
         named += " and " + std::to_string(count - kTabsNamed) + " more";
-    Tell(main, "These tabs hold commas: " + named +
-                   ".\r\nA comma separates the fields in the file. When it is opened again, the text after a comma "
-                   "moves into the next field.");
+    Tell(main.ui, "These tabs hold commas: " + named +
+                      ".\r\nA comma separates the fields in the file. When it is opened again, the text after a comma "
+                      "moves into the next field.");
 }
 
 void SaveFile(MainModule& main, const fs::path& path, FileHeader header) {
     main.document.FileError = true;
-    Trapped(main, "Called form Sub:SaveFile", [&] {
+    Trapped(main.ui, "Called form Sub:SaveFile", [&] {
         if (!WorkbookFormatOf(path))
             WarnOfCommas(main);
         main.document.FileError = !WriteWithRetries(main, path, header);
     });
     if (main.document.FileError)
-        Tell(main, "Could not finish process");
+        Tell(main.ui, "Could not finish process");
 }
 
 SaveOutcome SaveLabels(MainModule& main, SaveKind kind) {
     if (kind == SaveKind::Export && main.document.setup.TabsPerPage == 0)
         return SaveOutcome::Cancelled; // there are no pages yet
     SaveOutcome outcome = SaveOutcome::Failed;
-    Trapped(main, "Called form Sub:SaveLabels", [&] {
+    Trapped(main.ui, "Called form Sub:SaveLabels", [&] {
         TakePageBack(main);
         outcome = Save(main, kind);
         ShowCaption(main);

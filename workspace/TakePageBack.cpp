@@ -17,7 +17,7 @@ void TakeTexts(TabDocument& document, const std::vector<TabTexts>& texts, std::i
 } // namespace
 
 void SaveLabel(MainModule& main, std::int16_t page, std::int16_t tabsPerPage) {
-    Trapped(main, "Called form Function:SaveLabel",
+    Trapped(main.ui, "Called form Function:SaveLabel",
             [&] { TakeTexts(main.document, main.editor->ShownTexts(), page, tabsPerPage); });
 }
 

@@ -45,7 +45,7 @@ bool HelpDesk::eventFilter(QObject* watched, QEvent* event) {
                         (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1);
     if (!wanted || !watched->isWidgetType())
         return QObject::eventFilter(watched, event);
-    Trapped(main_, "Called from Sub: mnuOptTabHelp", [&] { ShowFor(*static_cast<QWidget*>(watched)); });
+    Trapped(main_.ui, "Called from Sub: mnuOptTabHelp", [&] { ShowFor(*static_cast<QWidget*>(watched)); });
     return true;
 }
 

@@ -25,17 +25,17 @@ std::function<void(std::int32_t)> TestPagePrinter(Program& program) {
 } // namespace
 
 void ShowPrinterSetup(Program& program, QWidget* parent) {
-    Trapped(program.main, "Called from Sub: frmAutoPrtWiz1",
+    Trapped(program.main.ui, "Called from Sub: frmAutoPrtWiz1",
             [&] { RunPrinterWizard(program.main, TestPagePrinter(program), parent); });
 }
 
 void ShowMarginSetup(Program& program, QWidget* parent) {
-    Trapped(program.main, "Called from Sub: frmFix3", [&] { frmFix3(program.print, parent).exec(); });
+    Trapped(program.main.ui, "Called from Sub: frmFix3", [&] { frmFix3(program.print, parent).exec(); });
 }
 
 LoadOutcome ShowPageSetup(Program& program, QWidget* parent) {
     LoadOutcome outcome = LoadOutcome::Loaded;
-    Trapped(program.main, "Called from Sub: frmPageSetUp",
+    Trapped(program.main.ui, "Called from Sub: frmPageSetUp",
             [&] { outcome = frmPageSetUp(program.main, TestPagePrinter(program), parent).Run(); });
     return outcome;
 }

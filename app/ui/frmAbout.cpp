@@ -86,7 +86,7 @@ QLayout* frmAbout::BuildButtons() {
     sysInfo->setObjectName("cmdSysInfo");
     sysInfo->setAutoDefault(false);
     connect(sysInfo, &QPushButton::clicked, this, [this] {
-        Trapped(program_.main, "Called from Sub: StartSysInfo",
+        Trapped(program_.main.ui, "Called from Sub: StartSysInfo",
                 [&] { StartSysInfo(program_.main, *program_.desktop); });
     });
     auto* ok = new QPushButton(tr("OK"));

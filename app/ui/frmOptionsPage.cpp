@@ -62,7 +62,7 @@ void frmOptionsPage::BuildUi() {
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(reset, &QPushButton::clicked, this, &frmOptionsPage::Reset);
     connect(import, &QPushButton::clicked, this, [this] {
-        Trapped(main_, "Called from Sub: cmdImportSettings", [&] { ImportOldSettings(main_); });
+        Trapped(main_.ui, "Called from Sub: cmdImportSettings", [&] { ImportOldSettings(main_); });
         ShowGlobals();
     });
 }
@@ -76,13 +76,14 @@ void frmOptionsPage::ShowGlobals() {
 void frmOptionsPage::Reset() {
     chkAskBeforeDelete_->setChecked(true);
     chkStartWithSetup_->setChecked(true);
-    Trapped(main_, "Called from Sub: Command1", [&] { lostPrinter_ = ResetOptions(main_) == LoadOutcome::NoPrinter; });
+    Trapped(main_.ui, "Called from Sub: Command1",
+            [&] { lostPrinter_ = ResetOptions(main_) == LoadOutcome::NoPrinter; });
     if (lostPrinter_)
         reject();
 }
 
 void frmOptionsPage::Save() {
-    Trapped(main_, "Called from Sub: cmdOk",
+    Trapped(main_.ui, "Called from Sub: cmdOk",
             [&] { SaveOptions(main_, chkAskBeforeDelete_->isChecked(), chkStartWithSetup_->isChecked()); });
     accept();
 }
@@ -92,7 +93,7 @@ void frmOptionsPage::showEvent(QShowEvent* event) {
     PlacedDialog::showEvent(event);
     if (event->spontaneous())
         return;
-    Trapped(main_, "Called from Sub: frmOptionsPage", [&] {
+    Trapped(main_.ui, "Called from Sub: frmOptionsPage", [&] {
         RefreshDocumentStatus(main_);
         lostPrinter_ = LoadGlobals(main_) == LoadOutcome::NoPrinter;
     });

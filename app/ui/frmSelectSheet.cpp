@@ -68,7 +68,7 @@ void frmSelectSheet::changeEvent(QEvent* event) {
 }
 
 void frmSelectSheet::AskForSheet() {
-    Tell(main_, "Please select the sheet to import", Icon::Question);
+    Tell(main_.ui, "Please select the sheet to import", Icon::Question);
 }
 
 } // namespace velmora

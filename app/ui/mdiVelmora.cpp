@@ -124,7 +124,7 @@ void mdiVelmora::AddRecentFiles(QMenu* menu) {
 }
 
 void mdiVelmora::OpenAnother(const std::filesystem::path& path) {
-    Trapped(program_.main, "Called from Sub: mnuRecent", [&] {
+    Trapped(program_.main.ui, "Called from Sub: mnuRecent", [&] {
         if (OpenInstead(program_.main, path) == OpenOutcome::NoPrinter)
             QApplication::exit();
     });
@@ -147,7 +147,7 @@ void mdiVelmora::AddRecovered(QMenu* menu) {
 }
 
 void mdiVelmora::Restore(const RecoveredDocument& document) {
-    Trapped(program_.main, "Called from Sub: mnuRecover", [&] { RestoreCommand(program_.main, document); });
+    Trapped(program_.main.ui, "Called from Sub: mnuRecover", [&] { RestoreCommand(program_.main, document); });
 }
 
 /// While the menu is open, commands that could do nothing are grey; their shortcuts work whenever they can.
@@ -185,7 +185,7 @@ QAction* mdiVelmora::MakeAction(const MenuItem& item) {
     action->setShortcuts(ShortcutsLike(QKeySequence(item.shortcut)));
     action->setEnabled(item.command != nullptr);
     connect(action, &QAction::triggered, this, [this, item] {
-        Trapped(program_.main, std::string("Called from Sub: ") + item.name, [&] {
+        Trapped(program_.main.ui, std::string("Called from Sub: ") + item.name, [&] {
             CommandContext context{program_, *this};
             item.command(context);
         });
@@ -273,7 +273,7 @@ void mdiVelmora::dropEvent(QDropEvent* event) {
 
 void mdiVelmora::closeEvent(QCloseEvent* event) {
     event->ignore(); // also after an error
-    Trapped(program_.main, "Called from Sub: mnuExit", [&] { event->setAccepted(CloseCommand(program_.main)); });
+    Trapped(program_.main.ui, "Called from Sub: mnuExit", [&] { event->setAccepted(CloseCommand(program_.main)); });
     if (!event->isAccepted())
         return;
     keepTimer_.stop();

@@ -26,7 +26,7 @@ frmFind::frmFind(MainModule& main, QWidget* parent)
     setWindowTitle(tr("Find and Replace"));
     BuildUi();
     const auto run = [this](void (frmFind::*work)()) {
-        Trapped(main_, "Called from Sub: frmFind", [&] { (this->*work)(); });
+        Trapped(main_.ui, "Called from Sub: frmFind", [&] { (this->*work)(); });
     };
     connect(cmdFindNext_, &QPushButton::clicked, this, [run] { run(&frmFind::FindNext); });
     connect(cmdReplace_, &QPushButton::clicked, this, [run] { run(&frmFind::Replace); });

@@ -47,8 +47,9 @@ public:
     }
 
     bool Cancel() override {
-        return !run_.chosen || Ask(run_.main, "Do you want to leave the wizard without keeping what you have chosen?",
-                                   Buttons::YesNo) == Answer::Yes;
+        return !run_.chosen ||
+               Ask(run_.main.ui, "Do you want to leave the wizard without keeping what you have chosen?",
+                   Buttons::YesNo) == Answer::Yes;
     }
     void Finish() override {
         if (run_.wizard.Finish())
@@ -204,7 +205,8 @@ frmAutoPrtWiz3::frmAutoPrtWiz3(Run& run)
     AddText(Translated("Put one sheet of the stationery into the printer and print the test page: one sheet with a "
                        "text on every tab."));
     connect(AddButton("cmdTestPage", Translated("Print &Test Page")), &QPushButton::clicked, this, [this] {
-        Trapped(run_.main, "Called from Sub: cmdTestPage", [this] { run_.wizard.PrintTestPage(run_.printTestPage); });
+        Trapped(run_.main.ui, "Called from Sub: cmdTestPage",
+                [this] { run_.wizard.PrintTestPage(run_.printTestPage); });
     });
     AddText(Translated("Where the texts are shifted only a little, finish the wizard and set the margins with File > "
                        "Margin Setup."));

@@ -13,14 +13,14 @@ namespace velmora {
 namespace {
 
 /// Yes and No give their advice; Escape gives none.
-void BuildQuestion(QDialog& dialog, MainModule& main, const char* question) {
+void BuildQuestion(QDialog& dialog, UserInterface& ui, const char* question) {
     dialog.setWindowTitle(QObject::tr("Printer Setup"));
     auto* buttons = new QDialogButtonBox;
     const auto addButton = [&](QDialogButtonBox::StandardButton which, const char* name, bool othersPrint) {
         QObject::connect(Named(buttons->addButton(which), name), &QPushButton::clicked, &dialog,
-                         [&dialog, &main, othersPrint] {
+                         [&dialog, &ui, othersPrint] {
                              dialog.accept();
-                             TellPrinterAdvice(main, othersPrint);
+                             TellPrinterAdvice(ui, othersPrint);
                          });
     };
     addButton(QDialogButtonBox::Yes, "cmdYes", true);
@@ -35,12 +35,12 @@ void BuildQuestion(QDialog& dialog, MainModule& main, const char* question) {
 
 frmFix1::frmFix1(MainModule& main, QWidget* parent) : PlacedDialog(main.settings, "fix1", parent) {
     setObjectName("frmFix1");
-    BuildQuestion(*this, main, kFix1Question);
+    BuildQuestion(*this, main.ui, kFix1Question);
 }
 
 frmFix2::frmFix2(MainModule& main, QWidget* parent) : PlacedDialog(main.settings, "fix2", parent) {
     setObjectName("frmFix2");
-    BuildQuestion(*this, main, kFix2Question);
+    BuildQuestion(*this, main.ui, kFix2Question);
 }
 
 } // namespace velmora

@@ -177,7 +177,7 @@ void frmFix3::BuildUi(const Sheet& sheet) {
         ShowMargins();
     });
     connect(cmdSaveDefaults, &QPushButton::clicked, this, [this] {
-        Trapped(print_.main, "Called from Sub: cmdSaveDefaults", [this] { calibration_.SaveDefaults(); });
+        Trapped(print_.main.ui, "Called from Sub: cmdSaveDefaults", [this] { calibration_.SaveDefaults(); });
     });
     connect(cmdCalibrationSheet, &QPushButton::clicked, this, [this] { PrintCalibrationSheet(print_); });
 }
@@ -188,7 +188,7 @@ void frmFix3::ShowMargins() {
 }
 
 void frmFix3::Ok() {
-    if (Trapped(print_.main, "Called from Sub: cmdOk", [this] { calibration_.Ok(); }))
+    if (Trapped(print_.main.ui, "Called from Sub: cmdOk", [this] { calibration_.Ok(); }))
         accept();
 }
 

@@ -109,7 +109,7 @@ void frmPageSetUp::BuildUi() {
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(this, &QDialog::rejected, this, [this] { setup_.Cancel(); });
     connect(this, &QDialog::accepted, this,
-            [this] { Trapped(main_, "Called from Sub: cmdOk", [this] { setup_.Ok(); }); });
+            [this] { Trapped(main_.ui, "Called from Sub: cmdOk", [this] { setup_.Ok(); }); });
 }
 
 LoadOutcome frmPageSetUp::Run() {
@@ -147,7 +147,7 @@ void frmPageSetUp::ShowFields() {
 /// The wizard may have changed the document.
 void frmPageSetUp::OpenPrinterWizard() {
     bool open = false;
-    Trapped(main_, "Called from Sub: cmdPrtWiz", [&] {
+    Trapped(main_.ui, "Called from Sub: cmdPrtWiz", [&] {
         RunPrinterWizard(main_, printTestPage_, this);
         open = Open();
     });

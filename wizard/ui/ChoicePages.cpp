@@ -62,12 +62,12 @@ void frmAutoRepWiz2::Typed() {
     SetButton(WizardButton::Next, !message);
     lblPlace_->setText(message ? "" : QString::fromStdString(PlaceOfNewTabs(Main().document, ToInt32(ToDouble(text)))));
     if (message && !text.empty())
-        Tell(Main(), *message);
+        Tell(Main().ui, *message);
 }
 
 void frmAutoRepWiz2::Next() {
     if (const auto message = ConfirmCount(State(), txtNoOfPages_->text().toStdString()))
-        return Tell(Main(), *message);
+        return Tell(Main().ui, *message);
     Wizard().Go(WizardPage::Chooser);
 }
 
@@ -100,7 +100,7 @@ QPushButton* frmAutoRepWiz2a::MakeFieldButton(int fieldNo) {
         firstDue_ = button;
     button->setAccessibleDescription(done ? tr("done") : QString());
     connect(button, &QPushButton::clicked, this, [this, fieldNo] {
-        Trapped(Main(), "Called from Sub: frmAutoRepWiz2a", [&] {
+        Trapped(Main().ui, "Called from Sub: frmAutoRepWiz2a", [&] {
             ChooseField(State(), Main().document, fieldNo);
             Wizard().Go(WizardPage::Type);
         });

@@ -203,7 +203,7 @@ void frmAutoRepWiz6a::Ticked() {
 
 void frmAutoRepWiz6a::Next() {
     if (const auto message = FillNames(State(), Ticks()))
-        return Tell(Main(), *message, Icon::Critical);
+        return Tell(Main().ui, *message, Icon::Critical);
     GoOn();
 }
 
