@@ -196,7 +196,6 @@ UndoHistory::~UndoHistory() = default;
 void UndoHistory::Type(TabDocument& document, TabBox box, const std::string& text) {
     std::string& held = document.Field(box.field)(box.tab);
     if (open_ || mostBytes_ == 0) { // a step that is open records this with the rest
-        document.DocChanged = document.DocChanged || held != text;
         held = text;
         return;
     }
