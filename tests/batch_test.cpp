@@ -316,6 +316,13 @@ TEST_F(BatchTest, SettingsAreReadAndChangedInTheFileNamed) {
     EXPECT_EQ(Batch("settings --ini other.ini keys Paths").output, "Lables=/tabs/\nImages=/images/\n");
     EXPECT_EQ(Batch("settings --ini other.ini delete Paths Lables").code, 0);
     EXPECT_EQ(Batch("settings --ini other.ini sections").output, "Paths\n");
+    for (const auto& [change, cause] :
+         {std::pair("set Paths Images x", "File too large"), std::pair("delete Paths Images", "cannot be changed")}) {
+        const Result run = Shell("trap '' XFSZ; ulimit -f 0; cd '" + folder.Path().string() + "' && '" + VELMORA_BATCH +
+                                 "' settings --ini other.ini " + change); // not even the administrator can write
+        EXPECT_EQ(run.code, 1) << change;
+        EXPECT_NE(run.output.find(std::string("other.ini: ") + cause), std::string::npos) << run.output;
+    }
     EXPECT_EQ(ReadFile(folder / "other.ini"), "[Paths]\r\nImages=/images/\r\n");
     EXPECT_EQ(Batch("settings --ini none.ini sections").code, 1);
 }

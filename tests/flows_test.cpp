@@ -184,17 +184,23 @@ TEST_F(FlowsTest, AnIniFileThatCannotBeWrittenStopsNoWork) {
 }
 
 TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
-    ReplaceFile(Path("a.csv"), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
+    const std::string whole = "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n";
+    ReplaceFile(Path("a.csv"), whole);
     OpenFile(program.main, Path("a.csv"));
-    ReplaceFile(Path("a.csv"), "from elsewhere");
+    const auto opened = fs::last_write_time(Path("a.csv"));
     const auto ask = [&](Answer answer) {
         program.ui.Expect("Another program has changed the following file since it was opened.\r\n" + Named("a.csv") +
                               "\r\nDo you want to overwrite it?",
                           Icon::Question, Buttons::YesNo, answer, Answer::No);
     };
-    ask(Answer::No);
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Cancelled);
-    EXPECT_EQ(ReadFile(Path("a.csv")), "from elsewhere");
+    using Change = std::pair<std::string, std::chrono::seconds>; // what is written, and how much later
+    for (const auto& [bytes, later] : {Change{std::string(whole.size(), 'x'), 1}, Change{"from elsewhere", 0}}) {
+        ReplaceFile(Path("a.csv"), bytes);
+        fs::last_write_time(Path("a.csv"), opened + later);
+        ask(Answer::No);
+        EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Cancelled);
+        EXPECT_EQ(ReadFile(Path("a.csv")), bytes);
+    }
     ask(Answer::Yes);
     Tell("File saved successfully");
     EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
@@ -217,10 +223,17 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     EXPECT_TRUE(OfferRecovery(program.main));
     EXPECT_EQ(document.FieldA(1), "typed");
     EXPECT_TRUE(document.DocChanged);
-    NewCommand(program.main); // asks nothing, but keeps what it replaces
-    ASSERT_FALSE(recovery.List().empty());
-    EXPECT_TRUE(RestoreCommand(program.main, recovery.List().front()));
-    EXPECT_EQ(document.FieldA(1), "typed");
+    ReplaceFile(Path("other.csv"), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
+    const std::function<void()> newOne = [&] { NewCommand(program.main); };
+    const std::function<void()> open = [&] { OpenInstead(program.main, Path("other.csv")); };
+    for (const auto& [command, replace] : {std::pair("New", newOne), std::pair("Open", open)}) {
+        document.FieldA(1) = command;
+        replace(); // asks nothing, but keeps what it replaces
+        EXPECT_NE(document.FieldA(1), command);
+        ASSERT_FALSE(recovery.List().empty());
+        EXPECT_TRUE(RestoreCommand(program.main, recovery.List().front()));
+        EXPECT_EQ(document.FieldA(1), command);
+    }
     Ask(kSaveQuestion, Answer::No);
     EXPECT_TRUE(CloseCommand(program.main));
     recovery.Open(program.folder / "Recovery", now);
@@ -275,8 +288,8 @@ TEST_F(FlowsTest, ATabOfBlanksIsEmptyWhoeverAsks) {
         EXPECT_EQ(told, row.filled == 1);
         LayoutValues layout;
         rptVelmor report(layout);
-        report.InitArray("PRINT", document.TabCount, document.setup.RowsPerPage, document.setup.ColsPerPage, row.fields, false,
-                         document);
+        report.InitArray("PRINT", document.TabCount, document.setup.RowsPerPage, document.setup.ColsPerPage, row.fields,
+                         false, document);
         EXPECT_EQ(report.FilledSheets().size(), static_cast<std::size_t>(row.filled));
         const std::string content = RecoveryContent(document, program.settings);
         const std::string copy = RecoveryHead({}, 1, ContentSum(content)) + content;

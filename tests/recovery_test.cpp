@@ -4,6 +4,7 @@
 #include "tests/support/TestProgram.h"
 #include "workspace/Globals.h"
 #include "workspace/OpenDocument.h"
+#include "workspace/Pages.h"
 #include "workspace/Recovery.h"
 #include "workspace/RecoveryCopy.h"
 #include "workspace/RestoreDocument.h"
@@ -62,6 +63,13 @@ struct RecoveryTest : testing::Test {
     void Put(const std::string& name, const std::string& bytes) {
         fs::create_directory(folder);
         std::ofstream(folder / name, std::ios::binary) << bytes;
+    }
+    fs::path Live() {
+        std::error_code none;
+        for (const auto& entry : fs::directory_iterator(folder, none))
+            if (entry.path().extension() == ".recovery" && entry.path().filename().string().starts_with("Open-"))
+                return entry.path();
+        return {};
     }
     std::size_t Files() { return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {})); }
 };
@@ -146,9 +154,7 @@ TEST_F(RecoveryTest, AProgramThatWasKilledLeavesItsWorkAndARunningOneKeepsIt) {
 TEST_F(RecoveryTest, OnlyWhatChangedIsWritten) {
     const auto written = [&] {
         struct stat status {};
-        for (const auto& entry : fs::directory_iterator(folder))
-            if (entry.path().extension() == ".recovery")
-                ::stat(entry.path().c_str(), &status);
+        ::stat(Live().c_str(), &status);
         return status.st_ino;
     };
     Type("a");
@@ -166,6 +172,19 @@ TEST_F(RecoveryTest, OnlyWhatChangedIsWritten) {
     document.DocChanged = false;
     Keep();
     EXPECT_EQ(Files(), 0U) << "a saved document would be offered";
+}
+
+TEST_F(RecoveryTest, WhatLosesTabsIsKeptBefore) {
+    main.globals.AskBeforeDelete = false;
+    for (void (*lose)(MainModule&) : {DeletePage, CleanLabels}) {
+        AddPage(main);
+        Type("typed");
+        lose(main);
+        EXPECT_EQ(document.TabCount, 12);
+        ASSERT_FALSE(Live().empty());
+        EXPECT_EQ(ParseRecoveryCopy(ReadFile(Live()))->tabs, 24);
+        Keep();
+    }
 }
 
 TEST_F(RecoveryTest, TheLastTenAreListedWhateverTheClockSays) {

@@ -96,6 +96,12 @@ TEST_F(SetupTest, TheSetupIsCompleteWithAllFourSettings) {
         program.Store("Settings", key, before);
     }
     EXPECT_FALSE(MarginsReady(main));
+    for (const char* side : {"Left", "Top"}) {
+        const std::string key = std::string("Default ") + side + " Margin - A4_8";
+        program.Store("Margin Settings", key, "1");
+        EXPECT_FALSE(MarginsReady(main)) << "with nothing but " << side;
+        DeleteSetting(main.settings, "Margin Settings", key);
+    }
     StoreDefaults("A4_8", "1", "2");
     EXPECT_TRUE(MarginsReady(main));
 }
@@ -193,6 +199,12 @@ TEST_F(SetupTest, ADocumentThatDoesNotFitStaysAsItWas) {
     dialog.ChooseType(2);
     program.ui.Expect("Overflow\r\nCalled from Sub: ApplySetup", Icon::Critical);
     EXPECT_FALSE(dialog.Ok());
+    main.globals.PrinterName = "Gone";
+    PrinterWizard wizard(main); // with a printer that is here
+    wizard.ChooseType(2);
+    program.ui.Expect("Overflow\r\nCalled from Sub: ApplySetup", Icon::Critical);
+    EXPECT_FALSE(wizard.Finish());
+    EXPECT_EQ(main.globals.PrinterName + "," + program.Stored("Settings", "Printer"), "Gone,Gone");
     EXPECT_EQ(Setup(), before);
     EXPECT_EQ(program.Stored("Settings", "OptType"), "0");
     EXPECT_EQ(status.panels[1], "Tab Type: 8 rows, 3  Columns");

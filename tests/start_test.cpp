@@ -3,6 +3,7 @@
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "platform/Machine.h"
+#include "settings/RegistryMove.h"
 #include "setup/Margins.h"
 #include "tests/support/FewFonts.h"
 #include "tests/support/TestProgram.h"
@@ -172,6 +173,10 @@ TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
     test.registry.Set(key, "Images", std::string("C:\\Velmora\\Images\\"));
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
+    EXPECT_FALSE(HasOldSettings(test.settings));
+    test.registry.Set(key, "Application", std::string("C:\\Velmora\\"));
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_TRUE(HasOldSettings(test.settings)) << "moved only while there is no INI file";
 }
 
 /// The administrator may do everything: for a while, somebody else.

@@ -53,15 +53,16 @@ TEST_F(TabFileTest, AFileComesBackByteForByte) {
 }
 
 TEST_F(TabFileTest, TheFormatNormalisesWhatItDoesNotKnow) {
-    Open("version8 \nPrinter,DL,9,x\n,abc\nArial,x,?,False\nArial\n\na\rb,c\r\nd,e,f,g\n");
+    Open("version8 \nPrinter,DL,9,x\n,abc\nArial,x,?,False\nArial\n\n\na\rb,c\r\nd,e,f,g\n");
     const std::string bytes = Bytes();
     EXPECT_EQ(bytes.substr(0, bytes.find("a,,")), "Version 8\r\nPrinter,A4,0,3\r\n0,0\r\n"
                                                   "Arial,10,False,False,False,0,1\r\n"
                                                   "Arial,10,False,False,False,0,1\r\n"
-                                                  "Arial,10,False,False,False,1,1\r\n");
+                                                  "Arial,10,False,False,False,1,1\r\n,,\r\n")
+        << "an empty line is a tab, the first too";
     EXPECT_EQ(document.TabCount, 24);
-    EXPECT_EQ(document.FieldB(2), "c");
-    EXPECT_EQ(document.FieldC(3), "f") << "the fourth part is ignored";
+    EXPECT_EQ(document.FieldB(3), "c");
+    EXPECT_EQ(document.FieldC(4), "f") << "the fourth part is ignored";
 }
 
 TEST(TabFileVersion, IsFoundAnywhereInTheFirstLine) {

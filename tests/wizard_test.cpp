@@ -141,6 +141,18 @@ TEST_F(WizardTest, TheNumberOfFieldsDecidesOnFieldsAndLimits) {
     EXPECT_EQ(wizard.WizFieldC(1), "Hello");
 }
 
+TEST_F(WizardTest, ACountBeginsAnew) {
+    document.setup.NoOfFields = 1;
+    for (const char* count : {"5", "6"}) {
+        Number("5");
+        EXPECT_NE(ConfirmCount(wizard, "0"), std::nullopt);
+        EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Fonts) << "what is no count changes nothing";
+        EXPECT_EQ(ConfirmCount(wizard, count), std::nullopt);
+        EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Chooser);
+        EXPECT_EQ(Joined(wizard.WizFieldA, 1, 5) + wizard.LastFillFlag, "||||");
+    }
+}
+
 TEST_F(WizardTest, TickedNamesComeInTurn) {
     document.setup.NoOfFields = 1;
     ConfirmCount(wizard, "5");
@@ -273,6 +285,11 @@ TEST_F(WizardTest, WhatIsStoredCanBeChosenOnTheFontPage) {
     EXPECT_EQ(page.Sizes(0),
               (std::vector<std::int16_t>{6, 7, 8, 9, 10, 11, 12, 13, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72}));
     EXPECT_EQ(page.HorizontalButton(2), 1) << "an unknown code is printed left";
+    for (const bool changed : {false, true}) {
+        document.DocChanged = changed;
+        EXPECT_FALSE(FontPage(main, few).Store());
+        EXPECT_EQ(document.DocChanged, changed) << "equal fonts are no change, and take none away";
+    }
     program.ui.Expect("Please reinstall the printer fonts.\r\nCalled from Sub: FillFontType", Icon::Critical);
     EXPECT_EQ(captions(FontPage(main, none), 0), "Garamond (not installed)|");
 }

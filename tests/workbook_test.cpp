@@ -69,6 +69,21 @@ TEST_F(WorkbookTest, CellsComeAsAPersonSeesThem) {
     }
 }
 
+/// With the first `from` in another's place, of the same length.
+std::string Replaced(std::string bytes, const std::string& from, const std::string& to) {
+    const std::size_t at = bytes.find(from);
+    EXPECT_NE(at, std::string::npos);
+    return bytes.replace(at, from.size(), to);
+}
+
+TEST_F(WorkbookTest, DaysOfAnXlsMayCountFrom1904) {
+    for (const char* file : {"cells.xls", "cells95.xls"}) {
+        const std::string record("\x22\0\x02\0", 4);
+        const std::string bytes = Replaced(ReadFile(Data(file)), record + std::string(2, '\0'), record + '\1' + '\0');
+        EXPECT_EQ(Read(*OpenBytes(bytes), "Cells", {2}).at(1), std::vector<std::string>{"02/03/2028"}) << file;
+    }
+}
+
 TEST_F(WorkbookTest, SheetsComeInOrderWithoutHiddenOnes) {
     for (const char* file : {"three.xls", "three.xlsx", "three.ods"}) {
         const auto book = workbooks.Open(Data(file));
@@ -218,13 +233,6 @@ TEST_F(WorkbookTest, ADocumentTypeMayBeNamedButMakesNoTexts) {
     EXPECT_THROW(OpenBytes(OdsBytes("", "<!DOCTYPE m [<!ENTITY a 'aaaa'>]><m>&a;&a;</m>")), WorkbookError);
 }
 
-/// With every `from` in another's place, of the same length.
-std::string Replaced(std::string bytes, const std::string& from, const std::string& to) {
-    const std::size_t at = bytes.find(from);
-    EXPECT_NE(at, std::string::npos);
-    return bytes.replace(at, from.size(), to);
-}
-
 std::string Utf16(const std::string& ascii, std::size_t bytes) {
     std::string text;
     for (const char letter : ascii)
@@ -327,9 +335,20 @@ TEST(NumberFormatTest, LaysNumbersOut) {
 }
 
 TEST(TextListTest, GuessesTheDelimiterAndKnowsQuotes) {
-    EXPECT_EQ(GuessDelimiter("a;b,c;d\r\ne;f;g\r\n"), ';');
-    EXPECT_EQ(GuessDelimiter("a\tb, c\n\nd\te\n"), '\t');
-    EXPECT_EQ(GuessDelimiter("one\ntwo\n"), ',');
+    std::string longer;
+    for (int line = 0; line < 20; ++line)
+        longer += "a,b;c\n";
+    const std::pair<std::string, char> cases[] = {{"a;b,c;d\r\ne;f;g\r\n", ';'},
+                                                  {"a\tb, c\n\nd\te\n", '\t'},
+                                                  {"one\ntwo\n", ','},
+                                                  {"", ','},
+                                                  {"a;b,c\td\n", ','}, // as many of each
+                                                  {"a;b\tc\n", ';'},
+                                                  {"a;b,,,,\n \nc;d\n", ';'}, // on every line that holds something
+                                                  {"a title\na;b;c\nd,e;f;g\n", ';'},
+                                                  {longer + "x;y\n", ','}}; // beyond what is looked at
+    for (const auto& [text, delimiter] : cases)
+        EXPECT_EQ(GuessDelimiter(text), delimiter) << text;
     EXPECT_EQ(ParseTextList("\"a;\"\"b\"\"\";c\r\n\r\n\"x\ny\";5\" disk\rlast;\"open", ';'),
               (Rows{{"a;\"b\"", "c"}, {""}, {"x\ny", "5\" disk"}, {"last", "\"open"}}));
 }

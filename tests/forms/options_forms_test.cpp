@@ -165,6 +165,12 @@ private slots:
         QVERIFY(!help->isVisible());
         running.Trigger("mnuOptTabHelp");
         QVERIFY(help->isVisible());
+        auto* form = new frmAbout(running.program, running.window);
+        form->show();
+        RequestHelp(*form);
+        delete form; // not closed: takes the help along
+        running.Trigger("mnuOptTabHelp");
+        QVERIFY(!help && running.window->findChild<frmHelp*>()->isVisible());
     }
 
     void searchingAndGoingThroughTheHelp() {

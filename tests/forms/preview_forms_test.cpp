@@ -211,6 +211,26 @@ private slots:
         });
     }
 
+    void theCursorStaysOnTheSheet() {
+        RunningProgram running(&printers_);
+        Start(running, 0, 1); // 8 rows of 3
+        InPreview(running, [&](Preview& preview) {
+            preview.Click("chkPartlyUsed");
+            preview.display.setFocus();
+            const std::tuple<int, int, int> moves[] = {
+                {Qt::Key_Left, 1, 1},  {Qt::Key_Up, 1, 1},    {Qt::Key_Right, 3, 4}, {Qt::Key_Up, 1, 1},
+                {Qt::Key_Right, 2, 3}, {Qt::Key_Up, 1, 3},    {Qt::Key_Down, 9, 24}, {Qt::Key_Right, 1, 24},
+                {Qt::Key_Left, 2, 22}, {Qt::Key_Down, 1, 22}, {Qt::Key_Left, 1, 21}, {Qt::Key_Down, 1, 24}};
+            for (const auto& [key, times, slot] : moves) {
+                for (int i = 0; i < times; ++i)
+                    preview.Key(key);
+                QCOMPARE(preview.display.Cursor(), slot);
+            }
+            preview.Key(Qt::Key_Space);
+            QCOMPARE(preview.display.Shown().texts.back().slot, 23);
+        });
+    }
+
     void aFindingLeadsToItsTabAndItsBox() {
         RunningProgram running(&printers_);
         Start(running, 0, 3);
