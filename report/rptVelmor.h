@@ -74,8 +74,6 @@ public:
     void FormatFields(std::int16_t numFields, std::int16_t cols, std::int16_t style, const FontSettings& fonts);
     void SetPage(const Paper& paper, const PageMargins& margins);
 
-    /// Horizontal alignments of fields 1 to 3 as they are printed.
-    const std::array<std::int16_t, kFieldsPerTab>& Alignments() const { return alignments_; }
     const Paper& PagePaper() const { return paper_; }
 
     int SheetCount() const;

@@ -176,7 +176,7 @@ TEST_F(RecoveryTest, OnlyWhatChangedIsWritten) {
 
 TEST_F(RecoveryTest, WhatLosesTabsIsKeptBefore) {
     main.globals.AskBeforeDelete = false;
-    for (void (*lose)(MainModule&) : {DeletePage, CleanLabels}) {
+    for (const auto lose : {DeletePage, CleanLabels}) {
         AddPage(main);
         Type("typed");
         lose(main);

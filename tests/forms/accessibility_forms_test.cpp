@@ -248,8 +248,6 @@ private slots:
 
 } // namespace
 
-int main(int argc, char** argv) {
-    return velmora::RunTests<AccessibilityFormsTest>(argc, argv);
-}
+FORMS_TEST_MAIN(AccessibilityFormsTest)
 
 #include "accessibility_forms_test.moc"

@@ -75,8 +75,6 @@ private slots:
 
 } // namespace
 
-int main(int argc, char** argv) {
-    return velmora::RunTests<FindFormsTest>(argc, argv);
-}
+FORMS_TEST_MAIN(FindFormsTest)
 
 #include "find_forms_test.moc"

@@ -294,8 +294,6 @@ private slots:
 
 } // namespace
 
-int main(int argc, char** argv) {
-    return velmora::RunTests<FormsTest>(argc, argv);
-}
+FORMS_TEST_MAIN(FormsTest)
 
 #include "forms_test.moc"

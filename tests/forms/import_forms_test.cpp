@@ -207,8 +207,6 @@ void theChooserOffersEveryFormat() {
 
 } // namespace
 
-int main(int argc, char** argv) {
-    return velmora::RunTests<ImportFormsTest>(argc, argv);
-}
+FORMS_TEST_MAIN(ImportFormsTest)
 
 #include "import_forms_test.moc"

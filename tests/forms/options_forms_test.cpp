@@ -229,8 +229,6 @@ private slots:
 
 } // namespace
 
-int main(int argc, char** argv) {
-    return velmora::RunTests<OptionsFormsTest>(argc, argv);
-}
+FORMS_TEST_MAIN(OptionsFormsTest)
 
 #include "options_forms_test.moc"

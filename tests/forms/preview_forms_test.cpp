@@ -288,8 +288,6 @@ private slots:
 
 } // namespace
 
-int main(int argc, char** argv) {
-    return velmora::RunTests<PreviewFormsTest>(argc, argv);
-}
+FORMS_TEST_MAIN(PreviewFormsTest)
 
 #include "preview_forms_test.moc"

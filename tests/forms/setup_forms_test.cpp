@@ -236,8 +236,6 @@ private slots:
 
 } // namespace
 
-int main(int argc, char** argv) {
-    return velmora::RunTests<SetupFormsTest>(argc, argv);
-}
+FORMS_TEST_MAIN(SetupFormsTest)
 
 #include "setup_forms_test.moc"

@@ -272,8 +272,6 @@ private slots:
 
 } // namespace
 
-int main(int argc, char** argv) {
-    return velmora::RunTests<WizardFormsTest>(argc, argv);
-}
+FORMS_TEST_MAIN(WizardFormsTest)
 
 #include "wizard_forms_test.moc"
