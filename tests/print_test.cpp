@@ -233,10 +233,11 @@ TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
              PrintReport(print, "TestPage", {"TEST", 4, 21, 1, 3, 7, false});
          }},
         {"calibration sheet", [&] { PrintCalibrationSheet(print); }}};
-    for (const auto& [name, send] : sheets) {
+    for (const auto& sheet : sheets) {
+        const char* const name = sheet.first;
         const auto sent = [&](const char* way) {
             Document(4, way);
-            send();
+            sheet.second();
             EXPECT_EQ(printers.jobs.back().widthMm, 110) << name << way;
             EXPECT_EQ(printers.jobs.back().heightMm, 220) << name << way;
             EXPECT_EQ(printers.jobs.back().orientation, Orientation::Landscape) << name << way;

@@ -58,4 +58,6 @@ template <typename Tests> int RunTests(int argc, char** argv) {
 
 /// The entry of a program of forms tests.
 #define FORMS_TEST_MAIN(Tests)                                                                                         \
-    int main(int argc, char** argv) { return velmora::RunTests<Tests>(argc, argv); }
+    int main(int argc, char** argv) {                                                                                  \
+        return velmora::RunTests<Tests>(argc, argv);                                                                   \
+    }
