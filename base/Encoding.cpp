@@ -113,11 +113,10 @@ std::string FromWindows1252(std::string_view bytes) {
 }
 
 DecodedText Decode(std::string bytes) {
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (!IsValidUtf8(bytes))
         return {FromWindows1252(bytes), Encoding::Windows1252};
-    if (bytes.starts_with(kByteOrderMark))
-        bytes.erase(0, kByteOrderMark.size());
+    if (bytes.starts_with(kUtf8Mark))
+        bytes.erase(0, kUtf8Mark.size());
     return {std::move(bytes), Encoding::Utf8};
 }
 

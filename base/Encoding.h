@@ -8,6 +8,10 @@
 
 namespace velmora {
 
+inline constexpr std::string_view kLineEnd = "\r\n";
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF"; ///< the byte order mark
+inline constexpr std::string_view kUtf16Mark = "\xFF\xFE";
+
 enum class Encoding { Utf8, Windows1252 };
 
 /// "UTF-8" or "Windows-1252".

@@ -11,9 +11,6 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kVersionWord = "VERSION";
-constexpr const char* kEndOfLine = "\r\n";
-
 /// Hands out the fields of a line, the missing ones empty.
 class FieldCutter {
 public:
@@ -229,16 +226,16 @@ void LoadRows(const TabFile& file, TabDocument& document, UserInterface& ui) {
 
 std::string SaveData(SettingsStore& store) {
     const SettingsBatch batch(store);
-    std::string text = std::string("Version 8") + kEndOfLine;
+    std::string text = std::string("Version 8").append(kLineEnd);
     const auto absentIsEmpty = [&](const SettingKey& key) { return Read(store, key.WithFallback("")); };
     text += WithoutCommas(absentIsEmpty(kPrinter)) + "," +
             ValidOr(absentIsEmpty(kStationeryType), IsStationeryType, "") + "," +
             ValidOr(absentIsEmpty(kOptType), IsOptType, "") + "," +
-            ValidOr(absentIsEmpty(kNoOfFields), IsNoOfFields, "") + kEndOfLine;
-    text += ValidOr(Read(store, kMarginLeft), IsNumeric, "0") + "," + ValidOr(Read(store, kMarginTop), IsNumeric, "0") +
-            kEndOfLine;
+            ValidOr(absentIsEmpty(kNoOfFields), IsNoOfFields, "");
+    text.append(kLineEnd).append(ValidOr(Read(store, kMarginLeft), IsNumeric, "0"));
+    text.append(",").append(ValidOr(Read(store, kMarginTop), IsNumeric, "0")).append(kLineEnd);
     for (int field = 0; field < kFieldsPerTab; ++field)
-        text += FontLine(store, field) + kEndOfLine;
+        text.append(FontLine(store, field)).append(kLineEnd);
     return text;
 }
 
@@ -250,7 +247,7 @@ void SaveRows(const TabDocument& document, UserInterface& ui, std::string& text)
         text += document.FieldB(tab);
         text += ',';
         text += document.FieldC(tab);
-        text += kEndOfLine;
+        text += kLineEnd;
         progress->Advance(tab);
     }
 }

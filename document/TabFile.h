@@ -18,6 +18,7 @@
 
 namespace velmora {
 
+inline constexpr std::string_view kVersionWord = "VERSION"; ///< in capitals: how the first header line begins
 inline constexpr int kHeaderLines = 6;
 /// Longest line in bytes; what is longer is no tab file.
 inline constexpr std::size_t kLongestLine = 32767;

@@ -11,8 +11,6 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t kLinesForGuess = 20;
-constexpr std::string_view kLineEnds = "\r\n";
-constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 
 class ListParser {
 public:
@@ -45,7 +43,7 @@ private:
         if (std::string text; Quoted(text))
             return text;
         const std::size_t from = at_;
-        while (at_ < text_.size() && text_[at_] != delimiter_ && kLineEnds.find(text_[at_]) == std::string_view::npos)
+        while (at_ < text_.size() && text_[at_] != delimiter_ && kLineEnd.find(text_[at_]) == std::string_view::npos)
             ++at_;
         return std::string(text_.substr(from, at_ - from));
     }
@@ -70,7 +68,7 @@ private:
         return false;
     }
     bool EndsColumn(std::size_t at) const {
-        return at >= text_.size() || text_[at] == delimiter_ || kLineEnds.find(text_[at]) != std::string_view::npos;
+        return at >= text_.size() || text_[at] == delimiter_ || kLineEnd.find(text_[at]) != std::string_view::npos;
     }
 
     std::string_view text_;

@@ -12,7 +12,6 @@ namespace {
 constexpr std::size_t kMostBytes = 64u << 20;
 constexpr int kCountedColumns = 4;
 constexpr std::size_t kPreviewColumns = 256; // all that an .xls sheet has
-constexpr std::string_view kVersionWord = "VERSION";
 
 std::string Cell(const std::vector<std::string>& cells, int column) {
     const auto index = static_cast<std::size_t>(column) - 1;

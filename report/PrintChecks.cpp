@@ -6,7 +6,7 @@
 namespace velmora {
 namespace {
 
-constexpr double kTolerance = 0.5;       // twips; less than a printer resolves
+constexpr double kResolution = 0.5;      // twips; less than a printer resolves
 constexpr std::size_t kMostLines = 4096; // kept measured; a series of thousands of different numbers passes through
 
 /// Where the printer puts ink, on the sheet as it is read: the top of a turned one lies along the paper's left edge.
@@ -56,7 +56,7 @@ void PrintCheck::CheckSheet(std::vector<PrintFinding>& findings) {
 }
 
 void PrintCheck::CheckText(std::vector<PrintFinding>& findings, const PlacedText& placed) {
-    const bool boxPrintable = printable_.Holds(placed.box, kTolerance);
+    const bool boxPrintable = printable_.Holds(placed.box, kResolution);
     const Line& line = Measured(placed, !boxPrintable);
     const auto add = [&](PrintProblem problem) {
         findings.push_back({problem, {placed.tab, placed.field}, done_, placed.slot});
@@ -64,7 +64,7 @@ void PrintCheck::CheckText(std::vector<PrintFinding>& findings, const PlacedText
     if (!line.fits)
         add(PrintProblem::TextCut);
     if (!boxPrintable && line.ink->width > 0 &&
-        !printable_.Holds(line.ink->Moved(placed.box.left, placed.box.top), kTolerance))
+        !printable_.Holds(line.ink->Moved(placed.box.left, placed.box.top), kResolution))
         add(PrintProblem::TextUnprintable);
 }
 

@@ -3,7 +3,7 @@
 namespace velmora {
 namespace {
 
-constexpr double kTolerance = 0.01; // twips; less than rounding takes away
+constexpr double kRounding = 0.01; // twips; less than rounding takes away
 
 double LeftOf(const PlacedText& placed, double width) {
     const double room = placed.box.width - width; // less than nothing where the text is too wide
@@ -26,8 +26,8 @@ double BaselineOf(const Box& box, std::int16_t alignment, const ShapedText& text
 /// The ink is measured only where the line itself, with its room for accents, is too large: most lines are
 /// not.
 bool FitsIn(const Box& box, const ShapedText& text, double left, double baseline) {
-    return box.Holds({left, baseline - text.ascent, text.width, text.ascent + text.descent}, kTolerance) ||
-           box.Holds(InkBox(text).Moved(left, baseline), kTolerance);
+    return box.Holds({left, baseline - text.ascent, text.width, text.ascent + text.descent}, kRounding) ||
+           box.Holds(InkBox(text).Moved(left, baseline), kRounding);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "settings/IniFile.h"
 
 #include "base/AtomicFile.h"
+#include "base/Encoding.h"
 #include "base/Paths.h"
 #include "base/SystemLock.h"
 
@@ -17,7 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
-constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16Marks[] = {"\xFF\xFE", "\xFE\xFF"};
 
 constexpr milliseconds kPatience{5000};
@@ -193,7 +193,7 @@ void IniFile::Refresh() {
 void IniFile::Load() {
     std::string bytes = ReadIfPresent(path_);
     foreign_ = bytes.starts_with(kUtf16Marks[0]) || bytes.starts_with(kUtf16Marks[1]);
-    const bool marked = bytes.starts_with(kMark);
+    const bool marked = bytes.starts_with(kUtf8Mark);
     DecodedText decoded = Decode(std::move(bytes));
     encoding_ = decoded.encoding;
     mark_ = marked && encoding_ == Encoding::Utf8;
@@ -230,7 +230,7 @@ std::string IniFile::Encoded(const std::string& text) const {
     // Some Windows-1252 bytes would be read as UTF-8 the next time, so the way back is tried.
     if (const auto bytes = Encode(text, encoding_); bytes && !mark_ && Decode(*bytes).text == text)
         return *bytes;
-    return mark_ ? std::string(kMark) + text : text;
+    return mark_ ? std::string(kUtf8Mark) + text : text;
 }
 
 } // namespace velmora

@@ -1,5 +1,6 @@
 #include "settings/IniText.h"
 
+#include "base/Encoding.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -8,14 +9,13 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kBlanks = " \t\v\f";
 
-enum class Kind { Other, Header, Key };
+enum class LineKind { Other, Header, Key };
 
 /// What one line says; the views lie in the line.
 struct Line {
-    Kind kind = Kind::Other;
+    LineKind kind = LineKind::Other;
     std::string_view name;   ///< of a header or a key
     std::string_view value;  ///< of a key, without blanks around
     std::string_view prefix; ///< of a key: all up to the value
@@ -40,7 +40,7 @@ std::string_view WithoutLineEnd(std::string_view line) {
 
 Line ParseKey(std::string_view line, std::size_t equals) {
     const std::size_t value = std::min(line.find_first_not_of(kBlanks, equals + 1), line.size());
-    return {Kind::Key, TrimOf(line.substr(0, equals), kBlanks), TrimOf(line.substr(value), kBlanks),
+    return {LineKind::Key, TrimOf(line.substr(0, equals), kBlanks), TrimOf(line.substr(value), kBlanks),
             line.substr(0, value)};
 }
 
@@ -51,7 +51,7 @@ Line ParseLine(std::string_view lineWithEnd) {
         return {};
     if (line[first] == '[') {
         const std::string_view rest = line.substr(first + 1);
-        return {Kind::Header, TrimSpaces(rest.substr(0, rest.find(']'))), {}, {}};
+        return {LineKind::Header, TrimSpaces(rest.substr(0, rest.find(']'))), {}, {}};
     }
     const std::size_t equals = line.find('=');
     return equals == std::string_view::npos ? Line() : ParseKey(line, equals);
@@ -138,7 +138,7 @@ std::optional<IniText::Section> IniText::FindSection(std::string_view name) cons
     std::optional<Section> found;
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         const Line line = ParseLine(lines_[i]);
-        if (line.kind != Kind::Header)
+        if (line.kind != LineKind::Header)
             continue;
         if (found)
             return Section{found->header, i};
@@ -151,7 +151,7 @@ std::optional<IniText::Section> IniText::FindSection(std::string_view name) cons
 std::optional<std::size_t> IniText::FindKey(const Section& section, std::string_view key) const {
     for (std::size_t i = section.header + 1; i < section.end; ++i) {
         const Line line = ParseLine(lines_[i]);
-        if (line.kind == Kind::Key && EqualsNoCase(line.name, TrimSpaces(key)))
+        if (line.kind == LineKind::Key && EqualsNoCase(line.name, TrimSpaces(key)))
             return i;
     }
     return std::nullopt;
@@ -186,7 +186,7 @@ std::string IniText::ListKeys(std::string_view section) const {
 std::string IniText::ListSections() const {
     std::string list;
     for (const std::string& text : lines_)
-        if (const Line line = ParseLine(text); line.kind == Kind::Header)
+        if (const Line line = ParseLine(text); line.kind == LineKind::Header)
             AppendName(list, line.name);
     return list;
 }
@@ -206,7 +206,7 @@ bool IniText::Write(std::string_view section, std::string_view key, std::optiona
         return true;
     }
     std::size_t at = found->end;
-    while (at > found->header + 1 && ParseLine(lines_[at - 1]).kind != Kind::Key)
+    while (at > found->header + 1 && ParseLine(lines_[at - 1]).kind != LineKind::Key)
         --at;
     Insert(at, entry);
     return true;

@@ -1,5 +1,6 @@
 #include "settings/RegistrySettings.h"
 
+#include "base/Encoding.h"
 #include "base/Text.h"
 
 #include <variant>
@@ -7,7 +8,6 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kMachineArea = "SOFTWARE\\Corvane Series\\";
 constexpr std::size_t kValueCharacters = 255;
 constexpr std::size_t kEntries = 2000;

@@ -1,5 +1,6 @@
 #include "settings/RegistryText.h"
 
+#include "base/Encoding.h"
 #include "base/Error.h"
 #include "base/Text.h"
 
@@ -12,12 +13,9 @@
 namespace velmora {
 namespace {
 
-using Kind = RegistryItem::Kind;
+using ItemKind = RegistryItem::Kind;
 
-constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::string_view kBlanks = " \t";
-constexpr std::string_view kUtf16Mark = "\xFF\xFE";
-constexpr std::string_view kMark = "\xEF\xBB\xBF"; ///< the same in UTF-8
+constexpr std::string_view kSpaces = " \t";
 constexpr std::string_view kHive = "HKEY_LOCAL_MACHINE";
 constexpr std::string_view kShortHive = "HKLM";
 
@@ -98,7 +96,7 @@ public:
     explicit Parser(std::string_view text) : text_(text) {}
 
     std::vector<RegistryItem> Parse() {
-        Take(kMark);
+        Take(kUtf8Mark);
         const std::string_view version = Trim(RestOfLine());
         Require(version == "REGEDIT4" || version == "Windows Registry Editor Version 5.00");
         SkipLine();
@@ -116,14 +114,14 @@ public:
 
 private:
     RegistryItem ParseItem() {
-        Skip(kBlanks);
+        Skip(kSpaces);
         const std::string_view line = RestOfLine();
         if (line.starts_with('['))
             return ParseKey(line);
         if (line.starts_with('"') || line.starts_with('@'))
             return ParseValue();
         Require(IsLineEnd(line));
-        return {line.empty() ? Kind::Blank : Kind::Comment};
+        return {line.empty() ? ItemKind::Blank : ItemKind::Comment};
     }
 
     /// A key's name may hold "]" itself: the last one of the line ends it.
@@ -134,16 +132,16 @@ private:
         const std::string path = BelowHive(line.substr(begin, end - begin));
         isUnderKey_ = true;
         section_ = begin == 2 ? std::string() : ToUpper(path);
-        return {begin == 2 ? Kind::DeletedKey : Kind::Key, path};
+        return {begin == 2 ? ItemKind::DeletedKey : ItemKind::Key, path};
     }
 
     RegistryItem ParseValue() {
-        RegistryItem item{Kind::Value, Take("@") ? std::string() : ParseString()};
-        Skip(kBlanks);
+        RegistryItem item{ItemKind::Value, Take("@") ? std::string() : ParseString()};
+        Skip(kSpaces);
         Require(isUnderKey_ && Take("="));
-        Skip(kBlanks);
+        Skip(kSpaces);
         if (Take("-"))
-            item.kind = Kind::DeletedValue;
+            item.kind = ItemKind::DeletedValue;
         else
             item.value = ParseData();
         Require(IsLineEnd(RestOfLine()));
@@ -275,16 +273,16 @@ void RegistryExport::Set(const std::string& path, const std::string& name, const
     if (!Living().contains(section))
         AppendKey(path);
     const auto last = std::find_if(items_.rbegin(), items_.rend(), [&](const RegistryItem& item) {
-        return item.section == section && item.kind != Kind::Blank && item.kind != Kind::Comment;
+        return item.section == section && item.kind != ItemKind::Blank && item.kind != ItemKind::Comment;
     });
     EndLine(last->raw);
-    items_.insert(last.base(), {Kind::Value, name, value, Rendered(name, value), section});
+    items_.insert(last.base(), {ItemKind::Value, name, value, Rendered(name, value), section});
 }
 
 /// From all places in the text, since an earlier one would come to life again.
 void RegistryExport::RemoveValue(const std::string& path, const std::string& name) {
     std::erase_if(items_, [&](const RegistryItem& item) {
-        return item.section == ToUpper(path) && item.kind == Kind::Value && EqualsNoCase(item.name, name);
+        return item.section == ToUpper(path) && item.kind == ItemKind::Value && EqualsNoCase(item.name, name);
     });
 }
 
@@ -292,7 +290,7 @@ void RegistryExport::RemoveKey(const std::string& path) {
     const std::string section = ToUpper(path);
     const std::string shown = items_[Living().at(section).item].name;
     std::erase_if(items_,
-                  [&](const RegistryItem& item) { return item.section == section && item.kind != Kind::Comment; });
+                  [&](const RegistryItem& item) { return item.section == section && item.kind != ItemKind::Comment; });
     // A key above that no entry names was there by what lies below it, and must not vanish with it.
     const std::size_t end = shown.rfind('\\');
     if (end != std::string::npos && !SubKeys(shown.substr(0, end)))
@@ -304,17 +302,17 @@ RegistryExport::Keys RegistryExport::Living() const {
     Keys keys;
     for (std::size_t i = 0; i < items_.size(); ++i) {
         const RegistryItem& item = items_[i];
-        if (item.kind == Kind::DeletedKey)
+        if (item.kind == ItemKind::DeletedKey)
             std::erase_if(keys, [above = ToUpper(item.name) + '\\'](const auto& key) {
                 return (key.first + '\\').starts_with(above);
             });
         if (item.section.empty())
             continue;
-        if (item.kind == Kind::Key)
+        if (item.kind == ItemKind::Key)
             keys.try_emplace(item.section, Key{i, {}});
-        else if (item.kind == Kind::Value)
+        else if (item.kind == ItemKind::Value)
             keys.at(item.section).values[ToUpper(item.name)] = i;
-        else if (item.kind == Kind::DeletedValue)
+        else if (item.kind == ItemKind::DeletedValue)
             keys.at(item.section).values.erase(ToUpper(item.name));
     }
     return keys;
@@ -331,8 +329,8 @@ std::optional<std::size_t> RegistryExport::IndexOf(const std::string& path, cons
 
 void RegistryExport::AppendKey(const std::string& path) {
     EndLine(items_.back().raw);
-    RegistryItem key{Kind::Key, path};
-    key.raw = items_.back().kind == Kind::Blank ? "" : kLineEnd;
+    RegistryItem key{ItemKind::Key, path};
+    key.raw = items_.back().kind == ItemKind::Blank ? "" : kLineEnd;
     key.raw.append("[").append(kHive).append("\\").append(path).append("]").append(kLineEnd);
     key.section = ToUpper(path);
     items_.push_back(std::move(key));

@@ -12,7 +12,6 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kSection = "Margin Settings";
 constexpr double kSecondColumn = 2880; // twips, like the rows
 constexpr double kFirstRow = 840;
 constexpr double kSecondRow = 2040;
@@ -24,10 +23,10 @@ struct SampleKeys {
 };
 
 constexpr std::array<SampleKeys, 4> kSamples = {{
-    {{kSection, "MarginLeft1", "0", IsNumeric}, {kSection, "MarginTop1", "840", IsNumeric}},
-    {{kSection, "MarginLeft2", "2880", IsNumeric}, {kSection, "MarginTop2", "840", IsNumeric}},
-    {{kSection, "MarginLeft3", "0", IsNumeric}, {kSection, "MarginTop3", "2040", IsNumeric}},
-    {{kSection, "MarginLeft4", "2880", IsNumeric}, {kSection, "MarginTop4", "2040", IsNumeric}},
+    {{kMarginSection, "MarginLeft1", "0", IsNumeric}, {kMarginSection, "MarginTop1", "840", IsNumeric}},
+    {{kMarginSection, "MarginLeft2", "2880", IsNumeric}, {kMarginSection, "MarginTop2", "840", IsNumeric}},
+    {{kMarginSection, "MarginLeft3", "0", IsNumeric}, {kMarginSection, "MarginTop3", "2040", IsNumeric}},
+    {{kMarginSection, "MarginLeft4", "2880", IsNumeric}, {kMarginSection, "MarginTop4", "2040", IsNumeric}},
 }};
 
 std::string ReadMargin(SettingsStore& store, const SettingKey& key) {

@@ -8,8 +8,6 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kSection = "Margin Settings";
-
 struct LayoutMargins {
     std::string_view layout;
     std::string_view displayName;
@@ -20,20 +18,20 @@ struct LayoutMargins {
 constexpr std::array<LayoutMargins, 4> kLayouts = {{
     {"A4_8",
      "A4 (8 rows)",
-     {kSection, "Default Left Margin - A4_8", "0", IsNumeric},
-     {kSection, "Default Top Margin - A4_8", "0", IsNumeric}},
+     {kMarginSection, "Default Left Margin - A4_8", "0", IsNumeric},
+     {kMarginSection, "Default Top Margin - A4_8", "0", IsNumeric}},
     {"A4_9",
      "A4 (9 rows)",
-     {kSection, "Default Left Margin - A4_9", "0", IsNumeric},
-     {kSection, "Default Top Margin - A4_9", "0", IsNumeric}},
+     {kMarginSection, "Default Left Margin - A4_9", "0", IsNumeric},
+     {kMarginSection, "Default Top Margin - A4_9", "0", IsNumeric}},
     {"DL_v",
      "DL_v",
-     {kSection, "Default Left Margin - DL_v", "0", IsNumeric},
-     {kSection, "Default Top Margin - DL_v", "0", IsNumeric}},
+     {kMarginSection, "Default Left Margin - DL_v", "0", IsNumeric},
+     {kMarginSection, "Default Top Margin - DL_v", "0", IsNumeric}},
     {"DL_h",
      "DL_h",
-     {kSection, "Default Left Margin - DL_h", "0", IsNumeric},
-     {kSection, "Default Top Margin - DL_h", "0", IsNumeric}},
+     {kMarginSection, "Default Left Margin - DL_h", "0", IsNumeric},
+     {kMarginSection, "Default Top Margin - DL_h", "0", IsNumeric}},
 }};
 
 /// nullptr for a combination that does not exist. The layout counts for the DL types only.

@@ -8,6 +8,9 @@
 
 namespace velmora {
 
+/// The settings section of all margins.
+inline constexpr std::string_view kMarginSection = "Margin Settings";
+
 /// Millimetres as the settings hold them: texts, with a decimal point.
 struct MarginTexts {
     std::string left = "0";

@@ -222,7 +222,7 @@ std::string Sealed(const std::string& content) {
     return RecoveryHead({}, 1, ContentSum(content)) + content;
 }
 
-std::string Content(const std::string& header, const std::string& tabs, const std::string& texts) {
+std::string CopyContent(const std::string& header, const std::string& tabs, const std::string& texts) {
     return "0:\n5:UTF-8\n0:\n0:\n" + std::to_string(header.size()) + ":" + header + "\n" + std::to_string(tabs.size()) +
            ":" + tabs + "\n" + texts;
 }
@@ -256,8 +256,8 @@ TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
     std::string tooMany;
     for (int i = 0; i < 3 * 32767; ++i)
         tooMany += "0:\n";
-    const std::string cases[] = {Content("no header", "0", ""), Content("Version 8\r\nP,A4,0", "0", ""),
-                                 Content(kHeader, "32767", tooMany)};
+    const std::string cases[] = {CopyContent("no header", "0", ""), CopyContent("Version 8\r\nP,A4,0", "0", ""),
+                                 CopyContent(kHeader, "32767", tooMany)};
     for (const std::string& content : cases) {
         Put("Open-x.recovery", Sealed(content));
         const auto list = store.List();

@@ -36,9 +36,9 @@ private:
     int depth_ = 0;
 };
 
-class SheetReader : public XmlReader {
+class OdsSheetReader : public XmlReader {
 public:
-    SheetReader(std::string sheet, const std::vector<int>& columns, const SheetRowSink& sink)
+    OdsSheetReader(std::string sheet, const std::vector<int>& columns, const SheetRowSink& sink)
         : sheet_(std::move(sheet)), last_(*std::max_element(columns.begin(), columns.end())), row_(columns, sink) {}
 
     void Start(std::string_view name, const XmlAttributes& attributes) override {
@@ -166,7 +166,7 @@ public:
             return;
         if (std::find(names_.begin(), names_.end(), name) == names_.end())
             throw WorkbookError("the workbook has no worksheet [" + name + "]");
-        SheetReader reader(name, columns, sink);
+        OdsSheetReader reader(name, columns, sink);
         ReadXmlPart(zip_, "content.xml", reader);
     }
 

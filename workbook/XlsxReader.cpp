@@ -127,9 +127,9 @@ struct SharedParts {
     bool from1904 = false;
 };
 
-class SheetReader : public XmlReader {
+class XlsxSheetReader : public XmlReader {
 public:
-    SheetReader(const SharedParts& shared, const std::vector<int>& columns, const SheetRowSink& sink)
+    XlsxSheetReader(const SharedParts& shared, const std::vector<int>& columns, const SheetRowSink& sink)
         : shared_(shared), row_(columns, sink) {}
 
     void Start(std::string_view name, const XmlAttributes& attributes) override {
@@ -261,7 +261,7 @@ public:
         if (found == names_.end())
             throw WorkbookError("the workbook has no worksheet [" + name + "]");
         ReadSharedParts();
-        SheetReader reader(shared_, columns, sink);
+        XlsxSheetReader reader(shared_, columns, sink);
         ReadXmlPart(zip_, parts_[static_cast<std::size_t>(found - names_.begin())], reader);
     }
 

@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "workspace/Dialogs.h"
 #include "workspace/ImportDialogs.h"
+#include "workspace/LoadDocument.h"
 
 #include <algorithm>
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::size_t kPreviewRows = 20;
 constexpr const char* kAskPlace = "Called form Function:OpenNewFile";
-constexpr const char* kLoadPlace = "Called form Sub:LoadData";
 constexpr const char* kNotFinished = "Could not finish process";
 
 /// Runs `work`; an error is shown with its cause first, then `announcement`.

@@ -7,6 +7,9 @@
 
 namespace velmora {
 
+/// What errors while loading name as their place.
+inline constexpr const char* kLoadPlace = "Called form Sub:LoadData";
+
 /// The load procedure: header into the settings, tab lines into the arrays, whole pages; an announcement when there
 /// are none. Raises OverflowError and what the settings raise; the caller puts back what was changed by then.
 LoadOutcome LoadDocument(MainModule& main, const TabFile& file);

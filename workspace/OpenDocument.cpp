@@ -14,7 +14,6 @@ namespace velmora {
 namespace {
 
 constexpr const char* kOpenPlace = "Called form Sub:OpenFile";
-constexpr const char* kLoadPlace = "Called form Sub:LoadData";
 
 /// Rows without a header: no column that was chosen stays hidden for want of a field.
 LoadOutcome LoadRows(MainModule& main, const Worksheet& sheet) {

@@ -49,9 +49,9 @@ public:
     /// alone, with the first copy.
     void Open(std::filesystem::path folder, Clock clock);
 
-    /// Brings this copy's file up to date: written where the document changed since
-    /// the last call, removed where it has no unsaved changes. Document and settings stay as they are. Raises Error
-    /// when it can't be written; the file of the last call remains then.
+    /// Brings this copy's file up to date: written where the document changed since the last call, removed where it has
+    /// no unsaved changes. Document and settings stay as they are. Raises Error when it can't be written; the file of
+    /// the last call remains then.
     void Keep(const TabDocument& document, SettingsStore& settings);
     /// Whether no Keep has failed since the last that succeeded: a folder that takes nothing is reported once. Asked
     /// after a failure.

@@ -21,7 +21,7 @@
 namespace velmora {
 namespace {
 
-constexpr QSize kFirstSize(900, 640);
+constexpr QSize kHelpSize(900, 640);
 constexpr int kSnippetBefore = 30;
 constexpr int kSnippetLength = 90;
 
@@ -80,7 +80,7 @@ void frmHelp::BuildUi() {
     page_ = new QTextBrowser;
     page_->setObjectName("txtPage");
     page_->setAccessibleName(tr("Page"));
-    page_->setMinimumSize(kFirstSize / 2);
+    page_->setMinimumSize(kHelpSize / 2);
     page_->document()->setDocumentMargin(16);
     auto* splitter = new QSplitter;
     splitter->addWidget(BuildIndex());
@@ -156,7 +156,7 @@ void frmHelp::FillContents() {
 }
 
 QSize frmHelp::sizeHint() const {
-    return kFirstSize;
+    return kHelpSize;
 }
 
 void frmHelp::ShowPage(const std::string& name) {

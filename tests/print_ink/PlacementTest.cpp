@@ -84,14 +84,14 @@ TEST(Placement, ATooWideTextShowsItsAlignedEndAndNoInkOutsideItsBox) {
 
 TEST(Placement, ALineHigherThanItsBoxIsCutOnlyWhereItsInkSticksOut) {
     const FontconfigCatalogue catalogue;
-    struct Case {
+    struct Lines {
         const char* text;
         double boxHeight;
         bool cut;
     };
     // 24 points: the line is 9.46 mm high, a digit 6 mm, and the tail of a "g" goes 1.8 mm below the
     // baseline.
-    for (const Case& row : {Case{"000", 8.0, false}, {"ggg", 8.0, true}, {"000", 3.0, true}}) {
+    for (const Lines& row : {Lines{"000", 8.0, false}, {"ggg", 8.0, true}, {"000", 3.0, true}}) {
         SCOPED_TRACE(row.text);
         const auto font = AllFields({"Arial", 24, false, false, false, 0, kAlignMiddle});
         const PdfFile cut({OneText(row.text, MmBox(20, 30, 60, row.boxHeight))}, font, catalogue);
