@@ -154,7 +154,7 @@ TEST_F(OptionsTest, AResetForgetsPositionsAndLeavesTheHabitsStored) {
     EXPECT_EQ(kResetPositions[23], "mdiVelmora");
 }
 
-struct ImportTest : OptionsTest {
+struct SettingsImportTest : OptionsTest {
     fs::path reg = test.folder / "old.reg";
 
     void Import(const std::string& bytes, const std::string& message, Icon icon) {
@@ -169,7 +169,7 @@ struct ImportTest : OptionsTest {
     }
 };
 
-TEST_F(ImportTest, SettingsOfAnOldMachineComeLater) {
+TEST_F(SettingsImportTest, SettingsOfAnOldMachineComeLater) {
     LoadGlobals(main);
     NewDocument(main);
     main.document.FieldA(1) = "typed";
@@ -189,7 +189,7 @@ TEST_F(ImportTest, SettingsOfAnOldMachineComeLater) {
     EXPECT_EQ(main.document.TabCount, 54);
 }
 
-TEST_F(ImportTest, APrinterThatIsNotHereGivesWayToTheDefault) {
+TEST_F(SettingsImportTest, APrinterThatIsNotHereGivesWayToTheDefault) {
     FakePrinters printers;
     MainModule here{test.settings, test.ui, printers, test.workbooks, {}, {}, {}};
     const auto load = [&] {
@@ -210,7 +210,7 @@ TEST_F(ImportTest, APrinterThatIsNotHereGivesWayToTheDefault) {
     }
 }
 
-TEST_F(ImportTest, AFileThatIsNoneChangesNothing) {
+TEST_F(SettingsImportTest, AFileThatIsNoneChangesNothing) {
     LoadGlobals(main);
     const std::string before = ReadFile(test.folder / "Velmora.ini");
     const std::string damaged =

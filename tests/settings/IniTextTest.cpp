@@ -51,7 +51,7 @@ void Perform(IniText& text, const json& op) {
 
 TEST(IniText, DoesAsThePrivateProfileFunctions) {
     std::size_t met = 0;
-    for (const json& test : json::parse(ReadFile(VELMORA_INI_CASES))) {
+    for (const json& test : json::parse(ReadFile(VELMORA_TEST_DATA "/ini_vectors.json"))) {
         if (kLeftOut.contains(test["name"]))
             continue;
         SCOPED_TRACE(test["name"].get<std::string>());
