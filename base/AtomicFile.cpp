@@ -8,9 +8,15 @@ namespace velmora {
 
 namespace fs = std::filesystem;
 
+FileAccessError::FileAccessError(const fs::path& path, int systemNumber, const std::string& remark)
+    : Error(PathText(path) + ": " + std::generic_category().message(systemNumber) + remark, systemNumber),
+      cause_(std::generic_category().message(systemNumber) + remark) {}
+
 FileAccessError::FileAccessError(const fs::path& path, int systemNumber)
-    : Error(PathText(path) + ": " + std::generic_category().message(systemNumber), systemNumber),
-      cause_(std::generic_category().message(systemNumber)) {}
+    : FileAccessError(path, systemNumber, std::string()) {}
+
+FileAccessError::FileAccessError(const fs::path& path, int systemNumber, const fs::path& wholeCopy)
+    : FileAccessError(path, systemNumber, ". The whole text is in [" + PathText(wholeCopy) + "]") {}
 
 std::optional<FileStamp> StampOf(const fs::path& path) {
     std::error_code error;
@@ -26,8 +32,16 @@ bool IsSameFile(const fs::path& a, const fs::path& b) {
     return fs::equivalent(a, b, error);
 }
 
-void ReplaceFile(const fs::path& path, std::string_view bytes) {
-    AtomicFile file(path);
+void MakePrivateFolder(const fs::path& folder) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error)
+        throw FileAccessError(folder, error.value());
+    fs::permissions(folder, fs::perms::owner_all, error);
+}
+
+void ReplaceFile(const fs::path& path, std::string_view bytes, Readers readers) {
+    AtomicFile file(path, readers);
     file.Write(bytes);
     file.Commit();
 }

@@ -18,25 +18,36 @@ namespace velmora {
 class FileAccessError : public Error {
 public:
     FileAccessError(const std::filesystem::path& path, int systemNumber);
-    /// The system's text alone, without the path.
+    /// The file is damaged; `wholeCopy` holds what was to be written.
+    FileAccessError(const std::filesystem::path& path, int systemNumber, const std::filesystem::path& wholeCopy);
+    /// The text alone, without the path.
     const std::string& Cause() const { return cause_; }
 
 private:
+    FileAccessError(const std::filesystem::path& path, int systemNumber, const std::string& remark);
+
     std::string cause_;
 };
 
 /// The file, or its first `most` bytes. Raises FileAccessError, also for a directory.
 std::string ReadFile(const std::filesystem::path& path, std::size_t most = std::string::npos);
 
+/// Who may read what is written.
+enum class Readers {
+    AsBefore,  ///< those who could read the old file; those to whom the folder gives new ones
+    OwnerAlone ///< for what the program keeps for itself
+};
+
 /// One replacement of a file. Nothing at the path changes before Commit; without it the destructor leaves the old
-/// file as it was. Symbolic links are followed, and the permissions and the owner of an old file survive. A file with
-/// several hard links, one whose owner cannot be kept, or one in a folder that takes no new file is overwritten in
-/// place from the finished sibling: links and owner survive, and the sibling stays behind if the machine stops in
-/// between. A path that names a device or a pipe is written straight away. Every operation
-/// raises FileAccessError.
+/// file as it was. Symbolic links are followed, and the permissions, the owner, access control list and extended
+/// attributes of an old file survive; at no time may more people read the new content than the old. A file with several
+/// hard links, one whose owner or attributes cannot be kept, or one in a folder that takes no new file is overwritten
+/// in place, in room that was reserved before: links and owner survive, an error puts the old content back, and if the
+/// program or the machine stops in between, InterruptedSave finds the new one. A path that names a device or a pipe is
+/// written straight away. Every operation raises FileAccessError.
 class AtomicFile {
 public:
-    explicit AtomicFile(const std::filesystem::path& path);
+    explicit AtomicFile(const std::filesystem::path& path, Readers readers = Readers::AsBefore);
     ~AtomicFile();
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
@@ -76,7 +87,15 @@ FileIdentity IdentityOf(const std::filesystem::path& path);
 /// True when both paths lead to one existing file.
 bool IsSameFile(const std::filesystem::path& a, const std::filesystem::path& b);
 
+/// Makes the folder, and those above it, and lets its owner alone into it, also where it is there. Raises
+/// FileAccessError for one that can't be made; one that can't be narrowed stays as it is.
+void MakePrivateFolder(const std::filesystem::path& folder);
+
 /// AtomicFile for content that is at hand.
-void ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
+void ReplaceFile(const std::filesystem::path& path, std::string_view bytes, Readers readers = Readers::AsBefore);
+
+/// The whole new content of a file whose overwriting in place was cut short, as by a crash; the newest of several,
+/// until the file is written again. nullopt where there is none.
+std::optional<std::filesystem::path> InterruptedSave(const std::filesystem::path& path);
 
 } // namespace velmora

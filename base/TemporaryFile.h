@@ -7,10 +7,10 @@
 
 namespace velmora {
 
-class SystemFile; // each system's own
+class ScratchName; // each system's own
 
-/// A new file in the system's temporary folder that only its owner may read; it is gone with this object. Every
-/// operation raises FileAccessError.
+/// A new file in the system's temporary folder that only its owner may read; it is gone with this object. Those that
+/// programs left there which were killed go at the next. Every operation raises FileAccessError.
 class TemporaryFile {
 public:
     explicit TemporaryFile(std::string_view suffix);
@@ -22,8 +22,10 @@ public:
     const std::filesystem::path& Path() const { return path_; }
 
 private:
+    class Handle; // each system's own
+
     std::filesystem::path path_;
-    std::unique_ptr<SystemFile> file_;
+    std::unique_ptr<Handle> file_;
 };
 
 /// A new folder there that only its owner may open; it is gone with this object and all that is in it. Raises
@@ -35,10 +37,10 @@ public:
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-    const std::filesystem::path& Path() const { return path_; }
+    const std::filesystem::path& Path() const;
 
 private:
-    std::filesystem::path path_;
+    std::unique_ptr<ScratchName> name_;
 };
 
 } // namespace velmora

@@ -1,5 +1,6 @@
 // velmora-batch: the command-line twin of Velmora, for scripts.
 
+#include "base/Interruption.h"
 #include "batch/BatchProgram.h"
 #include "batch/CommandLine.h"
 #include "batch/Commands.h"
@@ -31,5 +32,6 @@ int Run(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    velmora::RemoveTemporaryFilesWhenInterrupted();
     return Run(argc, argv);
 }

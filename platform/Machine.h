@@ -25,6 +25,9 @@ Environment SystemEnvironment();
 std::filesystem::path FindProgramFolder(const std::filesystem::path& executableFolder, const Environment& environment);
 /// The same for the program that runs.
 std::filesystem::path FindProgramFolder(const Environment& environment);
+/// The same, made where it is missing. A new one, and the one below ~/.config, are open to their owner alone. Raises
+/// FileAccessError.
+std::filesystem::path MakeProgramFolder(const Environment& environment);
 
 /// The machine's print server; null where the program was built without one.
 std::unique_ptr<PrintSystem> MakePrintServer();

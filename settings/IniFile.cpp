@@ -220,7 +220,7 @@ void IniFile::Commit(const std::vector<Change>& changes) {
     if (changed && !path_.empty()) {
         if (foreign_)
             throw Error(PathText(path_) + ": neither UTF-8 nor Windows-1252");
-        ReplaceFile(path_, Encoded(text.Bytes()));
+        ReplaceFile(path_, Encoded(text.Bytes()), Readers::OwnerAlone);
     }
     stored_ = std::move(text);
     read_.reset();

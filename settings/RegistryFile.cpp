@@ -37,7 +37,7 @@ RegistryCode Store(const fs::path& file, const RegistryExport& text) {
     if (!bytes)
         return RegistryCode::WriteFault;
     try {
-        ReplaceFile(file, *bytes);
+        ReplaceFile(file, *bytes, Readers::OwnerAlone);
         return RegistryCode::Success;
     } catch (const FileAccessError&) {
         return RegistryCode::WriteFault;

@@ -1,23 +1,16 @@
-#include "base/AtomicFile.h"
 #include "base/Encoding.h"
 #include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstring>
 #include <limits>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace velmora {
 namespace {
 
-namespace fs = std::filesystem;
 
 TEST(Numbers, AHalfGoesToTheEvenNeighbour) {
     const std::pair<double, int> cases[] = {{0.5, 0},    {1.5, 2},         {2.5, 2},  {-0.5, 0},
@@ -108,109 +101,6 @@ TEST(Encoding, Utf16KeepsEveryCharacterOrRefuses) {
                                      std::string("\0\xD8\0\xD8", 4), std::string("\0\xD8x\0", 4)})
         EXPECT_EQ(FromUtf16(bytes), std::nullopt);
     EXPECT_EQ(ToUtf16("a\xED\xA0\x80"), std::nullopt);
-}
-
-struct FileStatus : stat {
-    explicit FileStatus(const fs::path& path) : stat{} { ::lstat(path.c_str(), this); }
-};
-
-TEST(AtomicFileTest, LinksAndPermissionsSurvive) {
-    const TemporaryFolder folder;
-    ReplaceFile(folder / "real.csv", "old");
-    ::chmod((folder / "real.csv").c_str(), 0640);
-    fs::create_symlink("real.csv", folder / "link.csv");
-    fs::create_hard_link(folder / "real.csv", folder / "twin.csv");
-    ReplaceFile(folder / "link.csv", "new");
-    EXPECT_TRUE(fs::is_symlink(folder / "link.csv"));
-    EXPECT_EQ(ReadFile(folder / "real.csv"), "new");
-    EXPECT_EQ(ReadFile(folder / "twin.csv"), "new");
-    fs::remove(folder / "twin.csv");
-    ReplaceFile(folder / "real.csv", "newer");
-    EXPECT_EQ(FileStatus(folder / "real.csv").st_mode & 0777, 0640u);
-    if (::geteuid() == 0) {
-        ASSERT_EQ(::chown((folder / "real.csv").c_str(), 12, 34), 0);
-        ReplaceFile(folder / "real.csv", "newest");
-        EXPECT_EQ(FileStatus(folder / "real.csv").st_uid, 12u);
-        EXPECT_EQ(FileStatus(folder / "real.csv").st_gid, 34u);
-    }
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2) << "a temporary file stayed behind";
-}
-
-TEST(AtomicFileTest, AWritableFileInAFolderThatIsNotIsOverwrittenInPlace) {
-    if (::geteuid() == 0 && ::seteuid(65534) != 0)
-        GTEST_SKIP() << "root may write everywhere";
-    const bool wasRoot = ::getuid() == 0;
-    {
-        const TemporaryFolder folder;
-        ReplaceFile(folder / "a.csv", "old");
-        fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_exec);
-        ReplaceFile(folder / "a.csv", "new");
-        EXPECT_EQ(ReadFile(folder / "a.csv"), "new");
-        EXPECT_THROW(ReplaceFile(folder / "b.csv", "x"), FileAccessError);
-        fs::permissions(folder / "a.csv", fs::perms::owner_read);
-        EXPECT_THROW(ReplaceFile(folder / "a.csv", "newer"), FileAccessError);
-    }
-    if (wasRoot) {
-        ASSERT_EQ(::seteuid(0), 0);
-    }
-}
-
-TEST(AtomicFileTest, NothingChangesBeforeCommit) {
-    const TemporaryFolder folder;
-    ReplaceFile(folder / "a.csv", "old");
-    {
-        AtomicFile file(folder / "a.csv");
-        file.Write(std::string(1 << 20, 'x'));
-    }
-    EXPECT_EQ(ReadFile(folder / "a.csv"), "old");
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1);
-}
-
-/// Saves, over and over, until it is killed.
-[[noreturn]] void SaveForEver(const fs::path& path, const std::string& old, const std::string& fresh) noexcept {
-    for (;;) {
-        ReplaceFile(path, fresh);
-        ReplaceFile(path, old);
-    }
-}
-
-TEST(AtomicFileTest, AKilledSaveLeavesTheOldFileOrTheNewOneWhole) {
-    const TemporaryFolder folder;
-    const fs::path path = folder / "a.csv";
-    const std::string old(1'000'000, 'o');
-    const std::string fresh(1'500'000, 'n');
-    ReplaceFile(path, old);
-    int fresher = 0;
-    for (unsigned kill = 0; kill < 60 || (fresher == 0 && kill < 1000); ++kill) {
-        const pid_t child = ::fork();
-        if (child == 0)
-            SaveForEver(path, old, fresh);
-        ::usleep(kill * 391); // 0 to 23 ms, over many saves; longer on a busy machine
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
-        const std::string found = ReadFile(path);
-        ASSERT_TRUE(found == old || found == fresh) << found.size() << " bytes after kill " << kill;
-        fresher += found == fresh ? 1 : 0;
-    }
-    EXPECT_GT(fresher, 0) << "no kill met a save";
-}
-
-TEST(AtomicFileTest, RefusalsNameThePathAndTheCause) {
-    const TemporaryFolder folder;
-    fs::create_directory(folder / "dir");
-    EXPECT_THROW(ReplaceFile(folder / "dir", "x"), FileAccessError);
-    EXPECT_THROW(ReadFile(folder / "dir"), FileAccessError);
-    EXPECT_THROW(ReplaceFile(folder / "none/a.csv", "x"), FileAccessError);
-    try {
-        ReadFile(folder / "none.csv");
-        FAIL();
-    } catch (const FileAccessError& error) {
-        EXPECT_EQ(error.Number(), ENOENT);
-        EXPECT_EQ(error.what(), (folder / "none.csv").string() + ": No such file or directory");
-    }
-    // A full disk is met at the latest when the buffer is flushed.
-    EXPECT_THROW(ReplaceFile("/dev/full", "x"), FileAccessError);
-    ReplaceFile("/dev/null", "x");
 }
 
 } // namespace

@@ -104,6 +104,18 @@ Imported Import(MainModule& main, const std::filesystem::path& path) {
     return WorkbookFormatOf(path) ? ImportWorkbook(main, path) : ImportText(main, path);
 }
 
+/// A save in place that was cut short may have left the file a mixture of old and new; the new text is whole elsewhere.
+void OfferInterruptedSave(MainModule& main, const std::filesystem::path& path) {
+    const auto copy = InterruptedSave(path);
+    const std::string whole = copy ? ReadFile(*copy) : "";
+    if (copy && whole != ReadFile(path) &&
+        Ask(main.ui,
+            "Saving the following file was interrupted, and it may be damaged: [" + PathText(path) +
+                "]\r\nDo you want to have back what was to be saved?",
+            Buttons::YesNo) == Answer::Yes)
+        ReplaceFile(path, whole);
+}
+
 /// `read` says what the file holds.
 OpenOutcome Open(MainModule& main, const std::filesystem::path& path,
                  Imported (*read)(MainModule&, const std::filesystem::path&)) {
@@ -112,6 +124,7 @@ OpenOutcome Open(MainModule& main, const std::filesystem::path& path,
         Tell(main.ui, "Could not load the following file [" + PathText(path) + "]", Icon::Critical);
         return OpenOutcome::Failed;
     }
+    OfferInterruptedSave(main, path);
     const FoundFile file{path};
     const Imported imported = read(main, path);
     const auto* ended = std::get_if<OpenOutcome>(&imported);

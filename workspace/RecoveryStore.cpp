@@ -104,6 +104,9 @@ void RecoveryStore::Open(fs::path folder, Clock clock) {
     folder_ = std::move(folder);
     clock_ = std::move(clock);
     live_.reset();
+    std::error_code error;
+    if (fs::is_directory(folder_, error))
+        fs::permissions(folder_, fs::perms::owner_all, error);
 }
 
 void RecoveryStore::Keep(const TabDocument& document, SettingsStore& settings) {
@@ -122,8 +125,9 @@ void RecoveryStore::BringUpToDate(const TabDocument& document, SettingsStore& se
     std::error_code error;
     if (live_ && sum == liveSum_ && fs::exists(live_->Path(), error))
         return;
-    MakeFolder();
-    if (live_ && !fs::exists(live_->Lock(), error)) // somebody emptied the folder
+    MakePrivateFolder(folder_); // documents may come from folders that others can't read
+    // Somebody emptied the folder; one that answers with an error may still hold the last copy.
+    if (live_ && !fs::exists(live_->Lock(), error) && !error)
         Drop();
     const bool isNew = !live_;
     if (isNew)
@@ -164,7 +168,7 @@ std::optional<fs::path> RecoveryStore::Archive(const TabDocument& document, Sett
         fs::rename(same->File, file, error);
     if (same != archived.end() && !error)
         return std::nullopt;
-    MakeFolder();
+    MakePrivateFolder(folder_);
     Write(file, document.CurrentPage, content);
     return file;
 }
@@ -240,18 +244,10 @@ fs::path RecoveryStore::NextArchiveName(const std::vector<RecoveredDocument>& ar
 }
 
 void RecoveryStore::Write(const fs::path& file, std::int16_t page, const std::string& content) {
-    AtomicFile target(file);
+    AtomicFile target(file, Readers::OwnerAlone);
     target.Write(RecoveryHead(clock_(), page, ContentSum(content)));
     target.Write(content);
     target.Commit();
-}
-
-void RecoveryStore::MakeFolder() const {
-    std::error_code error;
-    if (fs::create_directories(folder_, error))
-        fs::permissions(folder_, fs::perms::owner_all, error); // documents may come from folders that others can't read
-    else if (error)
-        throw FileAccessError(folder_, error.value());
 }
 
 } // namespace velmora

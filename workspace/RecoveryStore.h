@@ -45,8 +45,8 @@ public:
     RecoveryStore(const RecoveryStore&) = delete;
     RecoveryStore& operator=(const RecoveryStore&) = delete;
 
-    /// From now on, as a program that has just started. Touches nothing on disk; the folder is made, for this person
-    /// alone, with the first copy.
+    /// From now on, as a program that has just started. The folder is made with the first copy, for this person alone;
+    /// one that is there and open to others is closed to them.
     void Open(std::filesystem::path folder, Clock clock);
 
     /// Brings this copy's file up to date: written where the document changed since the last call, removed where it has
@@ -97,7 +97,6 @@ private:
     std::vector<RecoveredDocument> Prune();
     std::filesystem::path NextArchiveName(const std::vector<RecoveredDocument>& archived) const;
     void Write(const std::filesystem::path& file, std::int16_t page, const std::string& content);
-    void MakeFolder() const;
 
     std::filesystem::path folder_; ///< empty before Open
     Clock clock_;

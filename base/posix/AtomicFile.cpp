@@ -1,9 +1,9 @@
 #include "base/AtomicFile.h"
 
-#include "base/posix/SystemFile.h"
+#include "base/posix/FileRights.h"
+#include "base/posix/Sibling.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -26,15 +26,20 @@ fs::path ResolveLinks(fs::path path) {
     return path;
 }
 
-/// Makes a rename in the folder durable; not every file system can, so a failure is none of ours.
-void FlushFolder(const fs::path& folder) {
-    const SystemFile opened(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (opened.IsOpen())
-        ::fsync(opened.Get());
-}
-
 std::int64_t Nanoseconds(const timespec& time) {
     return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
+/// All of it, in place of what was there; nothing is cut off before. False on an error, which errno names.
+bool Overwrite(const SystemFile& file, std::string_view bytes) {
+    return ::lseek(file.Get(), 0, SEEK_SET) == 0 && WriteAll(file, bytes) &&
+           ::ftruncate(file.Get(), static_cast<off_t>(bytes.size())) == 0 && ::fsync(file.Get()) == 0;
+}
+
+/// Room on the disk for that many bytes. False on an error, which errno names.
+bool Reserve(const SystemFile& file, std::size_t bytes) {
+    errno = bytes > 0 ? ::posix_fallocate(file.Get(), 0, static_cast<off_t>(bytes)) : 0;
+    return errno == 0;
 }
 
 } // namespace
@@ -66,10 +71,7 @@ std::string ReadFile(const fs::path& path, std::size_t most) {
 /// The new content on its way to the file.
 class AtomicFile::Replacement {
 public:
-    explicit Replacement(const fs::path& path);
-    ~Replacement();
-    Replacement(const Replacement&) = delete;
-    Replacement& operator=(const Replacement&) = delete;
+    Replacement(const fs::path& path, Readers readers);
 
     void Write(std::string_view bytes);
     void Commit();
@@ -77,121 +79,109 @@ public:
 private:
     enum class Way { Rename, Overwrite, Straight };
 
-    Way ChooseWay() const;
-    bool CreateSibling(const fs::path& folder);
+    Way ChooseWay();
     void OpenSibling();
     void OverwriteTarget();
     [[noreturn]] void Fail() const;
 
-    fs::path target_;  ///< with links resolved
-    fs::path sibling_; ///< empty once it is gone
+    fs::path target_; ///< with links resolved
+    Readers readers_;
+    bool exists_ = false;
+    struct stat old_ {}; ///< the target's, where it exists
     Way way_;
-    SystemFile file_;
+    Sibling sibling_;
+    SystemFile straight_;
 };
 
-AtomicFile::Replacement::Replacement(const fs::path& path) : target_(ResolveLinks(path)), way_(ChooseWay()) {
+AtomicFile::Replacement::Replacement(const fs::path& path, Readers readers)
+    : target_(ResolveLinks(path)), readers_(readers), way_(ChooseWay()), sibling_(target_) {
     if (way_ != Way::Straight) {
         OpenSibling();
         return;
     }
-    file_.Reset(::open(target_.c_str(), O_WRONLY | O_CLOEXEC));
-    if (!file_.IsOpen())
+    straight_.Reset(::open(target_.c_str(), O_WRONLY | O_CLOEXEC));
+    if (!straight_.IsOpen())
         Fail();
 }
 
-AtomicFile::Replacement::~Replacement() {
-    if (!sibling_.empty())
-        ::unlink(sibling_.c_str());
-}
-
-AtomicFile::Replacement::Way AtomicFile::Replacement::ChooseWay() const {
-    struct stat status {};
-    if (::stat(target_.c_str(), &status) != 0) {
+AtomicFile::Replacement::Way AtomicFile::Replacement::ChooseWay() {
+    exists_ = ::stat(target_.c_str(), &old_) == 0;
+    if (!exists_) {
         if (errno != ENOENT)
             Fail();
         return Way::Rename;
     }
-    if (S_ISDIR(status.st_mode)) {
+    if (S_ISDIR(old_.st_mode)) {
         errno = EISDIR;
         Fail();
     }
     // A rename could replace a file that may not be written; the person who protected it means it.
     if (::access(target_.c_str(), W_OK) != 0)
         Fail();
-    if (!S_ISREG(status.st_mode))
+    if (!S_ISREG(old_.st_mode))
         return Way::Straight;
-    return status.st_nlink > 1 ? Way::Overwrite : Way::Rename;
-}
-
-/// False where the folder takes no new file, which errno explains.
-bool AtomicFile::Replacement::CreateSibling(const fs::path& folder) {
-    static std::atomic<unsigned> count{0};
-    do {
-        sibling_ = folder / (".velmora-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp");
-        file_.Reset(::open(sibling_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    } while (!file_.IsOpen() && errno == EEXIST);
-    if (!file_.IsOpen())
-        sibling_.clear();
-    return file_.IsOpen();
+    return old_.st_nlink > 1 ? Way::Overwrite : Way::Rename;
 }
 
 void AtomicFile::Replacement::OpenSibling() {
-    struct stat status {};
-    const bool exists = ::stat(target_.c_str(), &status) == 0;
-    if (!CreateSibling(target_.parent_path())) {
-        const int cause = errno;
-        std::error_code error;
-        // A file that may be written in a folder that may not: its twin waits elsewhere.
-        if (!exists || cause != EACCES || !CreateSibling(fs::temp_directory_path(error))) {
-            errno = cause;
-            Fail();
-        }
-        way_ = Way::Overwrite;
-    }
-    if (!exists)
+    // The rights of an old file come last, with all of the content; a new one gets the folder's.
+    const mode_t mode = exists_ || readers_ == Readers::OwnerAlone ? kOwnerAlone : kAllThatTheFolderGives;
+    if (sibling_.Create(target_.parent_path(), mode))
         return;
-    if (::fchown(file_.Get(), status.st_uid, status.st_gid) != 0)
-        way_ = Way::Overwrite;
-    ::fchmod(file_.Get(), status.st_mode & 07777);
+    const int cause = errno;
+    std::error_code error;
+    // A file that may be written in a folder that may not: its twin waits elsewhere.
+    if (!exists_ || cause != EACCES || !sibling_.Create(fs::temp_directory_path(error), kOwnerAlone)) {
+        errno = cause;
+        Fail();
+    }
+    way_ = Way::Overwrite;
 }
 
 void AtomicFile::Replacement::Write(std::string_view bytes) {
-    if (!WriteAll(file_, bytes))
+    if (!WriteAll(way_ == Way::Straight ? straight_ : sibling_.File(), bytes))
         Fail();
 }
 
 void AtomicFile::Replacement::Commit() {
     if (way_ == Way::Straight)
         return;
-    if (::fsync(file_.Get()) != 0)
+    if (way_ == Way::Rename && exists_ && !TakeRights(sibling_.File(), target_, old_, readers_))
+        way_ = Way::Overwrite;
+    if (::fsync(sibling_.File().Get()) != 0)
         Fail();
     if (way_ == Way::Overwrite)
         OverwriteTarget();
-    else if (::rename(sibling_.c_str(), target_.c_str()) != 0)
+    else if (!sibling_.TakePlaceOfTarget())
         Fail();
-    else
-        sibling_.clear();
     FlushFolder(target_.parent_path());
+    sibling_.RemoveOlderCopies();
 }
 
 void AtomicFile::Replacement::OverwriteTarget() {
-    const std::string content = ReadFile(sibling_);
-    const SystemFile target(::open(target_.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC));
+    const std::string content = ReadFile(sibling_.Path());
+    const SystemFile target(::open(target_.c_str(), O_RDWR | O_CLOEXEC));
     if (!target.IsOpen())
         Fail();
-    if (!WriteAll(target, content) || ::fsync(target.Get()) != 0) {
-        const int cause = errno;
-        sibling_.clear(); // it holds the only whole copy now
-        errno = cause;
+    const std::string old = ReadFile(target_);
+    // From here on a program that is killed leaves the twin as the whole copy, which the next opening offers.
+    if (!sibling_.KeepAsWhole())
         Fail();
-    }
+    const auto hold = HoldInterruptions();
+    if (Reserve(target, content.size()) && Overwrite(target, content))
+        return;
+    const int cause = errno;
+    if (!Overwrite(target, old))
+        throw FileAccessError(target_, cause, sibling_.Path());
+    errno = cause;
+    Fail();
 }
 
 void AtomicFile::Replacement::Fail() const {
     throw FileAccessError(target_, errno);
 }
 
-AtomicFile::AtomicFile(const fs::path& path) : file_(std::make_unique<Replacement>(path)) {}
+AtomicFile::AtomicFile(const fs::path& path, Readers readers) : file_(std::make_unique<Replacement>(path, readers)) {}
 
 AtomicFile::~AtomicFile() = default;
 
@@ -209,6 +199,17 @@ void AtomicFile::Flush() {
 void AtomicFile::Commit() {
     Flush();
     file_->Commit();
+}
+
+std::optional<fs::path> InterruptedSave(const fs::path& path) {
+    const fs::path target = ResolveLinks(path);
+    std::error_code error;
+    std::optional<fs::path> newest;
+    for (const fs::path& folder : {target.parent_path(), fs::temp_directory_path(error)})
+        for (const fs::path& copy : WholeCopies(target, folder))
+            if (!newest || fs::last_write_time(copy, error) > fs::last_write_time(*newest, error))
+                newest = copy;
+    return newest;
 }
 
 FileIdentity IdentityOf(const fs::path& path) {

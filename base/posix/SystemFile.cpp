@@ -1,6 +1,7 @@
 #include "base/posix/SystemFile.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace velmora {
@@ -24,6 +25,12 @@ bool WriteAll(const SystemFile& file, std::string_view bytes) {
             bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
+}
+
+void FlushFolder(const std::filesystem::path& folder) {
+    const SystemFile opened(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened.IsOpen())
+        ::fsync(opened.Get());
 }
 
 } // namespace velmora

@@ -1,6 +1,7 @@
 // What the POSIX sources of base share.
 #pragma once
 
+#include <filesystem>
 #include <string_view>
 
 namespace velmora {
@@ -24,5 +25,8 @@ private:
 
 /// False on an error, which errno names.
 bool WriteAll(const SystemFile& file, std::string_view bytes);
+
+/// Makes a rename in the folder durable; not every file system can, so a failure is none of ours.
+void FlushFolder(const std::filesystem::path& folder);
 
 } // namespace velmora

@@ -1,5 +1,6 @@
 #include "platform/Machine.h"
 
+#include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "platform/linux/LinuxDesktop.h"
@@ -22,6 +23,16 @@ Environment SystemEnvironment() {
     };
 }
 
+namespace {
+
+fs::path ConfigurationFolder(const Environment& environment) {
+    if (const auto config = environment("XDG_CONFIG_HOME"))
+        return PathOf(*config) / "velmora";
+    return PathOf(environment("HOME").value_or("/")) / ".config" / "velmora";
+}
+
+} // namespace
+
 fs::path FindProgramFolder(const fs::path& executableFolder, const Environment& environment) {
     if (const auto home = environment("VELMORA_HOME"))
         return fs::absolute(PathOf(*home));
@@ -29,15 +40,21 @@ fs::path FindProgramFolder(const fs::path& executableFolder, const Environment& 
     const bool installed = fs::exists(executableFolder.parent_path() / "share" / "velmora", error);
     if (!installed && ::access(executableFolder.c_str(), W_OK) == 0)
         return executableFolder;
-    if (const auto config = environment("XDG_CONFIG_HOME"))
-        return PathOf(*config) / "velmora";
-    return PathOf(environment("HOME").value_or("/")) / ".config" / "velmora";
+    return ConfigurationFolder(environment);
 }
 
 fs::path FindProgramFolder(const Environment& environment) {
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error); // empty where the system does not tell
     return FindProgramFolder(executable.parent_path(), environment);
+}
+
+fs::path MakeProgramFolder(const Environment& environment) {
+    const fs::path folder = FindProgramFolder(environment);
+    std::error_code error;
+    if (folder == ConfigurationFolder(environment) || !fs::exists(folder, error))
+        MakePrivateFolder(folder);
+    return folder;
 }
 
 std::unique_ptr<PrintSystem> MakePrintServer() {

@@ -1,0 +1,59 @@
+#include "base/posix/ScratchNames.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <set>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace velmora {
+namespace {
+
+/// One process has one set of files, whoever makes them; it lives as long as the process, whose threads may be late.
+struct Held {
+    std::mutex mutex;
+    std::set<std::filesystem::path> names;
+};
+
+Held& All() {
+    static Held& all = *new Held; // NOLINT(cppcoreguidelines-owning-memory)
+    return all;
+}
+
+} // namespace
+
+void ScratchName::Set(std::filesystem::path path, Outlives outlives) {
+    const std::lock_guard lock(All().mutex);
+    All().names.erase(path_);
+    path_ = std::move(path);
+    if (!path_.empty() && outlives == Outlives::Nothing)
+        All().names.insert(path_);
+}
+
+std::unique_lock<std::mutex> HoldInterruptions() {
+    return std::unique_lock(All().mutex);
+}
+
+void RemoveScratchFiles() noexcept {
+    All().mutex.lock(); // and never unlocked
+    for (const auto& name : All().names) {
+        std::error_code error;
+        std::filesystem::remove_all(name, error);
+    }
+}
+
+bool LockNew(const SystemFile& file) {
+    struct stat status {};
+    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0)
+        return errno != EWOULDBLOCK;
+    return ::fstat(file.Get(), &status) != 0 || status.st_nlink > 0;
+}
+
+void RemoveIfLeft(const std::filesystem::path& path) {
+    const SystemFile file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0)
+        ::unlink(path.c_str());
+}
+
+} // namespace velmora

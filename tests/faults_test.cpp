@@ -1,0 +1,197 @@
+// Every system call of a save fails, or is the program's last: no text may be lost, whatever the file.
+//   VELMORA_FAULTS=all: each fault at each call; else each call with one of them.
+#include "settings/IniFile.h"
+#include "tests/support/FaultyCalls.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestProgram.h"
+#include "workspace/RecoveryCopy.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr Fault kFaults[] = {Fault::NoSpace,    Fault::Quota,      Fault::InputOutput, Fault::Interrupted,
+                             Fault::BrokenDisk, Fault::KillBefore, Fault::KillIn,      Fault::KillAfter};
+
+/// What a child process came to.
+struct Ending {
+    bool killed = false;
+    bool failed = false;    ///< with an error, which a person would have read
+    bool namedCopy = false; ///< which said where the whole text is
+    int calls = 0;
+};
+
+/// The faults that are tried at a call.
+std::vector<Fault> FaultsAt(int call) {
+    if (const char* asked = std::getenv("VELMORA_FAULTS"); asked && std::string_view(asked) == "all")
+        return {std::begin(kFaults), std::end(kFaults)};
+    return {kFaults[static_cast<std::size_t>(call) % std::size(kFaults)]};
+}
+
+/// Does the work in a process of its own.
+Ending Suffer(Fault fault, int at, const std::function<void()>& work) {
+    int pipe[2];
+    EXPECT_EQ(::pipe(pipe), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        bool failed = false;
+        bool named = false;
+        ArmFault(fault, at);
+        try {
+            work();
+        } catch (const std::exception& error) {
+            failed = true;
+            named = std::string_view(error.what()).find(".whole]") != std::string_view::npos;
+        }
+        const int calls = DisarmFault();
+        [[maybe_unused]] const ssize_t told = ::write(pipe[1], &calls, sizeof calls);
+        ::_exit(named ? 2 : failed ? 1 : 0);
+    }
+    Ending ending;
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ::close(pipe[1]);
+    [[maybe_unused]] const ssize_t got = ::read(pipe[0], &ending.calls, sizeof ending.calls);
+    ::close(pipe[0]);
+    ending.killed = WIFSIGNALED(status);
+    ending.failed = !ending.killed && WEXITSTATUS(status) != 0;
+    ending.namedCopy = !ending.killed && WEXITSTATUS(status) == 2;
+    EXPECT_TRUE(ending.killed || WEXITSTATUS(status) <= 2) << "a sanitizer ended it";
+    return ending;
+}
+
+/// Runs `check` after every fault that is tried; `prepare` makes what each begins with.
+void TryAll(const std::function<void()>& prepare, const std::function<void()>& work,
+            const std::function<void(const Ending&)>& check) {
+    prepare();
+    const int calls = Suffer(Fault::None, 0, work).calls;
+    ASSERT_GT(calls, 4) << "the calls are not counted";
+    for (int at = 1; at <= calls; ++at)
+        for (const Fault fault : FaultsAt(at)) {
+            SCOPED_TRACE("fault " + std::to_string(static_cast<int>(fault)) + " at call " + std::to_string(at));
+            prepare();
+            check(Suffer(fault, at, work));
+        }
+}
+
+struct FaultsTest : testing::Test {
+    TemporaryFolder folder;
+    const fs::path file = folder / "a.csv";
+    const std::string old = std::string(300'000, 'o');
+    const std::string fresh = std::string(700'000, 'n');
+
+    ~FaultsTest() override { RefuseOwners(false); }
+
+    void MakeOld() {
+        for (const auto& entry : fs::directory_iterator(folder.Path()))
+            fs::remove(entry);
+        ReplaceFile(file, old);
+    }
+
+    void CheckNothingLost(const Ending& ending) {
+        const std::string found = ReadFile(file);
+        const auto copy = InterruptedSave(file);
+        const bool whole = found == old || found == fresh;
+        EXPECT_TRUE(whole || (copy && ReadFile(*copy) == fresh)) << found.size() << " bytes are left";
+        EXPECT_TRUE(ending.killed || ending.failed || found == fresh) << "said to be saved";
+        EXPECT_TRUE(ending.killed || whole || ending.namedCopy) << "nothing says where the text is";
+        ReplaceFile(file, old);
+        EXPECT_EQ(ReadFile(file), old);
+        const auto isHidden = [](const fs::directory_entry& entry) {
+            return entry.path().filename().native().starts_with(".");
+        };
+        EXPECT_EQ(std::count_if(fs::directory_iterator(folder.Path()), {}, isHidden), 0)
+            << "the next save leaves litter";
+    }
+
+    void SaveUnderFaults(const std::function<void()>& prepare) {
+        TryAll(
+            [&] {
+                MakeOld();
+                prepare();
+            },
+            [&] { ReplaceFile(file, fresh); }, [&](const Ending& ending) { CheckNothingLost(ending); });
+    }
+};
+
+TEST_F(FaultsTest, AnOwnFile) {
+    SaveUnderFaults([&] {
+        ::chmod(file.c_str(), 0640);
+        ::setxattr(file.c_str(), "user.note", "x", 1, 0); // where the file system has such
+    });
+}
+
+TEST_F(FaultsTest, AHardLinkedFile) {
+    SaveUnderFaults([&] { fs::create_hard_link(file, folder / "twin.csv"); });
+    EXPECT_EQ(fs::hard_link_count(file), 2U);
+}
+
+TEST_F(FaultsTest, AColleaguesFile) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can make a file of another owner";
+    RefuseOwners(true);
+    SaveUnderFaults([&] { ASSERT_EQ(::chown(file.c_str(), 12, 34), 0); });
+    struct stat status {};
+    ASSERT_EQ(::stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, 12U);
+}
+
+TEST_F(FaultsTest, AnIniFile) {
+    const fs::path ini = folder / "Velmora.ini";
+    TryAll(
+        [&] {
+            MakeOld();
+            ReplaceFile(ini, "[Settings]\r\nPrinter=old\r\n");
+        },
+        [&] { IniFile(ini).Write("Settings", "Printer", "new"); },
+        [&](const Ending& ending) {
+            const std::string found = ReadFile(ini);
+            const bool isNew = found == "[Settings]\r\nPrinter=new\r\n";
+            EXPECT_TRUE(isNew || found == "[Settings]\r\nPrinter=old\r\n") << found;
+            EXPECT_TRUE(isNew || ending.killed || ending.failed) << "said to be written";
+        });
+}
+
+TEST_F(FaultsTest, ARecoveryCopy) {
+    TestProgram program([](const std::string& text) { ADD_FAILURE() << text; });
+    const auto keep = [&](RecoveryStore& store, const std::string& text) {
+        program.main.document.FieldA.ReDim(1);
+        program.main.document.FieldB.ReDim(1);
+        program.main.document.FieldC.ReDim(1);
+        program.main.document.TabCount = 1;
+        program.main.document.FieldA(1) = text;
+        program.main.document.DocChanged = true;
+        store.Keep(program.main.document, program.main.settings);
+    };
+    const fs::path recovery = folder / "Recovery";
+    TryAll([&] { fs::remove_all(recovery); },
+           [&] {
+               DisarmFault();
+               RecoveryStore store;
+               store.Open(recovery, std::chrono::system_clock::now);
+               keep(store, "old");
+               RearmFault();
+               keep(store, "new");
+           },
+           [&](const Ending& ending) {
+               RecoveryStore store;
+               store.Open(recovery, std::chrono::system_clock::now);
+               const auto left = store.List();
+               ASSERT_EQ(left.size(), 1U);
+               const std::string copy = store.Read(left[0]).value();
+               const std::string text(ParseRecoveryCopy(copy)->texts.front());
+               EXPECT_TRUE(text == "new" || (text == "old" && (ending.killed || ending.failed))) << text;
+           });
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,224 @@
+// Files: replaced safely, kept as private as they were, and no litter.
+#include "base/AtomicFile.h"
+#include "base/Interruption.h"
+#include "base/TemporaryFile.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct FileStatus : stat {
+    explicit FileStatus(const fs::path& path) : stat{} { ::lstat(path.c_str(), this); }
+};
+
+TEST(AtomicFileTest, LinksAndPermissionsSurvive) {
+    const TemporaryFolder folder;
+    ReplaceFile(folder / "real.csv", "old");
+    ::chmod((folder / "real.csv").c_str(), 0640);
+    fs::create_symlink("real.csv", folder / "link.csv");
+    fs::create_hard_link(folder / "real.csv", folder / "twin.csv");
+    ReplaceFile(folder / "link.csv", "new");
+    EXPECT_TRUE(fs::is_symlink(folder / "link.csv"));
+    EXPECT_EQ(ReadFile(folder / "real.csv"), "new");
+    EXPECT_EQ(ReadFile(folder / "twin.csv"), "new");
+    fs::remove(folder / "twin.csv");
+    ReplaceFile(folder / "real.csv", "newer");
+    EXPECT_EQ(FileStatus(folder / "real.csv").st_mode & 0777, 0640u);
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::chown((folder / "real.csv").c_str(), 12, 34), 0);
+        ReplaceFile(folder / "real.csv", "newest");
+        EXPECT_EQ(FileStatus(folder / "real.csv").st_uid, 12u);
+        EXPECT_EQ(FileStatus(folder / "real.csv").st_gid, 34u);
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2) << "a temporary file stayed behind";
+}
+
+TEST(AtomicFileTest, AWritableFileInAFolderThatIsNotIsOverwrittenInPlace) {
+    if (::geteuid() == 0 && ::seteuid(65534) != 0)
+        GTEST_SKIP() << "root may write everywhere";
+    const bool wasRoot = ::getuid() == 0;
+    {
+        const TemporaryFolder folder;
+        ReplaceFile(folder / "a.csv", "old");
+        fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_exec);
+        ReplaceFile(folder / "a.csv", "new");
+        EXPECT_EQ(ReadFile(folder / "a.csv"), "new");
+        EXPECT_THROW(ReplaceFile(folder / "b.csv", "x"), FileAccessError);
+        fs::permissions(folder / "a.csv", fs::perms::owner_read);
+        EXPECT_THROW(ReplaceFile(folder / "a.csv", "newer"), FileAccessError);
+    }
+    if (wasRoot) {
+        ASSERT_EQ(::seteuid(0), 0);
+    }
+}
+
+TEST(AtomicFileTest, NoMorePeopleMayReadThanBefore) {
+    const TemporaryFolder folder;
+    const fs::path path = folder / "a.csv";
+    const auto mode = [](const fs::path& file) { return FileStatus(file).st_mode & 0777; };
+    ReplaceFile(path, "old");
+    ::chmod(path.c_str(), 0644);
+    AtomicFile file(path);
+    file.Write(std::string(1 << 20, 'x'));
+    for (const auto& entry : fs::directory_iterator(folder.Path()))
+        EXPECT_EQ(mode(entry.path()), entry.path() == path ? 0644U : 0600U);
+    file.Commit();
+    EXPECT_EQ(mode(path), 0644U);
+    ReplaceFile(path, "own", Readers::OwnerAlone);
+    ReplaceFile(folder / "new", "own", Readers::OwnerAlone);
+    EXPECT_EQ(mode(path), 0600U);
+    EXPECT_EQ(mode(folder / "new"), 0600U);
+    fs::permissions(folder.Path(), fs::perms::all);
+    MakePrivateFolder(folder.Path());
+    EXPECT_EQ(mode(folder.Path()), 0700U);
+}
+
+/// Does "user::rw-,user:12:r--,group::r--,mask::r--,other::---" as the system stores it.
+std::string AccessList() {
+    const std::uint16_t entries[][4] = {{1, 6, 0xFFFF, 0xFFFF},
+                                        {2, 4, 12, 0},
+                                        {4, 4, 0xFFFF, 0xFFFF},
+                                        {16, 4, 0xFFFF, 0xFFFF},
+                                        {32, 0, 0xFFFF, 0xFFFF}};
+    std::string bytes("\2\0\0\0", 4);
+    return bytes.append(reinterpret_cast<const char*>(entries), sizeof entries);
+}
+
+TEST(AtomicFileTest, AttributesAndAccessListsSurvive) {
+    const TemporaryFolder folder;
+    const fs::path path = folder / "a.csv";
+    ReplaceFile(path, "old");
+    const std::pair<const char*, std::string> attributes[] = {{"user.note", "kept"},
+                                                              {"system.posix_acl_access", AccessList()}};
+    for (const auto& [name, value] : attributes)
+        if (::setxattr(path.c_str(), name, value.data(), value.size(), 0) != 0)
+            GTEST_SKIP() << "the file system has no " << name;
+    ReplaceFile(path, "new");
+    for (const auto& [name, value] : attributes) {
+        std::string found(100, '\0');
+        found.resize(static_cast<std::size_t>(std::max<ssize_t>(::getxattr(path.c_str(), name, found.data(), 100), 0)));
+        EXPECT_EQ(found, value) << name;
+    }
+    // A list of the folder's own is not for a file that had none.
+    fs::remove(path);
+    ReplaceFile(path, "old");
+    ::chmod(path.c_str(), 0640);
+    ASSERT_EQ(
+        ::setxattr(folder.Path().c_str(), "system.posix_acl_default", AccessList().data(), AccessList().size(), 0), 0);
+    ReplaceFile(path, "new");
+    EXPECT_LT(::getxattr(path.c_str(), "system.posix_acl_access", nullptr, 0), 0);
+}
+
+/// Starts a program that makes files, and ends it by the signal while it has them.
+void EndWhileWriting(int signal, const fs::path& folder) {
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        RemoveTemporaryFilesWhenInterrupted();
+        AtomicFile file(folder / "a.csv");
+        const TemporaryFile other(".pdf");
+        [[maybe_unused]] const ssize_t told = ::write(ready[1], "x", 1);
+        ::pause();
+    }
+    char told = 0;
+    ASSERT_EQ(::read(ready[0], &told, 1), 1);
+    ::kill(child, signal);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal);
+    ::close(ready[0]);
+    ::close(ready[1]);
+}
+
+TEST(AtomicFileTest, WhatEndsLeavesNoLitterForLong) {
+    const TemporaryFolder folder;
+    const std::string before = std::getenv("TMPDIR") ? std::getenv("TMPDIR") : "";
+    ::setenv("TMPDIR", folder.Path().c_str(), 1);
+    const auto files = [&] { return std::distance(fs::directory_iterator(folder.Path()), {}); };
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        EndWhileWriting(signal, folder.Path());
+        EXPECT_EQ(files(), 0) << signal;
+    }
+    EndWhileWriting(SIGKILL, folder.Path());
+    EXPECT_EQ(files(), 2);
+    {
+        const AtomicFile running(folder / "b.csv");
+        const TemporaryFile other(".pdf");
+        EXPECT_EQ(files(), 2) << "what was left is removed";
+        const AtomicFile beside(folder / "b.csv");
+        EXPECT_EQ(files(), 3) << "what is in use stays";
+    }
+    before.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", before.c_str(), 1);
+}
+
+TEST(AtomicFileTest, NothingChangesBeforeCommit) {
+    const TemporaryFolder folder;
+    ReplaceFile(folder / "a.csv", "old");
+    {
+        AtomicFile file(folder / "a.csv");
+        file.Write(std::string(1 << 20, 'x'));
+    }
+    EXPECT_EQ(ReadFile(folder / "a.csv"), "old");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1);
+}
+
+/// Saves, over and over, until it is killed.
+[[noreturn]] void SaveForEver(const fs::path& path, const std::string& old, const std::string& fresh) noexcept {
+    for (;;) {
+        ReplaceFile(path, fresh);
+        ReplaceFile(path, old);
+    }
+}
+
+TEST(AtomicFileTest, AKilledSaveLeavesTheOldFileOrTheNewOneWhole) {
+    const TemporaryFolder folder;
+    const fs::path path = folder / "a.csv";
+    const std::string old(1'000'000, 'o');
+    const std::string fresh(1'500'000, 'n');
+    ReplaceFile(path, old);
+    int fresher = 0;
+    for (unsigned kill = 0; kill < 60 || (fresher == 0 && kill < 1000); ++kill) {
+        const pid_t child = ::fork();
+        if (child == 0)
+            SaveForEver(path, old, fresh);
+        ::usleep(kill * 391); // 0 to 23 ms, over many saves; longer on a busy machine
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        const std::string found = ReadFile(path);
+        ASSERT_TRUE(found == old || found == fresh) << found.size() << " bytes after kill " << kill;
+        fresher += found == fresh ? 1 : 0;
+    }
+    EXPECT_GT(fresher, 0) << "no kill met a save";
+}
+
+TEST(AtomicFileTest, RefusalsNameThePathAndTheCause) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "dir");
+    EXPECT_THROW(ReplaceFile(folder / "dir", "x"), FileAccessError);
+    EXPECT_THROW(ReadFile(folder / "dir"), FileAccessError);
+    EXPECT_THROW(ReplaceFile(folder / "none/a.csv", "x"), FileAccessError);
+    try {
+        ReadFile(folder / "none.csv");
+        FAIL();
+    } catch (const FileAccessError& error) {
+        EXPECT_EQ(error.Number(), ENOENT);
+        EXPECT_EQ(error.what(), (folder / "none.csv").string() + ": No such file or directory");
+    }
+    // A full disk is met at the latest when the buffer is flushed.
+    EXPECT_THROW(ReplaceFile("/dev/full", "x"), FileAccessError);
+    ReplaceFile("/dev/null", "x");
+}
+
+} // namespace
+} // namespace velmora
