@@ -6,6 +6,7 @@
 #include "base/Version.h"
 #include "platform/InstalledPrinters.h"
 #include "platform/qt/BundledFiles.h"
+#include "platform/qt/Endings.h"
 #include "platform/qt/QtUserInterface.h"
 #include "settings/RegistryFile.h"
 #include "workbook/LibraryWorkbooks.h"
@@ -54,7 +55,7 @@ std::string CommandLine(int argc, char** argv) {
 
 int Run(const std::string& commandLine) {
     const Environment environment = SystemEnvironment();
-    const std::filesystem::path folder = FindProgramFolder(environment);
+    const std::filesystem::path folder = MakeProgramFolder(environment);
     LayOut(folder / "Images", folder / "Tabs");
 
     QtUserInterface ui;
@@ -70,6 +71,10 @@ int Run(const std::string& commandLine) {
     const std::unique_ptr<Desktop> desktop = MakeDesktop(environment);
     program.desktop.Take(*desktop);
     InstalledForms forms(program);
+    const Endings endings([&forms] {
+        if (mdiVelmora* window = forms.Window())
+            window->Leave();
+    });
     if (Main(program, commandLine, forms) == StartOutcome::Ended)
         return 0;
     return QApplication::exec();

@@ -4,6 +4,7 @@
 #include "tests/support/FaultyCalls.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/OpenDocument.h"
 #include "workspace/RecoveryCopy.h"
 
 #include <gtest/gtest.h>
@@ -143,6 +144,27 @@ TEST_F(FaultsTest, AColleaguesFile) {
     struct stat status {};
     ASSERT_EQ(::stat(file.c_str(), &status), 0);
     EXPECT_EQ(status.st_uid, 12U);
+}
+
+TEST_F(FaultsTest, OpeningOffersTheTextOfAnInterruptedSave) {
+    const auto tabs = [](const std::string& text) {
+        return "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\n" + text + ",,\r\n" + text + ",,\r\n";
+    };
+    TestProgram program([](const std::string& text) { ADD_FAILURE() << text; });
+    const auto opened = [&](Answer answer) {
+        program.ui.Expect("Saving the following file was interrupted, and it may be damaged: [" + file.string() +
+                              "]\r\nDo you want to have back what was to be saved?",
+                          Icon::Question, Buttons::YesNo, answer);
+        EXPECT_EQ(OpenFile(program.main, file), OpenOutcome::Opened);
+        return program.main.document.FieldA(1) + program.main.document.FieldA(2);
+    };
+    ReplaceFile(file, tabs("old"));
+    fs::create_hard_link(file, folder / "twin.csv");
+    for (int at = 1; !InterruptedSave(file) || ReadFile(file) == tabs("old"); ++at)
+        ASSERT_TRUE(Suffer(Fault::KillIn, at, [&] { ReplaceFile(file, tabs("new")); }).killed);
+    EXPECT_EQ(opened(Answer::No), "oldold"); // the half that was written is the header's
+    EXPECT_EQ(opened(Answer::Yes), "newnew");
+    EXPECT_EQ(OpenFile(program.main, file), OpenOutcome::Opened);
 }
 
 TEST_F(FaultsTest, AnIniFile) {

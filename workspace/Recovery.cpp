@@ -17,6 +17,11 @@ void KeepRecoveryCopy(MainModule& main) {
     }
 }
 
+void KeepLastRecoveryCopy(MainModule& main) {
+    main.recovery.IsFirstFailure(); // from here on none is reported
+    KeepRecoveryCopy(main);
+}
+
 std::optional<std::filesystem::path> ArchiveDocument(MainModule& main) {
     TakePageBack(main);
     std::optional<std::filesystem::path> copy;

@@ -68,6 +68,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     setAcceptDrops(true);
     keepTimer_.setSingleShot(true);
     connect(&keepTimer_, &QTimer::timeout, this, [this] { KeepRecoveryCopy(program_.main); });
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { KeepLastRecoveryCopy(program_.main); });
     BuildMenus();
     BuildToolBar();
     BuildStatusBar();
@@ -269,6 +270,14 @@ void mdiVelmora::dropEvent(QDropEvent* event) {
     if (!urls.isEmpty())
         QTimer::singleShot(0, this,
                            [this, path = PathOf(urls.first().toLocalFile().toStdString())] { OpenAnother(path); });
+}
+
+void mdiVelmora::Leave() {
+    KeepLastRecoveryCopy(program_.main);
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* dialog = dynamic_cast<PlacedDialog*>(window); dialog && dialog->isVisible())
+            dialog->hide(); // which stores its place
+    SavePlace(*this, program_.main.settings, kPositionKey);
 }
 
 void mdiVelmora::closeEvent(QCloseEvent* event) {

@@ -27,6 +27,8 @@ public:
     explicit mdiVelmora(Program& program);
     ~mdiVelmora() override;
 
+    /// The last moment of a program that others end: keeps a recovery copy of what is typed, and the windows' places.
+    void Leave();
     void SetPanel(int panel, const std::string& text) override;
     void SetCaption(const std::string& caption) override;
 

@@ -1,5 +1,6 @@
 // The main window and its grid on the offscreen platform, driven through the named controls.
 #include "editor/ui/frmGrid2a4.h"
+#include "platform/qt/Endings.h"
 #include "platform/qt/QtUserInterface.h"
 #include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
@@ -11,13 +12,19 @@
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QMimeData>
+#include <QProcess>
 #include <QScrollBar>
 #include <QToolBar>
 #include <QUrl>
 
+#include <csignal>
+
 namespace {
 
 using namespace velmora;
+namespace fs = std::filesystem;
+
+constexpr const char* kTypes = "VELMORA_TYPES"; ///< set for a program that another test starts
 
 class FormsTest : public QObject {
     Q_OBJECT
@@ -289,6 +296,42 @@ private slots:
                                    ": No such file or directory\r\nCalled from Function: PrintReport",
                                Icon::Critical);
         running.Trigger("mnuSavePdf");
+    }
+
+    void theLastKeystrokeIsKeptWhenAProgramIsEnded() {
+        for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+            QProcess other;
+            other.setEnvironment(QProcess::systemEnvironment() << kTypes + QString("=1"));
+            other.start(QApplication::applicationFilePath(), {"typesUntilItIsEnded"});
+            QByteArray line; // the folder, after what the test's library writes
+            while (!line.startsWith('/') && (other.canReadLine() || other.waitForReadyRead()))
+                line = other.readLine().trimmed();
+            const fs::path folder = line.toStdString();
+            ::kill(static_cast<pid_t>(other.processId()), signal);
+            QVERIFY(other.waitForFinished());
+            QCOMPARE(other.exitCode(), signal);
+            QVERIFY(ReadFile(folder / "Velmora.ini").find("mdiVelmora=") != std::string::npos);
+            RecoveryStore store;
+            store.Open(folder / "Recovery", std::chrono::system_clock::now);
+            const auto left = store.List();
+            QCOMPARE(left.size(), 1U);
+            QVERIFY(store.Read(left[0])->find("just typed") != std::string::npos);
+            fs::remove_all(folder);
+        }
+    }
+
+    /// The program of the test above; does nothing in any other run.
+    void typesUntilItIsEnded() {
+        if (qEnvironmentVariableIsEmpty(kTypes))
+            return;
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        const Endings endings([&] { running.window->Leave(); });
+        running.Box("TextA1(1)")->clear();
+        QTest::keyClicks(running.Box("TextA1(1)"), "just typed");
+        std::printf("%s\n", running.test.folder.Path().c_str());
+        std::fflush(stdout);
+        QTest::qWait(20'000);
     }
 };
 
