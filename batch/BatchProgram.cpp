@@ -58,7 +58,7 @@ BatchProgram::BatchProgram()
 }
 
 void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {
-    ReadFile(iniFile); // raises why it cannot be read
+    ReadIniFile(iniFile); // raises why it cannot be read
     settings_.Object.File().CopyToMemory(iniFile);
 }
 

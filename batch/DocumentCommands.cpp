@@ -209,7 +209,7 @@ int RunCheck(const std::vector<std::string>& files) {
                 clean = false;
             }
         } catch (const FileAccessError& error) {
-            std::cerr << "velmora-batch: " << error.what() << '\n';
+            std::cerr << "velmora-batch: " << OneLine(error.what()) << '\n';
             clean = false;
         }
     }

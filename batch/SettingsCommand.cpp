@@ -12,9 +12,9 @@
 namespace velmora {
 namespace {
 
-/// Raises why the file cannot be read, also for one in UTF-16.
+/// Raises why the file cannot be read, also for one that is too large or in UTF-16.
 void CheckIsIniFile(const std::string& file) {
-    const std::string start = ReadFile(PathOf(file), 4);
+    const std::string start = ReadIniFile(PathOf(file)).substr(0, 4);
     if (start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF") || start.find('\0') != std::string::npos)
         throw Error(file + ": neither UTF-8 nor Windows-1252");
 }

@@ -1,11 +1,15 @@
 // velmora-batch: the command-line twin of Velmora, for scripts.
 
 #include "base/Interruption.h"
+#include "base/Terminal.h"
+#include "base/Text.h"
 #include "batch/BatchProgram.h"
 #include "batch/CommandLine.h"
 #include "batch/Commands.h"
+#include "batch/TerminalStream.h"
 
 #include <iostream>
+#include <optional>
 
 namespace {
 
@@ -21,10 +25,10 @@ int Run(int argc, char** argv) {
             throw Error("standard output: cannot be written");
         return code;
     } catch (const UsageError& error) {
-        std::cerr << "velmora-batch: " << error.what() << '\n';
+        std::cerr << "velmora-batch: " << OneLine(error.what()) << '\n';
         return kWrongUsage;
     } catch (const std::exception& error) {
-        std::cerr << "velmora-batch: " << error.what() << '\n';
+        std::cerr << "velmora-batch: " << OneLine(error.what()) << '\n';
         return kFailed;
     }
 }
@@ -33,5 +37,9 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     velmora::RemoveTemporaryFilesWhenInterrupted();
+    const TerminalStream errors(std::cerr);
+    std::optional<TerminalStream> output; // what goes to a file or another program is theirs as it is
+    if (OutputIsTerminal())
+        output.emplace(std::cout);
     return Run(argc, argv);
 }

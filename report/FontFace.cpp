@@ -32,7 +32,7 @@ HbFace OpenFace(const std::filesystem::path& path, int index) {
 
 FontFace::FontFace(const std::filesystem::path& path, int index)
     : path_(path), index_(index), face_(OpenFace(path, index)), font_(hb_font_create(face_.get())),
-      unitsPerEm_(static_cast<int>(hb_face_get_upem(face_.get()))) {
+      glyphCount_(hb_face_get_glyph_count(face_.get())), unitsPerEm_(static_cast<int>(hb_face_get_upem(face_.get()))) {
     hb_font_extents_t extents{};
     if (!hb_font_get_h_extents(font_.get(), &extents)) {
         extents.ascender = unitsPerEm_ * 4 / 5;
@@ -49,7 +49,7 @@ FontFace::FontFace(const std::filesystem::path& path, int index)
 
 bool FontFace::HasGlyph(char32_t character) const {
     hb_codepoint_t glyph = 0;
-    return hb_font_get_nominal_glyph(font_.get(), character, &glyph) != 0;
+    return hb_font_get_nominal_glyph(font_.get(), character, &glyph) != 0 && glyph < glyphCount_;
 }
 
 } // namespace velmora

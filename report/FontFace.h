@@ -28,12 +28,14 @@ public:
     int Index() const { return index_; }
     hb_face_t* Face() const { return face_.get(); }
     hb_font_t* Font() const { return font_.get(); } ///< scaled to font units
+    std::uint32_t GlyphCount() const { return glyphCount_; }
     int UnitsPerEm() const { return unitsPerEm_; }
     int Ascent() const { return ascent_; }                         ///< of a line, above the baseline
     int Descent() const { return descent_; }                       ///< of a line, below the baseline
     int UnderlineTop() const { return underlineTop_; }             ///< below the baseline
     int UnderlineThickness() const { return underlineThickness_; } ///< at least 1
 
+    /// False as well where the font's map leads beyond its last glyph.
     bool HasGlyph(char32_t character) const;
 
 private:
@@ -41,6 +43,7 @@ private:
     int index_;
     HbFace face_;
     HbFont font_;
+    std::uint32_t glyphCount_ = 0;
     int unitsPerEm_ = 0;
     int ascent_ = 0;
     int descent_ = 0;

@@ -94,6 +94,13 @@ std::vector<FriBidiLevel> Levels(std::u32string_view characters) {
     return levels;
 }
 
+/// A damaged font may lead to a glyph that it does not have: there is its box for a missing one.
+ShapedGlyph GlyphOf(const FontFace& face, const hb_glyph_info_t& info, const hb_glyph_position_t& position) {
+    if (info.codepoint >= face.GlyphCount())
+        return {0, hb_font_get_glyph_h_advance(face.Font(), 0), 0, 0};
+    return {info.codepoint, position.x_advance, position.x_offset, position.y_offset};
+}
+
 /// Gives each glyph the characters it stands for; where several stand for the same, the first in reading has
 /// them.
 void AssignSources(std::vector<ShapedGlyph>& glyphs, const hb_glyph_info_t* infos, bool toTheLeft, std::size_t end) {
@@ -343,15 +350,16 @@ GlyphRun TextShaper::ShapePiece(const std::u32string& characters, const Piece& p
     hb_buffer_set_direction(buffer, toTheLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
     hb_buffer_set_language(buffer, language_); // not the desktop's: a sheet looks the same on every machine
     hb_buffer_guess_segment_properties(buffer);
-    hb_shape(piece.typeface->face->Font(), buffer, nullptr, 0);
+    const FontFace& face = *piece.typeface->face;
+    hb_shape(face.Font(), buffer, nullptr, 0);
 
     unsigned count = 0;
     const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
     const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
     GlyphRun run{*piece.typeface, std::vector<ShapedGlyph>(count), 0};
     for (unsigned i = 0; i < count; ++i) {
-        run.glyphs[i] = {infos[i].codepoint, positions[i].x_advance, positions[i].x_offset, positions[i].y_offset};
-        run.advance += positions[i].x_advance;
+        run.glyphs[i] = GlyphOf(face, infos[i], positions[i]);
+        run.advance += run.glyphs[i].advance;
     }
     AssignSources(run.glyphs, infos, toTheLeft, piece.end);
     return run;

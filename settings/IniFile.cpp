@@ -61,7 +61,7 @@ bool IsYoung(std::int64_t changed) {
 /// A missing file is an empty one.
 std::string ReadIfPresent(const fs::path& path) {
     try {
-        return ReadFile(path);
+        return ReadIniFile(path);
     } catch (const FileAccessError& error) {
         if (error.Number() != ENOENT)
             throw;
@@ -74,6 +74,12 @@ std::string AsUtf8(std::string_view text) {
 }
 
 } // namespace
+
+std::string ReadIniFile(const fs::path& path) {
+    if (IdentityOf(path).size > kMostIniBytes)
+        throw Error(PathText(path) + ": larger than 256 KB");
+    return ReadFile(path);
+}
 
 void IniFile::Open(const fs::path& path) {
     if (path == path_)
@@ -182,7 +188,7 @@ void IniFile::Refresh() {
         return;
     try {
         Load();
-    } catch (const FileAccessError&) {
+    } catch (const Error&) {
         stored_ = IniText(); // as the private-profile functions do: every key is missing
     }
     // A file that was replaced after the look is met by the next one.

@@ -16,11 +16,18 @@
 
 namespace velmora {
 
+/// Far more than settings take. Every look at a key goes through the lines, so a larger file would hold the program up.
+inline constexpr std::int64_t kMostIniBytes = 256 << 10;
+
+/// Raises FileAccessError, also for a missing file, and Error for one of more than kMostIniBytes.
+std::string ReadIniFile(const std::filesystem::path& path);
+
 /// A file on disk, or, with an empty path, a text in memory only. All texts are UTF-8; what is not is taken
 /// as Windows-1252. The file keeps the encoding and the mark it was read with while every text fits it, and
-/// becomes UTF-8 otherwise. A change that alters no byte leaves the file alone. A file that is missing or
-/// can't be read reads as empty; one that can't be read is never written over. Changing operations raise
-/// FileAccessError, or Error for a file in an encoding that is not supported, and then the file is as it was.
+/// becomes UTF-8 otherwise. A change that alters no byte leaves the file alone. A file that is missing, too
+/// large or can't be read reads as empty; one that is not read is never written over. Changing operations raise
+/// FileAccessError, or Error for a file that is too large or in an encoding that is not supported, and then the file is
+/// as it was.
 class IniFile {
 public:
     IniFile() = default;

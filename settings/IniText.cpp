@@ -28,8 +28,7 @@ std::string_view TrimOf(std::string_view text, std::string_view characters) {
     return text.substr(first, text.find_last_not_of(characters) - first + 1);
 }
 
-/// Names come from callers with any blanks around; only spaces are dropped, so that a name with a tab is
-/// found again.
+/// Names come from callers with any blanks around; only spaces are dropped, as the functions do.
 std::string_view TrimSpaces(std::string_view name) {
     return TrimOf(name, " ");
 }
@@ -51,10 +50,15 @@ Line ParseLine(std::string_view lineWithEnd) {
         return {};
     if (line[first] == '[') {
         const std::string_view rest = line.substr(first + 1);
-        return {LineKind::Header, TrimSpaces(rest.substr(0, rest.find(']'))), {}, {}};
+        return {LineKind::Header, TrimOf(rest.substr(0, rest.find(']')), kBlanks), {}, {}};
     }
     const std::size_t equals = line.find('=');
     return equals == std::string_view::npos ? Line() : ParseKey(line, equals);
+}
+
+/// As a default is handed out.
+std::string WithoutSpacesAtEnd(std::string_view fallback) {
+    return std::string(fallback.substr(0, fallback.find_last_not_of(' ') + 1));
 }
 
 std::string_view WithoutQuotes(std::string_view value) {
@@ -167,7 +171,7 @@ std::optional<std::string_view> IniText::FindValue(std::string_view section, std
 
 std::string IniText::ReadString(std::string_view section, std::string_view key, std::string_view fallback) const {
     const auto value = FindValue(section, key);
-    return std::string(value ? *value : fallback.substr(0, fallback.find_last_not_of(' ') + 1));
+    return value ? std::string(*value) : WithoutSpacesAtEnd(fallback);
 }
 
 std::int32_t IniText::ReadInt(std::string_view section, std::string_view key, std::int32_t fallback) const {
@@ -175,12 +179,12 @@ std::int32_t IniText::ReadInt(std::string_view section, std::string_view key, st
     return !value || value->empty() ? fallback : ProfileInteger(*value);
 }
 
-std::string IniText::ListKeys(std::string_view section) const {
+std::string IniText::ListKeys(std::string_view section, std::string_view fallback) const {
     std::string list;
     if (const auto found = FindSection(section))
         for (std::size_t i = found->header + 1; i < found->end; ++i)
             AppendName(list, ParseLine(lines_[i]).name);
-    return list;
+    return list.empty() ? WithoutSpacesAtEnd(fallback) : list;
 }
 
 std::string IniText::ListSections() const {
@@ -192,6 +196,8 @@ std::string IniText::ListSections() const {
 }
 
 bool IniText::Write(std::string_view section, std::string_view key, std::optional<std::string_view> value) {
+    if (value)
+        value = WithoutLineEnd(*value);
     const auto found = FindSection(section);
     const auto line = found ? FindKey(*found, key) : std::nullopt;
     if (line && value)

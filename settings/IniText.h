@@ -17,8 +17,9 @@ namespace velmora {
 /// functions do.
 std::int32_t ProfileInteger(std::string_view text);
 
-/// Works on bytes: the encoding is the caller's affair. Spaces around names are dropped. A name that holds
-/// "=", "]", a leading ";" or a line break is written as it comes and read back as what the line then says.
+/// Works on bytes: the encoding is the caller's affair. Spaces around a name that is asked for are dropped, in the text
+/// tabs too. A name that holds "=", "]", a tab at its end, a leading ";" or a line break is written as it comes and
+/// read back as what the line then says.
 class IniText {
 public:
     IniText() = default;
@@ -30,12 +31,12 @@ public:
     std::string ReadString(std::string_view section, std::string_view key, std::string_view fallback) const;
     /// The fallback also for an empty value.
     std::int32_t ReadInt(std::string_view section, std::string_view key, std::int32_t fallback) const;
-    /// The key names of a section, each followed by NUL; empty where there is no such section.
-    std::string ListKeys(std::string_view section) const;
-    /// The section names in the same form.
+    /// The key names of a section, each followed by NUL; where there are none the fallback without blanks at its end.
+    std::string ListKeys(std::string_view section, std::string_view fallback = {}) const;
+    /// The section names in the same form; empty where there are none.
     std::string ListSections() const;
 
-    /// Sets the key; nullopt removes it. A new key follows the last key of its section, a
+    /// Sets the key to the value's first line; nullopt removes it. A new key follows the last key of its section, a
     /// new section the end of the text, with CR LF. True when a byte changed.
     bool Write(std::string_view section, std::string_view key, std::optional<std::string_view> value);
 

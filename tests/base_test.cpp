@@ -1,6 +1,7 @@
 #include "base/Encoding.h"
 #include "base/Error.h"
 #include "base/Numbers.h"
+#include "base/Terminal.h"
 #include "base/Text.h"
 
 #include <gtest/gtest.h>
@@ -57,6 +58,21 @@ TEST(Numbers, FlagsInText) {
         EXPECT_TRUE(IsFlag(text) && !ToFlag(text)) << text;
     for (const char* text : {"", "yes", "T", "True1"})
         EXPECT_FALSE(IsFlag(text)) << text;
+}
+
+TEST(Text, ATerminalGetsNoControlCharacters) {
+    constexpr std::pair<const char*, const char*> kCases[] = {
+        {"a\tb\r\nc\n", "a\tb\nc\n"},
+        {"\x1B[2J\r\x7F", "?[2J??"},
+        {"\xC2\x80\xC2\x9F\xC2\xA0\xC3\x89", "??\xC2\xA0\xC3\x89"},
+        {"\x9B"
+         "2J",
+         "\xE2\x80\xBA"
+         "2J"},
+        {"\x81\xE9", "?\xC3\xA9"},
+        {"\xC2", "\xC3\x82"}}; // the last two rows: no UTF-8
+    for (const auto& [text, shown] : kCases)
+        EXPECT_EQ(ForTerminal(text), shown);
 }
 
 TEST(Text, CharactersAreCountedNotBytes) {

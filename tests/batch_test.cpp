@@ -327,6 +327,32 @@ TEST_F(BatchTest, SettingsAreReadAndChangedInTheFileNamed) {
     EXPECT_EQ(Batch("settings --ini none.ini sections").code, 1);
 }
 
+TEST_F(BatchTest, NothingInAFileSpeaksToTheTerminal) {
+    const std::string value = "\x1B]0;title\x07 \xC2\x9B"
+                              "2J caf\xC3\xA9";
+    Write("a.ini", "[S]\r\nk=" + value + "\r\n");
+    const std::string command = "settings --ini a.ini get S k";
+    EXPECT_EQ(Batch(command).output, value + "\n") << "another program gets what stands in the file";
+    const Result shown = Shell("cd '" + folder.Path().string() + "' && script -qec \"'" + VELMORA_BATCH + "' " +
+                               command + "\" /dev/null");
+    EXPECT_EQ(shown.output, "?]0;title? ?2J caf\xC3\xA9\r\n");
+    EXPECT_EQ(Batch("info '\x1B[2J\xC2\x9B.csv'").output, "velmora-batch:  [2J?.csv: No such file or directory\n");
+    EXPECT_EQ(Batch("info a.csv '\x1B[2J'").output.find('\x1B'), std::string::npos);
+}
+
+TEST_F(BatchTest, AnIniFileOfManyMegabytesIsRefused) {
+    const std::string large = "[S]\r\nk=1\r\n" + std::string(2'000'000, ';');
+    Write("large.ini", large);
+    ASSERT_EQ(Batch("new --type 0 --fields 1 -o in.csv").code, 0);
+    for (const char* arguments : {"settings --ini large.ini get S k", "settings --ini large.ini set S k 2",
+                                  "pdf in.csv --ini large.ini -o out.pdf"}) {
+        const Result run = Batch(arguments);
+        EXPECT_EQ(run.code, 1) << arguments;
+        EXPECT_EQ(run.output, "velmora-batch: large.ini: larger than 256 KB\n");
+    }
+    EXPECT_TRUE(ReadFile(folder / "large.ini") == large);
+}
+
 TEST_F(BatchTest, StoredTabTopsAreTakenFromAnIniFile) {
     Write("in.csv", TabFileText(0, 1, "0,0", 24, [](int) { return "x,,"; }));
     Write("tops.ini", "[Settings]\r\nTab Top A4_1=10\r\n");

@@ -37,6 +37,7 @@ cups-client         command -v lpstat
 cups-filters        test -x /usr/lib/cups/filter/pdftopdf
 cups-ipp-utils      command -v ipptool
 dbus                command -v dbus-daemon
+bsdutils            command -v script
 avahi-daemon        PATH=$PATH:/usr/sbin command -v avahi-daemon
 '
 

@@ -1,4 +1,5 @@
 // Which font a text gets, and what the shaper makes of hard cases.
+#include "base/AtomicFile.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "tests/print_ink/Ink.h"
@@ -99,6 +100,31 @@ TEST(TextShaper, AReplacementThatIsNoneDoesNotStopTheSheet) {
         ASSERT_EQ(text.runs.size(), 1U) << path;
         EXPECT_EQ(text.runs[0].glyphs.at(1).id, 0U) << path;
     }
+}
+
+/// A font that says it has no glyph behind the A, while its map still leads to one for the B.
+TEST(TextShaper, AMapThatLeadsBeyondTheLastGlyphLeadsToNone) {
+    const TemporaryFolder folder;
+    std::string font = ReadFile(VELMORA_TEST_FONTS "/collection.ttc");
+    constexpr std::size_t kOffsetInEntry = 8, kCountInTable = 4;
+    const auto number = [&](std::size_t at) { return static_cast<unsigned char>(font.at(at)); };
+    const std::size_t entry = font.find("maxp") + kOffsetInEntry;
+    const std::size_t maxp = number(entry + 2) << 8U | number(entry + 3);
+    ASSERT_EQ(number(maxp + kCountInTable + 1), 3);
+    font[maxp + kCountInTable + 1] = 2;
+    ReplaceFile(folder / "cut.ttc", font);
+    DressedCatalogue catalogue;
+    catalogue.own = FontFile{(folder / "cut.ttc").string(), 0, "Boxes"};
+    EXPECT_GT(TextShaper(catalogue, {}).Shape("AB", 0).runs.size(), 1U) << "another font has a B";
+    catalogue.hasFallback = false;
+    TextShaper shaper(catalogue, {});
+    const std::vector<ShapedGlyph> glyphs = shaper.Shape("AB☃", 0).runs.at(0).glyphs;
+    EXPECT_EQ(glyphs.at(1).id, 0U);
+    EXPECT_EQ(glyphs.at(1).advance, glyphs.at(2).advance);
+    const auto printed = [&](const char* text) {
+        return PdfFile({OneText(text, MmBox(10, 10, 100, 20))}, AllFields({"Boxes", 20}), catalogue).Render();
+    };
+    EXPECT_EQ(printed("AB").pixels, printed("A☃").pixels);
 }
 
 TEST(TextShaper, ALetterAndItsAccentComeFromOneFace) {

@@ -73,7 +73,8 @@ TEST(IniFile, TellsWhatCanNotBeWritten) {
     fs::create_directory(folder / "folder.ini");
     const std::string utf16("\xFF\xFE[\0s\0]\0", 8);
     ReplaceFile(folder / "utf16.ini", utf16);
-    for (const char* name : {"folder.ini", "missing/a.ini", "utf16.ini"}) {
+    ReplaceFile(folder / "large.ini", "[s]\r\nk=1\r\n" + std::string(kMostIniBytes, ';'));
+    for (const char* name : {"folder.ini", "missing/a.ini", "utf16.ini", "large.ini"}) {
         IniFile file(folder / name);
         EXPECT_EQ(file.Text().ReadString("s", "k", "none"), "none");
         EXPECT_THROW(file.Write("s", "k", "1"), Error) << name;
@@ -84,6 +85,7 @@ TEST(IniFile, TellsWhatCanNotBeWritten) {
         EXPECT_EQ(file.Text().ReadString("s", "k", "none"), "none") << "a lost change is still shown";
     }
     EXPECT_EQ(Content(folder / "utf16.ini"), utf16);
+    EXPECT_EQ(Content(folder / "large.ini").size(), kMostIniBytes + 10u);
 }
 
 TEST(IniFile, BatchReplacesTheFileOnceAndKeepsOthersChanges) {

@@ -11,8 +11,10 @@ namespace {
 
 using nlohmann::json;
 
-/// Settings are kept in UTF-8 or Windows-1252, and a caller can't leave the section's name out.
-const std::set<std::string> kLeftOut = {"encoding/utf16le_read", "write/null_section_missing_file"};
+/// Settings are kept in UTF-8 or Windows-1252, a caller can't leave the section's name out, and a value's further lines
+/// are no lines of the file.
+const std::set<std::string> kLeftOut = {"encoding/utf16le_read", "write/null_section_missing_file",
+                                        "write/value_with_newline"};
 
 /// Each character of the table stands for the byte of its number.
 std::string Bytes(const json& text) {
@@ -31,7 +33,7 @@ std::string Read(const IniText& text, const json& op) {
     if (op["op"] == "list_sections")
         return text.ListSections();
     if (op["op"] == "list_keys")
-        return text.ListKeys(Bytes(op["section"]));
+        return text.ListKeys(Bytes(op["section"]), Bytes(op.value("default", json())));
     return text.ReadString(Bytes(op["section"]), Bytes(op["key"]), Bytes(op["default"]));
 }
 
@@ -63,7 +65,7 @@ TEST(IniText, DoesAsThePrivateProfileFunctions) {
         }
         ++met;
     }
-    EXPECT_EQ(met, 158u);
+    EXPECT_EQ(met, 160u);
 }
 
 TEST(IniText, ChangesNothingButTheValue) {
@@ -74,12 +76,22 @@ TEST(IniText, ChangesNothingButTheValue) {
         {"[s]\r\na=1\r\n\r\n; of t\r\n[t]\r\n", "[s]\r\na=1\r\nb=9\r\n\r\n; of t\r\n[t]\r\n"},
         {"[s]\r\na=1\r\n\x1a", "[s]\r\na=1\r\nb=9\r\n\x1a"},
         {"[s]\r\nb\r\n", "[s]\r\nb=9\r\nb\r\n"},
+        {"[\ts\t]\r\nb=1\r\n", "[\ts\t]\r\nb=9\r\n"},
     };
     for (const auto& [before, after] : cases) {
         IniText text(before);
         EXPECT_TRUE(text.Write("s", "b", "9"));
         EXPECT_EQ(text.Bytes(), after);
         EXPECT_FALSE(text.Write("s", "b", "9")) << "written a second time: " << before;
+    }
+}
+
+TEST(IniText, AValueEndsAtItsFirstLineBreak) {
+    for (const char* value : {"9\r\n[t]\r\nk=1", "9\nc=2", "9\rc=2", "9"}) {
+        IniText text("[s]\r\na=1\r\n");
+        text.Write("s", "b", value);
+        text.Write("s", "a", value);
+        EXPECT_EQ(text.Bytes(), "[s]\r\na=9\r\nb=9\r\n") << value;
     }
 }
 
