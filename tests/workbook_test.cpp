@@ -98,6 +98,8 @@ TEST_F(WorkbookTest, WhatIsWrittenComesBackAsText) {
         rows.push_back({"text " + std::to_string(i), std::string(static_cast<std::size_t>(i % 97) + 1, 'y'), "é"});
     for (const WorkbookFormat format : {WorkbookFormat::Xls, WorkbookFormat::Xlsx})
         EXPECT_EQ(Read(*OpenBytes(Written(format, rows)), "Tabs", {1, 2, 3}), rows);
+    const std::string bytes = Written(WorkbookFormat::Xlsx, {{"a\uFFFEb\x01\uFFFD\uFFFF", "z"}});
+    EXPECT_EQ(Read(*OpenBytes(bytes), "Tabs", {1, 2}), (Rows{{"a b \uFFFD", "z"}})) << "what XML does not allow";
     EXPECT_THROW(Written(WorkbookFormat::Xls, Rows(65537, {"x"})), WorkbookError);
 }
 
