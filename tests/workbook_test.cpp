@@ -312,7 +312,19 @@ TEST(NumberFormatTest, LaysNumbersOut) {
                  {3, "[$\u20AC-407] 0", "\u20AC 3"},
                  {45352.78125, "d mmm yyyy h:mm AM/PM", "1 Mar 2024 6:45 PM"},
                  {1.5, "[h]:mm", "36:00"},
-                 {0.5, "# ?/?", "0.5"},
+                 {490154203237518, "0", "490154203237518"},
+                 {8001015009087, "#,##0.00", "8,001,015,009,087.00"},
+                 {0.1 + 0.2, "0.0000000000000000", "0.3000000000000000"},
+                 {1.005, "0.00", "1.01"},
+                 {99.95, "0.0", "100.0"},
+                 {0.004, "0.00", "0.00"},
+                 {0.5, "# ?/?", " 1/2"},
+                 {-2.75, "# ?/?", "-2 3/4"},
+                 {3, "# ?/?", "3"},
+                 {0.99, "# ?/?", "1"},
+                 {0.333333, "# ?\?/??", "  1/3 "},
+                 {1.25, "?/?", "5/4"},
+                 {0.3, "0 ?/16\"in\"", "0 5/16in"},
                  {59, "d/m/yy", "28/2/00"},
                  {1e20, "", "1E+20"},
                  // The examples that the codes' public documentation gives.
@@ -334,6 +346,9 @@ TEST(NumberFormatTest, LaysNumbersOut) {
     EXPECT_EQ(FormatNumber(999.96, BuiltInNumberFormat(48), false), "1.0E+3");
     EXPECT_EQ(FormatNumber(0.00012, BuiltInNumberFormat(48), false), "120.0E-6");
     EXPECT_EQ(FormatNumber(-1234.5, BuiltInNumberFormat(39), false), "(1,234.50)");
+    EXPECT_EQ(FormatNumber(-1234.5, BuiltInNumberFormat(7), false), "($1,234.50)");
+    EXPECT_EQ(FormatNumber(0, BuiltInNumberFormat(44), false), " $-   ");
+    EXPECT_EQ(FormatNumber(1.5, BuiltInNumberFormat(12), false), "1 1/2");
 }
 
 TEST(TextListTest, GuessesTheDelimiterAndKnowsQuotes) {
