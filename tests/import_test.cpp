@@ -252,6 +252,22 @@ TEST_F(ImportTest, FilesThatAreNoListsAskForNoColumns) {
     EXPECT_EQ(dialogs.asked, 0);
 }
 
+TEST_F(ImportTest, ListsOfAnySizeCostWhatADocumentHolds) {
+    const fs::path path = Path("list.txt");
+    ReplaceFile(path, "a;" + std::string(100'000, ';') + "\r\nb;c" + std::string(100'000, '\n'));
+    ChooseForeign(path);
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+    EXPECT_EQ(dialogs.shown.at(0).size(), 16384u);
+    EXPECT_EQ(Tab(2), "b|c|");
+    EXPECT_EQ(document.TabCount, 24) << "blank lines behind the last tab are none";
+    fs::resize_file(path, (40u << 20) + 1);
+    ChooseForeign(path);
+    Tell("the list is larger than 40 MB\r\nCalled form Function:OpenNewFile", Icon::Critical);
+    Tell("Could not finish process");
+    Tell("The file could not be opened successfully");
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
+}
+
 TEST_F(ImportTest, AWorkbookIsSavedWithoutHeaderAndKeepsItsName) {
     document.FieldB(1) = "a, 007"; // kept, so that nobody is warned of commas
     document.FieldC(3) = "=1+1";
