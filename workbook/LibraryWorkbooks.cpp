@@ -16,11 +16,11 @@ bool LibraryWorkbooks::CanWrite(WorkbookFormat format) const {
 }
 
 std::unique_ptr<Workbook> LibraryWorkbooks::Open(const std::filesystem::path& path) {
-    std::string bytes = ReadFile(path, kMostWorkbookBytes + 1);
-    if (bytes.size() > kMostWorkbookBytes)
+    if (const auto stamp = StampOf(path); stamp && stamp->size > kMostWorkbookBytes)
         throw WorkbookError("the file is larger than 256 MB");
+    std::string bytes = ReadFile(path, kMostWorkbookBytes);
     if (IsOleFile(bytes))
-        return OpenXls(bytes);
+        return OpenXls(std::move(bytes));
     if (!bytes.starts_with("PK"))
         throw WorkbookError("the file is no workbook");
     ZipFile zip(std::move(bytes));
