@@ -35,7 +35,12 @@ std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path
         return WorkbookFormat::Xls;
     if (EndsWithNoCase(name, ".xlsx"))
         return WorkbookFormat::Xlsx;
-    return EndsWithNoCase(name, ".ods") ? std::optional(WorkbookFormat::Ods) : std::nullopt;
+    if (EndsWithNoCase(name, ".ods"))
+        return WorkbookFormat::Ods;
+    for (const char* ending : {".xlsm", ".xltx", ".xltm", ".xlt", ".ots"})
+        if (EndsWithNoCase(name, ending))
+            return WorkbookFormat::Other;
+    return std::nullopt;
 }
 
 bool AnnouncesHeader(std::string_view firstText) {

@@ -140,7 +140,9 @@ TEST_F(ImportTest, WhatFailsOrIsCancelledChangesNothing) {
           {failed, Icon::Information}}},
         {"cells.xls",
          [&] { ReplaceFile(Path("cells.xls"), "a,b\r\n"); },
-         {{cause("the file is no workbook", "Function:OpenNewFile"), Icon::Critical},
+         {{cause("the file is no workbook but a text: give it a name that ends in .csv or .txt",
+                 "Function:OpenNewFile"),
+           Icon::Critical},
           {notFinished, Icon::Information},
           {failed, Icon::Information}}},
         {"cells95.xls",
@@ -304,14 +306,18 @@ TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutAsking) {
     EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
     EXPECT_EQ(ReadBack(path), (Rows{{"three", "", ""}}));
 
-    const fs::path ods = Data("three.ods");
-    ChooseForeign(ods);
-    OpenCommand(main);
-    program.ui.ExpectChooser("Save as", ods); // cannot be written, so a name is asked for
-    Tell("Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or .xlsx.");
-    program.ui.ExpectChooser("Save as", Path("new.csv"));
-    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
-    EXPECT_EQ(document.DocFileName, Path("new.csv"));
+    for (const auto& [source, name] : {std::pair("three.ods", "a.ots"), std::pair("three.xlsx", "a.XLSM")}) {
+        const fs::path foreign = Path(name);
+        fs::rename(Data(source), foreign);
+        ChooseForeign(foreign);
+        OpenCommand(main);
+        program.ui.ExpectChooser("Save as", foreign); // cannot be written, so a name is asked for
+        Tell("Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or "
+             ".xlsx.");
+        program.ui.ExpectChooser("Save as", Path(std::string(name) + ".csv"));
+        EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
+        EXPECT_EQ(document.DocFileName, Path(std::string(name) + ".csv"));
+    }
 }
 
 TEST_F(ImportTest, AFailedWorkbookSaveLeavesTheOldFile) {

@@ -19,7 +19,8 @@ public:
     using Error::Error;
 };
 
-enum class WorkbookFormat { Xls, Xlsx, Ods };
+/// `Other`: with macros, or a template; what such a file holds is read like the others, but never written.
+enum class WorkbookFormat { Xls, Xlsx, Ods, Other };
 
 /// Takes a row's number, from 1 and ascending, and one text for each column asked for; false ends the reading.
 using SheetRowSink = std::function<bool(std::int32_t row, const std::vector<std::string>& texts)>;
