@@ -47,13 +47,14 @@ WorksheetOptions OptionsOf(const ConvertArguments& arguments) {
 /// A workbook's sheet, or a list of another program.
 Worksheet ReadSheet(const ConvertArguments& arguments, const std::string& text) {
     if (!WorkbookFormatOf(PathOf(arguments.input)))
-        return WorksheetOf(ParseTextList(text, GuessDelimiter(text)), OptionsOf(arguments));
+        return WorksheetOf(text, GuessDelimiter(text), OptionsOf(arguments));
     const auto workbook = LibraryWorkbooks().Open(PathOf(arguments.input));
     return ReadWorksheet(*workbook, ChooseSheet(*workbook, arguments.sheet), OptionsOf(arguments));
 }
 
 /// As tab files are read, but also in the encoding that a spreadsheet calls Unicode text.
 std::string ReadText(const std::string& path) {
+    NamingFile(path, [&] { CheckListSize(PathOf(path)); });
     const std::string bytes = ReadInput(path);
     const std::vector<ListEncoding> encodings = FittingEncodings(bytes);
     const bool utf16 = !encodings.empty() && encodings.front() == ListEncoding::Utf16;

@@ -1,5 +1,6 @@
 #include "document/TextList.h"
 
+#include "base/AtomicFile.h"
 #include "base/Encoding.h"
 #include "base/Text.h"
 
@@ -11,6 +12,7 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t kLinesForGuess = 20;
+constexpr std::size_t kMostColumns = 1 << 14; // of the widest worksheets
 
 class ListParser {
 public:
@@ -18,16 +20,18 @@ public:
 
     std::vector<std::vector<std::string>> Rows(std::size_t most) {
         std::vector<std::vector<std::string>> rows;
-        while (at_ < text_.size() && rows.size() < most)
-            rows.push_back(Row());
+        while (!AtEnd() && rows.size() < most)
+            rows.push_back(Row(kMostColumns));
         return rows;
     }
-
-private:
-    std::vector<std::string> Row() {
+    bool AtEnd() const { return at_ >= text_.size(); }
+    /// The first `most` columns of the next entry.
+    std::vector<std::string> Row(std::size_t most) {
         std::vector<std::string> columns;
         for (;;) {
-            columns.push_back(Column());
+            std::string column = Column();
+            if (columns.size() < most)
+                columns.push_back(std::move(column));
             if (at_ >= text_.size() || text_[at_] != delimiter_)
                 break;
             ++at_;
@@ -39,6 +43,7 @@ private:
         return columns;
     }
 
+private:
     std::string Column() {
         if (std::string text; Quoted(text))
             return text;
@@ -92,6 +97,17 @@ std::pair<std::size_t, std::size_t> Columns(std::string_view text, char delimite
 
 } // namespace
 
+void CheckListSize(std::uintmax_t bytes) {
+    constexpr std::uintmax_t kMostBytes = 40u << 20; // the most tabs, each in a line of 1,280 bytes
+    if (bytes > kMostBytes)
+        throw Error("the list is larger than 40 MB");
+}
+
+void CheckListSize(const std::filesystem::path& path) {
+    if (const auto stamp = StampOf(path))
+        CheckListSize(stamp->size);
+}
+
 std::vector<ListEncoding> FittingEncodings(std::string_view bytes) {
     if (bytes.starts_with(kUtf16Mark) && FromUtf16(bytes))
         return {ListEncoding::Utf16};
@@ -120,6 +136,12 @@ char GuessDelimiter(std::string_view text) {
 
 std::vector<std::vector<std::string>> ParseTextList(std::string_view text, char delimiter, std::size_t most) {
     return ListParser(text, delimiter).Rows(most);
+}
+
+void ReadTextList(std::string_view text, char delimiter, std::size_t mostColumns, const ListRowSink& sink) {
+    for (ListParser parser(text, delimiter); !parser.AtEnd();)
+        if (!sink(parser.Row(mostColumns)))
+            return;
 }
 
 } // namespace velmora

@@ -2,6 +2,10 @@
 // Tab files are not read this way: they know no quotes.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -10,6 +14,11 @@
 namespace velmora {
 
 enum class ListEncoding { Utf8, Windows1252, Utf16 };
+
+/// Raises Error for a list that is larger than any that fits a document.
+void CheckListSize(std::uintmax_t bytes);
+/// The same before the file is read; no effect where there is none.
+void CheckListSize(const std::filesystem::path& path);
 
 /// The encodings that the bytes may be in, likeliest first; none for bytes that are no text.
 std::vector<ListEncoding> FittingEncodings(std::string_view bytes);
@@ -21,8 +30,14 @@ std::string DecodeList(std::string_view bytes, ListEncoding encoding);
 char GuessDelimiter(std::string_view text);
 
 /// One entry per line, blank lines too. A column in quotation marks may hold separators, line breaks and doubled
-/// quotation marks; a mark that nothing closes is a character like any other. Stops after `most` entries.
+/// quotation marks; a mark that nothing closes is a character like any other. Stops after `most` entries; of each come
+/// as many columns as the widest worksheets have.
 std::vector<std::vector<std::string>> ParseTextList(std::string_view text, char delimiter,
                                                     std::size_t most = std::numeric_limits<std::size_t>::max());
+
+/// Takes the columns of one entry; false ends the reading.
+using ListRowSink = std::function<bool(const std::vector<std::string>& columns)>;
+/// The same, entry by entry, so that no more than one is held.
+void ReadTextList(std::string_view text, char delimiter, std::size_t mostColumns, const ListRowSink& sink);
 
 } // namespace velmora

@@ -2,6 +2,7 @@
 
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "document/TextList.h"
 
 #include <algorithm>
 #include <numeric>
@@ -34,7 +35,12 @@ std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path
         return WorkbookFormat::Xls;
     if (EndsWithNoCase(name, ".xlsx"))
         return WorkbookFormat::Xlsx;
-    return EndsWithNoCase(name, ".ods") ? std::optional(WorkbookFormat::Ods) : std::nullopt;
+    if (EndsWithNoCase(name, ".ods"))
+        return WorkbookFormat::Ods;
+    for (const char* ending : {".xlsm", ".xltx", ".xltm", ".xlt", ".ots"})
+        if (EndsWithNoCase(name, ending))
+            return WorkbookFormat::Other;
+    return std::nullopt;
 }
 
 bool AnnouncesHeader(std::string_view firstText) {
@@ -125,12 +131,11 @@ Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const Works
     return builder.Take();
 }
 
-Worksheet WorksheetOf(const std::vector<std::vector<std::string>>& rows, const WorksheetOptions& options) {
+Worksheet WorksheetOf(std::string_view list, char delimiter, const WorksheetOptions& options) {
     WorksheetBuilder builder(options);
     std::int32_t number = 0;
-    for (const std::vector<std::string>& cells : rows)
-        if (!builder.Add(++number, cells))
-            break;
+    ReadTextList(list, delimiter, static_cast<std::size_t>(builder.LastColumn()),
+                 [&](const std::vector<std::string>& cells) { return builder.Add(++number, cells); });
     return builder.Take();
 }
 

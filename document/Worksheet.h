@@ -11,7 +11,7 @@
 
 namespace velmora {
 
-/// By the ending of the name; nullopt for a text file.
+/// By the ending of the name, in any case; nullopt for a text file.
 std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path);
 /// True when the text of line 1 or cell 1 starts with "VERSION", whatever its case: header lines follow.
 bool AnnouncesHeader(std::string_view firstText);
@@ -56,8 +56,8 @@ private:
 int FieldsInUse(const Worksheet& sheet);
 /// Raises what the workbook and the builder raise.
 Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const WorksheetOptions& options);
-/// The rows of a text list. Raises what the builder raises.
-Worksheet WorksheetOf(const std::vector<std::vector<std::string>>& rows, const WorksheetOptions& options);
+/// The rows of a text list, no more than a document takes. Raises what the builder raises.
+Worksheet WorksheetOf(std::string_view list, char delimiter, const WorksheetOptions& options);
 /// The first rows with all columns up to 256, blank rows between them too, to show what is in the sheet. Raises
 /// WorkbookError.
 std::vector<std::vector<std::string>> ReadFirstRows(Workbook& workbook, const std::string& name, std::size_t most);

@@ -140,7 +140,9 @@ TEST_F(ImportTest, WhatFailsOrIsCancelledChangesNothing) {
           {failed, Icon::Information}}},
         {"cells.xls",
          [&] { ReplaceFile(Path("cells.xls"), "a,b\r\n"); },
-         {{cause("the file is no workbook", "Function:OpenNewFile"), Icon::Critical},
+         {{cause("the file is no workbook but a text: give it a name that ends in .csv or .txt",
+                 "Function:OpenNewFile"),
+           Icon::Critical},
           {notFinished, Icon::Information},
           {failed, Icon::Information}}},
         {"cells95.xls",
@@ -252,6 +254,22 @@ TEST_F(ImportTest, FilesThatAreNoListsAskForNoColumns) {
     EXPECT_EQ(dialogs.asked, 0);
 }
 
+TEST_F(ImportTest, ListsOfAnySizeCostWhatADocumentHolds) {
+    const fs::path path = Path("list.txt");
+    ReplaceFile(path, "a;" + std::string(100'000, ';') + "\r\nb;c" + std::string(100'000, '\n'));
+    ChooseForeign(path);
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+    EXPECT_EQ(dialogs.shown.at(0).size(), 16384u);
+    EXPECT_EQ(Tab(2), "b|c|");
+    EXPECT_EQ(document.TabCount, 24) << "blank lines behind the last tab are none";
+    fs::resize_file(path, (40u << 20) + 1);
+    ChooseForeign(path);
+    Tell("the list is larger than 40 MB\r\nCalled form Function:OpenNewFile", Icon::Critical);
+    Tell("Could not finish process");
+    Tell("The file could not be opened successfully");
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
+}
+
 TEST_F(ImportTest, AWorkbookIsSavedWithoutHeaderAndKeepsItsName) {
     document.FieldB(1) = "a, 007"; // kept, so that nobody is warned of commas
     document.FieldC(3) = "=1+1";
@@ -288,14 +306,18 @@ TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutAsking) {
     EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
     EXPECT_EQ(ReadBack(path), (Rows{{"three", "", ""}}));
 
-    const fs::path ods = Data("three.ods");
-    ChooseForeign(ods);
-    OpenCommand(main);
-    program.ui.ExpectChooser("Save as", ods); // cannot be written, so a name is asked for
-    Tell("Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or .xlsx.");
-    program.ui.ExpectChooser("Save as", Path("new.csv"));
-    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
-    EXPECT_EQ(document.DocFileName, Path("new.csv"));
+    for (const auto& [source, name] : {std::pair("three.ods", "a.ots"), std::pair("three.xlsx", "a.XLSM")}) {
+        const fs::path foreign = Path(name);
+        fs::rename(Data(source), foreign);
+        ChooseForeign(foreign);
+        OpenCommand(main);
+        program.ui.ExpectChooser("Save as", foreign); // cannot be written, so a name is asked for
+        Tell("Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or "
+             ".xlsx.");
+        program.ui.ExpectChooser("Save as", Path(std::string(name) + ".csv"));
+        EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
+        EXPECT_EQ(document.DocFileName, Path(std::string(name) + ".csv"));
+    }
 }
 
 TEST_F(ImportTest, AFailedWorkbookSaveLeavesTheOldFile) {

@@ -6,6 +6,7 @@
 #include "tests/support/TestProgram.h"
 #include "workbook/LibraryWorkbooks.h"
 #include "workbook/NumberFormat.h"
+#include "workbook/WorkbookParts.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
@@ -98,6 +99,8 @@ TEST_F(WorkbookTest, WhatIsWrittenComesBackAsText) {
         rows.push_back({"text " + std::to_string(i), std::string(static_cast<std::size_t>(i % 97) + 1, 'y'), "é"});
     for (const WorkbookFormat format : {WorkbookFormat::Xls, WorkbookFormat::Xlsx})
         EXPECT_EQ(Read(*OpenBytes(Written(format, rows)), "Tabs", {1, 2, 3}), rows);
+    const std::string bytes = Written(WorkbookFormat::Xlsx, {{"a\uFFFEb\x01\uFFFD\uFFFF", "z"}});
+    EXPECT_EQ(Read(*OpenBytes(bytes), "Tabs", {1, 2}), (Rows{{"a b \uFFFD", "z"}})) << "what XML does not allow";
     EXPECT_THROW(Written(WorkbookFormat::Xls, Rows(65537, {"x"})), WorkbookError);
 }
 
@@ -173,16 +176,25 @@ TEST_F(WorkbookTest, XlsxCellsOfEveryKind) {
                  {"<c t='inlineStr'><is><r><t>a_x000D_</t></r><r><t>b</t></r><rPh><t>no</t></rPh></is></c>", "a b"},
                  {"<c t='inlineStr'><is><t>_x005F_x000D_ _xyz_ _x12</t></is></c>", "_x000D_ _xyz_ _x12"},
                  {"<c t='s'><v>1</v></c>", "a b"},
-                 {"<c t='s'><v>3</v></c>", "c d"}};
+                 {"<c t='s'><v>3</v></c>", "c d"},
+                 {"<c t='d' s='1'><v>2024-03-01</v></c>", "2024-03-01"},
+                 {"<c t='d' s='2'><v>1904-01-02T12:00:00Z</v></c>", "1904-01-02 12:00"},
+                 {"<c t='d' s='4'><v>T06:00:00.0</v></c>", "0.25"},
+                 {"<c t='d'><v>2024-03-01</v></c>", "2024-03-01"},
+                 {"<c t='d' s='2'><v>2024-02-30</v></c>", "2024-02-30"},
+                 {"<c><v>1e999</v></c>", "1e999"}};
     for (const auto& [cell, text] : cases) {
         const auto book = OpenBytes(XlsxBytes("<row r='2'>" + std::string(cell) + "</row>"));
         EXPECT_EQ(book->SheetNames(), std::vector<std::string>{"S"}) << "a chart is no worksheet";
         EXPECT_EQ(Read(*book, "S", {1}), (Rows{{}, {text}})) << cell;
     }
+    const auto book = OpenBytes(XlsxBytes("<row><c><f>A2+1</f><v/></c><c t='str'><f>A2</f><v/></c></row>"));
+    EXPECT_THROW(Read(*book, "S", {1}), WorkbookError) << "a formula without a result is no blank cell";
+    EXPECT_EQ(Read(*book, "S", {2}), Rows());
 }
 
 TEST_F(WorkbookTest, AnXlsxTextThatIsNotThereIsDamage) {
-    for (const char* index : {"4", "-1", "x"}) {
+    for (const char* index : {"4", "-1", "x", "99999999999999999999999"}) {
         const auto book = OpenBytes(XlsxBytes("<row><c t='s'><v>" + std::string(index) + "</v></c></row>"));
         EXPECT_THROW(Read(*book, "S", {1}), WorkbookError) << index;
     }
@@ -202,6 +214,30 @@ std::string OdsBytes(const std::string& rows, const std::string& manifest = "<ma
     return StoredZip(
         {{"content.xml", "<d xmlns:t='t' xmlns:x='x' xmlns:o='o'><t:table t:name='S'>" + rows + "</t:table></d>"},
          {"META-INF/manifest.xml", manifest}});
+}
+
+std::string Times(const std::string& text, int count) {
+    std::string all;
+    for (int i = 0; i < count; ++i)
+        all += text;
+    return all;
+}
+
+TEST_F(WorkbookTest, HostileOnesEndInAnErrorBeforeTheyCostMuch) {
+    const std::string deep = Times("<x>", 300) + Times("</x>", 300);
+    std::string names;
+    for (int i = 0; i < 40000; ++i)
+        names += "<n" + std::to_string(i) + "/>";
+    const std::string wide = "<c><v>" + std::string(200000, '1') + "</v></c>";
+    for (const std::string& rows :
+         {deep, names, "<row a='" + std::string(500000, 'x') + "'/>", "<row>" + wide + "</row>"})
+        EXPECT_THROW(Read(*OpenBytes(XlsxBytes(rows)), "S", {1}), WorkbookError) << rows.substr(0, 20);
+    TextTable strings;
+    EXPECT_THROW(for (int i = 0; i < 5'000'000; ++i) strings.Add(""), WorkbookError);
+    EXPECT_THROW(OpenBytes(OdsBytes("", "<!DOCTYPE m [<!ATTLIST m a CDATA 'x'>]><m/>")), WorkbookError);
+    std::vector<std::pair<std::string, std::string>> parts(30000, {"x", ""});
+    parts.emplace_back("content.xml", "<d xmlns:t='t'><t:table t:name='S'/></d>");
+    EXPECT_THROW(OpenBytes(StoredZip(parts)), WorkbookError);
 }
 
 TEST_F(WorkbookTest, OdsRowsAndCellsMayBeRepeatedOrMerged) {
@@ -310,7 +346,19 @@ TEST(NumberFormatTest, LaysNumbersOut) {
                  {3, "[$\u20AC-407] 0", "\u20AC 3"},
                  {45352.78125, "d mmm yyyy h:mm AM/PM", "1 Mar 2024 6:45 PM"},
                  {1.5, "[h]:mm", "36:00"},
-                 {0.5, "# ?/?", "0.5"},
+                 {490154203237518, "0", "490154203237518"},
+                 {8001015009087, "#,##0.00", "8,001,015,009,087.00"},
+                 {0.1 + 0.2, "0.0000000000000000", "0.3000000000000000"},
+                 {1.005, "0.00", "1.01"},
+                 {99.95, "0.0", "100.0"},
+                 {0.004, "0.00", "0.00"},
+                 {0.5, "# ?/?", " 1/2"},
+                 {-2.75, "# ?/?", "-2 3/4"},
+                 {3, "# ?/?", "3"},
+                 {0.99, "# ?/?", "1"},
+                 {0.333333, "# ?\?/??", "  1/3 "},
+                 {1.25, "?/?", "5/4"},
+                 {0.3, "0 ?/16\"in\"", "0 5/16in"},
                  {59, "d/m/yy", "28/2/00"},
                  {1e20, "", "1E+20"},
                  // The examples that the codes' public documentation gives.
@@ -332,6 +380,9 @@ TEST(NumberFormatTest, LaysNumbersOut) {
     EXPECT_EQ(FormatNumber(999.96, BuiltInNumberFormat(48), false), "1.0E+3");
     EXPECT_EQ(FormatNumber(0.00012, BuiltInNumberFormat(48), false), "120.0E-6");
     EXPECT_EQ(FormatNumber(-1234.5, BuiltInNumberFormat(39), false), "(1,234.50)");
+    EXPECT_EQ(FormatNumber(-1234.5, BuiltInNumberFormat(7), false), "($1,234.50)");
+    EXPECT_EQ(FormatNumber(0, BuiltInNumberFormat(44), false), " $-   ");
+    EXPECT_EQ(FormatNumber(1.5, BuiltInNumberFormat(12), false), "1 1/2");
 }
 
 TEST(TextListTest, GuessesTheDelimiterAndKnowsQuotes) {

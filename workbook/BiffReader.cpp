@@ -9,6 +9,8 @@
 namespace velmora {
 namespace {
 
+constexpr std::size_t kMostPieces = 1 << 16; // a tenth of it holds the longest table of texts
+
 /// Half a pair of surrogates becomes the replacement character.
 std::string Utf8Of(const std::u16string& units) {
     std::string text;
@@ -42,6 +44,8 @@ std::vector<std::string_view> RecordReader::WithContinuations(const BiffRecord& 
     std::vector<std::string_view> pieces{record.data};
     for (BiffRecord next; at_ + 4 <= stream_.size() && LittleEndian(stream_, at_, 2) == biff::kContinue;) {
         Next(next);
+        if (pieces.size() >= kMostPieces)
+            RaiseDamaged();
         pieces.push_back(next.data);
     }
     return pieces;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <chrono>
 #include <cmath>
 
@@ -17,6 +18,12 @@ struct Moment {
     std::int64_t ticks = 0; ///< milliseconds since day 0
 };
 
+/// Day 0. Day 60 is a 29 February 1900 that never was; the days before it are one later than they count.
+std::chrono::sys_days Origin(bool from1904, bool early) {
+    using namespace std::chrono;
+    return from1904 ? sys_days(year(1904) / 1 / 1) : sys_days(year(1899) / 12 / (early ? 31 : 30));
+}
+
 /// nullopt outside the years 1900 to 9999. Without decimals of seconds the moment is rounded to whole ones.
 std::optional<Moment> MomentOf(double serial, bool from1904, bool decimals) {
     if (serial < 0 || serial > 2958465)
@@ -26,10 +33,8 @@ std::optional<Moment> MomentOf(double serial, bool from1904, bool decimals) {
     const double unit = decimals ? 1 : 1000;
     moment.ticks = static_cast<std::int64_t>(std::round(serial * kDay / unit) * unit);
     auto days = moment.ticks / kDay;
-    // Day 60 is a 29 February 1900 that never was; the days before it are one later than they count.
     using namespace std::chrono;
-    const sys_days origin = from1904 ? sys_days(year(1904) / 1 / 1) : sys_days(year(1899) / 12 / (days < 60 ? 31 : 30));
-    const sys_days day = origin + std::chrono::days(days);
+    const sys_days day = Origin(from1904, days < 60) + std::chrono::days(days);
     moment.date = year_month_day(day);
     moment.weekday = weekday(day).c_encoding();
     return moment;
@@ -103,7 +108,56 @@ std::string AmPmText(const Moment& moment, const std::string& wanted) {
     return wanted.size() > 3 ? (morning ? "AM" : "PM") : (morning ? "A" : "P");
 }
 
+/// The digits at a place; nullopt where there are others.
+std::optional<int> NumberAt(std::string_view text, std::size_t at, std::size_t places) {
+    if (text.size() < at + places || text[at] == '-')
+        return std::nullopt;
+    int number = 0;
+    const char* const end = text.data() + at + places;
+    return std::from_chars(text.data() + at, end, number).ptr == end ? std::optional(number) : std::nullopt;
+}
+
+/// "18:45", perhaps with seconds and their decimals.
+std::optional<double> DaysOfTime(std::string_view text) {
+    const auto hour = NumberAt(text, 0, 2);
+    const auto minute = NumberAt(text, 3, 2);
+    double seconds = 0;
+    const char* const end = text.data() + text.size();
+    const bool whole = text.size() == 5 ||
+                       (text.size() > 6 && text[5] == ':' && std::from_chars(text.data() + 6, end, seconds).ptr == end);
+    if (!hour || !minute || text[2] != ':' || !whole)
+        return std::nullopt;
+    return (*hour * 3600 + *minute * 60 + seconds) / 86400;
+}
+
+/// "2024-03-01"
+std::optional<double> DaysOfDate(std::string_view text, bool from1904) {
+    const auto year = NumberAt(text, 0, 4);
+    const auto month = NumberAt(text, 5, 2);
+    const auto day = NumberAt(text, 8, 2);
+    if (!year || !month || !day || text[4] != '-' || text[7] != '-')
+        return std::nullopt;
+    const std::chrono::year_month_day date(std::chrono::year(*year), std::chrono::month(static_cast<unsigned>(*month)),
+                                           std::chrono::day(static_cast<unsigned>(*day)));
+    const bool early = *year < 1900 || (*year == 1900 && *month < 3);
+    const auto days = (std::chrono::sys_days(date) - Origin(from1904, early)).count();
+    return date.ok() && days >= 0 ? std::optional<double>(days) : std::nullopt;
+}
+
 } // namespace
+
+std::optional<double> SerialOfIsoDate(std::string_view text, bool from1904) {
+    constexpr std::size_t kDateSize = 10;
+    if (text.ends_with('Z'))
+        text.remove_suffix(1);
+    const bool dated = text.size() >= kDateSize && text[4] == '-';
+    const auto day = dated ? DaysOfDate(text.substr(0, kDateSize), from1904) : 0;
+    text.remove_prefix(dated ? kDateSize : 0);
+    if (dated && text.empty())
+        return day;
+    const auto time = DaysOfTime(text.substr(text.starts_with('T') ? 1 : 0));
+    return day && time ? std::optional(*day + *time) : std::nullopt;
+}
 
 std::optional<std::string> LayOutDate(double value, const FormatSection& section, bool from1904) {
     const auto moment = MomentOf(value, from1904, section.Has(FormatKind::Digit));

@@ -1,28 +1,46 @@
 #include "workbook/LibraryWorkbooks.h"
 
 #include "base/AtomicFile.h"
+#include "base/Encoding.h"
+#include "base/Text.h"
 #include "workbook/OleFile.h"
 #include "workbook/WorkbookFormats.h"
 #include "workbook/WorkbookParts.h"
 
 namespace velmora {
 
+namespace {
+
+/// What a person may have before them under the name of a workbook.
+[[noreturn]] void RaiseNoWorkbook(std::string_view bytes) {
+    const std::string_view start = Trim(bytes.substr(0, bytes.find_first_of("\r\n")));
+    if (start.substr(bytes.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0).starts_with('<'))
+        throw WorkbookError(
+            "the file is no workbook but a web page or XML: open it in a spreadsheet program and save it "
+            "as a workbook");
+    if (!bytes.empty() && (bytes.starts_with(kUtf16Mark) || bytes.find('\0') == std::string_view::npos))
+        throw WorkbookError("the file is no workbook but a text: give it a name that ends in .csv or .txt");
+    throw WorkbookError("the file is no workbook");
+}
+
+} // namespace
+
 bool LibraryWorkbooks::CanRead(WorkbookFormat) const {
     return true;
 }
 
 bool LibraryWorkbooks::CanWrite(WorkbookFormat format) const {
-    return format != WorkbookFormat::Ods;
+    return format == WorkbookFormat::Xls || format == WorkbookFormat::Xlsx;
 }
 
 std::unique_ptr<Workbook> LibraryWorkbooks::Open(const std::filesystem::path& path) {
-    std::string bytes = ReadFile(path, kMostWorkbookBytes + 1);
-    if (bytes.size() > kMostWorkbookBytes)
+    if (const auto stamp = StampOf(path); stamp && stamp->size > kMostWorkbookBytes)
         throw WorkbookError("the file is larger than 256 MB");
+    std::string bytes = ReadFile(path, kMostWorkbookBytes);
     if (IsOleFile(bytes))
-        return OpenXls(bytes);
+        return OpenXls(std::move(bytes));
     if (!bytes.starts_with("PK"))
-        throw WorkbookError("the file is no workbook");
+        RaiseNoWorkbook(bytes);
     ZipFile zip(std::move(bytes));
     if (zip.Has("[Content_Types].xml"))
         return OpenXlsx(std::move(zip));

@@ -2,6 +2,8 @@
 
 #include "base/Text.h"
 #include "workbook/CellDate.h"
+#include "workbook/CellFraction.h"
+#include "workbook/DecimalNumber.h"
 #include "workbook/FormatCode.h"
 
 #include <algorithm>
@@ -33,7 +35,7 @@ struct NumberShape {
     int decimals = 0; ///< places behind it
     int exponent = 0;
     bool grouped = false;
-    double scale = 1;
+    int power = 0; ///< of ten, by which the number is shown larger
 };
 
 NumberShape ShapeOf(const FormatSection& section) {
@@ -52,13 +54,13 @@ NumberShape ShapeOf(const FormatSection& section) {
         else if (token.kind == FormatKind::Comma && shape.whole > 0)
             ++commas;
         else if (token.kind == FormatKind::Percent)
-            shape.scale *= 100;
+            shape.power += 2;
         if (token.kind == FormatKind::Point || token.kind == FormatKind::Percent) {
-            shape.scale /= std::pow(1000, commas);
+            shape.power -= 3 * commas;
             commas = 0;
         }
     }
-    shape.scale /= std::pow(1000, commas); // each comma behind the last place is a division
+    shape.power -= 3 * commas; // each comma behind the last place is a division
     return shape;
 }
 
@@ -66,17 +68,15 @@ NumberShape ShapeOf(const FormatSection& section) {
 class Digits {
 public:
     Digits(double value, const NumberShape& shape) : shape_(shape) {
-        value *= shape.scale;
+        DecimalNumber number(value);
+        number.MultiplyByTenTo(shape.power);
         if (shape.exponent > 0) {
-            const std::string text = Print("%.*e", std::min(shape.decimals + std::max(shape.whole, 1) - 1, 30), value);
-            const std::size_t e = text.find('e');
-            power_ = std::atoi(text.c_str() + e + 1);
-            if (shape.whole > 1)
-                SplitInSteps(value);
-            else
-                Split(text.substr(0, e));
-        } else // halves go up as they are written in decimal
-            Split(Print("%.*f", std::min(shape.decimals, 30), value * (1 + 1e-15)));
+            power_ = PowerOf(number);
+            number.MultiplyByTenTo(-power_);
+        }
+        number.RoundTo(shape.decimals);
+        whole_ = number.Whole();
+        decimals_ = number.Decimals(shape.decimals);
     }
 
     bool AllZero() const { return whole_.empty() && decimals_.find_first_not_of('0') == std::string::npos; }
@@ -108,17 +108,11 @@ public:
     }
 
 private:
-    /// Several places before the point make the power a multiple of their number.
-    void SplitInSteps(double value) {
-        const int step = shape_.whole;
-        power_ -= (power_ % step + step) % step;
-        Split(Print("%.*f", std::min(shape_.decimals, 30), value / std::pow(10, power_)));
-    }
-    void Split(const std::string& text) {
-        const std::size_t point = std::min(text.find('.'), text.size());
-        const std::size_t first = std::min(text.find_first_not_of('0'), point);
-        whole_ = text.substr(first, point - first);
-        decimals_ = point < text.size() ? text.substr(point + 1) : "";
+    /// That of the first digit once it is rounded; several places before the point make it a multiple of their number.
+    int PowerOf(DecimalNumber number) const {
+        const int step = std::max(shape_.whole, 1);
+        number.RoundTo(shape_.decimals + step - 1 - number.Power());
+        return number.Power() - (number.Power() % step + step) % step;
     }
 
     const NumberShape& shape_;
@@ -167,9 +161,15 @@ std::string_view BuiltInNumberFormat(int number) {
     case 2: return "0.00";
     case 3: return "#,##0";
     case 4: return "#,##0.00";
+    case 5:
+    case 6: return "$#,##0_);($#,##0)";
+    case 7:
+    case 8: return "$#,##0.00_);($#,##0.00)";
     case 9: return "0%";
     case 10: return "0.00%";
     case 11: return "0.00E+00";
+    case 12: return "# ?/?";
+    case 13: return "# ?\?/?\?";
     case 14: return "yyyy-mm-dd";
     case 15: return "d-mmm-yy";
     case 16: return "d-mmm";
@@ -183,6 +183,10 @@ std::string_view BuiltInNumberFormat(int number) {
     case 38: return "#,##0;(#,##0)";
     case 39:
     case 40: return "#,##0.00;(#,##0.00)";
+    case 41: return "_(* #,##0_);_(* (#,##0);_(* \"-\"_)";
+    case 42: return "_($* #,##0_);_($* (#,##0);_($* \"-\"_)";
+    case 43: return "_(* #,##0.00_);_(* (#,##0.00);_(* \"-\"??_)";
+    case 44: return "_($* #,##0.00_);_($* (#,##0.00);_($* \"-\"??_)";
     case 45: return "mm:ss";
     case 46: return "[h]:mm:ss";
     case 47: return "mm:ss.0";
@@ -191,19 +195,25 @@ std::string_view BuiltInNumberFormat(int number) {
     }
 }
 
+bool IsGeneralFormat(std::string_view code) {
+    return code.empty() || EqualsNoCase(code, "General");
+}
+
 std::string FormatNumber(double value, std::string_view code, bool from1904) {
-    if (!std::isfinite(value) || code.empty() || EqualsNoCase(code, "General"))
+    if (!std::isfinite(value) || IsGeneralFormat(code))
         return PlainNumber(value);
-    const std::vector<FormatSection> sections = ParseFormatCode(code.substr(0, 255));
+    const std::vector<FormatSection> sections = ParseFormatCode(code.substr(0, kMostFormatBytes));
     const FormatSection* section = SectionFor(sections, value);
     if (!section)
         return PlainNumber(value);
     if (section->IsDate())
         return LayOutDate(value, *section, from1904).value_or(PlainNumber(value));
-    if (section->Has(FormatKind::Fraction) && section->Has(FormatKind::Digit))
-        return PlainNumber(value);
     // A section for negative numbers brings its own sign.
     const bool bringsSign = section != sections.data() && section->condition.empty();
+    if (section->Has(FormatKind::Fraction) && section->Has(FormatKind::Digit)) {
+        const auto fraction = LayOutFraction(std::abs(value), *section);
+        return fraction ? (value < 0 && !bringsSign ? "-" : "") + *fraction : PlainNumber(value);
+    }
     const bool rounded = Digits(std::abs(value), ShapeOf(*section)).AllZero() && section->Has(FormatKind::Digit);
     const bool minus = value < 0 && !bringsSign && !rounded;
     return (minus ? "-" : "") + LayOutNumber(std::abs(value), *section);

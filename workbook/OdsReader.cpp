@@ -10,9 +10,6 @@
 namespace velmora {
 namespace {
 
-/// No sheet of the format's programs is longer.
-constexpr int kMostRows = 1 << 20;
-
 /// Finds the names of the sheets that are shown.
 class NamesReader : public XmlReader {
 public:
@@ -21,9 +18,9 @@ public:
         if (name == "style")
             style_ = attributes("name");
         else if (name == "table-properties" && attributes("display") == "false")
-            hidden_.emplace(style_);
+            hidden_.insert(Kept(style_));
         else if (name == "table" && ++depth_ == 1 && !hidden_.contains(std::string(attributes("style-name"))))
-            names.emplace_back(attributes("name"));
+            names.push_back(Kept(attributes("name")));
     }
     void End(std::string_view name) override {
         if (name == "table")
@@ -31,6 +28,12 @@ public:
     }
 
 private:
+    std::string Kept(std::string_view text) {
+        kept_.Add(text);
+        return std::string(text);
+    }
+
+    KeptBytes kept_;
     std::string style_;
     std::set<std::string> hidden_;
     int depth_ = 0;
@@ -77,7 +80,7 @@ public:
     }
     void Text(std::string_view text) override {
         if (reading_ && aside_ == 0)
-            text_ += text;
+            AppendToCell(text_, text);
     }
 
 private:
@@ -85,24 +88,30 @@ private:
         repeatCell_ = std::max(1, attributes.Number("number-columns-repeated", 1));
         text_.clear();
         paragraphs_ = 0;
-        value_ = attributes("value");
+        value_.clear();
+        AppendToCell(value_, attributes("value"));
+        awaitsResult_ = !attributes("formula").empty() && attributes("value-type").empty();
     }
     void StartText(std::string_view name, const XmlAttributes& attributes) {
         if (name == "p") {
             reading_ = true;
-            text_ += paragraphs_++ > 0 ? " " : "";
+            AppendToCell(text_, paragraphs_++ > 0 ? " " : "");
         } else if (reading_ && name == "s")
-            text_.append(static_cast<std::size_t>(std::clamp(attributes.Number("c", 1), 1, 1000)), ' ');
+            AppendToCell(text_,
+                         std::string(static_cast<std::size_t>(std::clamp(attributes.Number("c", 1), 1, 1000)), ' '));
         else if (reading_ && (name == "tab" || name == "line-break"))
-            text_ += ' ';
+            AppendToCell(text_, " ");
     }
     void EndCell() {
         if (!value_.empty())
             UsePlainMinus();
         const std::string& text = paragraphs_ > 0 ? text_ : value_;
-        for (int i = 0; i < repeatCell_ && column_ + i < last_ && !text.empty(); ++i)
+        const bool blank = Trim(OneLine(text)).empty(); // perhaps in a million rows
+        if (awaitsResult_ && paragraphs_ == 0 && column_ < last_)
+            RaiseNoResult(number_ + 1, column_ + 1);
+        for (int i = 0; i < repeatCell_ && column_ + i < last_ && !blank; ++i)
             cells_.emplace_back(column_ + i + 1, text);
-        column_ = std::min(column_ + std::min(repeatCell_, kMostRows), kMostRows);
+        column_ = std::min(column_ + std::min(repeatCell_, kMostSheetRows), kMostSheetRows);
     }
     /// Some programs show numbers with the mathematical minus, which no other reader takes for a sign.
     void UsePlainMinus() {
@@ -111,8 +120,7 @@ private:
             text_.replace(at, kMinus.size(), "-");
     }
     void EndRow() {
-        if (repeatRow_ > kMostRows - number_)
-            repeatRow_ = kMostRows - number_;
+        repeatRow_ = std::min(repeatRow_, kMostSheetRows - number_);
         for (int i = 1; i <= repeatRow_ && !cells_.empty() && !stopped; ++i) {
             for (const auto& [column, text] : cells_)
                 row_.Put(column, text);
@@ -134,6 +142,7 @@ private:
     int paragraphs_ = 0;
     int depth_ = 0; ///< of tables
     int aside_ = 0; ///< within notes and drawings
+    bool awaitsResult_ = false;
     bool inSheet_ = false;
     bool reading_ = false;
 };

@@ -19,7 +19,8 @@ public:
     using Error::Error;
 };
 
-enum class WorkbookFormat { Xls, Xlsx, Ods };
+/// `Other`: with macros, or a template; what such a file holds is read like the others, but never written.
+enum class WorkbookFormat { Xls, Xlsx, Ods, Other };
 
 /// Takes a row's number, from 1 and ascending, and one text for each column asked for; false ends the reading.
 using SheetRowSink = std::function<bool(std::int32_t row, const std::vector<std::string>& texts)>;
@@ -34,7 +35,8 @@ public:
     virtual const std::vector<std::string>& SheetNames() const = 0;
     /// The texts that a person sees in these columns (from 1), trimmed and on one line. A row that is blank in all of
     /// them may be left out; a hidden row or column counts like any other. A formula gives its stored result. Raises
-    /// WorkbookError for a sheet that is not there or is damaged, perhaps after some rows were handed on.
+    /// WorkbookError for a sheet that is not there or is damaged, for a formula without a result and for more than can
+    /// be read, perhaps after some rows were handed on.
     virtual void ReadSheet(const std::string& name, const std::vector<int>& columns, const SheetRowSink& sink) = 0;
 };
 

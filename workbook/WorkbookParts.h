@@ -9,6 +9,36 @@ namespace velmora {
 inline constexpr std::size_t kMostWorkbookBytes = 256u << 20;
 /// Most characters in a cell.
 inline constexpr std::size_t kMostCellCharacters = 32767;
+/// Most rows of the longest sheets.
+inline constexpr int kMostSheetRows = 1 << 20;
+
+/// Counts what is kept of a file, so that a small one cannot grow without end.
+class KeptBytes {
+public:
+    /// A text with what it costs to keep it. Raises WorkbookError above 64 MB in all.
+    void Add(std::string_view text);
+
+private:
+    std::size_t bytes_ = 0;
+};
+
+/// Many texts, kept end to end: an empty one costs a few bytes.
+class TextTable {
+public:
+    /// Raises WorkbookError above 64 MB in all.
+    void Add(std::string_view text);
+    std::size_t Size() const { return ends_.size(); }
+    /// The text with this number, from 0; raises WorkbookError where there is none.
+    std::string_view At(std::size_t index) const;
+
+private:
+    KeptBytes kept_;
+    std::string texts_;
+    std::vector<std::size_t> ends_;
+};
+
+/// Adds to a cell's text; raises WorkbookError where it grows longer than a cell may be.
+void AppendToCell(std::string& cell, std::string_view text);
 
 /// The texts of one row on their way to the sink.
 class SheetRow {
@@ -16,7 +46,8 @@ public:
     SheetRow(const std::vector<int>& columns, const SheetRowSink& sink)
         : columns_(columns), sink_(sink), texts_(columns.size()) {}
     bool Wants(int column) const;
-    /// Keeps the text, on one line and trimmed, if its column (from 1) was asked for.
+    /// Keeps the text, on one line and trimmed, if its column (from 1) was asked for. Raises WorkbookError for more
+    /// text in a sheet than any document holds.
     void Put(int column, std::string_view text);
     /// Hands the row on unless it is blank, and starts an empty one. False when the sink wants no more.
     bool Flush(std::int32_t row);
@@ -25,6 +56,7 @@ private:
     const std::vector<int>& columns_;
     const SheetRowSink& sink_;
     std::vector<std::string> texts_;
+    std::size_t bytes_ = 0; ///< of all rows
     bool filled_ = false;
 };
 
@@ -32,5 +64,8 @@ private:
 std::uint64_t LittleEndian(std::string_view bytes, std::size_t at, int count);
 void AppendLittleEndian(std::string& bytes, std::uint64_t value, int count);
 [[noreturn]] void RaiseDamaged();
+[[noreturn]] void RaiseTooLarge();
+/// A formula whose program has not stored what it comes to; row and column from 1.
+[[noreturn]] void RaiseNoResult(int row, int column);
 
 } // namespace velmora

@@ -16,6 +16,8 @@
 namespace velmora {
 namespace {
 
+constexpr std::size_t kMostXlsBytes = 128u << 20; // its stream is held beside the file for a moment
+
 /// A whole number or a double in 30 bits, perhaps a hundredth of it.
 double RkNumber(std::uint32_t rk) {
     const double number = rk & 2 ? static_cast<double>(static_cast<std::int32_t>(rk) >> 2)
@@ -62,13 +64,18 @@ private:
     void AddFormat(std::string_view data);
     std::string ShortText(std::string_view data, int lengthBytes) const;
     std::string NumberText(double number, std::size_t style) const;
+    std::string Kept(std::string text) {
+        kept_.Add(text);
+        return text;
+    }
 
     std::string stream_;
+    KeptBytes kept_;
     bool wide_ = true; ///< BIFF8, whose strings are not bytes
     bool from1904_ = false;
     std::vector<SheetStart> sheets_;
     std::vector<std::string> names_;
-    std::vector<std::string> strings_;
+    TextTable strings_;
     std::map<int, std::string> formats_;
     std::vector<int> styles_; ///< the format of each cell style
 };
@@ -94,7 +101,7 @@ void Xls::ReadGlobal(const BiffRecord& record, RecordReader& records) {
         StringReader reader(records.WithContinuations(record));
         reader.Number(4); // how often they are used
         for (std::uint32_t left = reader.Number(4); left > 0 && !reader.AtEnd(); --left)
-            strings_.push_back(reader.Text(2));
+            strings_.Add(reader.Text(2));
         break;
     }
     default: break;
@@ -105,12 +112,12 @@ void Xls::AddSheet(std::string_view data) {
     const bool hidden = (LittleEndian(data, 4, 1) & 3) != 0;
     const bool worksheet = LittleEndian(data, 5, 1) == 0;
     if (!hidden && worksheet)
-        sheets_.push_back({ShortText(data.substr(6), 1), LittleEndian(data, 0, 4)});
+        sheets_.push_back({Kept(ShortText(data.substr(6), 1)), LittleEndian(data, 0, 4)});
 }
 
 void Xls::AddFormat(std::string_view data) {
     const auto number = static_cast<int>(LittleEndian(data, 0, 2));
-    formats_[number] = ShortText(data.substr(2), wide_ ? 2 : 1);
+    formats_[number] = Kept(ShortText(data.substr(2), wide_ ? 2 : 1).substr(0, kMostFormatBytes));
 }
 
 /// A string within one record.
@@ -128,7 +135,7 @@ std::string Xls::NumberText(double number, std::size_t style) const {
     return FormatNumber(number, own != formats_.end() ? own->second : BuiltInNumberFormat(format), from1904_);
 }
 
-/// Collects the cells of the columns asked for.
+/// Collects where the cells of the columns asked for stand; a cell is taken apart when its row is handed on.
 class CellCollector {
 public:
     CellCollector(const Xls& book, const std::vector<int>& columns) : book_(book), columns_(columns) {}
@@ -141,7 +148,7 @@ public:
             else if (record.id == biff::kEof && --depth <= 0)
                 return;
             else if (depth == 1)
-                Take(record, records);
+                Take(record);
         }
         throw WorkbookError("the worksheet ends in the middle");
     }
@@ -150,8 +157,7 @@ public:
         SheetRow row(columns_, sink);
         for (const auto& [number, cells] : rows_) {
             for (const Cell& cell : cells)
-                row.Put(cell.column,
-                        cell.shared >= 0 ? book_.strings_[static_cast<std::size_t>(cell.shared)] : cell.text);
+                row.Put(cell.column, TextOf(cell));
             if (!row.Flush(number))
                 return;
         }
@@ -159,9 +165,9 @@ public:
 
 private:
     struct Cell {
-        int column = 0;
-        std::int64_t shared = -1; ///< number of a shared text, or -1
-        std::string text;
+        std::uint16_t column = 0;
+        std::uint16_t id = 0; ///< of its record
+        std::uint32_t at = 0; ///< in the stream: the record, or the style of a number in 30 bits
     };
 
     /// A new cell, or null in a column that nobody asked for.
@@ -173,84 +179,101 @@ private:
         if (++count_ > columns_.size() * biff::kMostRows)
             RaiseDamaged();
         std::vector<Cell>& cells = rows_[static_cast<std::int32_t>(row) + 1];
-        cells.push_back({number, -1, ""});
+        cells.push_back({static_cast<std::uint16_t>(number), 0, 0});
         return &cells.back();
     }
 
-    void Take(const BiffRecord& record, RecordReader& records) {
+    std::uint32_t PlaceOf(const char* byte) const { return static_cast<std::uint32_t>(byte - book_.stream_.data()); }
+
+    void Take(const BiffRecord& record) {
         const std::string_view data = record.data;
         switch (record.id) {
         case biff::kLabelSst:
         case biff::kLabel:
         case biff::kRString:
         case biff::kNumber:
-        case biff::kRk:
         case biff::kBoolErr:
         case biff::kFormula:
             if (Cell* cell = CellAt(LittleEndian(data, 0, 2), LittleEndian(data, 2, 2)))
-                Fill(*cell, record, records);
+                Place(*cell, record);
             break;
-        case biff::kMulRk: TakeMany(data); break;
+        case biff::kRk:
+        case biff::kMulRk: TakeNumbers(data); break;
         case biff::kString:
             if (awaitsString_)
-                awaitsString_->text =
-                    book_.wide_ ? StringReader(records.WithContinuations(record)).Text(2) : book_.ShortText(data, 2);
+                Place(*awaitsString_, record);
             awaitsString_ = nullptr;
             break;
         default: break;
         }
     }
 
-    void Fill(Cell& cell, const BiffRecord& record, RecordReader& records) {
+    void Place(Cell& cell, const BiffRecord& record) {
+        cell.id = static_cast<std::uint16_t>(record.id);
+        cell.at = PlaceOf(record.data.data()) - kRecordStart;
+        if (record.id == biff::kFormula && HoldsText(record.data))
+            awaitsString_ = &cell;
+    }
+
+    void TakeNumbers(std::string_view data) {
+        const std::size_t row = LittleEndian(data, 0, 2);
+        std::size_t column = LittleEndian(data, 2, 2);
+        for (std::size_t at = 4; at + kRkSize <= data.size(); at += kRkSize, ++column)
+            if (Cell* cell = CellAt(row, column)) {
+                cell->id = biff::kRk;
+                cell->at = PlaceOf(data.data() + at);
+            }
+    }
+
+    std::string TextOf(const Cell& cell) const {
+        if (cell.id == biff::kRk)
+            return book_.NumberText(RkNumber(static_cast<std::uint32_t>(LittleEndian(book_.stream_, cell.at + 2, 4))),
+                                    LittleEndian(book_.stream_, cell.at, 2));
+        RecordReader records(book_.stream_, cell.at);
+        BiffRecord record;
+        records.Next(record);
+        return TextOf(record, records);
+    }
+
+    std::string TextOf(const BiffRecord& record, RecordReader& records) const {
         const std::string_view data = record.data;
-        const std::size_t style = LittleEndian(data, 4, 2);
         switch (record.id) {
-        case biff::kLabelSst:
-            cell.shared = static_cast<std::int64_t>(LittleEndian(data, 6, 4));
-            if (static_cast<std::size_t>(cell.shared) >= book_.strings_.size())
-                RaiseDamaged();
-            break;
-        case biff::kNumber: cell.text = book_.NumberText(std::bit_cast<double>(LittleEndian(data, 6, 8)), style); break;
-        case biff::kRk:
-            cell.text = book_.NumberText(RkNumber(static_cast<std::uint32_t>(LittleEndian(data, 6, 4))), style);
-            break;
-        case biff::kBoolErr: cell.text = TruthOrError(LittleEndian(data, 6, 1), LittleEndian(data, 7, 1) != 0); break;
-        case biff::kFormula: FillResult(cell, data, style); break;
-        default: cell.text = book_.wide_ ? WideLabel(record, records) : book_.ShortText(data.substr(6), 2);
+        case biff::kLabelSst: return std::string(book_.strings_.At(LittleEndian(data, 6, 4)));
+        case biff::kNumber: return DoubleText(data);
+        case biff::kBoolErr: return TruthOrError(LittleEndian(data, 6, 1), LittleEndian(data, 7, 1) != 0);
+        case biff::kFormula: return Result(data);
+        case biff::kString: return book_.wide_ ? WideText(record, records, 0) : book_.ShortText(data, 2);
+        default: return book_.wide_ ? WideText(record, records, 6) : book_.ShortText(data.substr(6), 2);
         }
     }
 
-    static std::string WideLabel(const BiffRecord& record, RecordReader& records) {
+    static std::string WideText(const BiffRecord& record, RecordReader& records, std::size_t from) {
         std::vector<std::string_view> pieces = records.WithContinuations(record);
-        pieces[0].remove_prefix(6);
+        pieces[0].remove_prefix(std::min(from, pieces[0].size()));
         return StringReader(std::move(pieces)).Text(2);
+    }
+
+    std::string DoubleText(std::string_view data) const {
+        return book_.NumberText(std::bit_cast<double>(LittleEndian(data, 6, 8)), LittleEndian(data, 4, 2));
     }
 
     static std::string TruthOrError(std::uint64_t value, bool error) {
         return error ? ErrorText(value) : value != 0 ? "TRUE" : "FALSE";
     }
 
+    static bool IsNumber(std::string_view formula) { return LittleEndian(formula, 12, 2) != 0xFFFF; }
+    static bool HoldsText(std::string_view formula) { return !IsNumber(formula) && LittleEndian(formula, 6, 1) == 0; }
+
     /// The stored result: a number, or what it is not; a text follows in a record of its own.
-    void FillResult(Cell& cell, std::string_view data, std::size_t style) {
-        if (LittleEndian(data, 12, 2) != 0xFFFF) {
-            cell.text = book_.NumberText(std::bit_cast<double>(LittleEndian(data, 6, 8)), style);
-            return;
-        }
+    std::string Result(std::string_view data) const {
+        if (IsNumber(data))
+            return DoubleText(data);
         const std::uint64_t kind = LittleEndian(data, 6, 1);
-        if (kind == 0)
-            awaitsString_ = &cell;
-        else if (kind == 1 || kind == 2)
-            cell.text = TruthOrError(LittleEndian(data, 8, 1), kind == 2);
+        return kind == 1 || kind == 2 ? TruthOrError(LittleEndian(data, 8, 1), kind == 2) : "";
     }
 
-    void TakeMany(std::string_view data) {
-        const std::size_t row = LittleEndian(data, 0, 2);
-        std::size_t column = LittleEndian(data, 2, 2);
-        for (std::size_t at = 4; at + 6 + 2 <= data.size(); at += 6, ++column)
-            if (Cell* cell = CellAt(row, column))
-                cell->text = book_.NumberText(RkNumber(static_cast<std::uint32_t>(LittleEndian(data, at + 2, 4))),
-                                              LittleEndian(data, at, 2));
-    }
+    static constexpr std::size_t kRkSize = 6;        ///< a style and a number
+    static constexpr std::uint32_t kRecordStart = 4; ///< its number and size
 
     const Xls& book_;
     const std::vector<int>& columns_;
@@ -272,7 +295,9 @@ void Xls::ReadSheet(const std::string& name, const std::vector<int>& columns, co
 
 } // namespace
 
-std::unique_ptr<Workbook> OpenXls(std::string_view bytes) {
+std::unique_ptr<Workbook> OpenXls(std::string bytes) {
+    if (bytes.size() > kMostXlsBytes)
+        throw WorkbookError("the file is larger than 128 MB");
     if (ReadOleStream(bytes, "EncryptedPackage"))
         throw WorkbookError("the workbook is protected by a password");
     auto stream = ReadOleStream(bytes, "Workbook");
@@ -280,6 +305,7 @@ std::unique_ptr<Workbook> OpenXls(std::string_view bytes) {
         stream = ReadOleStream(bytes, "Book");
     if (!stream)
         throw WorkbookError("the file is no workbook");
+    bytes = {}; // before the texts are taken out
     return std::make_unique<Xls>(*std::move(stream));
 }
 

@@ -1,6 +1,7 @@
 // .xlsx: a zip of XML parts that point at one another. Rows are handed on as they are read.
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "workbook/CellDate.h"
 #include "workbook/NumberFormat.h"
 #include "workbook/WorkbookFormats.h"
 #include "workbook/WorkbookParts.h"
@@ -13,6 +14,8 @@
 namespace velmora {
 namespace {
 
+constexpr std::size_t kEscapeBytes = 7;
+
 struct Relation {
     std::string type;
     std::string target;
@@ -23,10 +26,15 @@ class RelationsReader : public XmlReader {
 public:
     Relations relations;
     void Start(std::string_view name, const XmlAttributes& attributes) override {
-        if (name == "Relationship")
-            relations[std::string(attributes("Id"))] = {std::string(attributes("Type")),
-                                                        std::string(attributes("Target"))};
+        if (name != "Relationship")
+            return;
+        for (const char* kept : {"Id", "Type", "Target"})
+            kept_.Add(attributes(kept));
+        relations[std::string(attributes("Id"))] = {std::string(attributes("Type")), std::string(attributes("Target"))};
     }
+
+private:
+    KeptBytes kept_;
 };
 
 struct SheetPart {
@@ -42,9 +50,15 @@ public:
         if (name == "workbookPr")
             from1904 = attributes("date1904") == "1" || attributes("date1904") == "true";
         const std::string_view state = attributes("state");
-        if (name == "sheet" && (state.empty() || state == "visible"))
-            sheets.push_back({std::string(attributes("name")), std::string(attributes("id"))});
+        if (name != "sheet" || !(state.empty() || state == "visible"))
+            return;
+        kept_.Add(attributes("name"));
+        kept_.Add(attributes("id"));
+        sheets.push_back({std::string(attributes("name")), std::string(attributes("id"))});
     }
+
+private:
+    KeptBytes kept_;
 };
 
 /// The number format of each cell style.
@@ -53,12 +67,13 @@ public:
     std::vector<std::string> formats;
     void Start(std::string_view name, const XmlAttributes& attributes) override {
         if (name == "numFmt")
-            own_[attributes.Number("numFmtId", 0)] = attributes("formatCode");
+            own_[attributes.Number("numFmtId", 0)] = Kept(attributes("formatCode").substr(0, kMostFormatBytes));
         else if (name == "cellXfs")
             inCells_ = true;
         else if (name == "xf" && inCells_) {
-            const int number = attributes.Number("numFmtId", 0);
-            formats.push_back(own_.contains(number) ? own_[number] : std::string(BuiltInNumberFormat(number)));
+            const auto own = own_.find(attributes.Number("numFmtId", 0));
+            formats.push_back(
+                Kept(own != own_.end() ? own->second : BuiltInNumberFormat(attributes.Number("numFmtId", 0))));
         }
     }
     void End(std::string_view name) override {
@@ -67,46 +82,59 @@ public:
     }
 
 private:
+    std::string Kept(std::string_view format) {
+        kept_.Add(format);
+        return std::string(format);
+    }
+
+    KeptBytes kept_;
     std::map<int, std::string> own_;
     bool inCells_ = false;
 };
 
-/// Puts back the characters that the format writes as _x000D_.
-std::string Unescaped(std::string text) {
-    for (std::size_t at = 0; (at = text.find("_x", at)) != std::string::npos; ++at) {
-        unsigned code = 0;
-        const char* digits = text.data() + at + 2;
-        if (at + 7 > text.size() || text[at + 6] != '_' ||
-            std::from_chars(digits, digits + 4, code, 16).ptr != digits + 4)
-            continue;
-        if (code < 0x80)
-            text.replace(at, 7, 1, static_cast<char>(code));
+/// The character that the format writes as _x000D_ at the start of `text`; nullopt for other texts.
+std::optional<char> EscapedCharacter(std::string_view text) {
+    unsigned code = 0;
+    const char* digits = text.data() + 2;
+    const bool escape = text.size() >= kEscapeBytes && text[kEscapeBytes - 1] == '_' &&
+                        std::from_chars(digits, digits + 4, code, 16).ptr == digits + 4;
+    return escape && code < 0x80 ? std::optional(static_cast<char>(code)) : std::nullopt;
+}
+
+/// Puts back the characters that the format writes by their number.
+std::string Unescaped(std::string_view text) {
+    std::string plain;
+    for (std::size_t at = text.find("_x"); at != std::string_view::npos; at = text.find("_x")) {
+        const auto character = EscapedCharacter(text.substr(at));
+        plain.append(text.substr(0, at)).append(1, character.value_or('_'));
+        text.remove_prefix(at + (character ? kEscapeBytes : 1));
     }
-    return text;
+    return plain.append(text);
 }
 
 class StringsReader : public XmlReader {
 public:
-    std::vector<std::string> strings;
+    TextTable strings;
     void Start(std::string_view name, const XmlAttributes&) override {
         if (name == "si")
-            strings.emplace_back();
-        reading_ = name == "t" && !phonetic_ && !strings.empty();
+            text_.clear();
+        reading_ = name == "t" && !phonetic_;
         phonetic_ = phonetic_ || name == "rPh";
     }
     void End(std::string_view name) override {
         reading_ = false;
         if (name == "rPh")
             phonetic_ = false;
-        if (name == "si" && !strings.empty())
-            strings.back() = Unescaped(std::move(strings.back()));
+        if (name == "si")
+            strings.Add(Unescaped(text_));
     }
     void Text(std::string_view text) override {
         if (reading_)
-            strings.back() += text;
+            AppendToCell(text_, text);
     }
 
 private:
+    std::string text_;
     bool reading_ = false;
     bool phonetic_ = false;
 };
@@ -122,7 +150,7 @@ int ColumnOf(std::string_view reference) {
 
 /// What all sheets of a workbook need.
 struct SharedParts {
-    std::vector<std::string> strings;
+    TextTable strings;
     std::vector<std::string> formats;
     bool from1904 = false;
 };
@@ -137,6 +165,8 @@ public:
             StartRow(attributes.Number("r", number_ + 1));
         else if (name == "c")
             StartCell(attributes);
+        else if (name == "f")
+            formula_ = true;
         reading_ = wanted_ && !phonetic_ && (name == "v" || name == "t");
         phonetic_ = phonetic_ || name == "rPh";
     }
@@ -153,7 +183,7 @@ public:
     }
     void Text(std::string_view text) override {
         if (reading_)
-            value_ += text;
+            AppendToCell(value_, text);
     }
 
 private:
@@ -172,31 +202,44 @@ private:
         type_ = attributes("t");
         style_ = static_cast<std::size_t>(attributes.Number("s", 0));
         value_.clear();
+        formula_ = false;
     }
-    std::string CellText() {
+    std::string CellText() const {
+        if (formula_ && value_.empty() && type_ != "str")
+            RaiseNoResult(number_, column_);
         if (type_ == "s")
             return value_.empty() ? "" : SharedString();
         if (type_ == "b")
             return value_ == "1" ? "TRUE" : value_ == "0" ? "FALSE" : value_;
         if (type_ == "inlineStr" || type_ == "str")
             return Unescaped(value_);
-        if (type_ == "e" || type_ == "d")
+        if (type_ == "d")
+            return DateText();
+        if (type_ == "e")
             return value_;
         return NumberText();
     }
     std::string SharedString() const {
         std::size_t index = 0;
         const char* end = value_.data() + value_.size();
-        if (std::from_chars(value_.data(), end, index).ptr != end || index >= shared_.strings.size())
+        if (const auto [stop, error] = std::from_chars(value_.data(), end, index); stop != end || error != std::errc())
             RaiseDamaged();
-        return shared_.strings[index];
+        return std::string(shared_.strings.At(index));
+    }
+    std::string_view Format() const {
+        return style_ < shared_.formats.size() ? std::string_view(shared_.formats[style_]) : "";
+    }
+    std::string DateText() const {
+        const auto days = SerialOfIsoDate(value_, shared_.from1904);
+        return days && !IsGeneralFormat(Format()) ? FormatNumber(*days, Format(), shared_.from1904) : value_;
     }
     std::string NumberText() const {
         double number = 0;
         const char* end = value_.data() + value_.size();
-        if (value_.empty() || std::from_chars(value_.data(), end, number).ptr != end)
+        const auto [stop, error] = std::from_chars(value_.data(), end, number);
+        if (stop != end || error != std::errc())
             return value_;
-        return FormatNumber(number, style_ < shared_.formats.size() ? shared_.formats[style_] : "", shared_.from1904);
+        return FormatNumber(number, Format(), shared_.from1904);
     }
 
     const SharedParts& shared_;
@@ -207,6 +250,7 @@ private:
     int number_ = 0;
     int column_ = 0;
     bool wanted_ = false;
+    bool formula_ = false;
     bool reading_ = false;
     bool phonetic_ = false;
 };
@@ -269,19 +313,20 @@ private:
     void ReadSharedParts() {
         if (sharedRead_)
             return;
-        for (const auto& [id, relation] : relations_) {
-            const std::string part = Resolve(main_, relation.target);
-            if (relation.type.ends_with("/sharedStrings")) {
-                StringsReader reader;
-                ReadXmlPart(zip_, part, reader);
-                shared_.strings = std::move(reader.strings);
-            } else if (relation.type.ends_with("/styles")) {
-                StylesReader reader;
-                ReadXmlPart(zip_, part, reader);
-                shared_.formats = std::move(reader.formats);
-            }
-        }
+        StringsReader strings;
+        ReadRelated("/sharedStrings", strings);
+        shared_.strings = std::move(strings.strings);
+        StylesReader styles;
+        ReadRelated("/styles", styles);
+        shared_.formats = std::move(styles.formats);
         sharedRead_ = true;
+    }
+    /// Reads the first part of a type, of which a workbook has one, if any.
+    void ReadRelated(std::string_view type, XmlReader& reader) const {
+        const auto found = std::find_if(relations_.begin(), relations_.end(),
+                                        [&](const auto& relation) { return relation.second.type.ends_with(type); });
+        if (found != relations_.end())
+            ReadXmlPart(zip_, Resolve(main_, found->second.target), reader);
     }
 
     ZipFile zip_;

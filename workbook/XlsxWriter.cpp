@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "workbook/WorkbookFormats.h"
 
+#include <algorithm>
 #include <xlsxwriter.h>
 
 namespace velmora {
@@ -15,6 +16,18 @@ void Check(lxw_error error) {
         throw WorkbookError(lxw_strerror(error));
 }
 
+/// With blanks for the characters that XML does not allow, which would make the file one that nothing opens.
+std::string XmlText(std::string text) {
+    constexpr std::string_view kNoCharacter = "\xEF\xBF"; // U+FFFE and U+FFFF start so
+    for (std::size_t at = text.find(kNoCharacter); at != std::string::npos; at = text.find(kNoCharacter, at + 1))
+        if (at + 2 < text.size() && static_cast<unsigned char>(text[at + 2]) >= 0xBE)
+            text.replace(at, 3, " ");
+    std::replace_if(
+        text.begin(), text.end(),
+        [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\r' && c != '\n'; }, ' ');
+    return text;
+}
+
 void WriteRows(lxw_worksheet* sheet, lxw_format* text, const SheetRowSource& rows) {
     lxw_row_t number = 0;
     for (std::vector<std::string> row; rows(row); ++number) {
@@ -22,7 +35,8 @@ void WriteRows(lxw_worksheet* sheet, lxw_format* text, const SheetRowSource& row
             throw WorkbookError("a worksheet of this format holds at most 1048576 rows");
         for (std::size_t column = 0; column < row.size(); ++column)
             if (!row[column].empty())
-                Check(worksheet_write_string(sheet, number, static_cast<lxw_col_t>(column), row[column].c_str(), text));
+                Check(worksheet_write_string(sheet, number, static_cast<lxw_col_t>(column),
+                                             XmlText(row[column]).c_str(), text));
     }
 }
 

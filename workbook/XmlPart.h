@@ -32,7 +32,8 @@ public:
     bool stopped = false; ///< set to read no further
 };
 
-/// Raises WorkbookError for damaged XML and for XML that declares entities, which could be endless texts.
+/// Raises WorkbookError for damaged XML, for XML that declares what could become endless texts, and for more depth,
+/// longer tags, more names or more elements than a workbook's program writes.
 void ReadXmlPart(const ZipFile& zip, const std::string& part, XmlReader& reader);
 
 } // namespace velmora

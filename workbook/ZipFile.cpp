@@ -5,10 +5,13 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <zip.h>
 
 namespace velmora {
 namespace {
+
+constexpr int kMostParts = 20000;
 
 struct CloseZip {
     void operator()(zip_t* zip) const { zip_discard(zip); }
@@ -21,10 +24,26 @@ struct ClosePart {
     throw WorkbookError("the file is no workbook, or its end is missing");
 }
 
+[[noreturn]] void RaiseTooMuchUnpacked() {
+    throw WorkbookError("the workbook unpacks to more than 256 MB");
+}
+
+/// Told before the directory is read, which costs ten times the room that it has in the file.
+bool HasTooManyParts(std::string_view bytes) {
+    constexpr std::string_view kEntry = "PK\x01\x02";
+    int count = 0;
+    for (std::size_t at = bytes.find(kEntry); at != std::string_view::npos; at = bytes.find(kEntry, at + 1))
+        if (++count > kMostParts)
+            return true;
+    return false;
+}
+
 } // namespace
 
 struct ZipFile::Archive {
     explicit Archive(std::string content) : bytes(std::move(content)) {
+        if (HasTooManyParts(bytes))
+            RaiseTooLarge();
         zip_source_t* source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, nullptr);
         if (source)
             zip.reset(zip_open_from_source(source, ZIP_RDONLY, nullptr));
@@ -34,8 +53,19 @@ struct ZipFile::Archive {
             RaiseNoZip();
     }
 
+    /// `upTo` bytes of the part are unpacked; reading them again is not counted.
+    void Count(zip_uint64_t index, std::uint64_t upTo) {
+        std::uint64_t& counted = handedOut[index];
+        total += upTo - std::min(counted, upTo);
+        counted = std::max(counted, upTo);
+        if (total > kMostWorkbookBytes)
+            RaiseTooMuchUnpacked();
+    }
+
     const std::string bytes;
     std::unique_ptr<zip_t, CloseZip> zip;
+    std::map<zip_uint64_t, std::uint64_t> handedOut; ///< of each part
+    std::uint64_t total = 0;
 };
 
 ZipFile::ZipFile(std::string bytes) : archive_(std::make_unique<Archive>(std::move(bytes))) {
@@ -49,7 +79,7 @@ ZipFile::ZipFile(std::string bytes) : archive_(std::make_unique<Archive>(std::mo
             total += std::min<std::uint64_t>(part.size, kMostWorkbookBytes + 1);
     }
     if (total > kMostWorkbookBytes)
-        throw WorkbookError("the workbook unpacks to more than 256 MB");
+        RaiseTooMuchUnpacked();
 }
 
 ZipFile::~ZipFile() = default;
@@ -66,6 +96,8 @@ void ZipFile::Read(const std::string& name, const std::function<bool(std::string
         throw WorkbookError("the workbook has no part " + name);
     if (part.encryption_method != ZIP_EM_NONE)
         throw WorkbookError("the workbook is protected by a password");
+    if (part.comp_method != ZIP_CM_STORE && part.comp_method != ZIP_CM_DEFLATE) // all that the formats allow
+        RaiseDamaged();
     const std::unique_ptr<zip_file_t, ClosePart> file(zip_fopen_index(zip, part.index, 0));
     if (!file)
         RaiseDamaged();
@@ -75,6 +107,7 @@ void ZipFile::Read(const std::string& name, const std::function<bool(std::string
         size += static_cast<std::uint64_t>(std::max<zip_int64_t>(got, 0));
         if (got < 0 || size > part.size) // size and checksum at the end are compared by libzip
             RaiseDamaged();
+        archive_->Count(part.index, size);
         if (got == 0 || !sink({piece.data(), static_cast<std::size_t>(got)}))
             return;
     }

@@ -60,7 +60,7 @@ bool ReadsAsTabFile(const ImportChoice& choice, const ImportChoice& guess, const
 }
 
 Worksheet ReadList(const std::string& text, const ImportChoice& choice) {
-    Worksheet sheet = WorksheetOf(ParseTextList(text, choice.delimiter), choice.cells);
+    Worksheet sheet = WorksheetOf(text, choice.delimiter, choice.cells);
     if (choice.encoding == ListEncoding::Windows1252)
         sheet.encoding = Encoding::Windows1252;
     return sheet;
@@ -105,7 +105,10 @@ Imported ImportWorkbook(MainModule& main, const std::filesystem::path& path) {
 
 Imported ImportList(MainModule& main, const std::filesystem::path& path) {
     std::string bytes;
-    if (!Attempted(main, kAskPlace, kNotFinished, [&] { bytes = ReadFile(path); }))
+    if (!Attempted(main, kAskPlace, kNotFinished, [&] {
+            CheckListSize(path);
+            bytes = ReadFile(path);
+        }))
         return OpenOutcome::Failed;
     const std::vector<ListEncoding> encodings = FittingEncodings(bytes);
     if (bytes.empty() || encodings.empty())
