@@ -194,7 +194,8 @@ TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
                           Icon::Question, Buttons::YesNo, answer, Answer::No);
     };
     using Change = std::pair<std::string, std::chrono::seconds>; // what is written, and how much later
-    for (const auto& [bytes, later] : {Change{std::string(whole.size(), 'x'), 1}, Change{"from elsewhere", 0}}) {
+    for (const auto& [bytes, later] : {Change{std::string(whole.size(), 'x'), 1}, Change{"from elsewhere", 0},
+                                       Change{std::string(whole.size(), 'y'), 0}}) {
         ReplaceFile(Path("a.csv"), bytes);
         fs::last_write_time(Path("a.csv"), opened + later);
         ask(Answer::No);
