@@ -254,6 +254,15 @@ TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {
     EXPECT_EQ(files[0], Path("5.csv"));
     EXPECT_EQ(files[1], Path("9.csv"));
     EXPECT_EQ(files[6], Path("2.csv"));
+
+    const std::string before = ReadFile(program.settings.IniFile);
+    for (const char* name :
+         {"a\n[Settings]\nOptType=5.csv", "b\rc.csv", "blank.csv ", "tab.csv\t", "no utf-8 \xE9.csv"}) {
+        ReplaceFile(Path(name), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
+        EXPECT_EQ(OpenFile(program.main, Path(name)), OpenOutcome::Opened);
+        EXPECT_EQ(ReadFile(program.settings.IniFile), before) << name;
+        EXPECT_EQ(RecentFiles(program.settings), files) << name;
+    }
 }
 
 TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {

@@ -82,7 +82,8 @@ bool WriteWithRetries(MainModule& main, const fs::path& path, FileHeader header)
 
 void RememberFolder(MainModule& main, const fs::path& path) {
     main.globals.TabsPath = WithSeparator(path.parent_path());
-    SaveFolder(main.settings, "Lables", main.globals.TabsPath);
+    if (FitsSetting(main.globals.TabsPath))
+        SaveFolder(main.settings, "Lables", main.globals.TabsPath);
 }
 
 /// False for a file that the system does not let us replace, which is said.
