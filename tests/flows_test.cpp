@@ -126,14 +126,41 @@ TEST_F(FlowsTest, AFailedCreationIsRetriedUntilItsCauseIsGone) {
     EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
 }
 
-TEST_F(FlowsTest, CommasAreToldOnceForASave) {
-    document.FieldA(2) = "a,b";
+TEST_F(FlowsTest, CommasAreAskedAboutBeforeTheyAreWritten) {
+    document.FieldA(2) = "Smith, John";
+    document.FieldC(2) = "lost";
     document.FieldC(7) = ",";
     document.DocFileName = Path("a.csv");
-    Tell("These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the text "
-         "after a comma moves into the next field.");
-    Tell("File saved successfully");
-    SaveLabels(program.main, SaveKind::Save);
+    program.main.history.KeepSteps();
+    const auto save = [&](SaveKind kind, Answer answer) {
+        Ask("These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the "
+            "text "
+            "after a comma moves into the next field.\r\nWhat moves beyond the third field is lost: [lost] of tab "
+            "2.\r\n"
+            "\r\nDo you want to write semicolons in their place?\r\nNo writes the commas as they are, Cancel goes back "
+            "to the document.",
+            answer);
+        if (kind == SaveKind::Save && answer != Answer::Cancel)
+            Tell("File saved successfully");
+        return SaveLabels(program.main, kind);
+    };
+    const auto written = [&](const char* name) {
+        const std::string bytes = ReadFile(Path(name));
+        return bytes.substr(bytes.find("\r\nSmith") + 2, 17);
+    };
+    EXPECT_EQ(save(SaveKind::Save, Answer::Cancel), SaveOutcome::Cancelled);
+    EXPECT_FALSE(fs::exists(Path("a.csv")));
+    EXPECT_EQ(save(SaveKind::Save, Answer::No), SaveOutcome::Saved);
+    EXPECT_EQ(written("a.csv"), "Smith, John,,lost");
+    program.ui.ExpectChooser("Export", Path("copy.csv"));
+    EXPECT_EQ(save(SaveKind::Export, Answer::Yes), SaveOutcome::Saved);
+    EXPECT_EQ(written("copy.csv"), "Smith; John,,lost");
+    EXPECT_EQ(document.FieldA(2), "Smith, John") << "an export leaves the document alone";
+    EXPECT_EQ(save(SaveKind::Save, Answer::Yes), SaveOutcome::Saved);
+    EXPECT_EQ(written("a.csv"), "Smith; John,,lost");
+    EXPECT_FALSE(document.DocChanged);
+    program.main.history.Undo(program.main.State());
+    EXPECT_EQ(document.FieldA(2), "Smith, John");
 }
 
 TEST_F(FlowsTest, OpeningRefusesWhatIsNoDocument) {
