@@ -3,6 +3,7 @@
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "base/Validate.h"
+#include "document/TabFileCheck.h"
 #include "workspace/Dialogs.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/Pages.h"
@@ -35,8 +36,14 @@ struct FoundFile {
     std::optional<FileStamp> stamp = StampOf(path);
 };
 
-/// What is no tab file is another program's, and does not hold what a save would write: the document counts as changed,
-/// and Save asks before it overwrites the file.
+/// A tab file of version 7 or 8.
+bool IsOwn(const Imported& imported) {
+    const auto* file = std::get_if<TabFile>(&imported);
+    return file && (TestVersion7(file->FirstLine()) || TestVersion8(file->FirstLine()));
+}
+
+/// What is not the program's own does not hold what a save would write: the document counts as changed, and Save asks
+/// before it overwrites the file.
 void TakeOver(MainModule& main, const FoundFile& file, bool foreign) {
     main.document.Stamp = file.stamp;
     main.document.DocFileName = file.path;
@@ -55,22 +62,30 @@ LoadOutcome LoadOrNotePage(MainModule& main, const Imported& imported, std::int1
     }
 }
 
+/// A comma that was typed into a tab, or written there by another program, ends a field.
+void TellOverfullLines(UserInterface& ui, const Imported& imported) {
+    const auto* file = std::get_if<TabFile>(&imported);
+    const auto lines = file && file->header ? OverfullLines(*file) : std::vector<std::int32_t>();
+    if (!lines.empty())
+        Tell(ui, "Lines with more than three fields: " + NumberList(lines) +
+                     ".\r\nWhat follows the third field was not read, and a save leaves it out.");
+}
+
 OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& imported) {
-    const bool foreign = std::holds_alternative<Worksheet>(imported);
     std::int16_t tabsPerPage = 0;
     main.document.FileError = false;
     try {
         const LoadOutcome outcome = ReplaceDocument(main, [&] {
             const LoadOutcome loaded = LoadOrNotePage(main, imported, tabsPerPage);
-            TakeOver(main, file, foreign);
+            TakeOver(main, file, !IsOwn(imported));
             return loaded;
         });
-        return outcome == LoadOutcome::Loaded ? OpenOutcome::Opened : OpenOutcome::NoPrinter;
-    } catch (const OverflowError& error) {
-        if (foreign)
-            TellMostPages(main.ui, tabsPerPage);
-        else
-            ReportError(main.ui, error.what(), kLoadPlace);
+        if (outcome == LoadOutcome::NoPrinter)
+            return OpenOutcome::NoPrinter;
+        TellOverfullLines(main.ui, imported);
+        return OpenOutcome::Opened;
+    } catch (const OverflowError&) {
+        TellMostPages(main.ui, tabsPerPage);
     } catch (const std::exception& error) {
         ReportError(main.ui, error.what(), kLoadPlace);
     }
@@ -87,17 +102,6 @@ bool MayReplaceDocument(MainModule& main) {
     if (answer == Answer::Yes)
         return SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved;
     return answer == Answer::No;
-}
-
-Imported ImportText(MainModule& main, const std::filesystem::path& path) {
-    std::string firstLine;
-    try {
-        firstLine = ReadFirstLine(path);
-    } catch (const FileAccessError&) {
-        Tell(main.ui, "Could not finish the process");
-        return OpenOutcome::Failed;
-    }
-    return AnnounceVersion(main.ui, path, firstLine) ? ReadOwnFile(main, path) : ImportList(main, path);
 }
 
 Imported Import(MainModule& main, const std::filesystem::path& path) {

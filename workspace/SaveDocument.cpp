@@ -206,6 +206,10 @@ FileRequest RequestFor(MainModule& main, SaveKind kind) {
     FileRequest request{"SAVE", kind == SaveKind::Export ? "Export" : "Save as", main.globals.TabsPath,
                         workbook ? "csv-file (*.csv)|*.csv|" + excel : "Velmora file(*.csv)|*.csv", "Tabs.csv"};
     request.moreFilters = (workbook ? "" : excel + "|") + "Workbook (*.xlsx)|*.xlsx";
+    if (kind == SaveKind::Save && main.document.Foreign) { // beside the other program's file
+        request.folder = main.document.DocFileName.parent_path();
+        request.defaultName = PathText(main.document.DocFileName.stem()) + ".csv";
+    }
     return request;
 }
 
@@ -237,6 +241,19 @@ SaveOutcome AskAndSave(MainModule& main, SaveKind kind) {
     return outcome;
 }
 
+/// The question about another program's file, before its first save.
+bool MayReplaceForeignFile(UserInterface& ui, const fs::path& path) {
+    const char* lost = WorkbookFormatOf(path)
+                           ? "Other worksheets, columns that are no fields, formulas and formats"
+                           : "Columns behind the third, quotation marks and what a later version wrote";
+    return !FileExists(path) ||
+           Ask(ui,
+               "The following file is another program's, and a save does not keep all that it may hold.\r\n[" +
+                   PathText(path) + "]\r\n" + lost +
+                   " would be lost.\r\nDo you want to overwrite it?\r\nNo saves the document as a new file.",
+               Buttons::YesNo, Answer::No) == Answer::Yes;
+}
+
 /// Asks where another program changed the file since it was read.
 bool MayReplaceChangedFile(MainModule& main) {
     const TabDocument& document = main.document;
@@ -251,7 +268,7 @@ bool MayReplaceChangedFile(MainModule& main) {
 SaveOutcome Save(MainModule& main, SaveKind kind) {
     const TabDocument& document = main.document;
     const bool named = !document.DocFileName.empty() && CanWrite(main.spreadsheets, document.DocFileName);
-    if (kind != SaveKind::Save || !named || (document.Foreign && !MayOverwrite(main.ui, document.DocFileName)))
+    if (kind != SaveKind::Save || !named || (document.Foreign && !MayReplaceForeignFile(main.ui, document.DocFileName)))
         return AskAndSave(main, kind);
     if (!MayReplaceChangedFile(main))
         return SaveOutcome::Cancelled;
