@@ -331,6 +331,10 @@ TEST_F(ImportTest, AWorkbookIsSavedWithoutHeaderAndKeepsItsName) {
         EXPECT_EQ(ReadBack(Path(name)), (Rows{{"typed", "a, 007", ""}, {"", "", "=1+1"}})) << name;
         Tell("File saved successfully");
         EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved) << name << " is the program's own";
+        dialogs.sheet = "Tabs";
+        ChooseForeign(Path(name));
+        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+        EXPECT_FALSE(document.Foreign || document.DocChanged) << name << " is so also when it was closed";
     }
     program.ui.ExpectChooser("Export", Path("copy.xls"), "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
     EXPECT_EQ(SaveLabels(main, SaveKind::Export), SaveOutcome::Saved);

@@ -5,6 +5,7 @@
 #include "base/Validate.h"
 #include "document/TabFileCheck.h"
 #include "workspace/Dialogs.h"
+#include "workspace/ImportOwnWorkbook.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/Pages.h"
 #include "workspace/RecentFiles.h"
@@ -36,10 +37,11 @@ struct FoundFile {
     std::optional<FileStamp> stamp = StampOf(path);
 };
 
-/// A tab file of version 7 or 8.
-bool IsOwn(const Imported& imported) {
-    const auto* file = std::get_if<TabFile>(&imported);
-    return file && (TestVersion7(file->FirstLine()) || TestVersion8(file->FirstLine()));
+/// Once it is loaded: a tab file of version 7 or 8, or a workbook of tabs alone.
+bool IsOwn(const MainModule& main, const FoundFile& found, const Imported& imported) {
+    if (const auto* file = std::get_if<TabFile>(&imported))
+        return TestVersion7(file->FirstLine()) || TestVersion8(file->FirstLine());
+    return IsOwnWorkbook(main, found.path);
 }
 
 /// What is not the program's own does not hold what a save would write: the document counts as changed, and Save asks
@@ -77,7 +79,7 @@ OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& i
     try {
         const LoadOutcome outcome = ReplaceDocument(main, [&] {
             const LoadOutcome loaded = LoadOrNotePage(main, imported, tabsPerPage);
-            TakeOver(main, file, !IsOwn(imported));
+            TakeOver(main, file, !IsOwn(main, file, imported));
             return loaded;
         });
         if (outcome == LoadOutcome::NoPrinter)
