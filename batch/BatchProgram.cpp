@@ -69,6 +69,8 @@ TabFile BatchProgram::Load(const std::string& file) {
         if (SpreadsheetSeparator(read.text))
             throw Error("was saved by a spreadsheet; \"velmora-batch convert\" makes a tab file of it");
         Load(read);
+        if (const std::string found = OverfullFindings(read); !found.empty())
+            std::cerr << "velmora-batch: " << DisplayName(file) << ": " << OneLine(found) << '\n';
         if (file != kStandardStream)
             main_.document.DocFileName = PathOf(file);
         return read;

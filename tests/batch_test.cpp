@@ -224,6 +224,8 @@ TEST_F(BatchTest, FillGivesTheTabsFromOneOnTheirTexts) {
     EXPECT_NE(bytes.find("a,b,c\r\nNo.09/x,MAART,x, \"y\"\r\nNo.10/x,JUNIE,x, \"y\"\r\nNo.11/x,MAART,x, \"y\"\r\n"),
               std::string::npos)
         << bytes;
+    const std::string told = "velmora-batch: out.csv: Lines with more than three fields: 29, 30, 31, 32. ";
+    EXPECT_TRUE(Batch("info out.csv").output.starts_with(told));
     ASSERT_EQ(Batch("fill - --start 25 --count 8 --field A=day -o in.csv < in.csv").code, 0);
     const auto info = nlohmann::json::parse(Batch("info --tabs in.csv").output);
     EXPECT_EQ(info["pages"], 2);

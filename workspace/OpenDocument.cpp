@@ -64,13 +64,11 @@ LoadOutcome LoadOrNotePage(MainModule& main, const Imported& imported, std::int1
     }
 }
 
-/// A comma that was typed into a tab, or written there by another program, ends a field.
 void TellOverfullLines(UserInterface& ui, const Imported& imported) {
     const auto* file = std::get_if<TabFile>(&imported);
-    const auto lines = file && file->header ? OverfullLines(*file) : std::vector<std::int32_t>();
-    if (!lines.empty())
-        Tell(ui, "Lines with more than three fields: " + NumberList(lines) +
-                     ".\r\nWhat follows the third field was not read, and a save leaves it out.");
+    const std::string found = file && file->header ? OverfullFindings(*file) : "";
+    if (!found.empty())
+        Tell(ui, found);
 }
 
 OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& imported) {
@@ -163,6 +161,13 @@ OpenOutcome AskAndOpen(MainModule& main, OpenKind kind) {
 }
 
 } // namespace
+
+std::string OverfullFindings(const TabFile& file) {
+    const std::vector<std::int32_t> lines = OverfullLines(file);
+    return lines.empty() ? ""
+                         : "Lines with more than three fields: " + NumberList(lines) +
+                               ".\r\nWhat follows the third field was not read, and a save leaves it out.";
+}
 
 OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
     return OpenTrapped(main, path, ReadOwnFile);
