@@ -24,7 +24,13 @@ std::optional<FileStamp> StampOf(const fs::path& path) {
     stamp.size = fs::file_size(path, error);
     if (!error)
         stamp.written = fs::last_write_time(path, error);
+    stamp.number = IdentityOf(path).number;
     return error ? std::nullopt : std::optional(stamp);
+}
+
+bool FileStamp::operator==(const FileStamp& other) const {
+    return size == other.size && written == other.written &&
+           (number == other.number || number == 0 || other.number == 0);
 }
 
 bool IsSameFile(const fs::path& a, const fs::path& b) {

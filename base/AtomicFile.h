@@ -68,7 +68,8 @@ private:
 struct FileStamp {
     std::uintmax_t size = 0;
     std::filesystem::file_time_type written;
-    bool operator==(const FileStamp&) const = default;
+    std::uint64_t number = 0; ///< the system's own of the file, another after a replacement; 0: not known, equal to any
+    bool operator==(const FileStamp& other) const;
 };
 /// nullopt where there is no file.
 std::optional<FileStamp> StampOf(const std::filesystem::path& path);

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "base/Paths.h"
 #include "base/Version.h"
+#include "document/TabFileForm.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
@@ -65,7 +66,11 @@ void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {
 TabFile BatchProgram::Load(const std::string& file) {
     return NamingFile(file, [&] {
         TabFile read = ParseTabFile(ReadInput(file));
+        if (SpreadsheetSeparator(read.text))
+            throw Error("was saved by a spreadsheet; \"velmora-batch convert\" makes a tab file of it");
         Load(read);
+        if (const std::string found = OverfullFindings(read); !found.empty())
+            std::cerr << "velmora-batch: " << DisplayName(file) << ": " << OneLine(found) << '\n';
         if (file != kStandardStream)
             main_.document.DocFileName = PathOf(file);
         return read;

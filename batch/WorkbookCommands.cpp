@@ -2,6 +2,7 @@
 #include "base/Text.h"
 #include "batch/BatchProgram.h"
 #include "batch/Commands.h"
+#include "document/TabFileForm.h"
 #include "document/TextList.h"
 #include "document/Worksheet.h"
 #include "workbook/LibraryWorkbooks.h"
@@ -47,7 +48,7 @@ WorksheetOptions OptionsOf(const ConvertArguments& arguments) {
 /// A workbook's sheet, or a list of another program.
 Worksheet ReadSheet(const ConvertArguments& arguments, const std::string& text) {
     if (!WorkbookFormatOf(PathOf(arguments.input)))
-        return WorksheetOf(text, GuessDelimiter(text), OptionsOf(arguments));
+        return WorksheetOf(text, SpreadsheetSeparator(text).value_or(GuessDelimiter(text)), OptionsOf(arguments));
     const auto workbook = LibraryWorkbooks().Open(PathOf(arguments.input));
     return ReadWorksheet(*workbook, ChooseSheet(*workbook, arguments.sheet), OptionsOf(arguments));
 }
@@ -78,9 +79,9 @@ void Overrule(Source& source, const ConvertArguments& arguments, int fields, Set
 void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
     const std::string bytes = WorkbookFormatOf(PathOf(arguments.input)) ? "" : ReadText(arguments.input);
     NamingFile(arguments.input, [&] {
-        // A tab file knows no quotes, so its own reader takes it.
+        // A tab file knows no quotes, so its own reader takes it, unless a spreadsheet put some in.
         TabFile file = ParseTabFile(bytes);
-        if (file.header) {
+        if (file.header && !SpreadsheetSeparator(file.text)) {
             Overrule(file, arguments, 1, program.Settings());
             program.Load(file);
             return;

@@ -26,32 +26,29 @@ private:
     std::string_view rest_;
 };
 
-void CheckLines(TabFile& file) {
+void CountLines(TabFile& file) {
     LineReader lines(file.text);
-    for (std::string_view line; lines.Next(line);) {
+    for (std::string_view line; lines.Next(line);)
         ++file.lines;
-        if (line.size() > kLongestLine)
-            throw TabFileError(file.lines, "longer than " + std::to_string(kLongestLine) + " bytes");
-    }
 }
 
-/// Bytes before the first NUL hold the lines before its own.
 void CheckIsText(std::string_view bytes) {
     const void* nul = bytes.empty() ? nullptr : std::memchr(bytes.data(), 0, bytes.size());
     if (!nul)
         return;
-    LineReader lines(bytes.substr(0, static_cast<std::size_t>(static_cast<const char*>(nul) - bytes.data())));
+    const auto before = static_cast<std::size_t>(static_cast<const char*>(nul) - bytes.data());
+    LineReader lines(bytes.substr(0, before + 1));
     int count = 0;
     for (std::string_view line; lines.Next(line);)
         ++count;
-    throw TabFileError(std::max(count, 1), "holds bytes that are no text");
+    throw TabFileError(count, "holds bytes that are no text");
 }
 
 /// Header line `number`, counted from 1, of a file whose first line announces a header.
 std::string_view HeaderLine(LineReader& lines, int number) {
     std::string_view line;
     if (!lines.Next(line))
-        throw TabFileError(number, "the header ends here; it has " + std::to_string(kHeaderLines) + " lines");
+        RaiseHeaderEnds(number);
     return line;
 }
 
@@ -73,10 +70,15 @@ TabFileHeader ParseHeader(LineReader& lines) {
     return header;
 }
 
-bool ContainsVersion(std::string_view firstLine, const std::string& number) {
-    const std::string upper = ToUpper(firstLine);
-    return upper.find(std::string(kVersionWord) + number) != std::string::npos ||
-           upper.find(std::string(kVersionWord) + " " + number) != std::string::npos;
+/// The digits of the version that a header announces; empty where there is none.
+std::string_view AnnouncedVersion(std::string_view text) {
+    constexpr std::string_view word = "VERSION";
+    if (!EqualsNoCase(text.substr(0, word.size()), word))
+        return {};
+    text.remove_prefix(word.size());
+    if (text.starts_with(' '))
+        text.remove_prefix(1);
+    return text.substr(0, std::min(text.find_first_not_of("0123456789"), text.size()));
 }
 
 /// What of a font value goes into the settings: the name trimmed, flags and alignments only when they pass their test.
@@ -115,6 +117,10 @@ std::string FontLine(SettingsStore& store, int field) {
 
 } // namespace
 
+void RaiseHeaderEnds(int number) {
+    throw TabFileError(number, "the header ends here; it has " + std::to_string(kHeaderLines) + " lines");
+}
+
 bool LineReader::Next(std::string_view& line) {
     if (at_ >= text_.size())
         return false;
@@ -140,15 +146,16 @@ std::string_view TabFile::FirstLine() const {
 }
 
 TabFile ParseTabFile(std::string bytes) {
+    bytes.resize(WithoutEndMarks(bytes).size());
     CheckIsText(bytes);
     TabFile file;
     DecodedText decoded = Decode(std::move(bytes));
     file.text = std::move(decoded.text);
     file.encoding = decoded.encoding;
-    CheckLines(file);
+    CountLines(file);
     LineReader lines(file.text);
     std::string_view first;
-    if (!lines.Next(first) || !EqualsNoCase(first.substr(0, kVersionWord.size()), kVersionWord))
+    if (!lines.Next(first) || !AnnouncesHeader(first))
         return file;
     file.header = ParseHeader(lines);
     std::string_view tab;
@@ -160,19 +167,20 @@ TabFile ReadTabFile(const std::filesystem::path& path) {
     return ParseTabFile(ReadFile(path));
 }
 
-std::string ReadFirstLine(const std::filesystem::path& path) {
-    const std::string text = Decode(ReadFile(path, kLongestLine)).text;
-    std::string_view line;
-    LineReader(text).Next(line);
-    return std::string(line);
+std::string_view WithoutEndMarks(std::string_view bytes) {
+    return bytes.substr(0, bytes.find_last_not_of('\x1A') + 1);
 }
 
-bool TestVersion7(std::string_view firstLine) {
-    return ContainsVersion(firstLine, "7");
+bool AnnouncesHeader(std::string_view firstText) {
+    return !AnnouncedVersion(firstText).empty();
 }
 
-bool TestVersion8(std::string_view firstLine) {
-    return ContainsVersion(firstLine, "8");
+bool TestVersion7(std::string_view firstText) {
+    return AnnouncedVersion(firstText) == "7";
+}
+
+bool TestVersion8(std::string_view firstText) {
+    return AnnouncedVersion(firstText) == "8";
 }
 
 void LoadData(const TabFile& file, SettingsStore& store) {

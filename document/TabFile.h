@@ -18,10 +18,7 @@
 
 namespace velmora {
 
-inline constexpr std::string_view kVersionWord = "VERSION"; ///< in capitals: how the first header line begins
 inline constexpr int kHeaderLines = 6;
-/// Longest line in bytes; what is longer is no tab file.
-inline constexpr std::size_t kLongestLine = 32767;
 
 /// A tab file that cannot be read: the line, counted from 1, and the cause.
 class TabFileError : public Error {
@@ -33,6 +30,9 @@ public:
 private:
     int line_;
 };
+
+/// Raises TabFileError for a header that has ended before its line `number`, counted from 1.
+[[noreturn]] void RaiseHeaderEnds(int number);
 
 /// Lines of a text that end in CR LF, LF or CR; an end of line at the end of the text starts no further line.
 class LineReader {
@@ -62,7 +62,7 @@ struct TabFileHeader {
 struct TabFile {
     std::string text; ///< UTF-8
     Encoding encoding = Encoding::Utf8;
-    std::optional<TabFileHeader> header; ///< nullopt where the first line does not start with "VERSION"
+    std::optional<TabFileHeader> header; ///< nullopt where the first line announces none
     std::size_t tabsAt = 0;              ///< where the first tab line starts
     std::int32_t lines = 0;              ///< of the whole file
 
@@ -70,17 +70,20 @@ struct TabFile {
     std::string_view TabLines() const { return std::string_view(text).substr(tabsAt); }
 };
 
-/// Raises TabFileError for bytes that are no text (NUL), for a line over kLongestLine and for an incomplete header.
+/// Raises TabFileError for bytes that are no text (NUL) and for an incomplete header.
 TabFile ParseTabFile(std::string bytes);
 /// Raises FileAccessError too.
 TabFile ReadTabFile(const std::filesystem::path& path);
 
-/// The first line alone, as far as a line may reach. Raises FileAccessError.
-std::string ReadFirstLine(const std::filesystem::path& path);
+/// Without the end-of-file marks (0x1A) that old systems put behind the last line.
+std::string_view WithoutEndMarks(std::string_view bytes);
 
-/// "VERSION7" or "VERSION 7" anywhere in the first line, in any letter case.
-bool TestVersion7(std::string_view firstLine);
-bool TestVersion8(std::string_view firstLine);
+/// True when the first line, or a sheet's first cell, starts with "VERSION", an optional blank and a digit, whatever
+/// its case: header lines follow.
+bool AnnouncesHeader(std::string_view firstText);
+/// The version announced is 7; 70 is another.
+bool TestVersion7(std::string_view firstText);
+bool TestVersion8(std::string_view firstText);
 
 /// Writes the header to the settings; a font value that fails its test becomes its default. No effect without a header.
 void LoadData(const TabFile& file, SettingsStore& store);

@@ -3,7 +3,6 @@
 #include "base/Encoding.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "document/TabFile.h"
 #include "settings/GlobalConfiguration.h"
 
 #include <algorithm>
@@ -13,7 +12,9 @@ namespace {
 
 class Checker {
 public:
-    explicit Checker(const std::string& bytes) : text_(Decode(bytes).text), lines_(text_) {}
+    explicit Checker(const std::string& bytes)
+        : endMarks_(WithoutEndMarks(bytes).size() != bytes.size()),
+          text_(Decode(std::string(WithoutEndMarks(bytes))).text), lines_(text_) {}
 
     std::vector<TabFileProblem> Run() {
         if (CheckVersion()) {
@@ -22,6 +23,8 @@ public:
             for (int field = 1; field <= kFieldsPerTab; ++field)
                 CheckFont(field);
             CheckTabs();
+            if (endMarks_)
+                Report("the file ends in an end-of-file mark (0x1A)");
         }
         return std::move(problems_);
     }
@@ -35,8 +38,6 @@ private:
             return false;
         if (line.find('\0') != std::string_view::npos)
             Report("holds bytes that are no text");
-        if (line.size() > kLongestLine)
-            Report("longer than " + std::to_string(kLongestLine) + " bytes");
         return true;
     }
 
@@ -44,7 +45,7 @@ private:
         std::string_view line;
         if (!NextLine(line))
             Report("the file is empty");
-        else if (!EqualsNoCase(line.substr(0, 7), "VERSION") || !TestVersion8(line))
+        else if (!TestVersion8(line))
             Report("is not \"Version 8\"");
         return problems_.empty();
     }
@@ -135,6 +136,7 @@ private:
         }
     }
 
+    bool endMarks_;
     std::string text_;
     LineReader lines_;
     int line_ = 0;
@@ -144,6 +146,16 @@ private:
 };
 
 } // namespace
+
+std::vector<std::int32_t> OverfullLines(const TabFile& file) {
+    std::vector<std::int32_t> overfull;
+    LineReader lines(file.TabLines());
+    std::int32_t number = file.header ? kHeaderLines : 0;
+    for (std::string_view line; lines.Next(line);)
+        if (++number; CountFields(line) > kFieldsPerTab)
+            overfull.push_back(number);
+    return overfull;
+}
 
 std::vector<TabFileProblem> CheckTabFile(const std::string& bytes) {
     return Checker(bytes).Run();

@@ -2,6 +2,9 @@
 // that it would cut when they are edited, and a number of tabs that is no whole page.
 #pragma once
 
+#include "document/TabFile.h"
+
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -14,5 +17,8 @@ struct TabFileProblem {
 
 /// Every problem of the file, in the order of its lines; empty for a file that reads back as it stands.
 std::vector<TabFileProblem> CheckTabFile(const std::string& bytes);
+
+/// The numbers, from 1, of the lines of tabs with more fields than a tab has; what follows the third is not read.
+std::vector<std::int32_t> OverfullLines(const TabFile& file);
 
 } // namespace velmora

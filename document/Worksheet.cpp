@@ -43,10 +43,6 @@ std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path
     return std::nullopt;
 }
 
-bool AnnouncesHeader(std::string_view firstText) {
-    return EqualsNoCase(firstText.substr(0, kVersionWord.size()), kVersionWord);
-}
-
 int WorksheetBuilder::LastColumn() const {
     const auto furthest = std::max_element(options_.columns.begin(), options_.columns.end());
     return std::max(furthest == options_.columns.end() ? 0 : *furthest, kFontKeys);

@@ -13,8 +13,6 @@ namespace velmora {
 
 /// By the ending of the name, in any case; nullopt for a text file.
 std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path);
-/// True when the text of line 1 or cell 1 starts with "VERSION", whatever its case: header lines follow.
-bool AnnouncesHeader(std::string_view firstText);
 
 struct WorksheetOptions {
     std::vector<int> columns = {1, 2, 3}; ///< of field 1, 2 and 3, from 1; 0 and fewer leave fields empty

@@ -1,6 +1,7 @@
 // A tab file: what was read is written, and comes back the same.
 #include "batch/BatchProgram.h"
 #include "document/TabFileCheck.h"
+#include "document/TabFileForm.h"
 #include "fuzz/Fuzz.h"
 #include "workspace/OpenDocument.h"
 
@@ -18,6 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         const std::string bytes = Bytes(data, size);
         CheckTabFile(bytes);
+        SpreadsheetSeparator(bytes);
         BatchProgram program;
         program.Load(ParseTabFile(bytes));
         TabDocument& document = program.Main().document;

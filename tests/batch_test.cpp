@@ -224,6 +224,8 @@ TEST_F(BatchTest, FillGivesTheTabsFromOneOnTheirTexts) {
     EXPECT_NE(bytes.find("a,b,c\r\nNo.09/x,MAART,x, \"y\"\r\nNo.10/x,JUNIE,x, \"y\"\r\nNo.11/x,MAART,x, \"y\"\r\n"),
               std::string::npos)
         << bytes;
+    const std::string told = "velmora-batch: out.csv: Lines with more than three fields: 29, 30, 31, 32. ";
+    EXPECT_TRUE(Batch("info out.csv").output.starts_with(told));
     ASSERT_EQ(Batch("fill - --start 25 --count 8 --field A=day -o in.csv < in.csv").code, 0);
     const auto info = nlohmann::json::parse(Batch("info --tabs in.csv").output);
     EXPECT_EQ(info["pages"], 2);
@@ -267,7 +269,7 @@ TEST_F(BatchTest, FailuresAreOneClearLine) {
     Write("old.pdf", "old");
     Write("cut.csv", "Version 8\r\nP,A4,0,1\r\n");
     Write("nul.csv", std::string("a\0b", 3));
-    Write("long.csv", std::string(10'000'000, 'x'));
+    Write("sheet.csv", "Version 8;;;\r\nP;A4;0;1\r\n0;0\r\nA;9\r\nB;9\r\nC;9\r\nx;y\r\n");
     Write("many.csv", TabFileText(0, 1, "0,0", 32767, [](int) { return ",,"; }));
     Write("margin.csv", TabFileText(0, 1, "x,0", 24, [](int) { return ",,"; }));
     const std::pair<const char*, const char*> cases[] = {
@@ -275,7 +277,8 @@ TEST_F(BatchTest, FailuresAreOneClearLine) {
         {"pdf . -o old.pdf", "velmora-batch: .: Is a directory\n"},
         {"pdf cut.csv -o old.pdf", "velmora-batch: cut.csv: line 3: the header ends here; it has 6 lines\n"},
         {"pdf nul.csv -o old.pdf", "velmora-batch: nul.csv: line 1: holds bytes that are no text\n"},
-        {"info long.csv", "velmora-batch: long.csv: line 1: longer than 32767 bytes\n"},
+        {"pdf sheet.csv -o old.pdf",
+         "velmora-batch: sheet.csv: was saved by a spreadsheet; \"velmora-batch convert\" makes a tab file of it\n"},
         {"pdf many.csv -o old.pdf",
          "velmora-batch: many.csv: Overflow: a document of this tab type holds at most 32760 tabs\n"},
         {"pdf margin.csv -o old.pdf", "velmora-batch: margin.csv: Type mismatch: Margin Value Left\n"},
@@ -373,6 +376,11 @@ TEST_F(BatchTest, ConvertsListsAndWorkbooks) {
     Write("unicode.txt", std::string("\xFF\xFE\xE9\0\t\0b\0\r\0\n\0", 12)); // a spreadsheet's "Unicode text"
     ASSERT_EQ(Batch("convert unicode.txt back.csv --no-header").code, 0);
     EXPECT_TRUE(ReadFile(folder / "back.csv").starts_with("é,b,\r\n"));
+    Write("sheet.csv", "Version 8;;;\r\nP;A4;0;2\r\n0;0\r\nA;9\r\nB;9\r\nC;9\r\n\"x;y\";z\r\n");
+    ASSERT_EQ(Batch("convert sheet.csv back.csv").code, 0);
+    const std::string back = ReadFile(folder / "back.csv");
+    EXPECT_TRUE(back.starts_with("Version 8\r\nP,A4,0,2\r\n") && back.find("\r\nx;y,z,\r\n") != std::string::npos)
+        << back;
     ASSERT_EQ(Batch("convert list.csv tabs.csv --type 4").code, 0);
     ASSERT_EQ(Batch("convert tabs.csv other.csv --fields 3").code, 0);
     EXPECT_NE(ReadFile(folder / "other.csv").find("DL_v,4,3\r\n"), std::string::npos);

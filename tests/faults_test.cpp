@@ -148,7 +148,7 @@ TEST_F(FaultsTest, AColleaguesFile) {
 
 TEST_F(FaultsTest, OpeningOffersTheTextOfAnInterruptedSave) {
     const auto tabs = [](const std::string& text) {
-        return "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\n" + text + ",,\r\n" + text + ",,\r\n";
+        return "Version 8\r\n" + text + ",A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\n" + text + ",,\r\n" + text + ",,\r\n";
     };
     TestProgram program([](const std::string& text) { ADD_FAILURE() << text; });
     const auto opened = [&](Answer answer) {
@@ -158,10 +158,12 @@ TEST_F(FaultsTest, OpeningOffersTheTextOfAnInterruptedSave) {
         EXPECT_EQ(OpenFile(program.main, file), OpenOutcome::Opened);
         return program.main.document.FieldA(1) + program.main.document.FieldA(2);
     };
-    ReplaceFile(file, tabs("old"));
-    fs::create_hard_link(file, folder / "twin.csv");
-    for (int at = 1; !InterruptedSave(file) || ReadFile(file) == tabs("old"); ++at)
+    for (int at = 1; !InterruptedSave(file) || ReadFile(file) == tabs("old"); ++at) {
+        MakeOld();
+        ReplaceFile(file, tabs("old"));
+        fs::create_hard_link(file, folder / "twin.csv");
         ASSERT_TRUE(Suffer(Fault::KillIn, at, [&] { ReplaceFile(file, tabs("new")); }).killed);
+    }
     EXPECT_EQ(opened(Answer::No), "oldold"); // the half that was written is the header's
     EXPECT_EQ(opened(Answer::Yes), "newnew");
     EXPECT_EQ(OpenFile(program.main, file), OpenOutcome::Opened);

@@ -126,14 +126,41 @@ TEST_F(FlowsTest, AFailedCreationIsRetriedUntilItsCauseIsGone) {
     EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
 }
 
-TEST_F(FlowsTest, CommasAreToldOnceForASave) {
-    document.FieldA(2) = "a,b";
+TEST_F(FlowsTest, CommasAreAskedAboutBeforeTheyAreWritten) {
+    document.FieldA(2) = "Smith, John";
+    document.FieldC(2) = "lost";
     document.FieldC(7) = ",";
     document.DocFileName = Path("a.csv");
-    Tell("These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the text "
-         "after a comma moves into the next field.");
-    Tell("File saved successfully");
-    SaveLabels(program.main, SaveKind::Save);
+    program.main.history.KeepSteps();
+    const auto save = [&](SaveKind kind, Answer answer) {
+        Ask("These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the "
+            "text "
+            "after a comma moves into the next field.\r\nWhat moves beyond the third field is lost: [lost] of tab "
+            "2.\r\n"
+            "\r\nDo you want to write semicolons in their place?\r\nNo writes the commas as they are, Cancel goes back "
+            "to the document.",
+            answer);
+        if (kind == SaveKind::Save && answer != Answer::Cancel)
+            Tell("File saved successfully");
+        return SaveLabels(program.main, kind);
+    };
+    const auto written = [&](const char* name) {
+        const std::string bytes = ReadFile(Path(name));
+        return bytes.substr(bytes.find("\r\nSmith") + 2, 17);
+    };
+    EXPECT_EQ(save(SaveKind::Save, Answer::Cancel), SaveOutcome::Cancelled);
+    EXPECT_FALSE(fs::exists(Path("a.csv")));
+    EXPECT_EQ(save(SaveKind::Save, Answer::No), SaveOutcome::Saved);
+    EXPECT_EQ(written("a.csv"), "Smith, John,,lost");
+    program.ui.ExpectChooser("Export", Path("copy.csv"));
+    EXPECT_EQ(save(SaveKind::Export, Answer::Yes), SaveOutcome::Saved);
+    EXPECT_EQ(written("copy.csv"), "Smith; John,,lost");
+    EXPECT_EQ(document.FieldA(2), "Smith, John") << "an export leaves the document alone";
+    EXPECT_EQ(save(SaveKind::Save, Answer::Yes), SaveOutcome::Saved);
+    EXPECT_EQ(written("a.csv"), "Smith; John,,lost");
+    EXPECT_FALSE(document.DocChanged);
+    program.main.history.Undo(program.main.State());
+    EXPECT_EQ(document.FieldA(2), "Smith, John");
 }
 
 TEST_F(FlowsTest, OpeningRefusesWhatIsNoDocument) {
@@ -194,7 +221,8 @@ TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
                           Icon::Question, Buttons::YesNo, answer, Answer::No);
     };
     using Change = std::pair<std::string, std::chrono::seconds>; // what is written, and how much later
-    for (const auto& [bytes, later] : {Change{std::string(whole.size(), 'x'), 1}, Change{"from elsewhere", 0}}) {
+    for (const auto& [bytes, later] : {Change{std::string(whole.size(), 'x'), 1}, Change{"from elsewhere", 0},
+                                       Change{std::string(whole.size(), 'y'), 0}}) {
         ReplaceFile(Path("a.csv"), bytes);
         fs::last_write_time(Path("a.csv"), opened + later);
         ask(Answer::No);
@@ -253,6 +281,15 @@ TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {
     EXPECT_EQ(files[0], Path("5.csv"));
     EXPECT_EQ(files[1], Path("9.csv"));
     EXPECT_EQ(files[6], Path("2.csv"));
+
+    const std::string before = ReadFile(program.settings.IniFile);
+    for (const char* name :
+         {"a\n[Settings]\nOptType=5.csv", "b\rc.csv", "blank.csv ", "tab.csv\t", "no utf-8 \xE9.csv"}) {
+        ReplaceFile(Path(name), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
+        EXPECT_EQ(OpenFile(program.main, Path(name)), OpenOutcome::Opened);
+        EXPECT_EQ(ReadFile(program.settings.IniFile), before) << name;
+        EXPECT_EQ(RecentFiles(program.settings), files) << name;
+    }
 }
 
 TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {

@@ -62,8 +62,14 @@ struct ImportTest : testing::Test {
              "] is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
     }
     void AskToReplace(const fs::path& path, Answer answer) {
-        program.ui.Expect("Do you want to overwrite the following file?\r\n[" + path.string() + "]", Icon::Question,
-                          Buttons::YesNo, answer, Answer::No);
+        const char* lost = WorkbookFormatOf(path)
+                               ? "Other worksheets, columns that are no fields, formulas and formats"
+                               : "Columns behind the third, quotation marks and what a later version wrote";
+        program.ui.Expect(
+            "The following file is another program's, and a save does not keep all that it may hold.\r\n[" +
+                path.string() + "]\r\n" + lost +
+                " would be lost.\r\nDo you want to overwrite it?\r\nNo saves the document as a new file.",
+            Icon::Question, Buttons::YesNo, answer, Answer::No);
     }
     /// The file will be chosen, the document being untitled, so that nobody is asked about it.
     void Choose(const fs::path& path) {
@@ -209,24 +215,83 @@ TEST_F(ImportTest, ListsAreTakenApartAsTheirProgramsWroteThem) {
         const char* what;
         std::string bytes;
         std::string first;
-        bool changed;
     } cases[] = {
-        {"a plain list, as a tab file's reader takes it", " a ,b,c,d\r\n\r\n", " a |b|c", false},
-        {"semicolons", "a,1;b;c\r\nd;e;f\r\n", "a,1|b|c", true},
-        {"quotes", "\"a, \"\"b\"\"\",c\r\n", "a, \"b\"|c|", true},
-        {"Windows-1252", "M\xFCller\tx\r\n", "Müller|x|", true},
-        {"UTF-16", std::string("\xFF\xFE\xE9\0\t\0b\0\r\0\n\0", 12), "é|b|", true},
+        {"a plain list, as a tab file's reader takes it", " a ,b,c,d\r\n\r\n", " a |b|c"},
+        {"semicolons", "a,1;b;c\r\nd;e;f\r\n", "a,1|b|c"},
+        {"quotes", "\"a, \"\"b\"\"\",c\r\n", "a, \"b\"|c|"},
+        {"Windows-1252", "M\xFCller\tx\r\n", "Müller|x|"},
+        {"UTF-16", std::string("\xFF\xFE\xE9\0\t\0b\0\r\0\n\0", 12), "é|b|"},
+        {"a heading that is no header", "Version,Year,Name\r\n7,8\r\n", "Version|Year|Name"},
     };
-    for (const auto& [what, bytes, first, changed] : cases) {
+    const std::string printer = program.Stored("Settings", "Printer");
+    for (const auto& [what, bytes, first] : cases) {
         const fs::path path = Path("list.txt");
         ReplaceFile(path, bytes);
         ChooseForeign(path);
         EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << what;
         EXPECT_EQ(Tab(1), first) << what;
-        EXPECT_EQ(document.DocChanged, changed) << what;
+        EXPECT_TRUE(document.DocChanged && document.Foreign) << what;
+        EXPECT_EQ(program.Stored("Settings", "Printer"), printer) << what;
         EXPECT_EQ(document.FileEncoding == Encoding::Windows1252, bytes[0] == 'M') << what;
     }
-    EXPECT_EQ(dialogs.asked, 5);
+    EXPECT_EQ(dialogs.asked, 6);
+}
+
+/// What a spreadsheet makes of a tab file.
+TEST_F(ImportTest, ATabFileThatASpreadsheetSavedIsTakenApart) {
+    const auto header = [](char separator, const std::string& fill) {
+        std::string text;
+        for (const char c : std::string("Version 8\nVELMORA PDF,DL_v,4,2\n0,-2\nArial,12,True,False,False,0,1\n"
+                                        "Arial,10,False,False,False,0,1\nArial,10,False,False,False,1,1\n"))
+            text += c == '\n' ? fill + "\r\n" : std::string(1, c == ',' ? separator : c);
+        return text;
+    };
+    const std::string quoted = "\"Smith, John\",2024\r\n";
+    const std::pair<const char*, std::string> cases[] = {
+        {"semicolons, filled up", header(';', ";;;") + "Smith, John;2024;;;;;\r\na,b;c,d;e,f;;;;\r\n"},
+        {"tabs, not filled up", header('\t', "") + "Smith, John\t2024\r\n"},
+        {"quotes", "\"Version 8\"" + header(',', "").substr(9) + quoted},
+        {"commas, filled up", header(',', ",,,") + quoted},
+        {"a blank before", " " + header(',', "") + quoted}};
+    for (const auto& [what, bytes] : cases) {
+        SCOPED_TRACE(what);
+        ReplaceFile(Path("list.csv"), bytes);
+        Choose(Path("list.csv"));
+        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+        EXPECT_EQ(Tab(1), "Smith, John|2024|");
+        EXPECT_EQ(document.setup.OptType, 4);
+        EXPECT_EQ(main.globals.PrinterName, "Velmora PDF") << "printers are known by any letter case";
+        EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2");
+        EXPECT_TRUE(document.Foreign && document.DocChanged);
+    }
+    EXPECT_EQ(dialogs.asked, 0);
+    ReplaceFile(Path("list.csv"), "Version 8;;\r\nP;A4;0\r\n");
+    Choose(Path("list.csv"));
+    Tell("line 3: the header ends here; it has 6 lines\r\nCalled form Sub:LoadData", Icon::Critical);
+    Tell("Could not finish process");
+    Tell("The file could not be opened successfully");
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
+}
+
+/// The program's own are those of version 7 and 8.
+TEST_F(ImportTest, AnotherVersionStaysForeign) {
+    const std::string rest = "\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n";
+    ReplaceFile(Path("mark.csv"), "\xEF\xBB\xBFVersion 8" + rest + std::string(32725, 'x') + "ë,,\r\n");
+    Choose(Path("mark.csv"));
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+    EXPECT_FALSE(document.Foreign || document.DocChanged);
+    for (const char* version : {"Version 9", "version10", "Version 80"}) {
+        ReplaceFile(Path("later.csv"), version + rest);
+        ChooseForeign(Path("later.csv"));
+        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+        EXPECT_EQ(Tab(1), "x||");
+        EXPECT_TRUE(document.DocChanged);
+        AskToReplace(Path("later.csv"), Answer::No);
+        program.ui.ExpectChooser("Save as", std::nullopt, "SAVE|Velmora file(*.csv)|*.csv|later.csv");
+        EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Cancelled) << version;
+        EXPECT_EQ(program.ui.folder, program.folder.Path());
+        EXPECT_TRUE(ReadFile(Path("later.csv")).starts_with(version));
+    }
 }
 
 TEST_F(ImportTest, NoImportedColumnStaysHidden) {
@@ -263,7 +328,7 @@ TEST_F(ImportTest, ListsOfAnySizeCostWhatADocumentHolds) {
     EXPECT_EQ(Tab(2), "b|c|");
     EXPECT_EQ(document.TabCount, 24) << "blank lines behind the last tab are none";
     fs::resize_file(path, (40u << 20) + 1);
-    ChooseForeign(path);
+    Choose(path);
     Tell("the list is larger than 40 MB\r\nCalled form Function:OpenNewFile", Icon::Critical);
     Tell("Could not finish process");
     Tell("The file could not be opened successfully");
@@ -284,6 +349,10 @@ TEST_F(ImportTest, AWorkbookIsSavedWithoutHeaderAndKeepsItsName) {
         EXPECT_EQ(ReadBack(Path(name)), (Rows{{"typed", "a, 007", ""}, {"", "", "=1+1"}})) << name;
         Tell("File saved successfully");
         EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved) << name << " is the program's own";
+        dialogs.sheet = "Tabs";
+        ChooseForeign(Path(name));
+        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+        EXPECT_FALSE(document.Foreign || document.DocChanged) << name << " is so also when it was closed";
     }
     program.ui.ExpectChooser("Export", Path("copy.xls"), "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
     EXPECT_EQ(SaveLabels(main, SaveKind::Export), SaveOutcome::Saved);
@@ -298,7 +367,7 @@ TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutAsking) {
     ChooseForeign(path);
     OpenCommand(main);
     AskToReplace(path, Answer::No);
-    program.ui.ExpectChooser("Save as", std::nullopt);
+    program.ui.ExpectChooser("Save as", std::nullopt, "SAVE|csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|three.csv");
     EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Cancelled);
     EXPECT_EQ(ReadFile(path), before);
     AskToReplace(path, Answer::Yes);
@@ -311,7 +380,8 @@ TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutAsking) {
         fs::rename(Data(source), foreign);
         ChooseForeign(foreign);
         OpenCommand(main);
-        program.ui.ExpectChooser("Save as", foreign); // cannot be written, so a name is asked for
+        const std::string offered = foreign.stem().string() + ".csv";
+        program.ui.ExpectChooser("Save as", foreign, "SAVE|Velmora file(*.csv)|*.csv|" + offered); // cannot be written
         Tell("Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or "
              ".xlsx.");
         program.ui.ExpectChooser("Save as", Path(std::string(name) + ".csv"));

@@ -108,6 +108,7 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
         EXPECT_EQ(document.Field(i % 3)(1 + i / 3), texts[i]);
     EXPECT_EQ(document.DocFileName, program.folder / "in.csv");
     EXPECT_EQ(document.Stamp, opened.Stamp) << "a save must notice that the file changed meanwhile";
+    EXPECT_EQ(document.Stamp->number, opened.Stamp->number);
     EXPECT_EQ(document.FileEncoding, Encoding::Windows1252);
     EXPECT_EQ(document.setup.LayoutName, "DL_h");
     EXPECT_EQ(document.TabCount, opened.TabCount);
@@ -248,6 +249,15 @@ TEST_F(RecoveryTest, DamagedAndForeignFilesAreSkippedAndStay) {
         ArchiveText(std::to_string(i));
     EXPECT_EQ(Files(), before + 11);
     EXPECT_EQ(ReadFile(file), whole.substr(0, whole.size() - 1));
+}
+
+TEST_F(RecoveryTest, ACopyWithoutTheFilesNumberIsRead) {
+    std::string content = RecoveryContent(document, program.settings);
+    content.erase(content.rfind('\n', content.size() - 2) + 1); // as earlier programs wrote it
+    const std::string bytes = Sealed(content);
+    const auto copy = ParseRecoveryCopy(bytes);
+    ASSERT_TRUE(copy);
+    EXPECT_EQ(copy->stamp, document.Stamp) << "a save would say that another program changed the file";
 }
 
 TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {

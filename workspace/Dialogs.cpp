@@ -4,7 +4,14 @@
 #include "base/Validate.h"
 #include "base/Version.h"
 
+#include <algorithm>
+
 namespace velmora {
+namespace {
+
+constexpr std::size_t kNumbersNamed = 10;
+
+} // namespace
 
 void Tell(UserInterface& ui, const std::string& text, Icon icon) {
     ui.Show({text, kProgramName, icon});
@@ -16,6 +23,14 @@ Answer Ask(UserInterface& ui, const std::string& text, Buttons buttons, std::opt
 
 Answer AskToSave(UserInterface& ui) {
     return Ask(ui, "Do you want to save the current document?", Buttons::YesNoCancel);
+}
+
+std::string NumberList(const std::vector<std::int32_t>& numbers) {
+    const std::size_t named = std::min(numbers.size(), kNumbersNamed);
+    std::string list;
+    for (std::size_t i = 0; i < named; ++i)
+        list += (i == 0 ? "" : ", ") + std::to_string(numbers[i]);
+    return named == numbers.size() ? list : list + " and " + std::to_string(numbers.size() - named) + " more";
 }
 
 bool MayOverwrite(UserInterface& ui, const std::filesystem::path& path) {

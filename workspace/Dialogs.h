@@ -3,11 +3,13 @@
 
 #include "platform/UserInterface.h"
 
+#include <cstdint>
 #include <exception>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmora {
 
@@ -19,6 +21,8 @@ Answer Ask(UserInterface& ui, const std::string& text, Buttons buttons,
 
 /// "Do you want to save the current document?"
 Answer AskToSave(UserInterface& ui);
+/// "2, 7, 9", the first ten of them, then "and 3 more".
+std::string NumberList(const std::vector<std::int32_t>& numbers);
 /// True for a path without a file, and for one that the person wants to be overwritten.
 bool MayOverwrite(UserInterface& ui, const std::filesystem::path& path);
 /// Says that no workbook can be read or written.

@@ -16,15 +16,12 @@ enum class OpenOutcome { Opened, Failed, Cancelled, NoPrinter };
 /// What is to be loaded, or how the import ended without it; a failure was shown then.
 using Imported = std::variant<OpenOutcome, TabFile, Worksheet>;
 
-/// Says what the file is unless it is of version 8. False for what has no header either.
-bool AnnounceVersion(UserInterface& ui, const std::filesystem::path& path, const std::string& firstText);
-
 /// Reads a tab file.
 Imported ReadOwnFile(MainModule& main, const std::filesystem::path& path);
 /// Opens the workbook and lets the person choose a worksheet and, where it has no header, its columns.
 Imported ImportWorkbook(MainModule& main, const std::filesystem::path& path);
-/// Lets the person choose how a list is taken apart. A tab file for what its reader takes apart the same way, and for
-/// what is no list at all.
-Imported ImportList(MainModule& main, const std::filesystem::path& path);
+/// Reads a tab file, also one that a spreadsheet saved, and lets the person choose how a list is taken apart. A tab
+/// file for a list that its reader takes apart the same way, and for what is no list at all.
+Imported ImportText(MainModule& main, const std::filesystem::path& path);
 
 } // namespace velmora

@@ -1,14 +1,31 @@
 #include "workspace/LoadDocument.h"
 
+#include "base/Text.h"
 #include "workspace/Dialogs.h"
 
 namespace velmora {
 namespace {
 
+void TakeHeader(MainModule& main, const TabFile& file) {
+    LoadData(file, main.settings);
+}
+
+/// A sheet's header comes in capitals: an installed printer gets its own name back.
+void TakeHeader(MainModule& main, const Worksheet& sheet) {
+    LoadData(sheet, main.settings);
+    if (!sheet.header)
+        return;
+    try {
+        for (const std::string& name : main.printers.Printers())
+            if (EqualsNoCase(name, sheet.header->printer))
+                Write(main.settings, kPrinter, name);
+    } catch (const PrinterError&) {} // which are installed cannot be known
+}
+
 /// `Source` is a TabFile or a Worksheet.
 template <typename Source> LoadOutcome Load(MainModule& main, const Source& source) {
     TabDocument& document = main.document;
-    LoadData(source, main.settings);
+    TakeHeader(main, source);
     if (LoadGlobals(main) == LoadOutcome::NoPrinter)
         return LoadOutcome::NoPrinter;
     SetLayoutFromType(document.setup);

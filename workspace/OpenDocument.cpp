@@ -3,7 +3,9 @@
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "base/Validate.h"
+#include "document/TabFileCheck.h"
 #include "workspace/Dialogs.h"
+#include "workspace/ImportOwnWorkbook.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/Pages.h"
 #include "workspace/RecentFiles.h"
@@ -35,8 +37,15 @@ struct FoundFile {
     std::optional<FileStamp> stamp = StampOf(path);
 };
 
-/// What is no tab file is another program's, and does not hold what a save would write: the document counts as changed,
-/// and Save asks before it overwrites the file.
+/// Once it is loaded: a tab file of version 7 or 8, or a workbook of tabs alone.
+bool IsOwn(const MainModule& main, const FoundFile& found, const Imported& imported) {
+    if (const auto* file = std::get_if<TabFile>(&imported))
+        return TestVersion7(file->FirstLine()) || TestVersion8(file->FirstLine());
+    return IsOwnWorkbook(main, found.path);
+}
+
+/// What is not the program's own does not hold what a save would write: the document counts as changed, and Save asks
+/// before it overwrites the file.
 void TakeOver(MainModule& main, const FoundFile& file, bool foreign) {
     main.document.Stamp = file.stamp;
     main.document.DocFileName = file.path;
@@ -55,22 +64,28 @@ LoadOutcome LoadOrNotePage(MainModule& main, const Imported& imported, std::int1
     }
 }
 
+void TellOverfullLines(UserInterface& ui, const Imported& imported) {
+    const auto* file = std::get_if<TabFile>(&imported);
+    const std::string found = file && file->header ? OverfullFindings(*file) : "";
+    if (!found.empty())
+        Tell(ui, found);
+}
+
 OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& imported) {
-    const bool foreign = std::holds_alternative<Worksheet>(imported);
     std::int16_t tabsPerPage = 0;
     main.document.FileError = false;
     try {
         const LoadOutcome outcome = ReplaceDocument(main, [&] {
             const LoadOutcome loaded = LoadOrNotePage(main, imported, tabsPerPage);
-            TakeOver(main, file, foreign);
+            TakeOver(main, file, !IsOwn(main, file, imported));
             return loaded;
         });
-        return outcome == LoadOutcome::Loaded ? OpenOutcome::Opened : OpenOutcome::NoPrinter;
-    } catch (const OverflowError& error) {
-        if (foreign)
-            TellMostPages(main.ui, tabsPerPage);
-        else
-            ReportError(main.ui, error.what(), kLoadPlace);
+        if (outcome == LoadOutcome::NoPrinter)
+            return OpenOutcome::NoPrinter;
+        TellOverfullLines(main.ui, imported);
+        return OpenOutcome::Opened;
+    } catch (const OverflowError&) {
+        TellMostPages(main.ui, tabsPerPage);
     } catch (const std::exception& error) {
         ReportError(main.ui, error.what(), kLoadPlace);
     }
@@ -87,17 +102,6 @@ bool MayReplaceDocument(MainModule& main) {
     if (answer == Answer::Yes)
         return SaveLabels(main, SaveKind::Save) == SaveOutcome::Saved;
     return answer == Answer::No;
-}
-
-Imported ImportText(MainModule& main, const std::filesystem::path& path) {
-    std::string firstLine;
-    try {
-        firstLine = ReadFirstLine(path);
-    } catch (const FileAccessError&) {
-        Tell(main.ui, "Could not finish the process");
-        return OpenOutcome::Failed;
-    }
-    return AnnounceVersion(main.ui, path, firstLine) ? ReadOwnFile(main, path) : ImportList(main, path);
 }
 
 Imported Import(MainModule& main, const std::filesystem::path& path) {
@@ -157,6 +161,13 @@ OpenOutcome AskAndOpen(MainModule& main, OpenKind kind) {
 }
 
 } // namespace
+
+std::string OverfullFindings(const TabFile& file) {
+    const std::vector<std::int32_t> lines = OverfullLines(file);
+    return lines.empty() ? ""
+                         : "Lines with more than three fields: " + NumberList(lines) +
+                               ".\r\nWhat follows the third field was not read, and a save leaves it out.";
+}
 
 OpenOutcome OpenFile(MainModule& main, const std::filesystem::path& path) {
     return OpenTrapped(main, path, ReadOwnFile);

@@ -1,5 +1,6 @@
 #include "workspace/RecentFiles.h"
 
+#include "base/Encoding.h"
 #include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Validate.h"
@@ -35,8 +36,16 @@ std::vector<std::filesystem::path> RecentFiles(SettingsStore& store) {
     return files;
 }
 
+bool FitsSetting(const std::filesystem::path& path) {
+    constexpr std::string_view blanks = " \t\v\f";
+    const std::string text = PathText(path);
+    return IsValidUtf8(text) && CharacterCount(text) <= kIniValueCharacters &&
+           text.find_first_of(kLineEnd) == std::string::npos && text.find_first_not_of(blanks) == 0 &&
+           text.find_last_not_of(blanks) == text.size() - 1;
+}
+
 void RememberFile(SettingsStore& store, const std::filesystem::path& path) {
-    if (CharacterCount(PathText(path)) > kIniValueCharacters)
+    if (!FitsSetting(path))
         return;
     std::vector<std::filesystem::path> files = Stored(store);
     std::erase(files, path);

@@ -12,7 +12,10 @@ inline constexpr std::size_t kRecentFiles = 8;
 
 /// From section "Recent Files"; files that are gone are left out.
 std::vector<std::filesystem::path> RecentFiles(SettingsStore& store);
-/// Puts a file first. A path too long for a setting is not remembered.
+/// True for a path that comes back from the settings as it is: short enough, UTF-8, without line breaks and without
+/// blanks at its ends.
+bool FitsSetting(const std::filesystem::path& path);
+/// Puts a file first. A path that fits no setting is not remembered.
 void RememberFile(SettingsStore& store, const std::filesystem::path& path);
 
 } // namespace velmora

@@ -16,8 +16,8 @@ namespace {
 // A copy is four lines - the mark with the version, the milliseconds since 1970, the page shown, the check sum in hex -
 // and the content. The content is texts, each as its length in bytes, a colon, its bytes and a line feed: path and
 // encoding of the document, size and time stamp of its file (empty where unknown), the header as in a tab file, the
-// number of tabs, the three fields of each, and whether the file is "own" or "foreign". The check sum is of the content
-// and then of the two lines before it.
+// number of tabs, the three fields of each, whether the file is "own" or "foreign", and the number in its stamp (empty
+// where unknown). The check sum is of the content and then of the two lines before it.
 
 constexpr std::string_view kForeign = "foreign";
 
@@ -69,8 +69,7 @@ public:
             return std::nullopt;
         while (whole_ && copy.texts.size() < static_cast<std::size_t>(copy.tabs) * kFieldsPerTab)
             copy.texts.push_back(Text());
-        // Programs before 8.2 did not write whose the file is, and took all workbooks for foreign.
-        copy.foreign = rest_.empty() ? WorkbookFormatOf(copy.path).has_value() : Text() == kForeign;
+        ReadLaterTexts(copy);
         return whole_ && rest_.empty() ? std::optional(std::move(copy)) : std::nullopt;
     }
 
@@ -96,10 +95,19 @@ private:
         const auto size = ParseNumber<std::uintmax_t>(Text());
         const auto written = ParseNumber<std::filesystem::file_time_type::rep>(Text());
         if (size && written)
-            copy.stamp = {*size, std::filesystem::file_time_type(std::filesystem::file_time_type::duration(*written))};
+            copy.stamp = {*size, std::filesystem::file_time_type(std::filesystem::file_time_type::duration(*written)),
+                          0};
         copy.header = Text();
         copy.tabs = Number<std::int32_t>(Text(), 0, kMostTabs);
         return whole_;
+    }
+
+    /// What earlier programs did not write: they took all workbooks for foreign.
+    void ReadLaterTexts(RecoveryCopy& copy) {
+        copy.foreign = rest_.empty() ? WorkbookFormatOf(copy.path).has_value() : Text() == kForeign;
+        const auto number = rest_.empty() ? std::nullopt : ParseNumber<std::uint64_t>(Text());
+        if (copy.stamp)
+            copy.stamp->number = number.value_or(0);
     }
 
     std::string_view Text() {
@@ -150,6 +158,7 @@ std::string RecoveryContent(const TabDocument& document, SettingsStore& settings
         for (int field = 0; field < kFieldsPerTab; ++field)
             Append(content, document.Field(field)(tab));
     Append(content, document.Foreign ? kForeign : "own");
+    Append(content, document.Stamp ? std::to_string(document.Stamp->number) : "");
     return content;
 }
 

@@ -8,25 +8,81 @@
 #include "document/Worksheet.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
+#include "workspace/Pages.h"
 #include "workspace/RecentFiles.h"
 #include "workspace/RecoveryStore.h"
 #include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
 
 #include <algorithm>
+#include <array>
 
 namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kTabsNamed = 10;
+constexpr std::size_t kTextsNamed = 10;
+constexpr std::size_t kCharactersNamed = 30;
 
 bool HoldsComma(const TabDocument& document, int tab) {
     for (int field = 0; field < kFieldsPerTab; ++field)
         if (document.Field(field)(tab).find(',') != std::string::npos)
             return true;
     return false;
+}
+
+/// The texts of a tab that a reader of its line drops.
+std::string LostTexts(const TabDocument& document, int tab) {
+    const std::string line = document.FieldA(tab) + "," + document.FieldB(tab) + "," + document.FieldC(tab);
+    std::string lost;
+    const std::vector<std::string_view> fields = Split(line, ',');
+    for (std::size_t i = kFieldsPerTab; i < fields.size(); ++i)
+        lost += (i == kFieldsPerTab ? "" : ",") + std::string(fields[i]);
+    return lost.find_first_not_of(", ") == std::string::npos ? "" : lost;
+}
+
+/// "[x] of tab 2, [y] of tab 7 and 3 more"; empty when no text is lost.
+std::string ListLostTexts(const TabDocument& document, const std::vector<std::int32_t>& tabs) {
+    std::string list;
+    std::size_t count = 0;
+    for (const std::int32_t tab : tabs)
+        if (const std::string lost = LostTexts(document, tab); !lost.empty() && ++count <= kTextsNamed)
+            list += (count == 1 ? "[" : ", [") + std::string(LeftCharacters(lost, kCharactersNamed)) + "] of tab " +
+                    std::to_string(tab);
+    return count <= kTextsNamed ? list : list + " and " + std::to_string(count - kTextsNamed) + " more";
+}
+
+/// What is to be said about commas; empty where no tab holds one.
+std::string CommaFindings(const TabDocument& document) {
+    std::vector<std::int32_t> tabs;
+    for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
+        if (HoldsComma(document, tab))
+            tabs.push_back(tab);
+    if (tabs.empty())
+        return "";
+    const std::string lost = ListLostTexts(document, tabs);
+    return "These tabs hold commas: " + NumberList(tabs) +
+           ".\r\nA comma separates the fields in the file. When it is opened again, the text after a comma moves into "
+           "the next field." +
+           (lost.empty() ? "" : "\r\nWhat moves beyond the third field is lost: " + lost + ".");
+}
+
+/// Yes: semicolons are to be written; No: what is there; Cancel: nothing.
+Answer AskAboutCommas(MainModule& main) {
+    const std::string found = CommaFindings(main.document);
+    return found.empty()
+               ? Answer::No
+               : Ask(main.ui,
+                     found + "\r\n\r\nDo you want to write semicolons in their place?\r\nNo writes the commas "
+                             "as they are, Cancel goes back to the document.",
+                     Buttons::YesNoCancel);
+}
+
+void ReplaceCommas(TabDocument& document) {
+    for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
+        for (int field = 0; field < kFieldsPerTab; ++field)
+            std::replace(document.Field(field)(tab).begin(), document.Field(field)(tab).end(), ',', ';');
 }
 
 /// The rows of the export, with its progress.
@@ -82,7 +138,8 @@ bool WriteWithRetries(MainModule& main, const fs::path& path, FileHeader header)
 
 void RememberFolder(MainModule& main, const fs::path& path) {
     main.globals.TabsPath = WithSeparator(path.parent_path());
-    SaveFolder(main.settings, "Lables", main.globals.TabsPath);
+    if (FitsSetting(main.globals.TabsPath))
+        SaveFolder(main.settings, "Lables", main.globals.TabsPath);
 }
 
 /// False for a file that the system does not let us replace, which is said.
@@ -102,12 +159,32 @@ bool CanReplace(UserInterface& ui, const fs::path& path) {
     }
 }
 
+/// What is replaced in the copy stays in the document.
+SaveOutcome ExportTo(MainModule& main, const fs::path& path, bool replaceCommas) {
+    TabDocument& document = main.document;
+    const std::array texts = {document.FieldA, document.FieldB, document.FieldC};
+    if (replaceCommas)
+        ReplaceCommas(document);
+    SaveFile(main, path, FileHeader::LeftOut);
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        document.Field(field) = texts[static_cast<std::size_t>(field)];
+    return document.FileError ? SaveOutcome::Failed : SaveOutcome::Saved;
+}
+
 SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
-    SaveFile(main, path, kind == SaveKind::Export ? FileHeader::LeftOut : FileHeader::Written);
+    const Answer commas = WorkbookFormatOf(path) ? Answer::No : AskAboutCommas(main);
+    if (commas == Answer::Cancel)
+        return SaveOutcome::Cancelled;
+    if (kind == SaveKind::Export)
+        return ExportTo(main, path, commas == Answer::Yes);
+    if (commas == Answer::Yes) {
+        const UndoStep step(main.history, main.State(), "Replace Commas");
+        ReplaceCommas(main.document);
+        ShowChangedPages(main);
+    }
+    SaveFile(main, path);
     if (main.document.FileError)
         return SaveOutcome::Failed;
-    if (kind == SaveKind::Export)
-        return SaveOutcome::Saved;
     main.document.DocFileName = path;
     main.document.Stamp = StampOf(path);
     RememberFile(main.settings, path);
@@ -129,6 +206,10 @@ FileRequest RequestFor(MainModule& main, SaveKind kind) {
     FileRequest request{"SAVE", kind == SaveKind::Export ? "Export" : "Save as", main.globals.TabsPath,
                         workbook ? "csv-file (*.csv)|*.csv|" + excel : "Velmora file(*.csv)|*.csv", "Tabs.csv"};
     request.moreFilters = (workbook ? "" : excel + "|") + "Workbook (*.xlsx)|*.xlsx";
+    if (kind == SaveKind::Save && main.document.Foreign) { // beside the other program's file
+        request.folder = main.document.DocFileName.parent_path();
+        request.defaultName = PathText(main.document.DocFileName.stem()) + ".csv";
+    }
     return request;
 }
 
@@ -160,6 +241,19 @@ SaveOutcome AskAndSave(MainModule& main, SaveKind kind) {
     return outcome;
 }
 
+/// The question about another program's file, before its first save.
+bool MayReplaceForeignFile(UserInterface& ui, const fs::path& path) {
+    const char* lost = WorkbookFormatOf(path)
+                           ? "Other worksheets, columns that are no fields, formulas and formats"
+                           : "Columns behind the third, quotation marks and what a later version wrote";
+    return !FileExists(path) ||
+           Ask(ui,
+               "The following file is another program's, and a save does not keep all that it may hold.\r\n[" +
+                   PathText(path) + "]\r\n" + lost +
+                   " would be lost.\r\nDo you want to overwrite it?\r\nNo saves the document as a new file.",
+               Buttons::YesNo, Answer::No) == Answer::Yes;
+}
+
 /// Asks where another program changed the file since it was read.
 bool MayReplaceChangedFile(MainModule& main) {
     const TabDocument& document = main.document;
@@ -174,7 +268,7 @@ bool MayReplaceChangedFile(MainModule& main) {
 SaveOutcome Save(MainModule& main, SaveKind kind) {
     const TabDocument& document = main.document;
     const bool named = !document.DocFileName.empty() && CanWrite(main.spreadsheets, document.DocFileName);
-    if (kind != SaveKind::Save || !named || (document.Foreign && !MayOverwrite(main.ui, document.DocFileName)))
+    if (kind != SaveKind::Save || !named || (document.Foreign && !MayReplaceForeignFile(main.ui, document.DocFileName)))
         return AskAndSave(main, kind);
     if (!MayReplaceChangedFile(main))
         return SaveOutcome::Cancelled;
@@ -187,27 +281,14 @@ SaveOutcome Save(MainModule& main, SaveKind kind) {
 } // namespace
 
 void WarnOfCommas(MainModule& main) {
-    std::size_t count = 0;
-    std::string named;
-    for (int tab = 1; tab <= main.document.TabCount; ++tab)
-        if (HoldsComma(main.document, tab) && ++count <= kTabsNamed)
-            named += (named.empty() ? "" : ", ") + std::to_string(tab);
-    if (count == 0)
-        return;
-    if (count > kTabsNamed)
-        named += " and " + std::to_string(count - kTabsNamed) + " more";
-    Tell(main.ui, "These tabs hold commas: " + named +
-                      ".\r\nA comma separates the fields in the file. When it is opened again, the text after a comma "
-                      "moves into the next field.");
+    if (const std::string found = CommaFindings(main.document); !found.empty())
+        Tell(main.ui, found);
 }
 
 void SaveFile(MainModule& main, const fs::path& path, FileHeader header) {
     main.document.FileError = true;
-    Trapped(main.ui, "Called form Sub:SaveFile", [&] {
-        if (!WorkbookFormatOf(path))
-            WarnOfCommas(main);
-        main.document.FileError = !WriteWithRetries(main, path, header);
-    });
+    Trapped(main.ui, "Called form Sub:SaveFile",
+            [&] { main.document.FileError = !WriteWithRetries(main, path, header); });
     if (main.document.FileError)
         Tell(main.ui, "Could not finish process");
 }

@@ -10,19 +10,20 @@
 namespace velmora {
 
 enum class SaveKind {
-    Save,   ///< under the document's own name; an untitled document is asked for one, and so is an imported one whose
-            ///< file is not to be overwritten
+    Save, ///< under the document's own name; an untitled document is asked for one, and so is one of another program's
+          ///< file that is not to be overwritten
     SaveAs, ///< under a name that is asked for
     Export  ///< a copy of the tabs alone, without header lines, under a name that is asked for
 };
 
 enum class SaveOutcome { Saved, Failed, Cancelled };
 
-/// Saves the document, the page on screen taken back first. Once saved, `DocFileName` is the path written and the
-/// caption shows it; an export leaves name, caption and unsaved changes as they are.
+/// Saves the document, the page on screen taken back first. Commas in tabs, which the file cannot keep, are asked about
+/// before anything is written. Once saved, `DocFileName` is the path written and the caption shows it; an export leaves
+/// name, caption, texts and unsaved changes as they are.
 SaveOutcome SaveLabels(MainModule& main, SaveKind kind);
 
-/// Tells which tabs hold commas, which the file cannot keep; no effect when none does.
+/// Tells which tabs hold commas, and what the next reading loses by them; no effect when none does.
 void WarnOfCommas(MainModule& main);
 
 /// Writes one file, a workbook where its name ends in .xls or .xlsx, with its questions after a failure. `FileError`

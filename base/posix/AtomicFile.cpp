@@ -51,7 +51,7 @@ std::string ReadFile(const fs::path& path, std::size_t most) {
         throw FileAccessError(path, errno);
     std::string bytes;
     std::size_t length = 0;
-    const auto expected = static_cast<std::size_t>(S_ISREG(status.st_mode) ? status.st_size : 0);
+    const auto expected = std::min(most, static_cast<std::size_t>(S_ISREG(status.st_mode) ? status.st_size : 0));
     while (length < most) {
         if (bytes.size() == length) // one byte past the expected end, to meet the end without another round
             bytes.resize(std::max(expected + 1, length + kBufferSize));

@@ -41,7 +41,8 @@ public:
     int beeps = 0;
     std::string boxTitle = "Velmora"; ///< of all message boxes to come
     std::vector<std::string> progressTexts;
-    int cancelAfter = -1; ///< Advance calls until Cancel is pressed in a window that offers it; -1: never
+    std::filesystem::path folder; ///< where the last file chooser started
+    int cancelAfter = -1;         ///< Advance calls until Cancel is pressed in a window that offers it; -1: never
 
     Answer Show(const Message& message) override {
         const Step step = Next(message.text);
@@ -64,6 +65,7 @@ public:
         return std::make_unique<Silent>(cancelAfter);
     }
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override {
+        folder = request.folder;
         const Step step = Next(request.title);
         const std::string shown = request.operation + "|" + request.filter + "|" + request.defaultName +
                                   (request.chosenFilter > 0 ? "|" + std::to_string(request.chosenFilter) : "");

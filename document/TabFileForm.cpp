@@ -1,0 +1,40 @@
+#include "document/TabFileForm.h"
+
+#include "base/Text.h"
+#include "document/TabFile.h"
+#include "document/TextList.h"
+
+namespace velmora {
+namespace {
+
+/// The lines of a header: those of tabs may hold any separator as a text.
+std::string_view HeaderLines(std::string_view text) {
+    LineReader lines(text);
+    std::size_t end = 0;
+    std::string_view line;
+    for (int number = 0; number < kHeaderLines && lines.Next(line); ++number)
+        end = static_cast<std::size_t>(line.data() - text.data()) + line.size();
+    return text.substr(0, end);
+}
+
+/// A spreadsheet fills up the first line with commas, and quotes a cell that holds one. Without any quotation mark the
+/// program's own reader takes its file as well.
+bool HoldsQuotedCells(std::string_view text) {
+    std::string_view first;
+    LineReader(text).Next(first);
+    return first.find(',') != std::string_view::npos && text.find('"') != std::string_view::npos;
+}
+
+} // namespace
+
+std::optional<char> SpreadsheetSeparator(std::string_view text) {
+    const std::string_view header = HeaderLines(text);
+    const char separator = GuessDelimiter(header);
+    const auto rows = ParseTextList(header, separator, 1);
+    if (rows.empty() || !AnnouncesHeader(Trim(rows[0][0])))
+        return std::nullopt;
+    const bool own = separator == ',' && AnnouncesHeader(text) && !HoldsQuotedCells(text);
+    return own ? std::nullopt : std::optional(separator);
+}
+
+} // namespace velmora
