@@ -305,7 +305,7 @@ std::unique_ptr<Workbook> OpenXls(std::string bytes) {
         stream = ReadOleStream(bytes, "Book");
     if (!stream)
         throw WorkbookError("the file is no workbook");
-    bytes = {}; // before the texts are taken out
+    std::string().swap(bytes); // before the texts are taken out
     return std::make_unique<Xls>(*std::move(stream));
 }
 

@@ -22,14 +22,13 @@ sigset_t Interruptions() {
 }
 
 /// A handler could do next to nothing; a thread that waits may do anything.
-[[noreturn]] void WaitFor(sigset_t signals) {
+void WaitFor(sigset_t signals) {
     int number = SIGTERM;
     ::sigwait(&signals, &number);
     RemoveScratchFiles();
     std::signal(number, SIG_DFL); // NOLINT(cert-err33-c)
     ::pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
     ::raise(number);
-    ::_exit(128 + number); // not reached: the default action ends the process
 }
 
 } // namespace

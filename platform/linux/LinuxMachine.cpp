@@ -50,7 +50,7 @@ fs::path FindProgramFolder(const Environment& environment) {
 }
 
 fs::path MakeProgramFolder(const Environment& environment) {
-    const fs::path folder = FindProgramFolder(environment);
+    fs::path folder = FindProgramFolder(environment);
     std::error_code error;
     if (folder == ConfigurationFolder(environment) || !fs::exists(folder, error))
         MakePrivateFolder(folder);

@@ -48,14 +48,13 @@ void Catch(int signal) {
 }
 
 /// Not through the event loop: the procedures that wait for a dialog would go on.
-[[noreturn]] void EndBySignal() {
+void EndBySignal() {
     char number = SIGTERM;
     [[maybe_unused]] const ssize_t got = ::read(TheLeaving().wake[1], &number, 1);
     LeaveOnce();
     RemoveTemporaryFiles();
     std::signal(number, SIG_DFL); // NOLINT(cert-err33-c)
     ::raise(number);
-    std::_Exit(1); // not reached: the default action ends the process
 }
 
 } // namespace

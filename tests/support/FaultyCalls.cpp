@@ -95,6 +95,7 @@ using velmora::Call;
 using velmora::System;
 
 extern "C" {
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the library's are reserved
 
 int open(const char* path, int flags, ...) {
     va_list rest;
@@ -151,4 +152,5 @@ int stat(const char* path, struct stat* status) noexcept {
     return Call<int>([&] { return System(::syscall(SYS_newfstatat, AT_FDCWD, path, status, 0)); });
 }
 
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 } // extern "C"
