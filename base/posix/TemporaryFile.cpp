@@ -14,10 +14,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kPrefix = "velmora-";
+constexpr std::string_view kNameStart = "velmora-";
 
 std::string Pattern() {
-    return fs::temp_directory_path() / (std::string(kPrefix) + "XXXXXX");
+    return fs::temp_directory_path() / (std::string(kNameStart) + "XXXXXX");
 }
 
 bool IsOwnFile(const fs::path& path) {
@@ -29,7 +29,7 @@ void RemoveWhatWasLeft() {
     std::error_code error;
     for (fs::directory_iterator entry(fs::temp_directory_path(error), error), end; !error && entry != end;
          entry.increment(error))
-        if (entry->path().filename().native().starts_with(kPrefix) && IsOwnFile(entry->path()))
+        if (entry->path().filename().native().starts_with(kNameStart) && IsOwnFile(entry->path()))
             RemoveIfLeft(entry->path());
 }
 
