@@ -12,9 +12,13 @@ namespace {
 
 class Checker {
 public:
-    explicit Checker(const std::string& bytes)
-        : endMarks_(WithoutEndMarks(bytes).size() != bytes.size()),
-          text_(Decode(std::string(WithoutEndMarks(bytes))).text), lines_(text_) {}
+    explicit Checker(std::string bytes) {
+        const std::size_t size = WithoutEndMarks(bytes).size();
+        endMarks_ = size != bytes.size();
+        bytes.resize(size);
+        text_ = Decode(std::move(bytes)).text;
+        lines_ = LineReader(text_);
+    }
 
     std::vector<TabFileProblem> Run() {
         if (CheckVersion()) {
@@ -136,9 +140,9 @@ private:
         }
     }
 
-    bool endMarks_;
+    bool endMarks_ = false;
     std::string text_;
-    LineReader lines_;
+    LineReader lines_{""};
     int line_ = 0;
     std::optional<std::int16_t> optType_;
     DocumentSetup setup_; ///< for the limits that go with the number of fields
@@ -157,8 +161,8 @@ std::vector<std::int32_t> OverfullLines(const TabFile& file) {
     return overfull;
 }
 
-std::vector<TabFileProblem> CheckTabFile(const std::string& bytes) {
-    return Checker(bytes).Run();
+std::vector<TabFileProblem> CheckTabFile(std::string bytes) {
+    return Checker(std::move(bytes)).Run();
 }
 
 } // namespace velmora

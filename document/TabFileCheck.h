@@ -16,7 +16,7 @@ struct TabFileProblem {
 };
 
 /// Every problem of the file, in the order of its lines; empty for a file that reads back as it stands.
-std::vector<TabFileProblem> CheckTabFile(const std::string& bytes);
+std::vector<TabFileProblem> CheckTabFile(std::string bytes);
 
 /// The numbers, from 1, of the lines of tabs with more fields than a tab has; what follows the third is not read.
 std::vector<std::int32_t> OverfullLines(const TabFile& file);

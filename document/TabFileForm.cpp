@@ -1,5 +1,7 @@
 #include "document/TabFileForm.h"
 
+#include "base/AtomicFile.h"
+#include "base/Encoding.h"
 #include "base/Text.h"
 #include "document/TabFile.h"
 #include "document/TextList.h"
@@ -35,6 +37,16 @@ std::optional<char> SpreadsheetSeparator(std::string_view text) {
         return std::nullopt;
     const bool own = separator == ',' && AnnouncesHeader(text) && !HoldsQuotedCells(text);
     return own ? std::nullopt : std::optional(separator);
+}
+
+bool IsLargeTabFile(const std::filesystem::path& path) {
+    constexpr std::size_t kAnnouncement = 64;
+    const auto stamp = StampOf(path);
+    if (!stamp || stamp->size <= kMostListBytes)
+        return false;
+    if (!AnnouncesHeader(Decode(ReadFile(path, kAnnouncement)).text))
+        throw Error("the list is larger than 40 MB");
+    return true;
 }
 
 } // namespace velmora

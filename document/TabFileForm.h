@@ -1,6 +1,7 @@
 // In which form a tab file comes: as this program writes it, or as a spreadsheet saved it.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string_view>
 
@@ -10,5 +11,10 @@ namespace velmora {
 /// blank before "Version". A tab file's own reader would take it apart wrongly, a list's reader does not. nullopt for a
 /// file in the program's own form and for a text without a header.
 std::optional<char> SpreadsheetSeparator(std::string_view text);
+
+/// Whether the file is larger than kMostListBytes, to be asked before it is read whole. Raises Error for such a file
+/// without a header: a tab file's texts may have any length, another program's list does not fit. Raises
+/// FileAccessError.
+bool IsLargeTabFile(const std::filesystem::path& path);
 
 } // namespace velmora

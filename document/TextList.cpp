@@ -1,6 +1,5 @@
 #include "document/TextList.h"
 
-#include "base/AtomicFile.h"
 #include "base/Encoding.h"
 #include "base/Text.h"
 
@@ -96,17 +95,6 @@ std::pair<std::size_t, std::size_t> Columns(std::string_view text, char delimite
 }
 
 } // namespace
-
-void CheckListSize(std::uintmax_t bytes) {
-    constexpr std::uintmax_t kMostBytes = 40u << 20; // the most tabs, each in a line of 1,280 bytes
-    if (bytes > kMostBytes)
-        throw Error("the list is larger than 40 MB");
-}
-
-void CheckListSize(const std::filesystem::path& path) {
-    if (const auto stamp = StampOf(path))
-        CheckListSize(stamp->size);
-}
 
 std::vector<ListEncoding> FittingEncodings(std::string_view bytes) {
     if (bytes.starts_with(kUtf16Mark) && FromUtf16(bytes))

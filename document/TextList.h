@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <limits>
 #include <string>
@@ -15,10 +14,8 @@ namespace velmora {
 
 enum class ListEncoding { Utf8, Windows1252, Utf16 };
 
-/// Raises Error for a list that is larger than any that fits a document.
-void CheckListSize(std::uintmax_t bytes);
-/// The same before the file is read; no effect where there is none.
-void CheckListSize(const std::filesystem::path& path);
+/// No list is larger that fits a document: the most tabs, each in a line of 1,280 bytes.
+inline constexpr std::uintmax_t kMostListBytes = 40U << 20;
 
 /// The encodings that the bytes may be in, likeliest first; none for bytes that are no text.
 std::vector<ListEncoding> FittingEncodings(std::string_view bytes);

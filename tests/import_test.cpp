@@ -95,7 +95,7 @@ struct ImportTest : testing::Test {
 TEST_F(ImportTest, AWorksheetBecomesTheDocument) {
     const fs::path path = Data("three.xls");
     dialogs.sheet = "Third";
-    program.ui.ExpectChooser("Import", path, "OPEN|Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|Tabs.csv|1");
+    program.ui.ExpectChooser("Import", path, "OPEN|Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|Tabs.csv|5");
     Announce(path);
     EXPECT_EQ(OpenCommand(main, OpenKind::Import), OpenOutcome::Opened);
     EXPECT_EQ(dialogs.names, (std::vector<std::string>{"Erste", "Zweite é", "Third"}));
@@ -333,6 +333,11 @@ TEST_F(ImportTest, ListsOfAnySizeCostWhatADocumentHolds) {
     Tell("Could not finish process");
     Tell("The file could not be opened successfully");
     EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
+
+    const std::string text(41U << 20, 'x'); // what a cell may hold, many times over, is not too large for a tab file
+    ReplaceFile(path, "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\n" + text + ",,\r\n");
+    EXPECT_EQ(OpenPath(main, path), OpenOutcome::Opened);
+    EXPECT_TRUE(document.FieldA(1) == text);
 }
 
 TEST_F(ImportTest, AWorkbookIsSavedWithoutHeaderAndKeepsItsName) {

@@ -150,9 +150,16 @@ Imported ImportWorkbook(MainModule& main, const std::filesystem::path& path) {
 }
 
 Imported ImportText(MainModule& main, const std::filesystem::path& path) {
-    std::string bytes;
-    if (!Attempted(main, kAskPlace, kNotFinished, [&] { CheckListSize(path); }))
+    bool large = false;
+    if (!Attempted(main, kAskPlace, kNotFinished, [&] { large = IsLargeTabFile(path); }))
         return OpenOutcome::Failed;
+    if (large)
+        return ReadToLoad(main, [&] {
+            TabFile file = ReadTabFile(path);
+            AnnounceVersion(main.ui, path, std::string(file.FirstLine()));
+            return file;
+        });
+    std::string bytes;
     try {
         bytes = ReadFile(path);
     } catch (const FileAccessError&) {

@@ -143,13 +143,16 @@ OpenOutcome OpenTrapped(MainModule& main, const std::filesystem::path& path,
 }
 
 OpenOutcome AskAndOpen(MainModule& main, OpenKind kind) {
-    constexpr int kWorkbooks = 1;
+    const std::string workbooks = "*.xlsx *.xlsm *.xltx *.xltm *.xlt";
+    constexpr int kAll = 5;
     if (!MayReplaceDocument(main))
         return OpenOutcome::Cancelled;
     FileRequest request{"OPEN", kind == OpenKind::Import ? "Import" : "Open", main.globals.TabsPath,
                         "Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"};
-    request.moreFilters = "Workbook (*.xlsx)|*.xlsx|OpenDocument (*.ods)|*.ods|Text list (*.txt)|*.txt";
-    request.chosenFilter = kind == OpenKind::Import ? kWorkbooks : 0;
+    request.moreFilters = "Workbook|" + workbooks +
+                          "|OpenDocument|*.ods *.ots|Text list|*.txt|Spreadsheets and lists|" + "*.xls " + workbooks +
+                          " *.ods *.ots *.csv *.txt";
+    request.chosenFilter = kind == OpenKind::Import ? kAll : 0;
     const auto path = main.ui.ChooseFile(request);
     if (!path)
         return OpenOutcome::Cancelled;

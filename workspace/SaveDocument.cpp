@@ -162,12 +162,15 @@ bool CanReplace(UserInterface& ui, const fs::path& path) {
 /// What is replaced in the copy stays in the document.
 SaveOutcome ExportTo(MainModule& main, const fs::path& path, bool replaceCommas) {
     TabDocument& document = main.document;
-    const std::array texts = {document.FieldA, document.FieldB, document.FieldC};
-    if (replaceCommas)
+    if (!replaceCommas) {
+        SaveFile(main, path, FileHeader::LeftOut);
+    } else {
+        const std::array texts = {document.FieldA, document.FieldB, document.FieldC};
         ReplaceCommas(document);
-    SaveFile(main, path, FileHeader::LeftOut);
-    for (int field = 0; field < kFieldsPerTab; ++field)
-        document.Field(field) = texts[static_cast<std::size_t>(field)];
+        SaveFile(main, path, FileHeader::LeftOut);
+        for (int field = 0; field < kFieldsPerTab; ++field)
+            document.Field(field) = texts[static_cast<std::size_t>(field)];
+    }
     return document.FileError ? SaveOutcome::Failed : SaveOutcome::Saved;
 }
 
