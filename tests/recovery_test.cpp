@@ -91,6 +91,9 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
     EXPECT_EQ(program.settings.Own, own);
     EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
+    fs::permissions(folder, fs::perms::all); // as an older version left it
+    store.Open(folder, clock);
+    EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
     first.reset();
 
     document.DocChanged = false;
