@@ -39,6 +39,12 @@ LinePlace PlaceLine(const PlacedText& placed, const ShapedText& text, const Font
     return {left, baseline, FitsIn(placed.box, text, left, baseline)};
 }
 
+std::string LossText(const TextLoss& loss) {
+    if (!loss.unknown)
+        return loss.cut ? "will be cut off" : "";
+    return loss.cut ? "will be cut off; no font has one of its characters" : "no font has one of its characters";
+}
+
 SheetPainter::SheetPainter(const FontCatalogue& catalogue, const FontSettings& fonts)
     : fonts_(fonts), shaper_(catalogue, fonts) {}
 
@@ -57,19 +63,29 @@ void SheetPainter::Paint(const Sheet& sheet, Canvas& canvas, Outlines outlines) 
     canvas.EndSheet();
 }
 
-void SheetPainter::PaintText(const PlacedText& placed, Canvas& canvas) {
+TextLoss SheetPainter::LossOf(const PlacedText& placed) {
+    const ShapedText& text = shaper_.Shape(placed.text, placed.field);
+    return {!PlaceLine(placed, text, fonts_).fits, HasUnknownCharacter(text)};
+}
+
+TextLoss SheetPainter::PaintText(const PlacedText& placed, Canvas& canvas) {
     const ShapedText& text = shaper_.Shape(placed.text, placed.field);
     if (text.runs.empty())
-        return;
+        return {};
     const auto [left, baseline, fits] = PlaceLine(placed, text, fonts_);
     if (fits)
         canvas.DrawText(text, left, baseline, std::nullopt);
     else
         canvas.DrawText(text, left, baseline, placed.box);
-    if (!text.underline)
-        return;
+    if (text.underline)
+        PaintUnderline(placed, text, {left, baseline, fits}, canvas);
+    return {!fits, HasUnknownCharacter(text)};
+}
+
+void SheetPainter::PaintUnderline(const PlacedText& placed, const ShapedText& text, const LinePlace& place,
+                                  Canvas& canvas) {
     const Box line =
-        Box{left, baseline + text.underlineTop, text.width, text.underlineThickness}.CommonWith(placed.box);
+        Box{place.left, place.baseline + text.underlineTop, text.width, text.underlineThickness}.CommonWith(placed.box);
     if (line.width > 0 && line.height > 0)
         canvas.FillBox(line);
 }

@@ -3,6 +3,8 @@
 
 #include "report/Canvas.h"
 
+#include <string>
+
 namespace velmora {
 
 /// The boxes of tabs and fields around the texts.
@@ -16,6 +18,17 @@ struct LinePlace {
 };
 LinePlace PlaceLine(const PlacedText& placed, const ShapedText& text, const FontSettings& fonts);
 
+/// What of a text does not reach the paper.
+struct TextLoss {
+    bool cut = false;     ///< it does not fit its box
+    bool unknown = false; ///< no installed font has one of its characters: an empty box is printed
+
+    bool operator==(const TextLoss&) const = default;
+};
+
+/// For a person; empty when nothing is lost.
+std::string LossText(const TextLoss& loss);
+
 /// Puts the texts of a sheet into their boxes in the fonts of their fields.
 class SheetPainter {
 public:
@@ -24,9 +37,14 @@ public:
 
     /// Raises Error on a machine without fonts.
     void Paint(const Sheet& sheet, Canvas& canvas, Outlines outlines = Outlines::Hidden);
+    /// One text of a sheet that the canvas has begun. Raises Error on a machine without fonts.
+    TextLoss PaintText(const PlacedText& placed, Canvas& canvas);
+    /// What PaintText would lose.
+    TextLoss LossOf(const PlacedText& placed);
 
 private:
-    void PaintText(const PlacedText& placed, Canvas& canvas);
+    static void PaintUnderline(const PlacedText& placed, const ShapedText& text, const LinePlace& place,
+                               Canvas& canvas);
 
     FontSettings fonts_;
     TextShaper shaper_;

@@ -156,6 +156,13 @@ double RunWidth(const GlyphRun& run, double fontSize) {
     return static_cast<double>(run.advance) * fontSize / run.typeface.face->UnitsPerEm();
 }
 
+bool HasUnknownCharacter(const ShapedText& text) {
+    return std::any_of(text.runs.begin(), text.runs.end(), [](const GlyphRun& run) {
+        return std::any_of(run.glyphs.begin(), run.glyphs.end(),
+                           [](const ShapedGlyph& glyph) { return glyph.id == 0; });
+    });
+}
+
 namespace {
 
 /// Edges in twips, `top` and `bottom` below the baseline. Empty until the first ink.

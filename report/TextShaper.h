@@ -65,6 +65,8 @@ struct ShapedText {
 };
 
 double RunWidth(const GlyphRun& run, double fontSize);
+/// True where a font's box for a missing glyph stands for a character.
+bool HasUnknownCharacter(const ShapedText& text);
 /// What the ink covers, relative to the start of the baseline. Without ink: no width and no height.
 Box InkBox(const ShapedText& text);
 /// The characters of a UTF-8 text; U+FFFD for bytes that are none.

@@ -123,9 +123,9 @@ void rptVelmor::PrepareTabStyle(std::int16_t style, SettingsStore& store) {
     const double correction = LayoutTwips(layout_.TextBandMm - layout_.TextBandRefMm);
     if (style >= 0 && static_cast<std::size_t>(style) < kTabStyles) {
         const TabStyle& row = kStyles[static_cast<std::size_t>(style)];
-        layout_.TabTop = TabTopTwips(row.tabTop, store) - (style == 5 ? correction / 2 : 0);
         layout_.ColumnWidth = row.columnWidth;
         layout_.FieldGap = row.fieldGap;
+        layout_.TabTop = TabTopTwips(row.tabTop, store) - (style == 5 ? correction / 2 : 0);
     }
     layout_.RowHeight = layout_.TextBand + layout_.TabTop - correction;
 }
@@ -161,6 +161,15 @@ void rptVelmor::PlaceTwoLines(std::int16_t numFields) {
 void rptVelmor::SetPage(const Paper& paper, const PageMargins& margins) {
     paper_ = paper;
     margins_ = margins;
+}
+
+std::vector<PlacedText> rptVelmor::FieldsOfTab() const {
+    std::vector<PlacedText> fields;
+    for (std::size_t field = 0; field < fields_.size(); ++field)
+        if (fields_[field].width > 0)
+            fields.push_back(
+                {{}, {0, 0, fields_[field].width, fields_[field].height}, static_cast<int>(field), alignments_[field]});
+    return fields;
 }
 
 int rptVelmor::SheetCount() const {

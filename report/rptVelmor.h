@@ -76,6 +76,9 @@ public:
 
     const Paper& PagePaper() const { return paper_; }
 
+    /// The fields in use, without texts, each from its box's own corner.
+    std::vector<PlacedText> FieldsOfTab() const;
+
     int SheetCount() const;
     /// The numbers of the sheets whose tabs are not all empty.
     std::vector<int> FilledSheets() const;

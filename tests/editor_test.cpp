@@ -1,6 +1,10 @@
 // The grid of boxes as numbers, and what a box does when it is entered and typed in.
 #include "editor/GridLayout.h"
+#include "editor/GridMoves.h"
+#include "editor/GridZoom.h"
+#include "editor/TabMarks.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/Pages.h"
 #include "workspace/ReplaceDocument.h"
 
 #include <gtest/gtest.h>
@@ -67,6 +71,81 @@ TEST_F(EditorTest, EnteringABoxSetsTheCurrentTab) {
     document.CurrentPage = 1366;
     EnterBox(program.main, 24);
     EXPECT_EQ(document.CurrentTab, 53) << "a number beyond 16 bits changes nothing";
+}
+
+TEST_F(EditorTest, KeysLeadOverThePagesOfTheWholeDocument) {
+    MakeDocument(1, 2); // 48 tabs in rows of 6
+    document.CurrentTab = 2;
+    AddPage(program.main);
+    ASSERT_EQ(document.TabCount, 96);
+    document.FieldB(50) = "last";
+    struct Row {
+        GridMove move;
+        TabBox from;
+        std::optional<TabBox> to;
+    };
+    const Row rows[] = {
+        {GridMove::NextBox, {5, 0}, TabBox{5, 1}},
+        {GridMove::NextBox, {48, 1}, TabBox{49, 0}},
+        {GridMove::NextBox, {96, 1}, std::nullopt},
+        {GridMove::PreviousBox, {49, 0}, TabBox{48, 1}},
+        {GridMove::PreviousBox, {1, 0}, std::nullopt},
+        {GridMove::NextTab, {48, 1}, TabBox{49, 1}},
+        {GridMove::PreviousTab, {1, 1}, std::nullopt},
+        {GridMove::Up, {50, 1}, TabBox{44, 1}},
+        {GridMove::Up, {6, 0}, std::nullopt},
+        {GridMove::Down, {44, 0}, TabBox{50, 0}},
+        {GridMove::Down, {91, 0}, std::nullopt},
+        {GridMove::RowStart, {12, 1}, TabBox{7, 1}},
+        {GridMove::RowEnd, {7, 0}, TabBox{12, 0}},
+        {GridMove::FirstTab, {70, 1}, TabBox{1, 1}},
+        {GridMove::LastFilledTab, {70, 0}, TabBox{50, 0}},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(PlaceAfter(row.move, row.from, document), row.to)
+            << static_cast<int>(row.move) << " from " << row.from.tab;
+    EXPECT_EQ(PageOfTab(document.setup, 48), 1);
+    EXPECT_EQ(PageOfTab(document.setup, 49), 2);
+}
+
+TEST(TabMarks, ARangeRunsFromWhereTheMarkingBegan) {
+    TabMarks marks;
+    marks.BeginAt(5);
+    EXPECT_TRUE(marks.Empty());
+    marks.ExtendTo(7);
+    marks.ExtendTo(3);
+    EXPECT_EQ(marks.Tabs(), (TabNumbers{3, 4, 5}));
+    EXPECT_TRUE(marks.Has(3) && !marks.Has(6));
+    marks.Toggle(9);
+    marks.Toggle(4);
+    EXPECT_EQ(marks.Tabs(), (TabNumbers{3, 5, 9}));
+    marks.ExtendTo(5);
+    EXPECT_EQ(marks.Tabs(), (TabNumbers{4, 5})) << "from the tab toggled last";
+    marks.BeginAt(2);
+    marks.Toggle(8);
+    EXPECT_EQ(marks.Tabs(), (TabNumbers{2, 8})) << "the tab in use belongs to what is marked first";
+}
+
+TEST_F(EditorTest, TheZoomIsRememberedAndStaysWithinItsLimits) {
+    for (const GridZoom& zoom : {GridZoom{GridFit::Width}, GridZoom{GridFit::None, 125}, GridZoom{}}) {
+        SaveZoom(program.settings, zoom);
+        EXPECT_EQ(ReadZoom(program.settings), zoom);
+    }
+    for (const auto& [stored, percent] : {std::pair{"9999", 200}, {"-1", 50}, {"125", 125}}) {
+        program.Store("Settings", "Editor Zoom", stored);
+        EXPECT_EQ(ReadZoom(program.settings).percent, percent);
+    }
+    EXPECT_EQ(ZoomBeside(113, 1).percent, 125);
+    EXPECT_EQ(ZoomBeside(113, -1).percent, 110);
+    EXPECT_EQ(ZoomBeside(110.2, 1).percent, 125) << "a step is not repeated";
+    EXPECT_EQ(ZoomBeside(110.2, -1).percent, 100);
+    EXPECT_EQ(ZoomBeside(500, 1).percent, 200);
+    EXPECT_EQ(ZoomBeside(20, -1).percent, 50);
+    const GridSize twips = {100, 200};
+    EXPECT_EQ(ZoomScale({}, {1000, 1000}, twips, 1), 5);
+    EXPECT_EQ(ZoomScale({GridFit::Width}, {1000, 1000}, twips, 1), 10);
+    EXPECT_EQ(ZoomScale({GridFit::None, 150}, {1000, 1000}, twips, 2), 3);
+    EXPECT_EQ(ZoomScale({}, {10, 10}, twips, 1), 0.75) << "what is smaller cannot be read";
 }
 
 } // namespace

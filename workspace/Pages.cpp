@@ -12,12 +12,6 @@
 namespace velmora {
 namespace {
 
-void ShowPage(MainModule& main, std::int16_t page) {
-    TakePageBack(main);
-    main.document.CurrentPage = page;
-    main.editor->BringUp();
-}
-
 /// A question whose safe answer is the default.
 bool Confirms(UserInterface& ui, const char* question) {
     return Ask(ui, question, Buttons::YesNo, Answer::No) == Answer::Yes;
@@ -65,6 +59,12 @@ void ShowChangedPages(MainModule& main) {
     main.document.DocChanged = true;
     Write(main.settings, kNoOfPages, std::to_string(main.document.NoOfPages));
     RefreshDocumentStatus(main);
+    main.editor->BringUp();
+}
+
+void ShowPage(MainModule& main, std::int16_t page) {
+    TakePageBack(main);
+    main.document.CurrentPage = page;
     main.editor->BringUp();
 }
 

@@ -6,6 +6,8 @@
 
 namespace velmora {
 
+/// `page` from 1 to `NoOfPages`.
+void ShowPage(MainModule& main, std::int16_t page);
 void FirstPage(MainModule& main);
 void LastPage(MainModule& main);
 /// At the last page it offers to add one.

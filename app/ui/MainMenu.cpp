@@ -65,6 +65,10 @@ template <auto operation> void InBox(CommandContext&) {
         (box->*operation)();
 }
 
+frmGrid2a4& Grid(CommandContext& context) {
+    return *context.window.findChild<frmGrid2a4*>();
+}
+
 /// A block goes into tabs from the box in use on, anything else into the box.
 void Paste(CommandContext& context) {
     auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
@@ -159,9 +163,16 @@ std::span<const Menu> Menus() {
           {"mnuCut", "Cu&t", "Ctrl+X", InBox<&QLineEdit::cut>},
           {"mnuCopy", "&Copy", "Ctrl+C", InBox<&QLineEdit::copy>},
           {"mnuPaste", "&Paste", "Ctrl+V", Paste},
+          {"mnuSelectAll", "Select &All Tabs", "Ctrl+A", [](CommandContext& context) { Grid(context).MarkAllTabs(); }},
           kSeparator,
           {"mnuFind", "&Find and Replace ...", "Ctrl+F", [](CommandContext& context) { FindForm(context).Open(); }},
           {"mnuFindNext", "Find &Next", "F3", FindNext}}},
+        {"mnuView",
+         "&View",
+         {{"mnuFitSheet", "Fit &Sheet", "Ctrl+0", [](CommandContext& context) { Grid(context).SetZoom({}); }},
+          {"mnuFitWidth", "Fit &Width", "", [](CommandContext& context) { Grid(context).SetZoom({GridFit::Width}); }},
+          {"mnuZoomIn", "Zoom &In", "Ctrl++", [](CommandContext& context) { Grid(context).StepZoom(1); }},
+          {"mnuZoomOut", "Zoom &Out", "Ctrl+-", [](CommandContext& context) { Grid(context).StepZoom(-1); }}}},
         {"mnuData",
          "&Data",
          {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", Call<FirstPage>},
@@ -177,6 +188,7 @@ std::span<const Menu> Menus() {
           {"mnuPrinterSetupWiz", "&Printer Setup Wizard", "", SetUpPrinter},
           kSeparator,
           {"mnuDeleteEmpries", "Delete &Empty Tabs", "", Call<CleanLabels>},
+          {"mnuFonts", "&Fonts ...", "Ctrl+T", Wizard<frmAutoRepWiz::Start::Fonts>},
           kSeparator,
           {"mnuOptions", "&Options ...", "", ShowOptions}}},
         {"mnuHelp",
@@ -205,7 +217,7 @@ std::span<const ToolButton> ToolButtons() {
         {"delete-page", "mnuDeletePage"},
         {"page-setup", "tbrPageSetup", "Page Setup", "Ctrl+Shift+T", SetUpFirstPage},
         kGap,
-        {"fonts", "tbrFonts", "Fonts", "Ctrl+T", Wizard<frmAutoRepWiz::Start::Fonts>},
+        {"fonts", "mnuFonts"},
         {"margins", "mnuMarginSetup"},
     };
     return buttons;

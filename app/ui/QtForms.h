@@ -3,6 +3,7 @@
 
 #include "app/Start.h"
 #include "app/ui/mdiVelmora.h"
+#include "widgets/AltKeys.h"
 
 #include <memory>
 
@@ -21,6 +22,7 @@ public:
 
 private:
     Program& program_;
+    AltKeys altKeys_;
     std::unique_ptr<mdiVelmora> window_;
 };
 

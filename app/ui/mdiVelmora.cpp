@@ -43,8 +43,8 @@ QString Numbered(const QMenu& menu, const std::string& text) {
 
 /// Every key that the desktop has for the command whose shortcut this is.
 QList<QKeySequence> ShortcutsLike(const QKeySequence& shortcut) {
-    for (const auto standard :
-         {QKeySequence::Undo, QKeySequence::Redo, QKeySequence::Cut, QKeySequence::Copy, QKeySequence::Paste}) {
+    for (const auto standard : {QKeySequence::Undo, QKeySequence::Redo, QKeySequence::Cut, QKeySequence::Copy,
+                                QKeySequence::Paste, QKeySequence::ZoomIn}) {
         QList<QKeySequence> keys = QKeySequence::keyBindings(standard);
         if (!keys.contains(shortcut))
             continue;
@@ -72,7 +72,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     BuildMenus();
     BuildToolBar();
     BuildStatusBar();
-    grid_ = new frmGrid2a4(program_.main, this);
+    grid_ = new frmGrid2a4(program_.main, program_.fontCatalogue, this);
     setCentralWidget(grid_);
     connect(grid_, &frmGrid2a4::Changed, this, [this] { EnableCommands(); });
     WatchEditMenu(findChild<QMenu*>("mnuEdit"));

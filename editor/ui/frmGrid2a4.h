@@ -1,89 +1,101 @@
-// The grid editor: one page of the document as a sheet of paper with a box for every field of every tab.
+// The grid editor: one page of the document as a sheet of tabs with a box for every field of every tab, and the keys
+// and the mouse to type, to move and to mark.
 #pragma once
 
-#include "editor/GridLayout.h"
+#include "editor/GridMoves.h"
+#include "editor/GridZoom.h"
+#include "editor/TabMarks.h"
+#include "editor/ui/GridSheet.h"
+#include "platform/FontCatalogue.h"
 
+#include <QPointer>
 #include <QScrollArea>
-#include <QWidget>
 
 class QKeyEvent;
 class QLineEdit;
 
 namespace velmora {
 
-/// The sheet itself: paints the paper, the tabs' outlines and the mark of the focused tab behind its boxes.
-class GridSheet : public QWidget {
-    Q_OBJECT
-
-public:
-    explicit GridSheet(QWidget* parent) : QWidget(parent) {}
-
-    /// Cells in twips; `caption` stands at the sheet's foot.
-    void SetCells(std::vector<GridCell> cells, const QString& caption);
-    /// Device-independent pixels per twip.
-    void SetScale(double pixelsPerTwip);
-    /// Slot from 1; 0: none.
-    void MarkSlot(int slot);
-    QRect GridTwips() const;
-    /// Pixels around the grid: ground, paper margin and caption.
-    QSize BorderSize() const;
-    QRect BoxRect(const GridBox& box) const;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    std::vector<GridCell> cells_;
-    QString caption_;
-    double pixelsPerTwip_ = 0;
-    int marked_ = 0;
-};
+class FieldBox;
 
 class frmGrid2a4 : public QScrollArea, public GridEditor {
     Q_OBJECT
 
 public:
-    frmGrid2a4(MainModule& main, QWidget* parent);
+    frmGrid2a4(MainModule& main, const FontCatalogue& catalogue, QWidget* parent);
     ~frmGrid2a4() override;
 
     void TakeDown() override;
     void BringUp() override;
     std::vector<TabTexts> ShownTexts() const override;
     void ShowText(TabBox place, std::size_t at, std::size_t length) override;
+    TabNumbers MarkedTabs() const override;
+    void MarkTabs(const TabNumbers& tabs) override;
 
     /// The box of field 0 to 2 in a slot from 1, or nullptr.
     QLineEdit* Box(int field, int slot) const;
     /// The field, 0 to 2, that a box stands for; -1 for a control that is no box of a grid.
     static int FieldOf(const QWidget& box);
+    /// True for more than a text of the box in use.
+    bool HasMarks() const { return !marks_.Empty(); }
+    void MarkAllTabs();
+
+    const GridZoom& Zoom() const { return zoom_; }
+    /// Remembered for the next start.
+    void SetZoom(const GridZoom& zoom);
+    /// One step larger or smaller.
+    void StepZoom(int steps);
 
 signals:
     /// A box was typed in.
     void Changed();
     /// The menu of a box is wanted at a place on the screen.
     void MenuWanted(const QPoint& place);
+    /// What the box in use has to say: how full it is, and what of its text will not be printed.
+    void BoxTold(const QString& text);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    enum class Marking { Ends, Extends };
+
     void SetLablesOnGrid();
+    std::vector<PlacedText> FieldsOnPaper() const;
     void ShowTexts();
     QString BoxName(int field, int slot) const;
-    QLineEdit* MakeBox(int field, int slot);
+    FieldBox* MakeBox(int field, int slot);
+    double Scale() const;
     void PlaceBoxes();
     void FocusTab();
-    void Entered(int slot);
-    double FittingScale() const;
-    int SlotAfterKey(int slot, const QKeyEvent& key, const QLineEdit& box) const;
-    bool MoveByKey(const QKeyEvent& key, QLineEdit* box);
-    void Edited(int field, QLineEdit* box);
+    void Enter(FieldBox& box);
+    void TellLoss(FieldBox& box);
+    void Edited(FieldBox& box);
+
+    TabBox PlaceOf(const FieldBox& box) const;
+    void GoTo(TabBox place, Marking marking);
+    void Move(GridMove move, TabBox from);
+    void EndMarking(std::int32_t tab);
+    void MarkTo(TabBox place);
+    bool KeyPressed(const QKeyEvent& key, FieldBox& box);
+    bool MarkByKey(const QKeyEvent& key, FieldBox& box);
+    bool IsForWindow(const QKeyEvent& key) const;
+    bool MousePressed(const QMouseEvent& mouse, FieldBox& box);
+    bool MouseDragged(const QMouseEvent& mouse, FieldBox& box);
+    bool WantsMenu(const QPoint& place, FieldBox& box);
+    bool BoxEvent(FieldBox& box, QEvent& event);
 
     MainModule& main_;
+    TabMarks marks_;
+    GridZoom zoom_;
     GridSheet* sheet_;
     std::vector<GridCell> cells_;
-    std::vector<std::array<QLineEdit*, 3>> boxes_; ///< slot 1 first; nullptr for a field not in use
-    std::vector<TabTexts> shown_;                  ///< as they were filled in
+    std::vector<std::array<FieldBox*, 3>> boxes_; ///< slot 1 first; nullptr for a field not in use
+    std::vector<TabTexts> shown_;                 ///< as they were filled in
+    QPointer<FieldBox> current_;                  ///< the box in use
+    int dragged_ = 0;                             ///< slot that the mouse marks to; 0: it does not
 };
 
 } // namespace velmora

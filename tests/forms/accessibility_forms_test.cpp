@@ -139,7 +139,7 @@ class AccessibilityFormsTest : public QObject {
         LookAfter(*wizard, {"cmdPrevious", "optMth", "cmdNext", "cmdNext"});
         LookAfter(*wizard, {"cmdPrevious", "cmdPrevious", "optText", "cmdNext", "cmdNext"});
         delete wizard;
-        running.Trigger("tbrFonts");
+        running.Trigger("mnuFonts");
         wizard = running.window->findChild<WizardFrame*>();
         Look(*wizard);
         delete wizard;
@@ -152,8 +152,7 @@ private slots:
         faults_.clear();
         RunningProgram running(&printers_);
         Start(running, 2);
-        running.Trigger("mnuLastPage");
-        running.program.main.document.FieldA(1) = std::string(200, 'x'); // something to say before printing
+        running.program.main.document.FieldA(30) = std::string(200, 'x'); // something to say before printing
         Look(*running.window);
         running.Trigger("mnuFind");
         LookAndClose(*running.window->findChild<frmFind*>());

@@ -215,7 +215,7 @@ private slots:
         WizardRun run(3);
         const FontSettings before = run.program.main.fonts;
         const auto change = [&] {
-            run.Trigger("tbrFonts");
+            run.Trigger("mnuFonts");
             QCOMPARE(run.Page(), std::string("frmAutoRepWiz7"));
             QVERIFY(run.Find<QPushButton>("cmdNext")->isHidden() && run.Find<QPushButton>("cmdPrevious")->isHidden());
             auto* size = run.Find<QComboBox>("cboSize(1)");

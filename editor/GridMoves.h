@@ -1,0 +1,30 @@
+// Where a key of the editor leads, over the pages of the whole document.
+#pragma once
+
+#include "document/TabDocument.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace velmora {
+
+enum class GridMove {
+    NextBox, ///< field by field, tab by tab
+    PreviousBox,
+    NextTab, ///< the same field of another tab
+    PreviousTab,
+    Up,
+    Down,
+    RowStart,
+    RowEnd,
+    FirstTab,
+    LastFilledTab ///< the last one with a text
+};
+
+/// nullopt: beyond the document's first or last tab.
+std::optional<TabBox> PlaceAfter(GridMove move, TabBox from, const TabDocument& document);
+
+/// The page, from 1, that tab `tab` of the document is on.
+std::int16_t PageOfTab(const DocumentSetup& setup, std::int32_t tab);
+
+} // namespace velmora
