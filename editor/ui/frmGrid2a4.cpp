@@ -162,6 +162,19 @@ void frmGrid2a4::ShowText(TabBox place, std::size_t at, std::size_t length) {
                       static_cast<int>(QString::fromStdString(text.substr(before.toUtf8().size(), length)).size()));
 }
 
+TabNumbers frmGrid2a4::MarkedTabs() const {
+    if (boxes_.empty() || main_.document.CurrentTab < 1)
+        return {};
+    return {main_.document.CurrentTab};
+}
+
+/// In the field in use.
+void frmGrid2a4::MarkTabs(const TabNumbers& tabs) {
+    const QWidget* focused = focusWidget();
+    if (!tabs.empty())
+        ShowText({tabs.front(), std::max(0, focused ? FieldOf(*focused) : 0)}, 0, std::string::npos);
+}
+
 QLineEdit* frmGrid2a4::Box(int field, int slot) const {
     return boxes_.at(static_cast<std::size_t>(slot - 1)).at(static_cast<std::size_t>(field));
 }

@@ -50,6 +50,8 @@ public:
     void BringUp() override;
     std::vector<TabTexts> ShownTexts() const override;
     void ShowText(TabBox place, std::size_t at, std::size_t length) override;
+    TabNumbers MarkedTabs() const override;
+    void MarkTabs(const TabNumbers& tabs) override;
 
     /// The box of field 0 to 2 in a slot from 1, or nullptr.
     QLineEdit* Box(int field, int slot) const;
