@@ -18,6 +18,7 @@ constexpr HelpPage kPages[] = {
     {"stationery", "Stationery and page set-up", kStart},
     {"typing", "Typing and moving about", kWork},
     {"pages", "Pages and empty tabs", kWork},
+    {"arranging", "Arranging and sorting", kWork},
     {"filling", "Filling many tabs at once", kWork},
     {"find-undo", "Find, replace and undo", kWork},
     {"spreadsheets", "Spreadsheets and text lists", kWork},
@@ -47,7 +48,8 @@ constexpr FormPage kForms[] = {
     {"frmFind", "find-undo"},       {"frmPreview", "printing"},    {"frmPrint", "printing"},
     {"frmUsed", "used-sheets"},     {"frmImport", "spreadsheets"}, {"frmSelectSheet", "spreadsheets"},
     {"frmGrid2a4", "typing"},       {"frmProgress", "troubles"},   {"frmHelp", "welcome"},
-    {"mdiVelmora", "welcome"},
+    {"frmGoTo", "arranging"},       {"frmSort", "arranging"},      {"frmMovePage", "arranging"},
+    {"frmRemove", "arranging"},     {"mdiVelmora", "welcome"},
 };
 
 } // namespace

@@ -11,8 +11,13 @@
 #include "settings/RegistryFile.h"
 #include "wizard/AppendWizardTabs.h"
 #include "workbook/LibraryWorkbooks.h"
+#include "workspace/ArrangeTabs.h"
+#include "workspace/CopyTabs.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
+#include "workspace/PasteBlock.h"
+#include "workspace/RemoveDuplicates.h"
+#include "workspace/SortTabs.h"
 #include "workspace/Undo.h"
 
 #include <algorithm>
@@ -194,6 +199,48 @@ void MeasureFill(Bench& bench) {
             Timing([] { floors::Fill(kFilledTabs); }), "10 ms");
 }
 
+/// Marks what it is told to mark.
+class Marks : public GridEditor {
+public:
+    TabNumbers tabs;
+
+    TabNumbers MarkedTabs() const override { return tabs; }
+    void MarkTabs(const TabNumbers& marked) override { tabs = marked; }
+};
+
+/// Commands in a document that has room for one more page, each with its step of undo.
+void MeasureArranging(Bench& bench) {
+    MainModule& main = bench.main;
+    ReplaceFile(bench.folder / "arranged.csv", SampleFile(kLargeTabs - kSmallTabs));
+    bench.Load("arranged.csv");
+    Marks marks;
+    main.editor.Take(marks);
+    const TabDocument start = main.document;
+    marks.tabs = OrderOf(start);
+    const std::string block = CopyTabs(main);
+    const auto measure = [&](const char* name, const std::function<void()>& work) {
+        Compare(
+            name,
+            [&] {
+                main.document = start;
+                marks.tabs = {1};
+                main.history.KeepSteps();
+                const double time = Milliseconds(work);
+                if (!main.history.CanUndo())
+                    throw Error("nothing was done");
+                main.history.KeepSteps(0);
+                main.history.Clear(main.document);
+                return time;
+            },
+            {}, "60 ms");
+    };
+    measure("sort 32,736 tabs", [&] { SortTabs(main, {0, true, false}); });
+    measure("insert a tab before them", [&] { InsertTabs(main); });
+    measure("paste all of them", [&] { PasteBlock(main, {1}, 0, block); });
+    measure("remove duplicates", [&] { RemoveDuplicates(main, {false, true, true}); });
+    main.editor.Leave();
+}
+
 void MeasureProcesses(const Bench& bench) {
     const std::string small = (bench.folder / "small.csv").string(), out = (bench.folder / "process.pdf").string();
     const floors::FontFiles fonts = bench.Fonts();
@@ -251,6 +298,7 @@ void PrintTable() {
     std::printf("|---|---|---|---|---|\n");
     MeasureDocument(bench);
     MeasureFill(bench);
+    MeasureArranging(bench);
     MeasureProcesses(bench);
     if (std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY"))
         MeasureWindows(bench);

@@ -40,8 +40,4 @@ std::optional<TabBox> PlaceAfter(GridMove move, TabBox from, const TabDocument& 
     return place.tab >= 1 && place.tab <= document.TabCount ? std::optional(place) : std::nullopt;
 }
 
-std::int16_t PageOfTab(const DocumentSetup& setup, std::int32_t tab) {
-    return static_cast<std::int16_t>((tab - 1) / setup.TabsPerPage + 1);
-}
-
 } // namespace velmora

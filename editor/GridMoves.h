@@ -1,9 +1,8 @@
 // Where a key of the editor leads, over the pages of the whole document.
 #pragma once
 
-#include "document/TabDocument.h"
+#include "document/TabOrder.h"
 
-#include <cstdint>
 #include <optional>
 
 namespace velmora {
@@ -23,8 +22,5 @@ enum class GridMove {
 
 /// nullopt: beyond the document's first or last tab.
 std::optional<TabBox> PlaceAfter(GridMove move, TabBox from, const TabDocument& document);
-
-/// The page, from 1, that tab `tab` of the document is on.
-std::int16_t PageOfTab(const DocumentSetup& setup, std::int32_t tab);
 
 } // namespace velmora

@@ -7,14 +7,13 @@ namespace velmora {
 
 void TabMarks::BeginAt(std::int32_t tab) {
     tabs_.clear();
-    anchor_ = last_ = tab;
+    anchor_ = tab;
 }
 
 void TabMarks::ExtendTo(std::int32_t tab) {
     const auto [first, last] = std::minmax(anchor_, tab);
     tabs_.resize(static_cast<std::size_t>(last - first) + 1);
     std::iota(tabs_.begin(), tabs_.end(), first);
-    last_ = tab;
 }
 
 void TabMarks::Toggle(std::int32_t tab) {
@@ -25,15 +24,18 @@ void TabMarks::Toggle(std::int32_t tab) {
         tabs_.erase(place);
     else
         tabs_.insert(place, tab);
-    anchor_ = last_ = tab;
+    anchor_ = tab;
 }
 
 void TabMarks::Set(TabNumbers tabs) {
     tabs_ = std::move(tabs);
-    if (tabs_.empty())
-        return;
-    anchor_ = tabs_.front();
-    last_ = tabs_.back();
+    anchor_ = tabs_.empty() ? 1 : tabs_.front();
+}
+
+void TabMarks::KeepWithin(std::int32_t count) {
+    if (!tabs_.empty() && tabs_.back() > count)
+        tabs_.clear();
+    anchor_ = std::min(anchor_, count);
 }
 
 bool TabMarks::Has(std::int32_t tab) const {

@@ -18,18 +18,17 @@ public:
     /// the marking began counts as marked.
     void Toggle(std::int32_t tab);
     void Set(TabNumbers tabs);
+    /// Forgets all when some are behind tab `count`, as when their pages were taken away.
+    void KeepWithin(std::int32_t count);
 
     bool Empty() const { return tabs_.empty(); }
     bool Has(std::int32_t tab) const;
     /// In ascending order.
     const TabNumbers& Tabs() const { return tabs_; }
-    /// The end of the range that was extended last.
-    std::int32_t Last() const { return last_; }
 
 private:
     TabNumbers tabs_;
     std::int32_t anchor_ = 1;
-    std::int32_t last_ = 1;
 };
 
 } // namespace velmora

@@ -1,17 +1,18 @@
 #include "base/Encoding.h"
 #include "base/Error.h"
+#include "base/NaturalOrder.h"
 #include "base/Numbers.h"
 #include "base/Terminal.h"
 #include "base/Text.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 
 namespace velmora {
 namespace {
-
 
 TEST(Numbers, AHalfGoesToTheEvenNeighbour) {
     const std::pair<double, int> cases[] = {{0.5, 0},    {1.5, 2},         {2.5, 2},  {-0.5, 0},
@@ -117,6 +118,33 @@ TEST(Encoding, Utf16KeepsEveryCharacterOrRefuses) {
                                      std::string("\0\xD8\0\xD8", 4), std::string("\0\xD8x\0", 4)})
         EXPECT_EQ(FromUtf16(bytes), std::nullopt);
     EXPECT_EQ(ToUtf16("a\xED\xA0\x80"), std::nullopt);
+}
+
+/// Letters in any case, y before x.
+struct OddLetters : std::collate<char> {
+    std::string do_transform(const char* from, const char* to) const override {
+        std::string key = FoldCase({from, to});
+        for (char& c : key)
+            c = c == 'x' ? 'y' : c == 'y' ? 'x' : c;
+        return key;
+    }
+};
+
+TEST(NaturalOrder, NumbersStandByTheirValueAndLettersAsTheLocaleHasThem) {
+    const std::string nines(9, '9'), ten = "1" + std::string(9, '0');
+    const std::vector<std::string> byCodes = {"",        "0",    "00",     "1",       "01",   "1a",  "2",   "007",
+                                              "9",       "10",   "10 a 9", "10 a 10", "99",   "100", nines, ten,
+                                              ten + "0", "No.9", "no.09",  "No.10",   "no.x", "x",   "Y"};
+    const std::vector<std::string> byOddLetters = {"b", "B", "y1", "Y3", "X1", "x02"};
+    const NaturalOrder codes(std::locale::classic()), odd(std::locale(std::locale::classic(), new OddLetters));
+    const auto isSorted = [](const std::vector<std::string>& texts, const NaturalOrder& order) {
+        return std::is_sorted(texts.begin(), texts.end(),
+                              [&](const std::string& a, const std::string& b) { return order.Key(a) < order.Key(b); });
+    };
+    for (std::size_t i = 1; i < byCodes.size(); ++i)
+        EXPECT_LT(codes.Key(byCodes[i - 1]), codes.Key(byCodes[i])) << byCodes[i];
+    EXPECT_EQ(codes.Key("\u00c9A"), codes.Key("\u00e9a"));
+    EXPECT_TRUE(isSorted(byOddLetters, odd) && !isSorted(byOddLetters, codes));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "document/TabDocument.h"
+#include "document/TabOrder.h"
 
 #include <array>
 #include <string>
@@ -12,8 +13,6 @@ namespace velmora {
 
 /// Texts of fields 1 to 3 of one tab.
 using TabTexts = std::array<std::string, 3>;
-/// Numbers of tabs, from 1, in ascending order.
-using TabNumbers = std::vector<int>;
 
 class GridEditor {
 public:
@@ -28,9 +27,9 @@ public:
     /// Shows the box's page, which was taken back before, and gives the box the focus with `length` bytes of its text
     /// selected from byte `at` on; `length` beyond the text's end selects all of it.
     virtual void ShowText(TabBox /*place*/, std::size_t /*at*/, std::size_t /*length*/) {}
-    /// The tabs that are marked, else the one in use; empty while the editor is down.
+    /// The tabs that the person has marked, else the one in use; empty while the editor is down.
     virtual TabNumbers MarkedTabs() const { return {}; }
-    /// Marks these tabs alone and shows the first of them; its page was taken back before.
+    /// Marks the tabs, of whatever pages, and shows the first, whose page was taken back before; no effect without one.
     virtual void MarkTabs(const TabNumbers& /*tabs*/) {}
 };
 

@@ -1,9 +1,10 @@
 #include "workspace/PasteBlock.h"
 
 #include "base/Text.h"
+#include "document/FontSettings.h"
 #include "document/TextList.h"
+#include "workspace/ChangeTabs.h"
 #include "workspace/Dialogs.h"
-#include "workspace/Recovery.h"
 #include "workspace/TakePageBack.h"
 
 #include <algorithm>
@@ -15,6 +16,8 @@ namespace {
 
 constexpr char kSeparator = '\t';
 
+using Rows = std::vector<std::vector<std::string>>;
+
 /// One text on its way to a box.
 struct Cell {
     TabBox box;
@@ -23,43 +26,71 @@ struct Cell {
 
 struct Block {
     std::vector<Cell> cells;
-    int leftOut = 0; ///< texts without a tab or a field to go to
-    int cut = 0;     ///< texts over their field's limit
+    TabNumbers tabs;
+    std::int32_t lastTab = 0; ///< that the document must have
+    int leftOut = 0;          ///< texts without a field to go to
+    int cut = 0;              ///< texts over their field's limit
 };
 
 void AddCell(Block& block, const TabDocument& document, TabBox box, std::string_view text) {
-    if (box.tab > document.TabCount || box.field >= document.setup.NoOfFields) {
-        block.leftOut += Trim(text).empty() ? 0 : 1;
+    const bool blank = Trim(text).empty();
+    if (box.field >= document.setup.NoOfFields) {
+        block.leftOut += blank ? 0 : 1;
         return;
     }
+    if (box.tab > document.TabCount && blank)
+        return; // no reason for a page
     const std::string line = OneLine(text);
     const std::string_view kept = LeftCharacters(line, document.setup.Limits.Of(box.field));
     block.cut += kept.size() < line.size() ? 1 : 0;
+    block.lastTab = std::max(block.lastTab, box.tab);
     block.cells.push_back({box, std::string(kept)});
 }
 
-Block TakeApart(const TabDocument& document, TabBox from, std::string_view text) {
-    Block block;
-    TabBox box = from;
-    for (const std::vector<std::string>& row : ParseTextList(text, kSeparator)) {
-        box.field = from.field;
-        for (const std::string& column : row) {
-            AddCell(block, document, box, column);
-            ++box.field;
-        }
-        ++box.tab;
+void AddRow(Block& block, const TabDocument& document, TabBox box, const std::vector<std::string>& columns) {
+    for (const std::string& column : columns) {
+        AddCell(block, document, box, column);
+        ++box.field;
     }
+}
+
+int FirstField(const TabDocument& document, int field, const Rows& rows) {
+    const auto widest =
+        std::max_element(rows.begin(), rows.end(), [](const auto& a, const auto& b) { return a.size() < b.size(); });
+    return std::cmp_less(widest->size(), document.setup.NoOfFields) ? field : 0;
+}
+
+Block TakeApart(const TabDocument& document, const TabNumbers& marked, int field, const Rows& rows) {
+    Block block;
+    const int first = FirstField(document, field, rows);
+    block.tabs = rows.size() == 1 ? marked : TabsFrom(marked.front(), static_cast<std::int32_t>(rows.size()));
+    block.lastTab = document.TabCount;
+    for (std::size_t i = 0; i < block.tabs.size(); ++i)
+        AddRow(block, document, {block.tabs[i], first}, rows[rows.size() == 1 ? 0 : i]);
+    while (block.tabs.back() > block.lastTab)
+        block.tabs.pop_back();
     return block;
 }
 
-bool Agrees(UserInterface& ui, const Block& block) {
+std::string Question(const Block& block, int newPages) {
     std::string text;
     if (block.leftOut > 0)
-        text +=
-            "Texts without a tab or field to go to, which will be left out: " + std::to_string(block.leftOut) + "\r\n";
+        text += "Texts without a field to go to, which will be left out: " + std::to_string(block.leftOut) + "\r\n";
     if (block.cut > 0)
         text += "Texts over the length of their field, which will be cut: " + std::to_string(block.cut) + "\r\n";
-    return text.empty() || Ask(ui, text + "Do you want to paste the rest?", Buttons::YesNo) == Answer::Yes;
+    if (newPages == 0)
+        return text.empty() ? "" : text + "Do you want to paste the rest?";
+    const std::string pages = std::to_string(newPages) + (newPages == 1 ? " page" : " pages");
+    return text.empty() ? "Add " + pages + "?" : text + "Do you want to add " + pages + " and paste the rest?";
+}
+
+void Put(TabDocument& document, int pages, Block block) {
+    document.NoOfPages = static_cast<std::int16_t>(pages);
+    document.TabCount = pages * document.setup.TabsPerPage;
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        document.Field(field).Resize(document.TabCount);
+    for (Cell& cell : block.cells)
+        document.Field(cell.box.field)(cell.box.tab) = std::move(cell.text);
 }
 
 } // namespace
@@ -75,17 +106,21 @@ bool IsBlock(std::string_view text) {
     return CellText(text).find_first_of("\t\r\n") != std::string_view::npos;
 }
 
-void PasteBlock(MainModule& main, TabBox from, std::string_view text) {
-    TakePageBack(main);
-    const Block block = TakeApart(main.document, from, text);
-    if (!Agrees(main.ui, block))
+void PasteBlock(MainModule& main, const TabNumbers& marked, int field, std::string_view text) {
+    const Rows rows = ParseTextList(text, kSeparator);
+    if (marked.empty() || rows.empty())
         return;
-    KeepRecoveryCopy(main);
-    const UndoStep step(main.history, main.State(), "Paste");
-    for (const Cell& cell : block.cells)
-        main.document.Field(cell.box.field)(cell.box.tab) = cell.text;
-    main.document.DocChanged = true;
-    main.editor->BringUp();
+    TakePageBack(main);
+    Block block = TakeApart(main.document, marked, field, rows);
+    const int perPage = main.document.setup.TabsPerPage;
+    const int pages = (block.lastTab - 1) / perPage + 1; // of a long block more than 16 bits hold
+    if (!HasRoomFor(main, static_cast<std::size_t>(pages * perPage)))
+        return;
+    const std::string question = Question(block, pages - main.document.NoOfPages);
+    if (!question.empty() && Ask(main.ui, question, Buttons::YesNo) != Answer::Yes)
+        return;
+    const TabNumbers tabs = block.tabs;
+    ChangeTabs(main, "Paste", tabs, true, [&](TabDocument& document) { Put(document, pages, std::move(block)); });
 }
 
 } // namespace velmora

@@ -2,7 +2,7 @@
 // lines comes in quotation marks.
 #pragma once
 
-#include "workspace/Undo.h"
+#include "document/TabOrder.h"
 #include "workspace/mdlMain.h"
 
 #include <string_view>
@@ -14,8 +14,10 @@ std::string_view CellText(std::string_view text);
 /// True for more than one line or column; anything else is a text for one box.
 bool IsBlock(std::string_view text);
 
-/// Line i goes into tab `from.tab` + i, its columns into the fields from `from.field` on. Tabs behind the last one,
-/// fields not in use and texts over a field's limit do not fit: that is said, with a question, before anything changes.
-void PasteBlock(MainModule& main, TabBox from, std::string_view text);
+/// Each line goes into a tab, from the first of `marked` on, its columns into the fields from `field` on; a block of
+/// all fields in use begins in the first. A single line goes into every marked tab. As one step, after a question
+/// where pages are to be added, or where fields not in use and texts over a field's limit do not fit; a document that
+/// would become too long is told, and nothing changes. No effect without a marked tab.
+void PasteBlock(MainModule& main, const TabNumbers& marked, int field, std::string_view text);
 
 } // namespace velmora

@@ -7,11 +7,18 @@
 #include "app/ui/frmOptionsPage.h"
 #include "base/Text.h"
 #include "editor/ui/frmFind.h"
+#include "editor/ui/frmGoTo.h"
 #include "editor/ui/frmGrid2a4.h"
+#include "editor/ui/frmMovePage.h"
+#include "editor/ui/frmRemoveDuplicates.h"
+#include "editor/ui/frmSort.h"
 #include "print/PrintReport.h"
 #include "print/SendSheets.h"
 #include "widgets/HelpRequest.h"
 #include "wizard/ui/OpenAutoRepWiz.h"
+#include "workspace/ArrangePages.h"
+#include "workspace/ArrangeTabs.h"
+#include "workspace/CopyTabs.h"
 #include "workspace/Globals.h"
 #include "workspace/Pages.h"
 #include "workspace/PasteBlock.h"
@@ -59,25 +66,35 @@ template <SaveKind kind> void Save(CommandContext& context) {
     SaveLabels(context.program.main, kind);
 }
 
-/// What the box in use can do itself.
-template <auto operation> void InBox(CommandContext&) {
-    if (auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
-        (box->*operation)();
+QLineEdit* BoxInUse(const CommandContext& context) {
+    return qobject_cast<QLineEdit*>(context.window.focusWidget());
 }
 
-frmGrid2a4& Grid(CommandContext& context) {
+frmGrid2a4& Grid(const CommandContext& context) {
     return *context.window.findChild<frmGrid2a4*>();
 }
 
-/// A block goes into tabs from the box in use on, anything else into the box.
+template <auto inBox, auto onTabs> void InBoxOrTabs(CommandContext& context) {
+    if (IsForTabs(context))
+        onTabs(context.program.main);
+    else if (QLineEdit* box = BoxInUse(context))
+        (box->*inBox)();
+}
+
+template <std::string (*operation)(MainModule&)> void ToClipboard(MainModule& main) {
+    if (const std::string text = operation(main); !text.empty())
+        QApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
+/// Whole tabs and a block of cells go into tabs, anything else into the box in use.
 void Paste(CommandContext& context) {
-    auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    MainModule& main = context.program.main;
+    QLineEdit* box = BoxInUse(context);
+    const int field = box ? frmGrid2a4::FieldOf(*box) : 0;
     const std::string text = QApplication::clipboard()->text().toStdString();
-    if (!box)
-        return;
-    if (const int field = frmGrid2a4::FieldOf(*box); field >= 0 && IsBlock(text))
-        PasteBlock(context.program.main, {context.program.main.document.CurrentTab, field}, text);
-    else
+    if (field >= 0 && (Grid(context).HasMarks() || IsBlock(text)))
+        PasteBlock(main, main.editor->MarkedTabs(), field, text);
+    else if (box)
         box->insert(QString::fromStdString(OneLine(CellText(text))));
 }
 
@@ -94,6 +111,10 @@ void FindNext(CommandContext& context) {
         form->FindNext();
     else
         FindForm(context).Open();
+}
+
+template <typename Form> void ShowModal(CommandContext& context) {
+    Form(context.program.main, &context.window).exec();
 }
 
 void SetUpPage(CommandContext& context) {
@@ -133,6 +154,12 @@ void ShowAbout(CommandContext& context) {
 
 } // namespace
 
+bool IsForTabs(const CommandContext& context) {
+    const frmGrid2a4& sheet = Grid(context);
+    const QLineEdit* box = BoxInUse(context);
+    return sheet.isAncestorOf(context.window.focusWidget()) && (sheet.HasMarks() || !box || !box->hasSelectedText());
+}
+
 std::span<const Menu> Menus() {
     static const Menu menus[] = {
         {"mnuFile",
@@ -160,10 +187,17 @@ std::span<const Menu> Menus() {
          {{"mnuUndo", "&Undo", "Ctrl+Z", Call<UndoChange>},
           {"mnuRedo", "&Redo", "Ctrl+Shift+Z", Call<RedoChange>},
           kSeparator,
-          {"mnuCut", "Cu&t", "Ctrl+X", InBox<&QLineEdit::cut>},
-          {"mnuCopy", "&Copy", "Ctrl+C", InBox<&QLineEdit::copy>},
+          {"mnuCut", "Cu&t", "Ctrl+X", InBoxOrTabs<&QLineEdit::cut, ToClipboard<CutTabs>>},
+          {"mnuCopy", "&Copy", "Ctrl+C", InBoxOrTabs<&QLineEdit::copy, ToClipboard<CopyTabs>>},
           {"mnuPaste", "&Paste", "Ctrl+V", Paste},
+          {"mnuDelete", "&Delete", "Del", InBoxOrTabs<&QLineEdit::del, DeleteTabs>},
           {"mnuSelectAll", "Select &All Tabs", "Ctrl+A", [](CommandContext& context) { Grid(context).MarkAllTabs(); }},
+          kSeparator,
+          {"mnuInsertTab", "&Insert Tab", "Ctrl+I", Call<InsertTabs>},
+          {"mnuRemoveTab", "Re&move Tab", "Ctrl+Shift+Del", Call<RemoveTabs>},
+          {"mnuMoveUp", "Mo&ve Up", "Ctrl+Shift+Up", Call<MoveTabsUp>},
+          {"mnuMoveDown", "Move Do&wn", "Ctrl+Shift+Down", Call<MoveTabsDown>},
+          {"mnuFillDown", "Fi&ll Down", "Ctrl+D", Call<FillDown>},
           kSeparator,
           {"mnuFind", "&Find and Replace ...", "Ctrl+F", [](CommandContext& context) { FindForm(context).Open(); }},
           {"mnuFindNext", "Find &Next", "F3", FindNext}}},
@@ -181,7 +215,15 @@ std::span<const Menu> Menus() {
           {"mnuLastPage", "&Last Page", "Ctrl+PgDown", Call<LastPage>},
           kSeparator,
           {"mnuNewPage", "Ne&w Page", "Ctrl+Shift+N", Call<AddPage>},
-          {"mnuDeletePage", "&Delete Page", "", Call<DeletePage>}}},
+          {"mnuDeletePage", "&Delete Page", "", Call<DeletePage>},
+          kSeparator,
+          {"mnuInsertPage", "&Insert Page", "", Call<InsertPage>},
+          {"mnuDuplicatePage", "D&uplicate Page", "", Call<DuplicatePage>},
+          {"mnuMovePage", "&Move Page ...", "", ShowModal<frmMovePage>},
+          kSeparator,
+          {"mnuGoTo", "&Go to Page or Tab ...", "Ctrl+G", ShowModal<frmGoTo>},
+          {"mnuSort", "&Sort ...", "", ShowModal<frmSort>},
+          {"mnuRemoveDuplicates", "&Remove Duplicates ...", "", ShowModal<frmRemoveDuplicates>}}},
         {"mnuTools",
          "&Tools",
          {{"mnuAutoRepWiz", "&AutoRepeat Wizard", "", Wizard<frmAutoRepWiz::Start::Wizard>},

@@ -16,6 +16,9 @@ struct CommandContext {
     QWidget& window;
 };
 
+/// True while the clipboard takes and gives whole tabs: in the sheet, with tabs marked or nothing selected in the box.
+bool IsForTabs(const CommandContext& context);
+
 struct MenuItem {
     const char* name;    ///< nullptr: a separator
     const char* caption; ///< with the mnemonic

@@ -155,14 +155,15 @@ void mdiVelmora::Restore(const RecoveredDocument& document) {
 void mdiVelmora::WatchEditMenu(QMenu* menu) {
     connect(menu, &QMenu::aboutToShow, this, [this] {
         const auto* box = qobject_cast<QLineEdit*>(focusWidget());
-        for (const char* name : {"mnuCut", "mnuCopy"})
-            findChild<QAction*>(name)->setEnabled(box && box->hasSelectedText());
-        findChild<QAction*>("mnuPaste")->setEnabled(box && !QApplication::clipboard()->text().isEmpty());
+        const bool forTabs = IsForTabs({program_, *this});
+        for (const char* name : {"mnuCut", "mnuCopy", "mnuDelete"})
+            findChild<QAction*>(name)->setEnabled(forTabs || (box && box->hasSelectedText()));
+        findChild<QAction*>("mnuPaste")->setEnabled((forTabs || box) && !QApplication::clipboard()->text().isEmpty());
     });
     connect(
         menu, &QMenu::aboutToHide, this,
         [this] {
-            for (const char* name : {"mnuCut", "mnuCopy", "mnuPaste"})
+            for (const char* name : {"mnuCut", "mnuCopy", "mnuPaste", "mnuDelete"})
                 findChild<QAction*>(name)->setEnabled(true);
         },
         Qt::QueuedConnection); // after the chosen command was looked up
@@ -233,6 +234,7 @@ void mdiVelmora::EnableCommands() {
     for (const char* name : {"mnuFirstPage", "mnuPreviousPage"})
         findChild<QAction*>(name)->setEnabled(document.CurrentPage > 1);
     findChild<QAction*>("mnuLastPage")->setEnabled(document.CurrentPage < document.NoOfPages);
+    findChild<QAction*>("mnuMovePage")->setEnabled(document.NoOfPages > 1);
     setWindowModified(document.DocChanged);
     ShowHistory();
     KeepSoon();

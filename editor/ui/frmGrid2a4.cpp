@@ -120,6 +120,7 @@ void frmGrid2a4::TakeDown() {
 
 void frmGrid2a4::BringUp() {
     RefreshDocumentStatus(main_);
+    marks_.KeepWithin(main_.document.TabCount);
     SetLablesOnGrid();
     ShowTexts();
     FocusTab();
@@ -340,7 +341,7 @@ TabBox frmGrid2a4::PlaceOf(const FieldBox& box) const {
 }
 
 void frmGrid2a4::GoTo(TabBox place, Marking marking) {
-    const std::int16_t page = PageOfTab(main_.document.setup, place.tab);
+    const std::int16_t page = PageOfTab(main_.document, place.tab);
     if (page != main_.document.CurrentPage)
         ShowPage(main_, page);
     if (marking == Marking::Ends)

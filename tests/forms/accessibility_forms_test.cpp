@@ -161,6 +161,11 @@ private slots:
         LookAtModal(running, "mnuMarginSetup", "frmFix3");
         LookAtModal(running, "mnuPgSetup", "frmPageSetUp");
         LookAtModal(running, "mnuOptions", "frmOptionsPage");
+        for (const auto& [command, name] : {std::pair{"mnuGoTo", "frmGoTo"},
+                                            {"mnuSort", "frmSort"},
+                                            {"mnuMovePage", "frmMovePage"},
+                                            {"mnuRemoveDuplicates", "frmRemoveDuplicates"}})
+            LookAtModal(running, command, name);
         LookAtModal(running, "mnuabout", "frmAbout");
         LookAtPrinterWizard(running);
         LookAtWizard(running);

@@ -183,9 +183,9 @@ private slots:
         running.Start(0, 2, 1);
         running.Box("TextA1(23)")->setFocus();
         QApplication::clipboard()->setText("x\t1\tgone\r\n\"y with more\nthan twenty letters\"\t2\r\nz\t3\r\n");
-        const std::string question =
-            "Texts without a tab or field to go to, which will be left out: 3\r\n"
-            "Texts over the length of their field, which will be cut: 1\r\nDo you want to paste the rest?";
+        const std::string question = "Texts without a field to go to, which will be left out: 1\r\n"
+                                     "Texts over the length of their field, which will be cut: 1\r\nDo you want to add "
+                                     "1 page and paste the rest?";
         running.test.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::No);
         running.Trigger("mnuPaste");
         QCOMPARE(running.Box("TextA1(23)")->text(), QString("a23"));
@@ -196,6 +196,7 @@ private slots:
         running.Trigger("mnuUndo");
         QCOMPARE(running.Box("TextA1(24)")->text(), QString("a24"));
         QApplication::clipboard()->setText("plain\r\n");
+        QTest::keyClick(running.window->focusWidget(), Qt::Key_Escape);
         running.Trigger("mnuPaste");
         QCOMPARE(running.program.main.document.FieldA(24), std::string("a24"));
         QCOMPARE(running.program.main.document.FieldA(23).find("plain") != std::string::npos, true);

@@ -134,9 +134,11 @@ private slots:
     }
 
     void everyFormHasItsPage() {
-        for (const char* form : {"frmAutoRepWiz3a", "frmFix3", "frmPageSetUp", "frmOptionsPage", "mdiVelmora",
-                                 "frmSelectSheet", "frmGrid2a4", "frmFind", "frmProgress", "frmAbout", "frmSettings",
-                                 "frmHelp", "frmImport", "frmFix1", "frmFix2", "frmPreview"})
+        for (const char* form :
+             {"frmAutoRepWiz3a", "frmFix3",    "frmPageSetUp", "frmOptionsPage", "mdiVelmora",
+              "frmSelectSheet",  "frmGrid2a4", "frmFind",      "frmProgress",    "frmAbout",
+              "frmSettings",     "frmHelp",    "frmImport",    "frmFix1",        "frmFix2",
+              "frmPreview",      "frmGoTo",    "frmSort",      "frmMovePage",    "frmRemoveDuplicates"})
             QVERIFY2(!Html(HelpPageOf(form)).isEmpty(), form);
         QCOMPARE(QString(HelpPageOf("frmSelectSheet").data()), QString("spreadsheets"));
     }

@@ -7,6 +7,7 @@ namespace velmora {
 
 struct FakeEditor : GridEditor {
     std::vector<TabTexts> texts; ///< in its boxes, as if typed and not taken back
+    TabNumbers marked;
     std::string calls;
 
     void TakeDown() override {
@@ -16,6 +17,8 @@ struct FakeEditor : GridEditor {
     void BringUp() override { calls += "up "; }
     std::vector<TabTexts> ShownTexts() const override { return texts; }
     void ShowText(TabBox, std::size_t, std::size_t) override { calls += "text "; }
+    TabNumbers MarkedTabs() const override { return marked; }
+    void MarkTabs(const TabNumbers& tabs) override { marked = tabs; }
 };
 
 } // namespace velmora

@@ -1,0 +1,180 @@
+// The commands that arrange tabs and pages, driven through menus, keys and dialogs.
+#include "tests/forms/DialogAnswer.h"
+#include "tests/forms/RunningProgram.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+
+namespace {
+
+using namespace velmora;
+
+class ArrangingFormsTest : public QObject {
+    Q_OBJECT
+
+    struct Step {
+        const char* command;
+        const char* name;        ///< of the undo step
+        std::vector<int> places; ///< of which field A is looked at
+        const char* texts;
+        const char* dialog = nullptr;
+        std::function<void(QDialog&)> answer = {};
+    };
+    static QString Texts(RunningProgram& running, const std::vector<int>& places) {
+        QStringList texts;
+        for (const int tab : places)
+            texts << QString::fromStdString(running.program.main.document.FieldA(tab));
+        return texts.join(' ');
+    }
+    template <typename Control> static Control& Get(const QDialog& dialog, const char* name) {
+        auto* control = dialog.findChild<Control*>(name);
+        if (!control)
+            FailAndEnd(std::string("no ") + name);
+        return *control;
+    }
+    static void Ok(QDialog& dialog) { Get<QPushButton>(dialog, "cmdOk").click(); }
+
+private slots:
+    void init() { FailOnWarnings(); }
+
+    /// Of 48 tabs "a1" to "a48" with the 26th in use.
+    void everyCommandIsOneStep() {
+        const Step steps[] = {
+            {"mnuInsertTab", "Insert Tab", {25, 26, 27, 49}, "a25  a26 a48"},
+            {"mnuRemoveTab", "Remove Tab", {25, 26, 48}, "a25 a27 "},
+            {"mnuMoveUp", "Move Up", {25, 26, 27}, "a26 a25 a27"},
+            {"mnuMoveDown", "Move Down", {25, 26, 27}, "a25 a27 a26"},
+            {"mnuFillDown", "Fill Down", {25, 26, 27}, "a25 a25 a27"},
+            {"mnuInsertPage", "Insert Page", {24, 25, 48, 49}, "a24   a25"},
+            {"mnuDuplicatePage", "Duplicate Page", {25, 49, 72}, "a25 a25 a48"},
+            {"mnuMovePage",
+             "Move Page",
+             {1, 24, 25},
+             "a25 a48 a1",
+             "frmMovePage",
+             [](QDialog& dialog) {
+                 Get<QSpinBox>(dialog, "txtPage").setValue(1);
+                 Ok(dialog);
+             }},
+            {"mnuSort",
+             "Sort",
+             {24, 25, 48},
+             "a24 a48 a25",
+             "frmSort",
+             [](QDialog& dialog) {
+                 Get<QRadioButton>(dialog, "optDescending").click();
+                 Get<QRadioButton>(dialog, "optThisPage").click();
+                 Ok(dialog);
+             }},
+            {"mnuSort",
+             "Sort",
+             {1, 2, 48},
+             "a48 a47 a1",
+             "frmSort",
+             [](QDialog& dialog) {
+                 Get<QRadioButton>(dialog, "optDescending").click();
+                 Ok(dialog);
+             }},
+            {"mnuRemoveDuplicates",
+             "Remove Duplicates",
+             {1, 2},
+             "a1 ",
+             "frmRemoveDuplicates",
+             [](QDialog& dialog) {
+                 QVERIFY(!Get<QPushButton>(dialog, "cmdOk").isEnabled());
+                 Get<QCheckBox>(dialog, "chkField1").click();
+                 QCOMPARE(Get<QLabel>(dialog, "lblResult").text(), QString("Tabs that a tab before them equals: 47"));
+                 Ok(dialog);
+             }},
+        };
+        RunningProgram running;
+        running.Start(0, 2, 2);
+        const TabDocument& document = running.program.main.document;
+        running.Trigger("mnuLastPage");
+        running.Box("TextA1(2)")->setFocus();
+        const std::array<FieldTexts, 3> start = {document.FieldA, document.FieldB, document.FieldC};
+        for (const Step& step : steps) {
+            std::optional<DialogAnswer> answer;
+            if (step.dialog)
+                answer.emplace(step.dialog, step.answer);
+            running.Trigger(step.command);
+            answer.reset();
+            QCOMPARE(Texts(running, step.places), QString(step.texts));
+            QCOMPARE(running.window->findChild<QAction*>("mnuUndo")->text(), QString("&Undo ") + step.name);
+            QCOMPARE(running.test.Stored("Settings", "No Of Pages"), std::to_string(document.NoOfPages));
+            QVERIFY(running.window->isWindowModified());
+            running.Trigger("mnuUndo");
+            QVERIFY((start == std::array<FieldTexts, 3>{document.FieldA, document.FieldB, document.FieldC}));
+            QVERIFY(!running.window->isWindowModified());
+            QCOMPARE(running.Panel(4), QString("Pg No: 2 of 2"));
+            running.Box("TextA1(2)")->setFocus();
+        }
+    }
+
+    void keysMoveATabAndTheFieldInUseStays() {
+        RunningProgram running;
+        running.Start(0, 2, 2);
+        running.Box("TextA2(24)")->setFocus();
+        QTest::keyClick(running.window->focusWidget(), Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(running.Panel(4), QString("Pg No: 2 of 2"));
+        QCOMPARE(running.window->focusWidget()->objectName(), QString("TextA2(1)"));
+        QCOMPARE(running.Box("TextA1(1)")->text(), QString("a24"));
+        QTest::keyClick(running.window->focusWidget(), Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(Texts(running, {23, 24, 25}), QString("a23 a24 a25"));
+        QTest::keyClick(running.window->focusWidget(), Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(Texts(running, {24}), QString("a23"));
+    }
+
+    void goToShowsWhereItLeads() {
+        RunningProgram running;
+        running.Start(0, 2, 3);
+        for (const auto& [typed, downs, focused, selected] :
+             {std::tuple{"3", 0, "TextA1(1) No of tabs: 49 of 72", "a49"},
+              std::tuple{"3", 1, "TextA1(3) No of tabs: 3 of 72", "a3"},
+              std::tuple{"A7", 1, "TextA1(22) No of tabs: 70 of 72", "a7"}}) {
+            {
+                const DialogAnswer answer("frmGoTo", [&](QDialog& dialog) {
+                    QVERIFY(!Get<QPushButton>(dialog, "cmdGo").isEnabled());
+                    auto& entry = Get<QLineEdit>(dialog, "txtPlace");
+                    entry.setText("zzz");
+                    QCOMPARE(Get<QLabel>(dialog, "lblResult").text(), QString("Nowhere."));
+                    entry.setText(typed);
+                    for (int i = 0; i < downs; ++i)
+                        QTest::keyClick(&entry, Qt::Key_Down);
+                    QTest::keyClick(&entry, Qt::Key_Return);
+                });
+                running.Trigger("mnuGoTo");
+            }
+            QCOMPARE(running.window->focusWidget()->objectName() + " " + running.Panel(5), QString(focused));
+            QCOMPARE(qobject_cast<QLineEdit*>(running.window->focusWidget())->selectedText(), QString(selected));
+        }
+    }
+
+    void pastingAddsPagesAfterAQuestion() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        running.Box("TextA1(24)")->setFocus();
+        QApplication::clipboard()->setText("x\r\ny\r\n");
+        running.test.ui.Expect("Add 1 page?", Icon::Question, Buttons::YesNo, Answer::Yes);
+        QTest::keyClick(running.window->focusWidget(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(Texts(running, {23, 24, 25}), QString("a23 x y"));
+        running.Trigger("mnuUndo");
+        QCOMPARE(Texts(running, {23, 24}) + running.Panel(4), QString("a23 a24Pg No: 1 of 1"));
+        QLineEdit* box = running.Box("TextA1(24)");
+        box->setFocus();
+        box->setSelection(0, 1);
+        running.Trigger("mnuDelete"); // within a text
+        QCOMPARE(Texts(running, {24}), QString("24"));
+    }
+};
+
+} // namespace
+
+FORMS_TEST_MAIN(ArrangingFormsTest)
+
+#include "arranging_forms_test.moc"

@@ -1,0 +1,66 @@
+#include "workspace/ChangeTabs.h"
+
+#include "workspace/DocumentStatus.h"
+#include "workspace/Pages.h"
+#include "workspace/Recovery.h"
+#include "workspace/TakePageBack.h"
+#include "workspace/Undo.h"
+
+#include <utility>
+
+namespace velmora {
+namespace {
+
+void ShowChangedTabs(MainModule& main, bool otherPages) {
+    if (otherPages) {
+        main.editor->TakeDown(); // what it shows belongs to no page any more
+        ShowChangedPages(main);
+        return;
+    }
+    main.document.DocChanged = true;
+    RefreshDocumentStatus(main);
+    main.editor->BringUp();
+}
+
+} // namespace
+
+TabNumbers TakeMarkedTabs(MainModule& main) {
+    TakePageBack(main);
+    return main.editor->MarkedTabs();
+}
+
+std::int32_t TabInUse(const TabDocument& document) {
+    const bool shown = document.CurrentTab > 0 && PageOfTab(document, document.CurrentTab) == document.CurrentPage;
+    return shown ? document.CurrentTab : FirstTabOf(document, document.CurrentPage);
+}
+
+bool HasRoomFor(MainModule& main, std::size_t tabs) {
+    if (tabs <= kMostTabs)
+        return true;
+    TellMostPages(main.ui, main.document.setup.TabsPerPage);
+    return false;
+}
+
+void ChangeTabs(MainModule& main, const std::string& name, const TabNumbers& marked, bool losesTexts,
+                const std::function<void(TabDocument&)>& change) {
+    if (losesTexts)
+        KeepRecoveryCopy(main);
+    TabDocument& document = main.document;
+    const std::int16_t pages = document.NoOfPages;
+    const UndoStep step(main.history, main.State(), name);
+    change(document);
+    document.CurrentTab = static_cast<std::int16_t>(marked.front());
+    document.CurrentPage = PageOfTab(document, marked.front());
+    ShowChangedTabs(main, document.NoOfPages != pages);
+    main.editor->MarkTabs(marked);
+}
+
+void Rearrange(MainModule& main, const std::string& name, TabOrder order, const TabNumbers& marked) {
+    FillLastPage(order, main.document.setup.TabsPerPage);
+    if (ChangesNothing(main.document, order) || !HasRoomFor(main, order.size()))
+        return;
+    ChangeTabs(main, name, marked, LosesTexts(main.document, order),
+               [&](TabDocument& document) { Arrange(document, order); });
+}
+
+} // namespace velmora

@@ -1,0 +1,58 @@
+#include "workspace/SortTabs.h"
+
+#include "base/Text.h"
+#include "workspace/ChangeTabs.h"
+#include "workspace/TakePageBack.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace velmora {
+namespace {
+
+enum class Rank { Filled, BlankField, Empty };
+
+struct SortedTab {
+    Rank rank;
+    std::string key;
+    std::int32_t tab;
+};
+
+SortedTab Prepared(const TabDocument& document, std::int32_t tab, int field, const NaturalOrder& letters) {
+    const std::string_view text = Trim(document.Field(field)(tab));
+    if (!text.empty())
+        return {Rank::Filled, letters.Key(text), tab};
+    return {IsEmptyTab(document, tab) ? Rank::Empty : Rank::BlankField, {}, tab};
+}
+
+std::vector<SortedTab> Sorted(std::vector<SortedTab> tabs, bool descending) {
+    std::stable_sort(tabs.begin(), tabs.end(), [descending](const SortedTab& a, const SortedTab& b) {
+        if (a.rank != b.rank)
+            return a.rank < b.rank;
+        return descending ? b.key < a.key : a.key < b.key;
+    });
+    return tabs;
+}
+
+} // namespace
+
+void SortTabs(MainModule& main, const SortRequest& request, const NaturalOrder& letters) {
+    TakePageBack(main);
+    const TabDocument& document = main.document;
+    const TabNumbers among = request.thisPage
+                                 ? TabsFrom(FirstTabOf(document, document.CurrentPage), document.setup.TabsPerPage)
+                                 : OrderOf(document);
+    std::vector<SortedTab> tabs;
+    tabs.reserve(among.size());
+    for (const std::int32_t tab : among)
+        tabs.push_back(Prepared(document, tab, request.field, letters));
+    TabOrder order = OrderOf(document);
+    auto place = order.begin() + among.front() - 1;
+    for (const SortedTab& sorted : Sorted(std::move(tabs), request.descending))
+        *place++ = sorted.tab;
+    Rearrange(main, "Sort", std::move(order), {TabInUse(document)});
+}
+
+} // namespace velmora
