@@ -5,6 +5,8 @@
 #include "document/TabDocument.h"
 
 #include <array>
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,6 +16,16 @@ namespace velmora {
 using TabTexts = std::array<std::string, 3>;
 /// Numbers of tabs, from 1, in ascending order.
 using TabNumbers = std::vector<int>;
+
+/// A part of a text, in bytes.
+struct TextSpan {
+    std::size_t at = 0;
+    std::size_t length = 0;
+    bool operator==(const TextSpan&) const = default;
+};
+
+/// Where a text of a field, 0 to 2, holds what is looked for.
+using MatchFinder = std::function<std::vector<TextSpan>(int field, const std::string& text)>;
 
 class GridEditor {
 public:
@@ -32,6 +44,9 @@ public:
     virtual TabNumbers MarkedTabs() const { return {}; }
     /// Marks these tabs alone and shows the first of them; its page was taken back before.
     virtual void MarkTabs(const TabNumbers& /*tabs*/) {}
+    /// Marks what is found in every text shown, on this page and on those that come up later, also while it is typed
+    /// in; an empty one: nothing is looked for any more.
+    virtual void HighlightMatches(const MatchFinder& /*find*/) {}
 };
 
 } // namespace velmora
