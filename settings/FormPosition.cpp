@@ -10,7 +10,6 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kSection = "Form Position";
 
 FormPosition Centred(const FormPosition& window, int screenWidth, int screenHeight) {
     return {(screenWidth - window.width) / 2, (screenHeight - window.height) / 2, window.width, window.height};
@@ -35,12 +34,12 @@ std::optional<FormPosition> Parse(std::string_view text) {
 void SaveFormPosition(SettingsStore& store, std::string_view key, const FormPosition& position) {
     const std::string text = std::to_string(position.left) + "," + std::to_string(position.top) + "," +
                              std::to_string(position.width) + "," + std::to_string(position.height);
-    SaveSetting(store, kSection, key, text);
+    SaveSetting(store, kFormPositions, key, text);
 }
 
 FormPosition RestoreFormPosition(SettingsStore& store, std::string_view key, const FormPosition& window,
                                  int screenWidth, int screenHeight) {
-    const auto stored = Parse(Read(store, {kSection, key}));
+    const auto stored = Parse(Read(store, {kFormPositions, key}));
     if (!stored || screenWidth < stored->left || screenHeight < stored->top)
         return Centred(window, screenWidth, screenHeight);
     return *stored;

@@ -16,6 +16,10 @@ struct FormPosition {
     bool operator==(const FormPosition&) const = default;
 };
 
+inline constexpr std::string_view kFormPositions = "Form Position";
+/// Behind a window's key: it filled the screen, and its position is what it goes back to.
+inline constexpr std::string_view kMaximizedKey = " Maximized";
+
 /// Stores the position under the window's key in section "Form Position".
 void SaveFormPosition(SettingsStore& store, std::string_view key, const FormPosition& position);
 

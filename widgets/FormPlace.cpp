@@ -2,14 +2,58 @@
 
 #include "settings/FormPosition.h"
 
+#include <QApplication>
+#include <QHideEvent>
 #include <QScreen>
-#include <QShowEvent>
+#include <QStyle>
+
+#include <algorithm>
+#include <limits>
 
 namespace velmora {
 namespace {
 
+constexpr int kRoomBeside = 12; ///< pixels between a window and what it makes room for
+
+/// Of the window as it is without filling the screen; its frame's corner, and its size within the frame.
 FormPosition PlaceOf(const QWidget& window) {
-    return {window.x(), window.y(), window.width(), window.height()};
+    if (!window.isMaximized())
+        return {window.x(), window.y(), window.width(), window.height()};
+    const QPoint frame = window.geometry().topLeft() - window.frameGeometry().topLeft();
+    const QRect normal = window.normalGeometry().translated(-frame);
+    return {normal.x(), normal.y(), normal.width(), normal.height()};
+}
+
+/// What the window manager will put around a window, as far as it shows on another one or the style knows it.
+QMargins FrameOf(const QWidget& window) {
+    for (const QWidget* other : QApplication::topLevelWidgets()) {
+        const QRect inner = other->geometry(), outer = other->frameGeometry();
+        if (other->isVisible() && inner != outer && !other->isMaximized())
+            return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+                    outer.bottom() - inner.bottom()};
+    }
+    const bool frames = QGuiApplication::platformName() != "offscreen";
+    return {0, frames ? window.style()->pixelMetric(QStyle::PM_TitleBarHeight) : 0, 0, 0};
+}
+
+/// `place` made as large as the screen at most, and moved onto it, its frame included.
+QRect OnScreen(const QRect& place, const QMargins& frame, const QRect& screen) {
+    QRect whole = place.translated(frame.left(), frame.top()).marginsAdded(frame);
+    whole.setSize(whole.size().boundedTo(screen.size()));
+    whole.moveRight(std::min(whole.right(), screen.right()));
+    whole.moveBottom(std::min(whole.bottom(), screen.bottom()));
+    whole.moveLeft(std::max(whole.left(), screen.left()));
+    whole.moveTop(std::max(whole.top(), screen.top()));
+    return {whole.topLeft(), whole.marginsRemoved(frame).size()};
+}
+
+QScreen* ScreenAt(const QWidget& window, const QPoint& place) {
+    QScreen* screen = QGuiApplication::screenAt(place);
+    return screen ? screen : window.screen();
+}
+
+std::string MaximizedKey(const char* key) {
+    return key + std::string(kMaximizedKey);
 }
 
 } // namespace
@@ -17,23 +61,54 @@ FormPosition PlaceOf(const QWidget& window) {
 void RestorePlace(QWidget& window, SettingsStore& settings, const char* key) {
     const QSize room = window.screen()->virtualSize();
     const FormPosition place = RestoreFormPosition(settings, key, PlaceOf(window), room.width(), room.height());
-    window.move(place.left, place.top);
-    window.resize(QSize(place.width, place.height).boundedTo(window.screen()->availableSize()));
+    const QSize size = QSize(place.width, place.height).expandedTo(window.minimumSizeHint());
+    const QRect wanted({place.left, place.top}, size);
+    const QRect shown = OnScreen(wanted, FrameOf(window), ScreenAt(window, wanted.center())->availableGeometry());
+    window.move(shown.topLeft());
+    window.resize(shown.size());
+    if (Probe(settings, {kFormPositions, MaximizedKey(key)}))
+        window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
 
 void SavePlace(const QWidget& window, SettingsStore& settings, const char* key) {
     SaveFormPosition(settings, key, PlaceOf(window));
+    const std::string maximized = MaximizedKey(key);
+    if (window.isMaximized())
+        SaveSetting(settings, kFormPositions, maximized, "True");
+    else if (Probe(settings, {kFormPositions, maximized}))
+        DeleteSetting(settings, kFormPositions, maximized);
+}
+
+QPoint PlaceBeside(const QRect& frame, const QRect& spot, const QRect& screen) {
+    const QRect kept = spot.adjusted(-kRoomBeside, -kRoomBeside, kRoomBeside, kRoomBeside);
+    QPoint best = frame.topLeft();
+    int nearest = std::numeric_limits<int>::max();
+    for (const QPoint corner :
+         {frame.topLeft(), QPoint(frame.x(), kept.bottom() + 1), QPoint(frame.x(), kept.top() - frame.height()),
+          QPoint(kept.right() + 1, frame.y()), QPoint(kept.left() - frame.width(), frame.y())}) {
+        const int distance = (corner - frame.topLeft()).manhattanLength();
+        const QRect there(corner, frame.size());
+        if (distance >= nearest || there.intersects(spot) || (distance > 0 && !screen.contains(there)))
+            continue;
+        best = corner;
+        nearest = distance;
+    }
+    return best;
 }
 
 PlacedDialog::PlacedDialog(SettingsStore& settings, const char* key, QWidget* parent)
     : QDialog(parent), settings_(settings), key_(key) {}
 
-void PlacedDialog::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
-        adjustSize(); // the layout's own size, where none is stored
-        RestorePlace(*this, settings_, key_);
-    }
-    QDialog::showEvent(event);
+/// Before it is shown: a window that is moved while it gets its frame ends where the frame should begin, or above it.
+void PlacedDialog::setVisible(bool visible) {
+    if (visible && !isVisible())
+        Place();
+    QDialog::setVisible(visible);
+}
+
+void PlacedDialog::Place() {
+    adjustSize(); // the layout's own size, where none is stored
+    RestorePlace(*this, settings_, key_);
 }
 
 void PlacedDialog::hideEvent(QHideEvent* event) {

@@ -234,12 +234,12 @@ void WizardFrame::reject() {
         QDialog::reject();
 }
 
-void WizardFrame::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
+void WizardFrame::setVisible(bool visible) {
+    if (visible && !isVisible()) {
         adjustSize();
         RestorePlace(*this, main_.settings, page_->PositionKey());
     }
-    QDialog::showEvent(event);
+    QDialog::setVisible(visible);
 }
 
 void WizardFrame::hideEvent(QHideEvent* event) {

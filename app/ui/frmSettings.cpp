@@ -103,10 +103,11 @@ void frmSettings::Show(const SettingsEntry& entry) {
     chkSet_[0]->setChecked(editor_.UsesIniFile());
 }
 
-void frmSettings::showEvent(QShowEvent* event) {
+/// Without a state there is no place.
+void frmSettings::Place() {
     if (!editor_.KeepsState())
-        return QDialog::showEvent(event); // NOLINT(bugprone-parent-virtual-call): without a state there is no place
-    PlacedDialog::showEvent(event);
+        return;
+    PlacedDialog::Place();
     SettingsEditor::Place place = {x(), y()};
     Show(editor_.LoadState(place));
     if (screen()->virtualGeometry().contains(place.left, place.top))

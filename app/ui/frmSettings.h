@@ -20,7 +20,7 @@ public:
     explicit frmSettings(MainModule& main, QWidget* parent = nullptr);
 
 protected:
-    void showEvent(QShowEvent* event) override;
+    void Place() override;
     void hideEvent(QHideEvent* event) override;
 
 private:

@@ -189,10 +189,10 @@ void frmPreview::Connect() {
     });
 }
 
-void frmPreview::showEvent(QShowEvent* event) {
-    if (!event->spontaneous())
+void frmPreview::setVisible(bool visible) {
+    if (visible && !isVisible())
         RestorePlace(*this, run_.Main().settings, kPositionKey);
-    QDialog::showEvent(event);
+    QDialog::setVisible(visible);
 }
 
 void frmPreview::hideEvent(QHideEvent* event) {

@@ -30,8 +30,9 @@ public:
     /// The text that the person wants to edit, once the window is closed.
     std::optional<TabBox> Wanted() const { return wanted_; }
 
+    void setVisible(bool visible) override;
+
 protected:
-    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
