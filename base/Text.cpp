@@ -95,6 +95,10 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
     return parts;
 }
 
+std::string Counted(std::size_t count, std::string_view one) {
+    return std::to_string(count) + " " + std::string(one) + (count == 1 ? "" : "s");
+}
+
 std::size_t CharacterCount(std::string_view utf8) {
     return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), StartsCharacter));
 }

@@ -25,6 +25,8 @@ bool EndsWithNoCase(std::string_view text, std::string_view ending);
 /// The parts between the separators; an empty text has one empty part.
 std::vector<std::string_view> Split(std::string_view text, char separator);
 
+/// "1 sheet", "3 sheets".
+std::string Counted(std::size_t count, std::string_view one);
 std::size_t CharacterCount(std::string_view utf8);
 /// The first `count` characters, or all when there are fewer.
 std::string_view LeftCharacters(std::string_view utf8, std::size_t count);

@@ -11,6 +11,10 @@ namespace velmora {
 void RestorePlace(QWidget& window, SettingsStore& settings, const char* key);
 void SavePlace(const QWidget& window, SettingsStore& settings, const char* key);
 
+/// Where a window with this frame hides nothing of `spot`: where it is, else beside it, as near as there is room on the
+/// screen; where it is when there is none.
+QPoint PlaceBeside(const QRect& frame, const QRect& spot, const QRect& screen);
+
 /// A dialog that keeps its place, under its position key in section "Form Position", as of its first showing.
 class PlacedDialog : public QDialog {
 protected:

@@ -25,12 +25,18 @@ public:
     }
     std::size_t Length() const { return find_.size(); }
 
+    std::vector<TextSpan> AllIn(const std::string& text) const {
+        std::vector<TextSpan> all;
+        for (std::size_t at = In(text, 0); at != std::string::npos; at = In(text, at + Length()))
+            all.push_back({at, Length()});
+        return all;
+    }
     std::string ReplacedIn(const std::string& text, const std::string& with) const {
         std::string replaced;
         std::size_t from = 0;
-        for (std::size_t at = In(text, 0); at != std::string::npos; at = In(text, from)) {
-            replaced.append(text, from, at - from) += with;
-            from = at + Length();
+        for (const TextSpan& match : AllIn(text)) {
+            replaced.append(text, from, match.at - from) += with;
+            from = match.at + match.length;
         }
         return replaced.append(text, from);
     }
@@ -45,14 +51,29 @@ bool IsSearched(const FindRequest& request, int field) {
 }
 
 /// A text that is too long already may stay so, but not grow.
-bool Fits(const TabDocument& document, int field, const std::string& old, const std::string& text) {
-    const std::size_t limit = std::max(document.setup.Limits.Of(field), CharacterCount(old));
-    return CharacterCount(text) <= limit;
+std::size_t MostCharacters(const TabDocument& document, int field, const std::string& old) {
+    return std::max(document.setup.Limits.Of(field), CharacterCount(old));
 }
+
+bool Fits(const TabDocument& document, int field, const std::string& old, const std::string& text) {
+    return CharacterCount(text) <= MostCharacters(document, field, old);
+}
+
+constexpr int kMostShown = 10;
 
 struct Replacements {
     std::vector<std::pair<TabBox, std::string>> texts;
-    int tooLong = 0; ///< texts left out
+    int tooLong = 0;     ///< texts left out
+    std::string preview; ///< a line for each of the first of them
+
+    void LeaveOut(const TabDocument& document, TabBox box, const std::string& text) {
+        if (++tooLong > kMostShown)
+            return;
+        const std::string_view kept =
+            LeftCharacters(text, MostCharacters(document, box.field, document.Field(box.field)(box.tab)));
+        preview += "Tab " + std::to_string(box.tab) + ", field " + static_cast<char>('A' + box.field) + ": " +
+                   std::string(kept) + "[" + text.substr(kept.size()) + "]\r\n";
+    }
 };
 
 void PlanReplacement(Replacements& plan, const TabDocument& document, const Pattern& pattern, TabBox box,
@@ -66,7 +87,7 @@ void PlanReplacement(Replacements& plan, const TabDocument& document, const Patt
     if (Fits(document, box.field, old, text))
         plan.texts.emplace_back(box, std::move(text));
     else
-        ++plan.tooLong;
+        plan.LeaveOut(document, box, text);
 }
 
 Replacements PlanReplacements(const TabDocument& document, const FindRequest& request) {
@@ -90,7 +111,24 @@ void Put(MainModule& main, const std::vector<std::pair<TabBox, std::string>>& te
     main.editor->BringUp();
 }
 
+bool AgreesToLeaveOut(UserInterface& ui, const Replacements& plan) {
+    const int more = plan.tooLong - kMostShown;
+    return plan.tooLong == 0 ||
+           Ask(ui,
+               "Texts that would become longer than their field allows, by what is in brackets, and stay as they "
+               "are: " +
+                   std::to_string(plan.tooLong) + "\r\n" + plan.preview +
+                   (more > 0 ? "and " + std::to_string(more) + " more\r\n" : "") + "Do you want to replace the others?",
+               Buttons::YesNo) == Answer::Yes;
+}
+
 } // namespace
+
+MatchFinder MatchesOf(const FindRequest& request) {
+    return [request, pattern = Pattern(request)](int field, const std::string& text) {
+        return IsSearched(request, field) ? pattern.AllIn(text) : std::vector<TextSpan>();
+    };
+}
 
 Finder::Match Finder::Start() const {
     const TabDocument& document = main_.document;
@@ -116,6 +154,21 @@ std::optional<Finder::Match> Finder::Search(const FindRequest& request, const Ma
             box = {box.tab % document.TabCount + 1, 0};
     }
     return std::nullopt;
+}
+
+MatchCount Finder::Count(const FindRequest& request) const {
+    const TabDocument& document = main_.document;
+    const MatchFinder find = MatchesOf(request);
+    const auto place = [](TabBox box, std::size_t at) { return std::tuple(box.tab, box.field, at); };
+    MatchCount count;
+    for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
+        for (int field = 0; field < document.setup.NoOfFields; ++field)
+            for (const TextSpan& match : find(field, document.Field(field)(tab))) {
+                ++count.of;
+                if (last_ && place({tab, field}, match.at) <= place(last_->box, last_->at))
+                    count.at = count.of;
+            }
+    return count;
 }
 
 FindOutcome Finder::GoTo(const std::optional<Match>& match, const Match& start) {
@@ -156,13 +209,10 @@ FindOutcome Finder::Replace(const FindRequest& request) {
 int Finder::ReplaceAll(const FindRequest& request) {
     TakePageBack(main_);
     const Replacements plan = PlanReplacements(main_.document, request);
-    if (plan.tooLong > 0 && Ask(main_.ui,
-                                "Texts that would become longer than their field allows, and stay as they are: " +
-                                    std::to_string(plan.tooLong) + "\r\nDo you want to replace the others?",
-                                Buttons::YesNo) != Answer::Yes)
+    if (!AgreesToLeaveOut(main_.ui, plan) || plan.texts.empty())
         return 0;
-    if (!plan.texts.empty())
-        Put(main_, plan.texts);
+    Put(main_, plan.texts);
+    main_.status->Tell({Counted(plan.texts.size(), "text") + " replaced", true});
     return static_cast<int>(plan.texts.size());
 }
 

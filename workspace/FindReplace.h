@@ -19,6 +19,15 @@ struct FindRequest {
 
 enum class FindOutcome { Found, FoundFromTop, NotFound, LastReplaced };
 
+/// The n-th of so many matches in the whole document.
+struct MatchCount {
+    int at = 0; ///< 0: before the first
+    int of = 0;
+};
+
+/// Where a text holds what is looked for, for the editor to mark.
+MatchFinder MatchesOf(const FindRequest& request);
+
 /// Goes through a document from match to match. Whatever else happens to the document meanwhile, a search starts at the
 /// last match as long as its tab has the focus, else at the tab that has it.
 class Finder {
@@ -27,11 +36,14 @@ public:
 
     /// Shows the page of the next match and selects it; after the last tab it goes on with the first.
     FindOutcome FindNext(const FindRequest& request);
+    /// Where among all matches the one gone to last stands.
+    MatchCount Count(const FindRequest& request) const;
     /// Replaces the match that FindNext went to, if it is still there, and goes to the next; LastReplaced without one.
     /// A text that would become longer than its field allows stays, which is said.
     FindOutcome Replace(const FindRequest& request);
     /// Replaces all matches, as one change, and gives the number of texts changed. Texts that would become longer than
-    /// their field allows stay; how many is asked about before anything changes, and a No has no effect.
+    /// their field allows stay; they are shown, with what the limit would cut, before anything changes, and a No has no
+    /// effect.
     int ReplaceAll(const FindRequest& request);
 
 private:

@@ -6,6 +6,8 @@
 #include "document/TabOrder.h"
 
 #include <array>
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,6 +15,16 @@ namespace velmora {
 
 /// Texts of fields 1 to 3 of one tab.
 using TabTexts = std::array<std::string, 3>;
+
+/// A part of a text, in bytes.
+struct TextSpan {
+    std::size_t at = 0;
+    std::size_t length = 0;
+    bool operator==(const TextSpan&) const = default;
+};
+
+/// Where a text of a field, 0 to 2, holds what is looked for.
+using MatchFinder = std::function<std::vector<TextSpan>(int field, const std::string& text)>;
 
 class GridEditor {
 public:
@@ -31,6 +43,9 @@ public:
     virtual TabNumbers MarkedTabs() const { return {}; }
     /// Marks the tabs, of whatever pages, and shows the first, whose page was taken back before; no effect without one.
     virtual void MarkTabs(const TabNumbers& /*tabs*/) {}
+    /// Marks what is found in every text shown, on this page and on those that come up later, also while it is typed
+    /// in; an empty one: nothing is looked for any more.
+    virtual void HighlightMatches(const MatchFinder& /*find*/) {}
 };
 
 } // namespace velmora

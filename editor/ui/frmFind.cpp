@@ -10,6 +10,7 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 
 #include <algorithm>
 
@@ -96,6 +97,23 @@ void frmFind::EnableButtons() {
     lblResult_->Say(" ");
     for (QPushButton* button : {cmdFindNext_, cmdReplace_, cmdReplaceAll_})
         button->setEnabled(CanFind());
+    if (isVisible())
+        ShowMatches();
+}
+
+/// The sheet marks what is looked for as long as the window is open.
+void frmFind::ShowMatches() {
+    main_.editor->HighlightMatches(CanFind() ? MatchesOf(Request()) : MatchFinder());
+}
+
+void frmFind::showEvent(QShowEvent* event) {
+    PlacedDialog::showEvent(event);
+    ShowMatches();
+}
+
+void frmFind::hideEvent(QHideEvent* event) {
+    main_.editor->HighlightMatches({});
+    PlacedDialog::hideEvent(event);
 }
 
 FindRequest frmFind::Request() const {
@@ -105,19 +123,29 @@ FindRequest frmFind::Request() const {
 }
 
 void frmFind::Show(FindOutcome outcome) {
-    switch (outcome) {
-    case FindOutcome::Found: return lblResult_->Say(" ", FoundBox());
-    case FindOutcome::FoundFromTop:
-        return lblResult_->Say(tr("Found from the first tab on."), tr("From the first tab on: %1").arg(FoundBox()));
-    case FindOutcome::NotFound: return lblResult_->Say(tr("Not found."));
-    case FindOutcome::LastReplaced: return lblResult_->Say(tr("Replaced the last one."));
-    }
+    if (outcome == FindOutcome::NotFound)
+        return lblResult_->Say(tr("Not found."));
+    if (outcome == FindOutcome::LastReplaced)
+        return lblResult_->Say(tr("Replaced the last one."));
+    const MatchCount count = finder_.Count(Request());
+    const QString text = outcome == FindOutcome::Found ? tr("%1 of %2") : tr("%1 of %2, from the first tab on");
+    const QString which = text.arg(count.at).arg(count.of);
+    lblResult_->Say(which, which + ". " + FoundBox());
+    StandAside();
 }
 
 /// Where the match is and its text: it is marked in another window than this one, which keeps the keys.
 QString frmFind::FoundBox() const {
     const auto* box = qobject_cast<QLineEdit*>(parentWidget()->focusWidget());
     return box ? box->accessibleName() + ": " + box->text() : QString();
+}
+
+/// The match can be seen, and read, where it stands.
+void frmFind::StandAside() {
+    const QWidget* match = parentWidget()->focusWidget();
+    if (match && isVisible())
+        move(
+            PlaceBeside(frameGeometry(), {match->mapToGlobal(QPoint()), match->size()}, screen()->availableGeometry()));
 }
 
 void frmFind::FindNext() {

@@ -25,6 +25,10 @@ public:
     bool CanFind() const;
     void FindNext();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
     void BuildUi();
     void ListFields();
@@ -32,6 +36,8 @@ private:
     FindRequest Request() const;
     void Show(FindOutcome outcome);
     QString FoundBox() const;
+    void ShowMatches();
+    void StandAside();
     void Replace();
     void ReplaceAll();
 

@@ -220,9 +220,9 @@ private slots:
         auto* form = running.window->findChild<frmFind*>();
         auto* entry = form->findChild<QLineEdit*>("txtFind");
         const std::pair<const char*, QString> searches[] = {
-            {"a30", "Page 2, row 2, column 3, field A: a30"},
+            {"a30", "1 of 1. Page 2, row 2, column 3, field A: a30"},
             {"zz", "Not found."},
-            {"a1", "From the first tab on: Page 1, row 1, column 1, field A: a1"}};
+            {"a1", "1 of 11, from the first tab on. Page 1, row 1, column 1, field A: a1"}};
         for (const auto& [text, answer] : searches) {
             entry->setFocus();
             entry->selectAll();

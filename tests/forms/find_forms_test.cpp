@@ -1,5 +1,6 @@
 // Find and replace, driven through its controls.
 #include "editor/ui/frmFind.h"
+#include "editor/ui/frmGrid2a4.h"
 #include "tests/forms/RunningProgram.h"
 
 #include <QCheckBox>
@@ -9,6 +10,14 @@
 namespace {
 
 using namespace velmora;
+
+/// An editor that is told what to show.
+struct SheetWithMarks : GridEditor {
+    void ShowText(TabBox place, std::size_t, std::size_t) override { shown = place; }
+    void HighlightMatches(const MatchFinder& matches) override { find = matches; }
+    TabBox shown;
+    MatchFinder find;
+};
 
 class FindFormsTest : public QObject {
     Q_OBJECT
@@ -42,6 +51,7 @@ private slots:
         find("A72");
         running.Trigger("mnuFindNext");
         QCOMPARE(focused(), QString("TextA1(24) No of tabs: 72 of 72"));
+        QCOMPARE(result(), QString("1 of 1"));
         form->findChild<QCheckBox*>("chkMatchCase")->setChecked(true);
         button("cmdFindNext")->click();
         QCOMPARE(result(), QString("Not found."));
@@ -49,14 +59,18 @@ private slots:
         form->findChild<QComboBox*>("cboField")->setCurrentIndex(2);
         form->findChild<QLineEdit*>("txtReplace")->setText("C");
         button("cmdReplace")->click();
-        QCOMPARE(result(), QString("Found from the first tab on."));
+        QCOMPARE(result(), QString("1 of 1, from the first tab on"));
         button("cmdReplace")->click();
         QCOMPARE(running.Box("TextA2(3)")->text(), QString("\u00c9t\u00e9 C"));
 
         find("b");
         form->findChild<QLineEdit*>("txtReplace")->setText(QString(21, 'x'));
-        running.test.ui.Expect("Texts that would become longer than their field allows, and stay as they are: 71\r\n"
-                               "Do you want to replace the others?",
+        std::string preview;
+        for (const int tab : {1, 2, 4, 5, 6, 7, 8, 9, 10, 11})
+            preview += "Tab " + std::to_string(tab) + ", field B: " + std::string(20, 'x') + "[x]\r\n";
+        running.test.ui.Expect("Texts that would become longer than their field allows, by what is in brackets, and "
+                               "stay as they are: 71\r\n" +
+                                   preview + "and 61 more\r\nDo you want to replace the others?",
                                Icon::Question, Buttons::YesNo, Answer::No);
         button("cmdReplaceAll")->click();
         form->findChild<QLineEdit*>("txtReplace")->setText("bb");
@@ -70,6 +84,64 @@ private slots:
         running.Trigger("mnuUndo"); // typing: its box is shown again
         QCOMPARE(running.window->focusWidget()->objectName(), QString("TextA2(3)"));
         QVERIFY(!running.window->isWindowModified());
+    }
+
+    void findCountsMarksAndGoesOnOverPages() {
+        RunningProgram running;
+        running.Start(0, 2, 3);
+        SheetWithMarks marks;
+        running.program.main.editor.Take(marks);
+        running.Trigger("mnuFind");
+        auto* form = running.window->findChild<frmFind*>();
+        form->findChild<QLineEdit*>("txtFind")->setText("A2");
+        const auto next = [&] {
+            form->FindNext();
+            return form->findChild<QLabel*>("lblResult")->text();
+        };
+        running.program.main.document.FieldB(24) = "a2 A2a2";
+        for (const auto& [tab, answer] : {std::pair{2, "1 of 14"},
+                                          {20, "2 of 14"},
+                                          {21, "3 of 14"},
+                                          {22, "4 of 14"},
+                                          {23, "5 of 14"},
+                                          {24, "6 of 14"},
+                                          {24, "7 of 14"},
+                                          {24, "8 of 14"},
+                                          {24, "9 of 14"},
+                                          {25, "10 of 14"}}) {
+            QCOMPARE(next(), QString(answer));
+            QCOMPARE(marks.shown.tab, tab);
+            running.program.main.document.CurrentTab = static_cast<std::int16_t>(tab);
+        }
+        const std::vector<TextSpan> three = {{0, 2}, {3, 2}, {5, 2}};
+        QVERIFY(marks.find(1, "a2 A2a2") == three);
+        form->findChild<QComboBox*>("cboField")->setCurrentIndex(1);
+        QVERIFY(marks.find(1, "a2").empty() && marks.find(0, "xa2").size() == 1);
+        form->close();
+        QVERIFY(!marks.find);
+        running.program.main.editor.Take(*running.window->findChild<frmGrid2a4*>());
+    }
+
+    void theWindowDoesNotHideItsMatch() {
+        const QRect screen(0, 0, 1000, 800);
+        const QRect frame(300, 300, 400, 200);
+        const auto placed = [&](const QRect& spot) { return QRect(PlaceBeside(frame, spot, screen), frame.size()); };
+        QCOMPARE(placed({0, 0, 100, 30}), frame);
+        for (const QRect spot : {QRect(350, 310, 100, 30), QRect(350, 470, 100, 30), QRect(650, 380, 100, 30),
+                                 QRect(290, 380, 30, 30), QRect(0, 500, 1000, 300), QRect(0, 0, 320, 800)}) {
+            const QRect place = placed(spot);
+            QVERIFY(!place.intersects(spot) && screen.contains(place));
+        }
+        QCOMPARE(placed(screen), frame); // nowhere to go
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        running.Trigger("mnuFind");
+        auto* form = running.window->findChild<frmFind*>();
+        const QWidget& box = *running.Box("TextA1(11)");
+        form->move(box.mapToGlobal(QPoint()));
+        form->findChild<QLineEdit*>("txtFind")->setText("a11");
+        form->FindNext();
+        QVERIFY(!form->frameGeometry().intersects({box.mapToGlobal(QPoint()), box.size()}));
     }
 };
 
