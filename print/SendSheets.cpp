@@ -2,10 +2,12 @@
 
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
+#include "base/Text.h"
 #include "print/PrintErrors.h"
 #include "print/PrintSheets.h"
 #include "report/PrepareReport.h"
 #include "workspace/Dialogs.h"
+#include "workspace/DocumentStatus.h"
 #include "workspace/TakePageBack.h"
 
 namespace velmora {
@@ -52,6 +54,10 @@ bool SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand
     TrappedPrinting(print, errand.place, [&] {
         sent = path ? SaveSheets(print.main.ui, print.catalogue, series, *path) : PrintSheets(print, series, errand);
     });
+    if (sent && path)
+        TellWritten(print.main, *path);
+    else if (sent)
+        print.main.status->Tell({Counted(series.numbers.size(), "sheet") + " sent to " + errand.printer});
     return sent;
 }
 
@@ -63,7 +69,8 @@ void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& cata
     Trapped(main.ui, kPrintReportPlace, [&] {
         rptVelmor report =
             MakeReport(layout, DocumentRequest(main.document), {main.document, main.settings, main.fonts});
-        SaveSheets(main.ui, catalogue, DocumentSheets(report, main.document, main.fonts), *path);
+        if (SaveSheets(main.ui, catalogue, DocumentSheets(report, main.document, main.fonts), *path))
+            TellWritten(main, *path);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "wizard/AppendWizardTabs.h"
 
 #include "base/Numbers.h"
+#include "base/Text.h"
 #include "workspace/Dialogs.h"
 #include "workspace/Globals.h"
 #include "workspace/Pages.h"
@@ -72,12 +73,13 @@ bool AppendWizardTabs(MainModule& main, const WizardState& wizard) {
     }
     TakePageBack(main);
     KeepRecoveryCopy(main);
-    const UndoStep step(main.history, main.State(), "AutoRepeat Wizard");
+    UndoStep step(main.history, main.State(), "AutoRepeat Wizard");
     GrowTo(document, pages);
     CopyValues(wizard, document);
     document.CurrentPage = PagesForTabs(start, document.setup.TabsPerPage);
     SaveGlobals(main);
     ShowChangedPages(main);
+    main.status->Tell({Counted(static_cast<std::size_t>(wizard.NewTabCount), "tab") + " filled", step.Commit()});
     return true;
 }
 

@@ -1,7 +1,6 @@
 // The main window as the core sees it: five status panels, what was just done, and a caption.
 #pragma once
 
-#include <cstddef>
 #include <filesystem>
 #include <string>
 
@@ -22,8 +21,6 @@ public:
     virtual ~MainWindowStatus() = default;
     /// `panel` counts from 1 to 5.
     virtual void SetPanel(int /*panel*/, const std::string& /*text*/) {}
-    /// Characters in the box in use, and the most that may be typed into it.
-    virtual void SetLength(std::size_t /*characters*/, std::size_t /*most*/) {}
     /// Stays until something else is done, so it comes last: another command, a move to another page, and typing where
     /// the button would take that back.
     virtual void Tell(const DoneMessage& /*done*/) {}

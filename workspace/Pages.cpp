@@ -114,11 +114,13 @@ void DeletePage(MainModule& main) {
     TakePageBack(main);
     KeepRecoveryCopy(main);
     const UndoStep step(main.history, main.State(), "Delete Page");
+    const std::string done = "Page " + std::to_string(document.CurrentPage) + " deleted";
     main.editor->TakeDown();
     RemovePage(document);
     // Deleting the first page leaves page 0, which the editor cannot show.
     document.CurrentPage = std::max<std::int16_t>(1, document.CurrentPage);
     ShowChangedPages(main);
+    main.status->Tell({done, true});
 }
 
 void CleanLabels(MainModule& main) {

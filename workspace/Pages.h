@@ -4,6 +4,8 @@
 
 #include "workspace/mdlMain.h"
 
+#include <cstdint>
+
 namespace velmora {
 
 /// `page` from 1 to `NoOfPages`.

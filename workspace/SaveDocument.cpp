@@ -171,7 +171,10 @@ SaveOutcome ExportTo(MainModule& main, const fs::path& path, bool replaceCommas)
         for (int field = 0; field < kFieldsPerTab; ++field)
             document.Field(field) = texts[static_cast<std::size_t>(field)];
     }
-    return document.FileError ? SaveOutcome::Failed : SaveOutcome::Saved;
+    if (document.FileError)
+        return SaveOutcome::Failed;
+    TellWritten(main, path);
+    return SaveOutcome::Saved;
 }
 
 SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
@@ -195,6 +198,7 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
     main.document.Foreign = false;
     main.history.MarkSaved();
     main.recovery.Drop();
+    main.status->Tell({"Saved: " + PathText(path)});
     return SaveOutcome::Saved;
 }
 

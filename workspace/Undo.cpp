@@ -311,16 +311,17 @@ UndoStep::~UndoStep() {
     }
 }
 
-void UndoStep::Commit() {
+bool UndoStep::Commit() {
     if (history_.open_ != this)
-        return;
+        return false;
     history_.open_ = nullptr;
     auto step = std::make_unique<UndoHistory::OperationStep>(std::move(name_), std::move(*before_), state_);
     before_.reset();
     if (!step->Changes())
-        return;
+        return false;
     history_.Record(std::move(step));
     state_.document.DocChanged = true;
+    return true;
 }
 
 } // namespace velmora

@@ -105,8 +105,8 @@ public:
     UndoStep(const UndoStep&) = delete;
     UndoStep& operator=(const UndoStep&) = delete;
 
-    /// Ends the step. One that holds a change marks the document as changed.
-    void Commit();
+    /// Ends the step. One that holds a change is recorded, which is true then, and marks the document as changed.
+    bool Commit();
 
 private:
     friend class UndoHistory;
