@@ -3,6 +3,7 @@
 // the document stays whole, every state can be had back, and no window is left behind. The seed is fixed;
 // VELMORA_WALK_STEPS and VELMORA_WALK_SEED make the walk longer or another one.
 #include "document/TabFile.h"
+#include "editor/ui/PageStrip.h"
 #include "editor/ui/frmFind.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "fuzz/AnyPerson.h"
@@ -83,8 +84,11 @@ struct Machine {
 class WalkingProgram {
 public:
     WalkingProgram(Machine& machine, Chance& chance, Trail& trail)
-        : person(chance, trail, machine.folder.Path()), settings(machine.registry, person),
-          program{{settings, person, machine.printers, machine.workbooks}, {}, machine.fonts, {}} {
+        : person(chance, trail, machine.folder.Path()),
+          settings(machine.registry, person), program{{settings, person, machine.printers, machine.workbooks},
+                                                      {},
+                                                      machine.fonts,
+                                                      {}} {
         settings.ProgramFolder = machine.folder.Path();
         Main(program, "", forms);
         window = forms.Window();
@@ -110,7 +114,7 @@ public:
 
     void Step() {
         ran_.clear();
-        switch (chance_.Below(16)) {
+        switch (chance_.Below(18)) {
         case 0: MoveInHistory(); break;
         case 1: Find(); break;
         case 2: PasteOrCut(); break;
@@ -121,6 +125,8 @@ public:
         case 7:
         case 8:
         case 9: Type(); break;
+        case 10: GoInStrip(); break;
+        case 11: PressDone(); break;
         default: Command(); break;
         }
         meddler_.Settle();
@@ -255,6 +261,27 @@ private:
         else
             meddler_.Meddle(window);
     }
+    void GoInStrip() {
+        auto* strip = running_->window->findChild<PageStrip*>();
+        if (!strip->isVisible())
+            return;
+        const QModelIndex page = strip->model()->index(chance_.Below(strip->model()->rowCount()), 0);
+        trail_.Note("\nstrip " + std::to_string(page.row() + 1));
+        if (chance_.OneIn(2)) {
+            strip->setFocus();
+            strip->setCurrentIndex(page);
+        } else {
+            strip->scrollTo(page);
+            QTest::mouseClick(strip->viewport(), Qt::LeftButton, {}, strip->visualRect(page).center());
+        }
+    }
+    /// What the status line offers after what was done; PDFs have no program here.
+    void PressDone() {
+        auto* button = running_->window->findChild<QPushButton*>("cmdDone");
+        trail_.Note("\ncmdDone " + button->text().toStdString());
+        if (button->isVisible())
+            button->click();
+    }
     void AllTheWayBack() {
         if (!chance_.OneIn(8))
             return;
@@ -322,6 +349,10 @@ private:
         for (int slot = 1; slot <= document.setup.TabsPerPage; ++slot)
             for (int field = 0; field < document.setup.NoOfFields; ++field)
                 Need(grid->Box(field, slot)->text().toStdString() == document.Field(field)(before + slot), "the boxes");
+        const auto* strip = running_->window->findChild<PageStrip*>();
+        Need(strip->model()->rowCount() == document.NoOfPages &&
+                 strip->currentIndex().row() == document.CurrentPage - 1,
+             "the strip");
         const std::array<QString, 5> panels = {
             QString::fromStdString("Stationery: " + document.setup.StationeryType),
             "Tab Type: " + Text(FindTabType(document.setup.OptType)->caption).section(" - ", 1).trimmed(),

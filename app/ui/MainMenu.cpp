@@ -5,7 +5,9 @@
 #include "app/ui/SetupForms.h"
 #include "app/ui/frmAbout.h"
 #include "app/ui/frmOptionsPage.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
+#include "editor/ui/PageStrip.h"
 #include "editor/ui/frmFind.h"
 #include "editor/ui/frmGoTo.h"
 #include "editor/ui/frmGrid2a4.h"
@@ -136,6 +138,12 @@ void SetUpPrinter(CommandContext& context) {
     ShowPrinterSetup(context.program, &context.window);
 }
 
+void TogglePageStrip(CommandContext& context) {
+    auto* strip = context.window.findChild<PageStrip*>();
+    strip->setVisible(strip->isHidden());
+    Write(context.program.main.settings, kPageStrip, FlagText(!strip->isHidden()));
+}
+
 void ShowOptions(CommandContext& context) {
     frmOptionsPage form(context.program.main, &context.window);
     form.exec();
@@ -153,6 +161,8 @@ void ShowAbout(CommandContext& context) {
 }
 
 } // namespace
+
+const SettingKey kPageStrip = {"Settings", "Page Strip", "True", IsFlag};
 
 bool IsForTabs(const CommandContext& context) {
     const frmGrid2a4& sheet = Grid(context);
@@ -206,7 +216,9 @@ std::span<const Menu> Menus() {
          {{"mnuFitSheet", "Fit &Sheet", "Ctrl+0", [](CommandContext& context) { Grid(context).SetZoom({}); }},
           {"mnuFitWidth", "Fit &Width", "", [](CommandContext& context) { Grid(context).SetZoom({GridFit::Width}); }},
           {"mnuZoomIn", "Zoom &In", "Ctrl++", [](CommandContext& context) { Grid(context).StepZoom(1); }},
-          {"mnuZoomOut", "Zoom &Out", "Ctrl+-", [](CommandContext& context) { Grid(context).StepZoom(-1); }}}},
+          {"mnuZoomOut", "Zoom &Out", "Ctrl+-", [](CommandContext& context) { Grid(context).StepZoom(-1); }},
+          kSeparator,
+          {"mnuPageStrip", "&Page Strip", "F9", TogglePageStrip}}},
         {"mnuData",
          "&Data",
          {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", Call<FirstPage>},
@@ -243,24 +255,27 @@ std::span<const Menu> Menus() {
 std::span<const ToolButton> ToolButtons() {
     static constexpr ToolButton buttons[] = {
         {"new", "mnuNew"},
-        {"open", "mnuOpen"},
-        {"save", "mnuSave"},
+        {.icon = "open", .item = "mnuOpen", .worded = true},
+        {.icon = "save", .item = "mnuSave", .worded = true},
         kGap,
         {"print-page", "mnuPrintPage"},
-        {"print", "mnuPrint"},
-        {"preview", "mnuPreview"},
+        {.icon = "print", .item = "mnuPrint", .worded = true},
+        {.icon = "preview", .item = "mnuPreview", .worded = true},
         kGap,
         {"first", "mnuFirstPage"},
         {"previous", "mnuPreviousPage"},
         {"next", "mnuNextPage"},
         {"last", "mnuLastPage"},
         kGap,
-        {"new-page", "mnuNewPage"},
+        {.icon = "new-page", .item = "mnuNewPage", .worded = true},
         {"delete-page", "mnuDeletePage"},
         {"page-setup", "tbrPageSetup", "Page Setup", "Ctrl+Shift+T", SetUpFirstPage},
         kGap,
         {"fonts", "mnuFonts"},
         {"margins", "mnuMarginSetup"},
+        kGap,
+        {"undo", "mnuUndo"},
+        {"redo", "mnuRedo"},
     };
     return buttons;
 }

@@ -39,10 +39,14 @@ struct ToolButton {
     const char* caption = nullptr;  ///< of the latter
     const char* shortcut = nullptr; ///< of the latter
     void (*command)(CommandContext& context) = nullptr; ///< of the latter
+    bool worded = false; ///< one of the most used, with its word beside it where there is room
 };
 
+/// Whether the page strip is shown; until that is chosen, where the window has room for it.
+extern const SettingKey kPageStrip;
+
 std::span<const Menu> Menus();
-/// 19 places, four of them separators.
+/// 19 places that never change, four of them separators, and what came later behind them.
 std::span<const ToolButton> ToolButtons();
 
 } // namespace velmora

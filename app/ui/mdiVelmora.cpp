@@ -1,30 +1,36 @@
 #include "app/ui/mdiVelmora.h"
 
 #include "app/Commands.h"
+#include "app/ui/CommandBar.h"
 #include "app/ui/HelpDesk.h"
 #include "app/ui/MainMenu.h"
+#include "app/ui/StatusLine.h"
+#include "base/Numbers.h"
 #include "base/Paths.h"
+#include "editor/ui/PageStrip.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "widgets/FormPlace.h"
-#include "widgets/LineIcon.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Globals.h"
+#include "workspace/Pages.h"
 #include "workspace/RecentFiles.h"
 #include "workspace/Recovery.h"
+#include "workspace/TakePageBack.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QLabel>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QStatusBar>
-#include <QToolBar>
+#include <QShortcut>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace velmora {
 
@@ -33,6 +39,8 @@ namespace {
 constexpr QSize kFirstSize(1100, 760);
 constexpr const char* kPositionKey = "mdiVelmora";
 constexpr int kKeepAfterMs = 3000;
+constexpr int kPagePanel = 4;      ///< is set anew whenever the document or the page in view is another
+constexpr int kRoomForStrip = 120; ///< the least width of a window that shows the strip unasked, in letters
 
 /// "&1 text" for the first nine entries of a menu.
 QString Numbered(const QMenu& menu, const std::string& text) {
@@ -71,13 +79,26 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { KeepLastRecoveryCopy(program_.main); });
     BuildMenus();
     BuildToolBar();
-    BuildStatusBar();
+    BuildStatusLine();
+    BuildStrip();
     grid_ = new frmGrid2a4(program_.main, program_.fontCatalogue, this);
-    setCentralWidget(grid_);
-    connect(grid_, &frmGrid2a4::Changed, this, [this] { EnableCommands(); });
+    auto* middle = new QWidget(this);
+    auto* row = new QHBoxLayout(middle);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(strip_);
+    row->addWidget(grid_, 1);
+    setCentralWidget(middle);
+    connect(grid_, &frmGrid2a4::BoxTold, status_, &StatusLine::ShowBox);
+    connect(grid_, &frmGrid2a4::Changed, this, [this] {
+        status_->ForgetUndo();
+        strip_->ShowTyping();
+        EnableCommands();
+    });
     WatchEditMenu(findChild<QMenu*>("mnuEdit"));
     resize(kFirstSize);
     RestorePlace(*this, program_.main.settings, kPositionKey);
+    ShowStrip();
     program_.main.status.Take(*this);
     program_.main.dialogs.Take(importForms_);
     // Deliberate: the stored page count starts empty with every run.
@@ -186,20 +207,23 @@ QAction* mdiVelmora::MakeAction(const MenuItem& item) {
     action->setObjectName(item.name);
     action->setShortcuts(ShortcutsLike(QKeySequence(item.shortcut)));
     action->setEnabled(item.command != nullptr);
-    connect(action, &QAction::triggered, this, [this, item] {
+    connect(action, &QAction::triggered, this, [this, item, action] {
+        const bool inStrip = strip_->hasFocus() && strip_->actions().contains(action);
         Trapped(program_.main.ui, std::string("Called from Sub: ") + item.name, [&] {
+            status_->Forget();
             CommandContext context{program_, *this};
             item.command(context);
         });
+        if (inStrip)
+            strip_->setFocus(); // the sheet takes it where its boxes are made anew
         EnableCommands();
     });
     return action;
 }
 
 void mdiVelmora::BuildToolBar() {
-    QToolBar* bar = addToolBar(tr("Commands"));
-    bar->setObjectName("Toolbar2");
-    bar->setMovable(false);
+    auto* bar = new CommandBar(this);
+    addToolBar(bar);
     for (const ToolButton& button : ToolButtons()) {
         if (!button.icon) {
             bar->addSeparator();
@@ -208,11 +232,7 @@ void mdiVelmora::BuildToolBar() {
         auto* action = findChild<QAction*>(button.item);
         if (!action)
             action = MakeAction({button.item, button.caption, button.shortcut, button.command});
-        action->setIcon(LineIcon(button.icon));
-        action->setIconVisibleInMenu(false);
-        const QString shortcut = action->shortcut().toString(QKeySequence::NativeText);
-        action->setToolTip(action->text().remove('&') + (shortcut.isEmpty() ? "" : " (" + shortcut + ")"));
-        bar->addAction(action);
+        bar->AddCommand(*action, button.icon, button.worded);
     }
 }
 
@@ -223,6 +243,7 @@ void mdiVelmora::ShowHistory() {
         auto* action = findChild<QAction*>(item);
         action->setText(enabled ? word + " " + QString::fromStdString(step) : word);
         action->setEnabled(enabled);
+        CommandBar::ShowToolTip(*action);
     };
     show("mnuUndo", tr("&Undo"), history.CanUndo(), history.UndoName());
     show("mnuRedo", tr("&Redo"), history.CanRedo(), history.RedoName());
@@ -240,20 +261,65 @@ void mdiVelmora::EnableCommands() {
     KeepSoon();
 }
 
-void mdiVelmora::BuildStatusBar() {
-    statusBar()->setObjectName("StatusBar1");
-    statusBar()->setSizeGripEnabled(false);
-    for (std::size_t i = 0; i < panels_.size(); ++i) {
-        panels_[i] = new QLabel(statusBar());
-        panels_[i]->setObjectName(QString("Panel%1").arg(i + 1));
-        panels_[i]->setMargin(4);
-        statusBar()->addWidget(panels_[i], 1);
-    }
+void mdiVelmora::BuildStatusLine() {
+    status_ = new StatusLine(this);
+    setStatusBar(status_);
+    connect(status_, &StatusLine::UndoWanted, findChild<QAction*>("mnuUndo"), &QAction::trigger);
+    connect(status_, &StatusLine::OpenWanted, this, [this](const std::filesystem::path& file) {
+        if (!program_.desktop->OpenFile(file))
+            velmora::Tell(program_.main.ui,
+                          "There is no program that opens the following file.\r\n[" + PathText(file) + "]");
+    });
+}
+
+/// The strip of pages beside the sheet.
+void mdiVelmora::BuildStrip() {
+    strip_ = new PageStrip(program_.main.document, this);
+    for (const char* item : {"mnuNewPage", "mnuDeletePage", "mnuPrintPage"})
+        strip_->addAction(findChild<QAction*>(item));
+    connect(strip_, &PageStrip::PageWanted, this, [this](int page) {
+        Trapped(program_.main.ui, "Called from Sub: PageStrip",
+                [&] { ShowPage(program_.main, static_cast<std::int16_t>(page)); });
+    });
+    connect(strip_, &PageStrip::TypingWanted, this, &mdiVelmora::FocusSheet);
+    auto* next = new QShortcut(Qt::Key_F6, this);
+    connect(next, &QShortcut::activated, this, [this] {
+        if (strip_->isVisible() && !strip_->hasFocus())
+            strip_->setFocus(Qt::ShortcutFocusReason);
+        else
+            FocusSheet();
+    });
+}
+
+/// As it was chosen, else where the window has room for it.
+void mdiVelmora::ShowStrip() {
+    const auto chosen = Probe(program_.main.settings, kPageStrip);
+    const bool shown =
+        chosen && IsFlag(*chosen) ? ToFlag(*chosen) : width() >= fontMetrics().averageCharWidth() * kRoomForStrip;
+    strip_->setVisible(shown);
+    auto* item = findChild<QAction*>("mnuPageStrip");
+    item->setCheckable(true);
+    item->setChecked(shown);
+}
+
+/// At the tab in use.
+void mdiVelmora::FocusSheet() {
+    const TabDocument& document = program_.main.document;
+    TakePageBack(program_.main);
+    program_.main.editor->ShowText({std::max<std::int32_t>(1, document.CurrentTab), 0}, 0, std::string::npos);
 }
 
 void mdiVelmora::SetPanel(int panel, const std::string& text) {
-    panels_.at(static_cast<std::size_t>(panel - 1))->setText(QString::fromStdString(text));
+    status_->SetPanel(panel, text);
+    if (panel == kPagePanel) {
+        status_->Forget();
+        strip_->Follow();
+    }
     EnableCommands();
+}
+
+void mdiVelmora::Tell(const DoneMessage& done) {
+    status_->Tell(done);
 }
 
 void mdiVelmora::SetCaption(const std::string& caption) {

@@ -8,14 +8,13 @@
 #include <QMainWindow>
 #include <QTimer>
 
-#include <array>
-
 class QAction;
-class QLabel;
 class QMenu;
 
 namespace velmora {
 
+class PageStrip;
+class StatusLine;
 class frmGrid2a4;
 struct CommandContext;
 struct MenuItem;
@@ -30,6 +29,7 @@ public:
     /// The last moment of a program that others end: keeps a recovery copy of what is typed, and the windows' places.
     void Leave();
     void SetPanel(int panel, const std::string& text) override;
+    void Tell(const DoneMessage& done) override;
     void SetCaption(const std::string& caption) override;
 
 protected:
@@ -47,14 +47,18 @@ private:
     void Restore(const RecoveredDocument& document);
     void KeepSoon();
     void BuildToolBar();
-    void BuildStatusBar();
+    void BuildStatusLine();
+    void BuildStrip();
+    void ShowStrip();
+    void FocusSheet();
     void EnableCommands();
     void ShowHistory();
 
     Program& program_;
     ImportForms importForms_{program_.main, this};
+    StatusLine* status_ = nullptr;
+    PageStrip* strip_ = nullptr;
     frmGrid2a4* grid_ = nullptr;
-    std::array<QLabel*, kStatusPanels> panels_ = {};
     QTimer keepTimer_;
     PreviewViewer viewer_{*this};
 };

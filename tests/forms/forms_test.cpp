@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QScrollBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <QUrl>
 
 #include <csignal>
@@ -124,9 +125,10 @@ private slots:
         RunningProgram running;
         running.Start(0, 1, 2);
         const auto buttons = running.window->findChild<QToolBar*>("Toolbar2")->actions();
-        QCOMPARE(buttons.size(), 19);
-        for (const int gap : {4, 8, 13, 17})
+        QCOMPARE(buttons.size(), 22);
+        for (const int gap : {4, 8, 13, 17, 20})
             QVERIFY(buttons[gap - 1]->isSeparator());
+        QCOMPARE(buttons[21 - 1]->objectName() + buttons[22 - 1]->objectName(), QString("mnuUndomnuRedo"));
         for (const QAction* button : buttons)
             QVERIFY(button->isSeparator() || !button->icon().pixmap(24).isNull());
         QVERIFY(!buttons[9 - 1]->isEnabled()); // first page, on the first page
@@ -134,6 +136,31 @@ private slots:
         QCOMPARE(running.Panel(4), QString("Pg No: 2 of 2"));
         QVERIFY(buttons[9 - 1]->isEnabled());
         QVERIFY(!buttons[12 - 1]->isEnabled());
+    }
+
+    void theToolbarsWordsComeWhereThereIsRoomAndItsIconsGrowWithTheFont() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        auto* bar = running.window->findChild<QToolBar*>("Toolbar2");
+        const auto words = [&] {
+            QStringList found;
+            for (QAction* action : bar->actions())
+                if (auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
+                    button && button->toolButtonStyle() == Qt::ToolButtonTextBesideIcon)
+                    found << button->text();
+            return found.join(' ');
+        };
+        for (const auto& [width, expected] : {std::pair{1400, "Open Save Print Preview New Page"},
+                                              {600, ""},
+                                              {1400, "Open Save Print Preview New Page"}}) {
+            running.window->resize(width, 600);
+            QTRY_COMPARE(words(), QString(expected));
+        }
+        const int before = bar->iconSize().height();
+        running.window->resize(800, 600);
+        bar->setFont(QFont(bar->font().family(), bar->font().pointSize() * 2));
+        QTRY_VERIFY(bar->iconSize().height() > before * 3 / 2);
+        QTRY_COMPARE(words(), QString());
     }
 
     void theWindowsPlaceIsKept() {

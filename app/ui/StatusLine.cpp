@@ -1,0 +1,71 @@
+#include "app/ui/StatusLine.h"
+
+#include "widgets/ElidedLabel.h"
+
+#include <QPushButton>
+
+namespace velmora {
+namespace {
+
+constexpr int kPanelMargin = 4;
+
+} // namespace
+
+StatusLine::StatusLine(QWidget* parent)
+    : QStatusBar(parent), lblBox_(new ElidedLabel), lblDone_(new ElidedLabel(Qt::ElideMiddle)),
+      cmdDone_(new QPushButton) {
+    setObjectName("StatusBar1");
+    setSizeGripEnabled(false);
+    for (std::size_t i = 0; i < panels_.size(); ++i)
+        Add(panels_[i] = new ElidedLabel, QString("Panel%1").arg(i + 1));
+    Add(lblBox_, "lblBox");
+    Add(lblDone_, "lblDone");
+    lblDone_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    lblDone_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // what the panels leave
+    addWidget(lblDone_, 1);
+    cmdDone_->setObjectName("cmdDone");
+    cmdDone_->setFocusPolicy(Qt::TabFocus); // a click leaves the box in use
+    cmdDone_->hide();
+    addWidget(cmdDone_);
+    connect(cmdDone_, &QPushButton::clicked, this, [this] {
+        if (const DoneMessage done = done_; done.undo)
+            emit UndoWanted();
+        else
+            emit OpenWanted(done.file);
+    });
+}
+
+void StatusLine::Add(ElidedLabel* label, const QString& name) {
+    label->setObjectName(name);
+    label->setMargin(kPanelMargin);
+    addWidget(label);
+}
+
+void StatusLine::SetPanel(int panel, const std::string& text) {
+    panels_.at(static_cast<std::size_t>(panel - 1))->Show(QString::fromStdString(text));
+}
+
+void StatusLine::ShowBox(const QString& text) {
+    lblBox_->Show(text);
+}
+
+void StatusLine::Tell(const DoneMessage& done) {
+    done_ = done;
+    const QString text = QString::fromStdString(done.text);
+    lblDone_->Show(text);
+    cmdDone_->setText(done.undo ? tr("&Undo") : tr("&Open"));
+    cmdDone_->setVisible(done.undo || !done.file.empty());
+    spoken_.Give(window()->focusWidget(), text);
+}
+
+void StatusLine::Forget() {
+    if (!done_.text.empty())
+        Tell({});
+}
+
+void StatusLine::ForgetUndo() {
+    if (done_.undo)
+        Forget();
+}
+
+} // namespace velmora

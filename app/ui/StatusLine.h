@@ -1,0 +1,48 @@
+// The status line of the main window: the five panels, what the box in use has to say, and what was just done with a
+// button that opens what was written or takes back what was changed.
+#pragma once
+
+#include "widgets/AnswerLabel.h"
+#include "workspace/MainWindowStatus.h"
+
+#include <QStatusBar>
+
+#include <array>
+
+class QPushButton;
+
+namespace velmora {
+
+class ElidedLabel;
+
+class StatusLine : public QStatusBar {
+    Q_OBJECT
+
+public:
+    explicit StatusLine(QWidget* parent);
+
+    void SetPanel(int panel, const std::string& text);
+    /// What the box in use has to say: how full it is, and what of its text will not be printed.
+    void ShowBox(const QString& text);
+    void Tell(const DoneMessage& done);
+    /// Something else is done.
+    void Forget();
+    /// Something was typed, which an undo would take back in place of what was told.
+    void ForgetUndo();
+
+signals:
+    void UndoWanted();
+    void OpenWanted(const std::filesystem::path& file);
+
+private:
+    void Add(ElidedLabel* label, const QString& name);
+
+    std::array<ElidedLabel*, kStatusPanels> panels_ = {};
+    ElidedLabel* lblBox_;
+    ElidedLabel* lblDone_;
+    QPushButton* cmdDone_;
+    DoneMessage done_;
+    Description spoken_;
+};
+
+} // namespace velmora

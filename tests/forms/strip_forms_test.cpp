@@ -1,0 +1,241 @@
+// What stands around the sheet: the page strip at its left, the toolbar above and the status line below.
+#include "editor/ui/PageStrip.h"
+#include "tests/forms/RunningProgram.h"
+#include "tests/support/FakePrinters.h"
+#include "widgets/Contrast.h"
+
+#include <QAbstractItemDelegate>
+#include <QAccessible>
+#include <QPaintEvent>
+#include <QPushButton>
+
+namespace {
+
+using namespace velmora;
+
+/// Passes on what a view asks its delegate, and counts.
+class CountingDelegate : public QAbstractItemDelegate {
+public:
+    explicit CountingDelegate(QAbstractItemDelegate& real) : real_(real) {}
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        ++paints;
+        real_.paint(painter, option, index);
+    }
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        ++sizes;
+        return real_.sizeHint(option, index);
+    }
+    mutable int paints = 0, sizes = 0;
+
+private:
+    QAbstractItemDelegate& real_;
+};
+
+/// What of a widget is painted anew.
+class PaintedRegion : public QObject {
+public:
+    explicit PaintedRegion(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            region += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRegion region;
+};
+
+struct FakeDesktop : Desktop {
+    bool OpenFile(const std::filesystem::path& file) override {
+        opened = file;
+        return hasProgram;
+    }
+    std::filesystem::path opened;
+    bool hasProgram = true;
+};
+
+class StripFormsTest : public QObject {
+    Q_OBJECT
+
+    static PageStrip& Strip(const RunningProgram& running) { return *running.window->findChild<PageStrip*>(); }
+    /// "2 of 3: Page 2, filled", as it is shown and as it is read out.
+    static QString InView(const RunningProgram& running) {
+        const PageStrip& strip = Strip(running);
+        const QAccessibleInterface& list = *QAccessible::queryAccessibleInterface(&Strip(running));
+        const int row = strip.currentIndex().row();
+        return QString("%1 of %2: ").arg(row + 1).arg(strip.model()->rowCount()) +
+               list.child(row)->text(QAccessible::Name);
+    }
+    static QString Done(const RunningProgram& running) {
+        const auto* button = running.window->findChild<QPushButton*>("cmdDone");
+        return running.window->findChild<QLabel*>("lblDone")->text() +
+               (button->isVisible() ? " [" + button->text() + "]" : QString());
+    }
+    static void ClickDone(const RunningProgram& running) {
+        running.window->findChild<QPushButton*>("cmdDone")->click();
+    }
+
+private slots:
+    void init() { FailOnWarnings(); }
+
+    void theStripFollowsTheDocument() {
+        RunningProgram running;
+        running.Start(0, 1, 2);
+        QCOMPARE(InView(running), QString("1 of 2: Page 1, filled"));
+        running.Trigger("mnuNewPage");
+        QCOMPARE(InView(running), QString("3 of 3: Page 3, empty"));
+        QTest::keyClicks(running.Box("TextA1(2)"), "x");
+        QCOMPARE(InView(running), QString("3 of 3: Page 3, partly filled"));
+        running.Trigger("mnuPreviousPage");
+        running.test.ui.Expect("Do you want to delete the current page?", Icon::Question, Buttons::YesNo, Answer::Yes,
+                               Answer::No);
+        running.Trigger("mnuDeletePage");
+        QCOMPARE(InView(running), QString("1 of 2: Page 1, filled"));
+        running.Trigger("mnuUndo");
+        QCOMPARE(InView(running), QString("2 of 3: Page 2, filled"));
+    }
+
+    void keysInTheStripStayThereAndAClickLeavesTheBoxInUse() {
+        RunningProgram running;
+        running.Start(0, 1, 4);
+        PageStrip& strip = Strip(running);
+        running.Box("TextA1(5)")->setFocus();
+        QTest::keyClicks(running.Box("TextA1(5)"), "typed");
+        QTest::keyClick(running.window, Qt::Key_F6);
+        const std::pair<Qt::Key, const char*> moves[] = {{Qt::Key_Down, "Pg No: 2 of 4"},
+                                                         {Qt::Key_End, "Pg No: 4 of 4"},
+                                                         {Qt::Key_Up, "Pg No: 3 of 4"},
+                                                         {Qt::Key_PageUp, "Pg No: 2 of 4"},
+                                                         {Qt::Key_Home, "Pg No: 1 of 4"}};
+        for (const auto& [key, page] : moves) {
+            QTest::keyClick(running.window->focusWidget(), key);
+            QCOMPARE(running.Panel(4), QString(page));
+            QVERIFY(strip.hasFocus());
+        }
+        QCOMPARE(running.program.main.document.FieldA(5), std::string("typeda5"));
+        running.test.ui.Expect("Do you want to delete the current page?", Icon::Question, Buttons::YesNo, Answer::Yes,
+                               Answer::No);
+        running.Trigger("mnuDeletePage");
+        QVERIFY(strip.hasFocus());
+        QTest::keyClick(&strip, Qt::Key_Down);
+        QTest::keyClick(&strip, Qt::Key_Return);
+        QCOMPARE(running.window->focusWidget()->objectName() + " " + running.Panel(5),
+                 QString("TextA1(1) No of tabs: 25 of 72"));
+        running.Box("TextA1(3)")->setFocus();
+        QTest::mouseClick(strip.viewport(), Qt::LeftButton, {}, strip.visualRect(strip.model()->index(2, 0)).center());
+        QCOMPARE(running.Panel(4), QString("Pg No: 3 of 3"));
+        QCOMPARE(running.window->focusWidget()->objectName(), QString("TextA1(3)"));
+    }
+
+    void whatIsNotSeenIsNotDrawn() {
+        RunningProgram running;
+        running.Start(5, 1, 1);
+        PageStrip& strip = Strip(running);
+        CountingDelegate counting(*strip.itemDelegate());
+        strip.setItemDelegate(&counting);
+        running.program.main.document.DocFileName.clear(); // which it does not ask about
+        running.test.ui.ExpectChooser("Open", running.test.folder / "large.csv");
+        std::string text = "Version 8\r\nP,DL_v,5,1\r\n0,0\r\nArial,10,False,False,False,0,1\r\n"
+                           "Arial,10,False,False,False,2,1\r\nArial,10,False,False,False,1,1\r\n";
+        for (int tab = 1; tab <= 32760; ++tab)
+            text += "a" + std::to_string(tab) + "\r\n";
+        ReplaceFile(running.test.folder / "large.csv", text);
+        running.Trigger("mnuOpen");
+        QTRY_VERIFY(counting.paints > 0);
+        QCOMPARE(strip.model()->rowCount(), 2730);
+        QVERIFY2(counting.paints + counting.sizes < 100,
+                 qPrintable(QString("%1 painted, %2 measured").arg(counting.paints).arg(counting.sizes)));
+        QCoreApplication::processEvents();
+        const PaintedRegion painted(*strip.viewport());
+        running.Box("TextA1(1)")->clear();
+        QTest::keyClicks(running.Box("TextA1(1)"), "x");
+        QTRY_VERIFY(!painted.region.isEmpty());
+        QVERIFY((painted.region - strip.visualRect(strip.currentIndex())).isEmpty());
+    }
+
+    void whetherTheStripIsShownIsRemembered() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        QVERIFY(Strip(running).isVisible());
+        running.Trigger("mnuPageStrip");
+        QVERIFY(!Strip(running).isVisible());
+        QCOMPARE(running.test.Stored("Settings", "Page Strip"), std::string("False"));
+        for (const auto& [stored, shown] : {std::pair{"False", false}, {"True", true}, {"?", false}}) {
+            RunningProgram next;
+            next.test.Store("Settings", "Page Strip", stored);
+            next.test.Store("Form Position", "mdiVelmora", "0,0,400,300");
+            next.Start(0, 1, 1);
+            QCOMPARE(Strip(next).isVisible(), shown);
+            QCOMPARE(next.window->findChild<QAction*>("mnuPageStrip")->isChecked(), shown);
+        }
+    }
+
+    void marksAreSeenOnEveryGround() {
+        for (const char* ground : {"#ffffff", "#efefef", "#323232", "#000000", "#308cc6"})
+            for (const char* wanted : {"#308cc6", "#12608a", "#2a82da", "#ffff00"}) {
+                const QColor text = Contrast(ground, Qt::black) > Contrast(ground, Qt::white) ? Qt::black : Qt::white;
+                QVERIFY2(Contrast(SeenOn({ground}, wanted, text), ground) >= 3, ground);
+            }
+        QCOMPARE(SeenOn({Qt::white}, "#12608a", Qt::black), QColor("#12608a"));
+        QCOMPARE(std::lround(Contrast(Qt::white, Qt::black)), 21L);
+    }
+
+    void theStatusLineSaysWhatWasDoneAndOffersWhatFollows() {
+        FakePrinters printers;
+        RunningProgram running(&printers);
+        FakeDesktop desktop;
+        running.program.desktop.Take(desktop);
+        running.Start(0, 1, 2);
+        running.program.main.globals.PrinterName = "Office";
+        running.Trigger("mnuPrint");
+        QCOMPARE(Done(running), QString("2 sheets sent to Office"));
+        QCOMPARE(running.window->focusWidget()->accessibleDescription(), QString("2 sheets sent to Office"));
+        const auto pdf = running.test.folder / "out.pdf";
+        running.test.ui.ExpectChooser("Save as PDF", pdf);
+        running.Trigger("mnuSavePdf");
+        QCOMPARE(Done(running), QString::fromStdString("Written: " + pdf.string() + " [&Open]"));
+        QTest::keyClicks(running.Box("TextA1(1)"), "x");
+        for (const bool hasProgram : {true, false}) {
+            if (desktop.hasProgram = hasProgram; !hasProgram)
+                running.test.ui.Expect("There is no program that opens the following file.\r\n[" + pdf.string() + "]",
+                                       Icon::Information);
+            ClickDone(running);
+        }
+        QCOMPARE(desktop.opened, pdf);
+        const auto deletePage = [&] {
+            running.test.ui.Expect("Do you want to delete the current page?", Icon::Question, Buttons::YesNo,
+                                   Answer::Yes, Answer::No);
+            running.Trigger("mnuDeletePage");
+            return Done(running);
+        };
+        QCOMPARE(deletePage(), QString("Page 1 deleted [&Undo]"));
+        ClickDone(running);
+        QCOMPARE(Done(running), QString());
+        QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2"));
+        deletePage();
+        QTest::keyClicks(running.Box("TextA1(1)"), "x"); // which an undo would take back
+        QCOMPARE(Done(running), QString());
+        running.test.ui.Expect("File saved successfully", Icon::Information);
+        running.Trigger("mnuSave");
+        QCOMPARE(Done(running), QString::fromStdString("Saved: " + (running.test.folder / "in.csv").string()));
+        running.program.desktop.Leave();
+    }
+
+    void theStatusLineTellsAllWhereItIsCut() {
+        RunningProgram running;
+        running.Start(0, 2, 1);
+        const auto* panel = running.window->findChild<QLabel*>("Panel2");
+        QTRY_COMPARE(panel->toolTip(), QString());
+        running.window->resize(300, 300);
+        QTRY_COMPARE(panel->toolTip(), QString("Tab Type: 8 rows, 3  Columns"));
+        const auto* length = running.window->findChild<QLabel*>("lblLength");
+        running.Box("TextA1(12)")->setFocus();
+        QCOMPARE(length->text(), QString("Length: 3 of 20"));
+        QTest::keyClicks(running.Box("TextA1(12)"), "four");
+        QCOMPARE(length->text(), QString("Length: 7 of 20"));
+    }
+};
+
+} // namespace
+
+FORMS_TEST_MAIN(StripFormsTest)
+
+#include "strip_forms_test.moc"
