@@ -9,14 +9,18 @@ namespace velmora {
 
 class ElidedLabel : public QLabel {
 public:
-    explicit ElidedLabel(Qt::TextElideMode mode = Qt::ElideRight) : mode_(mode) { setTextFormat(Qt::PlainText); }
+    /// `givesWay`: before labels beside it that do not.
+    explicit ElidedLabel(bool givesWay, Qt::TextElideMode mode = Qt::ElideRight) : givesWay_(givesWay), mode_(mode) {
+        setTextFormat(Qt::PlainText);
+    }
 
     void Show(const QString& text) {
         setText(text);
         ShowToolTip();
     }
     QSize minimumSizeHint() const override {
-        return {fontMetrics().averageCharWidth() * kLeastCharacters + 2 * margin(), QLabel::minimumSizeHint().height()};
+        const int least = fontMetrics().averageCharWidth() * kLeastCharacters + 2 * margin();
+        return {givesWay_ ? least : sizeHint().width(), QLabel::minimumSizeHint().height()};
     }
 
 protected:
@@ -36,6 +40,7 @@ private:
     QString Elided() const { return fontMetrics().elidedText(text(), mode_, Room().width()); }
     void ShowToolTip() { setToolTip(Elided() == text() ? QString() : text()); }
 
+    bool givesWay_;
     Qt::TextElideMode mode_;
 };
 

@@ -4,20 +4,24 @@
 
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
 constexpr int kPanelMargin = 4;
+constexpr std::size_t kAboutTheSheet = 3; ///< the first panels, which are not read while one types
+constexpr double kShareOfDone = 0.4;      ///< of the line, that what was done takes from these
 
 } // namespace
 
 StatusLine::StatusLine(QWidget* parent)
-    : QStatusBar(parent), lblBox_(new ElidedLabel), lblDone_(new ElidedLabel(Qt::ElideMiddle)),
+    : QStatusBar(parent), lblBox_(new ElidedLabel(false)), lblDone_(new ElidedLabel(true, Qt::ElideMiddle)),
       cmdDone_(new QPushButton) {
     setObjectName("StatusBar1");
     setSizeGripEnabled(false);
     for (std::size_t i = 0; i < panels_.size(); ++i)
-        Add(panels_[i] = new ElidedLabel, QString("Panel%1").arg(i + 1));
+        Add(panels_[i] = new ElidedLabel(i < kAboutTheSheet), QString("Panel%1").arg(i + 1));
     Add(lblBox_, "lblBox");
     Add(lblDone_, "lblDone");
     lblDone_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -25,6 +29,9 @@ StatusLine::StatusLine(QWidget* parent)
     addWidget(lblDone_, 1);
     cmdDone_->setObjectName("cmdDone");
     cmdDone_->setFocusPolicy(Qt::TabFocus); // a click leaves the box in use
+    QSizePolicy place = cmdDone_->sizePolicy();
+    place.setRetainSizeWhenHidden(true); // the sheet above stays as it is
+    cmdDone_->setSizePolicy(place);
     cmdDone_->hide();
     addWidget(cmdDone_);
     connect(cmdDone_, &QPushButton::clicked, this, [this] {
@@ -53,6 +60,7 @@ void StatusLine::Tell(const DoneMessage& done) {
     done_ = done;
     const QString text = QString::fromStdString(done.text);
     lblDone_->Show(text);
+    lblDone_->setMinimumWidth(std::min(lblDone_->sizeHint().width(), static_cast<int>(width() * kShareOfDone)));
     cmdDone_->setText(done.undo ? tr("&Undo") : tr("&Open"));
     cmdDone_->setVisible(done.undo || !done.file.empty());
     spoken_.Give(window()->focusWidget(), text);

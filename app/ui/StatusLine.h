@@ -29,6 +29,8 @@ public:
     void Forget();
     /// Something was typed, which an undo would take back in place of what was told.
     void ForgetUndo();
+    /// Its texts give way before the window does.
+    QSize minimumSizeHint() const override { return {0, QStatusBar::minimumSizeHint().height()}; }
 
 signals:
     void UndoWanted();

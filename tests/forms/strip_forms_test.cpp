@@ -226,6 +226,14 @@ private slots:
         QTRY_COMPARE(panel->toolTip(), QString());
         running.window->resize(300, 300);
         QTRY_COMPARE(panel->toolTip(), QString("Tab Type: 8 rows, 3  Columns"));
+        running.window->resize(700, 300);
+        running.Trigger("mnuNewPage");
+        running.program.main.status->Tell({std::string(200, 'x'), true});
+        const auto width = [&](const char* name) { return running.window->findChild<QWidget*>(name)->width(); };
+        QTRY_VERIFY(width("lblDone") >= running.window->width() / 3);
+        QCOMPARE(running.window->width(), 700);
+        QCOMPARE(width("Panel4"), running.window->findChild<QLabel*>("Panel4")->sizeHint().width());
+        running.Trigger("mnuFirstPage");
         const auto* length = running.window->findChild<QLabel*>("lblLength");
         running.Box("TextA1(12)")->setFocus();
         QCOMPARE(length->text(), QString("Length: 3 of 20"));
