@@ -26,6 +26,7 @@ constexpr QColor kInk(0, 0, 0);
 constexpr QColor kPaperEdge(0xa0, 0xa0, 0xa0);
 constexpr QColor kHairline(0xc4, 0xc4, 0xc4);
 constexpr QColor kLetter(0xa0, 0xa0, 0xa0);
+constexpr QColor kFound(0xff, 0xe5, 0x7a);
 constexpr QColor kAmber(0xc0, 0x6c, 0x00);
 
 } // namespace
@@ -57,6 +58,11 @@ void GridSheet::SetScale(double pixelsPerTwip) {
 void GridSheet::SetCurrent(int slot, int field) {
     slot_ = slot;
     field_ = field;
+    update();
+}
+
+void GridSheet::SetMatches(const MatchFinder& find) {
+    find_ = find;
     update();
 }
 
@@ -146,6 +152,7 @@ void GridSheet::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintPaper(painter);
     PaintTabs(painter, event->rect());
+    PaintMatches(painter, event->rect());
     cut_.clear();
     try {
         PaintTexts(painter, event->rect());
@@ -179,6 +186,18 @@ void GridSheet::PaintTabs(QPainter& painter, const QRect& dirty) const {
         const int slot = static_cast<int>(index) + 1;
         if (slot == slot_ || marks_.Has(TabOf(slot)))
             painter.drawRect(BoxRect(cells_[index].outline));
+    }
+}
+
+/// The ground of each text that holds what is looked for.
+void GridSheet::PaintMatches(QPainter& painter, const QRect& dirty) const {
+    for (std::size_t index = 0; find_ && index < cells_.size(); ++index) {
+        for (const PlacedText& field : fields_) {
+            const std::string* text = TextOf(static_cast<int>(index) + 1, field.field);
+            const QRect box = BoxRect(cells_[index].boxes[static_cast<std::size_t>(field.field)]);
+            if (text && box.intersects(dirty) && !find_(field.field, *text).empty())
+                painter.fillRect(box.adjusted(1, 1, -1, -1), kFound);
+        }
     }
 }
 

@@ -27,6 +27,8 @@ public:
     double PixelsPerTwip() const { return pixelsPerTwip_; }
     /// Where a person types: slot from 1 (0: nowhere), field 0 to 2.
     void SetCurrent(int slot, int field);
+    /// What is looked for; an empty one: nothing.
+    void SetMatches(const MatchFinder& find);
 
     QRect GridTwips() const;
     /// Pixels around the grid: ground and paper margin.
@@ -52,6 +54,7 @@ private:
     void UsePaperColours();
     void PaintPaper(QPainter& painter) const;
     void PaintTabs(QPainter& painter, const QRect& dirty) const;
+    void PaintMatches(QPainter& painter, const QRect& dirty) const;
     void PaintTexts(QPainter& painter, const QRect& dirty);
     void PaintText(QPainter& painter, PainterCanvas& canvas, int slot, const PlacedText& field);
     void PaintEdges(QPainter& painter) const;
@@ -66,6 +69,7 @@ private:
     mutable std::optional<SheetPainter> painter_; ///< shapes; nullopt before the first page
     PainterFonts painterFonts_;
     std::vector<QRect> cut_; ///< boxes painted last whose texts lose something
+    MatchFinder find_;
     double pixelsPerTwip_ = 0;
     int slot_ = 0;
     int field_ = 0;

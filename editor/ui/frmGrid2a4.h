@@ -31,6 +31,7 @@ public:
     void ShowText(TabBox place, std::size_t at, std::size_t length) override;
     TabNumbers MarkedTabs() const override;
     void MarkTabs(const TabNumbers& tabs) override;
+    void HighlightMatches(const MatchFinder& find) override { sheet_->SetMatches(find); }
 
     /// The box of field 0 to 2 in a slot from 1, or nullptr.
     QLineEdit* Box(int field, int slot) const;

@@ -120,6 +120,13 @@ private slots:
         form->close();
         QVERIFY(!marks.find);
         running.program.main.editor.Take(*running.window->findChild<frmGrid2a4*>());
+        const auto isMarked = [&](const char* name) {
+            const QLineEdit& box = *running.Box(name);
+            return box.parentWidget()->grab(box.geometry()).toImage().pixelColor(box.rect().center()) != Qt::white;
+        };
+        QVERIFY(!isMarked("TextA1(20)"));
+        form->show();
+        QVERIFY(isMarked("TextA1(20)") && !isMarked("TextA1(19)"));
     }
 
     void theWindowDoesNotHideItsMatch() {
