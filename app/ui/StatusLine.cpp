@@ -62,6 +62,7 @@ void StatusLine::Tell(const DoneMessage& done) {
     lblDone_->Show(text);
     lblDone_->setMinimumWidth(std::min(lblDone_->sizeHint().width(), static_cast<int>(width() * kShareOfDone)));
     cmdDone_->setText(done.undo ? tr("&Undo") : tr("&Open"));
+    cmdDone_->setAccessibleName(cmdDone_->text().remove('&') + ": " + text);
     cmdDone_->setVisible(done.undo || !done.file.empty());
     spoken_.Give(window()->focusWidget(), text);
 }

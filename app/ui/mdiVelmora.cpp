@@ -282,12 +282,12 @@ void mdiVelmora::BuildStrip() {
                 [&] { ShowPage(program_.main, static_cast<std::int16_t>(page)); });
     });
     connect(strip_, &PageStrip::TypingWanted, this, &mdiVelmora::FocusSheet);
-    auto* next = new QShortcut(Qt::Key_F6, this);
-    connect(next, &QShortcut::activated, this, [this] {
-        if (strip_->isVisible() && !strip_->hasFocus())
-            strip_->setFocus(Qt::ShortcutFocusReason);
-        else
+    // Tab stays in the sheet.
+    connect(new QShortcut(Qt::Key_F6, strip_), &QShortcut::activated, this, [this] {
+        if (strip_->hasFocus())
             FocusSheet();
+        else
+            strip_->setFocus(Qt::ShortcutFocusReason);
     });
 }
 

@@ -153,6 +153,7 @@ private slots:
         RunningProgram running(&printers_);
         Start(running, 2);
         running.program.main.document.FieldA(30) = std::string(200, 'x'); // something to say before printing
+        running.program.main.status->Tell({"Done", true});
         Look(*running.window);
         running.Trigger("mnuFind");
         LookAndClose(*running.window->findChild<frmFind*>());

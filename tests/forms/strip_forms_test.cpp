@@ -124,6 +124,20 @@ private slots:
         QCOMPARE(running.window->focusWidget()->objectName(), QString("TextA1(3)"));
     }
 
+    void theSmallSheetsTakeTheShapeOfAnotherTabType() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        const PageStrip& strip = Strip(running);
+        const auto height = [&] { return strip.visualRect(strip.currentIndex()).height(); };
+        const int before = height();
+        ReplaceFile(running.test.folder / "dl.csv", "Version 8\r\nP,DL_v,5,1\r\n0,0\r\nA\r\nB\r\nC\r\none\r\n");
+        running.program.main.document.DocFileName.clear(); // which it does not ask about
+        running.test.ui.ExpectChooser("Open", running.test.folder / "dl.csv");
+        running.Trigger("mnuOpen");
+        QTRY_COMPARE(height(), strip.sizeHintForRow(0));
+        QVERIFY(height() < before);
+    }
+
     void whatIsNotSeenIsNotDrawn() {
         RunningProgram running;
         running.Start(5, 1, 1);
