@@ -275,7 +275,8 @@ void mdiVelmora::BuildStatusLine() {
 /// The strip of pages beside the sheet.
 void mdiVelmora::BuildStrip() {
     strip_ = new PageStrip(program_.main.document, this);
-    for (const char* item : {"mnuNewPage", "mnuDeletePage", "mnuPrintPage"})
+    for (const char* item :
+         {"mnuInsertPage", "mnuDuplicatePage", "mnuMovePage", "mnuNewPage", "mnuDeletePage", "mnuPrintPage"})
         strip_->addAction(findChild<QAction*>(item));
     connect(strip_, &PageStrip::PageWanted, this, [this](int page) {
         Trapped(program_.main.ui, "Called from Sub: PageStrip",
