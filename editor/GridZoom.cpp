@@ -16,7 +16,7 @@ constexpr double kLeastFitted = 0.75;
 constexpr const char* kFitSheet = "Sheet";
 constexpr const char* kFitWidth = "Width";
 
-const SettingKey kZoom = {"Settings", "Editor Zoom", kFitSheet, IsAnyText};
+const SettingKey kZoom = {"Settings", "Editor Zoom", "Sheet", IsAnyText};
 
 } // namespace
 

@@ -15,8 +15,8 @@ auto StartOf(TabOrder& order, const TabDocument& document, std::int16_t page) {
 }
 
 /// Ends with `page` in view, its first tab in use.
-void RearrangePages(MainModule& main, const char* name, TabOrder order, std::int16_t page) {
-    Rearrange(main, name, std::move(order), {FirstTabOf(main.document, page)});
+void RearrangePages(MainModule& main, const TabChange& what, TabOrder order, std::int16_t page) {
+    Rearrange(main, what, std::move(order), {FirstTabOf(main.document, page)});
 }
 
 } // namespace
@@ -27,7 +27,8 @@ void InsertPage(MainModule& main) {
     TabOrder order = OrderOf(document);
     order.insert(StartOf(order, document, document.CurrentPage), static_cast<std::size_t>(document.setup.TabsPerPage),
                  0);
-    RearrangePages(main, "Insert Page", std::move(order), document.CurrentPage);
+    RearrangePages(main, {"Insert Page", "Page " + std::to_string(document.CurrentPage) + " inserted"},
+                   std::move(order), document.CurrentPage);
 }
 
 void DuplicatePage(MainModule& main) {
@@ -36,7 +37,8 @@ void DuplicatePage(MainModule& main) {
     const TabNumbers page = TabsFrom(FirstTabOf(document, document.CurrentPage), document.setup.TabsPerPage);
     TabOrder order = OrderOf(document);
     order.insert(order.begin() + page.back(), page.begin(), page.end());
-    RearrangePages(main, "Duplicate Page", std::move(order), static_cast<std::int16_t>(document.CurrentPage + 1));
+    RearrangePages(main, {"Duplicate Page", "Page " + std::to_string(document.CurrentPage) + " duplicated"},
+                   std::move(order), static_cast<std::int16_t>(document.CurrentPage + 1));
 }
 
 void MovePage(MainModule& main, std::int16_t to) {
@@ -50,7 +52,8 @@ void MovePage(MainModule& main, std::int16_t to) {
         std::rotate(target, page, behind);
     else
         std::rotate(page, behind, target + document.setup.TabsPerPage);
-    RearrangePages(main, "Move Page", std::move(order), to);
+    RearrangePages(main, {"Move Page", "Page " + std::to_string(document.CurrentPage) + " moved"}, std::move(order),
+                   to);
 }
 
 } // namespace velmora

@@ -25,7 +25,7 @@ void MoveTabs(MainModule& main, const char* name, TabNumbers marked, std::int32_
         tab += distance;
     }
     std::sort(marked.begin(), marked.end());
-    Rearrange(main, name, std::move(order), marked);
+    Rearrange(main, ChangeOf(marked.size(), name, "moved"), std::move(order), marked);
 }
 
 void CopyTexts(TabDocument& document, std::int32_t from, const TabNumbers& to) {
@@ -45,7 +45,8 @@ void InsertTabs(MainModule& main) {
     TabOrder order = OrderOf(main.document);
     order.insert(order.begin() + marked.front() - 1, marked.size(), 0);
     DropBareEnd(main.document, order);
-    Rearrange(main, "Insert Tab", std::move(order), TabsFrom(marked.front(), static_cast<std::int32_t>(marked.size())));
+    Rearrange(main, ChangeOf(marked.size(), "Insert Tab", "inserted"), std::move(order),
+              TabsFrom(marked.front(), static_cast<std::int32_t>(marked.size())));
 }
 
 void RemoveTabs(MainModule& main) {
@@ -56,7 +57,7 @@ void RemoveTabs(MainModule& main) {
     const TabOrder all = OrderOf(main.document);
     std::set_difference(all.begin(), all.end(), marked.begin(), marked.end(), std::back_inserter(order));
     order.resize(all.size());
-    Rearrange(main, "Remove Tab", std::move(order), {marked.front()});
+    Rearrange(main, ChangeOf(marked.size(), "Remove Tab", "removed"), std::move(order), {marked.front()});
 }
 
 void MoveTabsUp(MainModule& main) {
@@ -74,7 +75,8 @@ void FillDown(MainModule& main) {
     if (marked.empty() || marked.back() == 1)
         return;
     const std::int32_t from = marked.size() > 1 ? marked.front() : marked.front() - 1;
-    ChangeTabs(main, "Fill Down", marked, true, [&](TabDocument& document) { CopyTexts(document, from, marked); });
+    ChangeTabs(main, ChangeOf(marked.size(), "Fill Down", "filled"), marked, true,
+               [&](TabDocument& document) { CopyTexts(document, from, marked); });
 }
 
 } // namespace velmora

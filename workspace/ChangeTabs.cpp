@@ -1,5 +1,6 @@
 #include "workspace/ChangeTabs.h"
 
+#include "base/Text.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Pages.h"
 #include "workspace/Recovery.h"
@@ -41,25 +42,30 @@ bool HasRoomFor(MainModule& main, std::size_t tabs) {
     return false;
 }
 
-void ChangeTabs(MainModule& main, const std::string& name, const TabNumbers& marked, bool losesTexts,
+TabChange ChangeOf(std::size_t tabs, const char* name, const char* done) {
+    return {name, Counted(tabs, "tab") + " " + done};
+}
+
+void ChangeTabs(MainModule& main, const TabChange& what, const TabNumbers& marked, bool losesTexts,
                 const std::function<void(TabDocument&)>& change) {
     if (losesTexts)
         KeepRecoveryCopy(main);
     TabDocument& document = main.document;
     const std::int16_t pages = document.NoOfPages;
-    const UndoStep step(main.history, main.State(), name);
+    UndoStep step(main.history, main.State(), what.name);
     change(document);
     document.CurrentTab = static_cast<std::int16_t>(marked.front());
     document.CurrentPage = PageOfTab(document, marked.front());
     ShowChangedTabs(main, document.NoOfPages != pages);
     main.editor->MarkTabs(marked);
+    main.status->Tell({what.done, step.Commit()});
 }
 
-void Rearrange(MainModule& main, const std::string& name, TabOrder order, const TabNumbers& marked) {
+void Rearrange(MainModule& main, const TabChange& what, TabOrder order, const TabNumbers& marked) {
     FillLastPage(order, main.document.setup.TabsPerPage);
     if (ChangesNothing(main.document, order) || !HasRoomFor(main, order.size()))
         return;
-    ChangeTabs(main, name, marked, LosesTexts(main.document, order),
+    ChangeTabs(main, what, marked, LosesTexts(main.document, order),
                [&](TabDocument& document) { Arrange(document, order); });
 }
 

@@ -18,13 +18,21 @@ std::int32_t TabInUse(const TabDocument& document);
 /// True for a document of that many tabs; else the most pages are told.
 bool HasRoomFor(MainModule& main, std::size_t tabs);
 
-/// Runs `change`, which keeps the document's invariants, as the step `name`, with a recovery copy before it where it
+struct TabChange {
+    std::string name; ///< of the step, as it follows "Undo"
+    std::string done; ///< as the status line says it: "48 tabs sorted"
+};
+
+/// The step `name` on so many tabs: "48 tabs sorted".
+TabChange ChangeOf(std::size_t tabs, const char* name, const char* done);
+
+/// Runs `change`, which keeps the document's invariants, as one step, with a recovery copy before it where it
 /// `losesTexts`; then `marked`, at least one, are marked and the first of them is the tab in use. The page on screen
 /// was taken back before.
-void ChangeTabs(MainModule& main, const std::string& name, const TabNumbers& marked, bool losesTexts,
+void ChangeTabs(MainModule& main, const TabChange& what, const TabNumbers& marked, bool losesTexts,
                 const std::function<void(TabDocument&)>& change);
 /// The same for another order, whose last page is filled here. One that is too long is told, and nothing changes; one
 /// that changes nothing has no effect.
-void Rearrange(MainModule& main, const std::string& name, TabOrder order, const TabNumbers& marked);
+void Rearrange(MainModule& main, const TabChange& what, TabOrder order, const TabNumbers& marked);
 
 } // namespace velmora

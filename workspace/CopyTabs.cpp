@@ -40,11 +40,11 @@ bool HoldsText(const TabDocument& document, std::int32_t tab) {
     return false;
 }
 
-void Empty(MainModule& main, const char* name, const TabNumbers& tabs) {
+void Empty(MainModule& main, const TabChange& what, const TabNumbers& tabs) {
     const TabDocument& all = main.document;
     if (std::none_of(tabs.begin(), tabs.end(), [&](std::int32_t tab) { return HoldsText(all, tab); }))
         return;
-    ChangeTabs(main, name, tabs, true, [&](TabDocument& document) {
+    ChangeTabs(main, what, tabs, true, [&](TabDocument& document) {
         for (int field = 0; field < document.setup.NoOfFields; ++field)
             for (const std::int32_t tab : tabs)
                 document.Field(field)(tab).clear();
@@ -59,13 +59,14 @@ std::string CopyTabs(MainModule& main) {
 }
 
 void DeleteTabs(MainModule& main) {
-    Empty(main, "Delete", TakeMarkedTabs(main));
+    const TabNumbers marked = TakeMarkedTabs(main);
+    Empty(main, ChangeOf(marked.size(), "Delete", "emptied"), marked);
 }
 
 std::string CutTabs(MainModule& main) {
     const TabNumbers marked = TakeMarkedTabs(main);
     std::string text = TextOf(main.document, marked);
-    Empty(main, "Cut", marked);
+    Empty(main, ChangeOf(marked.size(), "Cut", "cut"), marked);
     return text;
 }
 

@@ -120,7 +120,8 @@ void PasteBlock(MainModule& main, const TabNumbers& marked, int field, std::stri
     if (!question.empty() && Ask(main.ui, question, Buttons::YesNo) != Answer::Yes)
         return;
     const TabNumbers tabs = block.tabs;
-    ChangeTabs(main, "Paste", tabs, true, [&](TabDocument& document) { Put(document, pages, std::move(block)); });
+    ChangeTabs(main, ChangeOf(tabs.size(), "Paste", "pasted"), tabs, true,
+               [&](TabDocument& document) { Put(document, pages, std::move(block)); });
 }
 
 } // namespace velmora

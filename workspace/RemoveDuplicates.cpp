@@ -55,7 +55,8 @@ int RemoveDuplicates(MainModule& main, const CountedFields& fields) {
     const int emptied = LastFilledPage(document, all) - LastFilledPage(document, order);
     order.resize(all.size() - static_cast<std::size_t>(emptied * document.setup.TabsPerPage));
     const auto last = static_cast<std::int32_t>(order.size());
-    Rearrange(main, "Remove Duplicates", std::move(order), {std::min(TabInUse(document), last)});
+    Rearrange(main, ChangeOf(duplicates.size(), "Remove Duplicates", "removed"), std::move(order),
+              {std::min(TabInUse(document), last)});
     return static_cast<int>(duplicates.size());
 }
 

@@ -48,11 +48,14 @@ void SortTabs(MainModule& main, const SortRequest& request, const NaturalOrder& 
     tabs.reserve(among.size());
     for (const std::int32_t tab : among)
         tabs.push_back(Prepared(document, tab, request.field, letters));
+    const auto filled =
+        std::count_if(tabs.begin(), tabs.end(), [](const SortedTab& tab) { return tab.rank != Rank::Empty; });
     TabOrder order = OrderOf(document);
     auto place = order.begin() + among.front() - 1;
     for (const SortedTab& sorted : Sorted(std::move(tabs), request.descending))
         *place++ = sorted.tab;
-    Rearrange(main, "Sort", std::move(order), {TabInUse(document)});
+    Rearrange(main, ChangeOf(static_cast<std::size_t>(filled), "Sort", "sorted"), std::move(order),
+              {TabInUse(document)});
 }
 
 } // namespace velmora

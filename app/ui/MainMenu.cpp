@@ -162,6 +162,8 @@ void ShowAbout(CommandContext& context) {
 
 } // namespace
 
+const SettingKey kPageStrip = {"Settings", "Page Strip", "True", IsFlag};
+
 bool IsForTabs(const CommandContext& context) {
     const frmGrid2a4& sheet = Grid(context);
     const QLineEdit* box = BoxInUse(context);

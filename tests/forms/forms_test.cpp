@@ -183,7 +183,7 @@ private slots:
             RunningProgram running;
             running.test.Store("Form Position", "mdiVelmora", place);
             running.Start(0, 1, 1);
-            QVERIFY2(screen.contains(running.window->geometry()), place);
+            QVERIFY2(screen.contains(running.window->geometry()), qPrintable(QDebug::toString(running.window->geometry())));
         }
         RunningProgram running;
         running.test.Store("Form Position", "mdiVelmora Maximized", "True");

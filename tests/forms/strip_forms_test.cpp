@@ -2,10 +2,11 @@
 #include "editor/ui/PageStrip.h"
 #include "tests/forms/RunningProgram.h"
 #include "tests/support/FakePrinters.h"
+#include "workspace/ArrangePages.h"
+#include "workspace/SortTabs.h"
 
 #include <QAbstractItemDelegate>
 #include <QAccessible>
-#include <QPaintEvent>
 #include <QPushButton>
 
 namespace {
@@ -24,31 +25,19 @@ public:
         ++sizes;
         return real_.sizeHint(option, index);
     }
-    mutable int paints = 0, sizes = 0;
+    mutable int paints = 0;
+    mutable int sizes = 0;
 
 private:
     QAbstractItemDelegate& real_;
 };
 
-/// What of a widget is painted anew.
-class PaintedRegion : public QObject {
-public:
-    explicit PaintedRegion(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint)
-            region += static_cast<QPaintEvent*>(event)->region();
-        return false;
-    }
-    QRegion region;
-};
-
 struct FakeDesktop : Desktop {
     bool OpenFile(const std::filesystem::path& file) override {
         opened = file;
-        return hasProgram;
+        return false;
     }
     std::filesystem::path opened;
-    bool hasProgram = true;
 };
 
 class StripFormsTest : public QObject {
@@ -124,44 +113,37 @@ private slots:
         QCOMPARE(running.window->focusWidget()->objectName(), QString("TextA1(3)"));
     }
 
-    void theSmallSheetsTakeTheShapeOfAnotherTabType() {
+    void thousandsOfPagesOfAnotherShapeAreDrawnWhereTheyAreSeen() {
         RunningProgram running;
         running.Start(0, 1, 1);
-        const PageStrip& strip = Strip(running);
+        PageStrip& strip = Strip(running);
         const auto height = [&] { return strip.visualRect(strip.currentIndex()).height(); };
+        const auto open = [&](int tabs) {
+            std::string text = "Version 8\r\nP,DL_v,5,1\r\n0,0\r\nA\r\nB\r\nC\r\n";
+            for (int tab = 1; tab <= tabs; ++tab)
+                text += "a" + std::to_string(tab) + "\r\n";
+            ReplaceFile(running.test.folder / "dl.csv", text);
+            running.program.main.document.DocFileName.clear(); // which it does not ask about
+            running.test.ui.ExpectChooser("Open", running.test.folder / "dl.csv");
+            running.Trigger("mnuOpen");
+        };
         const int before = height();
-        ReplaceFile(running.test.folder / "dl.csv", "Version 8\r\nP,DL_v,5,1\r\n0,0\r\nA\r\nB\r\nC\r\none\r\n");
-        running.program.main.document.DocFileName.clear(); // which it does not ask about
-        running.test.ui.ExpectChooser("Open", running.test.folder / "dl.csv");
-        running.Trigger("mnuOpen");
+        open(1);
         QTRY_COMPARE(height(), strip.sizeHintForRow(0));
         QVERIFY(height() < before);
-    }
 
-    void whatIsNotSeenIsNotDrawn() {
-        RunningProgram running;
-        running.Start(5, 1, 1);
-        PageStrip& strip = Strip(running);
         CountingDelegate counting(*strip.itemDelegate());
         strip.setItemDelegate(&counting);
-        running.program.main.document.DocFileName.clear(); // which it does not ask about
-        running.test.ui.ExpectChooser("Open", running.test.folder / "large.csv");
-        std::string text = "Version 8\r\nP,DL_v,5,1\r\n0,0\r\nArial,10,False,False,False,0,1\r\n"
-                           "Arial,10,False,False,False,2,1\r\nArial,10,False,False,False,1,1\r\n";
-        for (int tab = 1; tab <= 32760; ++tab)
-            text += "a" + std::to_string(tab) + "\r\n";
-        ReplaceFile(running.test.folder / "large.csv", text);
-        running.Trigger("mnuOpen");
+        open(32760);
         QTRY_VERIFY(counting.paints > 0);
         QCOMPARE(strip.model()->rowCount(), 2730);
-        QVERIFY2(counting.paints + counting.sizes < 100,
-                 qPrintable(QString("%1 painted, %2 measured").arg(counting.paints).arg(counting.sizes)));
+        QVERIFY(counting.paints + counting.sizes < 100);
         QCoreApplication::processEvents();
-        const PaintedRegion painted(*strip.viewport());
+        counting.paints = 0;
         running.Box("TextA1(1)")->clear();
         QTest::keyClicks(running.Box("TextA1(1)"), "x");
-        QTRY_VERIFY(!painted.region.isEmpty());
-        QVERIFY((painted.region - strip.visualRect(strip.currentIndex())).isEmpty());
+        QTRY_VERIFY(counting.paints > 0);
+        QCOMPARE(counting.paints, 1); // the page in view
     }
 
     void whetherTheStripIsShownIsRemembered() {
@@ -196,12 +178,9 @@ private slots:
         running.Trigger("mnuSavePdf");
         QCOMPARE(Done(running), QString::fromStdString("Written: " + pdf.string() + " [&Open]"));
         QTest::keyClicks(running.Box("TextA1(1)"), "x");
-        for (const bool hasProgram : {true, false}) {
-            if (desktop.hasProgram = hasProgram; !hasProgram)
-                running.test.ui.Expect("There is no program that opens the following file.\r\n[" + pdf.string() + "]",
-                                       Icon::Information);
-            ClickDone(running);
-        }
+        running.test.ui.Expect("There is no program that opens the following file.\r\n[" + pdf.string() + "]",
+                               Icon::Information);
+        ClickDone(running);
         QCOMPARE(desktop.opened, pdf);
         const auto deletePage = [&] {
             running.test.ui.Expect("Do you want to delete the current page?", Icon::Question, Buttons::YesNo,
@@ -213,6 +192,12 @@ private slots:
         ClickDone(running);
         QCOMPARE(Done(running), QString());
         QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2"));
+        running.program.main.document.FieldA(30).clear(); // on the page not in view
+        SortTabs(running.program.main, {});
+        QCOMPARE(Done(running), QString("47 tabs sorted [&Undo]"));
+        DuplicatePage(running.program.main);
+        QCOMPARE(Done(running), QString("Page 1 duplicated [&Undo]"));
+        ClickDone(running);
         deletePage();
         QTest::keyClicks(running.Box("TextA1(1)"), "x"); // which an undo would take back
         QCOMPARE(Done(running), QString());
