@@ -236,7 +236,7 @@ void MeasureArranging(Bench& bench) {
     };
     measure("sort 32,736 tabs", [&] { SortTabs(main, {0, true, false}); });
     measure("insert a tab before them", [&] { InsertTabs(main); });
-    measure("paste all of them", [&] { PasteBlock(main, {1}, 0, block); });
+    measure("paste all of them", [&] { PasteBlock(main, 0, block); });
     measure("remove duplicates", [&] { RemoveDuplicates(main, {false, true, true}); });
     main.editor.Leave();
 }
