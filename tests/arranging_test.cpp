@@ -229,11 +229,14 @@ TEST_F(ArrangingTest, TheMostPagesAreToldAndNothingChanges) {
 TEST_F(ArrangingTest, SortingKnowsNumbersBlanksAndDirections) {
     const std::vector<std::string> texts = {"No.10", "b", "", "No.9", " a", "B", "", "no.09", "A"};
     for (const bool descending : {false, true}) {
-        SetTexts(texts);
+        SetTexts(texts, 2);
         document.FieldB(7) = "not empty";
+        document.CurrentTab = 3; // not on the page shown
+        document.CurrentPage = 2;
         Sort({0, descending, false})(main);
         EXPECT_EQ(Texts(9), descending ? "No.10|no.09|No.9|b|B| a|A|||" : " a|A|b|B|No.9|no.09|No.10|||");
         EXPECT_EQ(document.FieldB(8), "not empty") << "before the empty tabs";
+        EXPECT_EQ(document.CurrentTab, 25);
     }
 }
 
