@@ -82,4 +82,9 @@ std::int32_t FirstTabOf(const TabDocument& document, std::int16_t page) {
     return (page - 1) * document.setup.TabsPerPage + 1;
 }
 
+std::int32_t TabInUse(const TabDocument& document) {
+    const bool shown = document.CurrentTab > 0 && PageOfTab(document, document.CurrentTab) == document.CurrentPage;
+    return shown ? document.CurrentTab : FirstTabOf(document, document.CurrentPage);
+}
+
 } // namespace velmora

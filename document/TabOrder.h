@@ -33,5 +33,7 @@ bool IsBareTab(const TabDocument& document, std::int32_t tab);
 std::int16_t PageOfTab(const TabDocument& document, std::int32_t tab);
 /// The first tab of a page.
 std::int32_t FirstTabOf(const TabDocument& document, std::int16_t page);
+/// `CurrentTab` where it is on the page shown, else the first tab there.
+std::int32_t TabInUse(const TabDocument& document);
 
 } // namespace velmora

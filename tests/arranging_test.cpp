@@ -6,6 +6,7 @@
 #include "workspace/ArrangeTabs.h"
 #include "workspace/CopyTabs.h"
 #include "workspace/GoToPlace.h"
+#include "workspace/Pages.h"
 #include "workspace/PasteBlock.h"
 #include "workspace/RemoveDuplicates.h"
 #include "workspace/SortTabs.h"
@@ -16,6 +17,19 @@ namespace {
 namespace fs = std::filesystem;
 
 using Command = std::function<void(MainModule&)>;
+
+Command Sort(SortRequest request) {
+    return [request](MainModule& main) { SortTabs(main, request, NaturalOrder(std::locale::classic())); };
+}
+Command MoveTo(std::int16_t page) {
+    return [page](MainModule& main) { MovePage(main, page); };
+}
+void RemoveEqualA(MainModule& main) {
+    RemoveDuplicates(main, {true, false, false});
+}
+void PasteTwo(MainModule& main) {
+    PasteBlock(main, 0, "x\ny\n");
+}
 
 struct ArrangingTest : UndoTest {
     FakeEditor editor;
@@ -58,6 +72,13 @@ struct ArrangingTest : UndoTest {
         });
         Begin();
     }
+    void ExpectWholePages(int pages) {
+        EXPECT_EQ(document.NoOfPages, pages);
+        EXPECT_EQ(document.TabCount, pages * 24);
+        EXPECT_EQ(program.Stored("Settings", "No Of Pages"), std::to_string(pages));
+        for (int field = 0; field < kFieldsPerTab; ++field)
+            EXPECT_EQ(document.Field(field).Count(), document.TabCount);
+    }
     /// Field A of the first tabs.
     std::string Texts(int count) {
         std::string text;
@@ -76,10 +97,6 @@ TEST_F(ArrangingTest, EveryCommandMovesWholeTabsAndIsOneStep) {
         const char* tabs; ///< afterwards
         TabNumbers markedAfter;
     };
-    const auto sort = [](SortRequest request) {
-        return [request](MainModule& all) { SortTabs(all, request, NaturalOrder(std::locale::classic())); };
-    };
-    const auto move = [](int to) { return [to](MainModule& all) { MovePage(all, static_cast<std::int16_t>(to)); }; };
     const Case cases[] = {
         {"Insert Tab", InsertTabs, 48, {2, 30}, "1 .2 2-48 .22", {2, 3}},
         {"Insert Tab", InsertTabs, 46, {2, 3}, "1 .2 2-46", {2, 3}},
@@ -93,17 +110,18 @@ TEST_F(ArrangingTest, EveryCommandMovesWholeTabsAndIsOneStep) {
         {"", MoveTabsDown, 48, {5, 48}, "1-48", {5, 48}},
         {"Insert Page", InsertPage, 48, {30}, "1-24 .24 25-48", {25}},
         {"Duplicate Page", DuplicatePage, 48, {2}, "1-24 1-48", {25}},
-        {"Move Page", move(2), 48, {2}, "25-48 1-24", {25}},
-        {"Move Page", move(1), 48, {30}, "25-48 1-24", {1}},
-        {"", move(2), 48, {30}, "1-48", {30}},
-        {"Sort", sort({0, true, true}), 26, {30}, "1-24 26 25 .22", {30}},
-        {"", sort({1, false, false}), 30, {2}, "1-30 .18", {2}},
+        {"Move Page", MoveTo(2), 48, {2}, "25-48 1-24", {25}},
+        {"Move Page", MoveTo(1), 48, {30}, "25-48 1-24", {1}},
+        {"", MoveTo(2), 48, {30}, "1-48", {30}},
+        {"Sort", Sort({0, true, true}), 26, {30}, "1-24 26 25 .22", {30}},
+        {"", Sort({1, false, false}), 30, {2}, "1-30 .18", {2}},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(std::string(row.name) + " to " + row.tabs);
         MakeNumbered(2, row.filled);
         const std::string start = State();
         editor.marked = row.marked;
+        editor.calls.clear();
         document.CurrentTab = static_cast<std::int16_t>(row.marked.front());
         document.CurrentPage = PageOfTab(document, document.CurrentTab);
         row.command(main);
@@ -115,11 +133,12 @@ TEST_F(ArrangingTest, EveryCommandMovesWholeTabsAndIsOneStep) {
             continue;
         EXPECT_EQ(document.CurrentTab, row.markedAfter.front());
         EXPECT_EQ(document.CurrentPage, PageOfTab(document, document.CurrentTab));
-        EXPECT_EQ(document.NoOfPages * 24, document.TabCount);
-        EXPECT_EQ(program.Stored("Settings", "No Of Pages"), std::to_string(document.NoOfPages));
+        EXPECT_EQ(editor.calls, document.NoOfPages == 2 ? "up " : "down up ") << "no page that is gone is taken back";
+        ExpectWholePages(document.TabCount / 24);
         const std::string after = State();
-        history.Undo(main.State());
+        UndoChange(main);
         EXPECT_EQ(State(), start);
+        EXPECT_EQ(editor.marked, TabNumbers{row.marked.front()});
         EXPECT_FALSE(history.CanUndo() || document.DocChanged);
         history.Redo(main.State());
         EXPECT_EQ(State(), after);
@@ -128,22 +147,28 @@ TEST_F(ArrangingTest, EveryCommandMovesWholeTabsAndIsOneStep) {
 
 TEST_F(ArrangingTest, WithoutAnEditorOrATabNothingHappens) {
     MakeNumbered(1, 24);
-    for (const Command& command : std::initializer_list<Command>{InsertTabs, RemoveTabs, MoveTabsUp, MoveTabsDown,
-                                                                 FillDown, DeleteTabs, CopyTabs, CutTabs})
+    for (const auto command : {InsertTabs, RemoveTabs, MoveTabsUp, MoveTabsDown, FillDown, DeleteTabs, PasteTwo})
         command(main);
-    PasteBlock(main, {}, 0, "a\tb\n");
+    EXPECT_EQ(CutTabs(main), "");
     EXPECT_EQ(Tabs(), "1-24");
     EXPECT_FALSE(history.CanUndo());
 }
 
 TEST_F(ArrangingTest, WhatWasTypedLastGoesAlong) {
-    MakeNumbered(2, 48);
-    document.CurrentPage = 2;
-    for (int slot = 0; slot < 24; ++slot)
-        editor.texts.push_back({"typed", "typed", ""});
-    editor.marked = {25};
-    MoveTabsDown(main);
-    EXPECT_EQ(document.FieldA(25) + document.FieldC(25), "typed26");
+    for (const Command& command :
+         {Command(InsertTabs), Command(MoveTabsDown), Command(DuplicatePage), Command(InsertPage), MoveTo(1),
+          Sort({0, true, false}), Command(RemoveEqualA), Command(PasteTwo)}) {
+        MakeNumbered(2, 48);
+        history.KeepSteps(0); // the document's mark does not need them
+        document.CurrentPage = 2;
+        editor.texts.assign(24, {"typed", "typed", ""});
+        editor.marked = {25};
+        command(main);
+        int typed = 0;
+        for (int tab = 1; tab <= document.TabCount; ++tab)
+            typed += document.FieldA(tab) == "typed" ? 1 : 0;
+        EXPECT_TRUE(typed > 0 && document.DocChanged);
+    }
 }
 
 TEST_F(ArrangingTest, FillingCutAndDeleteKeepFieldsNotInUse) {
@@ -167,45 +192,33 @@ TEST_F(ArrangingTest, FillingCutAndDeleteKeepFieldsNotInUse) {
     history.Undo(main.State());
     EXPECT_EQ(CutTabs(main), "7\t7\n24\t24\n");
     EXPECT_EQ(texts(7) + history.UndoName(), "7Cut");
-    history.Undo(main.State());
-    EXPECT_EQ(texts(7), "777");
+    InsertTabs(main);
+    EXPECT_EQ(texts(26), "24") << "not pushed out";
 }
 
 TEST_F(ArrangingTest, ACopyIsKeptBeforeTextsAreLostAndOnlyThen) {
-    const auto sort = [](MainModule& all) { SortTabs(all, {0, true, false}); };
-    const auto duplicates = [](MainModule& all) { RemoveDuplicates(all, {true, false, false}); };
-    const auto paste = [](MainModule& all) { PasteBlock(all, {2}, 0, "x\ty\n"); };
-    int number = 0;
-    for (const auto& [command, loses] : std::initializer_list<std::pair<Command, bool>>{{RemoveTabs, true},
-                                                                                        {FillDown, true},
-                                                                                        {CutTabs, true},
-                                                                                        {DeleteTabs, true},
-                                                                                        {paste, true},
-                                                                                        {duplicates, true},
-                                                                                        {InsertTabs, false},
-                                                                                        {MoveTabsUp, false},
-                                                                                        {sort, false},
-                                                                                        {DuplicatePage, false}}) {
+    const std::vector<Command> commands = {RemoveTabs,   FillDown,   CutTabs,    DeleteTabs,    PasteTwo,
+                                           RemoveEqualA, InsertTabs, MoveTabsUp, DuplicatePage, Sort({0, true, false})};
+    for (std::size_t number = 0; number < commands.size(); ++number) {
         MakeNumbered(1, 23);
         document.FieldA(2) = "1";
         document.FieldB(2) = "to be lost";
         document.DocChanged = true;
         editor.marked = {2};
-        const fs::path folder = program.folder / std::to_string(++number);
+        const fs::path folder = program.folder / std::to_string(number);
         main.recovery.Open(folder, std::chrono::system_clock::now);
-        command(main);
+        commands[number](main);
         std::string kept;
         for (const auto& file : fs::is_directory(folder) ? fs::directory_iterator(folder) : fs::directory_iterator())
             kept += ReadFile(file.path());
-        EXPECT_EQ(kept.find("to be lost") != std::string::npos, loses) << number;
+        EXPECT_EQ(kept.find("to be lost") != std::string::npos, number < 6) << number;
     }
 }
 
 TEST_F(ArrangingTest, TheMostPagesAreToldAndNothingChanges) {
     MakeNumbered(1365, 32760);
-    editor.marked = {5};
-    for (const Command& command : std::initializer_list<Command>{
-             InsertTabs, InsertPage, DuplicatePage, [](MainModule& all) { PasteBlock(all, {32760}, 0, "a\nb\n"); }}) {
+    editor.marked = {32760};
+    for (const auto command : {InsertTabs, InsertPage, DuplicatePage, PasteTwo}) {
         program.ui.Expect("The maximum number of pages for this type on label is:1365", Icon::Information);
         command(main);
     }
@@ -215,13 +228,15 @@ TEST_F(ArrangingTest, TheMostPagesAreToldAndNothingChanges) {
 
 TEST_F(ArrangingTest, SortingKnowsNumbersBlanksAndDirections) {
     const std::vector<std::string> texts = {"No.10", "b", "", "No.9", " a", "B", "", "no.09", "A"};
-    for (const auto& [request, sorted] : std::initializer_list<std::pair<SortRequest, const char*>>{
-             {{0, false, false}, " a|A|b|B|No.9|no.09|No.10|||"}, {{0, true, false}, "No.10|no.09|No.9|b|B| a|A|||"}}) {
-        SetTexts(texts);
+    for (const bool descending : {false, true}) {
+        SetTexts(texts, 2);
         document.FieldB(7) = "not empty";
-        SortTabs(main, request, NaturalOrder(std::locale::classic()));
-        EXPECT_EQ(Texts(9), sorted);
+        document.CurrentTab = 3; // not on the page shown
+        document.CurrentPage = 2;
+        Sort({0, descending, false})(main);
+        EXPECT_EQ(Texts(9), descending ? "No.10|no.09|No.9|b|B| a|A|||" : " a|A|b|B|No.9|no.09|No.10|||");
         EXPECT_EQ(document.FieldB(8), "not empty") << "before the empty tabs";
+        EXPECT_EQ(document.CurrentTab, 25);
     }
 }
 
@@ -235,9 +250,7 @@ TEST_F(ArrangingTest, DuplicatesGoWithThePagesThatTheyLeaveEmpty) {
     fill(3);
     EXPECT_EQ(RemoveDuplicates(main, {true, true, false}), 2);
     EXPECT_EQ(Texts(6), "a|b| a |A|||");
-    EXPECT_EQ(document.NoOfPages, 2) << "the last page was empty before";
-    EXPECT_EQ(document.CurrentPage, 1);
-    EXPECT_EQ(program.Stored("Settings", "No Of Pages"), "2");
+    ExpectWholePages(2); // the last of three was empty before
     fill(2);
     document.CurrentPage = 2;
     document.CurrentTab = 30;
@@ -255,13 +268,11 @@ TEST_F(ArrangingTest, WhatIsCopiedComesBackByPasting) {
     editor.marked = TabsFrom(1, 5);
     const std::string text = CopyTabs(main);
     EXPECT_EQ(text, "plain\t\t\n\"say \"\"x\"\"\"\t\t\n\"a\tb\"\t\t\n\t\"\"\"\"\tc\n\"two\nlines\"\t\t\n");
-    PasteBlock(main, {11}, 1, text); // a block of all fields begins in the first
-    for (int tab = 1; tab <= 5; ++tab)
-        for (int field = 0; field < 3; ++field)
-            EXPECT_EQ(document.Field(field)(10 + tab), tab == 5 && field == 0   ? "two lines"
-                                                       : tab == 3 && field == 0 ? "a b"
-                                                                                : document.Field(field)(tab));
+    editor.marked = {11};
+    PasteBlock(main, 1, text); // a block of all fields begins in the first
     EXPECT_EQ(editor.marked, TabsFrom(11, 5));
+    editor.marked = TabsFrom(11, 5);
+    EXPECT_EQ(CopyTabs(main), "plain\t\t\n\"say \"\"x\"\"\"\t\t\na b\t\t\n\t\"\"\"\"\tc\ntwo lines\t\t\n");
     SetTexts({"say \"x\""}, 1, 1);
     editor.marked = {1};
     EXPECT_EQ(CopyTabs(main), "say \"x\"") << "as it stands, for any text box";
@@ -272,28 +283,24 @@ TEST_F(ArrangingTest, ABlockGoesWhereItWouldInASpreadsheet) {
         TabNumbers marked;
         int field;
         std::string text;
-        const char* question; ///< empty: none
+        std::string question; ///< empty: none
         const char* tabs;     ///< field A and B of some tabs afterwards
         int pages = 1;
     };
+    const std::string leftOut = "Texts without a field to go to, which will be left out: 1\r\n";
     const Case cases[] = {
         {{2}, 1, "x\ny\n", "", "1,1 2,x 3,y 4,4"},
         {{2, 4}, 1, "x\n", "", "1,1 2,x 3,3 4,x"},
         {{2, 4}, 0, "x\ty\n", "", "1,1 x,y 3,3 x,y"},
         {{2, 4}, 0, "x\ny\nz", "", "1,1 x,2 y,3 z,4"},
         {{24}, 0, "1\n\n\n\t \n", "", "1,1 2,2 3,3 4,4"},
-        {{1},
-         0,
-         "x\ty\tz\n",
-         "Texts without a field to go to, which will be left out: 1\r\nDo you want to paste the rest?",
-         "x,y 2,2 3,3 4,4"},
+        {{1}, 0, "x\ty\tz\n", leftOut + "Do you want to paste the rest?", "x,y 2,2 3,3 4,4"},
         {{24}, 0, std::string(24, '\n') + "x", "Add 1 page?", "1,1 2,2 3,3 4,4", 2},
         {{1},
          0,
          "a\tb\tc\n" + std::string(47, '\n') + std::string(21, 'x'),
-         "Texts without a field to go to, which will be left out: 1\r\nTexts over the length of their field, which "
-         "will "
-         "be cut: 1\r\nDo you want to add 2 pages and paste the rest?",
+         leftOut + "Texts over the length of their field, which will be cut: 1\r\n"
+                   "Do you want to add 2 pages and paste the rest?",
          "a,b ,2 ,3 ,4",
          3},
     };
@@ -301,11 +308,12 @@ TEST_F(ArrangingTest, ABlockGoesWhereItWouldInASpreadsheet) {
         for (const Answer answer : {Answer::No, Answer::Yes}) {
             SCOPED_TRACE(row.text + " " + row.question);
             MakeNumbered(1, 24);
-            if (*row.question)
+            if (!row.question.empty())
                 program.ui.Expect(row.question, Icon::Question, Buttons::YesNo, answer);
             const std::string start = State();
-            PasteBlock(main, row.marked, row.field, row.text);
-            if (*row.question && answer == Answer::No) {
+            editor.marked = row.marked;
+            PasteBlock(main, row.field, row.text);
+            if (!row.question.empty() && answer == Answer::No) {
                 EXPECT_EQ(State(), start);
                 continue;
             }
@@ -313,8 +321,7 @@ TEST_F(ArrangingTest, ABlockGoesWhereItWouldInASpreadsheet) {
             for (int tab = 1; tab <= 4; ++tab)
                 tabs += (tab > 1 ? " " : "") + document.FieldA(tab) + "," + document.FieldB(tab);
             EXPECT_EQ(tabs, row.tabs);
-            EXPECT_EQ(document.NoOfPages, row.pages);
-            EXPECT_EQ(program.Stored("Settings", "No Of Pages"), std::to_string(row.pages));
+            ExpectWholePages(row.pages);
             history.Undo(main.State());
             EXPECT_EQ(State(), start);
         }
@@ -322,7 +329,7 @@ TEST_F(ArrangingTest, ABlockGoesWhereItWouldInASpreadsheet) {
 
 TEST_F(ArrangingTest, WhatIsTypedLeadsToPagesTabsAndTexts) {
     SetTexts({"Archive", "\u00c9t\u00e9 26", "p 1"}, 2);
-    document.FieldB(1) = "26";
+    document.FieldB(1) = document.FieldB(2) = "26";
     document.FieldC(4) = "26";
     const auto places = [&](const char* typed) {
         std::string all;
@@ -331,13 +338,12 @@ TEST_F(ArrangingTest, WhatIsTypedLeadsToPagesTabsAndTexts) {
                    std::to_string(place.at) + ";";
         return all;
     };
-    EXPECT_EQ(places(" 2 "), "Page 2/25.0+0;Tab 2: \u00c9t\u00e9 26/2.0+0;Tab 1: Archive, 26/1.1+0;"
-                             "Tab 2: \u00c9t\u00e9 26/2.0+6;");
-    EXPECT_EQ(places("26"), "Tab 26/26.0+0;Tab 1: Archive, 26/1.1+0;Tab 2: \u00c9t\u00e9 26/2.0+6;");
+    EXPECT_EQ(places(" 2 "), "Page 2/25.0+0;Tab 2: \u00c9t\u00e9 26, 26/2.0+0;Tab 1: Archive, 26/1.1+0;");
+    EXPECT_EQ(places("26"), "Tab 26/26.0+0;Tab 1: Archive, 26/1.1+0;Tab 2: \u00c9t\u00e9 26, 26/2.0+6;");
     EXPECT_EQ(places("P 1"), "Page 1/1.0+0;Tab 3: p 1/3.0+0;");
     EXPECT_EQ(places("page2"), "Page 2/25.0+0;");
     EXPECT_EQ(places("t 48"), "Tab 48/48.0+0;");
-    EXPECT_EQ(places("\u00e9T\u00c9"), "Tab 2: \u00c9t\u00e9 26/2.0+0;");
+    EXPECT_EQ(places("\u00e9T\u00c9"), "Tab 2: \u00c9t\u00e9 26, 26/2.0+0;");
     for (const char* nowhere : {"", " ", "p 3", "tab 49", "0", "-1", "99999999999999999999", "zzz"})
         EXPECT_EQ(places(nowhere), "") << nowhere;
     EXPECT_EQ(PlacesFor(document, "26", 2).size(), 2U);

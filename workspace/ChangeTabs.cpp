@@ -30,11 +30,6 @@ TabNumbers TakeMarkedTabs(MainModule& main) {
     return main.editor->MarkedTabs();
 }
 
-std::int32_t TabInUse(const TabDocument& document) {
-    const bool shown = document.CurrentTab > 0 && PageOfTab(document, document.CurrentTab) == document.CurrentPage;
-    return shown ? document.CurrentTab : FirstTabOf(document, document.CurrentPage);
-}
-
 bool HasRoomFor(MainModule& main, std::size_t tabs) {
     if (tabs <= kMostTabs)
         return true;

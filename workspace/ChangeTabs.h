@@ -12,9 +12,6 @@ namespace velmora {
 
 /// What the editor has marked, its page taken back; empty without an editor.
 TabNumbers TakeMarkedTabs(MainModule& main);
-/// `CurrentTab` where it is on the page shown, else the first tab there.
-std::int32_t TabInUse(const TabDocument& document);
-
 /// True for a document of that many tabs; else the most pages are told.
 bool HasRoomFor(MainModule& main, std::size_t tabs);
 

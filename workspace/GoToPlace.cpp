@@ -39,10 +39,16 @@ void AddNumbered(std::vector<FoundPlace>& places, const TabDocument& document, c
         places.push_back({{*tab, 0}, 0, std::string::npos, TabCaption(document, *tab)});
 }
 
-void AddMatch(std::vector<FoundPlace>& places, const TabDocument& document, TabBox box, const std::string& folded) {
-    const std::size_t at = FoldCase(document.Field(box.field)(box.tab)).find(folded);
-    if (at != std::string::npos)
-        places.push_back({box, at, folded.size(), TabCaption(document, box.tab)});
+/// The tab's first text that holds it.
+void AddMatch(std::vector<FoundPlace>& places, const TabDocument& document, std::int32_t tab,
+              const std::string& folded) {
+    for (int field = 0; field < document.setup.NoOfFields; ++field) {
+        const std::size_t at = FoldCase(document.Field(field)(tab)).find(folded);
+        if (at != std::string::npos) {
+            places.push_back({{tab, field}, at, folded.size(), TabCaption(document, tab)});
+            return;
+        }
+    }
 }
 
 } // namespace
@@ -53,9 +59,10 @@ std::vector<FoundPlace> PlacesFor(const TabDocument& document, std::string_view 
     if (folded.empty())
         return places;
     AddNumbered(places, document, folded);
-    for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
-        for (int field = 0; field < document.setup.NoOfFields && places.size() < most; ++field)
-            AddMatch(places, document, {tab, field}, folded);
+    const auto numbered = NumberAfter(folded, {"tab", "t"}); // there already
+    for (std::int32_t tab = 1; tab <= document.TabCount && places.size() < most; ++tab)
+        if (tab != numbered)
+            AddMatch(places, document, tab, folded);
     return places;
 }
 

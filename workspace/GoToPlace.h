@@ -18,8 +18,8 @@ struct FoundPlace {
 };
 
 /// A number is a page and a tab, with "p" or "page" before it a page, with "t" or "tab" a tab; whatever is typed may be
-/// part of a text too, in any letter case. Likeliest first; no more texts are looked for once there are `most`. Empty
-/// for a text that is nowhere and for blanks. The page on screen was taken back before.
+/// part of a text too, in any letter case. Likeliest first, of a tab its first such text; no more are looked for once
+/// there are `most`. Empty for a text that is nowhere and for blanks. The page on screen was taken back before.
 std::vector<FoundPlace> PlacesFor(const TabDocument& document, std::string_view typed, std::size_t most = 100);
 
 } // namespace velmora

@@ -1,6 +1,7 @@
 #include "workspace/Pages.h"
 
 #include "base/Numbers.h"
+#include "document/TabOrder.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Recovery.h"
@@ -152,6 +153,8 @@ void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(
     main.editor->BringUp();
     if (box)
         main.editor->ShowText(*box, 0, std::string::npos);
+    else
+        main.editor->MarkTabs({TabInUse(main.document)}); // what was marked may be other tabs now, or none
 }
 
 } // namespace

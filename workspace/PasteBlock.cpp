@@ -5,7 +5,6 @@
 #include "document/TextList.h"
 #include "workspace/ChangeTabs.h"
 #include "workspace/Dialogs.h"
-#include "workspace/TakePageBack.h"
 
 #include <algorithm>
 #include <string>
@@ -106,11 +105,11 @@ bool IsBlock(std::string_view text) {
     return CellText(text).find_first_of("\t\r\n") != std::string_view::npos;
 }
 
-void PasteBlock(MainModule& main, const TabNumbers& marked, int field, std::string_view text) {
+void PasteBlock(MainModule& main, int field, std::string_view text) {
+    const TabNumbers marked = TakeMarkedTabs(main);
     const Rows rows = ParseTextList(text, kSeparator);
     if (marked.empty() || rows.empty())
         return;
-    TakePageBack(main);
     Block block = TakeApart(main.document, marked, field, rows);
     const int perPage = main.document.setup.TabsPerPage;
     const int pages = (block.lastTab - 1) / perPage + 1; // of a long block more than 16 bits hold

@@ -2,7 +2,6 @@
 // lines comes in quotation marks.
 #pragma once
 
-#include "document/TabOrder.h"
 #include "workspace/mdlMain.h"
 
 #include <string_view>
@@ -14,10 +13,10 @@ std::string_view CellText(std::string_view text);
 /// True for more than one line or column; anything else is a text for one box.
 bool IsBlock(std::string_view text);
 
-/// Each line goes into a tab, from the first of `marked` on, its columns into the fields from `field` on; a block of
+/// Each line goes into a tab, from the first marked one on, its columns into the fields from `field` on; a block of
 /// all fields in use begins in the first. A single line goes into every marked tab. As one step, after a question
 /// where pages are to be added, or where fields not in use and texts over a field's limit do not fit; a document that
 /// would become too long is told, and nothing changes. No effect without a marked tab.
-void PasteBlock(MainModule& main, const TabNumbers& marked, int field, std::string_view text);
+void PasteBlock(MainModule& main, int field, std::string_view text);
 
 } // namespace velmora

@@ -90,12 +90,11 @@ template <std::string (*operation)(MainModule&)> void ToClipboard(MainModule& ma
 
 /// Whole tabs and a block of cells go into tabs, anything else into the box in use.
 void Paste(CommandContext& context) {
-    MainModule& main = context.program.main;
     QLineEdit* box = BoxInUse(context);
     const int field = box ? frmGrid2a4::FieldOf(*box) : 0;
     const std::string text = QApplication::clipboard()->text().toStdString();
     if (field >= 0 && (Grid(context).HasMarks() || IsBlock(text)))
-        PasteBlock(main, main.editor->MarkedTabs(), field, text);
+        PasteBlock(context.program.main, field, text);
     else if (box)
         box->insert(QString::fromStdString(OneLine(CellText(text))));
 }

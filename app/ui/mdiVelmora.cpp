@@ -60,6 +60,8 @@ QList<QKeySequence> ShortcutsLike(const QKeySequence& shortcut) {
         keys.prepend(shortcut); // the menu shows the first
         return keys;
     }
+    if (shortcut == QKeySequence(Qt::Key_Delete))
+        return {shortcut, Qt::Key_Backspace}; // which marked tabs leave to the window
     return {shortcut};
 }
 

@@ -24,7 +24,7 @@ frmRemoveDuplicates::frmRemoveDuplicates(MainModule& main, QWidget* parent)
 }
 
 void frmRemoveDuplicates::BuildUi() {
-    auto* box = new QGroupBox(tr("Equal are tabs with equal texts in"));
+    auto* box = new QGroupBox(tr("Tabs are equal when they agree in"));
     auto* fields = new QVBoxLayout(box);
     for (int field = 0; field < main_.document.setup.NoOfFields; ++field) {
         auto* check = new QCheckBox(tr("Field &%1").arg(QChar('A' + field)));
@@ -58,7 +58,7 @@ CountedFields frmRemoveDuplicates::Fields() const {
 
 void frmRemoveDuplicates::Count() {
     const std::size_t duplicates = DuplicateTabs(main_.document, Fields()).size();
-    lblResult_->Say(tr("Tabs that a tab before them equals: %1").arg(duplicates));
+    lblResult_->Say(tr("Tabs to remove: %1").arg(duplicates));
     cmdOk_->setEnabled(duplicates > 0);
 }
 

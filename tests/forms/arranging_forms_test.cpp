@@ -2,12 +2,8 @@
 #include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
 
-#include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
-#include <QListWidget>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 
 namespace {
@@ -23,7 +19,7 @@ class ArrangingFormsTest : public QObject {
         std::vector<int> places; ///< of which field A is looked at
         const char* texts;
         const char* dialog = nullptr;
-        std::function<void(QDialog&)> answer = {};
+        std::vector<const char*> controls = {}; ///< that are used before OK
     };
     static QString Texts(RunningProgram& running, const std::vector<int>& places) {
         QStringList texts;
@@ -37,7 +33,23 @@ class ArrangingFormsTest : public QObject {
             FailAndEnd(std::string("no ") + name);
         return *control;
     }
-    static void Ok(QDialog& dialog) { Get<QPushButton>(dialog, "cmdOk").click(); }
+    /// A box for a number gets 1, anything else is clicked.
+    static void Use(const QDialog& dialog, const char* name) {
+        if (auto* number = dialog.findChild<QSpinBox*>(name))
+            number->setValue(1);
+        else
+            Get<QAbstractButton>(dialog, name).click();
+    }
+    static void Run(RunningProgram& running, const Step& step) {
+        if (!step.dialog)
+            return running.Trigger(step.command);
+        const DialogAnswer answer(step.dialog, [&](QDialog& dialog) {
+            for (const char* name : step.controls)
+                Use(dialog, name);
+            Use(dialog, "cmdOk");
+        });
+        running.Trigger(step.command);
+    }
 
 private slots:
     void init() { FailOnWarnings(); }
@@ -52,45 +64,10 @@ private slots:
             {"mnuFillDown", "Fill Down", {25, 26, 27}, "a25 a25 a27"},
             {"mnuInsertPage", "Insert Page", {24, 25, 48, 49}, "a24   a25"},
             {"mnuDuplicatePage", "Duplicate Page", {25, 49, 72}, "a25 a25 a48"},
-            {"mnuMovePage",
-             "Move Page",
-             {1, 24, 25},
-             "a25 a48 a1",
-             "frmMovePage",
-             [](QDialog& dialog) {
-                 Get<QSpinBox>(dialog, "txtPage").setValue(1);
-                 Ok(dialog);
-             }},
-            {"mnuSort",
-             "Sort",
-             {24, 25, 48},
-             "a24 a48 a25",
-             "frmSort",
-             [](QDialog& dialog) {
-                 Get<QRadioButton>(dialog, "optDescending").click();
-                 Get<QRadioButton>(dialog, "optThisPage").click();
-                 Ok(dialog);
-             }},
-            {"mnuSort",
-             "Sort",
-             {1, 2, 48},
-             "a48 a47 a1",
-             "frmSort",
-             [](QDialog& dialog) {
-                 Get<QRadioButton>(dialog, "optDescending").click();
-                 Ok(dialog);
-             }},
-            {"mnuRemoveDuplicates",
-             "Remove Duplicates",
-             {1, 2},
-             "a1 ",
-             "frmRemoveDuplicates",
-             [](QDialog& dialog) {
-                 QVERIFY(!Get<QPushButton>(dialog, "cmdOk").isEnabled());
-                 Get<QCheckBox>(dialog, "chkField1").click();
-                 QCOMPARE(Get<QLabel>(dialog, "lblResult").text(), QString("Tabs that a tab before them equals: 47"));
-                 Ok(dialog);
-             }},
+            {"mnuMovePage", "Move Page", {1, 24, 25}, "a25 a48 a1", "frmMovePage", {"txtPage"}},
+            {"mnuSort", "Sort", {24, 25, 48}, "a24 a48 a25", "frmSort", {"optDescending", "optThisPage"}},
+            {"mnuSort", "Sort", {1, 2, 48}, "a48 a47 a1", "frmSort", {"optDescending"}},
+            {"mnuRemoveDuplicates", "Remove Duplicates", {1, 2}, "a1 ", "frmRemoveDuplicates", {"chkField1"}},
         };
         RunningProgram running;
         running.Start(0, 2, 2);
@@ -99,11 +76,7 @@ private slots:
         running.Box("TextA1(2)")->setFocus();
         const std::array<FieldTexts, 3> start = {document.FieldA, document.FieldB, document.FieldC};
         for (const Step& step : steps) {
-            std::optional<DialogAnswer> answer;
-            if (step.dialog)
-                answer.emplace(step.dialog, step.answer);
-            running.Trigger(step.command);
-            answer.reset();
+            Run(running, step);
             QCOMPARE(Texts(running, step.places), QString(step.texts));
             QCOMPARE(running.window->findChild<QAction*>("mnuUndo")->text(), QString("&Undo ") + step.name);
             QCOMPARE(running.test.Stored("Settings", "No Of Pages"), std::to_string(document.NoOfPages));
@@ -155,19 +128,45 @@ private slots:
         }
     }
 
-    void pastingAddsPagesAfterAQuestion() {
+    void markedTabsGoToTheClipboardAndBack() {
+        RunningProgram running;
+        running.Start(0, 2, 2);
+        const auto press = [&](int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+            QTest::keyClick(running.window->focusWidget(), static_cast<Qt::Key>(key), modifiers);
+        };
+        running.Box("TextA2(2)")->setFocus();
+        running.program.main.editor->MarkTabs({2, 4});
+        press(Qt::Key_C);
+        QCOMPARE(QApplication::clipboard()->text(), QString("a2\tb\na4\tb\n"));
+        for (const int key : {Qt::Key_Delete, Qt::Key_Backspace}) {
+            press(key, Qt::NoModifier);
+            QCOMPARE(Texts(running, {1, 2, 3, 4}), QString("a1  a3 "));
+            running.Trigger("mnuUndo");
+            running.program.main.editor->MarkTabs({2, 4});
+        }
+        press(Qt::Key_X);
+        QCOMPARE(Texts(running, {2, 3, 4}), QString(" a3 "));
+        running.program.main.editor->MarkTabs({24});
+        press(Qt::Key_V);
+        QCOMPARE(Texts(running, {24, 25, 26}), QString("a2 a4 a26"));
+        QCOMPARE(running.program.main.editor->MarkedTabs(), (TabNumbers{24, 25}));
+        QApplication::clipboard()->setText("x");
+        press(Qt::Key_V);
+        QCOMPARE(Texts(running, {23, 24, 25}), QString("a23 a2 a4"));
+        QCOMPARE(running.program.main.document.FieldB(25), std::string("x")); // the field in use
+    }
+
+    void afterUndoNothingThatIsGoneIsMarked() {
         RunningProgram running;
         running.Start(0, 1, 1);
         running.Box("TextA1(24)")->setFocus();
         QApplication::clipboard()->setText("x\r\ny\r\n");
         running.test.ui.Expect("Add 1 page?", Icon::Question, Buttons::YesNo, Answer::Yes);
-        QTest::keyClick(running.window->focusWidget(), Qt::Key_V, Qt::ControlModifier);
+        running.Trigger("mnuPaste");
         QCOMPARE(Texts(running, {23, 24, 25}), QString("a23 x y"));
         running.Trigger("mnuUndo");
-        QCOMPARE(Texts(running, {23, 24}) + running.Panel(4), QString("a23 a24Pg No: 1 of 1"));
-        QLineEdit* box = running.Box("TextA1(24)");
-        box->setFocus();
-        box->setSelection(0, 1);
+        QCOMPARE(running.program.main.editor->MarkedTabs(), TabNumbers{24});
+        running.Box("TextA1(24)")->setSelection(0, 1);
         running.Trigger("mnuDelete"); // within a text
         QCOMPARE(Texts(running, {24}), QString("24"));
     }
