@@ -197,7 +197,8 @@ TEST_F(FaultsTest, ARecoveryCopy) {
         program.main.document.TabCount = 1;
         program.main.document.FieldA(1) = text;
         program.main.document.DocChanged = true;
-        store.Keep(program.main.document, program.main.settings);
+        store.KeepBeside(program.main.document, program.main.settings);
+        store.Finish();
     };
     const fs::path recovery = folder / "Recovery";
     TryAll([&] { fs::remove_all(recovery); },

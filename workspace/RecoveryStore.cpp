@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <future>
 #include <random>
 
 namespace velmora {
@@ -74,9 +75,32 @@ bool IsInUse(const fs::path& file) {
     return SystemLock::IsHeld(LockOf(file));
 }
 
+/// A document as it is at one moment: nothing of it is shared with the document itself.
+struct Snapshot {
+    std::chrono::system_clock::time_point time;
+    std::int16_t page;
+    std::string content;
+};
+
+void WriteCopy(const fs::path& file, const Snapshot& copy, std::uint64_t sum) {
+    AtomicFile target(file, Readers::OwnerAlone);
+    target.Write(RecoveryHead(copy.time, copy.page, sum));
+    target.Write(copy.content);
+    target.Commit();
+}
+
+/// Gives the sum of what the file holds then. `last`: of what it held before.
+std::uint64_t WriteIfNew(const fs::path& file, const Snapshot& copy, std::optional<std::uint64_t> last) {
+    const std::uint64_t sum = ContentSum(copy.content);
+    std::error_code error;
+    if (sum != last || !fs::exists(file, error))
+        WriteCopy(file, copy, sum);
+    return sum;
+}
+
 } // namespace
 
-/// This copy's file and the lock beside it.
+/// This copy's file, the lock beside it, and the thread that writes, one copy at a time.
 class RecoveryStore::LiveFile {
 public:
     explicit LiveFile(const fs::path& folder)
@@ -85,11 +109,35 @@ public:
 
     const fs::path& Path() const { return path_; }
     const fs::path& Lock() const { return lockPath_; }
+    bool HasCopy() const { return sum_.has_value(); }
+
+    /// Nothing may be on its way. The thread gets all that it works on. Where none can be had, Finish writes.
+    void Begin(Where where, Snapshot copy) {
+        const auto policy = where == Where::Beside ? std::launch::async | std::launch::deferred : std::launch::deferred;
+        writing_ = std::async(
+            policy, [file = path_, copy = std::move(copy), last = sum_] { return WriteIfNew(file, copy, last); });
+    }
+    bool IsWriting() const {
+        return writing_.valid() && writing_.wait_for(std::chrono::seconds(0)) == std::future_status::timeout;
+    }
+    void Wait() const noexcept {
+        if (writing_.valid())
+            writing_.wait();
+    }
+    /// False where there is nothing to wait for.
+    bool Finish() {
+        if (!writing_.valid())
+            return false;
+        sum_ = writing_.get();
+        return true;
+    }
 
 private:
     fs::path path_;
     fs::path lockPath_;
     SystemLock lock_;
+    std::optional<std::uint64_t> sum_;   ///< of the content in the file; nullopt: there is none yet
+    std::future<std::uint64_t> writing_; ///< the last member: its end waits, while the lock is still held
 };
 
 std::string RecoveredDocument::Name() const {
@@ -110,41 +158,60 @@ void RecoveryStore::Open(fs::path folder, Clock clock) {
 }
 
 void RecoveryStore::Keep(const TabDocument& document, SettingsStore& settings) {
-    if (folder_.empty())
-        return;
-    if (document.DocChanged)
-        BringUpToDate(document, settings);
-    else
-        Drop();
-    failureNoted_ = false;
+    try {
+        Finish();
+    } catch (const std::exception&) {} // what is kept now takes its place
+    Begin(Where::Here, document, settings);
+    Finish();
 }
 
-void RecoveryStore::BringUpToDate(const TabDocument& document, SettingsStore& settings) {
-    const std::string content = RecoveryContent(document, settings);
-    const std::uint64_t sum = ContentSum(content);
-    std::error_code error;
-    if (live_ && sum == liveSum_ && fs::exists(live_->Path(), error))
+void RecoveryStore::KeepBeside(const TabDocument& document, SettingsStore& settings) {
+    Finish();
+    Begin(Where::Beside, document, settings);
+}
+
+void RecoveryStore::Begin(Where where, const TabDocument& document, SettingsStore& settings) {
+    if (folder_.empty())
         return;
+    if (!document.DocChanged) {
+        Drop();
+        failureNoted_ = false;
+        return;
+    }
+    Snapshot copy{clock_(), document.CurrentPage, RecoveryContent(document, settings)};
+    MakeLiveFile();
+    live_->Begin(where, std::move(copy));
+}
+
+void RecoveryStore::MakeLiveFile() {
     MakePrivateFolder(folder_); // documents may come from folders that others can't read
     // Somebody emptied the folder; one that answers with an error may still hold the last copy.
+    std::error_code error;
     if (live_ && !fs::exists(live_->Lock(), error) && !error)
         Drop();
-    const bool isNew = !live_;
-    if (isNew)
+    if (!live_)
         live_ = std::make_unique<LiveFile>(folder_);
+}
+
+bool RecoveryStore::IsWriting() const {
+    return live_ && live_->IsWriting();
+}
+
+void RecoveryStore::Finish() {
     try {
-        Write(live_->Path(), document.CurrentPage, content);
-    } catch (const Error&) {
-        if (isNew)
-            Drop();
+        if (live_ && live_->Finish())
+            failureNoted_ = false;
+    } catch (...) {
+        if (!live_->HasCopy())
+            Drop(); // a lock alone would stay
         throw;
     }
-    liveSum_ = sum;
 }
 
 void RecoveryStore::Drop() noexcept {
     if (!live_)
         return;
+    live_->Wait();
     // The file first: without its lock it would be taken for one left behind.
     std::error_code error;
     fs::remove(live_->Path(), error);
@@ -169,7 +236,7 @@ std::optional<fs::path> RecoveryStore::Archive(const TabDocument& document, Sett
     if (same != archived.end() && !error)
         return std::nullopt;
     MakePrivateFolder(folder_);
-    Write(file, document.CurrentPage, content);
+    WriteCopy(file, {clock_(), document.CurrentPage, content}, sum);
     return file;
 }
 
@@ -241,13 +308,6 @@ fs::path RecoveryStore::NextArchiveName(const std::vector<RecoveredDocument>& ar
     const std::uint32_t number = archived.empty() ? 1 : ArchiveNumber(archived.front().File) + 1;
     return folder_ /
            (std::string(kArchivePrefix) + std::to_string(number) + "-" + RandomName() + std::string(kExtension));
-}
-
-void RecoveryStore::Write(const fs::path& file, std::int16_t page, const std::string& content) {
-    AtomicFile target(file, Readers::OwnerAlone);
-    target.Write(RecoveryHead(clock_(), page, ContentSum(content)));
-    target.Write(content);
-    target.Commit();
 }
 
 } // namespace velmora

@@ -53,6 +53,12 @@ public:
     /// no unsaved changes. Document and settings stay as they are. Raises Error when it can't be written; the file of
     /// the last call remains then.
     void Keep(const TabDocument& document, SettingsStore& settings);
+    /// As Keep, of the document as it is now, but a thread writes, beside what the caller goes on with. Until Finish
+    /// its error is kept; every other call that touches this copy's file, and the end of the store, wait for it.
+    void KeepBeside(const TabDocument& document, SettingsStore& settings);
+    bool IsWriting() const;
+    /// Waits for what is being written. Raises Error where it could not be.
+    void Finish();
     /// Whether no Keep has failed since the last that succeeded: a folder that takes nothing is reported once. Asked
     /// after a failure.
     bool IsFirstFailure() { return !std::exchange(failureNoted_, true); }
@@ -90,18 +96,19 @@ public:
 private:
     class LiveFile;
 
-    void BringUpToDate(const TabDocument& document, SettingsStore& settings);
+    enum class Where { Here, Beside };
+
+    void Begin(Where where, const TabDocument& document, SettingsStore& settings);
+    void MakeLiveFile();
 
     std::vector<RecoveredDocument> Archived() const;
     std::vector<RecoveredDocument> LeftBehind() const;
     std::vector<RecoveredDocument> Prune();
     std::filesystem::path NextArchiveName(const std::vector<RecoveredDocument>& archived) const;
-    void Write(const std::filesystem::path& file, std::int16_t page, const std::string& content);
 
     std::filesystem::path folder_; ///< empty before Open
     Clock clock_;
     std::unique_ptr<LiveFile> live_; ///< null while there is no unsaved work
-    std::uint64_t liveSum_ = 0;      ///< of the content in it
     bool failureNoted_ = false;
     int pauses_ = 0;
 };

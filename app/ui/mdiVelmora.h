@@ -46,6 +46,7 @@ private:
     void AddRecovered(QMenu* menu);
     void Restore(const RecoveredDocument& document);
     void KeepSoon();
+    void KeepBeside();
     void BuildToolBar();
     void BuildStatusBar();
     void EnableCommands();
@@ -55,7 +56,8 @@ private:
     ImportForms importForms_{program_.main, this};
     frmGrid2a4* grid_ = nullptr;
     std::array<QLabel*, kStatusPanels> panels_ = {};
-    QTimer keepTimer_;
+    QTimer keepTimer_{this};
+    bool unkept_ = false; ///< something may have changed since the last copy was begun
     PreviewViewer viewer_{*this};
 };
 

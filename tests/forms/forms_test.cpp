@@ -18,6 +18,7 @@
 #include <QUrl>
 
 #include <csignal>
+#include <sys/resource.h>
 
 namespace {
 
@@ -296,6 +297,41 @@ private slots:
                                    ": No such file or directory\r\nCalled from Function: PrintReport",
                                Icon::Critical);
         running.Trigger("mnuSavePdf");
+    }
+
+    void whatIsTypedIsKeptWhileAPersonGoesOn() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        const fs::path recovery = running.test.folder / "Recovery";
+        fs::path kept;
+        const auto isKept = [&](const char* text) {
+            std::error_code error;
+            for (const auto& entry : fs::directory_iterator(recovery, error))
+                kept = entry.path().extension() == ".recovery" ? entry.path() : kept;
+            return fs::exists(kept) && ReadFile(kept).find(text) != std::string::npos;
+        };
+        running.window->findChild<QTimer*>("keepTimer")->setInterval(200);
+        QLineEdit* box = running.Box("TextA1(1)");
+        box->clear();
+        for (const char* text : {"typed", "typed more", "typed more still"}) {
+            QTest::keyClicks(box, QString(text).mid(box->text().size()));
+            QTRY_VERIFY(isKept(text));
+        }
+        rlimit room{};
+        ::getrlimit(RLIMIT_FSIZE, &room);
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit none{0, room.rlim_max};
+        bool told = false;
+        running.test.ui.Expect(kept.string() + ": File too large\r\nCalled from Sub: KeepRecoveryCopy", Icon::Critical,
+                               Buttons::Ok, Answer::Ok, std::nullopt, [&] { told = true; });
+        ::setrlimit(RLIMIT_FSIZE, &none);
+        QTest::keyClicks(box, "!");
+        const bool came = QTest::qWaitFor([&] { return told; });
+        ::setrlimit(RLIMIT_FSIZE, &room);
+        QVERIFY(came);
+        while (running.window->isWindowModified())
+            running.Trigger("mnuUndo");
+        QTRY_VERIFY(fs::is_empty(recovery));
     }
 
     void theLastKeystrokeIsKeptWhenAProgramIsEnded() {
