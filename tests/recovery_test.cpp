@@ -122,6 +122,8 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2.5");
     ASSERT_EQ(store.List().size(), 1U) << "what was recovered stays among the last ten";
     EXPECT_FALSE(store.List()[0].LeftBehind) << "but is not offered twice";
+    EXPECT_FALSE(Live().empty()) << "this program has a copy of its own first";
+    store.Drop();
     EXPECT_EQ(Files(), 1U) << "a lock stayed behind";
 }
 
@@ -223,7 +225,8 @@ TEST_F(RecoveryTest, ACopyIsWrittenBesideTheWorkAndNoneReplacesANewerOne) {
     Type("e");
     other->KeepBeside(document, main.settings);
     other.reset();
-    ASSERT_EQ(store.List().size(), 1U) << "the end of a program waits";
+    ASSERT_EQ(store.Lost().size(), 1U) << "the end of a program waits";
+    EXPECT_EQ(store.Lost()[0].FirstTexts, "e, " + std::string(40, 'x') + ", x");
 }
 
 TEST_F(RecoveryTest, WhatFailsBesideTheWorkIsToldOnceAndTriedAgain) {
@@ -341,6 +344,27 @@ TEST_F(RecoveryTest, ACopyWithoutTheFilesNumberIsRead) {
     const auto copy = ParseRecoveryCopy(bytes);
     ASSERT_TRUE(copy);
     EXPECT_EQ(copy->stamp, document.Stamp) << "a save would say that another program changed the file";
+}
+
+TEST_F(RecoveryTest, OfAGreatManyNoneIsDeletedUnseen) {
+    constexpr int kCopies = 130;
+    for (int i = 0; i < kCopies; ++i) {
+        const std::string copy = "Open-" + std::to_string(i) + ".recovery";
+        Put(copy, i == kCopies - 1 ? "damaged" : Sealed(CopyContent(kHeader, "0", "")));
+        fs::last_write_time(folder / copy, fs::file_time_type(std::chrono::seconds(i * 37 % kCopies)));
+        Put("Kept-" + std::to_string(i + 1) + "-x.recovery", Sealed(CopyContent(kHeader, "0", "")));
+    }
+    const auto lost = store.Lost();
+    ASSERT_EQ(lost.size(), kMostLost);
+    for (const RecoveredDocument& one : lost)
+        EXPECT_GE(fs::last_write_time(one.File), fs::file_time_type(std::chrono::seconds(29))) << one.File;
+    for (int i = 0; i < 2; ++i)
+        store.Settle(store.Lost().at(0));
+    EXPECT_EQ(store.Lost().size(), kMostLost) << "older ones follow";
+    ArchiveText("a");
+    EXPECT_EQ(store.List().size(), kMostLost + kArchivedDocuments);
+    EXPECT_EQ(Files(), 2U * kCopies - 3 * kArchivedDocuments + 1) << "ten of the archived go at a time";
+    EXPECT_FALSE(store.Holds(program.folder / lost[5].File.filename()));
 }
 
 TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {

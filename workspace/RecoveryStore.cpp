@@ -3,6 +3,7 @@
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "base/SystemLock.h"
+#include "base/Text.h"
 #include "workspace/RecoveryCopy.h"
 
 #include <algorithm>
@@ -31,16 +32,29 @@ std::optional<std::string> ReadCopy(const fs::path& file) {
     return std::nullopt;
 }
 
+std::string FirstTexts(const RecoveryCopy& copy) {
+    constexpr int kTexts = 3;
+    constexpr std::size_t kCharacters = 40;
+    std::string texts;
+    int found = 0;
+    for (auto text = copy.texts.begin(); text != copy.texts.end() && found < kTexts; ++text)
+        if (!Trim(*text).empty())
+            texts += (found++ > 0 ? ", " : "") + OneLine(LeftCharacters(Trim(*text), kCharacters));
+    return texts;
+}
+
 std::optional<RecoveredDocument> Describe(const fs::path& file) {
     const auto bytes = ReadCopy(file);
     const auto copy = bytes ? ParseRecoveryCopy(*bytes) : std::nullopt;
     if (!copy)
         return std::nullopt;
-    return RecoveredDocument{file, copy->path, copy->time, TabsFilled(*copy), false, copy->contentSum};
+    return RecoveredDocument{file,  copy->path,       copy->time,       TabsFilled(*copy),
+                             false, copy->contentSum, FirstTexts(*copy)};
 }
 
 bool IsCopy(const fs::path& file, std::string_view prefix) {
-    return PathText(file.extension()) == kExtension && PathText(file.filename()).starts_with(prefix);
+    const std::string name = PathText(file.filename());
+    return name.starts_with(prefix) && name.ends_with(kExtension);
 }
 
 /// The files in the folder with this beginning and our extension.
@@ -53,12 +67,31 @@ std::vector<fs::path> FilesNamed(const fs::path& folder, std::string_view prefix
     return files;
 }
 
+/// The newest first.
+void SortByTime(std::vector<RecoveredDocument>& documents) {
+    std::stable_sort(documents.begin(), documents.end(),
+                     [](const RecoveredDocument& a, const RecoveredDocument& b) { return a.Time > b.Time; });
+}
+
 /// The number in "Kept-number-..."; archived copies are numbered as they come, because a clock may be set back.
 std::uint32_t ArchiveNumber(const fs::path& file) {
     const std::string name = PathText(file.filename()).substr(kArchivePrefix.size());
     std::uint32_t number = 0;
     std::from_chars(name.data(), name.data() + name.size(), number);
     return number;
+}
+
+/// Those written last first; without a sure order where the system does not tell.
+std::vector<fs::path> NewestFirst(const std::vector<fs::path>& files) {
+    std::vector<std::pair<fs::file_time_type, fs::path>> dated;
+    std::error_code error;
+    for (const fs::path& file : files)
+        dated.emplace_back(fs::last_write_time(file, error), file);
+    std::sort(dated.rbegin(), dated.rend());
+    std::vector<fs::path> sorted;
+    for (auto& [time, file] : dated)
+        sorted.push_back(std::move(file));
+    return sorted;
 }
 
 std::string RandomName() {
@@ -241,13 +274,30 @@ std::optional<fs::path> RecoveryStore::Archive(const TabDocument& document, Sett
 }
 
 std::vector<RecoveredDocument> RecoveryStore::List() const {
-    std::vector<RecoveredDocument> documents = Archived();
-    documents.resize(std::min(documents.size(), kArchivedDocuments));
-    std::vector<RecoveredDocument> left = LeftBehind();
-    documents.insert(documents.end(), left.begin(), left.end());
-    std::stable_sort(documents.begin(), documents.end(),
-                     [](const RecoveredDocument& a, const RecoveredDocument& b) { return a.Time > b.Time; });
+    std::vector<RecoveredDocument> documents = Archived(kArchivedDocuments);
+    std::vector<RecoveredDocument> lost = Lost();
+    documents.insert(documents.end(), lost.begin(), lost.end());
+    SortByTime(documents);
     return documents;
+}
+
+std::vector<RecoveredDocument> RecoveryStore::Lost() const {
+    std::vector<RecoveredDocument> documents;
+    for (const fs::path& file : NewestFirst(FilesNamed(folder_, kLivePrefix))) {
+        if (documents.size() == kMostLost)
+            break;
+        auto document = IsInUse(file) ? std::nullopt : Describe(file);
+        if (!document)
+            continue;
+        document->LeftBehind = true;
+        documents.push_back(*std::move(document));
+    }
+    SortByTime(documents);
+    return documents;
+}
+
+bool RecoveryStore::Holds(const fs::path& file) const {
+    return (IsCopy(file, kLivePrefix) || IsCopy(file, kArchivePrefix)) && IsSameFile(file.parent_path(), folder_);
 }
 
 void RecoveryStore::Settle(const RecoveredDocument& document) {
@@ -272,33 +322,22 @@ void RecoveryStore::Forget(const fs::path& file) {
         fs::remove(LockOf(file), error);
 }
 
-/// All archived, the last one first.
-std::vector<RecoveredDocument> RecoveryStore::Archived() const {
-    std::vector<fs::path> files = FilesNamed(folder_, kArchivePrefix);
-    std::sort(files.begin(), files.end(),
-              [](const fs::path& a, const fs::path& b) { return ArchiveNumber(a) > ArchiveNumber(b); });
+/// What was archived, the last one first.
+std::vector<RecoveredDocument> RecoveryStore::Archived(std::size_t most) const {
+    std::vector<std::pair<std::uint32_t, fs::path>> files;
+    for (fs::path& file : FilesNamed(folder_, kArchivePrefix))
+        files.emplace_back(ArchiveNumber(file), std::move(file));
+    std::sort(files.rbegin(), files.rend());
     std::vector<RecoveredDocument> documents;
-    for (const fs::path& file : files)
-        if (auto document = Describe(file))
+    for (auto file = files.begin(); file != files.end() && documents.size() < most; ++file)
+        if (auto document = Describe(file->second))
             documents.push_back(*std::move(document));
     return documents;
 }
 
-std::vector<RecoveredDocument> RecoveryStore::LeftBehind() const {
-    std::vector<RecoveredDocument> documents;
-    for (const fs::path& file : FilesNamed(folder_, kLivePrefix)) {
-        auto document = IsInUse(file) ? std::nullopt : Describe(file);
-        if (!document)
-            continue;
-        document->LeftBehind = true;
-        documents.push_back(*std::move(document));
-    }
-    return documents;
-}
-
-/// Leaves the last ten.
+/// Leaves the last ten, and of a great many some for the next times.
 std::vector<RecoveredDocument> RecoveryStore::Prune() {
-    std::vector<RecoveredDocument> archived = Archived();
+    std::vector<RecoveredDocument> archived = Archived(2 * kArchivedDocuments);
     for (; archived.size() > kArchivedDocuments; archived.pop_back())
         Forget(archived.back().File);
     return archived;

@@ -18,6 +18,8 @@
 namespace velmora {
 
 inline constexpr std::size_t kArchivedDocuments = 10;
+/// As many as a person looks through, and a start reads.
+inline constexpr std::size_t kMostLost = 100;
 
 /// One document that can be had back.
 struct RecoveredDocument {
@@ -27,6 +29,7 @@ struct RecoveredDocument {
     std::int32_t TabsFilled = 0;  ///< as for a RecoveryCopy
     bool LeftBehind = false;      ///< by a copy of the program that has ended, and not offered yet
     std::uint64_t ContentSum = 0; ///< equal for copies of the same document in the same state
+    std::string FirstTexts{};     ///< up to three, by which a person knows it; empty where all are
 
     /// The file name without folder, or "Untitled".
     std::string Name() const;
@@ -34,7 +37,8 @@ struct RecoveredDocument {
 
 /// The folder of recovery copies, as one running copy of the program uses it. Its own file is locked while the store
 /// lives, and the end of the store leaves the file behind: whose lock is free was left by a program that has ended.
-/// Files that are damaged or none of ours are never listed and never deleted.
+/// What was left so is never deleted here, however much there is, before a person has seen it and settled it. Files
+/// that are damaged or none of ours are never listed and never deleted.
 class RecoveryStore {
 public:
     using Clock = std::function<std::chrono::system_clock::time_point()>;
@@ -70,9 +74,13 @@ public:
     /// for a document without unsaved changes, or one that is there already, which becomes the last. Raises Error.
     std::optional<std::filesystem::path> Archive(const TabDocument& document, SettingsStore& settings);
 
-    /// The last ten archived and all that was left behind, newest first. Every other call may rename copies, so a list
-    /// serves one choice. A file that can't be read raises no error.
+    /// The last ten archived and what Lost gives, newest first. Every other call may rename copies, so a list serves
+    /// one choice. A file that can't be read raises no error.
     std::vector<RecoveredDocument> List() const;
+    /// What was left behind, newest first. Of more than kMostLost the newest; the others when these are settled.
+    std::vector<RecoveredDocument> Lost() const;
+    /// Whether the path names a copy in this folder, of any kind.
+    bool Holds(const std::filesystem::path& file) const;
     /// Puts what was left behind among the last ten, so that it isn't offered again. No effect on other documents.
     void Settle(const RecoveredDocument& document);
     /// The bytes of a listed copy; nullopt where it can't be read any more.
@@ -101,8 +109,7 @@ private:
     void Begin(Where where, const TabDocument& document, SettingsStore& settings);
     void MakeLiveFile();
 
-    std::vector<RecoveredDocument> Archived() const;
-    std::vector<RecoveredDocument> LeftBehind() const;
+    std::vector<RecoveredDocument> Archived(std::size_t most) const;
     std::vector<RecoveredDocument> Prune();
     std::filesystem::path NextArchiveName(const std::vector<RecoveredDocument>& archived) const;
 

@@ -1,4 +1,5 @@
 // The main window and its grid on the offscreen platform, driven through the named controls.
+#include "app/ui/frmRecover.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "platform/qt/Endings.h"
 #include "platform/qt/QtUserInterface.h"
@@ -11,8 +12,10 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QElapsedTimer>
+#include <QListWidget>
 #include <QMimeData>
 #include <QProcess>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QToolBar>
 #include <QUrl>
@@ -332,6 +335,32 @@ private slots:
         while (running.window->isWindowModified())
             running.Trigger("mnuUndo");
         QTRY_VERIFY(fs::is_empty(recovery));
+    }
+
+    void theLostAreChosenFromAList() {
+        TestProgram test(FailSoftly);
+        std::vector<RecoveredDocument> lost(3);
+        lost[1] = {{}, "/folder/name.csv", {}, 1, true, 0, "one, two"};
+        /// The choice, as a number, and the rows.
+        const auto answer = [&](Qt::Key key, const char* button) {
+            frmRecover form(test.settings, lost, nullptr);
+            form.show();
+            auto* list = form.findChild<QListWidget*>("lstLost");
+            const QString shown = list->item(1)->text();
+            QTest::keyClick(list, key, Qt::ControlModifier);
+            QTest::mouseClick(form.findChild<QPushButton*>(button), Qt::LeftButton);
+            QString all =
+                shown.startsWith("name.csv   1970") && shown.endsWith("   1 tab\none, two   /folder") ? "" : shown;
+            for (const std::size_t row : form.Answer().which)
+                all += QString::number(row);
+            return form.isVisible() ? "stays open"
+                                    : QString::number(static_cast<int>(form.Answer().choice)) + ":" + all;
+        };
+        QCOMPARE(answer(Qt::Key_Space, "cmdRecover"), QString("stays open")); // nothing is chosen
+        QCOMPARE(answer(Qt::Key_A, "cmdDiscard"), QString("2:012"));
+        QCOMPARE(answer(Qt::Key_Home, "cmdRecover"), QString("1:0"));
+        QCOMPARE(answer(Qt::Key_Home, "cmdRecoverAll"), QString("1:012"));
+        QCOMPARE(answer(Qt::Key_A, "cmdLater"), QString("0:"));
     }
 
     void theLastKeystrokeIsKeptWhenAProgramIsEnded() {
