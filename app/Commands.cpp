@@ -46,22 +46,6 @@ bool CloseCommand(MainModule& main) {
     return true;
 }
 
-bool OfferRecovery(MainModule& main) {
-    bool restored = false;
-    for (const RecoveredDocument& document : main.recovery.List()) {
-        if (!document.LeftBehind)
-            continue;
-        if (!restored && Ask(main.ui,
-                             "Velmora ended without saving the document \"" + document.Name() + "\" of " +
-                                 LocalTime(document.Time) + ".\r\nDo you want to have it back?",
-                             Buttons::YesNo) == Answer::Yes)
-            restored = RestoreCommand(main, document);
-        else
-            main.recovery.Settle(document);
-    }
-    return restored;
-}
-
 bool RestoreCommand(MainModule& main, const RecoveredDocument& document) {
     return Trapped(main.ui, "Called from Sub: RestoreCommand", [&] {
         RestoreDocument(main, document);

@@ -20,9 +20,6 @@ OpenOutcome OpenCommand(MainModule& main, OpenKind kind = OpenKind::Open);
 /// wanted save that did not happen gives false, and the window stays.
 bool CloseCommand(MainModule& main);
 
-/// At the start: offers what a program that has ended left unsaved, newest first; what is not wanted can still be had
-/// from the menu. True when a document came back.
-bool OfferRecovery(MainModule& main);
 /// Makes a recovered copy the document. False when it could not be read, which is shown.
 bool RestoreCommand(MainModule& main, const RecoveredDocument& document);
 /// "2026-01-31 23:59" in the desktop's time zone.

@@ -49,7 +49,7 @@ constexpr FormPage kForms[] = {
     {"frmUsed", "used-sheets"},     {"frmImport", "spreadsheets"}, {"frmSelectSheet", "spreadsheets"},
     {"frmGrid2a4", "typing"},       {"frmProgress", "troubles"},   {"frmHelp", "welcome"},
     {"frmGoTo", "arranging"},       {"frmSort", "arranging"},      {"frmMovePage", "arranging"},
-    {"frmRemove", "arranging"},     {"mdiVelmora", "welcome"},
+    {"frmRemove", "arranging"},     {"mdiVelmora", "welcome"},     {"frmRecover", "recovery"},
 };
 
 } // namespace

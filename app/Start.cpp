@@ -1,6 +1,7 @@
 #include "app/Start.h"
 
 #include "app/Commands.h"
+#include "app/LostDocuments.h"
 #include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Validate.h"
@@ -86,8 +87,8 @@ LoadOutcome LoadConfiguration(MainModule& main) {
     return outcome;
 }
 
-/// What is not set up yet is offered, one dialog after the other.
-LoadOutcome OfferSetup(MainModule& main, Forms& forms) {
+/// What is not set up yet is offered, one dialog after the other. The page set-up is for a document that begins.
+LoadOutcome OfferSetup(MainModule& main, Forms& forms, bool restored) {
     const auto wanted = [&](const char* what) {
         return Ask(main.ui, std::string(what) + "\r\nDo you want to do it now?", Buttons::YesNo) == Answer::Yes;
     };
@@ -95,7 +96,15 @@ LoadOutcome OfferSetup(MainModule& main, Forms& forms) {
         forms.ShowPrinterSetup();
     if (!MarginsReady(main) && wanted("You have to setup margins for the tabs."))
         forms.ShowMarginSetup();
-    return main.globals.StartWithSetup ? forms.ShowPageSetup() : LoadOutcome::Loaded;
+    return main.globals.StartWithSetup && !restored ? forms.ShowPageSetup() : LoadOutcome::Loaded;
+}
+
+/// What was lost, or the copy that the command line names, which is none to open then. True when a document came back.
+bool RecoverFirst(Program& program, fs::path& file, Forms& forms) {
+    MainModule& main = program.main;
+    if (!main.recovery.Holds(file))
+        return OfferLost(main, *program.desktop, file, [&](const auto& lost) { return forms.ShowLost(lost); });
+    return RestoreCommand(main, {std::exchange(file, {}), {}, {}});
 }
 
 } // namespace
@@ -114,12 +123,11 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
         return StartOutcome::Ended;
     main.recovery.Open(main.settings.ProgramFolder / "Recovery", [] { return std::chrono::system_clock::now(); });
     forms.ShowMainWindow();
-    // The set-up dialogs work on an empty document: they come before what is brought back or opened.
-    if (OfferSetup(main, forms) == LoadOutcome::NoPrinter)
+    fs::path file = commandLine.empty() ? fs::path() : fs::absolute(PathOf(commandLine));
+    const bool restored = RecoverFirst(program, file, forms);
+    if (OfferSetup(main, forms, restored) == LoadOutcome::NoPrinter)
         return StartOutcome::Ended;
-    if (OfferRecovery(main))
-        return StartOutcome::Running; // what was lost goes before what can be opened again
-    if (!commandLine.empty() && OpenPath(main, fs::absolute(PathOf(commandLine))) == OpenOutcome::NoPrinter)
+    if (!restored && !file.empty() && OpenPath(main, file) == OpenOutcome::NoPrinter)
         return StartOutcome::Ended;
     return StartOutcome::Running;
 }

@@ -89,9 +89,18 @@ void RaiseWithFile(const std::string& file, const Error& error) {
     throw Error(DisplayName(file) + ": " + error.what(), error.Number());
 }
 
+void MentionInterruptedSave(const std::string& file) {
+    if (const auto copy = UnfinishedSave(PathOf(file)))
+        std::cerr << "velmora-batch: " << DisplayName(file)
+                  << ": saving it was interrupted, and it may be damaged. What was to be saved is in ["
+                  << PathText(*copy) << "]\n";
+}
+
 std::string ReadInput(const std::string& file) {
-    if (file != kStandardStream)
+    if (file != kStandardStream) {
+        MentionInterruptedSave(file);
         return ReadFile(PathOf(file));
+    }
     std::ostringstream bytes;
     bytes << std::cin.rdbuf();
     if (std::cin.bad())

@@ -84,6 +84,10 @@ template <typename Work> auto NamingFile(const std::string& file, Work work) {
     }
 }
 
+/// Names the copy that an interrupted save of that file left; no effect where there is none. Before a file is read: it
+/// may be damaged.
+void MentionInterruptedSave(const std::string& file);
+
 /// The bytes of a file, "-" for standard input. Raises FileAccessError.
 std::string ReadInput(const std::string& file);
 

@@ -77,7 +77,10 @@ void Overrule(Source& source, const ConvertArguments& arguments, int fields, Set
 }
 
 void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
-    const std::string bytes = WorkbookFormatOf(PathOf(arguments.input)) ? "" : ReadText(arguments.input);
+    const bool isWorkbook = WorkbookFormatOf(PathOf(arguments.input)).has_value();
+    if (isWorkbook)
+        MentionInterruptedSave(arguments.input);
+    const std::string bytes = isWorkbook ? "" : ReadText(arguments.input);
     NamingFile(arguments.input, [&] {
         // A tab file knows no quotes, so its own reader takes it, unless a spreadsheet put some in.
         TabFile file = ParseTabFile(bytes);
@@ -123,6 +126,7 @@ int RunConvert(const ConvertArguments& arguments) {
 }
 
 int RunSheets(const std::string& file) {
+    MentionInterruptedSave(file);
     const auto workbook = NamingFile(file, [&] { return LibraryWorkbooks().Open(PathOf(file)); });
     for (const std::string& name : workbook->SheetNames())
         std::cout << name << '\n';

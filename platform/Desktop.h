@@ -13,6 +13,8 @@ public:
     /// The program that the desktop has for files of this kind.
     virtual bool OpenFile(const std::filesystem::path& /*file*/) { return false; }
     virtual bool StartProgram(const std::filesystem::path& /*program*/) { return false; }
+    /// This program once more, in a window of its own with that file.
+    virtual bool StartAnother(const std::filesystem::path& /*file*/) { return false; }
     /// The desktop's own window about the machine.
     virtual bool StartSystemInformation() { return false; }
 };

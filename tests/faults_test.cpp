@@ -2,6 +2,7 @@
 //   VELMORA_FAULTS=all: each fault at each call; else each call with one of them.
 #include "settings/IniFile.h"
 #include "tests/support/FaultyCalls.h"
+#include "tests/support/PdfWords.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestProgram.h"
 #include "workspace/OpenDocument.h"
@@ -165,6 +166,8 @@ TEST_F(FaultsTest, OpeningOffersTheTextOfAnInterruptedSave) {
         ASSERT_TRUE(Suffer(Fault::KillIn, at, [&] { ReplaceFile(file, tabs("new")); }).killed);
     }
     EXPECT_EQ(opened(Answer::No), "oldold"); // the half that was written is the header's
+    const std::string said = Shell(VELMORA_BATCH " check " + file.string()).output;
+    EXPECT_NE(said.find("What was to be saved is in [" + InterruptedSave(file)->string() + "]"), std::string::npos);
     EXPECT_EQ(opened(Answer::Yes), "newnew");
     EXPECT_EQ(OpenFile(program.main, file), OpenOutcome::Opened);
 }
@@ -194,7 +197,8 @@ TEST_F(FaultsTest, ARecoveryCopy) {
         program.main.document.TabCount = 1;
         program.main.document.FieldA(1) = text;
         program.main.document.DocChanged = true;
-        store.Keep(program.main.document, program.main.settings);
+        store.KeepBeside(program.main.document, program.main.settings);
+        store.Finish();
     };
     const fs::path recovery = folder / "Recovery";
     TryAll([&] { fs::remove_all(recovery); },

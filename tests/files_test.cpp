@@ -2,11 +2,14 @@
 #include "base/AtomicFile.h"
 #include "base/Interruption.h"
 #include "base/TemporaryFile.h"
+#include "base/posix/ScratchNames.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
@@ -160,6 +163,33 @@ TEST(AtomicFileTest, WhatEndsLeavesNoLitterForLong) {
         EXPECT_EQ(files(), 3) << "what is in use stays";
     }
     before.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", before.c_str(), 1);
+}
+
+TEST(AtomicFileTest, WhoTidiesUpTakesWhatHasAName) {
+    const TemporaryFolder folder;
+    const auto open = [&](int flags) { return ::open((folder / "a").c_str(), O_CREAT | O_CLOEXEC | flags, 0600); };
+    const SystemFile file(open(O_RDWR));
+    const SystemFile tidying(open(O_RDWR));
+    ASSERT_EQ(::flock(tidying.Get(), LOCK_EX), 0);
+    EXPECT_FALSE(LockNew(file)) << "another program is about to remove it";
+    EXPECT_TRUE(LockNew(SystemFile(open(O_PATH)))) << "as where a file system has no locks";
+    EXPECT_TRUE(LockNew(tidying));
+    ::unlink((folder / "a").c_str());
+    EXPECT_FALSE(LockNew(tidying));
+
+    ReplaceFile(folder / "left", "");
+    ReplaceFile(folder / "held", "");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ScratchName name;
+        name.Set(folder / "left");
+        name.Set(folder / "held");
+        RemoveTemporaryFiles();
+        ::_exit(0);
+    }
+    ::waitpid(child, nullptr, 0);
+    EXPECT_TRUE(fs::exists(folder / "left")) << "what is no longer held is somebody's file";
+    EXPECT_FALSE(fs::exists(folder / "held"));
 }
 
 TEST(AtomicFileTest, NothingChangesBeforeCommit) {

@@ -1,5 +1,6 @@
 // The flows of New, Open, Save and Save as: every question in its order, over real files.
 #include "app/Commands.h"
+#include "app/LostDocuments.h"
 #include "base/AtomicFile.h"
 #include "report/rptVelmor.h"
 #include "tests/support/TestProgram.h"
@@ -240,6 +241,8 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     const auto now = [] { return std::chrono::system_clock::time_point(std::chrono::hours(24)); };
     const std::string question = "Velmora ended without saving the document \"Untitled\" of " + LocalTime(now()) +
                                  ".\r\nDo you want to have it back?";
+    Desktop desktop;
+    const ChooseLost noList = [](const auto&) { return ADD_FAILURE() << "one is no list", LostAnswer(); };
     RecoveryStore& recovery = program.main.recovery;
     recovery.Open(program.folder / "Recovery", now);
     Ask(kSaveQuestion, Answer::Cancel);
@@ -248,7 +251,7 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     recovery.Open(program.folder / "Recovery", now); // the next start
     NewDocument(program.main);
     program.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
-    EXPECT_TRUE(OfferRecovery(program.main));
+    EXPECT_TRUE(OfferLost(program.main, desktop, {}, noList));
     EXPECT_EQ(document.FieldA(1), "typed");
     EXPECT_TRUE(document.DocChanged);
     ReplaceFile(Path("other.csv"), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
@@ -265,7 +268,7 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     Ask(kSaveQuestion, Answer::No);
     EXPECT_TRUE(CloseCommand(program.main));
     recovery.Open(program.folder / "Recovery", now);
-    EXPECT_FALSE(OfferRecovery(program.main)) << "what was given up is not offered";
+    EXPECT_FALSE(OfferLost(program.main, desktop, {}, noList)) << "what was given up is not offered";
 }
 
 TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {

@@ -13,8 +13,10 @@
 
 #include <csignal>
 #include <fstream>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace velmora {
@@ -120,6 +122,8 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2.5");
     ASSERT_EQ(store.List().size(), 1U) << "what was recovered stays among the last ten";
     EXPECT_FALSE(store.List()[0].LeftBehind) << "but is not offered twice";
+    EXPECT_FALSE(Live().empty()) << "this program has a copy of its own first";
+    store.Drop();
     EXPECT_EQ(Files(), 1U) << "a lock stayed behind";
 }
 
@@ -170,12 +174,91 @@ TEST_F(RecoveryTest, OnlyWhatChangedIsWritten) {
     Type("b");
     Keep();
     EXPECT_NE(written(), first);
-    fs::remove_all(folder);
-    Keep();
-    EXPECT_EQ(Files(), 2U) << "a copy that somebody removed is written again";
+    for (const fs::path& removed : {Live(), folder}) {
+        fs::remove_all(removed);
+        Keep();
+        EXPECT_EQ(Files(), 2U) << "a copy that somebody removed is written again";
+    }
     document.DocChanged = false;
     Keep();
     EXPECT_EQ(Files(), 0U) << "a saved document would be offered";
+}
+
+TEST_F(RecoveryTest, ACopyIsWrittenBesideTheWorkAndNoneReplacesANewerOne) {
+    const auto kept = [&] {
+        const std::string bytes = ReadFile(Live());
+        return std::string(ParseRecoveryCopy(bytes).value().texts.front());
+    };
+    Type("old");
+    Keep();
+    const fs::path pipe = Live();
+    fs::remove(pipe);
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0); // nothing can be written before somebody reads
+    Type("a");
+    store.KeepBeside(document, main.settings);
+    EXPECT_TRUE(store.IsWriting());
+    Type("typed meanwhile");
+    EXPECT_EQ(kept(), "a");
+    store.Drop();
+
+    document.FieldB(1) = std::string(20'000'000, 'x'); // takes long enough to be met on its way
+    Keep();
+    Type("a");
+    store.KeepBeside(document, main.settings);
+    Type("typed meanwhile"); // as it was before
+    Keep();
+    EXPECT_EQ(kept(), "typed meanwhile");
+    Type("c");
+    store.KeepBeside(document, main.settings);
+    {
+        const RecoveryStore::Pause pause(store);
+        Type("half changed");
+        KeepLastRecoveryCopy(main);
+        EXPECT_EQ(kept(), "c") << "the program ends, and the copy was on its way";
+    }
+    Type("d");
+    store.KeepBeside(document, main.settings);
+    store.Drop();
+    EXPECT_EQ(Files(), 0U) << "what was saved or given up is offered";
+    std::optional<RecoveryStore> other(std::in_place);
+    other->Open(folder, clock);
+    Type("e");
+    other->KeepBeside(document, main.settings);
+    other.reset();
+    ASSERT_EQ(store.Lost().size(), 1U) << "the end of a program waits";
+    EXPECT_EQ(store.Lost()[0].FirstTexts, "e, " + std::string(40, 'x') + ", x");
+}
+
+TEST_F(RecoveryTest, WhatFailsBesideTheWorkIsToldOnceAndTriedAgain) {
+    rlimit room{};
+    ::getrlimit(RLIMIT_FSIZE, &room);
+    std::signal(SIGXFSZ, SIG_IGN);
+    const auto keepOnFullDisk = [&] {
+        const rlimit none{0, room.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &none);
+        KeepRecoveryCopyBeside(main);
+        while (store.IsWriting())
+            std::this_thread::yield();
+        ::setrlimit(RLIMIT_FSIZE, &room);
+    };
+    Type("old");
+    Keep();
+    for (const char* text : {"a", "b"}) {
+        Type(text);
+        keepOnFullDisk();
+        program.ui.Expect(Live().string() + ": File too large\r\nCalled from Sub: KeepRecoveryCopy", Icon::Critical);
+        if (*text == 'a') {
+            keepOnFullDisk(); // tells of the one before, and not of its own
+            Keep();
+        } else
+            KeepRecoveryCopyBeside(main); // tells of the one before
+        FinishRecoveryCopy(main);
+        EXPECT_NE(ReadFile(Live()).find(std::string("1:") + text), std::string::npos);
+    }
+    store.Drop();
+    keepOnFullDisk();
+    EXPECT_THROW(store.Finish(), Error);
+    EXPECT_EQ(Files(), 0U) << "a lock without a copy";
 }
 
 TEST_F(RecoveryTest, WhatLosesTabsIsKeptBefore) {
@@ -261,6 +344,27 @@ TEST_F(RecoveryTest, ACopyWithoutTheFilesNumberIsRead) {
     const auto copy = ParseRecoveryCopy(bytes);
     ASSERT_TRUE(copy);
     EXPECT_EQ(copy->stamp, document.Stamp) << "a save would say that another program changed the file";
+}
+
+TEST_F(RecoveryTest, OfAGreatManyNoneIsDeletedUnseen) {
+    constexpr int kCopies = 130;
+    for (int i = 0; i < kCopies; ++i) {
+        const std::string copy = "Open-" + std::to_string(i) + ".recovery";
+        Put(copy, i == kCopies - 1 ? "damaged" : Sealed(CopyContent(kHeader, "0", "")));
+        fs::last_write_time(folder / copy, fs::file_time_type(std::chrono::seconds(i * 37 % kCopies)));
+        Put("Kept-" + std::to_string(i + 1) + "-x.recovery", Sealed(CopyContent(kHeader, "0", "")));
+    }
+    const auto lost = store.Lost();
+    ASSERT_EQ(lost.size(), kMostLost);
+    for (const RecoveredDocument& one : lost)
+        EXPECT_GE(fs::last_write_time(one.File), fs::file_time_type(std::chrono::seconds(29))) << one.File;
+    for (int i = 0; i < 2; ++i)
+        store.Settle(store.Lost().at(0));
+    EXPECT_EQ(store.Lost().size(), kMostLost) << "older ones follow";
+    ArchiveText("a");
+    EXPECT_EQ(store.List().size(), kMostLost + kArchivedDocuments);
+    EXPECT_EQ(Files(), 2U * kCopies - 3 * kArchivedDocuments + 1) << "ten of the archived go at a time";
+    EXPECT_FALSE(store.Holds(program.folder / lost[5].File.filename()));
 }
 
 TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {

@@ -28,6 +28,13 @@ public:
         shown += "main ";
         whenShown();
     }
+    LostAnswer ShowLost(const std::vector<RecoveredDocument>& lost) override {
+        shown += "lost";
+        for (const RecoveredDocument& document : lost)
+            shown += ":" + document.FirstTexts;
+        shown += " ";
+        return std::exchange(answers, std::vector(answers.begin() + 1, answers.end())).front();
+    }
     void ShowPrinterSetup() override { shown += "printer "; }
     void ShowMarginSetup() override { shown += "margins "; }
     LoadOutcome ShowPageSetup() override {
@@ -36,6 +43,7 @@ public:
     }
     void ShowSettingsEditor() override { shown += "editor "; }
     std::string shown;
+    std::vector<LostAnswer> answers; ///< to lists of lost documents
     std::function<void()> whenShown = [] {};
     LoadOutcome pageSetup = LoadOutcome::Loaded;
 };
@@ -119,6 +127,89 @@ TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
         EXPECT_EQ(Start(), StartOutcome::Running);
         EXPECT_EQ(forms.shown, row.shown);
     }
+}
+
+/// Starts over lost documents, each with its letter as the only text; "b" is of the file b.csv.
+struct LostTest : StartTest, Desktop {
+    const std::string file = PathText(test.folder / "b.csv");
+    std::vector<fs::path> windows;
+    bool starts = true;
+
+    LostTest() {
+        program.desktop.Take(*this);
+        ReplaceFile(file, "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nsaved\r\n");
+    }
+    ~LostTest() override { program.desktop.Leave(); }
+    bool StartAnother(const fs::path& copy) override { return starts && (windows.push_back(copy), true); }
+
+    void Lose(char text) {
+        TabDocument document;
+        document.TabCount = 1;
+        for (int field = 0; field < kFieldsPerTab; ++field)
+            document.Field(field).ReDim(1);
+        document.FieldA(1) = text;
+        document.DocFileName = text == 'b' ? file : "";
+        document.DocChanged = true;
+        RecoveryStore store;
+        store.Open(test.folder / "Recovery", [text] { return std::chrono::system_clock::from_time_t(text); });
+        store.Keep(document, test.settings);
+    }
+    /// What was shown, the document that is open then, the number of windows, and what the next start would offer.
+    std::string Start(const std::string& commandLine, const std::vector<LostAnswer>& answers) {
+        forms.shown.clear();
+        forms.answers = answers;
+        Main(program, commandLine, forms);
+        const TabDocument& here = program.main.document;
+        std::string end = forms.shown + (here.TabCount > 0 ? here.FieldA(1) : "-") + std::to_string(windows.size());
+        for (const RecoveredDocument& document : program.main.recovery.Lost())
+            end += document.FirstTexts;
+        return end;
+    }
+    std::string StartAfter(const std::string& lost, const std::vector<LostAnswer>& answers,
+                           const std::string& commandLine = "") {
+        fs::remove_all(test.folder / "Recovery");
+        windows.clear();
+        std::for_each(lost.begin(), lost.end(), [this](char text) { Lose(text); });
+        return Start(commandLine, answers);
+    }
+    void TellNotOpened(int count) {
+        test.ui.Expect("Documents not brought back yet: " + std::to_string(count) +
+                           "\r\nFile > Recover has them, and the next start offers them again.",
+                       Icon::Exclamation);
+    }
+};
+
+TEST_F(LostTest, EveryOneIsOfferedBeforeAnySetupAndStaysUntilItIsChosen) {
+    EXPECT_EQ(StartAfter("abc", {{LostChoice::Later}}), "main lost:c:b:a page -0cba");
+    EXPECT_EQ(StartAfter("abc", {{LostChoice::Recover, {1}}}), "main lost:c:b:a b0ca")
+        << "no page set-up of an old one";
+    for (const Answer answer : {Answer::No, Answer::Yes})
+        test.ui.Expect("Documents to be given up: 2\r\nFile > Recover keeps the last ten of all that were given up or "
+                       "replaced. Do you want to go on?",
+                       Icon::Question, Buttons::YesNo, answer, Answer::No);
+    const LostAnswer discard{LostChoice::Discard, {1, 2}};
+    EXPECT_EQ(StartAfter("abc", {discard, discard, {}}), "main lost:c:b:a lost:c:b:a lost:c page b0c");
+    EXPECT_EQ(program.main.recovery.List().size(), 3U);
+}
+
+TEST_F(LostTest, AllComeBackEachInAWindowOfItsOwnBesideTheFileOfTheCommandLine) {
+    const LostAnswer all{LostChoice::Recover, {0, 1, 2}};
+    EXPECT_EQ(StartAfter("abc", {all}), "main lost:c:b:a c2ba");
+    program.main.recovery.Drop(); // "c" is saved
+    EXPECT_EQ(Start(windows[1], {}), "main a2b") << "as the other program";
+    ReplaceFile(windows[0], "damaged");
+    test.ui.Expect("The recovery copy is gone or damaged: " + PathText(windows[0]) +
+                       "\r\nCalled from Sub: RestoreCommand",
+                   Icon::Critical);
+    Start(windows[0], {});
+    EXPECT_EQ(StartAfter("acd", {all}, file), "main lost:d:c:a page saved3dca");
+    EXPECT_EQ(StartAfter("abc", {all}, file), "main lost:c:b:a b2ca") << "what was lost is that file's own text";
+    TellNotOpened(1);
+    EXPECT_EQ(StartAfter("abcdefghijkl", {{LostChoice::Recover, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}}}).back(), 'a');
+    EXPECT_EQ(windows.size(), 10U);
+    starts = false;
+    TellNotOpened(2);
+    EXPECT_EQ(StartAfter("abc", {all}), "main lost:c:b:a c0ba");
 }
 
 TEST_F(StartTest, APageSetupWithoutPrintersEndsTheStart) {

@@ -110,14 +110,12 @@ Imported Import(MainModule& main, const std::filesystem::path& path) {
 
 /// A save in place that was cut short may have left the file a mixture of old and new; the new text is whole elsewhere.
 void OfferInterruptedSave(MainModule& main, const std::filesystem::path& path) {
-    const auto copy = InterruptedSave(path);
-    const std::string whole = copy ? ReadFile(*copy) : "";
-    if (copy && whole != ReadFile(path) &&
-        Ask(main.ui,
-            "Saving the following file was interrupted, and it may be damaged: [" + PathText(path) +
-                "]\r\nDo you want to have back what was to be saved?",
-            Buttons::YesNo) == Answer::Yes)
-        ReplaceFile(path, whole);
+    const auto copy = UnfinishedSave(path);
+    if (copy && Ask(main.ui,
+                    "Saving the following file was interrupted, and it may be damaged: [" + PathText(path) +
+                        "]\r\nDo you want to have back what was to be saved?",
+                    Buttons::YesNo) == Answer::Yes)
+        ReplaceFile(path, ReadFile(*copy));
 }
 
 /// `read` says what the file holds.
@@ -164,6 +162,13 @@ OpenOutcome AskAndOpen(MainModule& main, OpenKind kind) {
 }
 
 } // namespace
+
+std::optional<std::filesystem::path> UnfinishedSave(const std::filesystem::path& path) {
+    auto copy = InterruptedSave(path);
+    if (copy && ReadFile(*copy) == ReadFile(path))
+        copy.reset(); // finished but for the tidying up
+    return copy;
+}
 
 std::string OverfullFindings(const TabFile& file) {
     const std::vector<std::int32_t> lines = OverfullLines(file);

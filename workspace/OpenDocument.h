@@ -4,9 +4,13 @@
 #include "workspace/ImportDocument.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace velmora {
+
+/// The copy that an interrupted save left of what the file was to hold, and does not; nullopt where there is none.
+std::optional<std::filesystem::path> UnfinishedSave(const std::filesystem::path& path);
 
 /// What is to be said about lines of tabs with more fields than a tab has; empty where there are none.
 std::string OverfullFindings(const TabFile& file);

@@ -5,21 +5,48 @@
 
 namespace velmora {
 
-void KeepRecoveryCopy(MainModule& main) {
-    if (main.recovery.IsPaused())
-        return;
-    TakePageBack(main);
+namespace {
+
+/// False when it failed, which is reported once.
+template <typename Work> bool ReportedOnce(MainModule& main, Work work) {
     try {
-        main.recovery.Keep(main.document, main.settings);
+        work();
+        return true;
     } catch (const std::exception& error) {
         if (main.recovery.IsFirstFailure())
             ReportError(main.ui, error.what(), "Called from Sub: KeepRecoveryCopy");
+        return false;
     }
 }
 
+} // namespace
+
+bool KeepRecoveryCopy(MainModule& main) {
+    if (main.recovery.IsPaused())
+        return false;
+    TakePageBack(main);
+    return ReportedOnce(main, [&] { main.recovery.Keep(main.document, main.settings); });
+}
+
+void KeepRecoveryCopyBeside(MainModule& main) {
+    if (main.recovery.IsPaused())
+        return;
+    TakePageBack(main);
+    FinishRecoveryCopy(main);
+    ReportedOnce(main, [&] { main.recovery.KeepBeside(main.document, main.settings); });
+}
+
+void FinishRecoveryCopy(MainModule& main) {
+    ReportedOnce(main, [&] { main.recovery.Finish(); });
+}
+
 void KeepLastRecoveryCopy(MainModule& main) {
-    main.recovery.IsFirstFailure(); // from here on none is reported
-    KeepRecoveryCopy(main);
+    try {
+        if (main.recovery.IsPaused())
+            return main.recovery.Finish();
+        TakePageBack(main);
+        main.recovery.Keep(main.document, main.settings);
+    } catch (const std::exception&) {} // nobody is left to read it
 }
 
 std::optional<std::filesystem::path> ArchiveDocument(MainModule& main) {

@@ -50,6 +50,17 @@ void Append(std::string& content, std::string_view text) {
     content += '\n';
 }
 
+/// Not less than the content takes.
+std::size_t ContentBytes(const TabDocument& document) {
+    constexpr std::size_t kAroundText = 8;
+    constexpr std::size_t kHead = 4096;
+    std::size_t bytes = kHead;
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
+            bytes += document.Field(field)(tab).size() + kAroundText;
+    return bytes;
+}
+
 /// The header as a save would write it. Reading settings writes defaults, which a copy has no business with.
 std::string HeaderText(SettingsStore& settings) {
     SettingsBatch batch(settings);
@@ -148,6 +159,7 @@ private:
 
 std::string RecoveryContent(const TabDocument& document, SettingsStore& settings) {
     std::string content;
+    content.reserve(ContentBytes(document)); // to grow would copy all again, and the window waits
     Append(content, PathText(document.DocFileName));
     Append(content, EncodingName(document.FileEncoding));
     Append(content, document.Stamp ? std::to_string(document.Stamp->size) : "");

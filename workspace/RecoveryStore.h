@@ -18,6 +18,8 @@
 namespace velmora {
 
 inline constexpr std::size_t kArchivedDocuments = 10;
+/// As many as a person looks through, and a start reads.
+inline constexpr std::size_t kMostLost = 100;
 
 /// One document that can be had back.
 struct RecoveredDocument {
@@ -27,6 +29,7 @@ struct RecoveredDocument {
     std::int32_t TabsFilled = 0;  ///< as for a RecoveryCopy
     bool LeftBehind = false;      ///< by a copy of the program that has ended, and not offered yet
     std::uint64_t ContentSum = 0; ///< equal for copies of the same document in the same state
+    std::string FirstTexts{};     ///< up to three, by which a person knows it; empty where all are
 
     /// The file name without folder, or "Untitled".
     std::string Name() const;
@@ -34,7 +37,8 @@ struct RecoveredDocument {
 
 /// The folder of recovery copies, as one running copy of the program uses it. Its own file is locked while the store
 /// lives, and the end of the store leaves the file behind: whose lock is free was left by a program that has ended.
-/// Files that are damaged or none of ours are never listed and never deleted.
+/// What was left so is never deleted here, however much there is, before a person has seen it and settled it. Files
+/// that are damaged or none of ours are never listed and never deleted.
 class RecoveryStore {
 public:
     using Clock = std::function<std::chrono::system_clock::time_point()>;
@@ -53,6 +57,12 @@ public:
     /// no unsaved changes. Document and settings stay as they are. Raises Error when it can't be written; the file of
     /// the last call remains then.
     void Keep(const TabDocument& document, SettingsStore& settings);
+    /// As Keep, of the document as it is now, but a thread writes, beside what the caller goes on with. Until Finish
+    /// its error is kept; every other call that touches this copy's file, and the end of the store, wait for it.
+    void KeepBeside(const TabDocument& document, SettingsStore& settings);
+    bool IsWriting() const;
+    /// Waits for what is being written. Raises Error where it could not be.
+    void Finish();
     /// Whether no Keep has failed since the last that succeeded: a folder that takes nothing is reported once. Asked
     /// after a failure.
     bool IsFirstFailure() { return !std::exchange(failureNoted_, true); }
@@ -64,9 +74,13 @@ public:
     /// for a document without unsaved changes, or one that is there already, which becomes the last. Raises Error.
     std::optional<std::filesystem::path> Archive(const TabDocument& document, SettingsStore& settings);
 
-    /// The last ten archived and all that was left behind, newest first. Every other call may rename copies, so a list
-    /// serves one choice. A file that can't be read raises no error.
+    /// The last ten archived and what Lost gives, newest first. Every other call may rename copies, so a list serves
+    /// one choice. A file that can't be read raises no error.
     std::vector<RecoveredDocument> List() const;
+    /// What was left behind, newest first. Of more than kMostLost the newest; the others when these are settled.
+    std::vector<RecoveredDocument> Lost() const;
+    /// Whether the path names a copy in this folder, of any kind.
+    bool Holds(const std::filesystem::path& file) const;
     /// Puts what was left behind among the last ten, so that it isn't offered again. No effect on other documents.
     void Settle(const RecoveredDocument& document);
     /// The bytes of a listed copy; nullopt where it can't be read any more.
@@ -90,18 +104,18 @@ public:
 private:
     class LiveFile;
 
-    void BringUpToDate(const TabDocument& document, SettingsStore& settings);
+    enum class Where { Here, Beside };
 
-    std::vector<RecoveredDocument> Archived() const;
-    std::vector<RecoveredDocument> LeftBehind() const;
+    void Begin(Where where, const TabDocument& document, SettingsStore& settings);
+    void MakeLiveFile();
+
+    std::vector<RecoveredDocument> Archived(std::size_t most) const;
     std::vector<RecoveredDocument> Prune();
     std::filesystem::path NextArchiveName(const std::vector<RecoveredDocument>& archived) const;
-    void Write(const std::filesystem::path& file, std::int16_t page, const std::string& content);
 
     std::filesystem::path folder_; ///< empty before Open
     Clock clock_;
     std::unique_ptr<LiveFile> live_; ///< null while there is no unsaved work
-    std::uint64_t liveSum_ = 0;      ///< of the content in it
     bool failureNoted_ = false;
     int pauses_ = 0;
 };

@@ -3,6 +3,7 @@
 #include "base/Paths.h"
 #include "document/TabFile.h"
 #include "workspace/LoadDocument.h"
+#include "workspace/Recovery.h"
 #include "workspace/ReplaceDocument.h"
 
 #include <algorithm>
@@ -45,7 +46,8 @@ LoadOutcome RestoreDocument(MainModule& main, const RecoveredDocument& recovered
     if (!copy)
         throw Error("The recovery copy is gone or damaged: " + PathText(recovered.File));
     const LoadOutcome outcome = ReplaceDocument(main, [&] { return LoadCopy(main, *copy); });
-    if (outcome == LoadOutcome::Loaded)
+    // First a copy of this program's own: among the last ten it would be the next to go.
+    if (outcome == LoadOutcome::Loaded && KeepRecoveryCopy(main))
         main.recovery.Settle(recovered);
     return outcome;
 }

@@ -11,7 +11,8 @@ namespace velmora {
 /// then. NoPrinter: as LoadGlobals says.
 LoadOutcome LoadCopy(MainModule& main, const RecoveryCopy& copy);
 
-/// Replaces the document by one that can be had back, which is settled then. Raises Error with everything as it was.
+/// Replaces the document by one that can be had back, which is settled as soon as this program has a copy of its own.
+/// Raises Error with everything as it was.
 /// NoPrinter: as LoadGlobals says.
 LoadOutcome RestoreDocument(MainModule& main, const RecoveredDocument& recovered);
 

@@ -1,6 +1,7 @@
 #include "app/ui/QtForms.h"
 
 #include "app/ui/SetupForms.h"
+#include "app/ui/frmRecover.h"
 #include "app/ui/frmSettings.h"
 
 namespace velmora {
@@ -8,6 +9,12 @@ namespace velmora {
 void QtForms::ShowMainWindow() {
     window_ = std::make_unique<mdiVelmora>(program_);
     window_->show();
+}
+
+LostAnswer QtForms::ShowLost(const std::vector<RecoveredDocument>& lost) {
+    frmRecover form(program_.main.settings, lost, Window());
+    form.exec();
+    return form.Answer();
 }
 
 void QtForms::ShowPrinterSetup() {

@@ -76,8 +76,10 @@ QAction* Separator(QObject* parent) {
 mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     setObjectName("mdiVelmora");
     setAcceptDrops(true);
+    keepTimer_.setObjectName("keepTimer");
     keepTimer_.setSingleShot(true);
-    connect(&keepTimer_, &QTimer::timeout, this, [this] { KeepRecoveryCopy(program_.main); });
+    keepTimer_.setInterval(kKeepAfterMs);
+    connect(&keepTimer_, &QTimer::timeout, this, &mdiVelmora::KeepBeside);
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { KeepLastRecoveryCopy(program_.main); });
     BuildMenus();
     BuildToolBar();
@@ -195,12 +197,26 @@ void mdiVelmora::WatchEditMenu(QMenu* menu) {
 
 /// Unsaved work is on disk some seconds after it was typed, and its copy goes when nothing is unsaved any more.
 void mdiVelmora::KeepSoon() {
-    if (program_.main.recovery.IsPaused() || keepTimer_.isActive())
+    if (program_.main.recovery.IsPaused())
+        return;
+    unkept_ = true;
+    if (keepTimer_.isActive())
         return;
     if (program_.main.document.DocChanged)
-        keepTimer_.start(kKeepAfterMs);
+        keepTimer_.start();
     else
         program_.main.recovery.Drop();
+}
+
+/// Looks after each copy once more: it may have failed, or take longer than the time between two.
+void mdiVelmora::KeepBeside() {
+    MainModule& main = program_.main;
+    if (!main.recovery.IsWriting()) {
+        if (!std::exchange(unkept_, false))
+            return FinishRecoveryCopy(main);
+        KeepRecoveryCopyBeside(main);
+    }
+    keepTimer_.start();
 }
 
 /// No error leaves a command: what a procedure has not trapped itself is reported here.

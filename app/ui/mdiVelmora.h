@@ -46,6 +46,7 @@ private:
     void AddRecovered(QMenu* menu);
     void Restore(const RecoveredDocument& document);
     void KeepSoon();
+    void KeepBeside();
     void BuildToolBar();
     void BuildStatusLine();
     void BuildStrip();
@@ -59,7 +60,8 @@ private:
     StatusLine* status_ = nullptr;
     PageStrip* strip_ = nullptr;
     frmGrid2a4* grid_ = nullptr;
-    QTimer keepTimer_;
+    QTimer keepTimer_{this};
+    bool unkept_ = false; ///< something may have changed since the last copy was begun
     PreviewViewer viewer_{*this};
 };
 

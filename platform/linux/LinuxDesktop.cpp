@@ -89,6 +89,12 @@ bool LinuxDesktop::StartProgram(const fs::path& program) {
     return program.is_absolute() && IsProgram(program) && StartDetached({PathText(program)});
 }
 
+bool LinuxDesktop::StartAnother(const fs::path& file) {
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error);
+    return !error && StartDetached({PathText(program), PathText(fs::absolute(file))});
+}
+
 bool LinuxDesktop::StartSystemInformation() {
     const std::string desktop = ToUpper(environment_("XDG_CURRENT_DESKTOP").value_or(""));
     std::vector<std::vector<std::string>> tools = {{"gnome-control-center", "system"},

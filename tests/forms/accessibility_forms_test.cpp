@@ -3,6 +3,7 @@
 #include "app/ui/frmHelp.h"
 #include "app/ui/frmImport.h"
 #include "app/ui/frmOptionsPage.h"
+#include "app/ui/frmRecover.h"
 #include "app/ui/frmSelectSheet.h"
 #include "app/ui/frmSettings.h"
 #include "editor/ui/frmFind.h"
@@ -158,6 +159,8 @@ private slots:
         running.Trigger("mnuFind");
         LookAndClose(*running.window->findChild<frmFind*>());
         LookAtImport(running);
+        frmRecover recover(running.test.settings, std::vector<RecoveredDocument>(kMostLost), running.window);
+        LookAndClose(recover);
         LookAtPreview(running);
         LookAtModal(running, "mnuMarginSetup", "frmFix3");
         LookAtModal(running, "mnuPgSetup", "frmPageSetUp");

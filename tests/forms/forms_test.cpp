@@ -1,4 +1,5 @@
 // The main window and its grid on the offscreen platform, driven through the named controls.
+#include "app/ui/frmRecover.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "platform/qt/Endings.h"
 #include "platform/qt/QtUserInterface.h"
@@ -11,8 +12,10 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QElapsedTimer>
+#include <QListWidget>
 #include <QMimeData>
 #include <QProcess>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QToolBar>
@@ -20,6 +23,7 @@
 #include <QUrl>
 
 #include <csignal>
+#include <sys/resource.h>
 
 namespace {
 
@@ -345,6 +349,67 @@ private slots:
                                    ": No such file or directory\r\nCalled from Function: PrintReport",
                                Icon::Critical);
         running.Trigger("mnuSavePdf");
+    }
+
+    void whatIsTypedIsKeptWhileAPersonGoesOn() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        const fs::path recovery = running.test.folder / "Recovery";
+        fs::path kept;
+        const auto isKept = [&](const char* text) {
+            std::error_code error;
+            for (const auto& entry : fs::directory_iterator(recovery, error))
+                kept = entry.path().extension() == ".recovery" ? entry.path() : kept;
+            return fs::exists(kept) && ReadFile(kept).find(text) != std::string::npos;
+        };
+        running.window->findChild<QTimer*>("keepTimer")->setInterval(200);
+        QLineEdit* box = running.Box("TextA1(1)");
+        box->clear();
+        for (const char* text : {"typed", "typed more", "typed more still"}) {
+            QTest::keyClicks(box, QString(text).mid(box->text().size()));
+            QTRY_VERIFY(isKept(text));
+        }
+        rlimit room{};
+        ::getrlimit(RLIMIT_FSIZE, &room);
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit none{0, room.rlim_max};
+        bool told = false;
+        running.test.ui.Expect(kept.string() + ": File too large\r\nCalled from Sub: KeepRecoveryCopy", Icon::Critical,
+                               Buttons::Ok, Answer::Ok, std::nullopt, [&] { told = true; });
+        ::setrlimit(RLIMIT_FSIZE, &none);
+        QTest::keyClicks(box, "!");
+        const bool came = QTest::qWaitFor([&] { return told; });
+        ::setrlimit(RLIMIT_FSIZE, &room);
+        QVERIFY(came);
+        while (running.window->isWindowModified())
+            running.Trigger("mnuUndo");
+        QTRY_VERIFY(fs::is_empty(recovery));
+    }
+
+    void theLostAreChosenFromAList() {
+        TestProgram test(FailSoftly);
+        std::vector<RecoveredDocument> lost(3);
+        lost[1] = {{}, "/folder/name.csv", {}, 1, true, 0, "one, two"};
+        /// The choice, as a number, and the rows.
+        const auto answer = [&](Qt::Key key, const char* button) {
+            frmRecover form(test.settings, lost, nullptr);
+            form.show();
+            auto* list = form.findChild<QListWidget*>("lstLost");
+            const QString shown = list->item(1)->text();
+            QTest::keyClick(list, key, Qt::ControlModifier);
+            QTest::mouseClick(form.findChild<QPushButton*>(button), Qt::LeftButton);
+            QString all =
+                shown.startsWith("name.csv   1970") && shown.endsWith("   1 tab\none, two   /folder") ? "" : shown;
+            for (const std::size_t row : form.Answer().which)
+                all += QString::number(row);
+            return form.isVisible() ? "stays open"
+                                    : QString::number(static_cast<int>(form.Answer().choice)) + ":" + all;
+        };
+        QCOMPARE(answer(Qt::Key_Space, "cmdRecover"), QString("stays open")); // nothing is chosen
+        QCOMPARE(answer(Qt::Key_A, "cmdDiscard"), QString("2:012"));
+        QCOMPARE(answer(Qt::Key_Home, "cmdRecover"), QString("1:0"));
+        QCOMPARE(answer(Qt::Key_Home, "cmdRecoverAll"), QString("1:012"));
+        QCOMPARE(answer(Qt::Key_A, "cmdLater"), QString("0:"));
     }
 
     void theLastKeystrokeIsKeptWhenAProgramIsEnded() {

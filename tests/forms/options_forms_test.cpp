@@ -138,7 +138,8 @@ private slots:
              {"frmAutoRepWiz3a", "frmFix3",    "frmPageSetUp", "frmOptionsPage", "mdiVelmora",
               "frmSelectSheet",  "frmGrid2a4", "frmFind",      "frmProgress",    "frmAbout",
               "frmSettings",     "frmHelp",    "frmImport",    "frmFix1",        "frmFix2",
-              "frmPreview",      "frmGoTo",    "frmSort",      "frmMovePage",    "frmRemoveDuplicates"})
+              "frmPreview",      "frmGoTo",    "frmSort",      "frmMovePage",    "frmRemoveDuplicates",
+              "frmRecover"})
             QVERIFY2(!Html(HelpPageOf(form)).isEmpty(), form);
         QCOMPARE(QString(HelpPageOf("frmSelectSheet").data()), QString("spreadsheets"));
     }
