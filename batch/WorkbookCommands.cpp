@@ -55,8 +55,7 @@ Worksheet ReadSheet(const ConvertArguments& arguments, const std::string& text) 
 
 /// As tab files are read, but also in the encoding that a spreadsheet calls Unicode text.
 std::string ReadText(const std::string& path) {
-    NamingFile(path, [&] { IsLargeTabFile(PathOf(path)); }); // which refuses a list of that size
-    const std::string bytes = ReadInput(path);
+    const std::string bytes = NamingFile(path, [&] { return ReadInput(path); });
     const std::vector<ListEncoding> encodings = FittingEncodings(bytes);
     const bool utf16 = !encodings.empty() && encodings.front() == ListEncoding::Utf16;
     return utf16 ? DecodeList(bytes, ListEncoding::Utf16) : bytes;

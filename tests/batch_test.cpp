@@ -387,6 +387,14 @@ TEST_F(BatchTest, ConvertsListsAndWorkbooks) {
     EXPECT_EQ(Batch("check other.csv").output, "");
 }
 
+TEST_F(BatchTest, ListsFromAPipeAreBoundedAsFilesAre) {
+    for (const char* command : {"convert - out.csv", "check -", "pdf - -o out.pdf"}) {
+        const Result run = Shell(std::string("yes 'a;b' | '") + VELMORA_BATCH + "' " + command);
+        EXPECT_EQ(run.code, 1) << command;
+        EXPECT_EQ(run.output, "velmora-batch: standard input: the list is larger than 40 MB\n");
+    }
+}
+
 TEST_F(BatchTest, ConvertRefusesWithoutWriting) {
     Write("no.xls", "PK no workbook");
     Write("long.csv", [] {
