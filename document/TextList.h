@@ -33,7 +33,7 @@ std::vector<std::vector<std::string>> ParseTextList(std::string_view text, char 
                                                     std::size_t most = std::numeric_limits<std::size_t>::max());
 
 /// Takes the columns of one entry; false ends the reading.
-using ListRowSink = std::function<bool(const std::vector<std::string>& columns)>;
+using ListRowSink = std::function<bool(std::vector<std::string> columns)>;
 /// The same, entry by entry, so that no more than one is held.
 void ReadTextList(std::string_view text, char delimiter, std::size_t mostColumns, const ListRowSink& sink);
 

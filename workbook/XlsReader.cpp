@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <bit>
 #include <map>
+#include <set>
 
 namespace velmora {
 namespace {
@@ -138,7 +139,8 @@ std::string Xls::NumberText(double number, std::size_t style) const {
 /// Collects where the cells of the columns asked for stand; a cell is taken apart when its row is handed on.
 class CellCollector {
 public:
-    CellCollector(const Xls& book, const std::vector<int>& columns) : book_(book), columns_(columns) {}
+    CellCollector(const Xls& book, const std::vector<int>& columns, const SheetRowSink& sink)
+        : book_(book), most_(columns.size() * biff::kMostRows), row_(columns, sink) {}
 
     void Read(RecordReader& records) {
         int depth = 0; // charts within the sheet have an end of their own
@@ -153,12 +155,16 @@ public:
         throw WorkbookError("the worksheet ends in the middle");
     }
 
-    void HandOn(const SheetRowSink& sink) const {
-        SheetRow row(columns_, sink);
+    void HandOn() {
+        auto hidden = hidden_.begin();
         for (const auto& [number, cells] : rows_) {
+            for (; hidden != hidden_.end() && *hidden < number; ++hidden)
+                row_.PassHidden(1);
+            const bool isHidden = hidden != hidden_.end() && *hidden == number;
+            hidden = isHidden ? std::next(hidden) : hidden;
             for (const Cell& cell : cells)
-                row.Put(cell.column, TextOf(cell));
-            if (!row.Flush(number))
+                PutCell(cell);
+            if (!row_.Flush(number, isHidden))
                 return;
         }
     }
@@ -174,9 +180,9 @@ private:
     Cell* CellAt(std::size_t row, std::size_t column) {
         awaitsString_ = nullptr;
         const auto number = static_cast<int>(column) + 1;
-        if (std::find(columns_.begin(), columns_.end(), number) == columns_.end())
+        if (!row_.Wants(number))
             return nullptr;
-        if (++count_ > columns_.size() * biff::kMostRows)
+        if (++count_ > most_)
             RaiseDamaged();
         std::vector<Cell>& cells = rows_[static_cast<std::int32_t>(row) + 1];
         cells.push_back({static_cast<std::uint16_t>(number), 0, 0});
@@ -204,6 +210,10 @@ private:
                 Place(*awaitsString_, record);
             awaitsString_ = nullptr;
             break;
+        case biff::kRow:
+            if ((LittleEndian(data, 12, 2) & kHiddenRow) != 0)
+                hidden_.insert(static_cast<std::int32_t>(LittleEndian(data, 0, 2)) + 1);
+            break;
         default: break;
         }
     }
@@ -223,6 +233,12 @@ private:
                 cell->id = biff::kRk;
                 cell->at = PlaceOf(data.data() + at);
             }
+    }
+
+    void PutCell(const Cell& cell) {
+        row_.Put(cell.column, TextOf(cell));
+        if (cell.id == biff::kFormula || cell.id == biff::kString) // the text of one
+            row_.PutFormula(cell.column, false);
     }
 
     std::string TextOf(const Cell& cell) const {
@@ -272,12 +288,15 @@ private:
         return kind == 1 || kind == 2 ? TruthOrError(LittleEndian(data, 8, 1), kind == 2) : "";
     }
 
+    static constexpr unsigned kHiddenRow = 0x20;
     static constexpr std::size_t kRkSize = 6;        ///< a style and a number
     static constexpr std::uint32_t kRecordStart = 4; ///< its number and size
 
     const Xls& book_;
-    const std::vector<int>& columns_;
+    const std::size_t most_; ///< cells
+    RowCollector row_;
     std::map<std::int32_t, std::vector<Cell>> rows_;
+    std::set<std::int32_t> hidden_; ///< rows
     std::size_t count_ = 0;
     Cell* awaitsString_ = nullptr; ///< the formula before the record that holds its text
 };
@@ -288,9 +307,9 @@ void Xls::ReadSheet(const std::string& name, const std::vector<int>& columns, co
     if (sheet == sheets_.end())
         throw WorkbookError("the workbook has no worksheet [" + name + "]");
     RecordReader records(stream_, sheet->at);
-    CellCollector cells(*this, columns);
+    CellCollector cells(*this, columns, sink);
     cells.Read(records);
-    cells.HandOn(sink);
+    cells.HandOn();
 }
 
 } // namespace
