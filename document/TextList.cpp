@@ -11,7 +11,8 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t kLinesForGuess = 20;
-constexpr std::size_t kMostColumns = 1 << 14; // of the widest worksheets
+constexpr std::size_t kBytesForGuess = 1 << 20; // of them
+constexpr std::size_t kMostColumns = 1 << 14;   // of the widest worksheets
 
 class ListParser {
 public:
@@ -115,9 +116,10 @@ std::string DecodeList(std::string_view bytes, ListEncoding encoding) {
 }
 
 char GuessDelimiter(std::string_view text) {
+    const std::string_view start = text.substr(0, kBytesForGuess);
     char best = ',';
     for (const char candidate : {';', '\t'})
-        if (Columns(text, candidate) > Columns(text, best))
+        if (Columns(start, candidate) > Columns(start, best))
             best = candidate;
     return best;
 }

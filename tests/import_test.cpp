@@ -32,9 +32,15 @@ struct FaultyWorkbooks : LibraryWorkbooks {
     };
     bool installed = true;
     int failingRead = 0;
+    int written = 0; ///< rows
     bool CanRead(WorkbookFormat) const override { return installed; }
     std::unique_ptr<Workbook> Open(const fs::path& path, const ReadingWatch& watch) override {
         return std::make_unique<Faulty>(LibraryWorkbooks::Open(path, watch), failingRead);
+    }
+    void Write(WorkbookFormat format, const std::string& name, const SheetRowSource& rows,
+               const std::function<void(std::string_view)>& sink) override {
+        const auto counted = [&](std::vector<std::string>& row) { return rows(row) && ++written > 0; };
+        LibraryWorkbooks::Write(format, name, counted, sink);
     }
 };
 
@@ -111,7 +117,9 @@ TEST_F(ImportTest, AHeaderAsksForNoColumns) {
     for (const char* file : {"header.xls", "header.xlsx", "header.ods"}) {
         dialogs.sheet = "Tabs";
         Choose(Data(file));
+        workbooks.written = 0;
         EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << file;
+        EXPECT_TRUE(workbooks.written == 0 || file == std::string("header.xls")) << "others are told at once";
         EXPECT_EQ(Tab(1), "Smith|2024|");
         EXPECT_EQ(document.setup.OptType, 4);
         EXPECT_EQ(document.setup.StationeryType, "DL_v");

@@ -462,7 +462,8 @@ TEST(TextListTest, GuessesTheDelimiterAndKnowsQuotes) {
                                                   {"a;b\tc\n", ';'},
                                                   {"a;b,,,,\n \nc;d\n", ';'}, // on every line that holds something
                                                   {"a title\na;b;c\nd,e;f;g\n", ';'},
-                                                  {longer + "x;y\n", ','}}; // beyond what is looked at
+                                                  {longer + "x;y\n", ','}, // beyond what is looked at
+                                                  {std::string(1 << 20, 'x') + ";y\n", ','}};
     for (const auto& [text, delimiter] : cases)
         EXPECT_EQ(GuessDelimiter(text), delimiter) << text;
     EXPECT_EQ(ParseTextList("\"a;\"\"b\"\"\";c\r\n\r\n\"x\ny\";5\" disk\rlast;\"open", ';'),

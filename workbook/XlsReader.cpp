@@ -155,9 +155,11 @@ public:
         throw WorkbookError("the worksheet ends in the middle");
     }
 
+    /// Each row is forgotten then: the sink may keep its texts.
     void HandOn() {
         auto hidden = hidden_.begin();
-        for (const auto& [number, cells] : rows_) {
+        for (; !rows_.empty(); rows_.erase(rows_.begin())) {
+            const auto& [number, cells] = *rows_.begin();
             for (; hidden != hidden_.end() && *hidden < number; ++hidden)
                 row_.PassHidden(1);
             const bool isHidden = hidden != hidden_.end() && *hidden == number;
