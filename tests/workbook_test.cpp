@@ -238,6 +238,11 @@ TEST_F(WorkbookTest, HostileOnesEndInAnErrorBeforeTheyCostMuch) {
     EXPECT_THROW(OpenBytes(StoredZip(parts)), WorkbookError);
 }
 
+TEST_F(WorkbookTest, WhatTheWatchRaisesEndsTheReading) {
+    for (const char* file : {"cells.xlsx", "cells.ods"})
+        EXPECT_THROW(workbooks.Open(Data(file), [] { throw TestOver(); }), TestOver) << file;
+}
+
 TEST_F(WorkbookTest, OdsRowsAndCellsMayBeRepeatedOrMerged) {
     const auto cell = [](const std::string& text, const std::string& attributes = "") {
         return "<t:table-cell " + attributes + ">" + text + "</t:table-cell>";
