@@ -38,7 +38,7 @@ std::unique_ptr<Workbook> LibraryWorkbooks::Open(const std::filesystem::path& pa
         throw WorkbookError("the file is larger than 256 MB");
     std::string bytes = ReadFile(path, kMostWorkbookBytes);
     if (IsOleFile(bytes))
-        return OpenXls(std::move(bytes));
+        return OpenXls(std::move(bytes), watch);
     if (!bytes.starts_with("PK"))
         RaiseNoWorkbook(bytes);
     ZipFile zip(std::move(bytes), watch);

@@ -45,7 +45,7 @@ struct SheetStart {
 
 class Xls : public Workbook {
 public:
-    explicit Xls(std::string stream) : stream_(std::move(stream)) {
+    Xls(std::string stream, ReadingWatch watch) : stream_(std::move(stream)), watch_(std::move(watch)) {
         ReadGlobals();
         for (const SheetStart& sheet : sheets_)
             names_.push_back(sheet.name);
@@ -71,6 +71,7 @@ private:
     }
 
     std::string stream_;
+    ReadingWatch watch_;
     KeptBytes kept_;
     bool wide_ = true; ///< BIFF8, whose strings are not bytes
     bool from1904_ = false;
@@ -144,7 +145,10 @@ public:
 
     void Read(RecordReader& records) {
         int depth = 0; // charts within the sheet have an end of their own
+        std::uint32_t count = 0;
         for (BiffRecord record; records.Next(record);) {
+            if (book_.watch_ && count++ % kRecordsBetweenLooks == 0)
+                book_.watch_();
             if (record.id == biff::kBof)
                 ++depth;
             else if (record.id == biff::kEof && --depth <= 0)
@@ -291,6 +295,7 @@ private:
     }
 
     static constexpr unsigned kHiddenRow = 0x20;
+    static constexpr std::uint32_t kRecordsBetweenLooks = 256;
     static constexpr std::size_t kRkSize = 6;        ///< a style and a number
     static constexpr std::uint32_t kRecordStart = 4; ///< its number and size
 
@@ -316,7 +321,7 @@ void Xls::ReadSheet(const std::string& name, const std::vector<int>& columns, co
 
 } // namespace
 
-std::unique_ptr<Workbook> OpenXls(std::string bytes) {
+std::unique_ptr<Workbook> OpenXls(std::string bytes, ReadingWatch watch) {
     if (bytes.size() > kMostXlsBytes)
         throw WorkbookError("the file is larger than 128 MB");
     if (ReadOleStream(bytes, "EncryptedPackage"))
@@ -327,7 +332,7 @@ std::unique_ptr<Workbook> OpenXls(std::string bytes) {
     if (!stream)
         throw WorkbookError("the file is no workbook");
     std::string().swap(bytes); // before the texts are taken out
-    return std::make_unique<Xls>(*std::move(stream));
+    return std::make_unique<Xls>(*std::move(stream), std::move(watch));
 }
 
 } // namespace velmora
