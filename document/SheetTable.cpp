@@ -37,7 +37,7 @@ SheetTable::SheetTable(Workbook& workbook, std::string name, ReadingWatch watch,
 }
 
 void SheetTable::Read(const SheetRowSink& sink) const {
-    std::vector<int> columns(kMostSheetColumns);
+    std::vector<int> columns(kMostColumns);
     std::iota(columns.begin(), columns.end(), 1);
     workbook_.ReadSheet(name_, columns, [&](const SheetRow& row) {
         watch_();

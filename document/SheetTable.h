@@ -17,7 +17,7 @@ public:
 
     /// For the version tests.
     std::string FirstCell() const;
-    /// The first rows with all columns up to kMostSheetColumns, blank rows between them too. Hidden ones may be left
+    /// The first rows with all columns up to kMostColumns, blank rows between them too. Hidden ones may be left
     /// out.
     std::vector<std::vector<std::string>> FirstRows(std::size_t most, bool visibleOnly) const;
     /// That are not blank.

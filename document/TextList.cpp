@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::size_t kLinesForGuess = 20;
 constexpr std::size_t kBytesForGuess = 1 << 20; // of them
-constexpr std::size_t kMostColumns = 1 << 14;   // of the widest worksheets
 
 class ListParser {
 public:
@@ -21,7 +20,7 @@ public:
     std::vector<std::vector<std::string>> Rows(std::size_t most) {
         std::vector<std::vector<std::string>> rows;
         while (!AtEnd() && rows.size() < most)
-            rows.push_back(Row(kMostColumns));
+            rows.push_back(Row(static_cast<std::size_t>(kMostColumns)));
         return rows;
     }
     bool AtEnd() const { return at_ >= text_.size(); }

@@ -2,7 +2,6 @@
 
 #include "base/Paths.h"
 #include "base/Text.h"
-#include "document/TextList.h"
 
 #include <algorithm>
 #include <numeric>
@@ -176,7 +175,7 @@ Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const Works
 Worksheet WorksheetOf(std::string_view list, char delimiter, const WorksheetOptions& options) {
     WorksheetBuilder builder(options);
     SheetRow row;
-    const auto columns = static_cast<std::size_t>(std::max(builder.LastColumn(), kMostSheetColumns));
+    const auto columns = static_cast<std::size_t>(std::max(builder.LastColumn(), kMostColumns));
     ReadTextList(list, delimiter, columns, [&](std::vector<std::string> cells) {
         ++row.number;
         row.texts = std::move(cells);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "document/TabFile.h"
+#include "document/TextList.h"
 #include "workbook/SpreadsheetApplication.h"
 
 #include <array>
@@ -14,9 +15,6 @@ namespace velmora {
 
 /// By the ending of the name, in any case; nullopt for a text file.
 std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path);
-
-/// The columns that are looked at: all that an .xls sheet has.
-inline constexpr int kMostSheetColumns = 256;
 
 struct WorksheetOptions {
     std::vector<int> columns = {1, 2, 3}; ///< of field 1, 2 and 3, from 1; 0 and fewer leave fields empty
