@@ -32,7 +32,7 @@ SheetTable::SheetTable(Workbook& workbook, std::string name, ReadingWatch watch,
         hiddenRows_ += row.hidden ? 1 : 0;
         if (whole_)
             Keep(row, most);
-        return true;
+        return row.number - row.hiddenAbove <= kMostTabs + kHeaderLines; // else no choice makes a document of it
     });
 }
 

@@ -12,7 +12,8 @@ namespace velmora {
 class SheetTable {
 public:
     /// Rows are kept as long as they take no more bytes than `most`; what comes behind them is read again where it is
-    /// needed. `workbook` must outlive the table, `watch` is called for each row that is read. Raises WorkbookError.
+    /// needed. The reading ends where there are more rows than a document takes. `workbook` must outlive the table,
+    /// `watch` is called for each row that is read. Raises WorkbookError.
     SheetTable(Workbook& workbook, std::string name, ReadingWatch watch, std::size_t most = kMostBytes);
 
     /// For the version tests.
@@ -20,7 +21,7 @@ public:
     /// The first rows with all columns up to kMostColumns, blank rows between them too. Hidden ones may be left
     /// out.
     std::vector<std::vector<std::string>> FirstRows(std::size_t most, bool visibleOnly) const;
-    /// That are not blank.
+    /// As far as the sheet was read, that are not blank.
     std::int32_t HiddenRows() const { return hiddenRows_; }
     /// Raises what the workbook and the builder raise.
     Worksheet Take(const WorksheetOptions& options) const;

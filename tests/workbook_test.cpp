@@ -266,6 +266,11 @@ TEST_F(WorkbookTest, OdsRowsAndCellsMayBeRepeatedOrMerged) {
         return last = row.number, true;
     });
     EXPECT_EQ(last, 1048576);
+    int looks = 0;
+    const auto book = OpenBytes(OdsBytes(endless));
+    const Worksheet sheet = SheetTable(*book, "S", [&] { ++looks; }).Take({});
+    EXPECT_LT(looks, 33000) << "a document takes no more";
+    EXPECT_THROW(LoadDocument(program.main, sheet), OverflowError);
 }
 
 /// A formula without a result is no blank cell, and none that was not chosen matters.

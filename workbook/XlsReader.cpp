@@ -17,6 +17,7 @@
 namespace velmora {
 namespace {
 
+constexpr std::size_t kMostCells = 8u << 20;      // more fit such a file only where it was made for it
 constexpr std::size_t kMostXlsBytes = 128u << 20; // its stream is held beside the file for a moment
 
 /// A whole number or a double in 30 bits, perhaps a hundredth of it.
@@ -141,7 +142,7 @@ std::string Xls::NumberText(double number, std::size_t style) const {
 class CellCollector {
 public:
     CellCollector(const Xls& book, const std::vector<int>& columns, const SheetRowSink& sink)
-        : book_(book), most_(columns.size() * biff::kMostRows), row_(columns, sink) {}
+        : book_(book), most_(std::min(columns.size() * biff::kMostRows, kMostCells)), row_(columns, sink) {}
 
     void Read(RecordReader& records) {
         int depth = 0; // charts within the sheet have an end of their own
@@ -189,7 +190,7 @@ private:
         if (!row_.Wants(number))
             return nullptr;
         if (++count_ > most_)
-            RaiseDamaged();
+            RaiseTooLarge();
         std::vector<Cell>& cells = rows_[static_cast<std::int32_t>(row) + 1];
         cells.push_back({static_cast<std::uint16_t>(number), 0, 0});
         return &cells.back();
