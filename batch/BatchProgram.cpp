@@ -8,8 +8,8 @@
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
+#include <array>
 #include <iostream>
-#include <sstream>
 
 namespace velmora {
 namespace {
@@ -20,6 +20,18 @@ class NoProgress : public Progress {
 public:
     void Advance(int) override {}
 };
+
+std::string ReadStandardInput() {
+    std::string bytes;
+    std::array<char, 65536> piece{};
+    while (std::cin.read(piece.data(), piece.size()), std::cin.gcount() > 0) {
+        bytes.append(piece.data(), static_cast<std::size_t>(std::cin.gcount()));
+        RefuseLargeList(bytes, bytes.size());
+    }
+    if (std::cin.bad())
+        throw Error("cannot be read");
+    return bytes;
+}
 
 template <typename Source> void LoadOrExplain(MainModule& main, const Source& source) {
     try {
@@ -97,15 +109,11 @@ void MentionInterruptedSave(const std::string& file) {
 }
 
 std::string ReadInput(const std::string& file) {
-    if (file != kStandardStream) {
-        MentionInterruptedSave(file);
-        return ReadFile(PathOf(file));
-    }
-    std::ostringstream bytes;
-    bytes << std::cin.rdbuf();
-    if (std::cin.bad())
-        throw Error("standard input: cannot be read");
-    return std::move(bytes).str();
+    if (file == kStandardStream)
+        return ReadStandardInput();
+    MentionInterruptedSave(file);
+    IsLargeTabFile(PathOf(file)); // which refuses a list of that size
+    return ReadFile(PathOf(file));
 }
 
 void WriteOutput(const std::string& file,

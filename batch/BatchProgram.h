@@ -88,7 +88,7 @@ template <typename Work> auto NamingFile(const std::string& file, Work work) {
 /// may be damaged.
 void MentionInterruptedSave(const std::string& file);
 
-/// The bytes of a file, "-" for standard input. Raises FileAccessError.
+/// The bytes of a file, "-" for standard input. Raises FileAccessError, and Error for a list that is too large.
 std::string ReadInput(const std::string& file);
 
 /// Lets `produce` write through its sink to a file, which is replaced when all is written, or to standard output

@@ -118,7 +118,9 @@ void AddCheck(CLI::App& app, Request& request) {
 void AddConvert(CLI::App& app, Request& request) {
     ConvertArguments& convert = request.convert;
     CLI::App* command = app.add_subcommand("convert", "Turn a tab file, a text list or a workbook into another");
-    command->add_option("IN", convert.input, ".csv, .txt, .xls, .xlsx or .ods")->required()->check(kNotEmpty);
+    command->add_option("IN", convert.input, ".csv, .txt, .xls, .xlsx or .ods, - for a text on standard input")
+        ->required()
+        ->check(kNotEmpty);
     command->add_option("OUT", convert.output, ".csv, .xls or .xlsx")->required()->check(kNotEmpty);
     command->add_option("--sheet", convert.sheet, "Worksheet to read");
     command->add_option("--columns", convert.columns, "Columns of the fields, such as 2,1,3")
@@ -126,6 +128,7 @@ void AddConvert(CLI::App& app, Request& request) {
         ->expected(1, 3)
         ->check(CLI::Range(1, 256));
     command->add_flag("--heading", convert.heading, "The first row names the columns");
+    command->add_flag("--visible", convert.visible, "Leave out hidden and filtered rows of a worksheet");
     command->add_option("--type", convert.type, "Tab type")->check(CLI::Range(0, kTabTypes - 1));
     command->add_option("--fields", convert.fields, "Fields per tab")->check(CLI::Range(1, 3));
     command->add_flag("--no-header", convert.noHeader, "Write the tabs alone");

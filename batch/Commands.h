@@ -72,6 +72,7 @@ struct ConvertArguments {
     std::string sheet; ///< empty: the only one
     std::vector<int> columns;
     bool heading = false;
+    bool visible = false; ///< without hidden rows
     std::optional<int> type;
     std::optional<int> fields;
     bool noHeader = false;

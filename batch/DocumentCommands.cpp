@@ -204,11 +204,11 @@ int RunCheck(const std::vector<std::string>& files) {
     bool clean = true;
     for (const std::string& file : files) {
         try {
-            for (const TabFileProblem& problem : CheckTabFile(ReadInput(file))) {
+            for (const TabFileProblem& problem : CheckTabFile(NamingFile(file, [&] { return ReadInput(file); }))) {
                 std::cout << file << ":" << problem.line << ": " << problem.text << '\n';
                 clean = false;
             }
-        } catch (const FileAccessError& error) {
+        } catch (const Error& error) {
             std::cerr << "velmora-batch: " << OneLine(error.what()) << '\n';
             clean = false;
         }

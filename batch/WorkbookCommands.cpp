@@ -40,6 +40,7 @@ std::string ChooseSheet(const Workbook& workbook, const std::string& wanted) {
 WorksheetOptions OptionsOf(const ConvertArguments& arguments) {
     WorksheetOptions options;
     options.heading = arguments.heading;
+    options.visibleOnly = arguments.visible;
     if (!arguments.columns.empty())
         options.columns = arguments.columns;
     return options;
@@ -49,14 +50,16 @@ WorksheetOptions OptionsOf(const ConvertArguments& arguments) {
 Worksheet ReadSheet(const ConvertArguments& arguments, const std::string& text) {
     if (!WorkbookFormatOf(PathOf(arguments.input)))
         return WorksheetOf(text, SpreadsheetSeparator(text).value_or(GuessDelimiter(text)), OptionsOf(arguments));
-    const auto workbook = LibraryWorkbooks().Open(PathOf(arguments.input));
-    return ReadWorksheet(*workbook, ChooseSheet(*workbook, arguments.sheet), OptionsOf(arguments));
+    const auto workbook = LibraryWorkbooks().Open(PathOf(arguments.input), {});
+    Worksheet sheet = ReadWorksheet(*workbook, ChooseSheet(*workbook, arguments.sheet), OptionsOf(arguments));
+    if (const std::string found = UnresolvedFindings(sheet); !found.empty())
+        throw Error(found);
+    return sheet;
 }
 
 /// As tab files are read, but also in the encoding that a spreadsheet calls Unicode text.
 std::string ReadText(const std::string& path) {
-    NamingFile(path, [&] { IsLargeTabFile(PathOf(path)); }); // which refuses a list of that size
-    const std::string bytes = ReadInput(path);
+    const std::string bytes = NamingFile(path, [&] { return ReadInput(path); });
     const std::vector<ListEncoding> encodings = FittingEncodings(bytes);
     const bool utf16 = !encodings.empty() && encodings.front() == ListEncoding::Utf16;
     return utf16 ? DecodeList(bytes, ListEncoding::Utf16) : bytes;
@@ -127,7 +130,7 @@ int RunConvert(const ConvertArguments& arguments) {
 
 int RunSheets(const std::string& file) {
     MentionInterruptedSave(file);
-    const auto workbook = NamingFile(file, [&] { return LibraryWorkbooks().Open(PathOf(file)); });
+    const auto workbook = NamingFile(file, [&] { return LibraryWorkbooks().Open(PathOf(file), {}); });
     for (const std::string& name : workbook->SheetNames())
         std::cout << name << '\n';
     return kDone;

@@ -63,6 +63,7 @@ struct TabDocument {
     bool FileError = false;         ///< the last file operation failed
     bool DocChanged = false;        ///< unsaved changes
     bool Foreign = false;           ///< the file is another program's and may hold more than a save writes
+    std::string ForeignFindings;    ///< what a save would make of it, as far as it was read; empty: not known
 
     /// The array of field 0, 1 or 2.
     FieldTexts& Field(int field) { return field == 0 ? FieldA : field == 1 ? FieldB : FieldC; }

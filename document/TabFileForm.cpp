@@ -9,6 +9,8 @@
 namespace velmora {
 namespace {
 
+constexpr std::size_t kAnnouncement = 64;
+
 /// The lines of a header: those of tabs may hold any separator as a text.
 std::string_view HeaderLines(std::string_view text) {
     LineReader lines(text);
@@ -40,13 +42,16 @@ std::optional<char> SpreadsheetSeparator(std::string_view text) {
 }
 
 bool IsLargeTabFile(const std::filesystem::path& path) {
-    constexpr std::size_t kAnnouncement = 64;
     const auto stamp = StampOf(path);
     if (!stamp || stamp->size <= kMostListBytes)
         return false;
-    if (!AnnouncesHeader(Decode(ReadFile(path, kAnnouncement)).text))
-        throw Error("the list is larger than 40 MB");
+    RefuseLargeList(ReadFile(path, kAnnouncement), stamp->size);
     return true;
+}
+
+void RefuseLargeList(std::string_view beginning, std::uintmax_t size) {
+    if (size > kMostListBytes && !AnnouncesHeader(Decode(std::string(beginning.substr(0, kAnnouncement))).text))
+        throw Error("the list is larger than 40 MB");
 }
 
 } // namespace velmora

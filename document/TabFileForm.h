@@ -1,6 +1,7 @@
 // In which form a tab file comes: as this program writes it, or as a spreadsheet saved it.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -16,5 +17,7 @@ std::optional<char> SpreadsheetSeparator(std::string_view text);
 /// without a header: a tab file's texts may have any length, another program's list does not fit. Raises
 /// FileAccessError.
 bool IsLargeTabFile(const std::filesystem::path& path);
+/// The same for a text that comes bit by bit: what has come of it, and how much that is.
+void RefuseLargeList(std::string_view beginning, std::uintmax_t size);
 
 } // namespace velmora

@@ -11,7 +11,7 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t kLinesForGuess = 20;
-constexpr std::size_t kMostColumns = 1 << 14; // of the widest worksheets
+constexpr std::size_t kBytesForGuess = 1 << 20; // of them
 
 class ListParser {
 public:
@@ -20,7 +20,7 @@ public:
     std::vector<std::vector<std::string>> Rows(std::size_t most) {
         std::vector<std::vector<std::string>> rows;
         while (!AtEnd() && rows.size() < most)
-            rows.push_back(Row(kMostColumns));
+            rows.push_back(Row(static_cast<std::size_t>(kMostColumns)));
         return rows;
     }
     bool AtEnd() const { return at_ >= text_.size(); }
@@ -115,9 +115,10 @@ std::string DecodeList(std::string_view bytes, ListEncoding encoding) {
 }
 
 char GuessDelimiter(std::string_view text) {
+    const std::string_view start = text.substr(0, kBytesForGuess);
     char best = ',';
     for (const char candidate : {';', '\t'})
-        if (Columns(text, candidate) > Columns(text, best))
+        if (Columns(start, candidate) > Columns(start, best))
             best = candidate;
     return best;
 }

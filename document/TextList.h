@@ -14,6 +14,8 @@ namespace velmora {
 
 enum class ListEncoding { Utf8, Windows1252, Utf16 };
 
+/// The columns of a list or a worksheet that are looked at: all that an .xls sheet has.
+inline constexpr int kMostColumns = 256;
 /// No list is larger that fits a document: the most tabs, each in a line of 1,280 bytes.
 inline constexpr std::uintmax_t kMostListBytes = 40U << 20;
 
@@ -28,12 +30,12 @@ char GuessDelimiter(std::string_view text);
 
 /// One entry per line, blank lines too. A column in quotation marks may hold separators, line breaks and doubled
 /// quotation marks; a mark that nothing closes is a character like any other. Stops after `most` entries; of each come
-/// as many columns as the widest worksheets have.
+/// kMostColumns at most.
 std::vector<std::vector<std::string>> ParseTextList(std::string_view text, char delimiter,
                                                     std::size_t most = std::numeric_limits<std::size_t>::max());
 
 /// Takes the columns of one entry; false ends the reading.
-using ListRowSink = std::function<bool(const std::vector<std::string>& columns)>;
+using ListRowSink = std::function<bool(std::vector<std::string> columns)>;
 /// The same, entry by entry, so that no more than one is held.
 void ReadTextList(std::string_view text, char delimiter, std::size_t mostColumns, const ListRowSink& sink);
 

@@ -2,7 +2,6 @@
 
 #include "base/Paths.h"
 #include "base/Text.h"
-#include "document/TextList.h"
 
 #include <algorithm>
 #include <numeric>
@@ -12,7 +11,7 @@ namespace {
 
 constexpr std::size_t kMostBytes = 64u << 20;
 constexpr int kCountedColumns = 4;
-constexpr std::size_t kPreviewColumns = 256; // all that an .xls sheet has
+constexpr int kLetters = 26;
 
 std::string Cell(const std::vector<std::string>& cells, int column) {
     const auto index = static_cast<std::size_t>(column) - 1;
@@ -73,28 +72,57 @@ bool WorksheetBuilder::IsBlank(const std::vector<std::string>& cells) const {
                        [&](int column) { return Cell(cells, column).empty(); });
 }
 
-bool WorksheetBuilder::Add(std::int32_t row, const std::vector<std::string>& cells) {
-    if (row == 1) {
-        sheet_.firstCell = Cell(cells, 1);
+bool WorksheetBuilder::IsChosen(int column) const {
+    return std::find(options_.columns.begin(), options_.columns.end(), column) != options_.columns.end();
+}
+
+std::int32_t WorksheetBuilder::NumberOf(const SheetRow& row) {
+    if (sheet_.header || !options_.visibleOnly)
+        return row.number;
+    sheet_.leftOut.hiddenRows = sheet_.leftOut.hiddenRows || row.hidden;
+    return row.hidden ? 0 : row.number - row.hiddenAbove;
+}
+
+void WorksheetBuilder::NoteLeftOut(const SheetRow& row) {
+    LeftOut& leftOut = sheet_.leftOut;
+    leftOut.formulas = leftOut.formulas || row.formulas;
+    for (std::size_t i = 0; i < row.texts.size(); ++i)
+        if (const int column = static_cast<int>(i) + 1; !row.texts[i].empty() && !IsChosen(column))
+            leftOut.columns.insert(column);
+    for (const int column : row.unresolved)
+        if (IsChosen(column))
+            sheet_.unresolved.push_back(ColumnLetters(column) + std::to_string(row.number));
+}
+
+bool WorksheetBuilder::Add(const SheetRow& row) {
+    if (row.number == 1) {
+        sheet_.firstCell = Cell(row.texts, 1);
         if (AnnouncesHeader(sheet_.firstCell)) {
             sheet_.header.emplace();
             return true;
         }
     }
-    if (sheet_.header && row <= kHeaderLines) {
-        AddHeader(row, cells);
+    if (sheet_.header && row.number <= kHeaderLines) {
+        AddHeader(row.number, row.texts);
         return true;
     }
     const std::int32_t before = sheet_.header ? kHeaderLines : options_.heading ? 1 : 0;
-    if (row <= before || IsBlank(cells))
+    const std::int32_t number = NumberOf(row);
+    sheet_.leftOut.heading = sheet_.leftOut.heading || (number == 1 && before == 1);
+    return number <= before || AddTab(number - before, row);
+}
+
+bool WorksheetBuilder::AddTab(std::int32_t tab, const SheetRow& row) {
+    NoteLeftOut(row);
+    if (IsBlank(row.texts))
         return true;
-    if (row - before > kMostTabs) { // counted, so that the loading names the limit of the header's tab type
-        sheet_.lines = row - before;
+    if (tab > kMostTabs) { // counted, so that the loading names the limit of the header's tab type
+        sheet_.lines = tab;
         return false;
     }
-    sheet_.rows.resize(static_cast<std::size_t>(row - before));
+    sheet_.rows.resize(static_cast<std::size_t>(tab));
     for (std::size_t field = 0; field < std::min<std::size_t>(options_.columns.size(), kFieldsPerTab); ++field) {
-        sheet_.rows.back()[field] = OneLine(Cell(cells, options_.columns[field]));
+        sheet_.rows.back()[field] = OneLine(Cell(row.texts, options_.columns[field]));
         bytes_ += sheet_.rows.back()[field].size();
     }
     if (bytes_ > kMostBytes)
@@ -117,48 +145,43 @@ int FieldsInUse(const Worksheet& sheet) {
     return fields;
 }
 
+std::string ColumnLetters(int column) {
+    std::string letters;
+    for (int left = column; left > 0; left = (left - 1) / kLetters)
+        letters.insert(letters.begin(), static_cast<char>('A' + (left - 1) % kLetters));
+    return letters;
+}
+
+std::string UnresolvedFindings(const Worksheet& sheet) {
+    constexpr std::size_t kNamed = 10;
+    std::string cells;
+    for (std::size_t i = 0; i < std::min(sheet.unresolved.size(), kNamed); ++i)
+        cells += (i == 0 ? "" : ", ") + sheet.unresolved[i];
+    if (sheet.unresolved.size() > kNamed)
+        cells += " and " + std::to_string(sheet.unresolved.size() - kNamed) + " more";
+    return cells.empty() ? ""
+                         : "Formulas without a stored result, whose texts are missing: " + cells +
+                               ".\r\nA spreadsheet program stores the results when it opens the workbook and saves it.";
+}
+
 Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const WorksheetOptions& options) {
     WorksheetBuilder builder(options);
     std::vector<int> columns(static_cast<std::size_t>(builder.LastColumn()));
     std::iota(columns.begin(), columns.end(), 1);
-    workbook.ReadSheet(name, columns, [&](std::int32_t row, const std::vector<std::string>& cells) {
-        return builder.Add(row, cells);
-    });
+    workbook.ReadSheet(name, columns, [&](const SheetRow& row) { return builder.Add(row); });
     return builder.Take();
 }
 
 Worksheet WorksheetOf(std::string_view list, char delimiter, const WorksheetOptions& options) {
     WorksheetBuilder builder(options);
-    std::int32_t number = 0;
-    ReadTextList(list, delimiter, static_cast<std::size_t>(builder.LastColumn()),
-                 [&](const std::vector<std::string>& cells) { return builder.Add(++number, cells); });
+    SheetRow row;
+    const auto columns = static_cast<std::size_t>(std::max(builder.LastColumn(), kMostColumns));
+    ReadTextList(list, delimiter, columns, [&](std::vector<std::string> cells) {
+        ++row.number;
+        row.texts = std::move(cells);
+        return builder.Add(row);
+    });
     return builder.Take();
-}
-
-std::vector<std::vector<std::string>> ReadFirstRows(Workbook& workbook, const std::string& name, std::size_t most) {
-    std::vector<int> columns(kPreviewColumns);
-    std::iota(columns.begin(), columns.end(), 1);
-    std::vector<std::vector<std::string>> rows;
-    workbook.ReadSheet(name, columns, [&](std::int32_t row, std::vector<std::string> cells) {
-        if (static_cast<std::size_t>(row) > most)
-            return false;
-        while (!cells.empty() && cells.back().empty())
-            cells.pop_back();
-        rows.resize(static_cast<std::size_t>(row));
-        rows.back() = std::move(cells);
-        return true;
-    });
-    return rows;
-}
-
-std::string ReadFirstCell(Workbook& workbook, const std::string& name) {
-    std::string text;
-    workbook.ReadSheet(name, {1}, [&](std::int32_t row, const std::vector<std::string>& cells) {
-        if (row == 1)
-            text = cells[0];
-        return false;
-    });
-    return text;
 }
 
 void LoadData(const Worksheet& sheet, SettingsStore& store) {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include "document/TabFile.h"
+#include "document/TextList.h"
 #include "workbook/SpreadsheetApplication.h"
 
 #include <array>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -17,7 +19,17 @@ std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path
 struct WorksheetOptions {
     std::vector<int> columns = {1, 2, 3}; ///< of field 1, 2 and 3, from 1; 0 and fewer leave fields empty
     bool heading = false;                 ///< the first row names the columns; a sheet with a header has none
+    bool visibleOnly = false;             ///< leaves hidden and filtered rows out; a sheet with a header is taken whole
     bool operator==(const WorksheetOptions&) const = default;
+};
+
+/// What a sheet or list holds besides the texts that were taken, as far as its reading showed.
+struct LeftOut {
+    std::vector<std::string> sheets; ///< names of other worksheets
+    std::set<int> columns;           ///< with texts, from 1
+    bool heading = false;
+    bool hiddenRows = false;
+    bool formulas = false;
 };
 
 /// A worksheet's cells, as far as a document needs them.
@@ -27,6 +39,8 @@ struct Worksheet {
     std::vector<std::array<std::string, kFieldsPerTab>> rows;
     std::int32_t lines = 0; ///< of the header and the rows
     Encoding encoding = Encoding::Utf8;
+    std::vector<std::string> unresolved; ///< cells, such as "B7", whose formula has no stored result: taken as empty
+    LeftOut leftOut;
 };
 
 /// Takes a sheet's rows one by one. Blank rows between others are kept as empty tabs, those behind the last are not. A
@@ -36,14 +50,19 @@ public:
     explicit WorksheetBuilder(WorksheetOptions options) : options_(std::move(options)) {}
     /// Columns 1 up to this one are looked at.
     int LastColumn() const;
-    /// `row` from 1, ascending; `cells` from column 1. False once there are more tabs than any document holds, which
-    /// the loading refuses. Raises WorkbookError for more text than a document may hold.
-    bool Add(std::int32_t row, const std::vector<std::string>& cells);
+    /// Rows in ascending order, their texts from column 1. False once there are more tabs than any document holds,
+    /// which the loading refuses. Raises WorkbookError for more text than a document may hold.
+    bool Add(const SheetRow& row);
     Worksheet Take();
 
 private:
     void AddHeader(std::int32_t row, const std::vector<std::string>& cells);
+    bool AddTab(std::int32_t tab, const SheetRow& row);
     bool IsBlank(const std::vector<std::string>& cells) const;
+    bool IsChosen(int column) const;
+    /// The row's number among those that are taken; 0 for one that is left out.
+    std::int32_t NumberOf(const SheetRow& row);
+    void NoteLeftOut(const SheetRow& row);
 
     WorksheetOptions options_;
     Worksheet sheet_;
@@ -52,15 +71,14 @@ private:
 
 /// The number of fields, at least 1, that the rows have texts for.
 int FieldsInUse(const Worksheet& sheet);
+/// "AB" for column 28, as spreadsheets count.
+std::string ColumnLetters(int column);
+/// Says that the sheet's formulas without a stored result were taken as empty, and which; empty where there is none.
+std::string UnresolvedFindings(const Worksheet& sheet);
 /// Raises what the workbook and the builder raise.
 Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const WorksheetOptions& options);
 /// The rows of a text list, no more than a document takes. Raises what the builder raises.
 Worksheet WorksheetOf(std::string_view list, char delimiter, const WorksheetOptions& options);
-/// The first rows with all columns up to 256, blank rows between them too, to show what is in the sheet. Raises
-/// WorkbookError.
-std::vector<std::vector<std::string>> ReadFirstRows(Workbook& workbook, const std::string& name, std::size_t most);
-/// The first cell alone, for the version tests. Raises WorkbookError.
-std::string ReadFirstCell(Workbook& workbook, const std::string& name);
 
 void LoadData(const Worksheet& sheet, SettingsStore& store);
 std::int32_t GetNumberOfLables(const Worksheet& sheet, std::int32_t startingCount, TabDocument& document,

@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     TemporaryFile file(".xls");
     file.Write(Bytes(data, size));
     try {
-        const auto workbook = LibraryWorkbooks().Open(file.Path());
+        const auto workbook = LibraryWorkbooks().Open(file.Path(), {});
         for (const std::string& name : workbook->SheetNames())
             ReadWorksheet(*workbook, name, {});
     } catch (const Error&) {}

@@ -51,7 +51,7 @@ public:
     virtual void Beep() = 0;
     /// Also turns the pointer into the hourglass until the progress ends. `total` is at least 1.
     virtual std::unique_ptr<Progress> StartProgress(const std::string& text, int total) = 0;
-    /// The same with a Cancel button; the work asks Cancelled after each Advance.
+    /// The same with a Cancel button; the work asks Cancelled after each Advance. A `total` of 0 is not known.
     virtual std::unique_ptr<Progress> StartCancellable(const std::string& text, int total) = 0;
     /// The chosen path, or nullopt when the person cancelled.
     virtual std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) = 0;

@@ -2,6 +2,7 @@
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "tests/support/PdfWords.h"
+#include "tests/support/StoredZip.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -385,6 +386,30 @@ TEST_F(BatchTest, ConvertsListsAndWorkbooks) {
     ASSERT_EQ(Batch("convert tabs.csv other.csv --fields 3").code, 0);
     EXPECT_NE(ReadFile(folder / "other.csv").find("DL_v,4,3\r\n"), std::string::npos);
     EXPECT_EQ(Batch("check other.csv").output, "");
+}
+
+TEST_F(BatchTest, ConvertTakesHiddenRowsUnlessToldAndNoFormulaWithoutItsResult) {
+    const std::string row =
+        "<t:table-row t:visibility='filter'><t:table-cell><p>a</p></t:table-cell></t:table-row>"
+        "<t:table-row><t:table-cell t:formula='x'/><t:table-cell><p>b</p></t:table-cell></t:table-row>";
+    Write("in.ods", StoredZip({{"content.xml", "<d xmlns:t='t'><t:table t:name='S'>" + row + "</t:table></d>"}}));
+    ASSERT_EQ(Batch("convert in.ods out.csv --columns 2 --no-header").code, 0);
+    EXPECT_TRUE(ReadFile(folder / "out.csv").starts_with(",,\r\nb,,\r\n"));
+    ASSERT_EQ(Batch("convert in.ods out.csv --columns 2 --no-header --visible").code, 0);
+    EXPECT_TRUE(ReadFile(folder / "out.csv").starts_with("b,,\r\n,,\r\n"));
+    const Result refused = Batch("convert in.ods out.csv");
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_TRUE(refused.output.starts_with("velmora-batch: in.ods: Formulas without a stored result, whose texts are "
+                                           "missing: A2."))
+        << refused.output;
+}
+
+TEST_F(BatchTest, ListsFromAPipeAreBoundedAsFilesAre) {
+    for (const char* command : {"convert - out.csv", "check -", "pdf - -o out.pdf"}) {
+        const Result run = Shell(std::string("yes 'a;b' | '") + VELMORA_BATCH + "' " + command);
+        EXPECT_EQ(run.code, 1) << command;
+        EXPECT_EQ(run.output, "velmora-batch: standard input: the list is larger than 40 MB\n");
+    }
 }
 
 TEST_F(BatchTest, ConvertRefusesWithoutWriting) {

@@ -419,9 +419,11 @@ TEST_F(RecoveryTest, AForeignFileStaysForeign) {
             document.Foreign = foreign;
             ASSERT_TRUE(Archive());
             document.Foreign = !foreign;
+            document.ForeignFindings = "of the file before";
             document.DocChanged = false;
             RestoreDocument(main, store.List()[0]);
             EXPECT_EQ(document.Foreign, foreign) << name;
+            EXPECT_EQ(document.ForeignFindings, "") << "not known any more";
         }
 }
 

@@ -1,6 +1,7 @@
 // Workbooks: those of other programs, our own, and everything that can be wrong with one.
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
+#include "document/SheetTable.h"
 #include "document/TextList.h"
 #include "tests/support/StoredZip.h"
 #include "tests/support/TestProgram.h"
@@ -29,9 +30,9 @@ struct WorkbookTest : testing::Test {
 
     static Rows Read(Workbook& workbook, const std::string& sheet, const std::vector<int>& columns) {
         Rows rows;
-        workbook.ReadSheet(sheet, columns, [&](std::int32_t row, const std::vector<std::string>& texts) {
-            rows.resize(static_cast<std::size_t>(row));
-            rows.back() = texts;
+        workbook.ReadSheet(sheet, columns, [&](const SheetRow& row) {
+            rows.resize(static_cast<std::size_t>(row.number));
+            rows.back() = row.texts;
             return true;
         });
         return rows;
@@ -50,13 +51,13 @@ struct WorkbookTest : testing::Test {
     }
     std::unique_ptr<Workbook> OpenBytes(const std::string& bytes) {
         std::ofstream(program.folder / "book", std::ios::binary) << bytes; // hundreds of them: no flush to disk
-        return workbooks.Open(program.folder / "book");
+        return workbooks.Open(program.folder / "book", {});
     }
 };
 
 TEST_F(WorkbookTest, CellsComeAsAPersonSeesThem) {
     for (const char* file : {"cells.xls", "cells95.xls", "cells.xlsx", "cells.ods"}) {
-        const auto book = workbooks.Open(Data(file));
+        const auto book = workbooks.Open(Data(file), {});
         Rows rows = Read(*book, "Cells", {3, 1, 2});
         const Rows expected = {{"42", "Müller, Ž 日本", "007"},
                                {"1,234.50", "0007", "01/03/2024"},
@@ -87,7 +88,7 @@ TEST_F(WorkbookTest, DaysOfAnXlsMayCountFrom1904) {
 
 TEST_F(WorkbookTest, SheetsComeInOrderWithoutHiddenOnes) {
     for (const char* file : {"three.xls", "three.xlsx", "three.ods"}) {
-        const auto book = workbooks.Open(Data(file));
+        const auto book = workbooks.Open(Data(file), {});
         EXPECT_EQ(book->SheetNames(), (std::vector<std::string>{"Erste", "Zweite é", "Third"})) << file;
         EXPECT_EQ(Read(*book, "Third", {1}), (Rows{{"three"}})) << file;
     }
@@ -188,9 +189,6 @@ TEST_F(WorkbookTest, XlsxCellsOfEveryKind) {
         EXPECT_EQ(book->SheetNames(), std::vector<std::string>{"S"}) << "a chart is no worksheet";
         EXPECT_EQ(Read(*book, "S", {1}), (Rows{{}, {text}})) << cell;
     }
-    const auto book = OpenBytes(XlsxBytes("<row><c><f>A2+1</f><v/></c><c t='str'><f>A2</f><v/></c></row>"));
-    EXPECT_THROW(Read(*book, "S", {1}), WorkbookError) << "a formula without a result is no blank cell";
-    EXPECT_EQ(Read(*book, "S", {2}), Rows());
 }
 
 TEST_F(WorkbookTest, AnXlsxTextThatIsNotThereIsDamage) {
@@ -203,7 +201,7 @@ TEST_F(WorkbookTest, AnXlsxTextThatIsNotThereIsDamage) {
 TEST_F(WorkbookTest, ASheetOfAMillionRowsCostsWhatItHolds) {
     const auto book = OpenBytes(XlsxBytes("<row r='1'><c t='str'><v>first</v></c><c r='IV1' t='str'><v>x</v></c></row>"
                                           "<row r='1048576'><c t='str'><v>last</v></c></row>"));
-    EXPECT_EQ(ReadFirstRows(*book, "S", 20).at(0).size(), 256u);
+    EXPECT_EQ(SheetTable(*book, "S", [] {}).FirstRows(20, false).at(0).size(), 256u);
     const Worksheet sheet = ReadWorksheet(*book, "S", {});
     EXPECT_EQ(sheet.rows.size(), 1u);
     EXPECT_EQ(sheet.lines, 1048576) << "too many, which the loading finds";
@@ -240,6 +238,13 @@ TEST_F(WorkbookTest, HostileOnesEndInAnErrorBeforeTheyCostMuch) {
     EXPECT_THROW(OpenBytes(StoredZip(parts)), WorkbookError);
 }
 
+TEST_F(WorkbookTest, WhatTheWatchRaisesEndsTheReading) {
+    for (const char* file : {"cells.xlsx", "cells.ods"})
+        EXPECT_THROW(workbooks.Open(Data(file), [] { throw TestOver(); }), TestOver) << file;
+    const auto xls = workbooks.Open(Data("cells.xls"), [] { throw TestOver(); }); // whose sheets are what takes long
+    EXPECT_THROW(Read(*xls, "Cells", {9}), TestOver);
+}
+
 TEST_F(WorkbookTest, OdsRowsAndCellsMayBeRepeatedOrMerged) {
     const auto cell = [](const std::string& text, const std::string& attributes = "") {
         return "<t:table-cell " + attributes + ">" + text + "</t:table-cell>";
@@ -257,10 +262,82 @@ TEST_F(WorkbookTest, OdsRowsAndCellsMayBeRepeatedOrMerged) {
     const std::string endless =
         "<t:table-row t:number-rows-repeated='2147483647'>" + cell("<x:p>x</x:p>") + "</t:table-row>";
     std::int32_t last = 0;
-    OpenBytes(OdsBytes(endless + endless))->ReadSheet("S", {1}, [&](std::int32_t row, const auto&) {
-        return last = row, true;
+    OpenBytes(OdsBytes(endless + endless))->ReadSheet("S", {1}, [&](const SheetRow& row) {
+        return last = row.number, true;
     });
     EXPECT_EQ(last, 1048576);
+    int looks = 0;
+    const auto book = OpenBytes(OdsBytes(endless));
+    const Worksheet sheet = SheetTable(*book, "S", [&] { ++looks; }).Take({});
+    EXPECT_LT(looks, 33000) << "a document takes no more";
+    EXPECT_THROW(LoadDocument(program.main, sheet), OverflowError);
+}
+
+/// A formula without a result is no blank cell, and none that was not chosen matters.
+TEST_F(WorkbookTest, FormulasAreKnownWithAndWithoutResults) {
+    const std::string ods =
+        "<t:table-row><t:table-cell/><t:table-cell/><t:table-cell t:formula='A1'/>"
+        "<t:table-cell t:formula='A1' o:value-type='string'><x:p>x</x:p></t:table-cell></t:table-row>";
+    for (const std::string& bytes :
+         {XlsxBytes(
+              "<row><c r='C1'><f>A2+1</f><v/></c><c t='str'><f>A2</f><v>x</v></c><c r='IV1' t='str'><f>A</f><v/></c>"
+              "</row>"),
+          OdsBytes(ods)}) {
+        const auto book = OpenBytes(bytes);
+        const SheetTable table(*book, "S", [] {});
+        const Worksheet sheet = table.Take({{4, 3}});
+        EXPECT_EQ(sheet.rows.at(0)[0], "x");
+        EXPECT_EQ(UnresolvedFindings(sheet),
+                  "Formulas without a stored result, whose texts are missing: C1.\r\nA spreadsheet program stores the "
+                  "results when it opens the workbook and saves it.");
+        EXPECT_EQ(UnresolvedFindings(table.Take({{4}})), "");
+        EXPECT_TRUE(table.Take({}).leftOut.formulas);
+    }
+    Worksheet many;
+    many.unresolved.assign(12, "AA7");
+    EXPECT_NE(UnresolvedFindings(many).find("AA7, AA7 and 2 more.\r\n"), std::string::npos);
+    EXPECT_EQ(ColumnLetters(26) + ColumnLetters(27) + ColumnLetters(703), "ZAAAAA");
+}
+
+/// Rows 2 and 3 are hidden, the third is blank.
+TEST_F(WorkbookTest, HiddenRowsMayBeLeftOut) {
+    const std::string x = "<c t='str'><v>x</v></c>";
+    const auto odsRow = [](const std::string& attributes, const std::string& text) {
+        return "<t:table-row " + attributes + "><t:table-cell><x:p>" + text + "</x:p></t:table-cell></t:table-row>";
+    };
+    for (const std::string& bytes :
+         {XlsxBytes("<row><c t='str'><v>a</v></c></row><row hidden='1'>" + x + "</row><row hidden='true'/><row>" +
+                    "<c t='str'><v>b</v></c><c t='str'><v>other</v></c></row>"),
+          OdsBytes(odsRow("", "a") + odsRow("t:visibility='filter'", "x") + odsRow("t:visibility='collapse'", "") +
+                   odsRow("", "b"))}) {
+        const auto book = OpenBytes(bytes);
+        for (const std::size_t kept : {std::size_t{1} << 20, std::size_t{100}}) { // the second has to be read again
+            const SheetTable table(
+                *book, "S", [] {}, kept);
+            EXPECT_EQ(table.HiddenRows(), 1);
+            const Worksheet all = table.Take({});
+            EXPECT_EQ(all.rows.size(), 4u);
+            EXPECT_FALSE(all.leftOut.hiddenRows);
+            const Worksheet visible = table.Take({{1}, true, true});
+            ASSERT_EQ(visible.rows.size(), 1u) << "the heading and the hidden ones are none";
+            EXPECT_EQ(visible.rows[0][0], "b");
+            EXPECT_TRUE(visible.leftOut.hiddenRows && visible.leftOut.heading);
+        }
+    }
+    for (const char* file : {"cells.xls", "cells95.xls"}) {
+        std::string bytes = ReadFile(Data(file));
+        const std::string record("\x08\x02\x10\0", 4);
+        const std::size_t second = bytes.find(record + '\1'); // of the rows 1, 2, 4 and 5
+        bytes.at(second + 16) = 0x20;
+        bytes.at(second + 20 + 4) = 2;
+        bytes.at(second + 20 + 16) = 0x20;
+        const auto book = OpenBytes(bytes);
+        const SheetTable table(*book, "Cells", [] {});
+        EXPECT_EQ(table.HiddenRows(), 1) << file;
+        const Rows rows = table.FirstRows(2, true);
+        ASSERT_EQ(rows.size(), 2u) << file;
+        EXPECT_EQ(rows[1][0], "two lines");
+    }
 }
 
 TEST_F(WorkbookTest, ADocumentTypeMayBeNamedButMakesNoTexts) {
@@ -315,16 +392,16 @@ TEST_F(WorkbookTest, PartsThatAreNotWhatTheDirectorySaysAreDamaged) {
 
 TEST(WorksheetBuilderTest, KeepsWhatIsBetweenAndCutsWhatTrails) {
     WorksheetBuilder builder({{2, 1}, true});
-    builder.Add(1, {"Name", "Year"});
-    builder.Add(2, {"a, b", "1"});
-    builder.Add(5, {"", "", "", "fourth"});
-    builder.Add(9, {"", "", "", "", "fifth"});
+    builder.Add({1, {"Name", "Year"}});
+    builder.Add({2, {"a, b", "1"}});
+    builder.Add({5, {"", "", "", "fourth"}});
+    builder.Add({9, {"", "", "", "", "fifth"}});
     const Worksheet sheet = builder.Take();
     ASSERT_EQ(sheet.lines, 4);
     EXPECT_EQ(sheet.rows[0], (std::array<std::string, 3>{"1", "a, b", ""}));
     WorksheetBuilder full({});
-    EXPECT_TRUE(full.Add(32767, {"x"}));
-    EXPECT_FALSE(full.Add(32768, {"x"}));
+    EXPECT_TRUE(full.Add({32767, {"x"}}));
+    EXPECT_FALSE(full.Add({32768, {"x"}}));
 }
 
 TEST(NumberFormatTest, LaysNumbersOut) {
@@ -397,7 +474,8 @@ TEST(TextListTest, GuessesTheDelimiterAndKnowsQuotes) {
                                                   {"a;b\tc\n", ';'},
                                                   {"a;b,,,,\n \nc;d\n", ';'}, // on every line that holds something
                                                   {"a title\na;b;c\nd,e;f;g\n", ';'},
-                                                  {longer + "x;y\n", ','}}; // beyond what is looked at
+                                                  {longer + "x;y\n", ','}, // beyond what is looked at
+                                                  {std::string(1 << 20, 'x') + ";y\n", ','}};
     for (const auto& [text, delimiter] : cases)
         EXPECT_EQ(GuessDelimiter(text), delimiter) << text;
     EXPECT_EQ(ParseTextList("\"a;\"\"b\"\"\";c\r\n\r\n\"x\ny\";5\" disk\rlast;\"open", ';'),

@@ -23,6 +23,7 @@ enum Record : int {
     kLabel = 0x0204,
     kBoolErr = 0x0205,
     kString = 0x0207,
+    kRow = 0x0208,
     kWindow2 = 0x023E,
     kRk = 0x027E,
     kStyle = 0x0293,

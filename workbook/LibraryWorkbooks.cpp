@@ -33,15 +33,15 @@ bool LibraryWorkbooks::CanWrite(WorkbookFormat format) const {
     return format == WorkbookFormat::Xls || format == WorkbookFormat::Xlsx;
 }
 
-std::unique_ptr<Workbook> LibraryWorkbooks::Open(const std::filesystem::path& path) {
+std::unique_ptr<Workbook> LibraryWorkbooks::Open(const std::filesystem::path& path, const ReadingWatch& watch) {
     if (const auto stamp = StampOf(path); stamp && stamp->size > kMostWorkbookBytes)
         throw WorkbookError("the file is larger than 256 MB");
     std::string bytes = ReadFile(path, kMostWorkbookBytes);
     if (IsOleFile(bytes))
-        return OpenXls(std::move(bytes));
+        return OpenXls(std::move(bytes), watch);
     if (!bytes.starts_with("PK"))
         RaiseNoWorkbook(bytes);
-    ZipFile zip(std::move(bytes));
+    ZipFile zip(std::move(bytes), watch);
     if (zip.Has("[Content_Types].xml"))
         return OpenXlsx(std::move(zip));
     if (zip.Has("content.xml"))

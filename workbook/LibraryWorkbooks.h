@@ -11,7 +11,7 @@ class LibraryWorkbooks : public SpreadsheetApplication {
 public:
     bool CanRead(WorkbookFormat format) const override;
     bool CanWrite(WorkbookFormat format) const override;
-    std::unique_ptr<Workbook> Open(const std::filesystem::path& path) override;
+    std::unique_ptr<Workbook> Open(const std::filesystem::path& path, const ReadingWatch& watch) override;
     void Write(WorkbookFormat format, const std::string& sheetName, const SheetRowSource& rows,
                const std::function<void(std::string_view)>& sink) override;
 };

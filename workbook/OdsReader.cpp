@@ -55,6 +55,7 @@ public:
             return;
         else if (name == "table-row") {
             repeatRow_ = std::max(1, attributes.Number("number-rows-repeated", 1));
+            hidden_ = attributes("visibility") == "collapse" || attributes("visibility") == "filter";
             column_ = 0;
             cells_.clear();
         } else if (name == "table-cell" || name == "covered-table-cell")
@@ -90,7 +91,8 @@ private:
         paragraphs_ = 0;
         value_.clear();
         AppendToCell(value_, attributes("value"));
-        awaitsResult_ = !attributes("formula").empty() && attributes("value-type").empty();
+        formula_ = !attributes("formula").empty();
+        awaitsResult_ = formula_ && attributes("value-type").empty();
     }
     void StartText(std::string_view name, const XmlAttributes& attributes) {
         if (name == "p") {
@@ -106,11 +108,10 @@ private:
         if (!value_.empty())
             UsePlainMinus();
         const std::string& text = paragraphs_ > 0 ? text_ : value_;
-        const bool blank = Trim(OneLine(text)).empty(); // perhaps in a million rows
-        if (awaitsResult_ && paragraphs_ == 0 && column_ < last_)
-            RaiseNoResult(number_ + 1, column_ + 1);
+        const bool missing = awaitsResult_ && paragraphs_ == 0;
+        const bool blank = !missing && Trim(OneLine(text)).empty(); // perhaps in a million rows
         for (int i = 0; i < repeatCell_ && column_ + i < last_ && !blank; ++i)
-            cells_.emplace_back(column_ + i + 1, text);
+            cells_.push_back({column_ + i + 1, text, formula_, missing});
         column_ = std::min(column_ + std::min(repeatCell_, kMostSheetRows), kMostSheetRows);
     }
     /// Some programs show numbers with the mathematical minus, which no other reader takes for a sign.
@@ -121,18 +122,33 @@ private:
     }
     void EndRow() {
         repeatRow_ = std::min(repeatRow_, kMostSheetRows - number_);
+        if (cells_.empty() && hidden_)
+            row_.PassHidden(repeatRow_);
         for (int i = 1; i <= repeatRow_ && !cells_.empty() && !stopped; ++i) {
-            for (const auto& [column, text] : cells_)
-                row_.Put(column, text);
-            stopped = !row_.Flush(number_ + i);
+            PutCells();
+            stopped = !row_.Flush(number_ + i, hidden_);
         }
         number_ += repeatRow_;
     }
+    void PutCells() {
+        for (const Cell& cell : cells_) {
+            row_.Put(cell.column, cell.text);
+            if (cell.formula)
+                row_.PutFormula(cell.column, cell.missing);
+        }
+    }
+
+    struct Cell {
+        int column = 0;
+        std::string text;
+        bool formula = false;
+        bool missing = false; ///< its result
+    };
 
     const std::string sheet_;
     const int last_; ///< the last column asked for
-    SheetRow row_;
-    std::vector<std::pair<int, std::string>> cells_;
+    RowCollector row_;
+    std::vector<Cell> cells_;
     std::string text_;
     std::string value_; ///< stands in for a missing text
     int number_ = 0;
@@ -140,8 +156,10 @@ private:
     int repeatRow_ = 1;
     int repeatCell_ = 1;
     int paragraphs_ = 0;
-    int depth_ = 0; ///< of tables
-    int aside_ = 0; ///< within notes and drawings
+    int depth_ = 0;       ///< of tables
+    int aside_ = 0;       ///< within notes and drawings
+    bool hidden_ = false; ///< the row
+    bool formula_ = false;
     bool awaitsResult_ = false;
     bool inSheet_ = false;
     bool reading_ = false;

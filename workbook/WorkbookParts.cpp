@@ -39,28 +39,44 @@ void AppendToCell(std::string& cell, std::string_view text) {
     cell += text;
 }
 
-bool SheetRow::Wants(int column) const {
-    return std::find(columns_.begin(), columns_.end(), column) != columns_.end();
-}
-
-void SheetRow::Put(int column, std::string_view text) {
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        if (columns_[i] != column)
-            continue;
-        bytes_ += text.size();
-        if (bytes_ > kMostPutBytes)
-            RaiseTooLarge();
-        texts_[i] = Trim(OneLine(text));
-        filled_ = filled_ || !texts_[i].empty();
+RowCollector::RowCollector(const std::vector<int>& columns, const SheetRowSink& sink) : sink_(sink) {
+    row_.texts.resize(columns.size());
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const auto column = static_cast<std::size_t>(columns[i]);
+        places_.resize(std::max(places_.size(), column + 1));
+        places_[column] = i + 1;
     }
 }
 
-bool SheetRow::Flush(std::int32_t row) {
-    if (!filled_)
-        return true;
-    const bool more = sink_(row, texts_);
-    std::fill(texts_.begin(), texts_.end(), std::string());
-    filled_ = false;
+void RowCollector::Put(int column, std::string_view text) {
+    const std::size_t place = PlaceOf(column);
+    bytes_ += place != 0 ? text.size() : 0;
+    if (bytes_ > kMostPutBytes)
+        RaiseTooLarge();
+    std::string put = place != 0 ? std::string(Trim(OneLine(text))) : "";
+    if (put.empty())
+        return;
+    row_.texts[place - 1] = std::move(put);
+    used_ = std::max(used_, place);
+}
+
+void RowCollector::PutFormula(int column, bool missing) {
+    if (!Wants(column))
+        return;
+    row_.formulas = true;
+    if (missing)
+        row_.unresolved.push_back(column);
+}
+
+bool RowCollector::Flush(std::int32_t number, bool hidden) {
+    row_.number = number;
+    row_.hidden = hidden;
+    const bool more = (used_ == 0 && row_.unresolved.empty()) || sink_(row_);
+    for (; used_ > 0; --used_)
+        row_.texts[used_ - 1].clear();
+    row_.unresolved.clear();
+    row_.formulas = false;
+    row_.hiddenAbove += hidden ? 1 : 0;
     return more;
 }
 
@@ -81,14 +97,6 @@ void AppendLittleEndian(std::string& bytes, std::uint64_t value, int count) {
 
 void RaiseDamaged() {
     throw WorkbookError("the workbook is damaged");
-}
-
-void RaiseNoResult(int row, int column) {
-    std::string letters;
-    for (int left = column; left > 0; left = (left - 1) / 26)
-        letters.insert(letters.begin(), static_cast<char>('A' + (left - 1) % 26));
-    throw WorkbookError("the formula in cell " + letters + std::to_string(row) +
-                        " has no stored result: open the workbook in a spreadsheet program and save it");
 }
 
 void RaiseTooLarge() {

@@ -41,23 +41,32 @@ private:
 void AppendToCell(std::string& cell, std::string_view text);
 
 /// The texts of one row on their way to the sink.
-class SheetRow {
+class RowCollector {
 public:
-    SheetRow(const std::vector<int>& columns, const SheetRowSink& sink)
-        : columns_(columns), sink_(sink), texts_(columns.size()) {}
-    bool Wants(int column) const;
+    RowCollector(const std::vector<int>& columns, const SheetRowSink& sink);
+    bool Wants(int column) const { return PlaceOf(column) != 0; }
     /// Keeps the text, on one line and trimmed, if its column (from 1) was asked for. Raises WorkbookError for more
     /// text in a sheet than any document holds.
     void Put(int column, std::string_view text);
+    /// The column's text comes from a formula, and is `missing` where no result was stored.
+    void PutFormula(int column, bool missing);
     /// Hands the row on unless it is blank, and starts an empty one. False when the sink wants no more.
-    bool Flush(std::int32_t row);
+    bool Flush(std::int32_t number, bool hidden);
+    /// Counts rows that are blank and hidden.
+    void PassHidden(std::int32_t count) { row_.hiddenAbove += count; }
 
 private:
-    const std::vector<int>& columns_;
+    /// From 1; 0 for a column that nobody asked for.
+    std::size_t PlaceOf(int column) const {
+        const auto index = static_cast<std::size_t>(column);
+        return column >= 0 && index < places_.size() ? places_[index] : 0;
+    }
+
+    std::vector<std::size_t> places_; ///< by column
     const SheetRowSink& sink_;
-    std::vector<std::string> texts_;
+    SheetRow row_;
     std::size_t bytes_ = 0; ///< of all rows
-    bool filled_ = false;
+    std::size_t used_ = 0;  ///< places from the first to the last with a text
 };
 
 /// A little-endian number of 1 to 8 bytes; raises WorkbookError beyond the end.
@@ -65,7 +74,5 @@ std::uint64_t LittleEndian(std::string_view bytes, std::size_t at, int count);
 void AppendLittleEndian(std::string& bytes, std::uint64_t value, int count);
 [[noreturn]] void RaiseDamaged();
 [[noreturn]] void RaiseTooLarge();
-/// A formula whose program has not stored what it comes to; row and column from 1.
-[[noreturn]] void RaiseNoResult(int row, int column);
 
 } // namespace velmora

@@ -12,10 +12,12 @@
 #include <algorithm>
 #include <bit>
 #include <map>
+#include <set>
 
 namespace velmora {
 namespace {
 
+constexpr std::size_t kMostCells = 8u << 20;      // more fit such a file only where it was made for it
 constexpr std::size_t kMostXlsBytes = 128u << 20; // its stream is held beside the file for a moment
 
 /// A whole number or a double in 30 bits, perhaps a hundredth of it.
@@ -44,7 +46,7 @@ struct SheetStart {
 
 class Xls : public Workbook {
 public:
-    explicit Xls(std::string stream) : stream_(std::move(stream)) {
+    Xls(std::string stream, ReadingWatch watch) : stream_(std::move(stream)), watch_(std::move(watch)) {
         ReadGlobals();
         for (const SheetStart& sheet : sheets_)
             names_.push_back(sheet.name);
@@ -70,6 +72,7 @@ private:
     }
 
     std::string stream_;
+    ReadingWatch watch_;
     KeptBytes kept_;
     bool wide_ = true; ///< BIFF8, whose strings are not bytes
     bool from1904_ = false;
@@ -138,11 +141,15 @@ std::string Xls::NumberText(double number, std::size_t style) const {
 /// Collects where the cells of the columns asked for stand; a cell is taken apart when its row is handed on.
 class CellCollector {
 public:
-    CellCollector(const Xls& book, const std::vector<int>& columns) : book_(book), columns_(columns) {}
+    CellCollector(const Xls& book, const std::vector<int>& columns, const SheetRowSink& sink)
+        : book_(book), most_(std::min(columns.size() * biff::kMostRows, kMostCells)), row_(columns, sink) {}
 
     void Read(RecordReader& records) {
         int depth = 0; // charts within the sheet have an end of their own
+        std::uint32_t count = 0;
         for (BiffRecord record; records.Next(record);) {
+            if (book_.watch_ && count++ % kRecordsBetweenLooks == 0)
+                book_.watch_();
             if (record.id == biff::kBof)
                 ++depth;
             else if (record.id == biff::kEof && --depth <= 0)
@@ -153,12 +160,18 @@ public:
         throw WorkbookError("the worksheet ends in the middle");
     }
 
-    void HandOn(const SheetRowSink& sink) const {
-        SheetRow row(columns_, sink);
-        for (const auto& [number, cells] : rows_) {
+    /// Each row is forgotten then: the sink may keep its texts.
+    void HandOn() {
+        auto hidden = hidden_.begin();
+        for (; !rows_.empty(); rows_.erase(rows_.begin())) {
+            const auto& [number, cells] = *rows_.begin();
+            for (; hidden != hidden_.end() && *hidden < number; ++hidden)
+                row_.PassHidden(1);
+            const bool isHidden = hidden != hidden_.end() && *hidden == number;
+            hidden = isHidden ? std::next(hidden) : hidden;
             for (const Cell& cell : cells)
-                row.Put(cell.column, TextOf(cell));
-            if (!row.Flush(number))
+                PutCell(cell);
+            if (!row_.Flush(number, isHidden))
                 return;
         }
     }
@@ -174,10 +187,10 @@ private:
     Cell* CellAt(std::size_t row, std::size_t column) {
         awaitsString_ = nullptr;
         const auto number = static_cast<int>(column) + 1;
-        if (std::find(columns_.begin(), columns_.end(), number) == columns_.end())
+        if (!row_.Wants(number))
             return nullptr;
-        if (++count_ > columns_.size() * biff::kMostRows)
-            RaiseDamaged();
+        if (++count_ > most_)
+            RaiseTooLarge();
         std::vector<Cell>& cells = rows_[static_cast<std::int32_t>(row) + 1];
         cells.push_back({static_cast<std::uint16_t>(number), 0, 0});
         return &cells.back();
@@ -204,6 +217,10 @@ private:
                 Place(*awaitsString_, record);
             awaitsString_ = nullptr;
             break;
+        case biff::kRow:
+            if ((LittleEndian(data, 12, 2) & kHiddenRow) != 0)
+                hidden_.insert(static_cast<std::int32_t>(LittleEndian(data, 0, 2)) + 1);
+            break;
         default: break;
         }
     }
@@ -223,6 +240,12 @@ private:
                 cell->id = biff::kRk;
                 cell->at = PlaceOf(data.data() + at);
             }
+    }
+
+    void PutCell(const Cell& cell) {
+        row_.Put(cell.column, TextOf(cell));
+        if (cell.id == biff::kFormula || cell.id == biff::kString) // the text of one
+            row_.PutFormula(cell.column, false);
     }
 
     std::string TextOf(const Cell& cell) const {
@@ -272,12 +295,16 @@ private:
         return kind == 1 || kind == 2 ? TruthOrError(LittleEndian(data, 8, 1), kind == 2) : "";
     }
 
+    static constexpr unsigned kHiddenRow = 0x20;
+    static constexpr std::uint32_t kRecordsBetweenLooks = 256;
     static constexpr std::size_t kRkSize = 6;        ///< a style and a number
     static constexpr std::uint32_t kRecordStart = 4; ///< its number and size
 
     const Xls& book_;
-    const std::vector<int>& columns_;
+    const std::size_t most_; ///< cells
+    RowCollector row_;
     std::map<std::int32_t, std::vector<Cell>> rows_;
+    std::set<std::int32_t> hidden_; ///< rows
     std::size_t count_ = 0;
     Cell* awaitsString_ = nullptr; ///< the formula before the record that holds its text
 };
@@ -288,14 +315,14 @@ void Xls::ReadSheet(const std::string& name, const std::vector<int>& columns, co
     if (sheet == sheets_.end())
         throw WorkbookError("the workbook has no worksheet [" + name + "]");
     RecordReader records(stream_, sheet->at);
-    CellCollector cells(*this, columns);
+    CellCollector cells(*this, columns, sink);
     cells.Read(records);
-    cells.HandOn(sink);
+    cells.HandOn();
 }
 
 } // namespace
 
-std::unique_ptr<Workbook> OpenXls(std::string bytes) {
+std::unique_ptr<Workbook> OpenXls(std::string bytes, ReadingWatch watch) {
     if (bytes.size() > kMostXlsBytes)
         throw WorkbookError("the file is larger than 128 MB");
     if (ReadOleStream(bytes, "EncryptedPackage"))
@@ -306,7 +333,7 @@ std::unique_ptr<Workbook> OpenXls(std::string bytes) {
     if (!stream)
         throw WorkbookError("the file is no workbook");
     std::string().swap(bytes); // before the texts are taken out
-    return std::make_unique<Xls>(*std::move(stream));
+    return std::make_unique<Xls>(*std::move(stream), std::move(watch));
 }
 
 } // namespace velmora

@@ -162,7 +162,7 @@ public:
 
     void Start(std::string_view name, const XmlAttributes& attributes) override {
         if (name == "row")
-            StartRow(attributes.Number("r", number_ + 1));
+            StartRow(attributes);
         else if (name == "c")
             StartCell(attributes);
         else if (name == "f")
@@ -175,10 +175,10 @@ public:
         if (name == "rPh")
             phonetic_ = false;
         if (name == "c" && wanted_)
-            row_.Put(column_, CellText());
+            EndCell();
         if (name == "c")
             wanted_ = false;
-        if (name == "row" && !row_.Flush(number_))
+        if (name == "row" && !row_.Flush(number_, hidden_))
             stopped = true;
     }
     void Text(std::string_view text) override {
@@ -187,10 +187,12 @@ public:
     }
 
 private:
-    void StartRow(int number) {
+    void StartRow(const XmlAttributes& attributes) {
+        const int number = attributes.Number("r", number_ + 1);
         if (number <= number_)
             throw WorkbookError("the rows of the worksheet are out of order");
         number_ = number;
+        hidden_ = attributes("hidden") == "1" || attributes("hidden") == "true";
         column_ = 0;
     }
     void StartCell(const XmlAttributes& attributes) {
@@ -204,9 +206,12 @@ private:
         value_.clear();
         formula_ = false;
     }
+    void EndCell() {
+        if (formula_)
+            row_.PutFormula(column_, value_.empty() && type_ != "str");
+        row_.Put(column_, CellText());
+    }
     std::string CellText() const {
-        if (formula_ && value_.empty() && type_ != "str")
-            RaiseNoResult(number_, column_);
         if (type_ == "s")
             return value_.empty() ? "" : SharedString();
         if (type_ == "b")
@@ -243,12 +248,13 @@ private:
     }
 
     const SharedParts& shared_;
-    SheetRow row_;
+    RowCollector row_;
     std::string value_;
     std::string type_;
     std::size_t style_ = 0;
     int number_ = 0;
     int column_ = 0;
+    bool hidden_ = false;
     bool wanted_ = false;
     bool formula_ = false;
     bool reading_ = false;

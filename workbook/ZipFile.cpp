@@ -68,7 +68,8 @@ struct ZipFile::Archive {
     std::uint64_t total = 0;
 };
 
-ZipFile::ZipFile(std::string bytes) : archive_(std::make_unique<Archive>(std::move(bytes))) {
+ZipFile::ZipFile(std::string bytes, std::function<void()> watch)
+    : archive_(std::make_unique<Archive>(std::move(bytes))), watch_(std::move(watch)) {
     zip_t* const zip = archive_->zip.get();
     std::uint64_t total = 0;
     for (zip_int64_t i = zip_get_num_entries(zip, 0); i-- > 0;) {
@@ -108,6 +109,8 @@ void ZipFile::Read(const std::string& name, const std::function<bool(std::string
         if (got < 0 || size > part.size) // size and checksum at the end are compared by libzip
             RaiseDamaged();
         archive_->Count(part.index, size);
+        if (watch_)
+            watch_();
         if (got == 0 || !sink({piece.data(), static_cast<std::size_t>(got)}))
             return;
     }

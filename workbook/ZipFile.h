@@ -12,8 +12,8 @@ namespace velmora {
 class ZipFile {
 public:
     /// Raises WorkbookError for what is no zip file, for XML parts of more than kMostWorkbookBytes in all, and for more
-    /// parts than any workbook has.
-    explicit ZipFile(std::string bytes);
+    /// parts than any workbook has. `watch`, perhaps empty, is called for each piece that is handed on.
+    explicit ZipFile(std::string bytes, std::function<void()> watch = {});
     ~ZipFile();
     ZipFile(ZipFile&&) noexcept;
 
@@ -25,6 +25,7 @@ public:
 private:
     struct Archive;
     std::unique_ptr<Archive> archive_;
+    std::function<void()> watch_;
 };
 
 } // namespace velmora

@@ -23,6 +23,7 @@ struct ImportRequest {
     std::vector<ListEncoding> encodings; ///< that a list may be in, likeliest first; empty for a worksheet
     /// The first rows, read as the choice says, its heading among them.
     std::function<std::vector<std::vector<std::string>>(const ImportChoice& choice)> preview;
+    std::int32_t hiddenRows = 0; ///< of a worksheet, which the person may leave out
 };
 
 /// Itself it asks nobody: then only one sheet can be meant, and a guessed choice stands.

@@ -3,6 +3,7 @@
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "document/SheetTable.h"
 #include "document/TabFileForm.h"
 #include "workspace/Dialogs.h"
 #include "workspace/ImportDialogs.h"
@@ -45,26 +46,92 @@ template <typename Read> Imported ReadToLoad(MainModule& main, Read read) {
     return imported;
 }
 
-/// A sheet without a header, by the columns that the person chooses.
-Imported ImportRows(MainModule& main, Workbook& workbook, const std::string& sheet) {
-    std::vector<std::vector<std::string>> rows;
-    if (!Attempted(main, kAskPlace, kNotFinished, [&] { rows = ReadFirstRows(workbook, sheet, kPreviewRows); }))
-        return OpenOutcome::Failed;
-    const auto choice = main.dialogs->ChooseImport({sheet, {}, [&](const ImportChoice&) { return rows; }}, {});
-    if (!choice)
-        return OpenOutcome::Cancelled;
-    return ReadToLoad(main, [&] { return ReadWorksheet(workbook, sheet, choice->cells); });
+/// Thrown where the person has pressed Cancel; no std::exception, which would be reported as a failure.
+struct ReadingCancelled {};
+
+/// A workbook whose reading shows progress and can be cancelled: one made to take hours must not take the window.
+class CancellableWorkbook {
+public:
+    /// Opens it; raises what that raises, and ReadingCancelled.
+    CancellableWorkbook(MainModule& main, const std::filesystem::path& path) : main_(main) {
+        Show([&] { workbook_ = main.spreadsheets.Open(path, [this] { Watch(); }); });
+    }
+    CancellableWorkbook(const CancellableWorkbook&) = delete;
+    CancellableWorkbook& operator=(const CancellableWorkbook&) = delete;
+
+    const std::vector<std::string>& SheetNames() const { return workbook_->SheetNames(); }
+    SheetTable Read(const std::string& sheet) {
+        std::optional<SheetTable> table;
+        Show([&] { table.emplace(*workbook_, sheet, [this] { Watch(); }); });
+        return *std::move(table);
+    }
+    /// What the person chose of the sheet, and the names of the others.
+    Worksheet Take(const SheetTable& table, const std::string& sheet, const WorksheetOptions& options) {
+        Worksheet taken;
+        Show([&] { taken = table.Take(options); });
+        for (const std::string& name : SheetNames())
+            if (name != sheet)
+                taken.leftOut.sheets.push_back(name);
+        return taken;
+    }
+
+private:
+    template <typename Work> void Show(Work work) {
+        const auto progress = main_.ui.StartCancellable("Opening Excel file.  Please standby...", 0);
+        progress_ = progress.get();
+        work();
+    }
+    /// Within `Show` alone.
+    void Watch() const {
+        progress_->Advance(0);
+        if (progress_->Cancelled())
+            throw ReadingCancelled();
+    }
+
+    MainModule& main_;
+    Progress* progress_ = nullptr;
+    std::unique_ptr<Workbook> workbook_;
+};
+
+/// What the person says of a sheet without a header; nullopt when cancelled.
+std::optional<ImportChoice> ChooseColumns(MainModule& main, const std::string& sheet, const SheetTable& table) {
+    ImportRequest request{
+        sheet, {}, [&](const ImportChoice& choice) { return table.FirstRows(kPreviewRows, choice.cells.visibleOnly); }};
+    request.hiddenRows = table.HiddenRows();
+    return main.dialogs->ChooseImport(request, {});
 }
 
-Imported ImportSheet(MainModule& main, const std::filesystem::path& path, Workbook& workbook,
+/// False when the person would rather have the workbook saved with its results first.
+bool MayTakeUnresolved(UserInterface& ui, const Imported& imported) {
+    const auto* sheet = std::get_if<Worksheet>(&imported);
+    const std::string found = sheet ? UnresolvedFindings(*sheet) : "";
+    return found.empty() || Ask(ui, found + "\r\nDo you want to import the worksheet without them?", Buttons::YesNo,
+                                Answer::No) == Answer::Yes;
+}
+
+Imported ImportSheet(MainModule& main, const std::filesystem::path& path, CancellableWorkbook& workbook,
                      const std::string& sheet) {
-    std::string firstCell;
-    if (!Attempted(main, kAskPlace, "Could not finish the process",
-                   [&] { firstCell = ReadFirstCell(workbook, sheet); }))
+    std::optional<SheetTable> table;
+    if (!Attempted(main, kAskPlace, "Could not finish the process", [&] { table.emplace(workbook.Read(sheet)); }))
         return OpenOutcome::Failed;
-    if (!AnnounceVersion(main.ui, path, firstCell))
-        return ImportRows(main, workbook, sheet);
-    return ReadToLoad(main, [&] { return ReadWorksheet(workbook, sheet, {}); });
+    const bool header = AnnounceVersion(main.ui, path, table->FirstCell());
+    const auto choice = header ? ImportChoice() : ChooseColumns(main, sheet, *table);
+    if (!choice)
+        return OpenOutcome::Cancelled;
+    Imported imported = ReadToLoad(main, [&] { return workbook.Take(*table, sheet, choice->cells); });
+    return MayTakeUnresolved(main.ui, imported) ? std::move(imported) : OpenOutcome::Cancelled;
+}
+
+Imported ReadWorkbook(MainModule& main, const std::filesystem::path& path) {
+    std::optional<CancellableWorkbook> ExcelWorkbook;
+    if (!Attempted(main, kAskPlace, kNotFinished, [&] { ExcelWorkbook.emplace(main, path); }))
+        return OpenOutcome::Failed;
+    const std::string SelectedSheet = main.dialogs->SelectSheet(ExcelWorkbook->SheetNames());
+    if (SelectedSheet.empty()) {
+        Tell(main.ui, "You have not selected a work sheet to import", Icon::Critical);
+        return OpenOutcome::Cancelled;
+    }
+    return ImportSheet(main, path, *ExcelWorkbook, SelectedSheet);
 }
 
 /// A list that loses nothing when a tab file's reader takes it: that one also keeps blanks and blank lines.
@@ -92,6 +159,15 @@ struct FoundText {
         text = encodings.empty() ? Decode(bytes).text : DecodeList(bytes, guess.encoding);
         spreadsheet = encodings.empty() ? std::nullopt : SpreadsheetSeparator(text);
         guess.delimiter = spreadsheet ? *spreadsheet : GuessDelimiter(text);
+        decoded_ = guess.encoding;
+    }
+
+    /// Decoded anew where the person says so: a large list is held once.
+    const std::string& TextIn(ListEncoding encoding) {
+        if (encoding != decoded_)
+            text = DecodeList(bytes, encoding);
+        decoded_ = encoding;
+        return text;
     }
 
     std::string bytes;
@@ -99,6 +175,9 @@ struct FoundText {
     ImportChoice guess;
     std::string text;
     std::optional<char> spreadsheet; ///< of a tab file that a spreadsheet saved
+
+private:
+    ListEncoding decoded_ = ListEncoding::Utf8; ///< of the text
 };
 
 /// What tells the version: the first cell or the first line.
@@ -111,14 +190,14 @@ std::string FirstText(const FoundText& found) {
 }
 
 /// A list without a header, as the person says.
-Imported ImportList(MainModule& main, const std::filesystem::path& path, const FoundText& found) {
+Imported ImportList(MainModule& main, const std::filesystem::path& path, FoundText& found) {
     const auto preview = [&](const ImportChoice& choice) {
-        return ParseTextList(DecodeList(found.bytes, choice.encoding), choice.delimiter, kPreviewRows);
+        return ParseTextList(found.TextIn(choice.encoding), choice.delimiter, kPreviewRows);
     };
     const auto choice = main.dialogs->ChooseImport({PathText(path.filename()), found.encodings, preview}, found.guess);
     if (!choice)
         return OpenOutcome::Cancelled;
-    const std::string text = DecodeList(found.bytes, choice->encoding);
+    const std::string& text = found.TextIn(choice->encoding);
     if (ReadsAsTabFile(*choice, found.guess, text))
         return ReadToLoad(main, [&] { return ParseTabFile(found.bytes); });
     return ReadToLoad(main, [&] { return ReadList(text, *choice); });
@@ -135,18 +214,11 @@ Imported ImportWorkbook(MainModule& main, const std::filesystem::path& path) {
         TellNoSpreadsheets(main.ui);
         return OpenOutcome::Failed;
     }
-    std::unique_ptr<Workbook> ExcelWorkbook;
-    if (!Attempted(main, kAskPlace, kNotFinished, [&] {
-            const auto progress = main.ui.StartProgress("Opening Excel file.  Please standby...", 1);
-            ExcelWorkbook = main.spreadsheets.Open(path);
-        }))
-        return OpenOutcome::Failed;
-    const std::string SelectedSheet = main.dialogs->SelectSheet(ExcelWorkbook->SheetNames());
-    if (SelectedSheet.empty()) {
-        Tell(main.ui, "You have not selected a work sheet to import", Icon::Critical);
+    try {
+        return ReadWorkbook(main, path);
+    } catch (const ReadingCancelled&) {
         return OpenOutcome::Cancelled;
     }
-    return ImportSheet(main, path, *ExcelWorkbook, SelectedSheet);
 }
 
 Imported ImportText(MainModule& main, const std::filesystem::path& path) {
@@ -166,7 +238,7 @@ Imported ImportText(MainModule& main, const std::filesystem::path& path) {
         Tell(main.ui, "Could not finish the process");
         return OpenOutcome::Failed;
     }
-    const FoundText found(std::move(bytes));
+    FoundText found(std::move(bytes));
     const bool header = AnnounceVersion(main.ui, path, FirstText(found));
     if (found.spreadsheet)
         return ReadToLoad(main, [&] { return ReadList(found.text, found.guess); });

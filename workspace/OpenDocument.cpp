@@ -5,7 +5,7 @@
 #include "base/Validate.h"
 #include "document/TabFileCheck.h"
 #include "workspace/Dialogs.h"
-#include "workspace/ImportOwnWorkbook.h"
+#include "workspace/ForeignFile.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/Pages.h"
 #include "workspace/RecentFiles.h"
@@ -41,15 +41,17 @@ struct FoundFile {
 bool IsOwn(const MainModule& main, const FoundFile& found, const Imported& imported) {
     if (const auto* file = std::get_if<TabFile>(&imported))
         return TestVersion7(file->FirstLine()) || TestVersion8(file->FirstLine());
-    return IsOwnWorkbook(main, found.path);
+    return IsOwnWorkbook(main, found.path, std::get<Worksheet>(imported).leftOut);
 }
 
 /// What is not the program's own does not hold what a save would write: the document counts as changed, and Save asks
 /// before it overwrites the file.
-void TakeOver(MainModule& main, const FoundFile& file, bool foreign) {
+void TakeOver(MainModule& main, const FoundFile& file, const Imported& imported) {
+    const bool foreign = !IsOwn(main, file, imported);
     main.document.Stamp = file.stamp;
     main.document.DocFileName = file.path;
     main.document.Foreign = foreign;
+    main.document.ForeignFindings = foreign ? ForeignFindings(imported, file.path) : "";
     main.document.DocChanged = foreign;
     RememberFile(main.settings, file.path);
 }
@@ -77,7 +79,7 @@ OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& i
     try {
         const LoadOutcome outcome = ReplaceDocument(main, [&] {
             const LoadOutcome loaded = LoadOrNotePage(main, imported, tabsPerPage);
-            TakeOver(main, file, !IsOwn(main, file, imported));
+            TakeOver(main, file, imported);
             return loaded;
         });
         if (outcome == LoadOutcome::NoPrinter)

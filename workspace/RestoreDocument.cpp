@@ -34,6 +34,7 @@ LoadOutcome LoadCopy(MainModule& main, const RecoveryCopy& copy) {
     document.CurrentPage = std::clamp<std::int16_t>(copy.page, 1, document.NoOfPages);
     document.DocFileName = copy.path;
     document.Foreign = copy.foreign;
+    document.ForeignFindings.clear();
     document.FileEncoding = copy.encoding;
     document.Stamp = copy.stamp;
     document.DocChanged = true;

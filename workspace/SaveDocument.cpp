@@ -248,16 +248,22 @@ SaveOutcome AskAndSave(MainModule& main, SaveKind kind) {
     return outcome;
 }
 
+/// What may be lost of a file whose reading is not known any more.
+std::string UsualFindings(const fs::path& path) {
+    return WorkbookFormatOf(path)
+               ? "Other worksheets, columns that are no fields, formulas and formats would be lost."
+               : "Columns behind the third, quotation marks and what a later version wrote would be lost.";
+}
+
 /// The question about another program's file, before its first save.
-bool MayReplaceForeignFile(UserInterface& ui, const fs::path& path) {
-    const char* lost = WorkbookFormatOf(path)
-                           ? "Other worksheets, columns that are no fields, formulas and formats"
-                           : "Columns behind the third, quotation marks and what a later version wrote";
+bool MayReplaceForeignFile(UserInterface& ui, const TabDocument& document) {
+    const fs::path& path = document.DocFileName;
     return !FileExists(path) ||
            Ask(ui,
                "The following file is another program's, and a save does not keep all that it may hold.\r\n[" +
-                   PathText(path) + "]\r\n" + lost +
-                   " would be lost.\r\nDo you want to overwrite it?\r\nNo saves the document as a new file.",
+                   PathText(path) + "]\r\n" +
+                   (document.ForeignFindings.empty() ? UsualFindings(path) : document.ForeignFindings) +
+                   "\r\nDo you want to overwrite it?\r\nNo saves the document as a new file.",
                Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
@@ -275,7 +281,7 @@ bool MayReplaceChangedFile(MainModule& main) {
 SaveOutcome Save(MainModule& main, SaveKind kind) {
     const TabDocument& document = main.document;
     const bool named = !document.DocFileName.empty() && CanWrite(main.spreadsheets, document.DocFileName);
-    if (kind != SaveKind::Save || !named || (document.Foreign && !MayReplaceForeignFile(main.ui, document.DocFileName)))
+    if (kind != SaveKind::Save || !named || (document.Foreign && !MayReplaceForeignFile(main.ui, document)))
         return AskAndSave(main, kind);
     if (!MayReplaceChangedFile(main))
         return SaveOutcome::Cancelled;

@@ -16,7 +16,7 @@ namespace {
 /// not compile until somebody decides whether the member belongs here.
 template <typename Document> auto PropertiesOf(Document& document) {
     auto& [fieldA, fieldB, fieldC, tabCount, pages, currentPage, currentTab, setup, fileName, encoding, stamp,
-           fileError, changed, foreign] = document;
+           fileError, changed, foreign, findings] = document;
     return std::tie(tabCount, pages, setup);
 }
 

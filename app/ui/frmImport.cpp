@@ -1,5 +1,7 @@
 #include "app/ui/frmImport.h"
 
+#include "base/Text.h"
+#include "document/Worksheet.h"
 #include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
 
@@ -21,6 +23,7 @@ namespace {
 
 constexpr int kRowsShown = 8;
 constexpr int kWidestTitle = 24;
+constexpr std::size_t kMostShown = 300;
 
 QString EncodingTitle(ListEncoding encoding) {
     switch (encoding) {
@@ -30,12 +33,9 @@ QString EncodingTitle(ListEncoding encoding) {
     }
 }
 
-/// "A" for column 1, as spreadsheets count.
-QString ColumnLetters(int column) {
-    QString letters;
-    for (; column > 0; column = (column - 1) / 26)
-        letters.prepend(QChar('A' + (column - 1) % 26));
-    return letters;
+/// As much of a cell as anybody reads in a table.
+QString Beginning(const std::string& text) {
+    return QString::fromStdString(std::string(LeftCharacters(text, kMostShown))).simplified();
 }
 
 } // namespace
@@ -70,6 +70,8 @@ void frmImport::BuildUi(const ImportChoice& choice) {
     if (!request_.encodings.empty())
         AddListEntries(others, choice);
     others->addRow(chkHeading_);
+    if (request_.hiddenRows > 0)
+        AddHiddenEntry(others);
     auto* entries = new QHBoxLayout;
     entries->addLayout(fields, 1);
     entries->addSpacing(24);
@@ -129,11 +131,21 @@ void frmImport::AddListEntries(QFormLayout* entries, const ImportChoice& choice)
         });
 }
 
+void frmImport::AddHiddenEntry(QFormLayout* entries) {
+    chkHidden_ = Named(new QCheckBox(tr("Lea&ve out hidden rows (%1)").arg(request_.hiddenRows)), "chkHidden");
+    entries->addRow(chkHidden_);
+    connect(chkHidden_, &QCheckBox::toggled, this, [this] {
+        FillColumns();
+        ShowPreview();
+    });
+}
+
 ImportChoice frmImport::Choice() const {
     ImportChoice choice;
     for (std::size_t field = 0; field < cboFields_.size(); ++field)
         choice.cells.columns[field] = std::max(0, cboFields_[field]->currentIndex());
     choice.cells.heading = chkHeading_->isChecked();
+    choice.cells.visibleOnly = chkHidden_ && chkHidden_->isChecked();
     if (cboDelimiter_) {
         choice.delimiter = static_cast<char>(cboDelimiter_->currentData().toChar().unicode());
         choice.encoding = static_cast<ListEncoding>(cboEncoding_->currentData().toInt());
@@ -162,10 +174,10 @@ void frmImport::FillColumns() {
 /// "B", or "B - Name" where the first row is a heading.
 QString frmImport::ColumnTitle(int column) const {
     const auto index = static_cast<std::size_t>(column) - 1;
-    QString letters = ColumnLetters(column);
+    const QString letters = QString::fromStdString(ColumnLetters(column));
     if (!chkHeading_->isChecked() || rows_.empty() || index >= rows_[0].size() || rows_[0][index].empty())
         return letters;
-    const QString title = QString::fromStdString(rows_[0][index]).simplified();
+    const QString title = Beginning(rows_[0][index]);
     return letters + " - " + (title.size() > kWidestTitle ? title.left(kWidestTitle - 1) + "\u2026" : title);
 }
 
@@ -186,8 +198,7 @@ void frmImport::ShowPreview() {
     for (int row = first; row < count; ++row) {
         const auto& cells = rows_[static_cast<std::size_t>(row)];
         for (std::size_t column = 0; column < cells.size(); ++column)
-            tblPreview_->setItem(row - first, static_cast<int>(column),
-                                 new QTableWidgetItem(QString::fromStdString(cells[column]).simplified()));
+            tblPreview_->setItem(row - first, static_cast<int>(column), new QTableWidgetItem(Beginning(cells[column])));
     }
 }
 

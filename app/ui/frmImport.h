@@ -28,6 +28,7 @@ private:
     void BuildPreview();
     void AddListEntries(QFormLayout* entries, const ImportChoice& choice);
     void AddFieldEntries(QFormLayout* entries);
+    void AddHiddenEntry(QFormLayout* entries);
     void FillColumns();
     void ShowPreview();
     QString ColumnTitle(int column) const;
@@ -38,6 +39,7 @@ private:
     QTableWidget* tblPreview_;
     std::array<QComboBox*, kFieldsPerTab> cboFields_ = {};
     QCheckBox* chkHeading_;
+    QCheckBox* chkHidden_ = nullptr;    ///< where the sheet has hidden rows
     QComboBox* cboDelimiter_ = nullptr; ///< of lists alone
     QComboBox* cboEncoding_ = nullptr;
 };

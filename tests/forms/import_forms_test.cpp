@@ -1,4 +1,5 @@
 // Import through the window: the choice of a sheet, of its columns, and of the file.
+#include "app/ui/frmImport.h"
 #include "platform/qt/QtUserInterface.h"
 #include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
@@ -153,6 +154,24 @@ private slots:
     const TabDocument& document = running.program.main.document;
     QCOMPARE(document.FieldA(1) + document.FieldB(1) + document.FieldC(1), std::string("77"));
     QCOMPARE(document.FieldA(2), std::string());
+}
+
+void hiddenRowsAreLeftOutWhereThereAreSome() {
+    RunningProgram running;
+    running.Start();
+    ImportRequest request{"S", {}, [](const ImportChoice& choice) {
+                              return choice.cells.visibleOnly ? Rows{{"a"}} : Rows{{"a"}, {std::string(999, 'x')}};
+                          }};
+    QVERIFY(!frmImport(running.program.main, request, {}, nullptr).findChild<QCheckBox*>("chkHidden"));
+    request.hiddenRows = 7;
+    frmImport form(running.program.main, request, {}, nullptr);
+    auto& box = In<QCheckBox>(form, "chkHidden");
+    QCOMPARE(box.text(), QString("Lea&ve out hidden rows (7)"));
+    QVERIFY(!form.Choice().cells.visibleOnly);
+    QCOMPARE(Shown(form, 1).at(0).size(), 300);
+    box.click();
+    QVERIFY(form.Choice().cells.visibleOnly);
+    QCOMPARE(In<QTableWidget>(form, "tblPreview").rowCount(), 1);
 }
 
 void aListFollowsItsSeparatorAndEncoding() {
