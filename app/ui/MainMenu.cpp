@@ -169,8 +169,6 @@ bool IsForTabs(const CommandContext& context) {
     return sheet.isAncestorOf(context.window.focusWidget()) && (sheet.HasMarks() || !box || !box->hasSelectedText());
 }
 
-const SettingKey kPageStrip = {"Settings", "Page Strip", "True", IsFlag};
-
 std::span<const Menu> Menus() {
     static const Menu menus[] = {
         {"mnuFile",

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "editor/ui/FieldBox.h"
+#include "editor/ui/GridInput.h"
 #include "report/Twips.h"
 #include "report/rptVelmor.h"
 #include "widgets/Controls.h"
@@ -11,13 +12,7 @@
 #include "workspace/Pages.h"
 
 #include <QAccessible>
-#include <QContextMenuEvent>
-#include <QDragEnterEvent>
-#include <QHelpEvent>
-#include <QKeyEvent>
-#include <QMimeData>
 #include <QScrollBar>
-#include <QToolTip>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -26,59 +21,6 @@ namespace velmora {
 namespace {
 
 constexpr int kWholePercent = 100;
-
-Qt::KeyboardModifiers ModifiersOf(const QKeyEvent& key) {
-    return key.modifiers() & ~Qt::KeypadModifier;
-}
-
-bool IsAtStart(const QLineEdit& box) {
-    return !box.hasSelectedText() && box.cursorPosition() == 0;
-}
-
-bool IsAtEnd(const QLineEdit& box) {
-    return !box.hasSelectedText() && box.cursorPosition() == box.text().size();
-}
-
-/// An arrow to the side leads out of a box at the end of its text only.
-std::optional<GridMove> ArrowMove(int key, const QLineEdit& box) {
-    switch (key) {
-    case Qt::Key_Up: return GridMove::Up;
-    case Qt::Key_Down: return GridMove::Down;
-    case Qt::Key_Left: return IsAtStart(box) ? std::optional(GridMove::PreviousTab) : std::nullopt;
-    case Qt::Key_Right: return IsAtEnd(box) ? std::optional(GridMove::NextTab) : std::nullopt;
-    default: return std::nullopt;
-    }
-}
-
-std::optional<GridMove> PlainMove(int key, const QLineEdit& box) {
-    switch (key) {
-    case Qt::Key_Tab: return GridMove::NextBox;
-    case Qt::Key_Return:
-    case Qt::Key_Enter: return GridMove::NextTab;
-    case Qt::Key_Home: return IsAtStart(box) ? std::optional(GridMove::RowStart) : std::nullopt;
-    case Qt::Key_End: return IsAtEnd(box) ? std::optional(GridMove::RowEnd) : std::nullopt;
-    default: return ArrowMove(key, box);
-    }
-}
-
-/// nullopt where the key belongs to the box.
-std::optional<GridMove> MoveOf(const QKeyEvent& key, const QLineEdit& box) {
-    const auto modifiers = ModifiersOf(key);
-    if (modifiers == Qt::NoModifier)
-        return PlainMove(key.key(), box);
-    if (modifiers == Qt::ControlModifier && key.key() == Qt::Key_Home)
-        return GridMove::FirstTab;
-    if (modifiers == Qt::ControlModifier && key.key() == Qt::Key_End)
-        return GridMove::LastFilledTab;
-    if (modifiers != Qt::ShiftModifier)
-        return std::nullopt;
-    switch (key.key()) {
-    case Qt::Key_Backtab: return GridMove::PreviousBox;
-    case Qt::Key_Return:
-    case Qt::Key_Enter: return GridMove::PreviousTab;
-    default: return std::nullopt;
-    }
-}
 
 /// "12 of 20; will be cut off".
 QString BoxText(const FieldBox& box, std::size_t limit, const TextLoss& loss) {
@@ -92,7 +34,7 @@ QString BoxText(const FieldBox& box, std::size_t limit, const TextLoss& loss) {
 
 frmGrid2a4::frmGrid2a4(MainModule& main, const FontCatalogue& catalogue, QWidget* parent)
     : QScrollArea(parent), main_(main), zoom_(ReadZoom(main.settings)),
-      sheet_(new GridSheet(main.document, marks_, catalogue, this)) {
+      sheet_(new GridSheet(main.document, marks_, catalogue, this)), input_(new GridInput(*this)) {
     setObjectName("frmGrid2a4");
     setFrameShape(QFrame::NoFrame);
     setAlignment(Qt::AlignCenter);
@@ -163,9 +105,7 @@ void frmGrid2a4::MarkTabs(const TabNumbers& tabs) {
 void frmGrid2a4::MarkAllTabs() {
     marks_.BeginAt(1);
     marks_.ExtendTo(main_.document.TabCount);
-    if (current_)
-        current_->deselect();
-    sheet_->update();
+    ShowMarks();
 }
 
 QLineEdit* frmGrid2a4::Box(int field, int slot) const {
@@ -210,7 +150,7 @@ void frmGrid2a4::SetLablesOnGrid() {
 
 FieldBox* frmGrid2a4::MakeBox(int field, int slot) {
     auto* box = new FieldBox(slot, field, sheet_);
-    box->installEventFilter(this);
+    box->installEventFilter(input_);
     connect(box, &QLineEdit::textEdited, this, [this, box] { Edited(*box); });
     return box;
 }
@@ -354,8 +294,12 @@ void frmGrid2a4::GoTo(TabBox place, Marking marking) {
     ensureWidgetVisible(box);
 }
 
+void frmGrid2a4::Move(GridMove move, const FieldBox& from) {
+    Trapped(main_.ui, "Called from Sub: frmGrid2a4", [&] { MoveFrom(PlaceOf(from), move); });
+}
+
 /// Over the end of the last page a person is asked for another one.
-void frmGrid2a4::Move(GridMove move, TabBox from) {
+void frmGrid2a4::MoveFrom(TabBox from, GridMove move) {
     std::optional<TabBox> place = PlaceAfter(move, from, main_.document);
     if (!place && (move == GridMove::NextBox || move == GridMove::NextTab)) {
         const std::int32_t tabs = main_.document.TabCount;
@@ -374,140 +318,61 @@ void frmGrid2a4::EndMarking(std::int32_t tab) {
     marks_.BeginAt(tab);
 }
 
+void frmGrid2a4::EndMarking(const FieldBox& box) {
+    EndMarking(PlaceOf(box).tab);
+}
+
 void frmGrid2a4::MarkTo(TabBox place) {
     marks_.ExtendTo(place.tab);
     GoTo(place, Marking::Extends);
-    current_->deselect();
+    ShowMarks();
+}
+
+void frmGrid2a4::MarkFrom(const FieldBox& box, GridMove move) {
+    if (const auto place = PlaceAfter(move, PlaceOf(box), main_.document))
+        MarkTo(*place);
+}
+
+void frmGrid2a4::ToggleMark(const FieldBox& box) {
+    marks_.Toggle(PlaceOf(box).tab);
+    GoTo(PlaceOf(box), Marking::Extends);
+    ShowMarks();
+}
+
+void frmGrid2a4::DragTo(const FieldBox& from, int slot) {
+    marks_.ExtendTo(PlaceOf(from).tab + slot - from.Slot());
+    ShowMarks();
+}
+
+/// What is selected in a box stands back behind marked tabs.
+void frmGrid2a4::ShowMarks() {
+    if (current_)
+        current_->deselect();
     sheet_->update();
 }
 
-/// Shift with an arrow marks from tab to tab; to the side it selects in the box's text first.
-bool frmGrid2a4::MarkByKey(const QKeyEvent& key, FieldBox& box) {
-    if (ModifiersOf(key) != Qt::ShiftModifier)
-        return false;
-    std::optional<GridMove> move = ArrowMove(key.key(), box);
-    if (HasMarks() && key.key() == Qt::Key_Left)
-        move = GridMove::PreviousTab;
-    if (HasMarks() && key.key() == Qt::Key_Right)
-        move = GridMove::NextTab;
-    if (!move)
-        return false;
-    if (const auto place = PlaceAfter(*move, PlaceOf(box), main_.document))
-        MarkTo(*place);
-    return true;
-}
-
-/// Commands of the window, which know the whole document and the marked tabs.
-bool frmGrid2a4::IsForWindow(const QKeyEvent& key) const {
-    if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo) || key.matches(QKeySequence::Paste))
-        return true;
-    const bool onTabs = HasMarks() || !current_ || !current_->hasSelectedText();
-    return (onTabs && (key.matches(QKeySequence::Cut) || key.matches(QKeySequence::Copy))) ||
-           (HasMarks() && (key.key() == Qt::Key_Delete || key.key() == Qt::Key_Backspace));
-}
-
-bool frmGrid2a4::KeyPressed(const QKeyEvent& key, FieldBox& box) {
-    const bool allSelected = box.selectedText().size() == box.text().size();
-    if (key.matches(QKeySequence::SelectAll) && allSelected) {
-        MarkAllTabs();
-        return true;
-    }
-    if (key.key() == Qt::Key_Escape && HasMarks()) {
-        EndMarking(PlaceOf(box).tab);
-        return true;
-    }
-    if (MarkByKey(key, box))
-        return true;
-    const auto move = MoveOf(key, box);
-    if (move)
-        Trapped(main_.ui, "Called from Sub: frmGrid2a4", [&] { Move(*move, PlaceOf(box)); });
-    return move.has_value();
-}
-
-/// Shift marks up to the tab, Ctrl marks it beside others; without either the marking ends.
-bool frmGrid2a4::MousePressed(const QMouseEvent& mouse, FieldBox& box) {
-    dragged_ = 0;
-    const std::int32_t tab = PlaceOf(box).tab;
-    if (mouse.button() != Qt::LeftButton)
-        return false;
-    const bool extends = mouse.modifiers().testFlag(Qt::ShiftModifier);
-    if (!extends && !mouse.modifiers().testFlag(Qt::ControlModifier)) {
-        EndMarking(tab);
-        return false;
-    }
-    if (extends) {
-        MarkTo(PlaceOf(box));
-        return true;
-    }
-    marks_.Toggle(tab);
-    GoTo(PlaceOf(box), Marking::Extends);
-    current_->deselect();
-    return true;
-}
-
-/// Within its tab the mouse selects text, beyond it tabs.
-bool frmGrid2a4::MouseDragged(const QMouseEvent& mouse, FieldBox& box) {
-    if (!mouse.buttons().testFlag(Qt::LeftButton))
-        return false;
-    const QPoint place = box.mapTo(sheet_, mouse.position().toPoint());
-    const int slot = sheet_->SlotNear(place);
-    if (dragged_ == 0 && slot == box.Slot())
-        return false;
-    if (slot != dragged_) {
-        dragged_ = slot;
-        marks_.ExtendTo(PlaceOf(box).tab + slot - box.Slot());
-        box.deselect();
-        sheet_->update();
-    }
-    ensureVisible(place.x(), place.y());
-    return true;
-}
-
 /// Over marked tabs the menu is for them; elsewhere for the box.
-bool frmGrid2a4::WantsMenu(const QPoint& place, FieldBox& box) {
+void frmGrid2a4::AskForMenu(const FieldBox& box, const QPoint& place) {
     if (const TabBox at = PlaceOf(box); !marks_.Has(at.tab) && current_ != &box)
         GoTo(at, Marking::Ends);
     emit MenuWanted(place);
-    return true; // the box's own menu would change it alone
 }
 
-bool frmGrid2a4::BoxEvent(FieldBox& box, QEvent& event) {
-    switch (event.type()) {
-    case QEvent::ShortcutOverride:
-    case QEvent::KeyPress:
-        if (const auto& key = static_cast<const QKeyEvent&>(event); !IsForWindow(key))
-            return event.type() == QEvent::KeyPress && KeyPressed(key, box);
-        event.ignore();
-        return true;
-    case QEvent::MouseButtonPress: return MousePressed(static_cast<const QMouseEvent&>(event), box);
-    case QEvent::MouseMove: return MouseDragged(static_cast<const QMouseEvent&>(event), box);
-    case QEvent::ContextMenu: return WantsMenu(static_cast<const QContextMenuEvent&>(event).globalPos(), box);
-    case QEvent::ToolTip:
-        QToolTip::showText(static_cast<const QHelpEvent&>(event).globalPos(),
-                           QString::fromStdString(LossText(sheet_->LossOf(box.Slot(), box.Field()))), &box);
-        return true;
-    case QEvent::FocusOut:
-        // What is selected stays selected for the command.
-        return static_cast<const QFocusEvent&>(event).reason() == Qt::MenuBarFocusReason;
-    case QEvent::DragEnter:
-        if (!static_cast<const QDragEnterEvent&>(event).mimeData()->hasUrls())
-            return false;
-        event.ignore(); // a file is for the window, which opens it
-        return true;
-    case QEvent::FocusIn:
-        // The mouse gives the focus before it says whether it marks.
-        if (!HasMarks() && static_cast<const QFocusEvent&>(event).reason() != Qt::MouseFocusReason)
-            marks_.BeginAt(PlaceOf(box).tab);
-        Enter(box);
-        ensureWidgetVisible(&box);
-        return false;
-    default: return false;
-    }
+int frmGrid2a4::ScrollTo(const FieldBox& from, const QPoint& place) {
+    const QPoint onSheet = from.mapTo(sheet_, place);
+    ensureVisible(onSheet.x(), onSheet.y());
+    return sheet_->SlotNear(onSheet);
 }
 
-bool frmGrid2a4::eventFilter(QObject* watched, QEvent* event) {
-    auto* box = qobject_cast<FieldBox*>(watched);
-    return (box && BoxEvent(*box, *event)) || QScrollArea::eventFilter(watched, event);
+void frmGrid2a4::TakeFocus(FieldBox& box, bool mayMark) {
+    if (mayMark && !HasMarks())
+        marks_.BeginAt(PlaceOf(box).tab);
+    Enter(box);
+    ensureWidgetVisible(&box);
+}
+
+QString frmGrid2a4::ToolTipOf(const FieldBox& box) const {
+    return QString::fromStdString(LossText(sheet_->LossOf(box.Slot(), box.Field())));
 }
 
 } // namespace velmora

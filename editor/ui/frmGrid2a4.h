@@ -11,12 +11,12 @@
 #include <QPointer>
 #include <QScrollArea>
 
-class QKeyEvent;
 class QLineEdit;
 
 namespace velmora {
 
 class FieldBox;
+class GridInput;
 
 class frmGrid2a4 : public QScrollArea, public GridEditor {
     Q_OBJECT
@@ -41,7 +41,24 @@ public:
     bool HasMarks() const { return !marks_.Empty(); }
     void MarkAllTabs();
 
-    const GridZoom& Zoom() const { return zoom_; }
+    // What keys and mouse ask for.
+    TabBox PlaceOf(const FieldBox& box) const;
+    void Move(GridMove move, const FieldBox& from);
+    /// Marks the tabs from where the marking began to that one, which is entered.
+    void MarkTo(TabBox place);
+    /// The same, to where a move leads; no effect at the document's ends.
+    void MarkFrom(const FieldBox& box, GridMove move);
+    void ToggleMark(const FieldBox& box);
+    /// Marks from the box's tab to that of a slot of the page; the box stays in use.
+    void DragTo(const FieldBox& from, int slot);
+    void EndMarking(const FieldBox& box);
+    /// Brings a place, seen from a box, into view; the slot of the tab there.
+    int ScrollTo(const FieldBox& from, const QPoint& place);
+    void AskForMenu(const FieldBox& box, const QPoint& place);
+    /// The box has the keys; marking may begin at its tab.
+    void TakeFocus(FieldBox& box, bool mayMark);
+    QString ToolTipOf(const FieldBox& box) const;
+
     /// Remembered for the next start.
     void SetZoom(const GridZoom& zoom);
     /// One step larger or smaller.
@@ -58,7 +75,6 @@ signals:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     enum class Marking { Ends, Extends };
@@ -75,28 +91,20 @@ private:
     void TellLoss(FieldBox& box);
     void Edited(FieldBox& box);
 
-    TabBox PlaceOf(const FieldBox& box) const;
     void GoTo(TabBox place, Marking marking);
-    void Move(GridMove move, TabBox from);
+    void MoveFrom(TabBox from, GridMove move);
     void EndMarking(std::int32_t tab);
-    void MarkTo(TabBox place);
-    bool KeyPressed(const QKeyEvent& key, FieldBox& box);
-    bool MarkByKey(const QKeyEvent& key, FieldBox& box);
-    bool IsForWindow(const QKeyEvent& key) const;
-    bool MousePressed(const QMouseEvent& mouse, FieldBox& box);
-    bool MouseDragged(const QMouseEvent& mouse, FieldBox& box);
-    bool WantsMenu(const QPoint& place, FieldBox& box);
-    bool BoxEvent(FieldBox& box, QEvent& event);
+    void ShowMarks();
 
     MainModule& main_;
     TabMarks marks_;
     GridZoom zoom_;
     GridSheet* sheet_;
+    GridInput* input_;
     std::vector<GridCell> cells_;
     std::vector<std::array<FieldBox*, 3>> boxes_; ///< slot 1 first; nullptr for a field not in use
     std::vector<TabTexts> shown_;                 ///< as they were filled in
     QPointer<FieldBox> current_;                  ///< the box in use
-    int dragged_ = 0;                             ///< slot that the mouse marks to; 0: it does not
 };
 
 } // namespace velmora
