@@ -13,6 +13,7 @@
 namespace velmora {
 namespace {
 
+constexpr int kFrame = 4;       ///< pixels, about what window managers put at the sides of a window
 constexpr int kRoomBeside = 12; ///< pixels between a window and what it makes room for
 
 /// Of the window as it is without filling the screen; its frame's corner, and its size within the frame.
@@ -32,8 +33,7 @@ QMargins FrameOf(const QWidget& window) {
             return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
                     outer.bottom() - inner.bottom()};
     }
-    const bool frames = QGuiApplication::platformName() != "offscreen";
-    return {0, frames ? window.style()->pixelMetric(QStyle::PM_TitleBarHeight) : 0, 0, 0};
+    return {kFrame, window.style()->pixelMetric(QStyle::PM_TitleBarHeight), kFrame, kFrame};
 }
 
 /// `place` made as large as the screen at most, and moved onto it, its frame included.

@@ -1,7 +1,6 @@
 #include "editor/ui/GridInput.h"
 
 #include "editor/ui/FieldBox.h"
-#include "editor/ui/frmGrid2a4.h"
 
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
@@ -68,7 +67,7 @@ std::optional<GridMove> MoveOf(const QKeyEvent& key, const QLineEdit& box) {
 
 } // namespace
 
-GridInput::GridInput(frmGrid2a4& grid) : QObject(&grid), grid_(grid) {}
+GridInput::GridInput(GridActions& grid, QObject* parent) : QObject(parent), grid_(grid) {}
 
 /// Shift with an arrow marks from tab to tab; to the side it selects in the box's text first.
 bool GridInput::MarkByKey(const QKeyEvent& key, const FieldBox& box) {
@@ -117,7 +116,7 @@ bool GridInput::MousePressed(const QMouseEvent& mouse, const FieldBox& box) {
     if (mouse.button() != Qt::LeftButton)
         return false;
     if (mouse.modifiers().testFlag(Qt::ShiftModifier))
-        grid_.MarkTo(grid_.PlaceOf(box));
+        grid_.MarkTo(box);
     else if (mouse.modifiers().testFlag(Qt::ControlModifier))
         grid_.ToggleMark(box);
     else

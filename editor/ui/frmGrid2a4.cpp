@@ -3,7 +3,6 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "editor/ui/FieldBox.h"
-#include "editor/ui/GridInput.h"
 #include "report/Twips.h"
 #include "report/rptVelmor.h"
 #include "widgets/Controls.h"
@@ -34,7 +33,7 @@ QString BoxText(const FieldBox& box, std::size_t limit, const TextLoss& loss) {
 
 frmGrid2a4::frmGrid2a4(MainModule& main, const FontCatalogue& catalogue, QWidget* parent)
     : QScrollArea(parent), main_(main), zoom_(ReadZoom(main.settings)),
-      sheet_(new GridSheet(main.document, marks_, catalogue, this)), input_(new GridInput(*this)) {
+      sheet_(new GridSheet(main.document, marks_, catalogue, this)), input_(new GridInput(*this, this)) {
     setObjectName("frmGrid2a4");
     setFrameShape(QFrame::NoFrame);
     setAlignment(Qt::AlignCenter);
@@ -322,15 +321,19 @@ void frmGrid2a4::EndMarking(const FieldBox& box) {
     EndMarking(PlaceOf(box).tab);
 }
 
-void frmGrid2a4::MarkTo(TabBox place) {
+void frmGrid2a4::MarkUpTo(TabBox place) {
     marks_.ExtendTo(place.tab);
     GoTo(place, Marking::Extends);
     ShowMarks();
 }
 
+void frmGrid2a4::MarkTo(const FieldBox& box) {
+    MarkUpTo(PlaceOf(box));
+}
+
 void frmGrid2a4::MarkFrom(const FieldBox& box, GridMove move) {
     if (const auto place = PlaceAfter(move, PlaceOf(box), main_.document))
-        MarkTo(*place);
+        MarkUpTo(*place);
 }
 
 void frmGrid2a4::ToggleMark(const FieldBox& box) {

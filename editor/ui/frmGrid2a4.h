@@ -5,6 +5,7 @@
 #include "editor/GridMoves.h"
 #include "editor/GridZoom.h"
 #include "editor/TabMarks.h"
+#include "editor/ui/GridInput.h"
 #include "editor/ui/GridSheet.h"
 #include "platform/FontCatalogue.h"
 
@@ -16,9 +17,8 @@ class QLineEdit;
 namespace velmora {
 
 class FieldBox;
-class GridInput;
 
-class frmGrid2a4 : public QScrollArea, public GridEditor {
+class frmGrid2a4 : public QScrollArea, public GridEditor, public GridActions {
     Q_OBJECT
 
 public:
@@ -37,27 +37,19 @@ public:
     QLineEdit* Box(int field, int slot) const;
     /// The field, 0 to 2, that a box stands for; -1 for a control that is no box of a grid.
     static int FieldOf(const QWidget& box);
-    /// True for more than a text of the box in use.
-    bool HasMarks() const { return !marks_.Empty(); }
-    void MarkAllTabs();
 
-    // What keys and mouse ask for.
-    TabBox PlaceOf(const FieldBox& box) const;
-    void Move(GridMove move, const FieldBox& from);
-    /// Marks the tabs from where the marking began to that one, which is entered.
-    void MarkTo(TabBox place);
-    /// The same, to where a move leads; no effect at the document's ends.
-    void MarkFrom(const FieldBox& box, GridMove move);
-    void ToggleMark(const FieldBox& box);
-    /// Marks from the box's tab to that of a slot of the page; the box stays in use.
-    void DragTo(const FieldBox& from, int slot);
-    void EndMarking(const FieldBox& box);
-    /// Brings a place, seen from a box, into view; the slot of the tab there.
-    int ScrollTo(const FieldBox& from, const QPoint& place);
-    void AskForMenu(const FieldBox& box, const QPoint& place);
-    /// The box has the keys; marking may begin at its tab.
-    void TakeFocus(FieldBox& box, bool mayMark);
-    QString ToolTipOf(const FieldBox& box) const;
+    bool HasMarks() const override { return !marks_.Empty(); }
+    void MarkAllTabs() override;
+    void Move(GridMove move, const FieldBox& from) override;
+    void MarkTo(const FieldBox& box) override;
+    void MarkFrom(const FieldBox& box, GridMove move) override;
+    void ToggleMark(const FieldBox& box) override;
+    void DragTo(const FieldBox& from, int slot) override;
+    void EndMarking(const FieldBox& box) override;
+    int ScrollTo(const FieldBox& from, const QPoint& place) override;
+    void AskForMenu(const FieldBox& box, const QPoint& place) override;
+    void TakeFocus(FieldBox& box, bool mayMark) override;
+    QString ToolTipOf(const FieldBox& box) const override;
 
     /// Remembered for the next start.
     void SetZoom(const GridZoom& zoom);
@@ -91,7 +83,9 @@ private:
     void TellLoss(FieldBox& box);
     void Edited(FieldBox& box);
 
+    TabBox PlaceOf(const FieldBox& box) const;
     void GoTo(TabBox place, Marking marking);
+    void MarkUpTo(TabBox place);
     void MoveFrom(TabBox from, GridMove move);
     void EndMarking(std::int32_t tab);
     void ShowMarks();
