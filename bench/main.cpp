@@ -210,35 +210,35 @@ public:
 
 /// Commands in a document that has room for one more page, each with its step of undo.
 void MeasureArranging(Bench& bench) {
-    MainModule& main = bench.main;
+    MainModule& module = bench.main;
     ReplaceFile(bench.folder / "arranged.csv", SampleFile(kLargeTabs - kSmallTabs));
     bench.Load("arranged.csv");
     Marks marks;
-    main.editor.Take(marks);
-    const TabDocument start = main.document;
+    module.editor.Take(marks);
+    const TabDocument start = module.document;
     marks.tabs = TabsFrom(2, start.TabCount - 1);
-    const std::string block = CopyTabs(main);
+    const std::string block = CopyTabs(module);
     const auto measure = [&](const char* name, const std::function<void()>& work) {
         Compare(
             name,
             [&] {
-                main.document = start;
+                module.document = start;
                 marks.tabs = {1};
-                main.history.KeepSteps();
+                module.history.KeepSteps();
                 const double time = Milliseconds(work);
-                if (!main.history.CanUndo())
+                if (!module.history.CanUndo())
                     throw Error("nothing was done");
-                main.history.KeepSteps(0);
-                main.history.Clear(main.document);
+                module.history.KeepSteps(0);
+                module.history.Clear(module.document);
                 return time;
             },
             {}, "60 ms");
     };
-    measure("sort 32,736 tabs", [&] { SortTabs(main, {0, true, false}); });
-    measure("insert a tab before them", [&] { InsertTabs(main); });
-    measure("paste all but one of them", [&] { PasteBlock(main, 0, block); });
-    measure("remove duplicates", [&] { RemoveDuplicates(main, {false, true, true}); });
-    main.editor.Leave();
+    measure("sort 32,736 tabs", [&] { SortTabs(module, {0, true, false}); });
+    measure("insert a tab before them", [&] { InsertTabs(module); });
+    measure("paste all but one of them", [&] { PasteBlock(module, 0, block); });
+    measure("remove duplicates", [&] { RemoveDuplicates(module, {false, true, true}); });
+    module.editor.Leave();
 }
 
 void MeasureProcesses(const Bench& bench) {

@@ -140,7 +140,11 @@ struct LostTest : StartTest, Desktop {
         ReplaceFile(file, "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nsaved\r\n");
     }
     ~LostTest() override { program.desktop.Leave(); }
-    bool StartAnother(const fs::path& copy) override { return starts && (windows.push_back(copy), true); }
+    bool StartAnother(const fs::path& copy) override {
+        if (starts)
+            windows.push_back(copy);
+        return starts;
+    }
 
     void Lose(char text) {
         TabDocument document;

@@ -231,8 +231,10 @@ bool RecoveryStore::IsWriting() const {
 }
 
 void RecoveryStore::Finish() {
+    if (!live_)
+        return;
     try {
-        if (live_ && live_->Finish())
+        if (live_->Finish())
             failureNoted_ = false;
     } catch (...) {
         if (!live_->HasCopy())

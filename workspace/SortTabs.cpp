@@ -27,13 +27,12 @@ SortedTab Prepared(const TabDocument& document, std::int32_t tab, int field, con
     return {IsEmptyTab(document, tab) ? Rank::Empty : Rank::BlankField, {}, tab};
 }
 
-std::vector<SortedTab> Sorted(std::vector<SortedTab> tabs, bool descending) {
+void Sort(std::vector<SortedTab>& tabs, bool descending) {
     std::stable_sort(tabs.begin(), tabs.end(), [descending](const SortedTab& a, const SortedTab& b) {
         if (a.rank != b.rank)
             return a.rank < b.rank;
         return descending ? b.key < a.key : a.key < b.key;
     });
-    return tabs;
 }
 
 } // namespace
@@ -52,7 +51,8 @@ void SortTabs(MainModule& main, const SortRequest& request, const NaturalOrder& 
         std::count_if(tabs.begin(), tabs.end(), [](const SortedTab& tab) { return tab.rank != Rank::Empty; });
     TabOrder order = OrderOf(document);
     auto place = order.begin() + among.front() - 1;
-    for (const SortedTab& sorted : Sorted(std::move(tabs), request.descending))
+    Sort(tabs, request.descending);
+    for (const SortedTab& sorted : tabs)
         *place++ = sorted.tab;
     Rearrange(main, ChangeOf(static_cast<std::size_t>(filled), "Sort", "sorted"), std::move(order),
               {TabInUse(document)});

@@ -13,7 +13,7 @@
 namespace velmora {
 namespace {
 
-constexpr int kGap = 3; ///< between two documents, which take two lines each
+constexpr int kBetweenDocuments = 3; ///< between two documents, which take two lines each
 
 /// Two lines, which a screen reader reads as one: name, time and size, then the first texts and the folder.
 QString Caption(const RecoveredDocument& document) {
@@ -44,7 +44,7 @@ void frmRecover::BuildUi(const std::vector<RecoveredDocument>& lost) {
     lstLost_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     lstLost_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstLost_->setWordWrap(true);
-    lstLost_->setSpacing(kGap);
+    lstLost_->setSpacing(kBetweenDocuments);
     for (const RecoveredDocument& document : lost)
         lstLost_->addItem(Caption(document));
     auto* layout = new QVBoxLayout(this);

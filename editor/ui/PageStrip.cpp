@@ -128,11 +128,11 @@ private:
                                   .translated(-grid.topLeft());
             const QRect tab(QPoint(pixel(box.left()), pixel(box.top())),
                             QPoint(pixel(box.left() + box.width()) - 2, pixel(box.top() + box.height()) - 2));
-            (IsEmptyTab(document_, before + static_cast<int>(slot) + 1) ? empty : filled)
-                .append(tab.translated(sheet.topLeft()));
+            if (IsEmptyTab(document_, before + static_cast<int>(slot) + 1))
+                empty.append(tab.translated(sheet.topLeft()).adjusted(0, 0, -1, -1)); // its line adds a pixel
+            else
+                filled.append(tab.translated(sheet.topLeft()));
         }
-        for (QRect& tab : empty)
-            tab.adjust(0, 0, -1, -1); // its line adds a pixel
         painter.setBrush(Qt::NoBrush);
         painter.drawRects(empty);
         painter.setPen(Qt::NoPen);

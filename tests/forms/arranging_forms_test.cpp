@@ -43,7 +43,7 @@ class ArrangingFormsTest : public QObject {
     static void Run(RunningProgram& running, const Step& step) {
         if (!step.dialog)
             return running.Trigger(step.command);
-        const DialogAnswer answer(step.dialog, [&](QDialog& dialog) {
+        const DialogAnswer answer(step.dialog, [&](const QDialog& dialog) {
             for (const char* name : step.controls)
                 Use(dialog, name);
             Use(dialog, "cmdOk");

@@ -164,9 +164,9 @@ private slots:
         RunningProgram running;
         running.Start(type, 2, 1);
         running.window->resize(1400, 1000);
-        MainModule& main = running.program.main;
-        main.fonts[1] = {"Arial", 12, true, false, true, static_cast<std::int16_t>(alignment), kAlignMiddle};
-        main.document.FieldB(3) = "Hil";
+        MainModule& module = running.program.main;
+        module.fonts[1] = {"Arial", 12, true, false, true, static_cast<std::int16_t>(alignment), kAlignMiddle};
+        module.document.FieldB(3) = "Hil";
         running.Box("TextA1(1)")->setFocus();
         Grid(running).BringUp();
         const QRect box = running.Box("TextA2(3)")->geometry();
@@ -174,16 +174,16 @@ private slots:
 
         LayoutValues layout;
         rptVelmor report =
-            MakeReport(layout, DocumentRequest(main.document), {main.document, main.settings, main.fonts});
+            MakeReport(layout, DocumentRequest(module.document), {module.document, module.settings, module.fonts});
         Sheet sheet;
         report.LayOutSheet(1, sheet);
-        TextShaper shaper(running.fonts, main.fonts);
+        TextShaper shaper(running.fonts, module.fonts);
         for (const PlacedText& placed : sheet.texts) {
             if (placed.tab != 3 || placed.field != 1)
                 continue;
             const ShapedText& shaped = shaper.Shape(placed.text, 1);
             const double scale = box.width() / placed.box.width;
-            const double left = (PlaceLine(placed, shaped, main.fonts).left - placed.box.left) * scale;
+            const double left = (PlaceLine(placed, shaped, module.fonts).left - placed.box.left) * scale;
             QVERIFY2(std::abs(ink.left() - left) < 3 && std::abs(ink.right() - left - shaped.width * scale) < 3,
                      qPrintable(
                          QString("%1 %2 %3 %4").arg(ink.left()).arg(ink.right()).arg(left).arg(shaped.width * scale)));
