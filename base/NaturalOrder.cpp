@@ -56,8 +56,8 @@ std::locale PersonsLocale() {
     }
 }
 
-NaturalOrder::NaturalOrder(std::locale locale)
-    : locale_(std::move(locale)), foldsCase_(Transformed(locale_, "B") < Transformed(locale_, "a")) {}
+NaturalOrder::NaturalOrder(const std::locale& locale)
+    : locale_(locale), foldsCase_(Transformed(locale_, "B") < Transformed(locale_, "a")) {}
 
 std::string NaturalOrder::Key(std::string_view text) const {
     const Numbered numbered = WithCountableNumbers(text);

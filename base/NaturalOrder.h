@@ -13,7 +13,7 @@ std::locale PersonsLocale();
 /// A locale that knows bytes alone ("C") orders letters by their codes, whatever their case.
 class NaturalOrder {
 public:
-    explicit NaturalOrder(std::locale locale = PersonsLocale());
+    explicit NaturalOrder(const std::locale& locale = PersonsLocale());
 
     /// Compared byte by byte, keys stand as their UTF-8 texts should: "No.9" before "No.10", "7" before "007".
     std::string Key(std::string_view text) const;

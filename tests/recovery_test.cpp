@@ -363,7 +363,7 @@ TEST_F(RecoveryTest, OfAGreatManyNoneIsDeletedUnseen) {
     EXPECT_EQ(store.Lost().size(), kMostLost) << "older ones follow";
     ArchiveText("a");
     EXPECT_EQ(store.List().size(), kMostLost + kArchivedDocuments);
-    EXPECT_EQ(Files(), 2U * kCopies - 3 * kArchivedDocuments + 1) << "ten of the archived go at a time";
+    EXPECT_EQ(Files(), std::size_t{2} * kCopies - 3 * kArchivedDocuments + 1) << "ten of the archived go at a time";
     EXPECT_FALSE(store.Holds(program.folder / lost[5].File.filename()));
 }
 

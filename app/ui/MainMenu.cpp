@@ -169,85 +169,108 @@ bool IsForTabs(const CommandContext& context) {
     return sheet.isAncestorOf(context.window.focusWidget()) && (sheet.HasMarks() || !box || !box->hasSelectedText());
 }
 
+namespace {
+
+Menu FileMenu() {
+    return {"mnuFile",
+            "&File",
+            {{"mnuNew", "&New", "Ctrl+N", Call<NewCommand>},
+             {"mnuOpen", "&Open", "Ctrl+O", Open<OpenKind::Open>},
+             {"mnuSave", "&Save", "Ctrl+S", Save<SaveKind::Save>},
+             {"mnuSaveAs", "Save &as ...", "Ctrl+Shift+S", Save<SaveKind::SaveAs>},
+             kSeparator,
+             {"mnuImport", "&Import", "", Open<OpenKind::Import>},
+             {"mnuExport", "&Export", "", Save<SaveKind::Export>},
+             {"mnuSavePdf", "Save as P&DF ...", "", SavePdf},
+             kSeparator,
+             {"mnuPgSetup", "Page Set&up", "", SetUpPage},
+             {"mnuPrinterSetup", "Prin&ter Setup", "", SetUpPrinter},
+             {"mnuMarginSetup", "&Margin Setup", "", SetUpMargins},
+             kSeparator,
+             {"mnuPreview", "Pre&view", "Ctrl+Shift+P", Print<PreviewCommand>},
+             {"mnuPrint", "&Print", "Ctrl+P", Print<PrintCommand>},
+             {"mnuPrintPage", "Print &Current Page", "", Print<PrintPageCommand>},
+             kSeparator,
+             {"mnuExit", "E&xit", "Ctrl+Q", Exit}}};
+}
+
+Menu EditMenu() {
+    return {
+        "mnuEdit",
+        "&Edit",
+        {{"mnuUndo", "&Undo", "Ctrl+Z", Call<UndoChange>},
+         {"mnuRedo", "&Redo", "Ctrl+Shift+Z", Call<RedoChange>},
+         kSeparator,
+         {"mnuCut", "Cu&t", "Ctrl+X", InBoxOrTabs<&QLineEdit::cut, ToClipboard<CutTabs>>},
+         {"mnuCopy", "&Copy", "Ctrl+C", InBoxOrTabs<&QLineEdit::copy, ToClipboard<CopyTabs>>},
+         {"mnuPaste", "&Paste", "Ctrl+V", Paste},
+         {"mnuDelete", "&Delete", "Del", InBoxOrTabs<&QLineEdit::del, DeleteTabs>},
+         {"mnuSelectAll", "Select &All Tabs", "Ctrl+A", [](CommandContext& context) { Grid(context).MarkAllTabs(); }},
+         kSeparator,
+         {"mnuInsertTab", "&Insert Tab", "Ctrl+I", Call<InsertTabs>},
+         {"mnuRemoveTab", "Re&move Tab", "Ctrl+Shift+Del", Call<RemoveTabs>},
+         {"mnuMoveUp", "Mo&ve Up", "Ctrl+Shift+Up", Call<MoveTabsUp>},
+         {"mnuMoveDown", "Move Do&wn", "Ctrl+Shift+Down", Call<MoveTabsDown>},
+         {"mnuFillDown", "Fi&ll Down", "Ctrl+D", Call<FillDown>},
+         kSeparator,
+         {"mnuFind", "&Find and Replace ...", "Ctrl+F", [](CommandContext& context) { FindForm(context).Open(); }},
+         {"mnuFindNext", "Find &Next", "F3", FindNext}}};
+}
+
+Menu ViewMenu() {
+    return {
+        "mnuView",
+        "&View",
+        {{"mnuFitSheet", "Fit &Sheet", "Ctrl+0", [](CommandContext& context) { Grid(context).SetZoom({}); }},
+         {"mnuFitWidth", "Fit &Width", "", [](CommandContext& context) { Grid(context).SetZoom({GridFit::Width}); }},
+         {"mnuZoomIn", "Zoom &In", "Ctrl++", [](CommandContext& context) { Grid(context).StepZoom(1); }},
+         {"mnuZoomOut", "Zoom &Out", "Ctrl+-", [](CommandContext& context) { Grid(context).StepZoom(-1); }},
+         kSeparator,
+         {"mnuPageStrip", "&Page Strip", "F9", TogglePageStrip}}};
+}
+
+Menu DataMenu() {
+    return {"mnuData",
+            "&Data",
+            {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", Call<FirstPage>},
+             {"mnuPreviousPage", "&Previous Page", "PgUp", Call<PreviousPage>},
+             {"mnuNextPage", "&Next Page", "PgDown", Call<NextPage>},
+             {"mnuLastPage", "&Last Page", "Ctrl+PgDown", Call<LastPage>},
+             kSeparator,
+             {"mnuNewPage", "Ne&w Page", "Ctrl+Shift+N", Call<AddPage>},
+             {"mnuDeletePage", "&Delete Page", "", Call<DeletePage>},
+             kSeparator,
+             {"mnuInsertPage", "&Insert Page", "", Call<InsertPage>},
+             {"mnuDuplicatePage", "D&uplicate Page", "", Call<DuplicatePage>},
+             {"mnuMovePage", "&Move Page ...", "", ShowModal<frmMovePage>},
+             kSeparator,
+             {"mnuGoTo", "&Go to Page or Tab ...", "Ctrl+G", ShowModal<frmGoTo>},
+             {"mnuSort", "&Sort ...", "", ShowModal<frmSort>},
+             {"mnuRemoveDuplicates", "&Remove Duplicates ...", "", ShowModal<frmRemoveDuplicates>}}};
+}
+
+Menu ToolsMenu() {
+    return {"mnuTools",
+            "&Tools",
+            {{"mnuAutoRepWiz", "&AutoRepeat Wizard", "", Wizard<frmAutoRepWiz::Start::Wizard>},
+             {"mnuPrinterSetupWiz", "&Printer Setup Wizard", "", SetUpPrinter},
+             kSeparator,
+             {"mnuDeleteEmpries", "Delete &Empty Tabs", "", Call<CleanLabels>},
+             {"mnuFonts", "&Fonts ...", "Ctrl+T", Wizard<frmAutoRepWiz::Start::Fonts>},
+             kSeparator,
+             {"mnuOptions", "&Options ...", "", ShowOptions}}};
+}
+
+Menu HelpMenu() {
+    return {"mnuHelp",
+            "&Help",
+            {{"mnuOptTabHelp", "&Velmorin Help", "F1", ShowHelp}, {"mnuabout", "&About ...", "", ShowAbout}}};
+}
+
+} // namespace
+
 std::span<const Menu> Menus() {
-    static const Menu menus[] = {
-        {"mnuFile",
-         "&File",
-         {{"mnuNew", "&New", "Ctrl+N", Call<NewCommand>},
-          {"mnuOpen", "&Open", "Ctrl+O", Open<OpenKind::Open>},
-          {"mnuSave", "&Save", "Ctrl+S", Save<SaveKind::Save>},
-          {"mnuSaveAs", "Save &as ...", "Ctrl+Shift+S", Save<SaveKind::SaveAs>},
-          kSeparator,
-          {"mnuImport", "&Import", "", Open<OpenKind::Import>},
-          {"mnuExport", "&Export", "", Save<SaveKind::Export>},
-          {"mnuSavePdf", "Save as P&DF ...", "", SavePdf},
-          kSeparator,
-          {"mnuPgSetup", "Page Set&up", "", SetUpPage},
-          {"mnuPrinterSetup", "Prin&ter Setup", "", SetUpPrinter},
-          {"mnuMarginSetup", "&Margin Setup", "", SetUpMargins},
-          kSeparator,
-          {"mnuPreview", "Pre&view", "Ctrl+Shift+P", Print<PreviewCommand>},
-          {"mnuPrint", "&Print", "Ctrl+P", Print<PrintCommand>},
-          {"mnuPrintPage", "Print &Current Page", "", Print<PrintPageCommand>},
-          kSeparator,
-          {"mnuExit", "E&xit", "Ctrl+Q", Exit}}},
-        {"mnuEdit",
-         "&Edit",
-         {{"mnuUndo", "&Undo", "Ctrl+Z", Call<UndoChange>},
-          {"mnuRedo", "&Redo", "Ctrl+Shift+Z", Call<RedoChange>},
-          kSeparator,
-          {"mnuCut", "Cu&t", "Ctrl+X", InBoxOrTabs<&QLineEdit::cut, ToClipboard<CutTabs>>},
-          {"mnuCopy", "&Copy", "Ctrl+C", InBoxOrTabs<&QLineEdit::copy, ToClipboard<CopyTabs>>},
-          {"mnuPaste", "&Paste", "Ctrl+V", Paste},
-          {"mnuDelete", "&Delete", "Del", InBoxOrTabs<&QLineEdit::del, DeleteTabs>},
-          {"mnuSelectAll", "Select &All Tabs", "Ctrl+A", [](CommandContext& context) { Grid(context).MarkAllTabs(); }},
-          kSeparator,
-          {"mnuInsertTab", "&Insert Tab", "Ctrl+I", Call<InsertTabs>},
-          {"mnuRemoveTab", "Re&move Tab", "Ctrl+Shift+Del", Call<RemoveTabs>},
-          {"mnuMoveUp", "Mo&ve Up", "Ctrl+Shift+Up", Call<MoveTabsUp>},
-          {"mnuMoveDown", "Move Do&wn", "Ctrl+Shift+Down", Call<MoveTabsDown>},
-          {"mnuFillDown", "Fi&ll Down", "Ctrl+D", Call<FillDown>},
-          kSeparator,
-          {"mnuFind", "&Find and Replace ...", "Ctrl+F", [](CommandContext& context) { FindForm(context).Open(); }},
-          {"mnuFindNext", "Find &Next", "F3", FindNext}}},
-        {"mnuView",
-         "&View",
-         {{"mnuFitSheet", "Fit &Sheet", "Ctrl+0", [](CommandContext& context) { Grid(context).SetZoom({}); }},
-          {"mnuFitWidth", "Fit &Width", "", [](CommandContext& context) { Grid(context).SetZoom({GridFit::Width}); }},
-          {"mnuZoomIn", "Zoom &In", "Ctrl++", [](CommandContext& context) { Grid(context).StepZoom(1); }},
-          {"mnuZoomOut", "Zoom &Out", "Ctrl+-", [](CommandContext& context) { Grid(context).StepZoom(-1); }},
-          kSeparator,
-          {"mnuPageStrip", "&Page Strip", "F9", TogglePageStrip}}},
-        {"mnuData",
-         "&Data",
-         {{"mnuFirstPage", "&First Page", "Ctrl+PgUp", Call<FirstPage>},
-          {"mnuPreviousPage", "&Previous Page", "PgUp", Call<PreviousPage>},
-          {"mnuNextPage", "&Next Page", "PgDown", Call<NextPage>},
-          {"mnuLastPage", "&Last Page", "Ctrl+PgDown", Call<LastPage>},
-          kSeparator,
-          {"mnuNewPage", "Ne&w Page", "Ctrl+Shift+N", Call<AddPage>},
-          {"mnuDeletePage", "&Delete Page", "", Call<DeletePage>},
-          kSeparator,
-          {"mnuInsertPage", "&Insert Page", "", Call<InsertPage>},
-          {"mnuDuplicatePage", "D&uplicate Page", "", Call<DuplicatePage>},
-          {"mnuMovePage", "&Move Page ...", "", ShowModal<frmMovePage>},
-          kSeparator,
-          {"mnuGoTo", "&Go to Page or Tab ...", "Ctrl+G", ShowModal<frmGoTo>},
-          {"mnuSort", "&Sort ...", "", ShowModal<frmSort>},
-          {"mnuRemoveDuplicates", "&Remove Duplicates ...", "", ShowModal<frmRemoveDuplicates>}}},
-        {"mnuTools",
-         "&Tools",
-         {{"mnuAutoRepWiz", "&AutoRepeat Wizard", "", Wizard<frmAutoRepWiz::Start::Wizard>},
-          {"mnuPrinterSetupWiz", "&Printer Setup Wizard", "", SetUpPrinter},
-          kSeparator,
-          {"mnuDeleteEmpries", "Delete &Empty Tabs", "", Call<CleanLabels>},
-          {"mnuFonts", "&Fonts ...", "Ctrl+T", Wizard<frmAutoRepWiz::Start::Fonts>},
-          kSeparator,
-          {"mnuOptions", "&Options ...", "", ShowOptions}}},
-        {"mnuHelp",
-         "&Help",
-         {{"mnuOptTabHelp", "&Velmorin Help", "F1", ShowHelp}, {"mnuabout", "&About ...", "", ShowAbout}}},
-    };
+    static const Menu menus[] = {FileMenu(), EditMenu(), ViewMenu(), DataMenu(), ToolsMenu(), HelpMenu()};
     return menus;
 }
 

@@ -174,7 +174,7 @@ void frmImport::FillColumns() {
 /// "B", or "B - Name" where the first row is a heading.
 QString frmImport::ColumnTitle(int column) const {
     const auto index = static_cast<std::size_t>(column) - 1;
-    const QString letters = QString::fromStdString(ColumnLetters(column));
+    QString letters = QString::fromStdString(ColumnLetters(column));
     if (!chkHeading_->isChecked() || rows_.empty() || index >= rows_[0].size() || rows_[0][index].empty())
         return letters;
     const QString title = Beginning(rows_[0][index]);

@@ -13,7 +13,6 @@ FieldBox::FieldBox(int slot, int field, QWidget* sheet) : QLineEdit(sheet), slot
     setObjectName(QString("TextA%1(%2)").arg(field + 1).arg(slot));
     setFrame(false);
     setTextMargins(-kOwnMargin, 0, -kOwnMargin, 0);
-    setContextMenuPolicy(Qt::DefaultContextMenu);
 }
 
 void FieldBox::Open(const QFont& font) {

@@ -106,25 +106,30 @@ private slots:
     void goToShowsWhereItLeads() {
         RunningProgram running;
         running.Start(0, 2, 3);
-        for (const auto& [typed, downs, focused, selected] :
-             {std::tuple{"3", 0, "TextA1(1) No of tabs: 49 of 72", "a49"},
-              std::tuple{"3", 1, "TextA1(3) No of tabs: 3 of 72", "a3"},
-              std::tuple{"A7", 1, "TextA1(22) No of tabs: 70 of 72", "a7"}}) {
+        const struct {
+            const char* typed;
+            int downs;
+            const char* focused;
+            const char* selected;
+        } places[] = {{"3", 0, "TextA1(1) No of tabs: 49 of 72", "a49"},
+                      {"3", 1, "TextA1(3) No of tabs: 3 of 72", "a3"},
+                      {"A7", 1, "TextA1(22) No of tabs: 70 of 72", "a7"}};
+        for (const auto& place : places) {
             {
                 const DialogAnswer answer("frmGoTo", [&](QDialog& dialog) {
                     QVERIFY(!Get<QPushButton>(dialog, "cmdGo").isEnabled());
                     auto& entry = Get<QLineEdit>(dialog, "txtPlace");
                     entry.setText("zzz");
                     QCOMPARE(Get<QLabel>(dialog, "lblResult").text(), QString("Nowhere."));
-                    entry.setText(typed);
-                    for (int i = 0; i < downs; ++i)
+                    entry.setText(place.typed);
+                    for (int i = 0; i < place.downs; ++i)
                         QTest::keyClick(&entry, Qt::Key_Down);
                     QTest::keyClick(&entry, Qt::Key_Return);
                 });
                 running.Trigger("mnuGoTo");
             }
-            QCOMPARE(running.window->focusWidget()->objectName() + " " + running.Panel(5), QString(focused));
-            QCOMPARE(qobject_cast<QLineEdit*>(running.window->focusWidget())->selectedText(), QString(selected));
+            QCOMPARE(running.window->focusWidget()->objectName() + " " + running.Panel(5), QString(place.focused));
+            QCOMPARE(qobject_cast<QLineEdit*>(running.window->focusWidget())->selectedText(), QString(place.selected));
         }
     }
 
