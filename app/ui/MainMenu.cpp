@@ -72,7 +72,7 @@ QLineEdit* BoxInUse(const CommandContext& context) {
     return qobject_cast<QLineEdit*>(context.window.focusWidget());
 }
 
-frmGrid2a4& Grid(const CommandContext& context) {
+frmGrid2a4& Grid(CommandContext& context) {
     return *context.window.findChild<frmGrid2a4*>();
 }
 
@@ -164,7 +164,7 @@ void ShowAbout(CommandContext& context) {
 const SettingKey kPageStrip = {"Settings", "Page Strip", "True", IsFlag};
 
 bool IsForTabs(const CommandContext& context) {
-    const frmGrid2a4& sheet = Grid(context);
+    const frmGrid2a4& sheet = *context.window.findChild<frmGrid2a4*>();
     const QLineEdit* box = BoxInUse(context);
     return sheet.isAncestorOf(context.window.focusWidget()) && (sheet.HasMarks() || !box || !box->hasSelectedText());
 }
