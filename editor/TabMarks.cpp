@@ -32,12 +32,6 @@ void TabMarks::Set(TabNumbers tabs) {
     anchor_ = tabs_.empty() ? 1 : tabs_.front();
 }
 
-void TabMarks::KeepWithin(std::int32_t count) {
-    if (!tabs_.empty() && tabs_.back() > count)
-        tabs_.clear();
-    anchor_ = std::min(anchor_, count);
-}
-
 bool TabMarks::Has(std::int32_t tab) const {
     return std::binary_search(tabs_.begin(), tabs_.end(), tab);
 }

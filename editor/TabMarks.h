@@ -18,8 +18,6 @@ public:
     /// the marking began counts as marked.
     void Toggle(std::int32_t tab);
     void Set(TabNumbers tabs);
-    /// Forgets all when some are behind tab `count`, as when their pages were taken away.
-    void KeepWithin(std::int32_t count);
 
     bool Empty() const { return tabs_.empty(); }
     bool Has(std::int32_t tab) const;

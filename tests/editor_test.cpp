@@ -119,10 +119,6 @@ TEST(TabMarks, ARangeRunsFromWhereTheMarkingBegan) {
     EXPECT_EQ(marks.Tabs(), (TabNumbers{3, 5, 9}));
     marks.ExtendTo(5);
     EXPECT_EQ(marks.Tabs(), (TabNumbers{4, 5})) << "from the tab toggled last";
-    marks.KeepWithin(5);
-    EXPECT_FALSE(marks.Empty());
-    marks.KeepWithin(4);
-    EXPECT_TRUE(marks.Empty()) << "the document became shorter";
     marks.BeginAt(2);
     marks.Toggle(8);
     EXPECT_EQ(marks.Tabs(), (TabNumbers{2, 8})) << "the tab in use belongs to what is marked first";

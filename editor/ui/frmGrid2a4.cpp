@@ -61,7 +61,6 @@ void frmGrid2a4::TakeDown() {
 
 void frmGrid2a4::BringUp() {
     RefreshDocumentStatus(main_);
-    marks_.KeepWithin(main_.document.TabCount);
     SetLablesOnGrid();
     ShowTexts();
     FocusTab();
