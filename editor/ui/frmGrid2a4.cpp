@@ -300,11 +300,8 @@ void frmGrid2a4::Move(GridMove move, const FieldBox& from) {
 void frmGrid2a4::MoveFrom(TabBox from, GridMove move) {
     std::optional<TabBox> place = PlaceAfter(move, from, main_.document);
     if (!place && (move == GridMove::NextBox || move == GridMove::NextTab)) {
-        const std::int32_t tabs = main_.document.TabCount;
         NextPage(main_);
         place = PlaceAfter(move, from, main_.document);
-        if (main_.document.TabCount == tabs)
-            return;
     }
     if (place)
         GoTo(*place, Marking::Ends);
