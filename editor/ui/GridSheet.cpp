@@ -41,8 +41,10 @@ GridSheet::GridSheet(const TabDocument& document, const TabMarks& marks, const F
 void GridSheet::SetPage(std::vector<GridCell> cells, std::vector<PlacedText> fields, const FontSettings& fonts) {
     cells_ = std::move(cells);
     fields_ = std::move(fields);
-    if (!painter_ || fonts != fonts_)
+    if (!painter_ || fonts != fonts_) {
         painter_.emplace(catalogue_, fonts);
+        families_ = {}; // found anew when they are needed: looking for one takes milliseconds
+    }
     fonts_ = fonts;
     update();
 }
@@ -104,10 +106,14 @@ double GridSheet::PaperScale(const PlacedText& field) const {
     return BoxRect(box).width() / field.box.width;
 }
 
-QFont GridSheet::FontOf(int field) const {
+QFont GridSheet::FontOf(int field) {
     const FieldFont& font = fonts_[static_cast<std::size_t>(field)];
-    const auto file = catalogue_.Match({font.Name, font.Bold, font.Italic});
-    QFont shown(QString::fromStdString(file ? file->family : font.Name));
+    QString& family = families_[static_cast<std::size_t>(field)];
+    if (family.isEmpty()) {
+        const auto file = catalogue_.Match({font.Name, font.Bold, font.Italic});
+        family = QString::fromStdString(file ? file->family : font.Name);
+    }
+    QFont shown(family);
     const double pixels = font.Size * kTwipsPerPoint * PaperScale(fields_[static_cast<std::size_t>(field)]);
     shown.setPointSizeF(std::max(1.0, pixels * kTwipsPerInch / kTwipsPerPoint / logicalDpiY()));
     shown.setBold(font.Bold);

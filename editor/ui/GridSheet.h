@@ -37,7 +37,7 @@ public:
     /// The slot, from 1, whose tab is at a place or nearest to it.
     int SlotNear(const QPoint& place) const;
     /// The font that shows a field, 0 to 2, as large as it is painted.
-    QFont FontOf(int field) const;
+    QFont FontOf(int field);
     TextLoss LossOf(int slot, int field) const;
     /// The edge of a box by what its text loses.
     QColor EdgeColour(const TextLoss& loss) const;
@@ -66,6 +66,7 @@ private:
     std::vector<GridCell> cells_;
     std::vector<PlacedText> fields_;
     FontSettings fonts_;
+    std::array<QString, kFieldsPerTab> families_; ///< as installed; empty: not looked for yet
     mutable std::optional<SheetPainter> painter_; ///< shapes; nullopt before the first page
     PainterFonts painterFonts_;
     std::vector<QRect> cut_; ///< boxes painted last whose texts lose something
