@@ -220,6 +220,16 @@ private slots:
         QCOMPARE(told, QString("1 of 20; no font has one of its characters"));
     }
 
+    void theBoxInUseHasTheFontOfItsField() {
+        RunningProgram running;
+        running.Start(0, 1, 1);
+        const auto family = [&] { return running.Box("TextA1(1)")->font().family(); };
+        const QString before = family();
+        running.program.main.fonts[0].Name = "Courier New";
+        Grid(running).BringUp();
+        QVERIFY2(family() != before, qPrintable(before));
+    }
+
     void theMarkOfTheTabInUseStandsOutOnEveryPalette() {
         for (const QColor& highlight : {QColor(0xff, 0xff, 0x80), QColor(0x30, 0x8c, 0xc6), QColor(0, 0, 0)}) {
             QPalette palette;
