@@ -65,6 +65,14 @@ std::vector<GridCell> LayOutGrid(const TabDocument& document) {
     return cells;
 }
 
+GridBox OutlineOf(const std::vector<GridCell>& cells) {
+    if (cells.empty())
+        return {};
+    const GridBox& first = cells.front().outline;
+    const GridBox& last = cells.back().outline;
+    return {first.left, first.top, last.left + last.width - first.left, last.top + last.height - first.top};
+}
+
 std::vector<TabTexts> PopulateLabels(const TabDocument& document) {
     std::vector<TabTexts> texts;
     const int before = Multiply16(document.CurrentPage - 1, document.setup.TabsPerPage);

@@ -26,6 +26,8 @@ struct GridCell {
 
 /// The cells of one page, slot 1 first, row by row.
 std::vector<GridCell> LayOutGrid(const TabDocument& document);
+/// What encloses all of them; empty without any.
+GridBox OutlineOf(const std::vector<GridCell>& cells);
 
 /// Texts of page `CurrentPage`: slot i is tab (`CurrentPage` - 1) x `TabsPerPage` + i.
 std::vector<TabTexts> PopulateLabels(const TabDocument& document);

@@ -58,7 +58,9 @@ void ChangeTabs(MainModule& main, const TabChange& what, const TabNumbers& marke
 
 void Rearrange(MainModule& main, const TabChange& what, TabOrder order, const TabNumbers& marked) {
     FillLastPage(order, main.document.setup.TabsPerPage);
-    if (ChangesNothing(main.document, order) || !HasRoomFor(main, order.size()))
+    if (ChangesNothing(main.document, order))
+        return main.status->Tell({what.name + ": nothing changed"});
+    if (!HasRoomFor(main, order.size()))
         return;
     ChangeTabs(main, what, marked, LosesTexts(main.document, order),
                [&](TabDocument& document) { Arrange(document, order); });

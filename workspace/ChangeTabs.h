@@ -29,7 +29,7 @@ TabChange ChangeOf(std::size_t tabs, const char* name, const char* done);
 void ChangeTabs(MainModule& main, const TabChange& what, const TabNumbers& marked, bool losesTexts,
                 const std::function<void(TabDocument&)>& change);
 /// The same for another order, whose last page is filled here. One that is too long is told, and nothing changes; one
-/// that changes nothing has no effect.
+/// that changes nothing is told in the status line.
 void Rearrange(MainModule& main, const TabChange& what, TabOrder order, const TabNumbers& marked);
 
 } // namespace velmora

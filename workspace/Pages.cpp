@@ -1,6 +1,7 @@
 #include "workspace/Pages.h"
 
 #include "base/Numbers.h"
+#include "base/Text.h"
 #include "document/TabOrder.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
@@ -130,7 +131,7 @@ void CleanLabels(MainModule& main) {
         return Tell(main.ui, "No Tabs to clean.");
     TakePageBack(main);
     KeepRecoveryCopy(main);
-    const UndoStep step(main.history, main.State(), "Delete Empty Tabs");
+    UndoStep step(main.history, main.State(), "Delete Empty Tabs");
     main.editor->TakeDown();
     const std::int32_t kept = PackTabs(document);
     document.NoOfPages = std::max<std::int16_t>(1, PagesForTabs(kept, document.setup.TabsPerPage));
@@ -141,6 +142,7 @@ void CleanLabels(MainModule& main) {
         document.Field(field).Resize(document.TabCount);
     }
     ShowChangedPages(main);
+    main.status->Tell({"Empty tabs deleted, " + Counted(static_cast<std::size_t>(kept), "tab") + " left", step.Commit()});
 }
 
 namespace {

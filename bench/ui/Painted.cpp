@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QTimer>
+#include <QWidget>
 
 #include <algorithm>
 #include <cstdio>
@@ -65,6 +67,14 @@ void MeasureMoves(const std::function<void(int)>& move) {
     }
     std::nth_element(times.begin(), times.begin() + kMoves / 2, times.end());
     std::printf("%.3f\n", times[kMoves / 2]);
+}
+
+void MeasureKeys(QWidget& box) {
+    MeasureMoves([&box](int number) {
+        const bool types = number % 2 == 0;
+        QKeyEvent key(QEvent::KeyPress, types ? Qt::Key_A : Qt::Key_Backspace, Qt::NoModifier, types ? "a" : "\b");
+        QApplication::sendEvent(&box, &key);
+    });
 }
 
 void End() {

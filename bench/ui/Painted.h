@@ -3,6 +3,8 @@
 
 #include <functional>
 
+class QWidget;
+
 namespace velmora::bench {
 
 /// Calls `done` once, after the next painting of a widget of class `className` or of the area that it scrolls.
@@ -11,6 +13,8 @@ void WhenPainted(const char* className, std::function<void()> done);
 void WaitUntilPainted(const char* className);
 /// Prints the median time, in milliseconds, of some moves, each until a box is on the screen.
 void MeasureMoves(const std::function<void(int)>& move);
+/// The same for keys in a box: a letter and its deletion in turn.
+void MeasureKeys(QWidget& box);
 /// Ends the process at once, without taking anything down.
 [[noreturn]] void End();
 

@@ -51,6 +51,8 @@ void DoJob() {
             window = widget;
     if (job == "moves")
         bench::MeasureMoves([next = window->findChild<QAction*>("mnuNextPage")](int) { next->trigger(); });
+    else if (job == "keys")
+        bench::MeasureKeys(*window->findChild<QWidget*>("TextA1(1)"));
     else if (job == "preview")
         MeasurePreview(*window);
     bench::End();

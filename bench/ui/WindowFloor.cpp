@@ -39,6 +39,8 @@ int main(int argc, char** argv) {
     bench::WhenPainted("QMainWindow", [&boxes] {
         if (qgetenv("VELMORA_BENCH_JOB") == "moves")
             bench::MeasureMoves([&boxes](int move) { FillPage(boxes, move + 1); });
+        if (qgetenv("VELMORA_BENCH_JOB") == "keys")
+            bench::MeasureKeys(*boxes.front());
         bench::End();
     });
     return QApplication::exec();

@@ -51,9 +51,9 @@ void GridSheet::SetPage(std::vector<GridCell> cells, std::vector<PlacedText> fie
 
 void GridSheet::SetScale(double pixelsPerTwip) {
     pixelsPerTwip_ = pixelsPerTwip;
-    const QRectF grid = GridTwips();
-    setFixedSize(BorderSize() + QSize(static_cast<int>(std::lround(grid.width() * pixelsPerTwip)),
-                                      static_cast<int>(std::lround(grid.height() * pixelsPerTwip))));
+    const GridBox grid = GridTwips();
+    setFixedSize(BorderSize() + QSize(static_cast<int>(std::lround(grid.width * pixelsPerTwip)),
+                                      static_cast<int>(std::lround(grid.height * pixelsPerTwip))));
     update();
 }
 
@@ -66,13 +66,6 @@ void GridSheet::SetCurrent(int slot, int field) {
 void GridSheet::SetMatches(const MatchFinder& find) {
     find_ = find;
     update();
-}
-
-QRect GridSheet::GridTwips() const {
-    QRect grid;
-    for (const GridCell& cell : cells_)
-        grid |= QRect(cell.outline.left, cell.outline.top, cell.outline.width, cell.outline.height);
-    return grid;
 }
 
 QSize GridSheet::BorderSize() {

@@ -30,7 +30,7 @@ public:
     /// What is looked for; an empty one: nothing.
     void SetMatches(const MatchFinder& find);
 
-    QRect GridTwips() const;
+    GridBox GridTwips() const { return OutlineOf(cells_); }
     /// Pixels around the grid: ground and paper margin.
     static QSize BorderSize();
     QRect BoxRect(const GridBox& box) const;

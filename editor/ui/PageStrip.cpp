@@ -68,13 +68,13 @@ public:
     SmallSheets(const TabDocument& document, QObject* parent) : QAbstractItemDelegate(parent), document_(document) {}
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
-        const QSize sheet = SheetSize(option.fontMetrics, Outline(LayOutGrid(document_)));
+        const QSize sheet = SheetSize(option.fontMetrics, OutlineOf(LayOutGrid(document_)));
         const int pad = Pad(option.fontMetrics);
         return {sheet.width() + 2 * pad, sheet.height() + option.fontMetrics.height() + 3 * pad};
     }
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const std::vector<GridCell> cells = LayOutGrid(document_);
-        QRect sheet(option.rect.topLeft(), SheetSize(option.fontMetrics, Outline(cells)));
+        QRect sheet(option.rect.topLeft(), SheetSize(option.fontMetrics, OutlineOf(cells)));
         sheet.moveCenter({option.rect.center().x(), 0});
         sheet.moveTop(option.rect.top() + Pad(option.fontMetrics));
         painter->save();
@@ -89,17 +89,10 @@ public:
 
 private:
     static int Margin(const QFontMetrics& metrics) { return metrics.height() / 4; }
-    /// In twips.
-    static QRect Outline(const std::vector<GridCell>& cells) {
-        QRect grid;
-        for (const GridCell& cell : cells)
-            grid |= QRect(cell.outline.left, cell.outline.top, cell.outline.width, cell.outline.height);
-        return grid;
-    }
-    static QSize SheetSize(const QFontMetrics& metrics, const QRect& grid) {
+    static QSize SheetSize(const QFontMetrics& metrics, const GridBox& grid) {
         const int margins = 2 * Margin(metrics);
         const int width = SheetWidth(metrics);
-        return {width, grid.isEmpty() ? width : (width - margins) * grid.height() / grid.width() + margins};
+        return {width, grid.width == 0 ? width : (width - margins) * grid.height / grid.width + margins};
     }
     static QColor Mark(const QPalette& palette) {
         return StandingOut(palette.color(QPalette::Highlight), palette.color(QPalette::Window));
@@ -118,16 +111,15 @@ private:
     void PaintTabs(QPainter& painter, const QStyleOptionViewItem& option, const QRect& sheet,
                    const std::vector<GridCell>& cells, int before) const {
         const int margin = Margin(option.fontMetrics);
-        const QRect grid = Outline(cells);
-        const double scale = static_cast<double>(sheet.width() - 2 * margin) / std::max(1, grid.width());
+        const GridBox grid = OutlineOf(cells);
+        const double scale = static_cast<double>(sheet.width() - 2 * margin) / std::max(1, grid.width);
         const auto pixel = [&](int twips) { return margin + static_cast<int>(std::lround(twips * scale)); };
         QList<QRect> filled, empty;
         for (std::size_t slot = 0; slot < cells.size(); ++slot) {
-            const QRect box = QRect(cells[slot].outline.left, cells[slot].outline.top, cells[slot].outline.width,
-                                    cells[slot].outline.height)
-                                  .translated(-grid.topLeft());
-            const QRect tab(QPoint(pixel(box.left()), pixel(box.top())),
-                            QPoint(pixel(box.left() + box.width()) - 2, pixel(box.top() + box.height()) - 2));
+            const GridBox& box = cells[slot].outline;
+            const int left = box.left - grid.left, top = box.top - grid.top;
+            const QRect tab(QPoint(pixel(left), pixel(top)),
+                            QPoint(pixel(left + box.width) - 2, pixel(top + box.height) - 2));
             if (IsEmptyTab(document_, before + static_cast<int>(slot) + 1))
                 empty.append(tab.translated(sheet.topLeft()).adjusted(0, 0, -1, -1)); // its line adds a pixel
             else

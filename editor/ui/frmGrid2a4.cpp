@@ -211,8 +211,8 @@ double frmGrid2a4::Scale() const {
     if (cells_.empty())
         return whole;
     const QSize room = maximumViewportSize() - GridSheet::BorderSize();
-    const QRect grid = sheet_->GridTwips();
-    const GridSize twips{static_cast<double>(grid.width()), static_cast<double>(grid.height())};
+    const GridBox grid = sheet_->GridTwips();
+    const GridSize twips{static_cast<double>(grid.width), static_cast<double>(grid.height)};
     const GridSize wide{room.width() - 1.0, room.height() - 1.0};
     const double scale = ZoomScale(zoom_, wide, twips, whole);
     if (scale * twips.height <= wide.height)

@@ -13,6 +13,7 @@ namespace velmora {
 namespace {
 
 constexpr int kCallsBetweenLooks = 256;
+constexpr qint64 kWaitCursorAfterMs = 100; // most work is done before, and the first cursor takes milliseconds to make
 constexpr qint64 kNoticedAfterMs = 400;
 constexpr qint64 kRepaintEveryMs = 50;
 
@@ -21,11 +22,11 @@ constexpr qint64 kRepaintEveryMs = 50;
 frmProgress::frmProgress(QString text, int total, Cancel cancel)
     : text_(std::move(text)), total_(total), cancel_(cancel) {
     clock_.start();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
 frmProgress::~frmProgress() {
-    QApplication::restoreOverrideCursor();
+    if (waiting_)
+        QApplication::restoreOverrideCursor();
 }
 
 void frmProgress::Advance(int done) {
@@ -34,6 +35,8 @@ void frmProgress::Advance(int done) {
         return;
     sinceLook_ = 0;
     const qint64 now = clock_.elapsed();
+    if (now >= kWaitCursorAfterMs)
+        ShowWaiting();
     if (now < kNoticedAfterMs || now - shownAt_ < kRepaintEveryMs)
         return;
     if (!window_)
@@ -41,6 +44,12 @@ void frmProgress::Advance(int done) {
     shownAt_ = now;
     bar_->setValue(done);
     QApplication::processEvents(cancel_ == Cancel::None ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
+}
+
+void frmProgress::ShowWaiting() {
+    if (!waiting_)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    waiting_ = true;
 }
 
 void frmProgress::Show() {

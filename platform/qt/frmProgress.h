@@ -24,12 +24,14 @@ public:
     bool Cancelled() const override { return cancelled_; }
 
 private:
+    void ShowWaiting();
     void Show();
     void AddCancel();
 
     QString text_;
     int total_;
     Cancel cancel_;
+    bool waiting_ = false; ///< the pointer is the hourglass
     bool cancelled_ = false;
     int sinceLook_ = 0; ///< calls since the clock was last read
     qint64 shownAt_ = 0;

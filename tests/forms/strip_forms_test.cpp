@@ -3,6 +3,7 @@
 #include "tests/forms/RunningProgram.h"
 #include "tests/support/FakePrinters.h"
 #include "workspace/ArrangePages.h"
+#include "workspace/Pages.h"
 #include "workspace/SortTabs.h"
 
 #include <QAbstractItemDelegate>
@@ -195,8 +196,12 @@ private slots:
         running.program.main.document.FieldA(30).clear(); // on the page not in view
         SortTabs(running.program.main, {});
         QCOMPARE(Done(running), QString("47 tabs sorted [&Undo]"));
+        SortTabs(running.program.main, {});
+        QCOMPARE(Done(running), QString("Sort: nothing changed"));
+        CleanLabels(running.program.main);
+        QCOMPARE(Done(running), QString("Empty tabs deleted, 47 tabs left [&Undo]"));
         DuplicatePage(running.program.main);
-        QCOMPARE(Done(running), QString("Page 1 duplicated [&Undo]"));
+        QCOMPARE(Done(running), QString("Page 2 duplicated [&Undo]"));
         ClickDone(running);
         deletePage();
         QTest::keyClicks(running.Box("TextA1(1)"), "x"); // which an undo would take back
