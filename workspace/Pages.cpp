@@ -142,7 +142,8 @@ void CleanLabels(MainModule& main) {
         document.Field(field).Resize(document.TabCount);
     }
     ShowChangedPages(main);
-    main.status->Tell({"Empty tabs deleted, " + Counted(static_cast<std::size_t>(kept), "tab") + " left", step.Commit()});
+    main.status->Tell(
+        {"Empty tabs deleted, " + Counted(static_cast<std::size_t>(kept), "tab") + " left", step.Commit()});
 }
 
 namespace {

@@ -1,6 +1,7 @@
 #include "platform/qt/QtUserInterface.h"
 
 #include "base/Paths.h"
+#include "platform/qt/TypedAhead.h"
 #include "platform/qt/frmProgress.h"
 
 #include <QApplication>
@@ -86,6 +87,7 @@ Answer QtUserInterface::Show(const Message& message) {
     // A question without a Cancel button can be left with Escape all the same: that says No.
     if (message.buttons == Buttons::YesNo)
         box.setEscapeButton(QMessageBox::No);
+    const TypedAhead notMeantForIt(box);
     return BoxAnswer(box.exec());
 }
 

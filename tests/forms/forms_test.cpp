@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
@@ -61,6 +62,26 @@ private slots:
                 QTest::keyClick(window, Qt::Key_Escape);
             QVERIFY(progress->Cancelled());
         }
+    }
+
+    void aQuestionInTheMiddleOfTypingWaitsForAPause() {
+        const auto answerTo = [](const std::function<void(QWidget&)>& press) {
+            QTimer::singleShot(0, [&press] { press(*QApplication::activeModalWidget()); });
+            return QtUserInterface().Show({"Add a page?", "Velmora", Icon::Question, Buttons::YesNo});
+        };
+        QCOMPARE(answerTo([](QWidget& box) {
+                     QTest::keyClick(&box, Qt::Key_Return);
+                     QVERIFY(box.isVisible());
+                     QTest::keyClick(&box, Qt::Key_Escape);
+                 }),
+                 Answer::No);
+        QCOMPARE(answerTo([](QWidget& box) {
+                     for (int pause = 50; pause < 5000 && QApplication::activeModalWidget(); pause *= 2) {
+                         QTest::keyClick(&box, Qt::Key_Return);
+                         QTest::qWait(pause);
+                     }
+                 }),
+                 Answer::Yes);
     }
 
     void everyTypeShowsItsBoxesInsideTheSheet_data() {
@@ -187,7 +208,8 @@ private slots:
             RunningProgram running;
             running.test.Store("Form Position", "mdiVelmora", place);
             running.Start(0, 1, 1);
-            QVERIFY2(screen.contains(running.window->geometry()), qPrintable(QDebug::toString(running.window->geometry())));
+            QVERIFY2(screen.contains(running.window->geometry()),
+                     qPrintable(QDebug::toString(running.window->geometry())));
         }
         RunningProgram running;
         running.test.Store("Form Position", "mdiVelmora Maximized", "True");
