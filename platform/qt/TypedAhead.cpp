@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QWidget>
+#include <QWindow>
 
 namespace velmora {
 namespace {
@@ -23,11 +24,10 @@ TypedAhead::TypedAhead(QWidget& window) : window_(window) {
     qApp->installEventFilter(this);
 }
 
+/// A key comes to the window once; behind that it goes from control to control.
 bool TypedAhead::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress || !IsTyped(*static_cast<QKeyEvent*>(event)) || !watched->isWidgetType() ||
-        static_cast<QWidget*>(watched)->window() != &window_)
-        return false;
-    return sinceKey_.restart() < kPauseMs;
+    return watched == window_.windowHandle() && event->type() == QEvent::KeyPress &&
+           IsTyped(*static_cast<QKeyEvent*>(event)) && sinceKey_.restart() < kPauseMs;
 }
 
 } // namespace velmora

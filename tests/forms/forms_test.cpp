@@ -22,6 +22,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
+#include <QWindow>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -70,14 +71,14 @@ private slots:
             return QtUserInterface().Show({"Add a page?", "Velmora", Icon::Question, Buttons::YesNo});
         };
         QCOMPARE(answerTo([](QWidget& box) {
-                     QTest::keyClick(&box, Qt::Key_Return);
+                     QTest::keyClick(box.windowHandle(), Qt::Key_Return);
                      QVERIFY(box.isVisible());
-                     QTest::keyClick(&box, Qt::Key_Escape);
+                     QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
                  }),
                  Answer::No);
         QCOMPARE(answerTo([](QWidget& box) {
                      for (int pause = 50; pause < 5000 && QApplication::activeModalWidget(); pause *= 2) {
-                         QTest::keyClick(&box, Qt::Key_Return);
+                         QTest::keyClick(box.windowHandle(), Qt::Key_Y);
                          QTest::qWait(pause);
                      }
                  }),
