@@ -1,5 +1,6 @@
 #include "app/Commands.h"
 
+#include "base/Paths.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Recovery.h"
@@ -8,6 +9,7 @@
 #include "workspace/SaveDocument.h"
 #include "workspace/Undo.h"
 
+#include <algorithm>
 #include <array>
 #include <ctime>
 
@@ -58,6 +60,17 @@ std::string LocalTime(std::chrono::system_clock::time_point time) {
     std::array<char, 64> text{};
     std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", std::localtime(&seconds));
     return text.data();
+}
+
+void OpenBeside(UserInterface& ui, Desktop& desktop, const std::vector<std::filesystem::path>& files) {
+    std::size_t opened = 0;
+    while (opened < std::min(files.size(), kMostWindows) && desktop.StartAnother(files[opened]))
+        ++opened;
+    std::string left;
+    for (std::size_t i = opened; i < std::min(files.size(), opened + kMostWindows); ++i)
+        left += "\r\n[" + PathText(files[i]) + "]";
+    if (opened < files.size())
+        Tell(ui, "Files not opened: " + std::to_string(files.size() - opened) + left, Icon::Exclamation);
 }
 
 } // namespace velmora

@@ -1,12 +1,15 @@
 // Commands of the main window that are more than one call of the core.
 #pragma once
 
+#include "platform/Desktop.h"
 #include "workspace/OpenDocument.h"
 #include "workspace/RecoveryStore.h"
 #include "workspace/mdlMain.h"
 
 #include <chrono>
+#include <filesystem>
 #include <string>
+#include <vector>
 
 namespace velmora {
 
@@ -22,6 +25,10 @@ bool CloseCommand(MainModule& main);
 
 /// Makes a recovered copy the document. False when it could not be read, which is shown.
 bool RestoreCommand(MainModule& main, const RecoveredDocument& document);
+/// That one command opens.
+inline constexpr std::size_t kMostWindows = 10;
+/// Opens each file in a window of its own, and says which could not be opened so.
+void OpenBeside(UserInterface& ui, Desktop& desktop, const std::vector<std::filesystem::path>& files);
 /// "2026-01-31 23:59" in the desktop's time zone.
 std::string LocalTime(std::chrono::system_clock::time_point time);
 

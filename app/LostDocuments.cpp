@@ -9,8 +9,6 @@ namespace {
 
 using Documents = std::vector<RecoveredDocument>;
 
-constexpr std::size_t kMostWindows = 10; ///< that one answer opens
-
 bool IsOf(const RecoveredDocument& document, const std::filesystem::path& file) {
     return document.DocFileName == file || IsSameFile(document.DocFileName, file);
 }

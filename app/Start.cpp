@@ -2,6 +2,7 @@
 
 #include "app/Commands.h"
 #include "app/LostDocuments.h"
+#include "base/Numbers.h"
 #include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Validate.h"
@@ -18,8 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kSearchesBeforeQuestion = 5;
-/// The search goes for an older installation; a person may choose any folder.
-const FolderWanted kApplicationFolder = {"Velmor.exe", "Application", "Application", false, false};
 
 void SetVersionTitle(Program& program) {
     program.main.settings.SettingsAppName = kProgramName;
@@ -42,6 +41,7 @@ bool IsMissing(const fs::path& folder) {
 
 /// False when the person gives up.
 bool FindApplicationFolder(MainModule& main) {
+    const FolderWanted wanted = {kProgramFile, "Application", "Application", false};
     fs::path& folder = main.globals.AppPath;
     folder = ReadFolder(main.settings, "Application", main.settings.ProgramFolder);
     for (int searches = 0; IsMissing(folder); ++searches) {
@@ -52,19 +52,20 @@ bool FindApplicationFolder(MainModule& main) {
         }
         if (folder.empty())
             folder = ReadFolder(main.settings, "Application", folder);
-        folder = WithSeparator(SearchFolder(main, folder, kApplicationFolder));
+        folder = WithSeparator(SearchFolder(main, folder, wanted).value_or(folder));
     }
     return true;
 }
 
-/// Goes on until there is a folder, made or chosen.
+/// The folder made, found or chosen; who gives up has the default for this run.
 void FindFolder(MainModule& main, fs::path& folder, const fs::path& fallback, const FolderWanted& wanted) {
     folder = ReadFolder(main.settings, wanted.key.c_str(), fallback);
-    while (IsMissing(folder)) {
-        if (folder.empty())
-            folder = ReadFolder(main.settings, wanted.key.c_str(), fallback);
-        folder = WithSeparator(SearchFolder(main, folder.empty() ? fallback : folder, wanted));
-    }
+    if (!IsMissing(folder))
+        return;
+    const auto found = SearchFolder(main, folder.empty() ? fallback : folder, wanted);
+    if (!found)
+        FolderExists(fallback, true);
+    folder = WithSeparator(found.value_or(fallback));
 }
 
 bool FindFolders(MainModule& main) {
@@ -87,16 +88,39 @@ LoadOutcome LoadConfiguration(MainModule& main) {
     return outcome;
 }
 
-/// What is not set up yet is offered, one dialog after the other. The page set-up is for a document that begins.
-LoadOutcome OfferSetup(MainModule& main, Forms& forms, bool restored) {
-    const auto wanted = [&](const char* what) {
-        return Ask(main.ui, std::string(what) + "\r\nDo you want to do it now?", Buttons::YesNo) == Answer::Yes;
-    };
-    if (!SetupComplete(main.settings) && wanted("You have to configure a printer."))
-        forms.ShowPrinterSetup();
-    if (!MarginsReady(main) && wanted("You have to setup margins for the tabs."))
+const std::string kAboutMargins = "Every printer feeds its paper a little differently. With margins of its own, the "
+                                  "texts stand in the middle of the tabs. This can wait until the first sheet is "
+                                  "printed: File > Margin Setup.\r\n\r\n";
+
+/// True when the person wants to do it now. With the tick the question does not come again.
+bool WantsNow(MainModule& main, const SettingKey& ask, const std::string& text) {
+    bool notAgain = false;
+    const Answer answer = main.ui.Show({text + "\r\nDo you want to do it now?", kProgramName, Icon::Question,
+                                        Buttons::YesNo, std::nullopt, &notAgain});
+    if (notAgain)
+        Write(main.settings, ask, "False");
+    return answer == Answer::Yes;
+}
+
+/// Whom the system's default printer was given without a question is asked once.
+void OfferPrinterSetup(MainModule& main, Forms& forms) {
+    const bool complete = SetupComplete(main.settings);
+    if (!ToFlag(ReadAccepted(main.settings, AskForPrinter(!complete))) ||
+        !WantsNow(main, AskForPrinter(!complete), "You have to configure a printer."))
+        return;
+    Write(main.settings, AskForPrinter(!complete), "False");
+    forms.ShowPrinterSetup();
+}
+
+/// What is not set up yet is offered, one dialog after the other. The page set-up is for a document that begins, a
+/// printer for who came for no document.
+LoadOutcome OfferSetup(MainModule& main, Forms& forms, bool begins) {
+    if (begins)
+        OfferPrinterSetup(main, forms);
+    if (!MarginsReady(main) && ToFlag(ReadAccepted(main.settings, kAskForMargins)) &&
+        WantsNow(main, kAskForMargins, kAboutMargins + "You have to setup margins for the tabs."))
         forms.ShowMarginSetup();
-    return main.globals.StartWithSetup && !restored ? forms.ShowPageSetup() : LoadOutcome::Loaded;
+    return main.globals.StartWithSetup && begins ? forms.ShowPageSetup() : LoadOutcome::Loaded;
 }
 
 /// What was lost, or the copy that the command line names, which is none to open then. True when a document came back.
@@ -109,13 +133,13 @@ bool RecoverFirst(Program& program, fs::path& file, Forms& forms) {
 
 } // namespace
 
-StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms) {
+StartOutcome Main(Program& program, const CommandLine& commandLine, Forms& forms) {
     MainModule& main = program.main;
     main.history.KeepSteps();
     main.settings.SaveMode = 1;
     SetVersionTitle(program);
     main.settings.IniFile = main.settings.OwnIniFile();
-    if (EqualsNoCase(commandLine, "SETTINGS")) {
+    if (commandLine.kind == CommandLine::Kind::SettingsEditor) {
         forms.ShowSettingsEditor();
         return StartOutcome::Ended;
     }
@@ -123,11 +147,14 @@ StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms
         return StartOutcome::Ended;
     main.recovery.Open(main.settings.ProgramFolder / "Recovery", [] { return std::chrono::system_clock::now(); });
     forms.ShowMainWindow();
-    fs::path file = commandLine.empty() ? fs::path() : fs::absolute(PathOf(commandLine));
+    const std::vector<fs::path>& files = commandLine.files;
+    fs::path file = files.empty() ? fs::path() : files.front();
     const bool restored = RecoverFirst(program, file, forms);
-    if (OfferSetup(main, forms, restored) == LoadOutcome::NoPrinter)
-        return StartOutcome::Ended;
     if (!restored && !file.empty() && OpenPath(main, file) == OpenOutcome::NoPrinter)
+        return StartOutcome::Ended;
+    if (!files.empty())
+        OpenBeside(main.ui, *program.desktop, {files.begin() + 1, files.end()});
+    if (OfferSetup(main, forms, !restored && files.empty()) == LoadOutcome::NoPrinter)
         return StartOutcome::Ended;
     return StartOutcome::Running;
 }

@@ -1,11 +1,10 @@
 // The start of the program: configuration, folders, main window.
 #pragma once
 
+#include "app/CommandLine.h"
 #include "app/LostDocuments.h"
 #include "app/Program.h"
 #include "workspace/Globals.h"
-
-#include <string>
 
 namespace velmora {
 
@@ -26,9 +25,8 @@ public:
 
 enum class StartOutcome { Running, Ended };
 
-/// The start-up sequence. `commandLine` is the whole of it, without the program's own name: "SETTINGS" in any letter
-/// case, the path of a file to open, or of a copy in the folder of recovery copies to bring back, or empty. Ended: the
-/// process has nothing more to do.
-StartOutcome Main(Program& program, const std::string& commandLine, Forms& forms);
+/// The start-up sequence. The first file of the command line is opened here, or brought back where it is a copy in the
+/// folder of recovery copies, each other one in a window of its own. Ended: the process has nothing more to do.
+StartOutcome Main(Program& program, const CommandLine& commandLine, Forms& forms);
 
 } // namespace velmora

@@ -1,7 +1,7 @@
 // The desktop program: makes the one struct that is the running program, opens its window and waits for commands.
 
 #include "app/ui/QtForms.h"
-#include "base/Paths.h"
+#include "base/Terminal.h"
 #include "base/Validate.h"
 #include "base/Version.h"
 #include "platform/InstalledPrinters.h"
@@ -9,14 +9,17 @@
 #include "platform/qt/Endings.h"
 #include "platform/qt/QtUserInterface.h"
 #include "settings/RegistryFile.h"
+#include "widgets/PlainButtons.h"
 #include "workbook/LibraryWorkbooks.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -45,15 +48,11 @@ private:
     const GlobalConfiguration& globals_;
 };
 
-/// The arguments as the system gave them: a file's name need not be UTF-8.
-std::string CommandLine(int argc, char** argv) {
-    std::string line;
-    for (int i = 1; i < argc; ++i)
-        line += std::string(i == 1 ? "" : " ") + argv[i];
-    return line;
+CommandLine Read(int argc, char** argv) {
+    return ReadCommandLine({argv + std::min(argc, 1), argv + argc});
 }
 
-int Run(const std::string& commandLine) {
+int Run(const CommandLine& commandLine) {
     const Environment environment = SystemEnvironment();
     const std::filesystem::path folder = MakeProgramFolder(environment);
     LayOut(folder / "Images", folder / "Tabs");
@@ -80,44 +79,52 @@ int Run(const std::string& commandLine) {
     return QApplication::exec();
 }
 
+constexpr const char* kUsage = "Usage: velmora [FILE ...]  open tab documents, each in a window of its own\n"
+                               "       velmora SETTINGS    open the settings editor alone\n"
+                               "       velmora --help | --version\n";
+
 /// Answers that need no display. False for any other command line.
-bool AnswersAtOnce(const std::string& commandLine) {
-    if (commandLine == "--version")
+bool AnswersAtOnce(const CommandLine& commandLine) {
+    if (commandLine.kind == CommandLine::Kind::Version)
         std::printf("velmora %s\n", kVersion);
-    else if (commandLine == "--help" || commandLine == "-h")
-        std::printf("Designs and prints the tabs of file folders.\n"
-                    "Usage: velmora [FILE]      open a tab document\n"
-                    "       velmora SETTINGS    open the settings editor alone\n"
-                    "       velmora --help | --version\n");
+    else if (commandLine.kind == CommandLine::Kind::Help)
+        std::printf("Designs and prints the tabs of file folders.\n%s", kUsage);
     else
         return false;
     return true;
 }
 
-/// Whether the toolkit has something to draw on; without it, it would advise to install the program anew and abort.
-bool HasDisplay(const Environment& environment, const std::string& commandLine) {
-    return environment("DISPLAY") || environment("WAYLAND_DISPLAY") || environment("QT_QPA_PLATFORM") ||
-           commandLine.find("-platform") != std::string::npos;
+/// Without a display the toolkit would advise to install the program anew, and abort.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+    if (type != QtFatalMsg)
+        return;
+    const char* display = std::getenv("DISPLAY");
+    std::fprintf(stderr, "velmora: there is no display: %s%s. velmora-batch works without one.\n",
+                 display ? "nothing answers at " : "neither DISPLAY nor WAYLAND_DISPLAY is set",
+                 display ? display : "");
+    std::_Exit(1);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    const std::string given = CommandLine(argc, argv);
-    if (AnswersAtOnce(given))
+    if (AnswersAtOnce(Read(argc, argv)))
         return 0;
-    if (!HasDisplay(SystemEnvironment(), given)) {
-        std::fprintf(stderr, "velmora: there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set. velmora-batch "
-                             "works without one.\n");
-        return 1;
+    const auto usual = qInstallMessageHandler(EndWithoutDisplay);
+    const QApplication application(argc, argv); // takes the toolkit's own options out
+    qInstallMessageHandler(usual);
+    const CommandLine commandLine = Read(argc, argv);
+    if (commandLine.kind == CommandLine::Kind::UnknownOption) {
+        std::fprintf(stderr, "velmora: unknown option: %s\n%s", ForTerminal(commandLine.unknown).c_str(), kUsage);
+        return 2;
     }
-    QApplication application(argc, argv);
+    QApplication::setStyle(new PlainButtons);
     std::setlocale(LC_NUMERIC, "C"); // Qt took the desktop's: libraries would write decimal commas into workbooks
     QApplication::setApplicationName("Velmora"); // no display name: Qt would append it to every caption
     QApplication::setDesktopFileName("org.velmora.Velmora");
     QApplication::setWindowIcon(QIcon(":/velmora.svg"));
     try {
-        return Run(CommandLine(argc, argv));
+        return Run(commandLine);
     } catch (const std::exception& error) {
         QMessageBox::critical(nullptr, "Velmora", QString::fromLocal8Bit(error.what()));
         return 1;

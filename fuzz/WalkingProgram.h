@@ -39,7 +39,7 @@ public:
                                                       machine.fonts,
                                                       {}} {
         settings.ProgramFolder = machine.folder.Path();
-        Main(program, "", forms);
+        Main(program, {}, forms);
         window = forms.Window();
         window->activateWindow();
     }

@@ -31,6 +31,8 @@ using RegistryValue = std::variant<std::string, std::uint32_t>;
 class Registry {
 public:
     virtual ~Registry() = default;
+    /// Where the keys are kept, as a person knows it.
+    virtual std::string Place() const = 0;
     /// FileNotFound when the key or the value is missing; `value` is then left alone.
     virtual RegistryCode Query(const std::string& path, const std::string& name, RegistryValue& value) const = 0;
     /// Makes the key, with all its parents, where it is missing.

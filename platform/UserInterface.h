@@ -20,6 +20,7 @@ struct Message {
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
     std::optional<Answer> defaultButton = std::nullopt; ///< nullopt: the first button
+    bool* notAgain = nullptr; ///< set when the box closes: its "Do not ask again" was ticked; nullptr: no such tick
 };
 
 struct FileRequest {

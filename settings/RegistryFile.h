@@ -1,6 +1,7 @@
 // Where there is no registry, the text that a registry editor exported on an older machine stands for it.
 #pragma once
 
+#include "base/Paths.h"
 #include "platform/Registry.h"
 
 #include <filesystem>
@@ -19,6 +20,7 @@ class RegistryFile : public Registry {
 public:
     explicit RegistryFile(std::filesystem::path path) : path_(std::move(path)) {}
 
+    std::string Place() const override { return PathText(path_); }
     RegistryCode Query(const std::string& path, const std::string& name, RegistryValue& value) const override;
     RegistryCode Set(const std::string& path, const std::string& name, const RegistryValue& value) override;
     RegistryCode DeleteValue(const std::string& path, const std::string& name) override;

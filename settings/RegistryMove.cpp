@@ -2,13 +2,20 @@
 
 #include "base/Error.h"
 #include "base/Paths.h"
+#include "base/Text.h"
 #include "base/Validate.h"
+#include "settings/FormPosition.h"
 #include "settings/RegistrySettings.h"
 
 #include <utility>
 
 namespace velmora {
 namespace {
+
+/// The places of windows: an older installation's have another unit.
+bool IsLeftOut(const std::string& section) {
+    return EqualsNoCase(section, kFormPositions);
+}
 
 class Move {
 public:
@@ -32,6 +39,8 @@ private:
     }
 
     void MoveValue(const std::string& section, const std::string& key, const std::string& value) {
+        if (IsLeftOut(section))
+            return;
         if (!SaveSettingNow(store_, section, key, value) || !Remove(section, key))
             failed_ = true;
     }
@@ -90,7 +99,7 @@ int ImportRegistryExport(SettingsStore& store, const std::filesystem::path& file
     int imported = 0;
     for (const std::string& section : sections)
         for (const auto& [key, value] : SectionOf(*registry, RegistryPath(store, section), file)) {
-            if (section == "Paths" && !FolderExists(PathOf(value)))
+            if (IsLeftOut(section) || (section == "Paths" && !FolderExists(PathOf(value))))
                 continue;
             store.Object.SaveSettingStr(section, key, value);
             ++imported;

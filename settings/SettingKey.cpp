@@ -52,6 +52,12 @@ bool IsNotBlank(std::string_view text) {
     return !Trim(text).empty();
 }
 
+SettingKey AskForPrinter(bool otherwise) {
+    return otherwise ? SettingKey{"Settings", "Ask for printer", "True", IsFlag}
+                     : SettingKey{"Settings", "Ask for printer", "False", IsFlag};
+}
+
+const SettingKey kAskForMargins = {"Settings", "Ask for margins", "True", IsFlag};
 const SettingKey kAskBeforeDelete = {"Settings", "Ask before delete", "True", IsFlag};
 const SettingKey kStartWithSetup = {"Settings", "Start with setup", "True", IsFlag};
 const SettingKey kStationeryType = {"Settings", "Stationery Type", "A4", IsStationeryType};

@@ -22,6 +22,9 @@ extern const SettingKey kStationeryType;
 extern const SettingKey kPageSize;
 extern const SettingKey kOptType;
 extern const SettingKey kPrinter;
+/// Whether a start offers to choose a printer; `otherwise`: what holds before anybody was asked.
+SettingKey AskForPrinter(bool otherwise);
+extern const SettingKey kAskForMargins; ///< whether a start offers to set up missing ones
 extern const SettingKey kNoOfFields;
 extern const SettingKey kNoOfPages;
 extern const SettingKey kMarginLeft; ///< millimetres

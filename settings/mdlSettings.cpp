@@ -14,7 +14,8 @@ namespace {
 /// A read-only installation would otherwise greet its user with a box for every window that it closes.
 void ReportWriteFailure(SettingsStore& store, const Error& error) {
     if (!std::exchange(store.WriteFailureShown, true))
-        store.Interface.Show({error.what(), store.SettingsAppName, Icon::Exclamation});
+        store.Interface.Show({std::string(error.what()) + "\r\nUntil it can be written, settings are not kept.",
+                              store.SettingsAppName, Icon::Exclamation});
 }
 
 bool HasOwn(const SettingsStore& store, std::string_view section, std::string_view key) {

@@ -200,7 +200,7 @@ TEST_F(FlowsTest, AnIniFileThatCannotBeWrittenStopsNoWork) {
     fs::create_directory(program.settings.IniFile);
     ReplaceFile(Path("a.csv"), "one\r\n");
     ReplaceFile(Path("bad.csv"), "Version 8\r\nP,DL_h,5,1\r\n");
-    Tell(program.settings.IniFile.string() + ": Is a directory", Icon::Exclamation); // once
+    Tell(program.settings.IniFile.string() + ": Is a directory\r\nUntil it can be written, settings are not kept.", Icon::Exclamation); // once
     EXPECT_EQ(OpenFile(program.main, Path("a.csv")), OpenOutcome::Opened);
     NewDocument(program.main);
     fs::remove(program.settings.IniFile);

@@ -108,15 +108,14 @@ TEST_F(SearchTest, FoldersAreSearchedForToo) {
     EXPECT_EQ(test.Stored("Paths", "Lables"), (test.folder / "disk/a/deep/").string());
     machine.drives.pop_back();
     ask("Application", Answer::Yes);
-    test.ui.Expect("The file 'Velmor.exe' was not found.", Icon::Information);
-    EXPECT_EQ(SearchFolder(main, "/gone", {"Velmor.exe", "Application", "Application", false, false}), "/gone");
+    test.ui.Expect("The file 'velmora' was not found.", Icon::Information);
+    EXPECT_EQ(SearchFolder(main, "/gone", {"velmora", "Application", "Application", false}), std::nullopt);
     ask("Application", Answer::Cancel);
     test.ui.Expect("This task will be canceled.", Icon::Information);
-    EXPECT_EQ(SearchFolder(main, "/gone", {"Velmor.exe", "Application", "Application", false, false}), "/gone");
+    EXPECT_EQ(SearchFolder(main, "/gone", {"velmora", "Application", "Application", false}), std::nullopt);
     ask("Application", Answer::No);
     test.ui.ExpectChooser("Open Velmora path", test.folder / "disk");
-    EXPECT_EQ(SearchFolder(main, "/gone", {"Velmor.exe", "Application", "Application", false, false}),
-              test.folder / "disk/");
+    EXPECT_EQ(SearchFolder(main, "/gone", {"velmora", "Application", "Application", false}), test.folder / "disk/");
 }
 
 } // namespace

@@ -48,6 +48,12 @@ public:
     LoadOutcome pageSetup = LoadOutcome::Loaded;
 };
 
+constexpr const char* kNow = "\r\nDo you want to do it now?";
+constexpr const char* kAboutMargins =
+    "Every printer feeds its paper a little differently. With margins of its own, the texts stand in the middle of the "
+    "tabs. This can wait until the first sheet is printed: File > Margin Setup.\r\n\r\n";
+
+/// Most start over settings that are complete.
 struct StartTest : testing::Test {
     TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
     FewFonts fonts;
@@ -57,11 +63,23 @@ struct StartTest : testing::Test {
     StartTest() {
         fs::create_directory(test.folder / "Images");
         fs::create_directory(test.folder / "Tabs");
+        ReplaceFile(test.folder / "Velmora.ini", "[Settings]\r\nPrinter=Velmora PDF\r\n");
         test.settings.SettingsAppName.clear();
         test.settings.IniFile.clear();
         forms.whenShown = [this] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };
     }
-    StartOutcome Start(const std::string& commandLine = "") { return Main(program, commandLine, forms); }
+    StartOutcome Start(const std::vector<std::string>& arguments = {}) {
+        return Main(program, ReadCommandLine(arguments), forms);
+    }
+    /// As on a new machine, where nobody chose a printer.
+    void BeginWithoutSettings() {
+        fs::remove(test.folder / "Velmora.ini");
+        test.settings.Object.File().Open({});
+        test.settings.Own.clear();
+    }
+    void ExpectOffer(const std::string& what, Answer answer) {
+        test.ui.Expect(what + kNow, Icon::Question, Buttons::YesNo, answer);
+    }
     std::string Question(const std::string& folder) {
         return "The '" + (test.folder / folder).string() + "/' directory cannot be found.\r\nDo you want to create it?";
     }
@@ -78,17 +96,18 @@ TEST_F(StartTest, NamesTheProgramAndItsFolders) {
 }
 
 TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
-    EXPECT_EQ(Start("settings"), StartOutcome::Ended);
+    BeginWithoutSettings();
+    EXPECT_EQ(Start({"settings"}), StartOutcome::Ended);
     EXPECT_EQ(forms.shown, "editor ");
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
     test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
-    EXPECT_EQ(Start("SETTINGS x"), StartOutcome::Running);
+    EXPECT_EQ(Start({"SETTINGS", "x"}), StartOutcome::Running);
 }
 
 TEST_F(StartTest, AForeignNameIsOneFileToCommandLineDiskAndIniFile) {
     const std::string name = "t\xC3\xAB\xE2\x82\xAC\xC5\x82.csv"; // fits no code page
     ReplaceFile(test.folder / name, "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
-    EXPECT_EQ(Start(PathText(test.folder.Path()) + "/" + name), StartOutcome::Running);
+    EXPECT_EQ(Start({PathText(test.folder.Path()) + "/" + name}), StartOutcome::Running);
     EXPECT_EQ(program.main.document.FieldA(1), "x");
     program.main.document.FieldA(1) = "typed";
     test.ui.Expect("File saved successfully", Icon::Information);
@@ -104,7 +123,6 @@ TEST_F(StartTest, AForeignNameIsOneFileToCommandLineDiskAndIniFile) {
 }
 
 TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
-    const std::string now = "\r\nDo you want to do it now?";
     struct Row {
         const char* type; ///< stored; none: the printer is not configured
         const char* startWithSetup;
@@ -118,12 +136,13 @@ TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
         forms.whenShown = [&] {
             test.Store("Settings", "OptType", row.type);
             test.Store("Settings", "Start with setup", row.startWithSetup);
+            test.Store("Settings", "Ask for printer", *row.type ? "False" : "True");
             LoadGlobals(program.main);
             SetLayoutFromType(program.main.document.setup);
         };
         if (std::string(row.type).empty())
-            test.ui.Expect("You have to configure a printer." + now, Icon::Question, Buttons::YesNo, row.answer);
-        test.ui.Expect("You have to setup margins for the tabs." + now, Icon::Question, Buttons::YesNo, row.answer);
+            ExpectOffer("You have to configure a printer.", row.answer);
+        ExpectOffer(kAboutMargins + std::string("You have to setup margins for the tabs."), row.answer);
         EXPECT_EQ(Start(), StartOutcome::Running);
         EXPECT_EQ(forms.shown, row.shown);
     }
@@ -162,7 +181,7 @@ struct LostTest : StartTest, Desktop {
     std::string Start(const std::string& commandLine, const std::vector<LostAnswer>& answers) {
         forms.shown.clear();
         forms.answers = answers;
-        Main(program, commandLine, forms);
+        StartTest::Start(commandLine.empty() ? std::vector<std::string>() : std::vector{commandLine});
         const TabDocument& here = program.main.document;
         std::string end = forms.shown + (here.TabCount > 0 ? here.FieldA(1) : "-") + std::to_string(windows.size());
         for (const RecoveredDocument& document : program.main.recovery.Lost())
@@ -206,7 +225,7 @@ TEST_F(LostTest, AllComeBackEachInAWindowOfItsOwnBesideTheFileOfTheCommandLine) 
                        "\r\nCalled from Sub: RestoreCommand",
                    Icon::Critical);
     Start(windows[0], {});
-    EXPECT_EQ(StartAfter("acd", {all}, file), "main lost:d:c:a page saved3dca");
+    EXPECT_EQ(StartAfter("acd", {all}, file), "main lost:d:c:a saved3dca");
     EXPECT_EQ(StartAfter("abc", {all}, file), "main lost:c:b:a b2ca") << "what was lost is that file's own text";
     TellNotOpened(1);
     EXPECT_EQ(StartAfter("abcdefghijkl", {{LostChoice::Recover, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}}}).back(), 'a');
@@ -216,9 +235,67 @@ TEST_F(LostTest, AllComeBackEachInAWindowOfItsOwnBesideTheFileOfTheCommandLine) 
     EXPECT_EQ(StartAfter("abc", {all}), "main lost:c:b:a c0ba");
 }
 
+TEST_F(LostTest, ThatManyFilesOpenEachInAWindowOfItsOwn) {
+    EXPECT_EQ(StartTest::Start({file, "x.csv", "file:///tmp/a%20b.csv"}), StartOutcome::Running);
+    EXPECT_EQ(forms.shown, "main ") << "no set-up but what the file's layout lacks";
+    EXPECT_EQ(program.main.document.FieldA(1), "saved");
+    EXPECT_EQ(windows, (std::vector<fs::path>{fs::absolute("x.csv"), "/tmp/a b.csv"}));
+    starts = false;
+    test.ui.Expect("Files not opened: 2\r\n[" + fs::absolute("x").string() + "]\r\n[" + fs::absolute("y").string() +
+                       "]",
+                   Icon::Exclamation);
+    StartTest::Start({file, "x", "y"});
+}
+
+TEST_F(StartTest, WhoNeverChoseAPrinterIsAskedUntilItIsDoneOrTicked) {
+    for (const bool ticked : {false, true}) {
+        BeginWithoutSettings();
+        forms.shown.clear();
+        for (const Answer answer : {Answer::No, ticked ? Answer::No : Answer::Yes}) {
+            ExpectOffer("You have to configure a printer.", answer);
+            test.ui.ticksNotAgain = ticked && answer == Answer::No && forms.shown != "";
+            Start();
+        }
+        Start();
+        EXPECT_EQ(forms.shown, ticked ? "main page main page main page " : "main page main printer page main page ");
+    }
+    forms.whenShown = [] {};
+    for (const char* key : {"Default Left Margin - A4_8", "Default Top Margin - A4_8"})
+        DeleteSetting(test.settings, kMarginSection, key);
+    ExpectOffer(kAboutMargins + std::string("You have to setup margins for the tabs."), Answer::No);
+    Start();
+    EXPECT_EQ(test.Stored("Settings", "Ask for margins"), "False");
+    Start();
+}
+
+TEST(CommandLineTest, TellsFilesFromOptions) {
+    using Kind = CommandLine::Kind;
+    const auto path = [](const char* name) { return fs::absolute(name); };
+    const struct {
+        std::vector<std::string> arguments;
+        Kind kind;
+        std::vector<fs::path> files;
+    } rows[] = {{{}, Kind::Documents, {}},
+                {{"Settings"}, Kind::SettingsEditor, {}},
+                {{"--help"}, Kind::Help, {}},
+                {{"-h"}, Kind::Help, {}},
+                {{"a", "--version"}, Kind::Version, {}},
+                {{"-x"}, Kind::UnknownOption, {}},
+                {{"--", "-x"}, Kind::Documents, {path("-x")}},
+                {{"My", "tabs.csv"}, Kind::Documents, {path("My tabs.csv")}},
+                {{"/", "tabs.csv"}, Kind::Documents, {"/", path("tabs.csv")}},
+                {{"FILE://localhost/a%C3%AB%2"}, Kind::Documents, {"/a\xC3\xAB%2"}},
+                {{"file://elsewhere/a"}, Kind::Documents, {path("file://elsewhere/a")}}};
+    for (const auto& [arguments, kind, files] : rows) {
+        const CommandLine read = ReadCommandLine(arguments);
+        EXPECT_EQ(read.kind, kind);
+        EXPECT_EQ(read.files, files);
+    }
+}
+
 TEST_F(StartTest, APageSetupWithoutPrintersEndsTheStart) {
     forms.pageSetup = LoadOutcome::NoPrinter;
-    EXPECT_EQ(Start("missing.csv"), StartOutcome::Ended);
+    EXPECT_EQ(Start(), StartOutcome::Ended);
 }
 
 TEST_F(StartTest, MissingFoldersAreMade) {
@@ -230,20 +307,20 @@ TEST_F(StartTest, MissingFoldersAreMade) {
     EXPECT_TRUE(fs::is_directory(test.folder / "Tabs"));
 }
 
-TEST_F(StartTest, AFolderIsTakenOnlyWithItsMarker) {
-    fs::remove(test.folder / "Images");
-    fs::create_directory(test.folder / "Pictures");
-    ReplaceFile(test.folder / "Pictures/a4_ALPHA_new.gif", "");
-    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::Cancel);
+TEST_F(StartTest, AnyFolderMayBeChosenAndGivingUpTakesTheDefaultForThisRun) {
+    const std::string gone = (test.folder / "stick/").string();
+    for (const char* key : {"Images", "Lables"})
+        test.Store("Paths", key, gone);
+    fs::remove(test.folder / "Tabs");
+    test.ui.Expect(Question("stick"), Icon::Question, Buttons::YesNoCancel, Answer::No);
+    test.ui.ExpectChooser("Open Velmora path", test.folder / "Images");
+    test.ui.Expect(Question("stick"), Icon::Question, Buttons::YesNoCancel, Answer::Cancel);
     test.ui.Expect("This task will be canceled.", Icon::Information);
-    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::No);
-    test.ui.ExpectChooser("Open Velmora path", test.folder / "Tabs");
-    test.ui.Expect("The folder '" + (test.folder / "Tabs").string() + "' does not hold the file 'A4_alpha_New.gif'.",
-                   Icon::Information);
-    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::No);
-    test.ui.ExpectChooser("Open Velmora path", test.folder / "Pictures");
     EXPECT_EQ(Start(), StartOutcome::Running);
-    EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Pictures/").string());
+    EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Images/").string());
+    EXPECT_EQ(test.Stored("Paths", "Lables"), gone) << "it may come back";
+    EXPECT_EQ(program.main.globals.TabsPath, test.folder / "Tabs/");
+    EXPECT_TRUE(fs::exists(test.folder / "Tabs"));
 }
 
 TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {
@@ -266,6 +343,8 @@ TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
     const std::string key = "SOFTWARE\\Corvane Series\\Velmora\\Paths";
     test.registry.Set(key, "Application", std::string("C:\\Velmora\\"));
     test.registry.Set(key, "Images", std::string("C:\\Velmora\\Images\\"));
+    BeginWithoutSettings();
+    ExpectOffer("You have to configure a printer.", Answer::Yes);
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
     EXPECT_FALSE(HasOldSettings(test.settings));
@@ -299,11 +378,11 @@ TEST_F(StartTest, AStoreThatCannotBeWrittenIsReportedOnce) {
         test.settings.Own.clear();
         test.settings.Object.File().Open({});
         test.settings.WriteFailureShown = false;
-        test.ui.Expect(ini.string() + (fault == IsFolder ? ": Is a directory" : ": Permission denied"),
+        test.ui.Expect(ini.string() + (fault == IsFolder ? ": Is a directory" : ": Permission denied") +
+                           "\r\nUntil it can be written, settings are not kept.",
                        Icon::Exclamation);
-        for (const char* missing : {"configure a printer", "setup margins for the tabs"}) // nothing keeps them
-            test.ui.Expect("You have to " + std::string(missing) + ".\r\nDo you want to do it now?", Icon::Question,
-                           Buttons::YesNo, Answer::No);
+        ExpectOffer("You have to configure a printer.", Answer::No); // nothing keeps what was offered
+        ExpectOffer(kAboutMargins + std::string("You have to setup margins for the tabs."), Answer::No);
         {
             const auto nobody = fault == IsFolder ? nullptr : std::make_unique<Nobody>();
             EXPECT_EQ(Start(), StartOutcome::Running);
@@ -320,12 +399,16 @@ TEST_F(StartTest, AStoreThatCannotBeWrittenIsReportedOnce) {
 
 TEST_F(StartTest, ABrokenRegistryIsSaidAndCanBeImportedLater) {
     ReplaceFile(test.folder / "Velmora.reg", "broken");
+    BeginWithoutSettings();
     test.ui.Expect(
         "\r\nError Opening Registry Key Entry:\r\nKey/Path=SOFTWARE\\Corvane Series\\VelmoraDLL Returned=1015",
         Icon::Exclamation);
-    test.ui.Expect("Not all settings of the older installation could be moved. When the cause is mended, they can be "
-                   "had with Tools > Options ... > Import old settings.",
+    test.ui.Expect("Not all settings of the older installation could be moved from [" +
+                       (test.folder / "Velmora.reg").string() +
+                       "]: it is damaged, or can't be changed. The program goes on with settings of its own. When the "
+                       "cause is mended, the others can be had with Tools > Options ... > Import old settings.",
                    Icon::Exclamation);
+    ExpectOffer("You have to configure a printer.", Answer::Yes);
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(ReadFile(test.folder / "Velmora.reg"), "broken");
 }
@@ -340,8 +423,10 @@ TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {
     Program program{{test.settings, test.ui, test.printers, test.workbooks}, {}, fonts, {}};
     NotingForms forms;
     forms.whenShown = [&] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };
-    EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);
-    EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);
+    test.settings.IniFile = test.settings.OwnIniFile();
+    test.Store("Settings", "Printer", "Velmora PDF");
+    EXPECT_EQ(Main(program, {}, forms), StartOutcome::Running);
+    EXPECT_EQ(Main(program, {}, forms), StartOutcome::Running);
     EXPECT_EQ(program.main.globals.ImagesPath, deep / "Images/");
 }
 

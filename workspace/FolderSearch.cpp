@@ -32,13 +32,11 @@ std::optional<fs::path> Create(MainModule& main, const fs::path& folder) {
     return std::nullopt;
 }
 
-fs::path Choose(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
-    const auto chosen = main.ui.ChooseFolder(kChooserTitle, current);
-    if (chosen && (!wanted.chosenNeedsMarker || HoldsFile(*chosen, wanted.markerFile)))
+std::optional<fs::path> Choose(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
+    if (const auto chosen = main.ui.ChooseFolder(kChooserTitle, current))
         return Store(main.settings, wanted.key, *chosen);
-    Tell(main.ui, chosen ? "The folder '" + PathText(*chosen) + "' does not hold the file '" + wanted.markerFile + "'."
-                         : kGivenUp);
-    return current;
+    Tell(main.ui, kGivenUp);
+    return std::nullopt;
 }
 
 bool HasNetworkDrives(const MainModule& main) {
@@ -80,7 +78,7 @@ Creation OfferToCreate(MainModule& main, const fs::path& current) {
     return {answer, answer == Answer::Yes ? Create(main, current) : std::nullopt};
 }
 
-fs::path SearchOrChoose(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
+std::optional<fs::path> SearchOrChoose(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
     const std::string& word = wanted.captionWord;
     const Answer search = AskToSearch(main, "The '" + word + "' directory cannot be found.\r\nDo you want the " +
                                                 "program to search for the " + word + " directory?");
@@ -89,7 +87,7 @@ fs::path SearchOrChoose(MainModule& main, const fs::path& current, const FolderW
     if (search == Answer::Cancel)
         Tell(main.ui, kGivenUp);
     const auto found = search == Answer::Yes ? FindOnDrives(main, {wanted.markerFile}) : std::nullopt;
-    return found ? Store(main.settings, wanted.key, *found) : current;
+    return found ? std::optional(Store(main.settings, wanted.key, *found)) : std::nullopt;
 }
 
 std::optional<fs::path> SearchOrChooseFile(MainModule& main, const fs::path& folder, const FileWanted& wanted) {
@@ -109,7 +107,7 @@ std::optional<fs::path> SearchOrChooseFile(MainModule& main, const fs::path& fol
 
 } // namespace
 
-fs::path SearchFolder(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
+std::optional<fs::path> SearchFolder(MainModule& main, const fs::path& current, const FolderWanted& wanted) {
     if (!wanted.offerToCreate)
         return SearchOrChoose(main, current, wanted);
     const Creation creation = OfferToCreate(main, current);
@@ -118,7 +116,7 @@ fs::path SearchFolder(MainModule& main, const fs::path& current, const FolderWan
     if (creation.answer != Answer::Cancel)
         return SearchOrChoose(main, current, wanted);
     Tell(main.ui, kGivenUp);
-    return current;
+    return std::nullopt;
 }
 
 std::optional<fs::path> SearchFile(MainModule& main, fs::path& folder, const FileWanted& wanted) {

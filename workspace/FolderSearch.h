@@ -15,11 +15,12 @@ struct FolderWanted {
     std::string captionWord; ///< what the questions call it
     std::string key;         ///< in section "Paths"; a found folder is stored under it
     bool offerToCreate = false;
-    bool chosenNeedsMarker = true; ///< a folder that the person chooses must hold the file too
 };
 
-/// The folder made, found or chosen, which is stored, or `current` when the person gave up.
-std::filesystem::path SearchFolder(MainModule& main, const std::filesystem::path& current, const FolderWanted& wanted);
+/// The folder made, found or chosen, which is stored; nullopt when the person gave up. The search goes for a folder with
+/// the file; the person may choose any.
+std::optional<std::filesystem::path> SearchFolder(MainModule& main, const std::filesystem::path& current,
+                                                  const FolderWanted& wanted);
 
 struct FileWanted {
     std::string name;

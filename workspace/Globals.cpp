@@ -20,8 +20,9 @@ void ChooseStore(MainModule& main) {
         ForgetMissingPrinter(main.settings, main.printers);
     if (moved == MoveResult::PartlyFailed)
         Tell(main.ui,
-             "Not all settings of the older installation could be moved. When the cause is mended, they can be had "
-             "with Tools > Options ... > Import old settings.",
+             "Not all settings of the older installation could be moved from [" + store.Keys.Place() +
+                 "]: it is damaged, or can't be changed. The program goes on with settings of its own. When the cause "
+                 "is mended, the others can be had with Tools > Options ... > Import old settings.",
              Icon::Exclamation);
     store.SaveMode = 1;
 }
@@ -41,6 +42,7 @@ LoadOutcome LoadPrinter(MainModule& main) {
     }
     main.globals.PrinterName = *printer;
     Write(store, kPrinter, *printer);
+    Read(store, AskForPrinter(true)); // nobody chose this one
     return LoadOutcome::Loaded;
 }
 

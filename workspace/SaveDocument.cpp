@@ -213,9 +213,13 @@ FileRequest RequestFor(MainModule& main, SaveKind kind) {
     FileRequest request{"SAVE", kind == SaveKind::Export ? "Export" : "Save as", main.globals.TabsPath,
                         workbook ? "csv-file (*.csv)|*.csv|" + excel : "Velmora file(*.csv)|*.csv", "Tabs.csv"};
     request.moreFilters = (workbook ? "" : excel + "|") + "Workbook (*.xlsx)|*.xlsx";
+    const std::string own = PathText(main.document.DocFileName.stem());
     if (kind == SaveKind::Save && main.document.Foreign) { // beside the other program's file
         request.folder = main.document.DocFileName.parent_path();
-        request.defaultName = PathText(main.document.DocFileName.stem()) + ".csv";
+        request.defaultName = own + ".csv";
+    } else if (kind == SaveKind::Export && !own.empty()) {
+        const bool isItself = IsSameFile(request.folder / PathOf(own + ".csv"), main.document.DocFileName);
+        request.defaultName = own + (isItself ? " copy.csv" : ".csv");
     }
     return request;
 }

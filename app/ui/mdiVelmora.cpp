@@ -348,15 +348,21 @@ void mdiVelmora::SetCaption(const std::string& caption) {
 
 void mdiVelmora::dragEnterEvent(QDragEnterEvent* event) {
     const QList<QUrl> urls = event->mimeData()->urls();
-    event->setAccepted(urls.size() == 1 && urls.first().isLocalFile());
+    event->setAccepted(!urls.isEmpty() &&
+                       std::all_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); }));
 }
 
-/// A dropped file is opened when the drop is over: the program that it comes from waits for that, and opening asks.
+/// Dropped files are opened when the drop is over: the program that they come from waits for that, and opening asks.
 void mdiVelmora::dropEvent(QDropEvent* event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (!urls.isEmpty())
-        QTimer::singleShot(0, this,
-                           [this, path = PathOf(urls.first().toLocalFile().toStdString())] { OpenAnother(path); });
+    std::vector<std::filesystem::path> files;
+    for (const QUrl& url : event->mimeData()->urls())
+        files.push_back(PathOf(url.toLocalFile().toStdString()));
+    if (files.empty())
+        return;
+    QTimer::singleShot(0, this, [this, files] {
+        OpenAnother(files.front());
+        OpenBeside(program_.main.ui, *program_.desktop, {files.begin() + 1, files.end()});
+    });
 }
 
 void mdiVelmora::Leave() {

@@ -5,6 +5,7 @@
 #include "platform/qt/frmProgress.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QMessageBox>
 
@@ -87,8 +88,14 @@ Answer QtUserInterface::Show(const Message& message) {
     // A question without a Cancel button can be left with Escape all the same: that says No.
     if (message.buttons == Buttons::YesNo)
         box.setEscapeButton(QMessageBox::No);
+    QCheckBox notAgain(QObject::tr("&Do not ask again"));
+    if (message.notAgain)
+        box.setCheckBox(&notAgain);
     const TypedAhead notMeantForIt(box);
-    return BoxAnswer(box.exec());
+    const Answer answer = BoxAnswer(box.exec());
+    if (message.notAgain)
+        *message.notAgain = notAgain.isChecked();
+    return answer;
 }
 
 void QtUserInterface::Beep() {

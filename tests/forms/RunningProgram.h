@@ -45,15 +45,19 @@ class RunningProgram {
 public:
     /// `printers` null: the built-in ones.
     explicit RunningProgram(PrintSystem* printers = nullptr)
-        : test(FailSoftly),
-          program{{test.settings, test.ui, printers ? *printers : test.printers, test.workbooks}, {}, fonts, {}} {
+        : test(FailSoftly), program{{test.settings, test.ui, printers ? *printers : test.printers, test.workbooks},
+                                    {},
+                                    fonts,
+                                    {}} {
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
         test.Store("Settings", "Start with setup", "False");
+        test.Store("Settings", "Ask for printer", "False");
         SaveDefaultMargins(test.settings, 0, "A4_8", {}); // a start that asks nothing
     }
     void Start(const std::string& commandLine = "") {
-        Main(program, commandLine, forms);
+        Main(program, ReadCommandLine(commandLine.empty() ? std::vector<std::string>() : std::vector{commandLine}),
+             forms);
         window = forms.Window();
         window->activateWindow(); // a dialog may have been in front
         QVERIFY(QTest::qWaitForWindowActive(window));

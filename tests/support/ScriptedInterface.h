@@ -40,6 +40,7 @@ public:
 
     int beeps = 0;
     std::string boxTitle = "Velmora"; ///< of all message boxes to come
+    bool ticksNotAgain = false;       ///< in every box that offers it
     std::vector<std::string> progressTexts;
     std::filesystem::path folder; ///< where the last file chooser started
     int cancelAfter = -1;         ///< Advance calls until Cancel is pressed in a window that offers it; -1: never
@@ -51,6 +52,8 @@ public:
         if (step.icon != message.icon || step.buttons != message.buttons || message.title != boxTitle ||
             step.defaultButton != message.defaultButton)
             fail_("other icon, buttons, default button or title: " + message.text);
+        if (message.notAgain)
+            *message.notAgain = ticksNotAgain;
         if (step.meanwhile)
             step.meanwhile();
         return step.answer;
