@@ -37,11 +37,21 @@ struct FlowsTest : testing::Test {
         program.ui.Expect(text, Icon::Question, Buttons::YesNoCancel, answer);
     }
     void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
+    SaveOutcome Save() { return SaveLabels(program.main, SaveKind::Save); }
+    SaveOutcome SaveAloud() {
+        Tell("File saved successfully");
+        return Save();
+    }
+    /// A tab file with a tab.
+    fs::path Put(const char* name, const std::string& text, const std::string& setup = "P,A4,0,1") {
+        ReplaceFile(Path(name), "Version 8\r\n" + setup + "\r\n0,0\r\nA\r\nB\r\nC\r\n" + text + "\r\n");
+        return Path(name);
+    }
 };
 
 TEST_F(FlowsTest, ANamedDocumentIsAskedAboutBeforeItIsReplaced) {
     for (const char* name : {"in.csv", "other.csv"})
-        ReplaceFile(Path(name), "Version 8\r\nP,A4,1,1\r\n0,0\r\nA\r\nB\r\nC\r\n" + std::string(name) + "\r\n");
+        Put(name, name);
     OpenFile(program.main, Path("in.csv"));
     document.FieldA(1) = "changed";
     Ask(kSaveQuestion, Answer::Cancel);
@@ -75,14 +85,13 @@ TEST_F(FlowsTest, AVersion7FileIsUpgraded) {
          " is an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
     EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened);
     EXPECT_EQ(document.setup.OptType, 1);
-    Tell("File saved successfully");
-    SaveLabels(program.main, SaveKind::Save);
+    SaveAloud();
     EXPECT_TRUE(ReadFile(Path("seven.csv")).starts_with("Version 8\r\n"));
 }
 
 TEST_F(FlowsTest, SavingAsksForANameAndBeforeOverwriting) {
     program.ui.ExpectChooser("Save as", Path("a.csv"), "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved) << "a new name: without a word";
+    EXPECT_EQ(Save(), SaveOutcome::Saved) << "a new name: without a word";
     EXPECT_EQ(program.Stored("Paths", "Lables"), program.folder.Path().string() + "/");
     EXPECT_FALSE(document.DocChanged);
 
@@ -119,12 +128,11 @@ TEST_F(FlowsTest, AFailedCreationIsRetriedUntilItsCauseIsGone) {
     program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Cancel);
     Tell("File was NOT saved succesfully!");
     Tell("Could not finish process");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Failed);
+    EXPECT_EQ(Save(), SaveOutcome::Failed);
     EXPECT_TRUE(document.DocChanged);
     program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Retry, std::nullopt,
                       [&] { fs::create_directory(Path("gone")); });
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
+    EXPECT_EQ(SaveAloud(), SaveOutcome::Saved);
 }
 
 TEST_F(FlowsTest, CommasAreAskedAboutBeforeTheyAreWritten) {
@@ -135,11 +143,9 @@ TEST_F(FlowsTest, CommasAreAskedAboutBeforeTheyAreWritten) {
     program.main.history.KeepSteps();
     const auto save = [&](SaveKind kind, Answer answer) {
         Ask("These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the "
-            "text "
-            "after a comma moves into the next field.\r\nWhat moves beyond the third field is lost: [lost] of tab "
-            "2.\r\n"
-            "\r\nDo you want to write semicolons in their place?\r\nNo writes the commas as they are, Cancel goes back "
-            "to the document.",
+            "text after a comma moves into the next field.\r\nWhat moves beyond the third field is lost: [lost] of tab "
+            "2.\r\n\r\nDo you want to write semicolons in their place?\r\nNo writes the commas as they are, Cancel "
+            "goes back to the document.",
             answer);
         if (kind == SaveKind::Save && answer != Answer::Cancel)
             Tell("File saved successfully");
@@ -175,24 +181,15 @@ TEST_F(FlowsTest, OpeningRefusesWhatIsNoDocument) {
 }
 
 TEST_F(FlowsTest, TwoRunningCopiesKeepTheirOwnDocuments) {
-    const auto header = [](const char* line) {
-        return "Version 8\r\n" + std::string(line) +
-               "\r\n0,0\r\nArial,10,False,False,False,0,1\r\nArial,10,False,False,False,0,1\r\n"
-               "Arial,10,False,False,False,1,1\r\n";
-    };
-    ReplaceFile(Path("a4.csv"), header("P,A4,0,1"));
-    ReplaceFile(Path("dl.csv"), header("Q,DL_h,5,3"));
+    Put("a4.csv", "x");
     TestProgram other([](const std::string& text) { ADD_FAILURE() << text; });
     other.settings.IniFile = program.settings.IniFile;
-    Tell("There are no information to import.");
     OpenFile(program.main, Path("a4.csv"));
-    other.ui.Expect("There are no information to import.", Icon::Information);
-    OpenFile(other.main, Path("dl.csv"));
+    OpenFile(other.main, Put("dl.csv", "y", "Q,DL_h,5,3"));
     RefreshDocumentStatus(program.main);
     EXPECT_EQ(document.setup.OptType, 0);
-    Tell("File saved successfully");
-    SaveLabels(program.main, SaveKind::Save);
-    EXPECT_TRUE(ReadFile(Path("a4.csv")).starts_with(header("P,A4,0,1")));
+    SaveAloud();
+    EXPECT_TRUE(ReadFile(Path("a4.csv")).starts_with("Version 8\r\nP,A4,0,1\r\n"));
 }
 
 TEST_F(FlowsTest, AnIniFileThatCannotBeWrittenStopsNoWork) {
@@ -212,9 +209,8 @@ TEST_F(FlowsTest, AnIniFileThatCannotBeWrittenStopsNoWork) {
 }
 
 TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
-    const std::string whole = "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n";
-    ReplaceFile(Path("a.csv"), whole);
-    OpenFile(program.main, Path("a.csv"));
+    OpenFile(program.main, Put("a.csv", "x"));
+    const std::size_t size = ReadFile(Path("a.csv")).size();
     const auto opened = fs::last_write_time(Path("a.csv"));
     const auto ask = [&](Answer answer) {
         program.ui.Expect("Another program has changed the following file since it was opened.\r\n" + Named("a.csv") +
@@ -222,19 +218,17 @@ TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
                           Icon::Question, Buttons::YesNo, answer, Answer::No);
     };
     using Change = std::pair<std::string, std::chrono::seconds>; // what is written, and how much later
-    for (const auto& [bytes, later] : {Change{std::string(whole.size(), 'x'), 1}, Change{"from elsewhere", 0},
-                                       Change{std::string(whole.size(), 'y'), 0}}) {
+    for (const auto& [bytes, later] :
+         {Change{std::string(size, 'x'), 1}, Change{"from elsewhere", 0}, Change{std::string(size, 'y'), 0}}) {
         ReplaceFile(Path("a.csv"), bytes);
         fs::last_write_time(Path("a.csv"), opened + later);
         ask(Answer::No);
-        EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Cancelled);
+        EXPECT_EQ(Save(), SaveOutcome::Cancelled);
         EXPECT_EQ(ReadFile(Path("a.csv")), bytes);
     }
     ask(Answer::Yes);
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
+    EXPECT_EQ(SaveAloud(), SaveOutcome::Saved);
+    EXPECT_EQ(SaveAloud(), SaveOutcome::Saved);
 }
 
 TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
@@ -254,7 +248,7 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     EXPECT_TRUE(OfferLost(program.main, desktop, {}, noList));
     EXPECT_EQ(document.FieldA(1), "typed");
     EXPECT_TRUE(document.DocChanged);
-    ReplaceFile(Path("other.csv"), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
+    Put("other.csv", "x");
     const std::function<void()> newOne = [&] { NewCommand(program.main); };
     const std::function<void()> open = [&] { OpenInstead(program.main, Path("other.csv")); };
     for (const auto& [command, replace] : {std::pair("New", newOne), std::pair("Open", open)}) {
@@ -272,24 +266,20 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
 }
 
 TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {
-    for (int i = 1; i <= 9; ++i) {
-        const std::string name = std::to_string(i) + ".csv";
-        ReplaceFile(Path(name.c_str()), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
-        OpenFile(program.main, Path(name.c_str()));
-    }
+    for (int i = 1; i <= 9; ++i)
+        OpenFile(program.main, Put((std::to_string(i) + ".csv").c_str(), "x"));
     OpenFile(program.main, Path("5.csv"));
     fs::remove(Path("8.csv"));
     const auto files = RecentFiles(program.settings);
-    ASSERT_EQ(files.size(), 7u);
-    EXPECT_EQ(files[0], Path("5.csv"));
-    EXPECT_EQ(files[1], Path("9.csv"));
-    EXPECT_EQ(files[6], Path("2.csv"));
+    std::string names;
+    for (const fs::path& file : files)
+        names += file.stem().string();
+    EXPECT_EQ(names, "5976432");
 
     const std::string before = ReadFile(program.settings.IniFile);
     for (const char* name :
          {"a\n[Settings]\nOptType=5.csv", "b\rc.csv", "blank.csv ", "tab.csv\t", "no utf-8 \xE9.csv"}) {
-        ReplaceFile(Path(name), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
-        EXPECT_EQ(OpenFile(program.main, Path(name)), OpenOutcome::Opened);
+        EXPECT_EQ(OpenFile(program.main, Put(name, "x")), OpenOutcome::Opened);
         EXPECT_EQ(ReadFile(program.settings.IniFile), before) << name;
         EXPECT_EQ(RecentFiles(program.settings), files) << name;
     }

@@ -53,18 +53,15 @@ TEST_F(OptionsTest, TheEditorWorksOnTheIniFileOrTheRegistry) {
     EXPECT_EQ(Line(4), "");
     entry.section = "";
     EXPECT_EQ(Line(4), "") << "the sections were listed as keys";
-    test.ui.Expect("Unrecognized button value: 5", Icon::None);
-    editor.Press(5, entry);
-    test.ui.Expect("Unrecognized button value: -1", Icon::None);
-    editor.Press(-1, entry);
-}
-
-TEST_F(OptionsTest, TheEditorShowsWhatIsStoredNotWhatTheProgramRemembers) {
+    for (const int button : {5, -1}) {
+        test.ui.Expect("Unrecognized button value: " + std::to_string(button), Icon::None);
+        editor.Press(button, entry);
+    }
     test.Store("Settings", "OptType", "1");
     ReplaceFile(test.folder / "Velmora.ini", "[Settings]\r\nOptType=2\r\n");
     entry = {"Settings", "OptType", "0", "", false};
     editor.Press(1, entry);
-    EXPECT_EQ(entry.value, "2");
+    EXPECT_EQ(entry.value, "2") << "what is stored, not what the program remembers";
 }
 
 TEST_F(OptionsTest, ANumberTooLargeChangesNothing) {
@@ -80,31 +77,20 @@ TEST_F(OptionsTest, ANumberTooLargeChangesNothing) {
 
 TEST_F(OptionsTest, NoTextThatIsTypedCanHarmTheStore) {
     test.Store("Safe", "Key", "kept");
-    const std::string section = "A section's name cannot hold a ']'.";
-    const std::string start = "A key's name cannot start with ';' or '['.";
-    const std::pair<std::string, std::string> rows[] = {{"", ""},
-                                                        {"]", section},
-                                                        {"[a", start},
-                                                        {"a=b", "A key's name cannot hold a '='."},
-                                                        {";", start},
-                                                        {" ", ""},
-                                                        {"\r\n[Safe]\r\nKey=lost", section},
-                                                        {"a\r\nb", "A name cannot go over more than one line."},
-                                                        {" ;a", start},
-                                                        {"\t", ""},
-                                                        {"\xF0\x9F\x96\xA8", ""},
-                                                        {"\\", ""},
-                                                        {"\"", ""},
-                                                        {std::string(70000, 'x'), ""},
-                                                        {std::string(kProbe), ""},
-                                                        {"a]b=c;d", section}};
-    for (const auto& [text, fault] : rows)
-        for (const int button : {0, 1, 3, 4, 2}) {
-            if (!fault.empty() && button < 2)
-                test.ui.Expect(fault + "\r\nNothing was changed.", Icon::Exclamation);
-            entry = {text, text, text, text, false};
-            editor.Press(button, entry);
-        }
+    const std::pair<std::string, std::vector<std::string>> rows[] = {
+        {"", {"", " ", "\t", "\xF0\x9F\x96\xA8", "\\", "\"", std::string(70000, 'x'), std::string(kProbe)}},
+        {"A section's name cannot hold a ']'.", {"]", "\r\n[Safe]\r\nKey=lost", "a]b=c;d"}},
+        {"A key's name cannot start with ';' or '['.", {"[a", ";", " ;a"}},
+        {"A key's name cannot hold a '='.", {"a=b"}},
+        {"A name cannot go over more than one line.", {"a\r\nb"}}};
+    for (const auto& [fault, texts] : rows)
+        for (const std::string& text : texts)
+            for (const int button : {0, 1, 3, 4, 2}) {
+                if (!fault.empty() && button < 2)
+                    test.ui.Expect(fault + "\r\nNothing was changed.", Icon::Exclamation);
+                entry = {text, text, text, text, false};
+                editor.Press(button, entry);
+            }
     EXPECT_EQ(test.Stored("Safe", "Key"), "kept");
     editor.UseIniFile(false);
     entry = {"a]b", "a=b", "1", "abc", false};
@@ -113,28 +99,22 @@ TEST_F(OptionsTest, NoTextThatIsTypedCanHarmTheStore) {
 }
 
 TEST_F(OptionsTest, TheEditorsStateSurvivesItsRegistryMode) {
+    SettingsEditor::Place place;
+    test.registry.Set(kKey + "Paths", "Application", std::string("C:\\Velmora\\"));
+    editor.LoadState(place);
+    editor.SaveState(entry, place);
+    EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini")) << "which would shut the old settings out";
+    fs::remove(test.folder / "Velmora.reg");
     editor.UseIniFile(false);
     editor.SaveState({"S", "K", "D", "V", true}, {30, -4});
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.reg"));
-    SettingsEditor::Place place;
     const SettingsEntry loaded = editor.LoadState(place);
     EXPECT_EQ(loaded.section + loaded.key + loaded.fallback + loaded.value, "SKDV");
-    EXPECT_TRUE(loaded.numeric);
-    EXPECT_EQ(place.left, 30);
-    EXPECT_EQ(place.top, -4);
-    EXPECT_FALSE(editor.UsesIniFile());
+    EXPECT_TRUE(loaded.numeric && place.left == 30 && place.top == -4 && !editor.UsesIniFile());
     test.settings.SaveMode = 1;
     test.Store("Settings", "MainLeft", "1e300");
     test.ui.Expect("Overflow\r\nCalled from Sub: frmSettings", Icon::Critical);
     EXPECT_EQ(editor.LoadState(place).section, "Section");
-}
-
-TEST_F(OptionsTest, TheEditorDoesNotMakeTheIniFileThatWouldShutOldSettingsOut) {
-    test.registry.Set(kKey + "Paths", "Application", std::string("C:\\Velmora\\"));
-    SettingsEditor::Place place;
-    editor.LoadState(place);
-    editor.SaveState(entry, place);
-    EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
 }
 
 TEST_F(OptionsTest, AResetForgetsPositionsAndLeavesTheHabitsStored) {
@@ -150,8 +130,6 @@ TEST_F(OptionsTest, AResetForgetsPositionsAndLeavesTheHabitsStored) {
     EXPECT_FALSE(main.globals.AskBeforeDelete) << "read again, as stored";
     EnumerateSettings(test.settings, "Form Position");
     EXPECT_TRUE(test.settings.KeyValues.empty());
-    EXPECT_EQ(kResetPositions[4], "PrtWiz");
-    EXPECT_EQ(kResetPositions[23], "mdiVelmora");
 }
 
 struct SettingsImportTest : OptionsTest {
@@ -231,21 +209,22 @@ TEST_F(SettingsImportTest, AFileThatIsNoneChangesNothing) {
 }
 
 TEST_F(OptionsTest, RegistryValuesAsText) {
-    const std::string path = "SOFTWARE\\X";
-    const std::pair<RegistryValue, const char*> cases[] = {
-        {std::string("C:\\a"), "C:\\a"},  {26u, "26"}, {0x00010203u, "291"}, {0xFFFFFFFFu, "-1"}, {0x0A0Bu, "171"},
-        {std::string(1023, 'x'), nullptr}};
+    const std::string path = "SOFTWARE\\X", longest(1023, 'x');
+    const std::pair<RegistryValue, std::string> cases[] = {{std::string("C:\\a"), "C:\\a"},
+                                                           {26u, "26"},
+                                                           {0x00010203u, "291"},
+                                                           {0xFFFFFFFFu, "-1"},
+                                                           {0x0A0Bu, "171"},
+                                                           {longest, longest}};
+    std::string result;
     for (const auto& [value, text] : cases) {
         test.registry.Set(path, "V", value);
-        std::string result;
         EXPECT_TRUE(GetKeyValue(test.registry, path, "V", result));
-        EXPECT_EQ(result, text ? text : std::string(1023, 'x'));
+        EXPECT_EQ(result, text);
     }
-    std::string result = "kept";
-    test.registry.Set(path, "V", std::string(1024, 'x'));
-    EXPECT_FALSE(GetKeyValue(test.registry, path, "V", result));
-    EXPECT_FALSE(GetKeyValue(test.registry, path, "None", result));
-    EXPECT_EQ(result, "kept");
+    test.registry.Set(path, "V", longest + "x");
+    EXPECT_FALSE(GetKeyValue(test.registry, path, "V", result) || GetKeyValue(test.registry, path, "None", result));
+    EXPECT_EQ(result, longest) << "kept";
 }
 
 /// A desktop that tells what it was asked to start.
@@ -271,12 +250,11 @@ TEST_F(OptionsTest, SystemInformationIsTheNamedToolOrTheDesktops) {
     StartSysInfo(main, desktop);
     EXPECT_EQ(desktop.calls, "own own " + tool.string() + " tool ");
     desktop.starts = desktop.has = false;
-    test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
-    StartSysInfo(main, desktop);
-    test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
     Desktop none;
-    StartSysInfo(main, none);
-    fs::remove(tool);
+    for (Desktop* bare : {static_cast<Desktop*>(&desktop), &none}) {
+        test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
+        StartSysInfo(main, *bare);
+    }
 }
 
 TEST_F(OptionsTest, ProgramsAreStartedWithoutAShell) {
@@ -287,18 +265,18 @@ TEST_F(OptionsTest, ProgramsAreStartedWithoutAShell) {
     });
     EXPECT_FALSE(desktop.OpenFile(test.folder / "a.chm"));
     EXPECT_FALSE(desktop.StartSystemInformation());
-    ReplaceFile(bin / "xdg-open", "#!/bin/sh\nprintf %s \"$1\" >" + (test.folder / "opened.part").string() + "\nmv " +
-                                      (test.folder / "opened.part").string() + " " + (test.folder / "opened").string() +
-                                      "\n");
-    fs::permissions(bin / "xdg-open", fs::perms::owner_all);
+    const std::string opened = (test.folder / "opened").string();
+    ReplaceFile(bin / "xdg-open",
+                "#!/bin/sh\nprintf %s \"$1\" >" + opened + ".part\nmv " + opened + ".part " + opened + "\n");
+    ReplaceFile(bin / "broken", "#!/nowhere/at/all\n");
+    for (const char* name : {"xdg-open", "broken"})
+        fs::permissions(bin / name, fs::perms::owner_all);
     const fs::path odd = test.folder / "a; touch b $(x) .chm";
     EXPECT_TRUE(desktop.OpenFile(odd));
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!fs::exists(test.folder / "opened") && std::chrono::steady_clock::now() < deadline)
+    while (!fs::exists(opened) && std::chrono::steady_clock::now() < deadline)
         std::this_thread::yield();
-    EXPECT_EQ(ReadFile(test.folder / "opened"), odd.string());
-    ReplaceFile(bin / "broken", "#!/nowhere/at/all\n");
-    fs::permissions(bin / "broken", fs::perms::owner_all);
+    EXPECT_EQ(ReadFile(opened), odd.string());
     EXPECT_FALSE(desktop.StartProgram(bin / "broken"));
     EXPECT_FALSE(desktop.StartProgram("xdg-open"));
 }

@@ -24,10 +24,7 @@ namespace fs = std::filesystem;
 /// Notes what was opened, in order; the main window's opening may set things up.
 class NotingForms : public Forms {
 public:
-    void ShowMainWindow() override {
-        shown += "main ";
-        whenShown();
-    }
+    void ShowMainWindow() override { shown += "main ", whenShown(); }
     LostAnswer ShowLost(const std::vector<RecoveredDocument>& lost) override {
         shown += "lost";
         for (const RecoveredDocument& document : lost)
@@ -37,10 +34,7 @@ public:
     }
     void ShowPrinterSetup() override { shown += "printer "; }
     void ShowMarginSetup() override { shown += "margins "; }
-    LoadOutcome ShowPageSetup() override {
-        shown += "page ";
-        return pageSetup;
-    }
+    LoadOutcome ShowPageSetup() override { return shown += "page ", pageSetup; }
     void ShowSettingsEditor() override { shown += "editor "; }
     std::string shown;
     std::vector<LostAnswer> answers; ///< to lists of lost documents
@@ -62,8 +56,10 @@ struct StartTest : testing::Test {
         forms.whenShown = [this] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };
     }
     StartOutcome Start(const std::string& commandLine = "") { return Main(program, commandLine, forms); }
-    std::string Question(const std::string& folder) {
-        return "The '" + (test.folder / folder).string() + "/' directory cannot be found.\r\nDo you want to create it?";
+    void AskToCreate(const std::string& folder, Answer answer) {
+        test.ui.Expect("The '" + (test.folder / folder).string() +
+                           "/' directory cannot be found.\r\nDo you want to create it?",
+                       Icon::Question, Buttons::YesNoCancel, answer);
     }
 };
 
@@ -83,6 +79,18 @@ TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
     test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
     EXPECT_EQ(Start("SETTINGS x"), StartOutcome::Running);
+    forms.pageSetup = LoadOutcome::NoPrinter;
+    EXPECT_EQ(Start(), StartOutcome::Ended);
+}
+
+TEST_F(StartTest, AFolderWithALongerPathThanASettingIsFoundAgain) {
+    const fs::path deep = test.folder / std::string(140, 'd');
+    fs::create_directories(deep / "Images");
+    fs::create_directories(deep / "Tabs");
+    test.settings.ProgramFolder = deep;
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(program.main.globals.ImagesPath, deep / "Images/");
 }
 
 TEST_F(StartTest, AForeignNameIsOneFileToCommandLineDiskAndIniFile) {
@@ -216,34 +224,23 @@ TEST_F(LostTest, AllComeBackEachInAWindowOfItsOwnBesideTheFileOfTheCommandLine) 
     EXPECT_EQ(StartAfter("abc", {all}), "main lost:c:b:a c0ba");
 }
 
-TEST_F(StartTest, APageSetupWithoutPrintersEndsTheStart) {
-    forms.pageSetup = LoadOutcome::NoPrinter;
-    EXPECT_EQ(Start("missing.csv"), StartOutcome::Ended);
-}
-
-TEST_F(StartTest, MissingFoldersAreMade) {
-    fs::remove(test.folder / "Images");
+TEST_F(StartTest, AMissingFolderIsMadeOrTakenWithItsMarker) {
     fs::remove(test.folder / "Tabs");
-    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::Yes);
-    test.ui.Expect(Question("Tabs"), Icon::Question, Buttons::YesNoCancel, Answer::Yes);
-    EXPECT_EQ(Start(), StartOutcome::Running);
-    EXPECT_TRUE(fs::is_directory(test.folder / "Tabs"));
-}
-
-TEST_F(StartTest, AFolderIsTakenOnlyWithItsMarker) {
     fs::remove(test.folder / "Images");
     fs::create_directory(test.folder / "Pictures");
     ReplaceFile(test.folder / "Pictures/a4_ALPHA_new.gif", "");
-    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::Cancel);
+    AskToCreate("Images", Answer::Cancel);
     test.ui.Expect("This task will be canceled.", Icon::Information);
-    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::No);
-    test.ui.ExpectChooser("Open Velmora path", test.folder / "Tabs");
-    test.ui.Expect("The folder '" + (test.folder / "Tabs").string() + "' does not hold the file 'A4_alpha_New.gif'.",
+    AskToCreate("Images", Answer::No);
+    test.ui.ExpectChooser("Open Velmora path", test.folder.Path());
+    test.ui.Expect("The folder '" + test.folder.Path().string() + "' does not hold the file 'A4_alpha_New.gif'.",
                    Icon::Information);
-    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::No);
+    AskToCreate("Images", Answer::No);
     test.ui.ExpectChooser("Open Velmora path", test.folder / "Pictures");
+    AskToCreate("Tabs", Answer::Yes);
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Pictures/").string());
+    EXPECT_TRUE(fs::is_directory(test.folder / "Tabs"));
 }
 
 TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {
@@ -330,30 +327,13 @@ TEST_F(StartTest, ABrokenRegistryIsSaidAndCanBeImportedLater) {
     EXPECT_EQ(ReadFile(test.folder / "Velmora.reg"), "broken");
 }
 
-TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {
-    TestProgram test([](const std::string& text) { ADD_FAILURE() << text; });
-    const fs::path deep = test.folder / std::string(140, 'd');
-    fs::create_directories(deep / "Images");
-    fs::create_directories(deep / "Tabs");
-    test.settings.ProgramFolder = deep;
-    const FewFonts fonts;
-    Program program{{test.settings, test.ui, test.printers, test.workbooks}, {}, fonts, {}};
-    NotingForms forms;
-    forms.whenShown = [&] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };
-    EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);
-    EXPECT_EQ(Main(program, "", forms), StartOutcome::Running);
-    EXPECT_EQ(program.main.globals.ImagesPath, deep / "Images/");
-}
-
 TEST(ProgramFolder, FollowsTheEnvironmentAndTheInstallation) {
     const TemporaryFolder root;
-    fs::create_directories(root / "portable");
-    fs::create_directories(root / "usr/bin");
-    fs::create_directories(root / "usr/share/velmora");
+    for (const char* folder : {"portable", "usr/bin", "usr/share/velmora"})
+        fs::create_directories(root / folder);
     std::map<std::string, std::string> variables = {{"HOME", "/home/x"}};
-    const Environment environment = [&](const char* name) -> std::optional<std::string> {
-        const auto found = variables.find(name);
-        return found == variables.end() ? std::nullopt : std::optional(found->second);
+    const Environment environment = [&](const char* name) {
+        return variables.contains(name) ? std::optional(variables.at(name)) : std::nullopt;
     };
     EXPECT_EQ(FindProgramFolder(root / "portable", environment), root / "portable");
     EXPECT_EQ(FindProgramFolder(root / "usr/bin", environment), "/home/x/.config/velmora");

@@ -1,7 +1,8 @@
-// Tab files: reading, writing, opening, and everything that can be wrong with one.
+// Tab files and lists: reading, writing, opening, and everything that can be wrong with one.
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "document/TabFileCheck.h"
+#include "document/TextList.h"
 #include "tests/support/TestProgram.h"
 #include "workspace/OpenDocument.h"
 
@@ -41,13 +42,13 @@ struct TabFileTest : testing::Test {
 };
 
 TEST_F(TabFileTest, AFileComesBackByteForByte) {
-    const std::string files[] = {
-        kHeader + "Smith,2024,\r\nJones,2024,unused\r\n" + Tabs(10),
-        kHeader + std::string(40000, 'x') + ",,\r\n" + Tabs(11), kHeader + "Ho\xC3\xABr,\xE2\x82\xAC,\r\n" + Tabs(23),
-        kHeader + "Ho\xEBr,\x80,\r\n" + Tabs(11),
-        "Version "
-        "8\r\nP,A4,3,3\r\n12,3\r\nA,8,0,-1,True,2,2\r\nB,72,True,False,True,1,0\r\nC,10.5,False,False,False,0,1\r\n" +
-            Tabs(54, " x , y ,\xC3\xAA\r\n")};
+    const std::string files[] = {kHeader + "Smith,2024,\r\nJones,2024,unused\r\n" + Tabs(10),
+                                 kHeader + std::string(40000, 'x') + ",,\r\n" + Tabs(11),
+                                 kHeader + "Ho\xC3\xABr,\xE2\x82\xAC,\r\n" + Tabs(23),
+                                 kHeader + "Ho\xEBr,\x80,\r\n" + Tabs(11),
+                                 "Version 8\r\nP,A4,3,3\r\n12,3\r\nA,8,0,-1,True,2,2\r\nB,72,True,False,True,1,0\r\n"
+                                 "C,10.5,False,False,False,0,1\r\n" +
+                                     Tabs(54, " x , y ,\xC3\xAA\r\n")};
     for (const std::string& file : files) {
         ASSERT_EQ(Open(file), OpenOutcome::Opened);
         EXPECT_EQ(Bytes(), file);
@@ -86,8 +87,7 @@ TEST_F(TabFileTest, ATextBeyondTheOldEncodingTurnsTheFileIntoUtf8) {
     Open(kHeader + "Ho\xEBr,,\r\n" + Tabs(11));
     document.FieldA(2) = "Ω";
     const std::string bytes = Bytes();
-    EXPECT_NE(bytes.find("Ho\xC3\xABr"), std::string::npos);
-    EXPECT_NE(bytes.find("Ω"), std::string::npos);
+    EXPECT_TRUE(bytes.find("Ho\xC3\xABr") != std::string::npos && bytes.find("Ω") != std::string::npos);
     EXPECT_EQ(document.FileEncoding, Encoding::Utf8);
     // So does one whose old bytes would be taken for UTF-8.
     Open(kHeader + "Ho\xEBr,,\r\n" + Tabs(11));
@@ -115,11 +115,10 @@ TEST_F(TabFileTest, AFailureLeavesDocumentAndSettingsAsTheyWere) {
         EXPECT_EQ(document.DocFileName, program.folder / "good.csv");
         EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
     }
-    program.ui.Expect("Could not load the following file [" + (program.folder / "none.csv").string() + "]",
-                      Icon::Critical);
-    EXPECT_EQ(OpenFile(program.main, program.folder / "none.csv"), OpenOutcome::Failed);
-    program.ui.Expect("Could not load the following file [" + program.folder.Path().string() + "]", Icon::Critical);
-    EXPECT_EQ(OpenFile(program.main, program.folder.Path()), OpenOutcome::Failed);
+    for (const auto& path : {program.folder / "none.csv", program.folder.Path()}) {
+        program.ui.Expect("Could not load the following file [" + path.string() + "]", Icon::Critical);
+        EXPECT_EQ(OpenFile(program.main, path), OpenOutcome::Failed);
+    }
 }
 
 TEST(TabFileLines, EveryEndOfLineIsUnderstood) {
@@ -159,16 +158,32 @@ TEST(TabFileCheckTest, EveryProblemHasItsLine) {
         {kHeader + std::string("\0,,\r\n", 5) + Tabs(11), 7, "holds bytes that are no text"},
         {"Version 8\r\nP,A4,0,1\r\n", 3, "the margin line is missing"}};
     for (const auto& [bytes, line, text] : cases) {
-        const auto problems = CheckTabFile(bytes);
-        const bool found =
-            std::any_of(problems.begin(), problems.end(), [at = line, &told = text](const TabFileProblem& problem) {
-                return problem.line == at && problem.text == told;
-            });
-        EXPECT_TRUE(found) << text
-                           << (problems.empty()
-                                   ? ""
-                                   : "; first: " + std::to_string(problems[0].line) + " " + problems[0].text);
+        std::string found;
+        for (const TabFileProblem& problem : CheckTabFile(bytes))
+            found += "\n" + std::to_string(problem.line) + " " + problem.text + "\n";
+        EXPECT_NE(found.find("\n" + std::to_string(line) + " " + text + "\n"), std::string::npos) << text << found;
     }
+}
+
+TEST(TextListTest, GuessesTheDelimiterAndKnowsQuotes) {
+    std::string longer;
+    for (int line = 0; line < 20; ++line)
+        longer += "a,b;c\n";
+    const std::pair<std::string, char> cases[] = {{"a;b,c;d\r\ne;f;g\r\n", ';'},
+                                                  {"a\tb, c\n\nd\te\n", '\t'},
+                                                  {"one\ntwo\n", ','},
+                                                  {"", ','},
+                                                  {"a;b,c\td\n", ','}, // as many of each
+                                                  {"a;b\tc\n", ';'},
+                                                  {"a;b,,,,\n \nc;d\n", ';'}, // on every line that holds something
+                                                  {"a title\na;b;c\nd,e;f;g\n", ';'},
+                                                  {longer + "x;y\n", ','}, // beyond what is looked at
+                                                  {std::string(1 << 20, 'x') + ";y\n", ','}};
+    for (const auto& [text, delimiter] : cases)
+        EXPECT_EQ(GuessDelimiter(text), delimiter) << text;
+    EXPECT_EQ(
+        ParseTextList("\"a;\"\"b\"\"\";c\r\n\r\n\"x\ny\";5\" disk\rlast;\"open", ';'),
+        (std::vector<std::vector<std::string>>{{"a;\"b\"", "c"}, {""}, {"x\ny", "5\" disk"}, {"last", "\"open"}}));
 }
 
 } // namespace
