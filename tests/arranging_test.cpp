@@ -72,13 +72,6 @@ struct ArrangingTest : UndoTest {
         });
         Begin();
     }
-    void ExpectWholePages(int pages) {
-        EXPECT_EQ(document.NoOfPages, pages);
-        EXPECT_EQ(document.TabCount, pages * 24);
-        EXPECT_EQ(program.Stored("Settings", "No Of Pages"), std::to_string(pages));
-        for (int field = 0; field < kFieldsPerTab; ++field)
-            EXPECT_EQ(document.Field(field).Count(), document.TabCount);
-    }
     /// Field A of the first tabs.
     std::string Texts(int count) {
         std::string text;
@@ -152,7 +145,7 @@ TEST_F(ArrangingTest, NothingHappensWithoutATabNorBeyondTheMostPages) {
     MakeNumbered(1365, 32760);
     editor.marked = {32760};
     for (const auto command : {InsertTabs, InsertPage, DuplicatePage, PasteTwo}) {
-        program.ui.Expect("The maximum number of pages for this type on label is:1365", Icon::Information);
+        Tell("The maximum number of pages for this type on label is:1365");
         command(main);
     }
     EXPECT_EQ(Tabs(), "1-32760");
@@ -298,7 +291,7 @@ TEST_F(ArrangingTest, ABlockGoesWhereItWouldInASpreadsheet) {
             SCOPED_TRACE(row.text + " " + row.question);
             MakeNumbered(1, 24);
             if (!row.question.empty())
-                program.ui.Expect(row.question, Icon::Question, Buttons::YesNo, answer);
+                Ask(row.question, answer);
             const std::string start = State();
             editor.marked = row.marked;
             PasteBlock(main, row.field, row.text);

@@ -32,10 +32,8 @@ struct CopiesTest : testing::Test {
 
     pid_t Start(const std::string& command) {
         const pid_t child = ::fork();
-        if (child == 0) {
-            ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
-            ::_exit(127);
-        }
+        if (child == 0)
+            ::_exit(::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr));
         return child;
     }
     pid_t StartWriter(int number) {

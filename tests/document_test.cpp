@@ -1,19 +1,14 @@
 // The tab document in memory: catalogue, whole pages, configuration and status.
 #include "base/Error.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProgramTest.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Globals.h"
 #include "workspace/OpenDocument.h"
 
-#include <gtest/gtest.h>
-
 namespace velmora {
 namespace {
 
-struct DocumentTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    TabDocument& document = program.main.document;
-
+struct DocumentTest : ProgramTest {
     void Fill(int tabs) {
         for (int field = 0; field < 3; ++field)
             document.Field(field).ReDim(tabs);
@@ -23,76 +18,47 @@ struct DocumentTest : testing::Test {
     }
 };
 
-TEST(Fields, LinesArePaddedToTheirFields) {
-    std::string line = "abc";
-    EXPECT_EQ(PadFields(line, 3), 3);
-    EXPECT_EQ(line, "abc,,");
-    line = "a,b,c,d";
-    EXPECT_EQ(PadFields(line, 3), 4);
-    EXPECT_EQ(line, "a,b,c,d");
-    EXPECT_EQ(CountFields(",,"), 3);
-    EXPECT_EQ(CountFields(""), 1);
-}
-
-TEST(Fields, RangesAreCopiedWithinTheArraysOnly) {
+TEST(Fields, LinesArePaddedAndRangesCopiedWithinTheArraysOnly) {
+    for (const auto& [line, padded] : {std::pair("abc", "abc,,"), {"a,b,c,d", "a,b,c,d"}}) {
+        std::string text = line;
+        EXPECT_EQ(PadFields(text, 3), CountFields(padded));
+        EXPECT_EQ(text, padded);
+    }
     FieldTexts source, target;
     source.ReDim(3);
     target.ReDim(2);
-    source(2) = "b";
     source(3) = "c";
     CopyTabRange(source, 2, 3, target, 1);
     EXPECT_EQ(target(2), "c");
     CopyTabRange(source, 3, 2, target, 99);
-    EXPECT_THROW(CopyTabRange(source, 3, 4, target, 1), SubscriptError);
-    EXPECT_THROW(CopyTabRange(source, 0, 1, target, 1), SubscriptError);
-    EXPECT_THROW(CopyTabRange(source, 1, 3, target, 1), SubscriptError);
+    for (const auto& [from, to] : {std::pair(3, 4), {0, 1}, {1, 3}})
+        EXPECT_THROW(CopyTabRange(source, from, to, target, 1), SubscriptError) << from;
 }
 
 TEST_F(DocumentTest, PartPagesBecomeWholeOnes) {
     Fill(25);
     document.CurrentTab = 2;
     document.CurrentPage = 5;
-    ApplyTabType(program.main);
-    EXPECT_TRUE(document.NoOfPages == 2 && document.CurrentPage == 2);
-    EXPECT_TRUE(document.TabCount == 48 && document.FieldC.Count() == 48);
+    ApplyTabType(main);
+    ExpectWholePages(2);
+    EXPECT_EQ(document.CurrentPage, 2);
     EXPECT_EQ(document.FieldA(25) + document.FieldA(26), "tab 25");
-    EXPECT_EQ(program.Stored("Settings", "No Of Pages"), "2");
     Fill(25);
     document.CurrentTab = 1;
-    ApplyTabType(program.main);
+    ApplyTabType(main);
     EXPECT_EQ(document.FieldA(1), "") << "at the first tab a new size empties the document";
     Fill(48);
-    ApplyTabType(program.main);
+    ApplyTabType(main);
     EXPECT_EQ(document.FieldA(1), "tab 1") << "no resize, so nothing is lost";
 }
 
 TEST_F(DocumentTest, TooManyTabsAreAnOverflowAndChangeNothing) {
     Fill(32761);
     document.CurrentTab = 2;
-    EXPECT_THROW(ApplyTabType(program.main), OverflowError);
+    EXPECT_THROW(ApplyTabType(main), OverflowError);
     EXPECT_TRUE(document.TabCount == 32761 && document.NoOfPages == 0);
     document.setup.OptType = 9;
-    EXPECT_THROW(ApplyTabType(program.main), Error);
-}
-
-TEST_F(DocumentTest, AFirstStartFillsTheIniFile) {
-    ASSERT_EQ(LoadGlobals(program.main), LoadOutcome::Loaded);
-    const std::tuple<const char*, const char*, const char*> defaults[] = {
-        {"Settings", "Ask before delete", "True"},
-        {"Settings", "Start with setup", "True"},
-        {"Settings", "Stationery Type", "A4"},
-        {"Settings", "Page Size", "A4"},
-        {"Settings", "OptType", "0"},
-        {"Settings", "Printer", "Velmora PDF"},
-        {"Settings", "No Of Fields", "3"},
-        {"Font Settings", "Font Name 2", "Arial"},
-        {"Font Settings", "Font Size 3", "10"},
-        {"Font Settings", "Horizontal Alignment 2", "0"},
-        {"Font Settings", "Horizontal Alignment 3", "1"},
-        {"Font Settings", "Vertical Alignment 1", "1"}};
-    for (const auto& [section, key, value] : defaults)
-        EXPECT_EQ(program.Stored(section, key), value) << key;
-    EXPECT_EQ(program.main.fonts[2].HorizontalAlignment, kAlignRight);
+    EXPECT_THROW(ApplyTabType(main), Error);
 }
 
 TEST_F(DocumentTest, UnacceptableValuesFallBackAndStayInTheFile) {
@@ -101,20 +67,19 @@ TEST_F(DocumentTest, UnacceptableValuesFallBackAndStayInTheFile) {
         program.Store("Settings", "OptType", optType);
         program.Store("Settings", "No Of Fields", fields);
         program.Store("Settings", "Stationery Type", stationery);
-        LoadGlobals(program.main);
-        EXPECT_EQ(document.setup.OptType, 0);
-        EXPECT_EQ(document.setup.NoOfFields, 3);
+        LoadGlobals(main);
+        EXPECT_TRUE(document.setup.OptType == 0 && document.setup.NoOfFields == 3);
         EXPECT_EQ(document.setup.StationeryType, "A4");
         EXPECT_EQ(program.Stored("Settings", "OptType"), optType);
     }
     program.Store("Settings", "Stationery Type", "DL_h");
     document = {};
-    RefreshDocumentStatus(program.main);
+    RefreshDocumentStatus(main);
     EXPECT_EQ(document.setup.StationeryType, "DL_h");
-    EXPECT_EQ(document.setup.OptType, 0);
-    EXPECT_EQ(document.setup.NoOfFields, 1) << "one field here, three for the configuration";
+    EXPECT_TRUE(document.setup.OptType == 0 && document.setup.NoOfFields == 1)
+        << "one field here, three for the configuration";
     program.Store("Settings", "No Of Fields", "3.9");
-    LoadGlobals(program.main);
+    LoadGlobals(main);
     EXPECT_EQ(document.setup.NoOfFields, 3);
 }
 
@@ -125,8 +90,8 @@ TEST_F(DocumentTest, AnInvalidFontValueIsMendedInTheFile) {
                                                                       {"Font Bold 3", "maybe", "False"}};
     for (const auto& [key, stored, mended] : rows)
         program.Store("Font Settings", key, stored);
-    LoadGlobals(program.main);
-    EXPECT_EQ(program.main.fonts[1].Size, 10);
+    LoadGlobals(main);
+    EXPECT_EQ(main.fonts[1].Size, 10);
     for (const auto& [key, stored, mended] : rows)
         EXPECT_EQ(program.Stored("Font Settings", key), mended) << key;
 }

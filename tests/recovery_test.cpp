@@ -1,15 +1,12 @@
 // Recovery copies: what comes back after an ending of any kind, whose copies they are, and what damage does to them.
-#include "base/AtomicFile.h"
 #include "tests/support/FakeEditor.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProgramTest.h"
 #include "workspace/Globals.h"
 #include "workspace/OpenDocument.h"
 #include "workspace/Pages.h"
 #include "workspace/Recovery.h"
 #include "workspace/RecoveryCopy.h"
 #include "workspace/RestoreDocument.h"
-
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <fstream>
@@ -27,18 +24,14 @@ namespace fs = std::filesystem;
 const std::string kHeader = "Version 8\r\nOffice Printer,DL_h,5,2\r\n0,-2.5\r\nArial,12,True,False,False,0,1\r\n"
                             "Liberation Serif,10,False,True,False,2,0\r\nArial,9,False,False,True,1,2\r\n";
 
-struct RecoveryTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    MainModule& main = program.main;
-    TabDocument& document = main.document;
+struct RecoveryTest : ProgramTest {
     fs::path folder = program.folder / "Recovery";
     std::int64_t seconds = 1'700'000'000;
     RecoveryStore::Clock clock = [this] { return std::chrono::system_clock::from_time_t(seconds); };
     RecoveryStore& store = main.recovery;
 
     RecoveryTest() {
-        ReplaceFile(program.folder / "in.csv", kHeader + "Ho\xEBr,,\r\n,,\r\n,x,\r\n");
-        OpenFile(main, program.folder / "in.csv");
+        OpenFile(main, Put("in.csv", kHeader + "Ho\xEBr,,\r\n,,\r\n,x,\r\n"));
         store.Open(folder, clock);
     }
     void Keep() { store.Keep(document, main.settings); }
@@ -67,7 +60,7 @@ struct RecoveryTest : testing::Test {
         return texts;
     }
     /// Without the flush of a real writing.
-    void Put(const std::string& name, const std::string& bytes) {
+    void PutCopy(const std::string& name, const std::string& bytes) {
         fs::create_directory(folder);
         std::ofstream(folder / name, std::ios::binary) << bytes;
     }
@@ -104,8 +97,7 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     first.reset();
 
     document.DocChanged = false;
-    ReplaceFile(program.folder / "other.csv", "Version 8\r\nP,A4,0,1\r\n3,3\r\n\r\n\r\n\r\nb,,\r\n");
-    OpenFile(main, program.folder / "other.csv");
+    OpenFile(main, Put("other.csv", "Version 8\r\nP,A4,0,1\r\n3,3\r\n\r\n\r\n\r\nb,,\r\n"));
     ++seconds;
     const auto list = store.List();
     ASSERT_EQ(list.size(), 1U);
@@ -119,11 +111,9 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     EXPECT_EQ(document.Stamp, opened.Stamp) << "a save must notice that the file changed meanwhile";
     EXPECT_EQ(document.Stamp->number, opened.Stamp->number);
     EXPECT_EQ(document.FileEncoding, Encoding::Windows1252);
-    EXPECT_EQ(document.setup.LayoutName, "DL_h");
-    EXPECT_EQ(document.TabCount, opened.TabCount);
-    EXPECT_TRUE(document.DocChanged);
-    EXPECT_EQ(main.fonts[1].Name, "Liberation Serif");
-    EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2.5");
+    EXPECT_EQ(document.setup.LayoutName + main.fonts[1].Name + program.Stored("Settings", "Margin Value Top"),
+              "DL_hLiberation Serif-2.5");
+    EXPECT_TRUE(document.DocChanged && document.TabCount == opened.TabCount);
     ASSERT_EQ(store.List().size(), 1U) << "what was recovered stays among the last ten";
     EXPECT_FALSE(store.List()[0].LeftBehind) << "but is not offered twice";
     EXPECT_FALSE(Live().empty()) << "this program has a copy of its own first";
@@ -319,13 +309,13 @@ TEST_F(RecoveryTest, DamagedAndForeignFilesAreSkippedAndStay) {
         std::string flipped = whole;
         flipped[at] = static_cast<char>(flipped[at] ^ 1);
         for (const std::string& bytes : {flipped, whole.substr(0, at)}) {
-            Put(file.filename(), bytes);
+            PutCopy(file.filename(), bytes);
             EXPECT_TRUE(store.List().empty()) << at;
         }
     }
     ASSERT_EQ(::mkfifo((folder / "Kept-2-pipe.recovery").c_str(), 0600), 0);
     fs::create_directory(folder / "Open-1.recovery");
-    Put("Kept-.recovery", "");
+    PutCopy("Kept-.recovery", "");
     const std::size_t before = Files();
     for (int i = 0; i < 15; ++i)
         ArchiveText(std::to_string(i));
@@ -345,9 +335,9 @@ TEST_F(RecoveryTest, OfAGreatManyNoneIsDeletedUnseen) {
     constexpr int kCopies = 130;
     for (int i = 0; i < kCopies; ++i) {
         const std::string copy = "Open-" + std::to_string(i) + ".recovery";
-        Put(copy, i == kCopies - 1 ? "damaged" : Sealed(CopyContent(kHeader, "0", "")));
+        PutCopy(copy, i == kCopies - 1 ? "damaged" : Sealed(CopyContent(kHeader, "0", "")));
         fs::last_write_time(folder / copy, fs::file_time_type(std::chrono::seconds(i * 37 % kCopies)));
-        Put("Kept-" + std::to_string(i + 1) + "-x.recovery", Sealed(CopyContent(kHeader, "0", "")));
+        PutCopy("Kept-" + std::to_string(i + 1) + "-x.recovery", Sealed(CopyContent(kHeader, "0", "")));
     }
     const auto lost = store.Lost();
     ASSERT_EQ(lost.size(), kMostLost);
@@ -371,12 +361,11 @@ TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
     const std::string cases[] = {CopyContent("no header", "0", ""), CopyContent("Version 8\r\nP,A4,0", "0", ""),
                                  CopyContent(kHeader, "32767", tooMany)};
     for (const std::string& content : cases) {
-        Put("Open-x.recovery", Sealed(content));
+        PutCopy("Open-x.recovery", Sealed(content));
         const auto list = store.List();
         ASSERT_EQ(list.size(), 1U);
         EXPECT_THROW(RestoreDocument(main, list[0]), Error);
-        EXPECT_EQ(document.FieldA(1), "typed");
-        EXPECT_EQ(document.setup.OptType, 5);
+        EXPECT_TRUE(document.FieldA(1) == "typed" && document.setup.OptType == 5);
         EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
         EXPECT_EQ(store.List().size(), 1U) << "archived, but not replaced";
     }

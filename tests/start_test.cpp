@@ -66,8 +66,7 @@ struct StartTest : testing::Test {
 TEST_F(StartTest, NamesTheProgramAndItsFolders) {
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(forms.shown, "main page ");
-    EXPECT_EQ(test.settings.SettingsAppName, "Velmora");
-    EXPECT_EQ(program.Title, "Velmora [Version 8.1.0]");
+    EXPECT_EQ(test.settings.SettingsAppName + program.Title, "VelmoraVelmora [Version 8.1.0]");
     EXPECT_EQ(test.settings.IniFile, test.folder / "Velmora.ini");
     EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Images").string() + "/");
     EXPECT_EQ(program.main.globals.TabsPath, test.folder / "Tabs/");
@@ -104,36 +103,32 @@ TEST_F(StartTest, AForeignNameIsOneFileToCommandLineDiskAndIniFile) {
     EXPECT_NE(ReadFile(test.folder / name).find("typed"), std::string::npos);
     EXPECT_NE(ReadFile(test.folder / "Velmora.ini").find("/" + name + "\r\n"), std::string::npos);
     SettingsStore nextStart(test.registry, test.ui);
-    nextStart.SettingsAppName = "Velmora";
     nextStart.IniFile = test.folder / "Velmora.ini";
     EXPECT_EQ(RecentFiles(nextStart), std::vector{test.folder / name});
     EXPECT_EQ(std::distance(fs::directory_iterator(test.folder.Path()), {}), 4)
-        << "Images, Tabs, the file, the INI file";
+        << "Images, Tabs, this and the INI file";
 }
 
 TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
     const std::string now = "\r\nDo you want to do it now?";
-    struct Row {
-        const char* type; ///< stored; none: the printer is not configured
-        const char* startWithSetup;
-        Answer answer;
-        const char* shown;
-    };
-    for (const Row& row :
-         {Row{"", "True", Answer::Yes, "main printer margins page "}, Row{"", "False", Answer::No, "main "},
-          Row{"2", "True", Answer::Yes, "main margins page "}, Row{"2", "no", Answer::No, "main page "}}) {
+    const std::tuple<std::string, const char*, Answer, const char*> rows[] = {
+        {"", "True", Answer::Yes, "main printer margins page "}, // no type stored: the printer is not configured
+        {"", "False", Answer::No, "main "},
+        {"2", "True", Answer::Yes, "main margins page "},
+        {"2", "no", Answer::No, "main page "}};
+    for (const auto& [type, startWithSetup, answer, shown] : rows) {
         forms.shown.clear();
-        forms.whenShown = [&] {
-            test.Store("Settings", "OptType", row.type);
-            test.Store("Settings", "Start with setup", row.startWithSetup);
+        forms.whenShown = [&, &type = type, &startWithSetup = startWithSetup] {
+            test.Store("Settings", "OptType", type);
+            test.Store("Settings", "Start with setup", startWithSetup);
             LoadGlobals(program.main);
             SetLayoutFromType(program.main.document.setup);
         };
-        if (std::string(row.type).empty())
-            test.ui.Expect("You have to configure a printer." + now, Icon::Question, Buttons::YesNo, row.answer);
-        test.ui.Expect("You have to setup margins for the tabs." + now, Icon::Question, Buttons::YesNo, row.answer);
+        if (type.empty())
+            test.ui.Expect("You have to configure a printer." + now, Icon::Question, Buttons::YesNo, answer);
+        test.ui.Expect("You have to setup margins for the tabs." + now, Icon::Question, Buttons::YesNo, answer);
         EXPECT_EQ(Start(), StartOutcome::Running);
-        EXPECT_EQ(forms.shown, row.shown);
+        EXPECT_EQ(forms.shown, shown);
     }
 }
 

@@ -1,12 +1,9 @@
 // Tab files and lists: reading, writing, opening, and everything that can be wrong with one.
-#include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "document/TabFileCheck.h"
 #include "document/TextList.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProgramTest.h"
 #include "workspace/OpenDocument.h"
-
-#include <gtest/gtest.h>
 
 namespace velmora {
 namespace {
@@ -25,20 +22,9 @@ std::string Tabs(int count, const std::string& line = ",,\r\n") {
     return lines;
 }
 
-struct TabFileTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    TabDocument& document = program.main.document;
-
-    OpenOutcome Open(const std::string& bytes, const char* name = "in.csv") {
-        ReplaceFile(program.folder / name, bytes);
-        return OpenFile(program.main, program.folder / name);
-    }
+struct TabFileTest : ProgramTest {
+    OpenOutcome Open(const std::string& bytes, const char* name = "in.csv") { return OpenFile(main, Put(name, bytes)); }
     std::string Bytes() { return TabFileBytes(document, program.settings, program.ui); }
-    void ExpectFailure(const std::string& cause) {
-        if (!cause.empty())
-            program.ui.Expect(cause + "\r\nCalled form Sub:LoadData", Icon::Critical);
-        program.ui.Expect("Could not finish process", Icon::Information);
-    }
 };
 
 TEST_F(TabFileTest, AFileComesBackByteForByte) {
@@ -56,9 +42,8 @@ TEST_F(TabFileTest, AFileComesBackByteForByte) {
 }
 
 TEST_F(TabFileTest, TheFormatNormalisesWhatItDoesNotKnow) {
-    program.ui.Expect("Lines with more than three fields: 10.\r\nWhat follows the third field was not read, and a save "
-                      "leaves it out.",
-                      Icon::Information);
+    Tell("Lines with more than three fields: 10.\r\nWhat follows the third field was not read, and a save leaves it "
+         "out.");
     Open("version8 \nPrinter,DL,9,x\n,abc\nArial,x,?,False\nArial\n\n\na\rb,c\r\nd,e,f,g\n");
     const std::string bytes = Bytes();
     EXPECT_EQ(bytes.substr(0, bytes.find("a,,")), "Version 8\r\nPrinter,A4,0,3\r\n0,0\r\n"
@@ -107,17 +92,18 @@ TEST_F(TabFileTest, AFailureLeavesDocumentAndSettingsAsTheyWere) {
         {kHeader + Tabs(32767), ""}};
     for (const auto& [bytes, cause] : cases) {
         if (cause.empty())
-            program.ui.Expect("The maximum number of pages for this type on label is:2730", Icon::Information);
-        ExpectFailure(cause);
+            Tell("The maximum number of pages for this type on label is:2730");
+        else
+            Fail(cause + "\r\nCalled form Sub:LoadData");
+        Tell("Could not finish process");
         EXPECT_EQ(Open(bytes), OpenOutcome::Failed);
-        EXPECT_TRUE(document.FileError);
-        EXPECT_EQ(document.FieldA(1), "kept");
+        EXPECT_TRUE(document.FileError && document.FieldA(1) == "kept");
         EXPECT_EQ(document.DocFileName, program.folder / "good.csv");
         EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
     }
     for (const auto& path : {program.folder / "none.csv", program.folder.Path()}) {
-        program.ui.Expect("Could not load the following file [" + path.string() + "]", Icon::Critical);
-        EXPECT_EQ(OpenFile(program.main, path), OpenOutcome::Failed);
+        Fail("Could not load the following file [" + path.string() + "]");
+        EXPECT_EQ(OpenFile(main, path), OpenOutcome::Failed);
     }
 }
 

@@ -1,16 +1,13 @@
 // Workbooks: those of other programs, our own, and everything that can be wrong with one.
-#include "base/AtomicFile.h"
 #include "base/Numbers.h"
 #include "document/SheetTable.h"
+#include "tests/support/ProgramTest.h"
 #include "tests/support/StoredZip.h"
-#include "tests/support/TestProgram.h"
 #include "workbook/LibraryWorkbooks.h"
 #include "workbook/NumberFormat.h"
 #include "workbook/WorkbookParts.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
-
-#include <gtest/gtest.h>
 
 #include <fstream>
 
@@ -23,8 +20,7 @@ std::filesystem::path Data(const std::string& name) {
     return std::filesystem::path(VELMORA_TEST_DATA) / "workbooks" / name;
 }
 
-struct WorkbookTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+struct WorkbookTest : ProgramTest {
     LibraryWorkbooks workbooks;
 
     static Rows Read(Workbook& workbook, const std::string& sheet, const std::vector<int>& columns) {
@@ -199,7 +195,7 @@ TEST_F(WorkbookTest, ASheetOfAMillionRowsCostsWhatItHolds) {
     const Worksheet sheet = ReadWorksheet(*book, "S", {});
     EXPECT_EQ(sheet.rows.size(), 1u);
     EXPECT_EQ(sheet.lines, 1048576) << "too many, which the loading finds";
-    EXPECT_THROW(LoadDocument(program.main, sheet), OverflowError);
+    EXPECT_THROW(LoadDocument(main, sheet), OverflowError);
 }
 
 std::string OdsBytes(const std::string& rows, const std::string& manifest = "<manifest/>") {
@@ -253,7 +249,7 @@ TEST_F(WorkbookTest, OdsRowsAndCellsMayBeRepeatedOrMerged) {
     const auto book = OpenBytes(OdsBytes(endless));
     const Worksheet sheet = SheetTable(*book, "S", [&] { ++looks; }).Take({});
     EXPECT_LT(looks, 33000) << "a document takes no more";
-    EXPECT_THROW(LoadDocument(program.main, sheet), OverflowError);
+    EXPECT_THROW(LoadDocument(main, sheet), OverflowError);
 }
 
 /// A formula without a result is no blank cell, and none that was not chosen matters.

@@ -101,18 +101,15 @@ private slots:
         QCOMPARE(undo->text(), QString("&Undo Typing"));
         running.Press(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(running.Box("TextA1(1)")->text() + undo->text(), QString("&Undo New Page"));
-        undo->trigger();
-        QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2"));
-        undo->trigger();
-        QCOMPARE(running.Box("TextA1(2)")->text(), QString("a2"));
-        QVERIFY(!undo->isEnabled() && !running.window->isWindowModified());
+        while (undo->isEnabled())
+            undo->trigger();
+        QCOMPARE(running.Panel(4) + running.Box("TextA1(2)")->text(), QString("Pg No: 1 of 2a2"));
+        QVERIFY(!running.window->isWindowModified());
         for (int i = 0; i < 3; ++i)
             running.Trigger("mnuRedo");
         QVERIFY(running.window->isWindowModified());
-        running.Trigger("mnuFirstPage");
-        running.DeletePage();
         running.Trigger("mnuDeleteEmpries");
-        QCOMPARE(running.Panel(4) + running.Box("TextA1(1)")->text(), QString("Pg No: 2 of 2more"));
+        QCOMPARE(running.Panel(4) + running.Box("TextA1(1)")->text(), QString("Pg No: 3 of 3more"));
     }
 
     void theToolbarRepeatsTheMenusWithWordsWhereThereIsRoom() {

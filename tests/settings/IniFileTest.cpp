@@ -1,6 +1,6 @@
 #include "settings/IniFile.h"
 #include "base/Error.h"
-#include "tests/settings/Support.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <algorithm>
 #include <fstream>
@@ -19,18 +19,15 @@ ino_t Number(const fs::path& path) {
 }
 
 TEST(IniFile, KeepsTheEncodingWhileItHoldsTheTexts) {
-    struct {
-        const char* before;
-        const char* value;
-        const char* after;
-    } const cases[] = {{"[s]\r\nk=caf\xE9\r\n", "\xC3\xBC \xE2\x82\xAC", "[s]\r\nk=\xFC \x80\r\n"},
-                       {"[s]\r\na=\xE9\r\nk=1\r\n", "\xC5\x82", "[s]\r\na=\xC3\xA9\r\nk=\xC5\x82\r\n"},
-                       {"\xEF\xBB\xBF[s]\r\nk=1\r\n", "\xC3\xA9", "\xEF\xBB\xBF[s]\r\nk=\xC3\xA9\r\n"},
-                       {"[s]\r\nk=1\r\n", "\xC3\xA9", "[s]\r\nk=\xC3\xA9\r\n"},
-                       // As Windows-1252 these two letters would read as one letter of UTF-8.
-                       {"[s]\r\nk=\xE9\r\n", "\xC3\x83\xC2\xA9", "[s]\r\nk=\xC3\x83\xC2\xA9\r\n"},
-                       // A value that is no UTF-8 must not turn all others of the file to another encoding.
-                       {"[s]\r\na=\xC3\xA9\r\nk=1\r\n", "\xFC", "[s]\r\na=\xC3\xA9\r\nk=\xC3\xBC\r\n"}};
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"[s]\r\nk=caf\xE9\r\n", "\xC3\xBC \xE2\x82\xAC", "[s]\r\nk=\xFC \x80\r\n"},
+        {"[s]\r\na=\xE9\r\nk=1\r\n", "\xC5\x82", "[s]\r\na=\xC3\xA9\r\nk=\xC5\x82\r\n"},
+        {"\xEF\xBB\xBF[s]\r\nk=1\r\n", "\xC3\xA9", "\xEF\xBB\xBF[s]\r\nk=\xC3\xA9\r\n"},
+        {"[s]\r\nk=1\r\n", "\xC3\xA9", "[s]\r\nk=\xC3\xA9\r\n"},
+        // As Windows-1252 these two letters would read as one letter of UTF-8.
+        {"[s]\r\nk=\xE9\r\n", "\xC3\x83\xC2\xA9", "[s]\r\nk=\xC3\x83\xC2\xA9\r\n"},
+        // A value that is no UTF-8 must not turn all others of the file to another encoding.
+        {"[s]\r\na=\xC3\xA9\r\nk=1\r\n", "\xFC", "[s]\r\na=\xC3\xA9\r\nk=\xC3\xBC\r\n"}};
     const TemporaryFolder folder;
     for (const auto& [before, value, after] : cases) {
         ReplaceFile(folder / "a.ini", before);

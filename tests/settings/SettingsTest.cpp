@@ -1,10 +1,11 @@
 #include "base/Error.h"
+#include "settings/FormPosition.h"
 #include "settings/RegistryFile.h"
 #include "settings/RegistryMove.h"
 #include "settings/RegistrySettings.h"
 #include "settings/mdlSettings.h"
-#include "tests/settings/Support.h"
 #include "tests/support/ScriptedInterface.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -182,6 +183,31 @@ TEST_F(SettingsTest, RegistryErrorsAreReported) {
     ReplaceFile(reg_, "broken");
     ExpectRegistryError("Cannot Create Registry path: RegCreateKeyExVelmora", "Key=" + kSection + "DLL Returned=1015");
     EXPECT_FALSE(Save("A", "1"));
+}
+
+TEST_F(SettingsTest, AWindowReturnsToItsPlaceOrToTheMiddle) {
+    const FormPosition window = {0, 0, 401, 300};
+    const FormPosition middle = {311, 234, 401, 300}; // of a screen of 1024 x 768
+    const std::tuple<const char*, FormPosition> cases[] = {{"", middle},
+                                                           {"120", middle},
+                                                           {"10,20,30", middle},
+                                                           {"a,b,c,d", middle},
+                                                           {"10,20,0,40", middle},
+                                                           {"1025,20,30,40", middle},
+                                                           {"10,769,30,40", middle},
+                                                           {"99999999999,1,2,3", middle},
+                                                           {"1024,768,30,40", {1024, 768, 30, 40}},
+                                                           {" -5, -6 ,500,400", {-5, -6, 500, 400}},
+                                                           {"1,2,3,4,5", {1, 2, 3, 4}}};
+    for (const auto& [stored, place] : cases) {
+        SaveSetting(store_, "Form Position", "frmTest", stored);
+        EXPECT_EQ(RestoreFormPosition(store_, "frmTest", window, 1024, 768), place) << stored;
+    }
+    EXPECT_EQ(RestoreFormPosition(store_, "frmTest", {0, 0, 1124, 868}, 1024, 768).left, 1);
+    SaveSetting(store_, "Form Position", "frmTest", "");
+    EXPECT_EQ(RestoreFormPosition(store_, "frmTest", {0, 0, 1125, 868}, 1024, 768).left, -50);
+    SaveFormPosition(store_, "frmTest", {-1, 2, 300, 400});
+    EXPECT_EQ(Probe(store_, {"Form Position", "frmTest"}), "-1,2,300,400");
 }
 
 struct RegistryMoveTest : SettingsTest {
