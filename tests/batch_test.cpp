@@ -99,20 +99,6 @@ TEST_F(BatchTest, EveryWordStandsOnItsTab) {
         }
 }
 
-TEST_F(BatchTest, ATurnedSheetIsFedShortEdgeFirst) {
-    const auto line = [](int tab) { return "A" + std::to_string(tab) + ",,"; };
-    Write("in.csv", TabFileText(5, 1, "0,0", 12, line, "DL_v"));
-    ASSERT_EQ(Batch("pdf in.csv -o out.pdf").code, 0);
-    const auto words = Words(folder / "out.pdf");
-    EXPECT_NEAR(words.at("").right, 110, 0.1);
-    EXPECT_NEAR(words.at("").bottom, 220, 0.1);
-    // The sheet's top lies along the left edge: a text's start is at the bottom, its line 21 to 31 mm from the left.
-    EXPECT_NEAR(words.at("A1").bottom, 220, kTolerance);
-    EXPECT_GE(words.at("A1").left, 21 * kMmPerUnit - kTolerance);
-    EXPECT_LE(words.at("A1").right, 31 * kMmPerUnit + kTolerance);
-    EXPECT_NEAR(words.at("A2").bottom, 220 - 51 * kMmPerUnit, kTolerance);
-}
-
 TEST_F(BatchTest, ThePdfIsSoundAndHasThePagesAskedFor) {
     Write("Môre.csv", TabFileText(0, 1, "0,0", 72, [](int tab) { return tab == 30 ? "Bêre office,," : "x,,"; }));
     ASSERT_EQ(Batch("pdf Môre.csv --pages 2,1-2 -o out.pdf").code, 0);

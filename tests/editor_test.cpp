@@ -19,14 +19,12 @@ struct EditorTest : ProgramTest {
 };
 
 TEST_F(EditorTest, TheFirstTabStandsWhereItAlwaysStood) {
-    MakeDocument(0, 1);
-    EXPECT_EQ(LayOutGrid(document)[0].boxes[0], (GridBox{0, 10, 3660, 750}));
-    MakeDocument(2, 2);
-    EXPECT_EQ(LayOutGrid(document)[0].boxes[0], (GridBox{0, 10, 3660, 325}));
-    EXPECT_EQ(LayOutGrid(document)[0].boxes[1], (GridBox{0, 385, 3660, 325}));
-    MakeDocument(5, 3);
-    EXPECT_EQ(LayOutGrid(document)[0].boxes[1], (GridBox{0, 400, 1360, 380}));
-    EXPECT_EQ(LayOutGrid(document)[0].boxes[2], (GridBox{1370, 400, 1360, 380}));
+    const std::tuple<int, int, std::size_t, GridBox> cases[] = {
+        {0, 1, 0, {0, 10, 3660, 750}}, {2, 2, 1, {0, 385, 3660, 325}}, {5, 3, 2, {1370, 400, 1360, 380}}};
+    for (const auto& [type, fields, field, box] : cases) {
+        MakeDocument(type, fields);
+        EXPECT_EQ(LayOutGrid(document)[0].boxes[field], box) << type;
+    }
 }
 
 TEST_F(EditorTest, SlotsRunRowByRowAndNoTwoBoxesMeet) {

@@ -296,8 +296,8 @@ std::string Sealed(const std::string& content) {
 }
 
 std::string CopyContent(const std::string& header, const std::string& tabs, const std::string& texts) {
-    return "0:\n5:UTF-8\n0:\n0:\n" + std::to_string(header.size()) + ":" + header + "\n" + std::to_string(tabs.size()) +
-           ":" + tabs + "\n" + texts;
+    const auto counted = [](const std::string& part) { return std::to_string(part.size()) + ":" + part + "\n"; };
+    return "0:\n5:UTF-8\n0:\n0:\n" + counted(header) + counted(tabs) + texts;
 }
 
 TEST_F(RecoveryTest, DamagedAndForeignFilesAreSkippedAndStay) {
@@ -358,9 +358,8 @@ TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
     std::string tooMany;
     for (int i = 0; i < 3 * 32767; ++i)
         tooMany += "0:\n";
-    const std::string cases[] = {CopyContent("no header", "0", ""), CopyContent("Version 8\r\nP,A4,0", "0", ""),
-                                 CopyContent(kHeader, "32767", tooMany)};
-    for (const std::string& content : cases) {
+    for (const std::string& content : {CopyContent("no header", "0", ""), CopyContent("Version 8\r\nP,A4,0", "0", ""),
+                                       CopyContent(kHeader, "32767", tooMany)}) {
         PutCopy("Open-x.recovery", Sealed(content));
         const auto list = store.List();
         ASSERT_EQ(list.size(), 1U);

@@ -68,6 +68,10 @@ public:
         test.Store("Settings", "Start with setup", "False");
         SaveDefaultMargins(test.settings, 0, "A4_8", {}); // a start that asks nothing
     }
+    /// Started, with a file of its own.
+    RunningProgram(int type, int fields, int pages, PrintSystem* printers = nullptr) : RunningProgram(printers) {
+        Start(type, fields, pages);
+    }
     void Start(const std::string& commandLine = "") {
         Main(program, commandLine, forms);
         window = forms.Window();

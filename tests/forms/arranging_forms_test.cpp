@@ -59,12 +59,12 @@ private slots:
             {"mnuSort", "Sort", {1, 2, 48}, "a48 a47 a1", "frmSort", {"optDescending"}},
             {"mnuRemoveDuplicates", "Remove Duplicates", {1, 2}, "a1 ", "frmRemoveDuplicates", {"chkField1"}},
         };
-        RunningProgram running;
-        running.Start(0, 2, 2);
+        RunningProgram running(0, 2, 2);
         const TabDocument& document = running.program.main.document;
         running.Trigger("mnuLastPage");
         running.Enter("TextA1(2)");
-        const std::array<FieldTexts, 3> start = {document.FieldA, document.FieldB, document.FieldC};
+        const auto texts = [&] { return std::array{document.FieldA, document.FieldB, document.FieldC}; };
+        const auto start = texts();
         for (const Step& step : steps) {
             Run(running, step);
             QCOMPARE(Texts(running, step.places), QString(step.texts));
@@ -72,16 +72,14 @@ private slots:
             QCOMPARE(running.test.Stored("Settings", "No Of Pages"), std::to_string(document.NoOfPages));
             QVERIFY(running.window->isWindowModified());
             running.Trigger("mnuUndo");
-            QVERIFY((start == std::array<FieldTexts, 3>{document.FieldA, document.FieldB, document.FieldC}));
-            QVERIFY(!running.window->isWindowModified());
+            QVERIFY(texts() == start && !running.window->isWindowModified());
             QCOMPARE(running.Panel(4), QString("Pg No: 2 of 2"));
             running.Enter("TextA1(2)");
         }
     }
 
     void keysMoveATabAndTheFieldInUseStays() {
-        RunningProgram running;
-        running.Start(0, 2, 2);
+        RunningProgram running(0, 2, 2);
         running.Enter("TextA2(24)");
         running.Press(Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(running.Panel(4), QString("Pg No: 2 of 2"));
@@ -94,8 +92,7 @@ private slots:
     }
 
     void goToShowsWhereItLeads() {
-        RunningProgram running;
-        running.Start(0, 2, 3);
+        RunningProgram running(0, 2, 3);
         const std::tuple<const char*, int, const char*> places[] = {{"3", 0, "TextA1(1) No of tabs: 49 of 72: a49"},
                                                                     {"3", 1, "TextA1(3) No of tabs: 3 of 72: a3"},
                                                                     {"A7", 1, "TextA1(22) No of tabs: 70 of 72: a7"}};
@@ -119,8 +116,7 @@ private slots:
     }
 
     void markedTabsGoToTheClipboardAndBack() {
-        RunningProgram running;
-        running.Start(0, 2, 2);
+        RunningProgram running(0, 2, 2);
         const auto press = [&](int key) { running.Press(key, Qt::ControlModifier); };
         running.Enter("TextA2(2)");
         running.program.main.editor->MarkTabs({2, 4});
@@ -145,8 +141,7 @@ private slots:
     }
 
     void whatIsPastedOrDeletedWithoutMarksIsText() {
-        RunningProgram running;
-        running.Start(0, 1, 1);
+        RunningProgram running(0, 1, 1);
         running.Enter("TextA1(24)");
         QApplication::clipboard()->setText("x\r\ny\r\n");
         running.test.ui.Expect("Add 1 page?", Icon::Question, Buttons::YesNo, Answer::Yes);

@@ -33,8 +33,7 @@ private slots:
     void init() { FailOnWarnings(); }
 
     void findGoesFromMatchToMatchAndReplaces() {
-        RunningProgram running;
-        running.Start(0, 2, 3);
+        RunningProgram running(0, 2, 3);
         Type(running, "TextA2(3)", "\u00c9t\u00e9 B");
         running.Trigger("mnuFind");
         auto* form = running.window->findChild<frmFind*>();
@@ -85,8 +84,7 @@ private slots:
     }
 
     void findCountsMarksAndGoesOnOverPages() {
-        RunningProgram running;
-        running.Start(0, 2, 3);
+        RunningProgram running(0, 2, 3);
         SheetWithMarks marks;
         running.program.main.editor.Take(marks);
         running.Trigger("mnuFind");
@@ -127,8 +125,7 @@ private slots:
             QVERIFY(!place.intersects(spot) && screen.contains(place));
         }
         QCOMPARE(placed(screen), frame); // nowhere to go
-        RunningProgram running;
-        running.Start(0, 1, 1);
+        RunningProgram running(0, 1, 1);
         running.Trigger("mnuFind");
         auto* form = running.window->findChild<frmFind*>();
         const QWidget& box = *running.Box("TextA1(11)");

@@ -75,8 +75,7 @@ private slots:
     void everyTypeShowsItsBoxesInsideTheSheet() {
         for (int type = 0; type < 6; ++type)
             for (int fields = 1; fields <= 3; ++fields) {
-                RunningProgram running;
-                running.Start(type, fields, 1);
+                RunningProgram running(type, fields, 1);
                 const auto boxes = running.window->findChildren<QLineEdit*>();
                 QCOMPARE(boxes.size(), FindTabType(type)->TabsPerPage() * fields);
                 for (const QLineEdit* box : boxes)
@@ -87,8 +86,7 @@ private slots:
     }
 
     void changesSurviveAMoveAndAreTakenBackOneByOne() {
-        RunningProgram running;
-        running.Start(0, 1, 2);
+        RunningProgram running(0, 1, 2);
         running.Enter("TextA1(2)")->selectAll();
         QTest::keyClicks(running.Box("TextA1(2)"), "first");
         running.Trigger("mnuLastPage");
@@ -113,8 +111,7 @@ private slots:
     }
 
     void theToolbarRepeatsTheMenusWithWordsWhereThereIsRoom() {
-        RunningProgram running;
-        running.Start(0, 1, 2);
+        RunningProgram running(0, 1, 2);
         auto* bar = running.window->findChild<QToolBar*>("Toolbar2");
         const auto buttons = bar->actions();
         QCOMPARE(buttons.size(), 22);
@@ -188,8 +185,7 @@ private slots:
     }
 
     void whatWasTypedSurvivesAFailedOpen() {
-        RunningProgram running;
-        running.Start(0, 1, 1);
+        RunningProgram running(0, 1, 1);
         running.program.main.document.DocFileName.clear();
         running.Box("TextA1(3)")->selectAll();
         QTest::keyClicks(running.Box("TextA1(3)"), "typed");
@@ -204,8 +200,7 @@ private slots:
     }
 
     void aBoxTakesOneLineUpToItsLimit() {
-        RunningProgram running;
-        running.Start(0, 3, 1);
+        RunningProgram running(0, 3, 1);
         QLineEdit* box = running.Box("TextA1(1)");
         box->selectAll();
         QApplication::clipboard()->setText("one\r\ntwo\tthree");
@@ -236,8 +231,7 @@ private slots:
     }
 
     void aSmallWindowScrolls() {
-        RunningProgram running;
-        running.Start(3, 3, 1);
+        RunningProgram running(3, 3, 1);
         running.window->resize(1000, 700);
         auto* bar = running.window->findChild<QScrollBar*>("FlatScrollBar1");
         QTRY_COMPARE(bar->maximum(), 0);
@@ -248,8 +242,7 @@ private slots:
     }
 
     void whatIsTypedIsKeptWhileAPersonGoesOn() {
-        RunningProgram running;
-        running.Start(0, 1, 1);
+        RunningProgram running(0, 1, 1);
         const fs::path recovery = running.test.folder / "Recovery";
         fs::path kept;
         const auto isKept = [&](const char* text) {
@@ -322,8 +315,7 @@ private slots:
     void typesUntilItIsEnded() {
         if (qEnvironmentVariableIsEmpty(kTypes))
             return;
-        RunningProgram running;
-        running.Start(0, 1, 1);
+        RunningProgram running(0, 1, 1);
         const Endings endings([&] { running.window->Leave(); });
         running.Box("TextA1(1)")->clear();
         QTest::keyClicks(running.Box("TextA1(1)"), "just typed");

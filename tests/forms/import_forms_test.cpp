@@ -185,11 +185,9 @@ private slots:
         request.operation = "SAVE";
         request.chosenFilter = 0;
         const DialogAnswer save("", [](QDialog& dialog) {
-            auto& chooser = dynamic_cast<QFileDialog&>(dialog);
-            QCOMPARE(chooser.defaultSuffix(), QString("csv"));
-            auto* types = chooser.findChild<QComboBox*>("fileTypeCombo");
-            QTest::keyClick(types, Qt::Key_End);
-            chooser.findChild<QLineEdit*>("fileNameEdit")->setText("velmora-no-such-file");
+            QCOMPARE(dynamic_cast<QFileDialog&>(dialog).defaultSuffix(), QString("csv"));
+            QTest::keyClick(&Get<QComboBox>(dialog, "fileTypeCombo"), Qt::Key_End);
+            Get<QLineEdit>(dialog, "fileNameEdit").setText("velmora-no-such-file");
             dialog.accept();
         });
         const auto chosen = QtUserInterface().ChooseFile(request);

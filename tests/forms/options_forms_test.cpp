@@ -66,7 +66,7 @@ private slots:
         QVERIFY(running.test.Stored("Form Position", "Options") != "(none)");
     }
 
-    void theAboutBoxNamesTheVersion() {
+    void theAboutBoxNamesTheVersionAndAPictureThatIsNoneIsSaid() {
         RunningProgram running;
         running.Start();
         frmAbout form(running.program, running.window);
@@ -77,6 +77,12 @@ private slots:
         Click(form, "cmdSysInfo");
         Click(form, "cmdOk");
         QVERIFY(running.test.Stored("Form Position", "about") != "(none)");
+        ReplaceFile(running.test.folder / "Images/tab.gif", "no picture");
+        for (const char* name : {"tab.gif", "none.gif"}) {
+            running.test.ui.Expect("The program could not load the '" + std::string(name) + "' picture file.",
+                                   Icon::Information);
+            QVERIFY(LoadTabPicture(running.program.main, name).isNull());
+        }
     }
 
     void theSettingsEditorWritesListsAndRemembers() {
@@ -172,17 +178,17 @@ private slots:
         help.ShowPage("welcome");
         auto* page = help.findChild<QTextBrowser*>("txtPage");
         auto* tree = help.findChild<QTreeWidget*>("treContents");
-        QCOMPARE(tree->currentItem()->text(0), QString("Welcome to Velmora"));
-        help.findChild<QLineEdit*>("txtSearch")->setText("used FEED bend");
-        auto* hits = help.findChild<QListWidget*>("lstHits");
-        QCOMPARE(hits->count(), 1);
-        QVERIFY(!hits->item(0)->text().contains("See also"));
-        hits->setCurrentRow(0);
-        QCOMPARE(page->source().fileName(), QString("used-sheets.html"));
+        const auto place = [&] { return page->source().fileName() + " " + tree->currentItem()->text(0); };
+        QCOMPARE(place(), QString("welcome.html Welcome to Velmora"));
+        Get<QLineEdit>(help, "txtSearch").setText("used FEED bend");
+        auto& hits = Get<QListWidget>(help, "lstHits");
+        QCOMPARE(hits.count(), 1);
+        QVERIFY(!hits.item(0)->text().contains("See also"));
+        hits.setCurrentRow(0);
+        QCOMPARE(place(), QString("used-sheets.html Partly used sheets"));
         QVERIFY(page->extraSelections().size() > 2);
-        QCOMPARE(tree->currentItem()->text(0), QString("Partly used sheets"));
         help.findChild<QAction*>("cmdBack")->trigger();
-        QCOMPARE(page->source().fileName(), QString("welcome.html"));
+        QCOMPARE(place(), QString("welcome.html Welcome to Velmora"));
         int shown = 0;
         for (QTreeWidgetItemIterator item(tree); *item; ++item) {
             tree->setCurrentItem(*item);
@@ -203,17 +209,6 @@ private slots:
         running.Trigger("mnuOptTabHelp");
         QCOMPARE(viewer.opened, running.test.folder / "HELP70.chm");
         QVERIFY(!running.window->findChild<frmHelp*>());
-    }
-
-    void aPictureThatIsNoneIsSaidAndNotSearchedFor() {
-        RunningProgram running;
-        running.Start();
-        ReplaceFile(running.test.folder / "Images/tab.gif", "no picture");
-        for (const char* name : {"tab.gif", "none.gif"}) {
-            running.test.ui.Expect("The program could not load the '" + std::string(name) + "' picture file.",
-                                   Icon::Information);
-            QVERIFY(LoadTabPicture(running.program.main, name).isNull());
-        }
     }
 };
 

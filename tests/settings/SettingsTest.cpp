@@ -186,19 +186,14 @@ TEST_F(SettingsTest, RegistryErrorsAreReported) {
 }
 
 TEST_F(SettingsTest, AWindowReturnsToItsPlaceOrToTheMiddle) {
-    const FormPosition window = {0, 0, 401, 300};
-    const FormPosition middle = {311, 234, 401, 300}; // of a screen of 1024 x 768
-    const std::tuple<const char*, FormPosition> cases[] = {{"", middle},
-                                                           {"120", middle},
-                                                           {"10,20,30", middle},
-                                                           {"a,b,c,d", middle},
-                                                           {"10,20,0,40", middle},
-                                                           {"1025,20,30,40", middle},
-                                                           {"10,769,30,40", middle},
-                                                           {"99999999999,1,2,3", middle},
-                                                           {"1024,768,30,40", {1024, 768, 30, 40}},
-                                                           {" -5, -6 ,500,400", {-5, -6, 500, 400}},
-                                                           {"1,2,3,4,5", {1, 2, 3, 4}}};
+    const FormPosition window = {0, 0, 401, 300}, middle = {311, 234, 401, 300}; // of a screen of 1024 x 768
+    for (const char* none :
+         {"", "120", "10,20,30", "a,b,c,d", "10,20,0,40", "1025,20,30,40", "10,769,30,40", "99999999999,1,2,3"}) {
+        SaveSetting(store_, "Form Position", "frmTest", none);
+        EXPECT_EQ(RestoreFormPosition(store_, "frmTest", window, 1024, 768), middle) << none;
+    }
+    const std::tuple<const char*, FormPosition> cases[] = {
+        {"1024,768,30,40", {1024, 768, 30, 40}}, {" -5, -6 ,500,400", {-5, -6, 500, 400}}, {"1,2,3,4,5", {1, 2, 3, 4}}};
     for (const auto& [stored, place] : cases) {
         SaveSetting(store_, "Form Position", "frmTest", stored);
         EXPECT_EQ(RestoreFormPosition(store_, "frmTest", window, 1024, 768), place) << stored;
