@@ -2,7 +2,6 @@
 #include "editor/GridLayout.h"
 #include "editor/GridMoves.h"
 #include "editor/GridZoom.h"
-#include "editor/TabMarks.h"
 #include "tests/support/ProgramTest.h"
 #include "workspace/Pages.h"
 #include "workspace/ReplaceDocument.h"
@@ -50,16 +49,6 @@ TEST_F(EditorTest, SlotsRunRowByRowAndNoTwoBoxesMeet) {
     EXPECT_EQ(cells[6].boxes[0].left, cells[0].boxes[0].left);
 }
 
-TEST_F(EditorTest, EnteringABoxSetsTheCurrentTab) {
-    MakeDocument(0, 1);
-    document.CurrentPage = 3;
-    EnterBox(main, 5);
-    EXPECT_EQ(document.CurrentTab, 53);
-    document.CurrentPage = 1366;
-    EnterBox(main, 24);
-    EXPECT_EQ(document.CurrentTab, 53) << "a number beyond 16 bits changes nothing";
-}
-
 TEST_F(EditorTest, KeysLeadOverThePagesOfTheWholeDocument) {
     MakeDocument(1, 2); // 48 tabs in rows of 6
     document.CurrentTab = 2;
@@ -89,24 +78,6 @@ TEST_F(EditorTest, KeysLeadOverThePagesOfTheWholeDocument) {
     for (const Row& row : rows)
         EXPECT_EQ(PlaceAfter(row.move, row.from, document), row.to)
             << static_cast<int>(row.move) << " from " << row.from.tab;
-}
-
-TEST(TabMarks, ARangeRunsFromWhereTheMarkingBegan) {
-    TabMarks marks;
-    marks.BeginAt(5);
-    EXPECT_TRUE(marks.Empty());
-    marks.ExtendTo(7);
-    marks.ExtendTo(3);
-    EXPECT_EQ(marks.Tabs(), (TabNumbers{3, 4, 5}));
-    EXPECT_TRUE(marks.Has(3) && !marks.Has(6));
-    marks.Toggle(9);
-    marks.Toggle(4);
-    EXPECT_EQ(marks.Tabs(), (TabNumbers{3, 5, 9}));
-    marks.ExtendTo(5);
-    EXPECT_EQ(marks.Tabs(), (TabNumbers{4, 5})) << "from the tab toggled last";
-    marks.BeginAt(2);
-    marks.Toggle(8);
-    EXPECT_EQ(marks.Tabs(), (TabNumbers{2, 8})) << "the tab in use belongs to what is marked first";
 }
 
 TEST_F(EditorTest, TheZoomIsRememberedAndStaysWithinItsLimits) {

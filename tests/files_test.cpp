@@ -21,12 +21,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
+struct AtomicFileTest : testing::Test {
+    TemporaryFolder folder;
+    fs::path path = folder / "a.csv";
+    std::ptrdiff_t Files() { return std::distance(fs::directory_iterator(folder.Path()), {}); }
+};
+
 struct FileStatus : stat {
     explicit FileStatus(const fs::path& path) : stat{} { ::lstat(path.c_str(), this); }
 };
 
-TEST(AtomicFileTest, LinksAndPermissionsSurvive) {
-    const TemporaryFolder folder;
+TEST_F(AtomicFileTest, LinksAndPermissionsSurvive) {
     ReplaceFile(folder / "real.csv", "old");
     ::chmod((folder / "real.csv").c_str(), 0640);
     fs::create_symlink("real.csv", folder / "link.csv");
@@ -41,28 +46,26 @@ TEST(AtomicFileTest, LinksAndPermissionsSurvive) {
     const FileStatus status(folder / "real.csv");
     EXPECT_EQ(status.st_mode & 0777, 0640u);
     EXPECT_TRUE(!isRoot || (status.st_uid == 12 && status.st_gid == 34));
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2) << "a temporary file stayed behind";
+    EXPECT_EQ(Files(), 2) << "a temporary file stayed behind";
 }
 
-TEST(AtomicFileTest, AWritableFileInAFolderThatIsNotIsOverwrittenInPlace) {
+TEST_F(AtomicFileTest, AWritableFileInAFolderThatIsNotIsOverwrittenInPlace) {
+    ReplaceFile(path, "old");
+    fs::permissions(path, fs::perms(0666));
+    fs::permissions(folder.Path(), fs::perms(0555));
     if (::geteuid() == 0 && ::seteuid(65534) != 0)
         GTEST_SKIP() << "root may write everywhere";
-    {
-        const TemporaryFolder folder;
-        ReplaceFile(folder / "a.csv", "old");
-        fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_exec);
-        ReplaceFile(folder / "a.csv", "new");
-        EXPECT_EQ(ReadFile(folder / "a.csv"), "new");
-        EXPECT_THROW(ReplaceFile(folder / "b.csv", "x"), FileAccessError);
-        fs::permissions(folder / "a.csv", fs::perms::owner_read);
-        EXPECT_THROW(ReplaceFile(folder / "a.csv", "newer"), FileAccessError);
-    }
+    ReplaceFile(path, "new");
+    EXPECT_EQ(ReadFile(path), "new");
+    EXPECT_THROW(ReplaceFile(folder / "b.csv", "x"), FileAccessError);
+    ASSERT_EQ(::seteuid(::getuid()), 0);
+    fs::permissions(path, fs::perms(0444));
+    ASSERT_EQ(::getuid() == 0 ? ::seteuid(65534) : 0, 0);
+    EXPECT_THROW(ReplaceFile(path, "newer"), FileAccessError);
     ASSERT_EQ(::seteuid(::getuid()), 0);
 }
 
-TEST(AtomicFileTest, NoMorePeopleMayReadThanBefore) {
-    const TemporaryFolder folder;
-    const fs::path path = folder / "a.csv";
+TEST_F(AtomicFileTest, NoMorePeopleMayReadThanBefore) {
     const auto mode = [](const fs::path& file) { return FileStatus(file).st_mode & 0777; };
     ReplaceFile(path, "old");
     ::chmod(path.c_str(), 0644);
@@ -90,9 +93,7 @@ std::string AccessList() {
     return bytes.append(reinterpret_cast<const char*>(entries), sizeof entries);
 }
 
-TEST(AtomicFileTest, AttributesAndAccessListsSurvive) {
-    const TemporaryFolder folder;
-    const fs::path path = folder / "a.csv";
+TEST_F(AtomicFileTest, AttributesAndAccessListsSurvive) {
     ReplaceFile(path, "old");
     const std::pair<const char*, std::string> attributes[] = {{"user.note", "kept"},
                                                               {"system.posix_acl_access", AccessList()}};
@@ -137,29 +138,26 @@ void EndWhileWriting(int signal, const fs::path& folder) {
     ::close(ready[1]);
 }
 
-TEST(AtomicFileTest, WhatEndsLeavesNoLitterForLong) {
-    const TemporaryFolder folder;
+TEST_F(AtomicFileTest, WhatEndsLeavesNoLitterForLong) {
     const std::string before = std::getenv("TMPDIR") ? std::getenv("TMPDIR") : "";
     ::setenv("TMPDIR", folder.Path().c_str(), 1);
-    const auto files = [&] { return std::distance(fs::directory_iterator(folder.Path()), {}); };
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         EndWhileWriting(signal, folder.Path());
-        EXPECT_EQ(files(), 0) << signal;
+        EXPECT_EQ(Files(), 0) << signal;
     }
     EndWhileWriting(SIGKILL, folder.Path());
-    EXPECT_EQ(files(), 2);
+    EXPECT_EQ(Files(), 2);
     {
         const AtomicFile running(folder / "b.csv");
         const TemporaryFile other(".pdf");
-        EXPECT_EQ(files(), 2) << "what was left is removed";
+        EXPECT_EQ(Files(), 2) << "what was left is removed";
         const AtomicFile beside(folder / "b.csv");
-        EXPECT_EQ(files(), 3) << "what is in use stays";
+        EXPECT_EQ(Files(), 3) << "what is in use stays";
     }
     before.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", before.c_str(), 1);
 }
 
-TEST(AtomicFileTest, WhoTidiesUpTakesWhatHasAName) {
-    const TemporaryFolder folder;
+TEST_F(AtomicFileTest, WhoTidiesUpTakesWhatHasAName) {
     const auto open = [&](int flags) { return ::open((folder / "a").c_str(), O_CREAT | O_CLOEXEC | flags, 0600); };
     const SystemFile file(open(O_RDWR));
     const SystemFile tidying(open(O_RDWR));
@@ -185,8 +183,7 @@ TEST(AtomicFileTest, WhoTidiesUpTakesWhatHasAName) {
     EXPECT_FALSE(fs::exists(folder / "held"));
 }
 
-TEST(AtomicFileTest, RefusalsNameThePathAndTheCause) {
-    const TemporaryFolder folder;
+TEST_F(AtomicFileTest, RefusalsNameThePathAndTheCause) {
     EXPECT_THROW(ReplaceFile(folder.Path(), "x"), FileAccessError);
     EXPECT_THROW(ReadFile(folder.Path()), FileAccessError);
     EXPECT_THROW(ReplaceFile(folder / "none/a.csv", "x"), FileAccessError);

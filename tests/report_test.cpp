@@ -92,13 +92,5 @@ TEST_F(ReportTest, TabsFlowAroundUsedSlots) {
     EXPECT_THROW(Report(all), Error);
 }
 
-TEST_F(ReportTest, APartPageEndsTheRun) {
-    MakeDocument(0);
-    rptVelmor report(layout);
-    for (const std::int32_t tabs : {25, 0, 48})
-        EXPECT_THROW(report.InitArray("PRINT", tabs, 8, 3, 1, false, document), SubscriptError) << tabs;
-    EXPECT_THROW(report.InitArray("TEST", 32784, 8, 3, 1, false, document), OverflowError);
-}
-
 } // namespace
 } // namespace velmora

@@ -13,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace velmora {
@@ -256,14 +255,13 @@ TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {
 
 TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
     const std::string key = "SOFTWARE\\Corvane Series\\Velmora\\Paths";
-    test.registry.Set(key, "Application", std::string("C:\\Velmora\\"));
-    test.registry.Set(key, "Images", std::string("C:\\Velmora\\Images\\"));
-    EXPECT_EQ(Start(), StartOutcome::Running);
-    EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
-    EXPECT_FALSE(HasOldSettings(test.settings));
-    test.registry.Set(key, "Application", std::string("C:\\Velmora\\"));
-    EXPECT_EQ(Start(), StartOutcome::Running);
-    EXPECT_TRUE(HasOldSettings(test.settings)) << "moved only while there is no INI file";
+    for (const bool moved : {true, false}) { // while there is no INI file
+        for (const char* path : {"Application", "Images"})
+            test.registry.Set(key, path, std::string("C:\\Velmora\\Images\\"));
+        EXPECT_EQ(Start(), StartOutcome::Running);
+        EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
+        EXPECT_EQ(HasOldSettings(test.settings), !moved);
+    }
 }
 
 /// The administrator may do everything: for a while, somebody else.

@@ -16,7 +16,6 @@
 #include "widgets/WizardFrame.h"
 
 #include <QListView>
-#include <QPushButton>
 #include <QTimer>
 
 namespace {
@@ -79,7 +78,7 @@ class AccessibilityFormsTest : public QObject {
         frmHelp help(running.test.settings, nullptr);
         help.ShowPage("welcome");
         Look(help);
-        help.findChild<QLineEdit*>("txtSearch")->setText("page");
+        Get<QLineEdit>(help, "txtSearch").setText("page");
         Look(help);
     }
     void LookAtPreview(RunningProgram& running) {

@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QListWidget>
 #include <QMimeData>
 #include <QProcess>

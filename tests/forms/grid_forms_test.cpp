@@ -6,7 +6,6 @@
 #include "workspace/TakePageBack.h"
 
 #include <QImage>
-#include <QLabel>
 
 namespace {
 

@@ -77,14 +77,11 @@ private slots:
         PageStrip& strip = Strip(running);
         QTest::keyClicks(running.Enter("TextA1(5)"), "typed");
         QTest::keyClick(running.window, Qt::Key_F6);
-        const std::pair<Qt::Key, const char*> moves[] = {{Qt::Key_Down, "Pg No: 2 of 4"},
-                                                         {Qt::Key_End, "Pg No: 4 of 4"},
-                                                         {Qt::Key_Up, "Pg No: 3 of 4"},
-                                                         {Qt::Key_PageUp, "Pg No: 2 of 4"},
-                                                         {Qt::Key_Home, "Pg No: 1 of 4"}};
+        const std::pair<Qt::Key, int> moves[] = {
+            {Qt::Key_Down, 2}, {Qt::Key_End, 4}, {Qt::Key_Up, 3}, {Qt::Key_PageUp, 2}, {Qt::Key_Home, 1}};
         for (const auto& [key, page] : moves) {
             running.Press(key);
-            QCOMPARE(running.Panel(4), QString(page));
+            QCOMPARE(running.Panel(4), QString("Pg No: %1 of 4").arg(page));
             QVERIFY(strip.hasFocus());
         }
         QCOMPARE(running.program.main.document.FieldA(5), std::string("typeda5"));
