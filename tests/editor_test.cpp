@@ -1,9 +1,7 @@
-// The grid of boxes as numbers, and what a box does when it is entered and typed in.
+// The grid of boxes as numbers. Where keys lead: grid_forms_test.cpp.
 #include "editor/GridLayout.h"
-#include "editor/GridMoves.h"
 #include "editor/GridZoom.h"
 #include "tests/support/ProgramTest.h"
-#include "workspace/Pages.h"
 #include "workspace/ReplaceDocument.h"
 
 namespace velmora {
@@ -47,37 +45,6 @@ TEST_F(EditorTest, SlotsRunRowByRowAndNoTwoBoxesMeet) {
     const auto cells = LayOutGrid(document);
     EXPECT_EQ(cells[5].boxes[0].top, cells[0].boxes[0].top);
     EXPECT_EQ(cells[6].boxes[0].left, cells[0].boxes[0].left);
-}
-
-TEST_F(EditorTest, KeysLeadOverThePagesOfTheWholeDocument) {
-    MakeDocument(1, 2); // 48 tabs in rows of 6
-    document.CurrentTab = 2;
-    AddPage(main);
-    ASSERT_EQ(document.TabCount, 96);
-    document.FieldB(50) = "last";
-    struct Row {
-        GridMove move;
-        TabBox from;
-        std::optional<TabBox> to;
-    };
-    const Row rows[] = {{GridMove::NextBox, {5, 0}, TabBox{5, 1}},
-                        {GridMove::NextBox, {48, 1}, TabBox{49, 0}},
-                        {GridMove::NextBox, {96, 1}, std::nullopt},
-                        {GridMove::PreviousBox, {49, 0}, TabBox{48, 1}},
-                        {GridMove::PreviousBox, {1, 0}, std::nullopt},
-                        {GridMove::NextTab, {48, 1}, TabBox{49, 1}},
-                        {GridMove::PreviousTab, {1, 1}, std::nullopt},
-                        {GridMove::Up, {50, 1}, TabBox{44, 1}},
-                        {GridMove::Up, {6, 0}, std::nullopt},
-                        {GridMove::Down, {44, 0}, TabBox{50, 0}},
-                        {GridMove::Down, {91, 0}, std::nullopt},
-                        {GridMove::RowStart, {12, 1}, TabBox{7, 1}},
-                        {GridMove::RowEnd, {7, 0}, TabBox{12, 0}},
-                        {GridMove::FirstTab, {70, 1}, TabBox{1, 1}},
-                        {GridMove::LastFilledTab, {70, 0}, TabBox{50, 0}}};
-    for (const Row& row : rows)
-        EXPECT_EQ(PlaceAfter(row.move, row.from, document), row.to)
-            << static_cast<int>(row.move) << " from " << row.from.tab;
 }
 
 TEST_F(EditorTest, TheZoomIsRememberedAndStaysWithinItsLimits) {

@@ -87,6 +87,8 @@ private slots:
             {Qt::Key_Up, Qt::NoModifier, "TextA2(48) Pg No: 1 of 2"},
             {Qt::Key_Home, Qt::ControlModifier, "TextA2(1) Pg No: 1 of 2"},
             {Qt::Key_Up, Qt::NoModifier, "TextA2(1) Pg No: 1 of 2"},
+            {Qt::Key_Return, Qt::ShiftModifier, "TextA2(1) Pg No: 1 of 2"},
+            {Qt::Key_Backtab, Qt::ShiftModifier, "TextA1(1) Pg No: 1 of 2"},
             {Qt::Key_Backtab, Qt::ShiftModifier, "TextA1(1) Pg No: 1 of 2"},
             {Qt::Key_End, Qt::NoModifier, "TextA1(1) Pg No: 1 of 2"}, // of the text
             {Qt::Key_End, Qt::NoModifier, "TextA1(6) Pg No: 1 of 2"},
@@ -112,6 +114,8 @@ private slots:
         running.Press(Qt::Key_Tab);
         QCOMPARE(at(), QString("TextA1(1) Pg No: 3 of 3"));
         QCOMPARE(running.program.main.document.FieldA(96), std::string("typed"));
+        running.Press(Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(at(), QString("TextA1(48) Pg No: 2 of 3")); // the last that is filled
     }
 
     void tabsAreMarkedByKeysAndMouse() {
