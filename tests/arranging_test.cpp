@@ -272,6 +272,9 @@ TEST_F(ArrangingTest, ABlockGoesWhereItWouldInASpreadsheet) {
         int pages = 1;
     };
     const std::string leftOut = "Texts without a field to go to, which will be left out: 1\r\n";
+    const std::string more = leftOut + "Texts over the length of their field, which will be cut: 1\r\n"
+                                       "Do you want to add 2 pages and paste the rest?";
+    const std::string large = "a\tb\tc\n" + std::string(47, '\n') + std::string(21, 'x');
     const Case cases[] = {{{2}, 1, "x\ny\n", "", "1,1 2,x 3,y 4,4"},
                           {{2, 4}, 1, "x\n", "", "1,1 2,x 3,3 4,x"},
                           {{2, 4}, 0, "x\ty\n", "", "1,1 x,y 3,3 x,y"},
@@ -279,13 +282,7 @@ TEST_F(ArrangingTest, ABlockGoesWhereItWouldInASpreadsheet) {
                           {{24}, 0, "1\n\n\n\t \n", "", "1,1 2,2 3,3 4,4"},
                           {{1}, 0, "x\ty\tz\n", leftOut + "Do you want to paste the rest?", "x,y 2,2 3,3 4,4"},
                           {{24}, 0, std::string(24, '\n') + "x", "Add 1 page?", "1,1 2,2 3,3 4,4", 2},
-                          {{1},
-                           0,
-                           "a\tb\tc\n" + std::string(47, '\n') + std::string(21, 'x'),
-                           leftOut + "Texts over the length of their field, which will be cut: 1\r\n"
-                                     "Do you want to add 2 pages and paste the rest?",
-                           "a,b ,2 ,3 ,4",
-                           3}};
+                          {{1}, 0, large, more, "a,b ,2 ,3 ,4", 3}};
     for (const Case& row : cases)
         for (const Answer answer : {Answer::No, Answer::Yes}) {
             SCOPED_TRACE(row.text + " " + row.question);

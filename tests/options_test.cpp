@@ -255,8 +255,7 @@ TEST_F(OptionsTest, ProgramsAreStartedWithoutAShell) {
     LinuxDesktop desktop([&](const char* name) {
         return std::string(name) == "PATH" ? std::optional("/nowhere:" + bin.string()) : std::nullopt;
     });
-    EXPECT_FALSE(desktop.OpenFile(program.folder / "a.chm"));
-    EXPECT_FALSE(desktop.StartSystemInformation());
+    EXPECT_FALSE(desktop.OpenFile(program.folder / "a.chm") || desktop.StartSystemInformation());
     const std::string opened = (program.folder / "opened").string();
     ReplaceFile(bin / "xdg-open",
                 "#!/bin/sh\nprintf %s \"$1\" >" + opened + ".part\nmv " + opened + ".part " + opened + "\n");
@@ -269,8 +268,7 @@ TEST_F(OptionsTest, ProgramsAreStartedWithoutAShell) {
     while (!fs::exists(opened) && std::chrono::steady_clock::now() < deadline)
         std::this_thread::yield();
     EXPECT_EQ(ReadFile(opened), odd.string());
-    EXPECT_FALSE(desktop.StartProgram(bin / "broken"));
-    EXPECT_FALSE(desktop.StartProgram("xdg-open"));
+    EXPECT_FALSE(desktop.StartProgram(bin / "broken") || desktop.StartProgram("xdg-open"));
 }
 
 } // namespace
