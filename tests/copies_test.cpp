@@ -32,10 +32,8 @@ struct CopiesTest : testing::Test {
 
     pid_t Start(const std::string& command) {
         const pid_t child = ::fork();
-        if (child == 0) {
-            ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
-            ::_exit(127);
-        }
+        if (child == 0)
+            ::_exit(::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr));
         return child;
     }
     pid_t StartWriter(int number) {
@@ -55,9 +53,8 @@ struct CopiesTest : testing::Test {
 std::ptrdiff_t CountKeys(const std::string& text) {
     std::ptrdiff_t keys = 0;
     for (const std::string_view line : Split(text, '\n')) {
-        const bool isKey = line.find('=') != std::string_view::npos;
-        keys += isKey ? 1 : 0;
-        if (!line.empty() && (!line.ends_with('\r') || (!isKey && line != "\r" && !line.ends_with("]\r"))))
+        keys += line.find('=') != std::string_view::npos ? 1 : 0;
+        if (!line.empty() && (!line.ends_with('\r') || (line.find_first_of("=]") == line.npos && line != "\r")))
             return -1;
     }
     return text.starts_with(kMark) && text.ends_with("\r\n") ? keys : -1;

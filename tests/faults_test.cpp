@@ -26,10 +26,8 @@ constexpr Fault kFaults[] = {Fault::NoSpace,    Fault::Quota,      Fault::InputO
 
 /// What a child process came to.
 struct Ending {
-    bool killed = false;
-    bool failed = false;    ///< with an error, which a person would have read
-    bool namedCopy = false; ///< which said where the whole text is
-    int calls = 0;
+    bool killed, failed, namedCopy; ///< with an error, which a person would have read; which said where the text is
+    int calls;
 };
 
 /// The faults that are tried at a call.
@@ -45,30 +43,25 @@ Ending Suffer(Fault fault, int at, const std::function<void()>& work) {
     EXPECT_EQ(::pipe(pipe), 0);
     const pid_t child = ::fork();
     if (child == 0) {
-        bool failed = false;
-        bool named = false;
+        int code = 0;
         ArmFault(fault, at);
         try {
             work();
         } catch (const std::exception& error) {
-            failed = true;
-            named = std::string_view(error.what()).find(".whole]") != std::string_view::npos;
+            code = std::string_view(error.what()).find(".whole]") != std::string_view::npos ? 2 : 1;
         }
         const int calls = DisarmFault();
         [[maybe_unused]] const ssize_t told = ::write(pipe[1], &calls, sizeof calls);
-        ::_exit(named ? 2 : failed ? 1 : 0);
+        ::_exit(code);
     }
-    Ending ending;
-    int status = 0;
+    int status = 0, calls = 0;
     ::waitpid(child, &status, 0);
     ::close(pipe[1]);
-    [[maybe_unused]] const ssize_t got = ::read(pipe[0], &ending.calls, sizeof ending.calls);
+    [[maybe_unused]] const ssize_t got = ::read(pipe[0], &calls, sizeof calls);
     ::close(pipe[0]);
-    ending.killed = WIFSIGNALED(status);
-    ending.failed = !ending.killed && WEXITSTATUS(status) != 0;
-    ending.namedCopy = !ending.killed && WEXITSTATUS(status) == 2;
-    EXPECT_TRUE(ending.killed || WEXITSTATUS(status) <= 2) << "a sanitizer ended it";
-    return ending;
+    const bool killed = WIFSIGNALED(status);
+    EXPECT_TRUE(killed || WEXITSTATUS(status) <= 2) << "a sanitizer ended it";
+    return {killed, !killed && WEXITSTATUS(status) != 0, !killed && WEXITSTATUS(status) == 2, calls};
 }
 
 /// Runs `check` after every fault that is tried; `prepare` makes what each begins with.
@@ -108,20 +101,13 @@ struct FaultsTest : testing::Test {
         EXPECT_TRUE(ending.killed || whole || ending.namedCopy) << "nothing says where the text is";
         ReplaceFile(file, old);
         EXPECT_EQ(ReadFile(file), old);
-        const auto isHidden = [](const fs::directory_entry& entry) {
-            return entry.path().filename().native().starts_with(".");
-        };
-        EXPECT_EQ(std::count_if(fs::directory_iterator(folder.Path()), {}, isHidden), 0)
-            << "the next save leaves litter";
+        for (const auto& entry : fs::directory_iterator(folder.Path()))
+            EXPECT_FALSE(entry.path().filename().native().starts_with(".")) << "the next save leaves litter";
     }
 
     void SaveUnderFaults(const std::function<void()>& prepare) {
-        TryAll(
-            [&] {
-                MakeOld();
-                prepare();
-            },
-            [&] { ReplaceFile(file, fresh); }, [&](const Ending& ending) { CheckNothingLost(ending); });
+        TryAll([&] { MakeOld(), prepare(); }, [&] { ReplaceFile(file, fresh); },
+               [&](const Ending& ending) { CheckNothingLost(ending); });
     }
 };
 
@@ -174,30 +160,26 @@ TEST_F(FaultsTest, OpeningOffersTheTextOfAnInterruptedSave) {
 
 TEST_F(FaultsTest, AnIniFile) {
     const fs::path ini = folder / "Velmora.ini";
-    TryAll(
-        [&] {
-            MakeOld();
-            ReplaceFile(ini, "[Settings]\r\nPrinter=old\r\n");
-        },
-        [&] { IniFile(ini).Write("Settings", "Printer", "new"); },
-        [&](const Ending& ending) {
-            const std::string found = ReadFile(ini);
-            const bool isNew = found == "[Settings]\r\nPrinter=new\r\n";
-            EXPECT_TRUE(isNew || found == "[Settings]\r\nPrinter=old\r\n") << found;
-            EXPECT_TRUE(isNew || ending.killed || ending.failed) << "said to be written";
-        });
+    TryAll([&] { ReplaceFile(ini, "[Settings]\r\nPrinter=old\r\n"); },
+           [&] { IniFile(ini).Write("Settings", "Printer", "new"); },
+           [&](const Ending& ending) {
+               const std::string found = ReadFile(ini);
+               const bool isNew = found == "[Settings]\r\nPrinter=new\r\n";
+               EXPECT_TRUE(isNew || found == "[Settings]\r\nPrinter=old\r\n") << found;
+               EXPECT_TRUE(isNew || ending.killed || ending.failed) << "said to be written";
+           });
 }
 
 TEST_F(FaultsTest, ARecoveryCopy) {
     TestProgram program([](const std::string& text) { ADD_FAILURE() << text; });
+    TabDocument& document = program.main.document;
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        document.Field(field).ReDim(1);
+    document.TabCount = 1;
+    document.DocChanged = true;
     const auto keep = [&](RecoveryStore& store, const std::string& text) {
-        program.main.document.FieldA.ReDim(1);
-        program.main.document.FieldB.ReDim(1);
-        program.main.document.FieldC.ReDim(1);
-        program.main.document.TabCount = 1;
-        program.main.document.FieldA(1) = text;
-        program.main.document.DocChanged = true;
-        store.KeepBeside(program.main.document, program.main.settings);
+        document.FieldA(1) = text;
+        store.KeepBeside(document, program.main.settings);
         store.Finish();
     };
     const fs::path recovery = folder / "Recovery";

@@ -1,9 +1,8 @@
 // The flows of New, Open, Save and Save as: every question in its order, over real files.
 #include "app/Commands.h"
 #include "app/LostDocuments.h"
-#include "base/AtomicFile.h"
 #include "report/rptVelmor.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProgramTest.h"
 #include "wizard/AppendWizardTabs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Globals.h"
@@ -12,101 +11,96 @@
 #include "workspace/ReplaceDocument.h"
 #include "workspace/SaveDocument.h"
 
-#include <gtest/gtest.h>
-
 namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kSaveQuestion = "Do you want to save the current document?";
-
-struct FlowsTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    TabDocument& document = program.main.document;
-
+struct FlowsTest : ProgramTest {
     FlowsTest() {
-        LoadGlobals(program.main);
-        NewDocument(program.main);
+        LoadGlobals(main);
+        NewDocument(main);
         document.FieldA(1) = "typed";
         document.DocChanged = true;
     }
     fs::path Path(const char* name) { return program.folder / name; }
     std::string Named(const char* name) { return "[" + Path(name).string() + "]"; }
-    void Ask(const std::string& text, Answer answer) {
-        program.ui.Expect(text, Icon::Question, Buttons::YesNoCancel, answer);
+    void AskToSave(Answer answer) { AskOrCancel("Do you want to save the current document?", answer); }
+    SaveOutcome Save() { return SaveLabels(main, SaveKind::Save); }
+    SaveOutcome SaveAloud() {
+        Tell("File saved successfully");
+        return Save();
     }
-    void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
+    fs::path PutTab(const std::string& name, const std::string& text, const std::string& setup = "P,A4,0,1") {
+        return Put(name, TabFileOf(setup, text));
+    }
 };
 
 TEST_F(FlowsTest, ANamedDocumentIsAskedAboutBeforeItIsReplaced) {
     for (const char* name : {"in.csv", "other.csv"})
-        ReplaceFile(Path(name), "Version 8\r\nP,A4,1,1\r\n0,0\r\nA\r\nB\r\nC\r\n" + std::string(name) + "\r\n");
-    OpenFile(program.main, Path("in.csv"));
+        PutTab(name, name);
+    OpenFile(main, Path("in.csv"));
     document.FieldA(1) = "changed";
-    Ask(kSaveQuestion, Answer::Cancel);
-    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Cancelled);
+    AskToSave(Answer::Cancel);
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Cancelled);
     EXPECT_EQ(document.FieldA(1), "changed");
 
     const std::tuple<Answer, const char*, const char*> rows[] = {{Answer::Yes, "other.csv", "other.csv"},
                                                                  {Answer::No, "in.csv", "changed"}};
     for (const auto& [answer, name, first] : rows) {
-        Ask(kSaveQuestion, answer);
+        AskToSave(answer);
         if (answer == Answer::Yes)
             Tell("File saved successfully");
         program.ui.ExpectChooser("Open", Path(name));
-        EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened);
+        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
         EXPECT_EQ(document.FieldA(1), first);
         EXPECT_EQ(document.DocFileName, Path(name));
     }
-    Ask(kSaveQuestion, Answer::Cancel);
-    NewCommand(program.main);
+    AskToSave(Answer::Cancel);
+    NewCommand(main);
     EXPECT_EQ(document.FieldA(1), "changed");
     EXPECT_TRUE(document.DocFileName.empty());
-    NewCommand(program.main); // untitled now
+    NewCommand(main); // untitled now
     EXPECT_EQ(document.FieldA(1), "");
 }
 
 TEST_F(FlowsTest, AVersion7FileIsUpgraded) {
-    ReplaceFile(Path("seven.csv"), "VERSION7\r\nP,A4,1,2\r\n0,0\r\nA\r\nB\r\nC\r\nold,,\r\n");
+    Put("seven.csv", "VERSION7\r\nP,A4,1,2\r\n0,0\r\nA\r\nB\r\nC\r\nold,,\r\n");
     program.ui.ExpectChooser("Open", Path("seven.csv"),
                              "OPEN|Velmora/csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|Tabs.csv");
     Tell("The file: " + Named("seven.csv") +
          " is an Velmora version 7 file.\r\n\r\nVelmora will upgrade it to a version 8 file!");
-    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Opened);
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
     EXPECT_EQ(document.setup.OptType, 1);
-    Tell("File saved successfully");
-    SaveLabels(program.main, SaveKind::Save);
+    SaveAloud();
     EXPECT_TRUE(ReadFile(Path("seven.csv")).starts_with("Version 8\r\n"));
 }
 
 TEST_F(FlowsTest, SavingAsksForANameAndBeforeOverwriting) {
     program.ui.ExpectChooser("Save as", Path("a.csv"), "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved) << "a new name: without a word";
+    EXPECT_EQ(Save(), SaveOutcome::Saved) << "a new name: without a word";
     EXPECT_EQ(program.Stored("Paths", "Lables"), program.folder.Path().string() + "/");
     EXPECT_FALSE(document.DocChanged);
 
     const auto choose = [&](Answer answer) {
         program.ui.ExpectChooser("Save as", Path("a.csv"));
-        program.ui.Expect("Do you want to overwrite the following file?\r\n" + Named("a.csv"), Icon::Question,
-                          Buttons::YesNo, answer, Answer::No);
+        Ask("Do you want to overwrite the following file?\r\n" + Named("a.csv"), answer, Answer::No);
     };
     document.FieldA(1) = "second";
     choose(Answer::No);
     program.ui.ExpectChooser("Save as", std::nullopt);
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::SaveAs), SaveOutcome::Cancelled);
+    EXPECT_EQ(SaveLabels(main, SaveKind::SaveAs), SaveOutcome::Cancelled);
     EXPECT_NE(ReadFile(Path("a.csv")).find("typed"), std::string::npos);
     choose(Answer::Yes);
     Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::SaveAs), SaveOutcome::Saved);
+    EXPECT_EQ(SaveLabels(main, SaveKind::SaveAs), SaveOutcome::Saved);
 
     document.FieldA(1) = "third";
     document.DocChanged = true;
     program.ui.ExpectChooser("Export", Path("out.csv"));
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Export), SaveOutcome::Saved);
+    EXPECT_EQ(SaveLabels(main, SaveKind::Export), SaveOutcome::Saved);
     EXPECT_TRUE(ReadFile(Path("out.csv")).starts_with("third,,\r\n,,\r\n")) << "without a header";
-    EXPECT_EQ(document.DocFileName, Path("a.csv"));
-    EXPECT_TRUE(document.DocChanged);
+    EXPECT_TRUE(document.DocFileName == Path("a.csv") && document.DocChanged);
     EXPECT_NE(ReadFile(Path("a.csv")).find("second"), std::string::npos);
 }
 
@@ -119,12 +113,11 @@ TEST_F(FlowsTest, AFailedCreationIsRetriedUntilItsCauseIsGone) {
     program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Cancel);
     Tell("File was NOT saved succesfully!");
     Tell("Could not finish process");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Failed);
+    EXPECT_EQ(Save(), SaveOutcome::Failed);
     EXPECT_TRUE(document.DocChanged);
     program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Retry, std::nullopt,
                       [&] { fs::create_directory(Path("gone")); });
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
+    EXPECT_EQ(SaveAloud(), SaveOutcome::Saved);
 }
 
 TEST_F(FlowsTest, CommasAreAskedAboutBeforeTheyAreWritten) {
@@ -132,109 +125,74 @@ TEST_F(FlowsTest, CommasAreAskedAboutBeforeTheyAreWritten) {
     document.FieldC(2) = "lost";
     document.FieldC(7) = ",";
     document.DocFileName = Path("a.csv");
-    program.main.history.KeepSteps();
-    const auto save = [&](SaveKind kind, Answer answer) {
-        Ask("These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the "
-            "text "
-            "after a comma moves into the next field.\r\nWhat moves beyond the third field is lost: [lost] of tab "
-            "2.\r\n"
-            "\r\nDo you want to write semicolons in their place?\r\nNo writes the commas as they are, Cancel goes back "
-            "to the document.",
+    main.history.KeepSteps();
+    const auto saved = [&](SaveKind kind, Answer answer, const char* name) {
+        AskOrCancel(
+            "These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the "
+            "text after a comma moves into the next field.\r\nWhat moves beyond the third field is lost: [lost] of tab "
+            "2.\r\n\r\nDo you want to write semicolons in their place?\r\nNo writes the commas as they are, Cancel "
+            "goes back to the document.",
             answer);
         if (kind == SaveKind::Save && answer != Answer::Cancel)
             Tell("File saved successfully");
-        return SaveLabels(program.main, kind);
+        EXPECT_EQ(SaveLabels(main, kind), answer == Answer::Cancel ? SaveOutcome::Cancelled : SaveOutcome::Saved);
+        const std::string bytes = Content(Path(name));
+        return bytes.substr(std::min(bytes.find("Smith"), bytes.size()), 17);
     };
-    const auto written = [&](const char* name) {
-        const std::string bytes = ReadFile(Path(name));
-        return bytes.substr(bytes.find("\r\nSmith") + 2, 17);
-    };
-    EXPECT_EQ(save(SaveKind::Save, Answer::Cancel), SaveOutcome::Cancelled);
-    EXPECT_FALSE(fs::exists(Path("a.csv")));
-    EXPECT_EQ(save(SaveKind::Save, Answer::No), SaveOutcome::Saved);
-    EXPECT_EQ(written("a.csv"), "Smith, John,,lost");
+    EXPECT_EQ(saved(SaveKind::Save, Answer::Cancel, "a.csv"), "");
+    EXPECT_EQ(saved(SaveKind::Save, Answer::No, "a.csv"), "Smith, John,,lost");
     program.ui.ExpectChooser("Export", Path("copy.csv"));
-    EXPECT_EQ(save(SaveKind::Export, Answer::Yes), SaveOutcome::Saved);
-    EXPECT_EQ(written("copy.csv"), "Smith; John,,lost");
+    EXPECT_EQ(saved(SaveKind::Export, Answer::Yes, "copy.csv"), "Smith; John,,lost");
     EXPECT_EQ(document.FieldA(2), "Smith, John") << "an export leaves the document alone";
-    EXPECT_EQ(save(SaveKind::Save, Answer::Yes), SaveOutcome::Saved);
-    EXPECT_EQ(written("a.csv"), "Smith; John,,lost");
+    EXPECT_EQ(saved(SaveKind::Save, Answer::Yes, "a.csv"), "Smith; John,,lost");
     EXPECT_FALSE(document.DocChanged);
-    program.main.history.Undo(program.main.State());
+    main.history.Undo(main.State());
     EXPECT_EQ(document.FieldA(2), "Smith, John");
 }
 
 TEST_F(FlowsTest, OpeningRefusesWhatIsNoDocument) {
     program.ui.ExpectChooser("Open", std::nullopt);
-    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Cancelled);
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Cancelled);
     program.ui.ExpectChooser("Open", Path("none.csv"));
     Tell("You have to select a valid file!");
     Tell("The file could not be opened successfully");
-    EXPECT_EQ(OpenCommand(program.main), OpenOutcome::Failed);
+    EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
     EXPECT_EQ(document.FieldA(1), "typed");
 }
 
 TEST_F(FlowsTest, TwoRunningCopiesKeepTheirOwnDocuments) {
-    const auto header = [](const char* line) {
-        return "Version 8\r\n" + std::string(line) +
-               "\r\n0,0\r\nArial,10,False,False,False,0,1\r\nArial,10,False,False,False,0,1\r\n"
-               "Arial,10,False,False,False,1,1\r\n";
-    };
-    ReplaceFile(Path("a4.csv"), header("P,A4,0,1"));
-    ReplaceFile(Path("dl.csv"), header("Q,DL_h,5,3"));
+    PutTab("a4.csv", "x");
     TestProgram other([](const std::string& text) { ADD_FAILURE() << text; });
     other.settings.IniFile = program.settings.IniFile;
-    Tell("There are no information to import.");
-    OpenFile(program.main, Path("a4.csv"));
-    other.ui.Expect("There are no information to import.", Icon::Information);
-    OpenFile(other.main, Path("dl.csv"));
-    RefreshDocumentStatus(program.main);
+    OpenFile(main, Path("a4.csv"));
+    OpenFile(other.main, PutTab("dl.csv", "y", "Q,DL_h,5,3"));
+    RefreshDocumentStatus(main);
     EXPECT_EQ(document.setup.OptType, 0);
-    Tell("File saved successfully");
-    SaveLabels(program.main, SaveKind::Save);
-    EXPECT_TRUE(ReadFile(Path("a4.csv")).starts_with(header("P,A4,0,1")));
-}
-
-TEST_F(FlowsTest, AnIniFileThatCannotBeWrittenStopsNoWork) {
-    fs::remove(program.settings.IniFile);
-    fs::create_directory(program.settings.IniFile);
-    ReplaceFile(Path("a.csv"), "one\r\n");
-    ReplaceFile(Path("bad.csv"), "Version 8\r\nP,DL_h,5,1\r\n");
-    Tell(program.settings.IniFile.string() + ": Is a directory\r\nUntil it can be written, settings are not kept.", Icon::Exclamation); // once
-    EXPECT_EQ(OpenFile(program.main, Path("a.csv")), OpenOutcome::Opened);
-    NewDocument(program.main);
-    fs::remove(program.settings.IniFile);
-    Tell("line 3: the header ends here; it has 6 lines\r\nCalled form Sub:LoadData", Icon::Critical);
-    Tell("Could not finish process");
-    EXPECT_EQ(OpenFile(program.main, Path("bad.csv")), OpenOutcome::Failed);
-    EXPECT_EQ(document.setup.OptType, 0);
-    EXPECT_FALSE(fs::exists(program.settings.IniFile)) << "a refused file leaves no trace in the settings";
+    SaveAloud();
+    EXPECT_TRUE(ReadFile(Path("a4.csv")).starts_with("Version 8\r\nP,A4,0,1\r\n"));
 }
 
 TEST_F(FlowsTest, AFileThatChangedOnDiskIsAskedAbout) {
-    const std::string whole = "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n";
-    ReplaceFile(Path("a.csv"), whole);
-    OpenFile(program.main, Path("a.csv"));
+    OpenFile(main, PutTab("a.csv", "x"));
+    const std::size_t size = ReadFile(Path("a.csv")).size();
     const auto opened = fs::last_write_time(Path("a.csv"));
     const auto ask = [&](Answer answer) {
-        program.ui.Expect("Another program has changed the following file since it was opened.\r\n" + Named("a.csv") +
-                              "\r\nDo you want to overwrite it?",
-                          Icon::Question, Buttons::YesNo, answer, Answer::No);
+        Ask("Another program has changed the following file since it was opened.\r\n" + Named("a.csv") +
+                "\r\nDo you want to overwrite it?",
+            answer, Answer::No);
     };
     using Change = std::pair<std::string, std::chrono::seconds>; // what is written, and how much later
-    for (const auto& [bytes, later] : {Change{std::string(whole.size(), 'x'), 1}, Change{"from elsewhere", 0},
-                                       Change{std::string(whole.size(), 'y'), 0}}) {
+    for (const auto& [bytes, later] :
+         {Change{std::string(size, 'x'), 1}, Change{"from elsewhere", 0}, Change{std::string(size, 'y'), 0}}) {
         ReplaceFile(Path("a.csv"), bytes);
         fs::last_write_time(Path("a.csv"), opened + later);
         ask(Answer::No);
-        EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Cancelled);
+        EXPECT_EQ(Save(), SaveOutcome::Cancelled);
         EXPECT_EQ(ReadFile(Path("a.csv")), bytes);
     }
     ask(Answer::Yes);
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
+    EXPECT_EQ(SaveAloud(), SaveOutcome::Saved);
+    EXPECT_EQ(SaveAloud(), SaveOutcome::Saved);
 }
 
 TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
@@ -243,93 +201,82 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
                                  ".\r\nDo you want to have it back?";
     Desktop desktop;
     const ChooseLost noList = [](const auto&) { return ADD_FAILURE() << "one is no list", LostAnswer(); };
-    RecoveryStore& recovery = program.main.recovery;
+    RecoveryStore& recovery = main.recovery;
     recovery.Open(program.folder / "Recovery", now);
-    Ask(kSaveQuestion, Answer::Cancel);
-    EXPECT_TRUE(CloseCommand(program.main));
+    AskToSave(Answer::Cancel);
+    EXPECT_TRUE(CloseCommand(main));
     document.DocChanged = false;
     recovery.Open(program.folder / "Recovery", now); // the next start
-    NewDocument(program.main);
-    program.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
-    EXPECT_TRUE(OfferLost(program.main, desktop, {}, noList));
+    NewDocument(main);
+    Ask(question, Answer::Yes);
+    EXPECT_TRUE(OfferLost(main, desktop, {}, noList));
     EXPECT_EQ(document.FieldA(1), "typed");
     EXPECT_TRUE(document.DocChanged);
-    ReplaceFile(Path("other.csv"), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
-    const std::function<void()> newOne = [&] { NewCommand(program.main); };
-    const std::function<void()> open = [&] { OpenInstead(program.main, Path("other.csv")); };
-    for (const auto& [command, replace] : {std::pair("New", newOne), std::pair("Open", open)}) {
+    PutTab("other.csv", "x");
+    for (const std::string command : {"New", "Open"}) {
         document.FieldA(1) = command;
-        replace(); // asks nothing, but keeps what it replaces
+        if (command == "New") // asks nothing, but keeps what it replaces, as the other one
+            NewCommand(main);
+        else
+            OpenInstead(main, Path("other.csv"));
         EXPECT_NE(document.FieldA(1), command);
         ASSERT_FALSE(recovery.List().empty());
-        EXPECT_TRUE(RestoreCommand(program.main, recovery.List().front()));
+        EXPECT_TRUE(RestoreCommand(main, recovery.List().front()));
         EXPECT_EQ(document.FieldA(1), command);
     }
-    Ask(kSaveQuestion, Answer::No);
-    EXPECT_TRUE(CloseCommand(program.main));
+    AskToSave(Answer::No);
+    EXPECT_TRUE(CloseCommand(main));
     recovery.Open(program.folder / "Recovery", now);
-    EXPECT_FALSE(OfferLost(program.main, desktop, {}, noList)) << "what was given up is not offered";
+    EXPECT_FALSE(OfferLost(main, desktop, {}, noList)) << "what was given up is not offered";
 }
 
 TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {
-    for (int i = 1; i <= 9; ++i) {
-        const std::string name = std::to_string(i) + ".csv";
-        ReplaceFile(Path(name.c_str()), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
-        OpenFile(program.main, Path(name.c_str()));
-    }
-    OpenFile(program.main, Path("5.csv"));
+    for (int i = 1; i <= 9; ++i)
+        OpenFile(main, PutTab(std::to_string(i) + ".csv", "x"));
+    OpenFile(main, Path("5.csv"));
     fs::remove(Path("8.csv"));
     const auto files = RecentFiles(program.settings);
-    ASSERT_EQ(files.size(), 7u);
-    EXPECT_EQ(files[0], Path("5.csv"));
-    EXPECT_EQ(files[1], Path("9.csv"));
-    EXPECT_EQ(files[6], Path("2.csv"));
+    std::string names;
+    for (const fs::path& file : files)
+        names += file.stem().string();
+    EXPECT_EQ(names, "5976432");
 
     const std::string before = ReadFile(program.settings.IniFile);
     for (const char* name :
          {"a\n[Settings]\nOptType=5.csv", "b\rc.csv", "blank.csv ", "tab.csv\t", "no utf-8 \xE9.csv"}) {
-        ReplaceFile(Path(name), "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
-        EXPECT_EQ(OpenFile(program.main, Path(name)), OpenOutcome::Opened);
+        EXPECT_EQ(OpenFile(main, PutTab(name, "x")), OpenOutcome::Opened);
         EXPECT_EQ(ReadFile(program.settings.IniFile), before) << name;
         EXPECT_EQ(RecentFiles(program.settings), files) << name;
     }
 }
 
 TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {
-    Ask(kSaveQuestion, Answer::Yes);
+    AskToSave(Answer::Yes);
     program.ui.ExpectChooser("Save as", std::nullopt);
-    EXPECT_FALSE(CloseCommand(program.main)) << "what could not be saved is not thrown away";
-    Ask(kSaveQuestion, Answer::Yes);
+    EXPECT_FALSE(CloseCommand(main)) << "what could not be saved is not thrown away";
+    AskToSave(Answer::Yes);
     program.ui.ExpectChooser("Save as", Path("a.csv"));
-    EXPECT_TRUE(CloseCommand(program.main));
-    EXPECT_TRUE(CloseCommand(program.main));
+    EXPECT_TRUE(CloseCommand(main));
+    EXPECT_TRUE(CloseCommand(main));
     EXPECT_NE(ReadFile(Path("a.csv")).find("typed"), std::string::npos);
 }
 
 TEST_F(FlowsTest, ATabOfBlanksIsEmptyWhoeverAsks) {
     struct Case {
-        const char* a;
-        const char* b;
+        const char *a, *b;
         std::int16_t fields;
-        int filled;
-        int inCopy; ///< which brings back the fields that are not in use too
+        int filled, inCopy; ///< a copy brings back the fields that are not in use too
     };
-    for (const Case& row : {Case{"x", "", 1, 1, 1},
-                            {"", "", 1, 0, 0},
-                            {"  ", "", 1, 0, 0},
-                            {" ", "\t", 3, 0, 0},
-                            {" ", "x", 2, 1, 1},
-                            {"", "x", 1, 0, 1}}) {
+    for (const Case& row : {Case{"x", "", 1, 1, 1}, Case{"", "", 1, 0, 0}, Case{"  ", "", 1, 0, 0},
+                            Case{" ", "\t", 3, 0, 0}, Case{" ", "x", 2, 1, 1}, Case{"", "x", 1, 0, 1}}) {
         SCOPED_TRACE(testing::Message() << "[" << row.a << "," << row.b << "] " << row.fields);
         document.FieldA(1) = row.a;
         document.FieldB(1) = row.b;
         document.setup.NoOfFields = row.fields;
-        const bool told = PlaceOfNewTabs(document, 1).find("hold texts now: 1") != std::string::npos;
-        EXPECT_EQ(told, row.filled == 1);
+        EXPECT_EQ(PlaceOfNewTabs(document, 1).find("hold texts now: 1") != std::string::npos, row.filled == 1);
         LayoutValues layout;
         rptVelmor report(layout);
-        report.InitArray("PRINT", document.TabCount, document.setup.RowsPerPage, document.setup.ColsPerPage, row.fields,
-                         false, document);
+        report.InitArray("PRINT", document.TabCount, 8, 3, row.fields, false, document);
         EXPECT_EQ(report.FilledSheets().size(), static_cast<std::size_t>(row.filled));
         const std::string content = RecoveryContent(document, program.settings);
         const std::string copy = RecoveryHead({}, 1, ContentSum(content)) + content;

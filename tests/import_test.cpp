@@ -1,15 +1,12 @@
 // Opening and importing what is no tab file, and saving as a workbook: every question and message over real files.
 #include "app/Commands.h"
-#include "base/AtomicFile.h"
+#include "tests/support/ProgramTest.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/StoredZip.h"
-#include "tests/support/TestProgram.h"
 #include "workspace/Globals.h"
 #include "workspace/ReplaceDocument.h"
 #include "workspace/SaveDocument.h"
 #include "workspace/Undo.h"
-
-#include <gtest/gtest.h>
 
 namespace velmora {
 namespace {
@@ -44,8 +41,7 @@ struct FaultyWorkbooks : LibraryWorkbooks {
     }
 };
 
-struct ImportTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
+struct ImportTest : ProgramTest {
     FaultyWorkbooks workbooks;
     ScriptedDialogs dialogs;
     MainModule main{program.settings, program.ui, program.printers, workbooks};
@@ -59,22 +55,22 @@ struct ImportTest : testing::Test {
         document.FieldA(1) = "typed";
     }
     fs::path Path(const std::string& name) { return program.folder / name; }
-    fs::path Data(const char* name) {
-        fs::copy_file(fs::path(VELMORA_TEST_DATA) / "workbooks" / name, Path(name),
-                      fs::copy_options::overwrite_existing);
-        return Path(name);
-    }
-    void Tell(const std::string& text, Icon icon = Icon::Information) { program.ui.Expect(text, icon); }
+    fs::path Data(const char* name) { return Put(name, ReadFile(fs::path(VELMORA_TEST_DATA) / "workbooks" / name)); }
     void Announce(const fs::path& path) {
         Tell("The file: [" + path.string() +
              "] is not an Velmora version 7 or version 8 file.\r\n\r\nVelmora will attempt to import it!");
     }
+    void TellFailure(const std::string& cause) {
+        if (!cause.empty())
+            Tell(cause, Icon::Critical);
+        Tell("Could not finish process");
+        Tell("The file could not be opened successfully");
+    }
     void AskToReplace(const fs::path& path, const std::string& lost, Answer answer = Answer::No) {
-        program.ui.Expect(
-            "The following file is another program's, and a save does not keep all that it may hold.\r\n[" +
+        Ask("The following file is another program's, and a save does not keep all that it may hold.\r\n[" +
                 path.string() + "]\r\n" + lost +
                 "\r\nDo you want to overwrite it?\r\nNo saves the document as a new file.",
-            Icon::Question, Buttons::YesNo, answer, Answer::No);
+            answer, Answer::No);
     }
     /// The file will be chosen, the document being untitled, so that nobody is asked about it.
     void Choose(const fs::path& path) {
@@ -85,14 +81,16 @@ struct ImportTest : testing::Test {
         Choose(path);
         Announce(path);
     }
+    OpenOutcome OpenForeign(const fs::path& path) {
+        ChooseForeign(path);
+        return OpenCommand(main);
+    }
     std::string Tab(int tab) { return document.FieldA(tab) + "|" + document.FieldB(tab) + "|" + document.FieldC(tab); }
     Rows ReadBack(const fs::path& path) {
         Rows rows;
         const auto book = LibraryWorkbooks().Open(path, {});
-        book->ReadSheet(book->SheetNames().at(0), {1, 2, 3}, [&](const SheetRow& row) {
-            rows.push_back(row.texts);
-            return true;
-        });
+        book->ReadSheet(book->SheetNames().at(0), {1, 2, 3},
+                        [&](const SheetRow& row) { return rows.push_back(row.texts), true; });
         return rows;
     }
 };
@@ -107,8 +105,7 @@ TEST_F(ImportTest, AWorksheetBecomesTheDocument) {
     EXPECT_EQ(dialogs.shown, (Rows{{"three"}}));
     EXPECT_EQ(Tab(1), "three||");
     EXPECT_EQ(document.DocFileName, path);
-    EXPECT_TRUE(document.DocChanged) << "closing asks, since the file does not hold this document";
-    EXPECT_FALSE(main.history.CanUndo());
+    EXPECT_TRUE(document.DocChanged && !main.history.CanUndo()) << "closing asks: the file does not hold this document";
     EXPECT_EQ(program.ui.progressTexts.front(), "Opening Excel file.  Please standby...");
     EXPECT_EQ(program.ui.progressTexts.back(), "Importing Microsoft Excel Worksheet.  Please standby ...");
 }
@@ -120,10 +117,8 @@ TEST_F(ImportTest, AHeaderAsksForNoColumns) {
         workbooks.written = 0;
         EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << file;
         EXPECT_TRUE(workbooks.written == 0 || file == std::string("header.xls")) << "others are told at once";
-        EXPECT_EQ(Tab(1), "Smith|2024|");
-        EXPECT_EQ(document.setup.OptType, 4);
-        EXPECT_EQ(document.setup.StationeryType, "DL_v");
-        EXPECT_EQ(document.TabCount, 21) << "one page of 3 x 7";
+        EXPECT_EQ(Tab(1) + document.setup.StationeryType, "Smith|2024|DL_v");
+        EXPECT_TRUE(document.setup.OptType == 4 && document.TabCount == 21) << "one page of 3 x 7";
         EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2") << file;
         EXPECT_EQ(main.fonts[0], (FieldFont{"ARIAL", 12, true, false, false, 0, 1}));
     }
@@ -132,13 +127,11 @@ TEST_F(ImportTest, AHeaderAsksForNoColumns) {
 
 TEST_F(ImportTest, WhatFailsOrIsCancelledChangesNothing) {
     const std::string failed = "The file could not be opened successfully";
-    const std::string notFinished = "Could not finish process";
-    const auto cause = [](const std::string& text, const char* place) { return text + "\r\nCalled form " + place; };
-    const std::string damaged = "the workbook is damaged";
+    const auto cause = [](const std::string& text) { return text + "\r\nCalled form Function:OpenNewFile"; };
     struct Case {
         const char* file;
         std::function<void()> prepare;
-        std::vector<std::pair<std::string, Icon>> told;
+        std::vector<std::pair<std::string, Icon>> told; ///< without an icon: the announcement
     };
     const Case cases[] = {
         {"three.xls",
@@ -152,16 +145,26 @@ TEST_F(ImportTest, WhatFailsOrIsCancelledChangesNothing) {
            Icon::Critical},
           {failed, Icon::Information}}},
         {"cells.xls",
-         [&] { ReplaceFile(Path("cells.xls"), "a,b\r\n"); },
-         {{cause("the file is no workbook but a text: give it a name that ends in .csv or .txt",
-                 "Function:OpenNewFile"),
-           Icon::Critical},
-          {notFinished, Icon::Information},
+         [&] { Put("cells.xls", "a,b\r\n"); },
+         {{cause("the file is no workbook but a text: give it a name that ends in .csv or .txt"), Icon::Critical},
+          {"Could not finish process", Icon::Information},
           {failed, Icon::Information}}},
         {"cells95.xls",
          [&] { workbooks.failingRead = 1; },
-         {{cause(damaged, "Function:OpenNewFile"), Icon::Critical},
+         {{cause("the workbook is damaged"), Icon::Critical},
           {"Could not finish the process", Icon::Information},
+          {failed, Icon::Information}}},
+        {"three.xlsx",
+         [&] {
+             int row = 0;
+             const auto rows = [&](std::vector<std::string>& texts) { return texts = {"x"}, ++row <= 100000; };
+             std::string bytes;
+             workbooks.Write(WorkbookFormat::Xlsx, "Third", rows, [&](std::string_view piece) { bytes += piece; });
+             Put("three.xlsx", bytes);
+         },
+         {{"", Icon::None},
+          {"The maximum number of pages for this type on label is:1365", Icon::Information},
+          {"Could not finish process", Icon::Information},
           {failed, Icon::Information}}},
         {"cells.ods", [&] { program.ui.cancelAfter = 1; }, {}},
         {"cells.xlsx", [&] { program.ui.cancelAfter = 4; }, {}},
@@ -182,31 +185,9 @@ TEST_F(ImportTest, WhatFailsOrIsCancelledChangesNothing) {
             icon == Icon::None ? Announce(path) : Tell(text, icon);
         EXPECT_NE(OpenCommand(main), OpenOutcome::Opened);
         EXPECT_EQ(Tab(1), "typed||");
-        EXPECT_EQ(document.TabCount, 24);
-        EXPECT_TRUE(document.DocFileName.empty());
+        EXPECT_TRUE(document.TabCount == 24 && document.DocFileName.empty());
         EXPECT_EQ(ReadFile(program.settings.IniFile), settings);
     }
-}
-
-TEST_F(ImportTest, ASheetOfTooManyRowsIsRefusedWhole) {
-    const fs::path path = Path("large.xlsx");
-    std::string bytes;
-    int row = 0;
-    const auto rows = [&](std::vector<std::string>& texts) {
-        texts = {"x"};
-        return ++row <= 100000;
-    };
-    workbooks.Write(WorkbookFormat::Xlsx, "Tabs", rows, [&](std::string_view piece) { bytes += piece; });
-    ReplaceFile(path, bytes);
-    Write(program.settings, kOptType, "5");
-    dialogs.sheet = "Tabs";
-    ChooseForeign(path);
-    Tell("The maximum number of pages for this type on label is:2730");
-    Tell("Could not finish process");
-    Tell("The file could not be opened successfully");
-    EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
-    EXPECT_EQ(Tab(1), "typed||");
-    EXPECT_EQ(document.TabCount, 24);
 }
 
 TEST_F(ImportTest, ListsAreTakenApartAsTheirProgramsWroteThem) {
@@ -214,26 +195,26 @@ TEST_F(ImportTest, ListsAreTakenApartAsTheirProgramsWroteThem) {
         const char* what;
         std::string bytes;
         std::string first;
-    } cases[] = {
-        {"a plain list, as a tab file's reader takes it", " a ,b,c,d\r\n\r\n", " a |b|c"},
-        {"semicolons", "a,1;b;c\r\nd;e;f\r\n", "a,1|b|c"},
-        {"quotes", "\"a, \"\"b\"\"\",c\r\n", "a, \"b\"|c|"},
-        {"Windows-1252", "M\xFCller\tx\r\n", "Müller|x|"},
-        {"UTF-16", std::string("\xFF\xFE\xE9\0\t\0b\0\r\0\n\0", 12), "é|b|"},
-        {"a heading that is no header", "Version,Year,Name\r\n7,8\r\n", "Version|Year|Name"},
-    };
+    } cases[] = {{"a plain list, as a tab file's reader takes it", " a ,b,c,d\r\n\r\n", " a |b|c"},
+                 {"semicolons", "a,1;b;c\r\nd;e;f\r\n", "a,1|b|c"},
+                 {"quotes", "\"a, \"\"b\"\"\",c\r\n", "a, \"b\"|c|"},
+                 {"Windows-1252", "M\xFCller\tx\r\n", "Müller|x|"},
+                 {"UTF-16", std::string("\xFF\xFE\xE9\0\t\0b\0\r\0\n\0", 12), "é|b|"},
+                 {"a heading that is no header", "Version,Year,Name\r\n7,8\r\n", "Version|Year|Name"}};
     const std::string printer = program.Stored("Settings", "Printer");
     for (const auto& [what, bytes, first] : cases) {
-        const fs::path path = Path("list.txt");
-        ReplaceFile(path, bytes);
-        ChooseForeign(path);
-        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << what;
+        EXPECT_EQ(OpenForeign(Put("list.txt", bytes)), OpenOutcome::Opened) << what;
         EXPECT_EQ(Tab(1), first) << what;
         EXPECT_TRUE(document.DocChanged && document.Foreign) << what;
         EXPECT_EQ(program.Stored("Settings", "Printer"), printer) << what;
         EXPECT_EQ(document.FileEncoding == Encoding::Windows1252, bytes[0] == 'M') << what;
     }
     EXPECT_EQ(dialogs.asked, 6);
+    program.Store("Settings", "No Of Fields", "1");
+    LoadGlobals(main);
+    EXPECT_EQ(OpenForeign(Put("list.csv", "a;b\r\n")), OpenOutcome::Opened);
+    EXPECT_EQ(document.setup.NoOfFields, 2) << "no imported column stays hidden";
+    EXPECT_EQ(document.setup.Limits.MaxLenField2, 20);
 }
 
 /// What a spreadsheet makes of a tab file.
@@ -254,35 +235,27 @@ TEST_F(ImportTest, ATabFileThatASpreadsheetSavedIsTakenApart) {
         {"a blank before", " " + header(',', "") + quoted}};
     for (const auto& [what, bytes] : cases) {
         SCOPED_TRACE(what);
-        ReplaceFile(Path("list.csv"), bytes);
-        Choose(Path("list.csv"));
+        Choose(Put("list.csv", bytes));
         EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
         EXPECT_EQ(Tab(1), "Smith, John|2024|");
-        EXPECT_EQ(document.setup.OptType, 4);
         EXPECT_EQ(main.globals.PrinterName, "Velmora PDF") << "printers are known by any letter case";
         EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2");
-        EXPECT_TRUE(document.Foreign && document.DocChanged);
+        EXPECT_TRUE(document.Foreign && document.DocChanged && document.setup.OptType == 4);
     }
     EXPECT_EQ(dialogs.asked, 0);
-    ReplaceFile(Path("list.csv"), "Version 8;;\r\nP;A4;0\r\n");
-    Choose(Path("list.csv"));
-    Tell("line 3: the header ends here; it has 6 lines\r\nCalled form Sub:LoadData", Icon::Critical);
-    Tell("Could not finish process");
-    Tell("The file could not be opened successfully");
+    Choose(Put("list.csv", "Version 8;;\r\nP;A4;0\r\n"));
+    TellFailure("line 3: the header ends here; it has 6 lines\r\nCalled form Sub:LoadData");
     EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
 }
 
 /// The program's own are those of version 7 and 8.
 TEST_F(ImportTest, AnotherVersionStaysForeign) {
     const std::string rest = "\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n";
-    ReplaceFile(Path("mark.csv"), "\xEF\xBB\xBFVersion 8" + rest + std::string(32725, 'x') + "ë,,\r\n");
-    Choose(Path("mark.csv"));
+    Choose(Put("mark.csv", "\xEF\xBB\xBFVersion 8" + rest + std::string(32725, 'x') + "ë,,\r\n"));
     EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
     EXPECT_FALSE(document.Foreign || document.DocChanged);
     for (const char* version : {"Version 9", "version10", "Version 80"}) {
-        ReplaceFile(Path("later.csv"), version + rest);
-        ChooseForeign(Path("later.csv"));
-        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+        EXPECT_EQ(OpenForeign(Put("later.csv", version + rest)), OpenOutcome::Opened);
         EXPECT_EQ(Tab(1), "x||");
         EXPECT_TRUE(document.DocChanged);
         AskToReplace(Path("later.csv"), "What a later version wrote would be lost.");
@@ -293,44 +266,25 @@ TEST_F(ImportTest, AnotherVersionStaysForeign) {
     }
 }
 
-TEST_F(ImportTest, NoImportedColumnStaysHidden) {
-    program.Store("Settings", "No Of Fields", "1");
-    LoadGlobals(main);
-    ReplaceFile(Path("list.csv"), "a;b\r\n");
-    ChooseForeign(Path("list.csv"));
-    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
-    EXPECT_EQ(document.FieldB(1), "b");
-    EXPECT_EQ(document.setup.NoOfFields, 2);
-    EXPECT_EQ(document.setup.Limits.MaxLenField2, 20);
-}
-
 TEST_F(ImportTest, FilesThatAreNoListsAskForNoColumns) {
-    ReplaceFile(Path("empty.csv"), "");
-    ChooseForeign(Path("empty.csv"));
+    ChooseForeign(Put("empty.csv", ""));
     Tell("There are no information to import.");
     EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
-    ReplaceFile(Path("picture.csv"), std::string("GIF\0\1", 5));
-    ChooseForeign(Path("picture.csv"));
-    Tell("line 1: holds bytes that are no text\r\nCalled form Sub:LoadData", Icon::Critical);
-    Tell("Could not finish process");
-    Tell("The file could not be opened successfully");
+    ChooseForeign(Put("picture.csv", std::string("GIF\0\1", 5)));
+    TellFailure("line 1: holds bytes that are no text\r\nCalled form Sub:LoadData");
     EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
     EXPECT_EQ(dialogs.asked, 0);
 }
 
 TEST_F(ImportTest, ListsOfAnySizeCostWhatADocumentHolds) {
-    const fs::path path = Path("list.txt");
-    ReplaceFile(path, "a;" + std::string(100'000, ';') + "\r\nb;c" + std::string(100'000, '\n'));
-    ChooseForeign(path);
-    EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+    const fs::path path = Put("list.txt", "a;" + std::string(100'000, ';') + "\r\nb;c" + std::string(100'000, '\n'));
+    EXPECT_EQ(OpenForeign(path), OpenOutcome::Opened);
     EXPECT_EQ(dialogs.shown.at(0).size(), 256u) << "no form shows a hundred thousand";
     EXPECT_EQ(Tab(2), "b|c|");
     EXPECT_EQ(document.TabCount, 24) << "blank lines behind the last tab are none";
     fs::resize_file(path, (40u << 20) + 1);
     Choose(path);
-    Tell("the list is larger than 40 MB\r\nCalled form Function:OpenNewFile", Icon::Critical);
-    Tell("Could not finish process");
-    Tell("The file could not be opened successfully");
+    TellFailure("the list is larger than 40 MB\r\nCalled form Function:OpenNewFile");
     EXPECT_EQ(OpenCommand(main), OpenOutcome::Failed);
 
     const std::string text(41U << 20, 'x'); // what a cell may hold, many times over, is not too large for a tab file
@@ -354,39 +308,21 @@ TEST_F(ImportTest, AWorkbookIsSavedWithoutHeaderAndKeepsItsName) {
         Tell("File saved successfully");
         EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved) << name << " is the program's own";
         dialogs.sheet = "Tabs";
-        ChooseForeign(Path(name));
-        EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened);
+        EXPECT_EQ(OpenForeign(Path(name)), OpenOutcome::Opened);
         EXPECT_FALSE(document.Foreign || document.DocChanged) << name << " is so also when it was closed";
     }
-    program.ui.ExpectChooser("Export", Path("copy.xls"), "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
+    program.ui.ExpectChooser("Export", Path("copy.xls"), "SAVE|Velmora file(*.csv)|*.csv|a.csv");
     EXPECT_EQ(SaveLabels(main, SaveKind::Export), SaveOutcome::Saved);
     EXPECT_EQ(document.DocFileName, Path("a.XLSX"));
     EXPECT_EQ(ReadBack(Path("copy.xls")).size(), 2u);
 }
 
-TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutAsking) {
-    const fs::path path = Data("three.xls");
-    const std::string before = ReadFile(path);
+TEST_F(ImportTest, AFormatThatCannotBeWrittenIsNotOffered) {
     dialogs.sheet = "Third";
-    ChooseForeign(path);
-    OpenCommand(main);
-    const std::string lost = "Worksheets [Erste], [Zweite é] and formats would be lost.";
-    AskToReplace(path, lost);
-    program.ui.ExpectChooser("Save as", std::nullopt, "SAVE|csv-file (*.csv)|*.csv|Excel file (*.xls)|*.xls|three.csv");
-    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Cancelled);
-    EXPECT_EQ(ReadFile(path), before);
-    AskToReplace(path, lost, Answer::Yes);
-    Tell("File saved successfully");
-    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
-    EXPECT_EQ(ReadBack(path), (Rows{{"three", "", ""}}));
-
     for (const auto& [source, name] : {std::pair("three.ods", "a.ots"), std::pair("three.xlsx", "a.XLSM")}) {
-        const fs::path foreign = Path(name);
-        fs::rename(Data(source), foreign);
-        ChooseForeign(foreign);
-        OpenCommand(main);
-        const std::string offered = foreign.stem().string() + ".csv";
-        program.ui.ExpectChooser("Save as", foreign, "SAVE|Velmora file(*.csv)|*.csv|" + offered); // cannot be written
+        fs::rename(Data(source), Path(name));
+        OpenForeign(Path(name));
+        program.ui.ExpectChooser("Save as", Path(name), "SAVE|Velmora file(*.csv)|*.csv|a.csv");
         Tell("Workbooks of this format can not be written.  Please select a file name that ends in .csv, .xls or "
              ".xlsx.");
         program.ui.ExpectChooser("Save as", Path(std::string(name) + ".csv"));
@@ -396,7 +332,7 @@ TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutAsking) {
 }
 
 /// The question says what is known of the file, and no more.
-TEST_F(ImportTest, WhatASaveWouldLoseIsSaid) {
+TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutSayingWhatIsLost) {
     const std::string list = "The list would become a tab file, with six lines of settings before the texts, commas "
                              "between them and no quotation marks.";
     const auto firstColumnAndHeading = [](ImportChoice& choice) {
@@ -417,42 +353,45 @@ TEST_F(ImportTest, WhatASaveWouldLoseIsSaid) {
          {},
          "What a later version wrote and columns behind the third would be lost."},
         {"a.xlsx", ReadFile(Data("cells.xlsx")), firstColumnAndHeading,
-         "Columns B, C, the heading, formulas and formats would be lost."}};
-    dialogs.sheet = "Cells";
+         "Columns B, C, the heading, formulas and formats would be lost."},
+        {"a.xls", ReadFile(Data("three.xls")), {}, "Worksheets [Erste], [Zweite é] and formats would be lost."}};
     for (const auto& [name, bytes, choose, lost] : cases) {
-        ReplaceFile(Path(name), bytes);
+        dialogs.sheet = name == std::string("a.xls") ? "Third" : "Cells";
         dialogs.change = choose;
-        ChooseForeign(Path(name));
+        ChooseForeign(Put(name, bytes));
         if (lost.starts_with("What"))
-            Tell(
-                "Lines with more than three fields: 7.\r\nWhat follows the third field was not read, and a save leaves "
-                "it out.");
+            Tell("Lines with more than three fields: 7.\r\nWhat follows the third field was not read, and a save "
+                 "leaves it out.");
         EXPECT_EQ(OpenCommand(main), OpenOutcome::Opened) << lost;
         AskToReplace(Path(name), lost);
         program.ui.ExpectChooser("Save as", std::nullopt);
         EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Cancelled) << lost;
+        EXPECT_EQ(ReadFile(Path(name)), bytes);
     }
+    AskToReplace(Path("a.xls"), std::end(cases)[-1].lost, Answer::Yes);
+    Tell("File saved successfully");
+    EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
+    EXPECT_EQ(ReadBack(Path("a.xls")), (Rows{{"three", "", ""}}));
 }
 
 TEST_F(ImportTest, AFormulaWithoutAResultIsAskedAbout) {
     const std::string content = "<d xmlns:t='t'><t:table t:name='S'><t:table-row><t:table-cell t:formula='A2'/>"
                                 "<t:table-cell><p>b</p></t:table-cell></t:table-row></t:table></d>";
-    ReplaceFile(Path("a.ods"), StoredZip({{"content.xml", content}}));
+    Put("a.ods", StoredZip({{"content.xml", content}}));
     dialogs.sheet = "S";
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         ChooseForeign(Path("a.ods"));
-        program.ui.Expect("Formulas without a stored result, whose texts are missing: A1.\r\nA spreadsheet program "
-                          "stores the results when it opens the workbook and saves it.\r\nDo you want to import the "
-                          "worksheet without them?",
-                          Icon::Question, Buttons::YesNo, answer, Answer::No);
+        Ask("Formulas without a stored result, whose texts are missing: A1.\r\nA spreadsheet program stores the "
+            "results "
+            "when it opens the workbook and saves it.\r\nDo you want to import the worksheet without them?",
+            answer, Answer::No);
         EXPECT_EQ(OpenCommand(main), answer == Answer::Yes ? OpenOutcome::Opened : OpenOutcome::Cancelled);
         EXPECT_EQ(Tab(1), answer == Answer::Yes ? "|b|" : "typed||");
     }
 }
 
 TEST_F(ImportTest, AFailedWorkbookSaveLeavesTheOldFile) {
-    ReplaceFile(Path("a.xls"), "old");
-    document.DocFileName = Path("a.xls");
+    document.DocFileName = Put("a.xls", "old");
     document.FieldA(1) = std::string(40000, 'x');
     Tell("a cell holds at most 32767 characters\r\nCalled form Sub:SaveFile", Icon::Critical);
     Tell("Could not finish process");

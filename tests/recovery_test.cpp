@@ -1,15 +1,12 @@
 // Recovery copies: what comes back after an ending of any kind, whose copies they are, and what damage does to them.
-#include "base/AtomicFile.h"
 #include "tests/support/FakeEditor.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProgramTest.h"
 #include "workspace/Globals.h"
 #include "workspace/OpenDocument.h"
 #include "workspace/Pages.h"
 #include "workspace/Recovery.h"
 #include "workspace/RecoveryCopy.h"
 #include "workspace/RestoreDocument.h"
-
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <fstream>
@@ -27,18 +24,14 @@ namespace fs = std::filesystem;
 const std::string kHeader = "Version 8\r\nOffice Printer,DL_h,5,2\r\n0,-2.5\r\nArial,12,True,False,False,0,1\r\n"
                             "Liberation Serif,10,False,True,False,2,0\r\nArial,9,False,False,True,1,2\r\n";
 
-struct RecoveryTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    MainModule& main = program.main;
-    TabDocument& document = main.document;
+struct RecoveryTest : ProgramTest {
     fs::path folder = program.folder / "Recovery";
     std::int64_t seconds = 1'700'000'000;
     RecoveryStore::Clock clock = [this] { return std::chrono::system_clock::from_time_t(seconds); };
     RecoveryStore& store = main.recovery;
 
     RecoveryTest() {
-        ReplaceFile(program.folder / "in.csv", kHeader + "Ho\xEBr,,\r\n,,\r\n,x,\r\n");
-        OpenFile(main, program.folder / "in.csv");
+        OpenFile(main, Put("in.csv", kHeader + "Ho\xEBr,,\r\n,,\r\n,x,\r\n"));
         store.Open(folder, clock);
     }
     void Keep() { store.Keep(document, main.settings); }
@@ -48,6 +41,13 @@ struct RecoveryTest : testing::Test {
         document.DocChanged = true;
         ++seconds;
     }
+    void KeepBeside(const std::string& text) {
+        Type(text);
+        store.KeepBeside(document, main.settings);
+    }
+    static std::string FirstText(const std::string& copy) {
+        return std::string(ParseRecoveryCopy(copy).value().texts.front());
+    }
     void ArchiveText(const std::string& text) {
         Type(text);
         Archive();
@@ -55,14 +55,12 @@ struct RecoveryTest : testing::Test {
     /// First texts of what is listed.
     std::string Listed() {
         std::string texts;
-        for (const RecoveredDocument& one : store.List()) {
-            const std::string copy = store.Read(one).value();
-            texts += std::string(ParseRecoveryCopy(copy)->texts.front()) + " ";
-        }
+        for (const RecoveredDocument& one : store.List())
+            texts += FirstText(store.Read(one).value()) + " ";
         return texts;
     }
     /// Without the flush of a real writing.
-    void Put(const std::string& name, const std::string& bytes) {
+    void PutCopy(const std::string& name, const std::string& bytes) {
         fs::create_directory(folder);
         std::ofstream(folder / name, std::ios::binary) << bytes;
     }
@@ -78,8 +76,8 @@ struct RecoveryTest : testing::Test {
 
 TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     const TabDocument opened = document;
-    const std::string texts[] = {"Smith, John",           "\"a\"\r\nb",       "Ω",
-                                 std::string("nul\0", 4), "\xFF\xEF\xBB\xBF", "5:x\n"};
+    const std::string nul("nul\0", 4);
+    const std::string texts[] = {"Smith, John", "\"a\"\r\nb", "Ω", nul, "\xFF\xEF\xBB\xBF", "5:x\n"};
     for (int i = 0; i < 6; ++i)
         document.Field(i % 3)(1 + i / 3) = texts[i];
     document.DocChanged = true;
@@ -99,15 +97,13 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     first.reset();
 
     document.DocChanged = false;
-    ReplaceFile(program.folder / "other.csv", "Version 8\r\nP,A4,0,1\r\n3,3\r\n\r\n\r\n\r\nb,,\r\n");
-    OpenFile(main, program.folder / "other.csv");
+    OpenFile(main, Put("other.csv", "Version 8\r\nP,A4,0,1\r\n3,3\r\n\r\n\r\n\r\nb,,\r\n"));
     ++seconds;
     const auto list = store.List();
     ASSERT_EQ(list.size(), 1U);
     EXPECT_EQ(list[0].Name(), "in.csv");
     EXPECT_EQ(std::chrono::system_clock::to_time_t(list[0].Time), seconds - 1);
-    EXPECT_EQ(list[0].TabsFilled, 3);
-    EXPECT_TRUE(list[0].LeftBehind);
+    EXPECT_TRUE(list[0].TabsFilled == 3 && list[0].LeftBehind);
     EXPECT_EQ(RestoreDocument(main, list[0]), LoadOutcome::Loaded);
     for (int i = 0; i < 6; ++i)
         EXPECT_EQ(document.Field(i % 3)(1 + i / 3), texts[i]);
@@ -115,11 +111,9 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     EXPECT_EQ(document.Stamp, opened.Stamp) << "a save must notice that the file changed meanwhile";
     EXPECT_EQ(document.Stamp->number, opened.Stamp->number);
     EXPECT_EQ(document.FileEncoding, Encoding::Windows1252);
-    EXPECT_EQ(document.setup.LayoutName, "DL_h");
-    EXPECT_EQ(document.TabCount, opened.TabCount);
-    EXPECT_TRUE(document.DocChanged);
-    EXPECT_EQ(main.fonts[1].Name, "Liberation Serif");
-    EXPECT_EQ(program.Stored("Settings", "Margin Value Top"), "-2.5");
+    EXPECT_EQ(document.setup.LayoutName + main.fonts[1].Name + program.Stored("Settings", "Margin Value Top"),
+              "DL_hLiberation Serif-2.5");
+    EXPECT_TRUE(document.DocChanged && document.TabCount == opened.TabCount);
     ASSERT_EQ(store.List().size(), 1U) << "what was recovered stays among the last ten";
     EXPECT_FALSE(store.List()[0].LeftBehind) << "but is not offered twice";
     EXPECT_FALSE(Live().empty()) << "this program has a copy of its own first";
@@ -160,20 +154,18 @@ TEST_F(RecoveryTest, AProgramThatWasKilledLeavesItsWorkAndARunningOneKeepsIt) {
 }
 
 TEST_F(RecoveryTest, OnlyWhatChangedIsWritten) {
-    const auto written = [&] {
+    const auto keepAndFindFile = [&] {
+        Keep();
         struct stat status {};
         ::stat(Live().c_str(), &status);
         return status.st_ino;
     };
     Type("a");
-    Keep();
-    const ino_t first = written();
+    const ino_t first = keepAndFindFile();
     ++seconds;
-    Keep();
-    EXPECT_EQ(written(), first);
+    EXPECT_EQ(keepAndFindFile(), first);
     Type("b");
-    Keep();
-    EXPECT_NE(written(), first);
+    EXPECT_NE(keepAndFindFile(), first);
     for (const fs::path& removed : {Live(), folder}) {
         fs::remove_all(removed);
         Keep();
@@ -185,17 +177,13 @@ TEST_F(RecoveryTest, OnlyWhatChangedIsWritten) {
 }
 
 TEST_F(RecoveryTest, ACopyIsWrittenBesideTheWorkAndNoneReplacesANewerOne) {
-    const auto kept = [&] {
-        const std::string bytes = ReadFile(Live());
-        return std::string(ParseRecoveryCopy(bytes).value().texts.front());
-    };
+    const auto kept = [&] { return FirstText(ReadFile(Live())); };
     Type("old");
     Keep();
     const fs::path pipe = Live();
     fs::remove(pipe);
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0); // nothing can be written before somebody reads
-    Type("a");
-    store.KeepBeside(document, main.settings);
+    KeepBeside("a");
     EXPECT_TRUE(store.IsWriting());
     Type("typed meanwhile");
     EXPECT_EQ(kept(), "a");
@@ -203,21 +191,18 @@ TEST_F(RecoveryTest, ACopyIsWrittenBesideTheWorkAndNoneReplacesANewerOne) {
 
     document.FieldB(1) = std::string(20'000'000, 'x'); // takes long enough to be met on its way
     Keep();
-    Type("a");
-    store.KeepBeside(document, main.settings);
+    KeepBeside("a");
     Type("typed meanwhile"); // as it was before
     Keep();
     EXPECT_EQ(kept(), "typed meanwhile");
-    Type("c");
-    store.KeepBeside(document, main.settings);
+    KeepBeside("c");
     {
         const RecoveryStore::Pause pause(store);
         Type("half changed");
         KeepLastRecoveryCopy(main);
         EXPECT_EQ(kept(), "c") << "the program ends, and the copy was on its way";
     }
-    Type("d");
-    store.KeepBeside(document, main.settings);
+    KeepBeside("d");
     store.Drop();
     EXPECT_EQ(Files(), 0U) << "what was saved or given up is offered";
     std::optional<RecoveryStore> other(std::in_place);
@@ -253,7 +238,7 @@ TEST_F(RecoveryTest, WhatFailsBesideTheWorkIsToldOnceAndTriedAgain) {
         } else
             KeepRecoveryCopyBeside(main); // tells of the one before
         FinishRecoveryCopy(main);
-        EXPECT_NE(ReadFile(Live()).find(std::string("1:") + text), std::string::npos);
+        EXPECT_EQ(FirstText(ReadFile(Live())), text);
     }
     store.Drop();
     keepOnFullDisk();
@@ -268,8 +253,7 @@ TEST_F(RecoveryTest, WhatLosesTabsIsKeptBefore) {
         Type("typed");
         lose(main);
         EXPECT_EQ(document.TabCount, 12);
-        ASSERT_FALSE(Live().empty());
-        EXPECT_EQ(ParseRecoveryCopy(ReadFile(Live()))->tabs, 24);
+        EXPECT_EQ(ParseRecoveryCopy(ReadFile(Live())).value().tabs, 24);
         Keep();
     }
 }
@@ -279,9 +263,7 @@ TEST_F(RecoveryTest, TheLastTenAreListedWhateverTheClockSays) {
         ArchiveText({text});
     EXPECT_EQ(Listed(), "m l k j i h g f e d ");
     Type("n");
-    const auto taken = Archive();
-    ASSERT_TRUE(taken);
-    store.Forget(*taken); // the replacing failed
+    store.Forget(Archive().value()); // the replacing failed
     EXPECT_EQ(Listed(), "m l k j i h g f e d ");
     ArchiveText("d"); // from the end to the front, not twice
     Type("o");
@@ -292,16 +274,20 @@ TEST_F(RecoveryTest, TheLastTenAreListedWhateverTheClockSays) {
     EXPECT_FALSE(Archive());
 }
 
-TEST_F(RecoveryTest, LookingThroughTheListLosesNoneOfIt) {
+TEST_F(RecoveryTest, LookingThroughTheListLosesNeitherItNorWhatIsOnScreen) {
+    FakeEditor editor;
+    editor.texts = {{"typed", "", ""}};
+    main.editor.Take(editor);
     for (char text = 'a'; text <= 'j'; ++text)
         ArchiveText({text});
-    Type("typed");
+    Type("old");
     for (std::size_t i = 0; i < 9; ++i)
         RestoreDocument(main, store.List()[std::min<std::size_t>(i + 1, 9)]);
     const std::string listed = Listed();
     EXPECT_NE(listed.find("typed"), std::string::npos) << "what a recovery replaced is kept too";
     EXPECT_EQ(listed.find("a "), std::string::npos);
     EXPECT_EQ(listed.size(), 24U) << listed;
+    EXPECT_TRUE(editor.calls.ends_with("up ")) << editor.calls;
 }
 
 /// The bytes of a copy with this content, whose check sum is right.
@@ -310,8 +296,8 @@ std::string Sealed(const std::string& content) {
 }
 
 std::string CopyContent(const std::string& header, const std::string& tabs, const std::string& texts) {
-    return "0:\n5:UTF-8\n0:\n0:\n" + std::to_string(header.size()) + ":" + header + "\n" + std::to_string(tabs.size()) +
-           ":" + tabs + "\n" + texts;
+    const auto counted = [](const std::string& part) { return std::to_string(part.size()) + ":" + part + "\n"; };
+    return "0:\n5:UTF-8\n0:\n0:\n" + counted(header) + counted(tabs) + texts;
 }
 
 TEST_F(RecoveryTest, DamagedAndForeignFilesAreSkippedAndStay) {
@@ -323,13 +309,13 @@ TEST_F(RecoveryTest, DamagedAndForeignFilesAreSkippedAndStay) {
         std::string flipped = whole;
         flipped[at] = static_cast<char>(flipped[at] ^ 1);
         for (const std::string& bytes : {flipped, whole.substr(0, at)}) {
-            Put(file.filename(), bytes);
+            PutCopy(file.filename(), bytes);
             EXPECT_TRUE(store.List().empty()) << at;
         }
     }
     ASSERT_EQ(::mkfifo((folder / "Kept-2-pipe.recovery").c_str(), 0600), 0);
     fs::create_directory(folder / "Open-1.recovery");
-    Put("Kept-.recovery", "");
+    PutCopy("Kept-.recovery", "");
     const std::size_t before = Files();
     for (int i = 0; i < 15; ++i)
         ArchiveText(std::to_string(i));
@@ -341,18 +327,17 @@ TEST_F(RecoveryTest, ACopyWithoutTheFilesNumberIsRead) {
     std::string content = RecoveryContent(document, program.settings);
     content.erase(content.rfind('\n', content.size() - 2) + 1); // as earlier programs wrote it
     const std::string bytes = Sealed(content);
-    const auto copy = ParseRecoveryCopy(bytes);
-    ASSERT_TRUE(copy);
-    EXPECT_EQ(copy->stamp, document.Stamp) << "a save would say that another program changed the file";
+    EXPECT_EQ(ParseRecoveryCopy(bytes).value().stamp, document.Stamp)
+        << "a save would say that another program changed the file";
 }
 
 TEST_F(RecoveryTest, OfAGreatManyNoneIsDeletedUnseen) {
     constexpr int kCopies = 130;
     for (int i = 0; i < kCopies; ++i) {
         const std::string copy = "Open-" + std::to_string(i) + ".recovery";
-        Put(copy, i == kCopies - 1 ? "damaged" : Sealed(CopyContent(kHeader, "0", "")));
+        PutCopy(copy, i == kCopies - 1 ? "damaged" : Sealed(CopyContent(kHeader, "0", "")));
         fs::last_write_time(folder / copy, fs::file_time_type(std::chrono::seconds(i * 37 % kCopies)));
-        Put("Kept-" + std::to_string(i + 1) + "-x.recovery", Sealed(CopyContent(kHeader, "0", "")));
+        PutCopy("Kept-" + std::to_string(i + 1) + "-x.recovery", Sealed(CopyContent(kHeader, "0", "")));
     }
     const auto lost = store.Lost();
     ASSERT_EQ(lost.size(), kMostLost);
@@ -373,15 +358,13 @@ TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
     std::string tooMany;
     for (int i = 0; i < 3 * 32767; ++i)
         tooMany += "0:\n";
-    const std::string cases[] = {CopyContent("no header", "0", ""), CopyContent("Version 8\r\nP,A4,0", "0", ""),
-                                 CopyContent(kHeader, "32767", tooMany)};
-    for (const std::string& content : cases) {
-        Put("Open-x.recovery", Sealed(content));
+    for (const std::string& content : {CopyContent("no header", "0", ""), CopyContent("Version 8\r\nP,A4,0", "0", ""),
+                                       CopyContent(kHeader, "32767", tooMany)}) {
+        PutCopy("Open-x.recovery", Sealed(content));
         const auto list = store.List();
         ASSERT_EQ(list.size(), 1U);
         EXPECT_THROW(RestoreDocument(main, list[0]), Error);
-        EXPECT_EQ(document.FieldA(1), "typed");
-        EXPECT_EQ(document.setup.OptType, 5);
+        EXPECT_TRUE(document.FieldA(1) == "typed" && document.setup.OptType == 5);
         EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
         EXPECT_EQ(store.List().size(), 1U) << "archived, but not replaced";
     }
@@ -393,21 +376,9 @@ TEST_F(RecoveryTest, AFolderThatTakesNothingIsAnErrorAndNoMore) {
     EXPECT_THROW(Keep(), Error);
     EXPECT_THROW(Archive(), Error);
     EXPECT_TRUE(store.List().empty());
-    EXPECT_EQ(document.FieldA(1), "typed");
     fs::remove(folder);
     Keep();
     EXPECT_EQ(Files(), 2U) << "the next call tries again";
-}
-
-TEST_F(RecoveryTest, WhatIsOnScreenIsKeptAndTheEditorComesBack) {
-    FakeEditor editor;
-    editor.texts = {{"on screen", "", ""}};
-    main.editor.Take(editor);
-    Type("old");
-    ASSERT_TRUE(ArchiveDocument(main));
-    RestoreDocument(main, store.List()[0]);
-    EXPECT_EQ(document.FieldA(1), "on screen");
-    EXPECT_TRUE(editor.calls.ends_with("up ")) << editor.calls;
 }
 
 /// What another program wrote stays its own, and this program's own workbook its own.

@@ -1,10 +1,7 @@
 // The search of the machine's drives for a folder or a picture.
-#include "base/AtomicFile.h"
 #include "platform/linux/LinuxDrives.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProgramTest.h"
 #include "workspace/FolderSearch.h"
-
-#include <gtest/gtest.h>
 
 namespace velmora {
 namespace {
@@ -30,92 +27,91 @@ struct FakeDrives : Drives {
     std::vector<Drive> drives;
 };
 
-struct SearchTest : testing::Test {
-    TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
-    MainModule& main = test.main;
+struct SearchTest : ProgramTest {
     FakeDrives machine;
     const std::string question = "The 'Image' directory can not be find.\r\nDo you want the program to search for it?";
     const FileWanted picture = {"tab.gif", "Image", "Images", "Picture (*.gif)|*.gif", "A4_alpha_New.gif"};
 
     SearchTest() {
         for (const char* folder : {"disk/a/deep", "disk/proc", "disk/net", "disk/half"})
-            fs::create_directories(test.folder / folder);
-        fs::create_directory_symlink(test.folder / "disk", test.folder / "disk/a/circle");
-        machine.drives = {{test.folder / "disk", DriveKind::Disk},
-                          {test.folder / "disk/proc", DriveKind::Virtual},
-                          {test.folder / "disk/net", DriveKind::Network}};
+            fs::create_directories(program.folder / folder);
+        fs::create_directory_symlink(program.folder / "disk", program.folder / "disk/a/circle");
+        machine.drives = {{program.folder / "disk", DriveKind::Disk},
+                          {program.folder / "disk/proc", DriveKind::Virtual},
+                          {program.folder / "disk/net", DriveKind::Network}};
         main.drives.Take(machine);
-        main.globals.ImagesPath = test.folder / "none";
-        ReplaceFile(test.folder / "disk/half/a4_alpha_new.GIF", ""); // without the picture
+        main.globals.ImagesPath = program.folder / "none";
+        Put("disk/half/a4_alpha_new.GIF", ""); // without the picture
         Fill("disk/proc");
     }
     void Fill(const std::string& folder) {
-        ReplaceFile(test.folder / folder / "A4_alpha_New.gif", "");
-        ReplaceFile(test.folder / folder / "TAB.gif", "");
+        Put(folder + "/A4_alpha_New.gif", "");
+        Put(folder + "/TAB.gif", "");
     }
     std::optional<fs::path> Find() { return SearchFile(main, main.globals.ImagesPath, picture); }
 };
 
 TEST_F(SearchTest, APictureIsFoundWhereItsCompanionsAre) {
     Fill("disk/a/deep");
-    test.ui.Expect(question, Icon::Question, Buttons::YesNoCancel, Answer::Yes);
-    EXPECT_EQ(Find(), test.folder / "disk/a/deep/TAB.gif");
-    EXPECT_EQ(main.globals.ImagesPath, test.folder / "disk/a/deep/");
-    EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "disk/a/deep/").string());
+    AskOrCancel(question, Answer::Yes);
+    EXPECT_EQ(Find(), program.folder / "disk/a/deep/TAB.gif");
+    EXPECT_EQ(main.globals.ImagesPath, program.folder / "disk/a/deep/");
+    EXPECT_EQ(program.Stored("Paths", "Images"), (program.folder / "disk/a/deep/").string());
     EXPECT_TRUE(Find()) << "and nothing is asked again";
 }
 
 TEST_F(SearchTest, TheNetworkIsSearchedOnlyWhenWanted) {
     Fill("disk/net");
     const std::string network = "The file 'tab.gif' is on none of the disks.\r\nDo you want to search the network too?";
-    test.ui.Expect(question, Icon::Question, Buttons::YesNoCancel, Answer::Yes);
-    test.ui.Expect(network, Icon::Question, Buttons::YesNo, Answer::No);
-    test.ui.Expect("The file 'tab.gif' was not found.", Icon::Information);
+    AskOrCancel(question, Answer::Yes);
+    Ask(network, Answer::No);
+    Tell("The file 'tab.gif' was not found.");
     EXPECT_FALSE(Find());
     EXPECT_FALSE(Find()) << "having given up, nobody is asked";
     main.drives.Take(machine); // the next run
-    test.ui.Expect(question, Icon::Question, Buttons::YesNoCancel, Answer::Yes);
-    test.ui.Expect(network, Icon::Question, Buttons::YesNo, Answer::Yes);
-    EXPECT_EQ(Find(), test.folder / "disk/net/TAB.gif");
+    AskOrCancel(question, Answer::Yes);
+    Ask(network, Answer::Yes);
+    EXPECT_EQ(Find(), program.folder / "disk/net/TAB.gif");
 }
 
 TEST_F(SearchTest, GivingUpAndShowingTheFile) {
-    test.ui.cancelAfter = 2;
-    for (const Answer answer : {Answer::Yes, Answer::Cancel}) {
-        main.drives.Take(machine);
-        test.ui.Expect(question, Icon::Question, Buttons::YesNoCancel, answer);
-        test.ui.Expect("This task will be canceled.", Icon::Information);
-        EXPECT_FALSE(Find());
+    program.ui.cancelAfter = 2;
+    for (const Answer answer : {Answer::Yes, Answer::Cancel, Answer::No}) {
+        main.drives.Take(machine); // the next run
+        AskOrCancel(question, answer);
+        if (answer != Answer::No) {
+            Tell("This task will be canceled.");
+            EXPECT_FALSE(Find());
+        }
     }
-    main.drives.Take(machine); // the next run
-    test.ui.Expect(question, Icon::Question, Buttons::YesNoCancel, Answer::No);
-    test.ui.ExpectChooser("Open Velmora path", test.folder / "disk/proc/TAB.gif", "OPEN|Picture (*.gif)|*.gif|tab.gif");
-    EXPECT_EQ(Find(), test.folder / "disk/proc/TAB.gif");
-    EXPECT_EQ(main.globals.ImagesPath, test.folder / "disk/proc/");
+    program.ui.ExpectChooser("Open Velmora path", program.folder / "disk/proc/TAB.gif",
+                             "OPEN|Picture (*.gif)|*.gif|tab.gif");
+    EXPECT_EQ(Find(), program.folder / "disk/proc/TAB.gif");
+    EXPECT_EQ(main.globals.ImagesPath, program.folder / "disk/proc/");
 }
 
 TEST_F(SearchTest, FoldersAreSearchedForToo) {
     const auto ask = [&](const std::string& word, Answer answer) {
-        test.ui.Expect("The '" + word + "' directory cannot be found.\r\nDo you want the program to search for the " +
-                           word + " directory?",
-                       Icon::Question, Buttons::YesNoCancel, answer);
+        AskOrCancel("The '" + word + "' directory cannot be found.\r\nDo you want the program to search for the " +
+                        word + " directory?",
+                    answer);
     };
-    ReplaceFile(test.folder / "disk/a/deep/tabs.CSV", "");
-    test.ui.Expect("The '/gone' directory cannot be found.\r\nDo you want to create it?", Icon::Question,
-                   Buttons::YesNoCancel, Answer::No);
+    Put("disk/a/deep/tabs.CSV", "");
+    AskOrCancel("The '/gone' directory cannot be found.\r\nDo you want to create it?", Answer::No);
     ask("Lables", Answer::Yes);
-    EXPECT_EQ(SearchFolder(main, "/gone", {"Tabs.csv", "Lables", "Lables", true}), test.folder / "disk/a/deep/");
-    EXPECT_EQ(test.Stored("Paths", "Lables"), (test.folder / "disk/a/deep/").string());
+    EXPECT_EQ(SearchFolder(main, "/gone", {"Tabs.csv", "Lables", "Lables", true}), program.folder / "disk/a/deep/");
+    EXPECT_EQ(program.Stored("Paths", "Lables"), (program.folder / "disk/a/deep/").string());
     machine.drives.pop_back();
+    const auto search = [&] { return SearchFolder(main, "/gone", {"velmora", "Application", "Application", false}); };
     ask("Application", Answer::Yes);
-    test.ui.Expect("The file 'velmora' was not found.", Icon::Information);
-    EXPECT_EQ(SearchFolder(main, "/gone", {"velmora", "Application", "Application", false}), std::nullopt);
+    Tell("The file 'velmora' was not found.");
+    EXPECT_EQ(search(), std::nullopt);
     ask("Application", Answer::Cancel);
-    test.ui.Expect("This task will be canceled.", Icon::Information);
-    EXPECT_EQ(SearchFolder(main, "/gone", {"velmora", "Application", "Application", false}), std::nullopt);
+    Tell("This task will be canceled.");
+    EXPECT_EQ(search(), std::nullopt);
     ask("Application", Answer::No);
-    test.ui.ExpectChooser("Open Velmora path", test.folder / "disk");
-    EXPECT_EQ(SearchFolder(main, "/gone", {"velmora", "Application", "Application", false}), test.folder / "disk/");
+    program.ui.ExpectChooser("Open Velmora path", program.folder / "disk");
+    EXPECT_EQ(search(), program.folder / "disk/");
 }
 
 } // namespace

@@ -13,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace velmora {
@@ -24,10 +23,7 @@ namespace fs = std::filesystem;
 /// Notes what was opened, in order; the main window's opening may set things up.
 class NotingForms : public Forms {
 public:
-    void ShowMainWindow() override {
-        shown += "main ";
-        whenShown();
-    }
+    void ShowMainWindow() override { shown += "main ", whenShown(); }
     LostAnswer ShowLost(const std::vector<RecoveredDocument>& lost) override {
         shown += "lost";
         for (const RecoveredDocument& document : lost)
@@ -37,10 +33,7 @@ public:
     }
     void ShowPrinterSetup() override { shown += "printer "; }
     void ShowMarginSetup() override { shown += "margins "; }
-    LoadOutcome ShowPageSetup() override {
-        shown += "page ";
-        return pageSetup;
-    }
+    LoadOutcome ShowPageSetup() override { return shown += "page ", pageSetup; }
     void ShowSettingsEditor() override { shown += "editor "; }
     std::string shown;
     std::vector<LostAnswer> answers; ///< to lists of lost documents
@@ -80,16 +73,17 @@ struct StartTest : testing::Test {
     void ExpectOffer(const std::string& what, Answer answer) {
         test.ui.Expect(what + kNow, Icon::Question, Buttons::YesNo, answer);
     }
-    std::string Question(const std::string& folder) {
-        return "The '" + (test.folder / folder).string() + "/' directory cannot be found.\r\nDo you want to create it?";
+    void AskToCreate(const std::string& folder, Answer answer) {
+        test.ui.Expect("The '" + (test.folder / folder).string() +
+                           "/' directory cannot be found.\r\nDo you want to create it?",
+                       Icon::Question, Buttons::YesNoCancel, answer);
     }
 };
 
 TEST_F(StartTest, NamesTheProgramAndItsFolders) {
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(forms.shown, "main page ");
-    EXPECT_EQ(test.settings.SettingsAppName, "Velmora");
-    EXPECT_EQ(program.Title, "Velmora [Version 8.1.0]");
+    EXPECT_EQ(test.settings.SettingsAppName + program.Title, "VelmoraVelmora [Version 8.1.0]");
     EXPECT_EQ(test.settings.IniFile, test.folder / "Velmora.ini");
     EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Images").string() + "/");
     EXPECT_EQ(program.main.globals.TabsPath, test.folder / "Tabs/");
@@ -102,6 +96,20 @@ TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
     EXPECT_FALSE(fs::exists(test.folder / "Velmora.ini"));
     test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
     EXPECT_EQ(Start({"SETTINGS", "x"}), StartOutcome::Running);
+    forms.pageSetup = LoadOutcome::NoPrinter;
+    ExpectOffer("You have to configure a printer.", Answer::Yes);
+    EXPECT_EQ(Start(), StartOutcome::Ended);
+}
+
+TEST_F(StartTest, AFolderWithALongerPathThanASettingIsFoundAgain) {
+    const fs::path deep = test.folder / std::string(140, 'd');
+    fs::create_directories(deep / "Images");
+    fs::create_directories(deep / "Tabs");
+    test.settings.ProgramFolder = deep;
+    ReplaceFile(deep / "Velmora.ini", "[Settings]\r\nPrinter=Velmora PDF\r\n");
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(program.main.globals.ImagesPath, deep / "Images/");
 }
 
 TEST_F(StartTest, AForeignNameIsOneFileToCommandLineDiskAndIniFile) {
@@ -115,36 +123,32 @@ TEST_F(StartTest, AForeignNameIsOneFileToCommandLineDiskAndIniFile) {
     EXPECT_NE(ReadFile(test.folder / name).find("typed"), std::string::npos);
     EXPECT_NE(ReadFile(test.folder / "Velmora.ini").find("/" + name + "\r\n"), std::string::npos);
     SettingsStore nextStart(test.registry, test.ui);
-    nextStart.SettingsAppName = "Velmora";
     nextStart.IniFile = test.folder / "Velmora.ini";
     EXPECT_EQ(RecentFiles(nextStart), std::vector{test.folder / name});
     EXPECT_EQ(std::distance(fs::directory_iterator(test.folder.Path()), {}), 4)
-        << "Images, Tabs, the file, the INI file";
+        << "Images, Tabs, this and the INI file";
 }
 
 TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
-    struct Row {
-        const char* type; ///< stored; none: the printer is not configured
-        const char* startWithSetup;
-        Answer answer;
-        const char* shown;
-    };
-    for (const Row& row :
-         {Row{"", "True", Answer::Yes, "main printer margins page "}, Row{"", "False", Answer::No, "main "},
-          Row{"2", "True", Answer::Yes, "main margins page "}, Row{"2", "no", Answer::No, "main page "}}) {
+    const std::tuple<std::string, const char*, Answer, const char*> rows[] = {
+        {"", "True", Answer::Yes, "main printer margins page "}, // no type stored: the printer is not configured
+        {"", "False", Answer::No, "main "},
+        {"2", "True", Answer::Yes, "main margins page "},
+        {"2", "no", Answer::No, "main page "}};
+    for (const auto& [type, startWithSetup, answer, shown] : rows) {
         forms.shown.clear();
-        forms.whenShown = [&] {
-            test.Store("Settings", "OptType", row.type);
-            test.Store("Settings", "Start with setup", row.startWithSetup);
-            test.Store("Settings", "Ask for printer", *row.type ? "False" : "True");
+        forms.whenShown = [&, &type = type, &startWithSetup = startWithSetup] {
+            test.Store("Settings", "OptType", type);
+            test.Store("Settings", "Start with setup", startWithSetup);
+            test.Store("Settings", "Ask for printer", type.empty() ? "True" : "False");
             LoadGlobals(program.main);
             SetLayoutFromType(program.main.document.setup);
         };
-        if (std::string(row.type).empty())
-            ExpectOffer("You have to configure a printer.", row.answer);
-        ExpectOffer(kAboutMargins + std::string("You have to setup margins for the tabs."), row.answer);
+        if (type.empty())
+            ExpectOffer("You have to configure a printer.", answer);
+        ExpectOffer(kAboutMargins + std::string("You have to setup margins for the tabs."), answer);
         EXPECT_EQ(Start(), StartOutcome::Running);
-        EXPECT_EQ(forms.shown, row.shown);
+        EXPECT_EQ(forms.shown, shown);
     }
 }
 
@@ -293,28 +297,14 @@ TEST(CommandLineTest, TellsFilesFromOptions) {
     }
 }
 
-TEST_F(StartTest, APageSetupWithoutPrintersEndsTheStart) {
-    forms.pageSetup = LoadOutcome::NoPrinter;
-    EXPECT_EQ(Start(), StartOutcome::Ended);
-}
-
-TEST_F(StartTest, MissingFoldersAreMade) {
-    fs::remove(test.folder / "Images");
-    fs::remove(test.folder / "Tabs");
-    test.ui.Expect(Question("Images"), Icon::Question, Buttons::YesNoCancel, Answer::Yes);
-    test.ui.Expect(Question("Tabs"), Icon::Question, Buttons::YesNoCancel, Answer::Yes);
-    EXPECT_EQ(Start(), StartOutcome::Running);
-    EXPECT_TRUE(fs::is_directory(test.folder / "Tabs"));
-}
-
 TEST_F(StartTest, AnyFolderMayBeChosenAndGivingUpTakesTheDefaultForThisRun) {
     const std::string gone = (test.folder / "stick/").string();
     for (const char* key : {"Images", "Lables"})
         test.Store("Paths", key, gone);
     fs::remove(test.folder / "Tabs");
-    test.ui.Expect(Question("stick"), Icon::Question, Buttons::YesNoCancel, Answer::No);
+    AskToCreate("stick", Answer::No);
     test.ui.ExpectChooser("Open Velmora path", test.folder / "Images");
-    test.ui.Expect(Question("stick"), Icon::Question, Buttons::YesNoCancel, Answer::Cancel);
+    AskToCreate("stick", Answer::Cancel);
     test.ui.Expect("This task will be canceled.", Icon::Information);
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Images/").string());
@@ -341,16 +331,15 @@ TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {
 
 TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
     const std::string key = "SOFTWARE\\Corvane Series\\Velmora\\Paths";
-    test.registry.Set(key, "Application", std::string("C:\\Velmora\\"));
-    test.registry.Set(key, "Images", std::string("C:\\Velmora\\Images\\"));
     BeginWithoutSettings();
     ExpectOffer("You have to configure a printer.", Answer::Yes);
-    EXPECT_EQ(Start(), StartOutcome::Running);
-    EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
-    EXPECT_FALSE(HasOldSettings(test.settings));
-    test.registry.Set(key, "Application", std::string("C:\\Velmora\\"));
-    EXPECT_EQ(Start(), StartOutcome::Running);
-    EXPECT_TRUE(HasOldSettings(test.settings)) << "moved only while there is no INI file";
+    for (const bool moved : {true, false}) { // while there is no INI file
+        for (const char* path : {"Application", "Images"})
+            test.registry.Set(key, path, std::string("C:\\Velmora\\Images\\"));
+        EXPECT_EQ(Start(), StartOutcome::Running);
+        EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
+        EXPECT_EQ(HasOldSettings(test.settings), !moved);
+    }
 }
 
 /// The administrator may do everything: for a while, somebody else.
@@ -413,32 +402,13 @@ TEST_F(StartTest, ABrokenRegistryIsSaidAndCanBeImportedLater) {
     EXPECT_EQ(ReadFile(test.folder / "Velmora.reg"), "broken");
 }
 
-TEST(LongFolder, APathLongerThanASettingIsFoundAgain) {
-    TestProgram test([](const std::string& text) { ADD_FAILURE() << text; });
-    const fs::path deep = test.folder / std::string(140, 'd');
-    fs::create_directories(deep / "Images");
-    fs::create_directories(deep / "Tabs");
-    test.settings.ProgramFolder = deep;
-    const FewFonts fonts;
-    Program program{{test.settings, test.ui, test.printers, test.workbooks}, {}, fonts, {}};
-    NotingForms forms;
-    forms.whenShown = [&] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };
-    test.settings.IniFile = test.settings.OwnIniFile();
-    test.Store("Settings", "Printer", "Velmora PDF");
-    EXPECT_EQ(Main(program, {}, forms), StartOutcome::Running);
-    EXPECT_EQ(Main(program, {}, forms), StartOutcome::Running);
-    EXPECT_EQ(program.main.globals.ImagesPath, deep / "Images/");
-}
-
 TEST(ProgramFolder, FollowsTheEnvironmentAndTheInstallation) {
     const TemporaryFolder root;
-    fs::create_directories(root / "portable");
-    fs::create_directories(root / "usr/bin");
-    fs::create_directories(root / "usr/share/velmora");
+    for (const char* folder : {"portable", "usr/bin", "usr/share/velmora"})
+        fs::create_directories(root / folder);
     std::map<std::string, std::string> variables = {{"HOME", "/home/x"}};
-    const Environment environment = [&](const char* name) -> std::optional<std::string> {
-        const auto found = variables.find(name);
-        return found == variables.end() ? std::nullopt : std::optional(found->second);
+    const Environment environment = [&](const char* name) {
+        return variables.contains(name) ? std::optional(variables.at(name)) : std::nullopt;
     };
     EXPECT_EQ(FindProgramFolder(root / "portable", environment), root / "portable");
     EXPECT_EQ(FindProgramFolder(root / "usr/bin", environment), "/home/x/.config/velmora");

@@ -1,11 +1,9 @@
-// Tab files: reading, writing, opening, and everything that can be wrong with one.
-#include "base/AtomicFile.h"
+// Tab files and lists: reading, writing, opening, and everything that can be wrong with one.
 #include "base/Text.h"
 #include "document/TabFileCheck.h"
-#include "tests/support/TestProgram.h"
+#include "document/TextList.h"
+#include "tests/support/ProgramTest.h"
 #include "workspace/OpenDocument.h"
-
-#include <gtest/gtest.h>
 
 namespace velmora {
 namespace {
@@ -24,30 +22,19 @@ std::string Tabs(int count, const std::string& line = ",,\r\n") {
     return lines;
 }
 
-struct TabFileTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    TabDocument& document = program.main.document;
-
-    OpenOutcome Open(const std::string& bytes, const char* name = "in.csv") {
-        ReplaceFile(program.folder / name, bytes);
-        return OpenFile(program.main, program.folder / name);
-    }
+struct TabFileTest : ProgramTest {
+    OpenOutcome Open(const std::string& bytes, const char* name = "in.csv") { return OpenFile(main, Put(name, bytes)); }
     std::string Bytes() { return TabFileBytes(document, program.settings, program.ui); }
-    void ExpectFailure(const std::string& cause) {
-        if (!cause.empty())
-            program.ui.Expect(cause + "\r\nCalled form Sub:LoadData", Icon::Critical);
-        program.ui.Expect("Could not finish process", Icon::Information);
-    }
 };
 
 TEST_F(TabFileTest, AFileComesBackByteForByte) {
-    const std::string files[] = {
-        kHeader + "Smith,2024,\r\nJones,2024,unused\r\n" + Tabs(10),
-        kHeader + std::string(40000, 'x') + ",,\r\n" + Tabs(11), kHeader + "Ho\xC3\xABr,\xE2\x82\xAC,\r\n" + Tabs(23),
-        kHeader + "Ho\xEBr,\x80,\r\n" + Tabs(11),
-        "Version "
-        "8\r\nP,A4,3,3\r\n12,3\r\nA,8,0,-1,True,2,2\r\nB,72,True,False,True,1,0\r\nC,10.5,False,False,False,0,1\r\n" +
-            Tabs(54, " x , y ,\xC3\xAA\r\n")};
+    const std::string files[] = {kHeader + "Smith,2024,\r\nJones,2024,unused\r\n" + Tabs(10),
+                                 kHeader + std::string(40000, 'x') + ",,\r\n" + Tabs(11),
+                                 kHeader + "Ho\xC3\xABr,\xE2\x82\xAC,\r\n" + Tabs(23),
+                                 kHeader + "Ho\xEBr,\x80,\r\n" + Tabs(11),
+                                 "Version 8\r\nP,A4,3,3\r\n12,3\r\nA,8,0,-1,True,2,2\r\nB,72,True,False,True,1,0\r\n"
+                                 "C,10.5,False,False,False,0,1\r\n" +
+                                     Tabs(54, " x , y ,\xC3\xAA\r\n")};
     for (const std::string& file : files) {
         ASSERT_EQ(Open(file), OpenOutcome::Opened);
         EXPECT_EQ(Bytes(), file);
@@ -55,9 +42,8 @@ TEST_F(TabFileTest, AFileComesBackByteForByte) {
 }
 
 TEST_F(TabFileTest, TheFormatNormalisesWhatItDoesNotKnow) {
-    program.ui.Expect("Lines with more than three fields: 10.\r\nWhat follows the third field was not read, and a save "
-                      "leaves it out.",
-                      Icon::Information);
+    Tell("Lines with more than three fields: 10.\r\nWhat follows the third field was not read, and a save leaves it "
+         "out.");
     Open("version8 \nPrinter,DL,9,x\n,abc\nArial,x,?,False\nArial\n\n\na\rb,c\r\nd,e,f,g\n");
     const std::string bytes = Bytes();
     EXPECT_EQ(bytes.substr(0, bytes.find("a,,")), "Version 8\r\nPrinter,A4,0,3\r\n0,0\r\n"
@@ -86,8 +72,7 @@ TEST_F(TabFileTest, ATextBeyondTheOldEncodingTurnsTheFileIntoUtf8) {
     Open(kHeader + "Ho\xEBr,,\r\n" + Tabs(11));
     document.FieldA(2) = "Ω";
     const std::string bytes = Bytes();
-    EXPECT_NE(bytes.find("Ho\xC3\xABr"), std::string::npos);
-    EXPECT_NE(bytes.find("Ω"), std::string::npos);
+    EXPECT_TRUE(bytes.find("Ho\xC3\xABr") != std::string::npos && bytes.find("Ω") != std::string::npos);
     EXPECT_EQ(document.FileEncoding, Encoding::Utf8);
     // So does one whose old bytes would be taken for UTF-8.
     Open(kHeader + "Ho\xEBr,,\r\n" + Tabs(11));
@@ -107,19 +92,19 @@ TEST_F(TabFileTest, AFailureLeavesDocumentAndSettingsAsTheyWere) {
         {kHeader + Tabs(32767), ""}};
     for (const auto& [bytes, cause] : cases) {
         if (cause.empty())
-            program.ui.Expect("The maximum number of pages for this type on label is:2730", Icon::Information);
-        ExpectFailure(cause);
+            Tell("The maximum number of pages for this type on label is:2730");
+        else
+            Fail(cause + "\r\nCalled form Sub:LoadData");
+        Tell("Could not finish process");
         EXPECT_EQ(Open(bytes), OpenOutcome::Failed);
-        EXPECT_TRUE(document.FileError);
-        EXPECT_EQ(document.FieldA(1), "kept");
+        EXPECT_TRUE(document.FileError && document.FieldA(1) == "kept");
         EXPECT_EQ(document.DocFileName, program.folder / "good.csv");
         EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
     }
-    program.ui.Expect("Could not load the following file [" + (program.folder / "none.csv").string() + "]",
-                      Icon::Critical);
-    EXPECT_EQ(OpenFile(program.main, program.folder / "none.csv"), OpenOutcome::Failed);
-    program.ui.Expect("Could not load the following file [" + program.folder.Path().string() + "]", Icon::Critical);
-    EXPECT_EQ(OpenFile(program.main, program.folder.Path()), OpenOutcome::Failed);
+    for (const auto& path : {program.folder / "none.csv", program.folder.Path()}) {
+        Fail("Could not load the following file [" + path.string() + "]");
+        EXPECT_EQ(OpenFile(main, path), OpenOutcome::Failed);
+    }
 }
 
 TEST(TabFileLines, EveryEndOfLineIsUnderstood) {
@@ -159,16 +144,32 @@ TEST(TabFileCheckTest, EveryProblemHasItsLine) {
         {kHeader + std::string("\0,,\r\n", 5) + Tabs(11), 7, "holds bytes that are no text"},
         {"Version 8\r\nP,A4,0,1\r\n", 3, "the margin line is missing"}};
     for (const auto& [bytes, line, text] : cases) {
-        const auto problems = CheckTabFile(bytes);
-        const bool found =
-            std::any_of(problems.begin(), problems.end(), [at = line, &told = text](const TabFileProblem& problem) {
-                return problem.line == at && problem.text == told;
-            });
-        EXPECT_TRUE(found) << text
-                           << (problems.empty()
-                                   ? ""
-                                   : "; first: " + std::to_string(problems[0].line) + " " + problems[0].text);
+        std::string found;
+        for (const TabFileProblem& problem : CheckTabFile(bytes))
+            found += "\n" + std::to_string(problem.line) + " " + problem.text + "\n";
+        EXPECT_NE(found.find("\n" + std::to_string(line) + " " + text + "\n"), std::string::npos) << text << found;
     }
+}
+
+TEST(TextListTest, GuessesTheDelimiterAndKnowsQuotes) {
+    std::string longer;
+    for (int line = 0; line < 20; ++line)
+        longer += "a,b;c\n";
+    const std::pair<std::string, char> cases[] = {{"a;b,c;d\r\ne;f;g\r\n", ';'},
+                                                  {"a\tb, c\n\nd\te\n", '\t'},
+                                                  {"one\ntwo\n", ','},
+                                                  {"", ','},
+                                                  {"a;b,c\td\n", ','}, // as many of each
+                                                  {"a;b\tc\n", ';'},
+                                                  {"a;b,,,,\n \nc;d\n", ';'}, // on every line that holds something
+                                                  {"a title\na;b;c\nd,e;f;g\n", ';'},
+                                                  {longer + "x;y\n", ','}, // beyond what is looked at
+                                                  {std::string(1 << 20, 'x') + ";y\n", ','}};
+    for (const auto& [text, delimiter] : cases)
+        EXPECT_EQ(GuessDelimiter(text), delimiter) << text;
+    EXPECT_EQ(
+        ParseTextList("\"a;\"\"b\"\"\";c\r\n\r\n\"x\ny\";5\" disk\rlast;\"open", ';'),
+        (std::vector<std::vector<std::string>>{{"a;\"b\"", "c"}, {""}, {"x\ny", "5\" disk"}, {"last", "\"open"}}));
 }
 
 } // namespace

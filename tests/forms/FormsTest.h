@@ -3,6 +3,7 @@
 
 #include "tests/support/ScriptedInterface.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMetaMethod>
 #include <QTest>
@@ -28,6 +29,20 @@ inline void FailOnWarnings() {
 [[noreturn]] inline void FailAndEnd(const std::string& text) {
     FailSoftly(text);
     throw TestOver();
+}
+
+/// A control of a form by its name.
+template <typename Control> Control& Get(const QWidget& form, const QString& name) {
+    auto* control = form.findChild<Control*>(name);
+    if (!control)
+        FailAndEnd("no control " + name.toStdString());
+    return *control;
+}
+inline void Click(const QWidget& form, const QString& name) {
+    auto& button = Get<QAbstractButton>(form, name);
+    if (!button.isEnabled())
+        FailSoftly("not to be clicked: " + name.toStdString());
+    button.click();
 }
 
 template <typename Tests> QStringList TestNames() {

@@ -19,7 +19,7 @@ class ArrangingFormsTest : public QObject {
         std::vector<int> places; ///< of which field A is looked at
         const char* texts;
         const char* dialog = nullptr;
-        std::vector<const char*> controls = {}; ///< that are used before OK
+        std::vector<const char*> controls = {}; ///< that are clicked, or set to 1, before OK
     };
     static QString Texts(RunningProgram& running, const std::vector<int>& places) {
         QStringList texts;
@@ -27,27 +27,17 @@ class ArrangingFormsTest : public QObject {
             texts << QString::fromStdString(running.program.main.document.FieldA(tab));
         return texts.join(' ');
     }
-    template <typename Control> static Control& Get(const QDialog& dialog, const char* name) {
-        auto* control = dialog.findChild<Control*>(name);
-        if (!control)
-            FailAndEnd(std::string("no ") + name);
-        return *control;
-    }
-    /// A box for a number gets 1, anything else is clicked.
-    static void Use(const QDialog& dialog, const char* name) {
-        if (auto* number = dialog.findChild<QSpinBox*>(name))
-            number->setValue(1);
-        else
-            Get<QAbstractButton>(dialog, name).click();
-    }
     static void Run(RunningProgram& running, const Step& step) {
-        if (!step.dialog)
-            return running.Trigger(step.command);
-        const DialogAnswer answer(step.dialog, [&](const QDialog& dialog) {
-            for (const char* name : step.controls)
-                Use(dialog, name);
-            Use(dialog, "cmdOk");
-        });
+        std::optional<DialogAnswer> answer;
+        if (step.dialog)
+            answer.emplace(step.dialog, [&](const QDialog& dialog) {
+                for (const char* name : step.controls)
+                    if (auto* number = dialog.findChild<QSpinBox*>(name))
+                        number->setValue(1);
+                    else
+                        Click(dialog, name);
+                Click(dialog, "cmdOk");
+            });
         running.Trigger(step.command);
     }
 
@@ -69,12 +59,12 @@ private slots:
             {"mnuSort", "Sort", {1, 2, 48}, "a48 a47 a1", "frmSort", {"optDescending"}},
             {"mnuRemoveDuplicates", "Remove Duplicates", {1, 2}, "a1 ", "frmRemoveDuplicates", {"chkField1"}},
         };
-        RunningProgram running;
-        running.Start(0, 2, 2);
+        RunningProgram running(0, 2, 2);
         const TabDocument& document = running.program.main.document;
         running.Trigger("mnuLastPage");
-        running.Box("TextA1(2)")->setFocus();
-        const std::array<FieldTexts, 3> start = {document.FieldA, document.FieldB, document.FieldC};
+        running.Enter("TextA1(2)");
+        const auto texts = [&] { return std::array{document.FieldA, document.FieldB, document.FieldC}; };
+        const auto start = texts();
         for (const Step& step : steps) {
             Run(running, step);
             QCOMPARE(Texts(running, step.places), QString(step.texts));
@@ -82,69 +72,58 @@ private slots:
             QCOMPARE(running.test.Stored("Settings", "No Of Pages"), std::to_string(document.NoOfPages));
             QVERIFY(running.window->isWindowModified());
             running.Trigger("mnuUndo");
-            QVERIFY((start == std::array<FieldTexts, 3>{document.FieldA, document.FieldB, document.FieldC}));
-            QVERIFY(!running.window->isWindowModified());
+            QVERIFY(texts() == start && !running.window->isWindowModified());
             QCOMPARE(running.Panel(4), QString("Pg No: 2 of 2"));
-            running.Box("TextA1(2)")->setFocus();
+            running.Enter("TextA1(2)");
         }
     }
 
     void keysMoveATabAndTheFieldInUseStays() {
-        RunningProgram running;
-        running.Start(0, 2, 2);
-        running.Box("TextA2(24)")->setFocus();
-        QTest::keyClick(running.window->focusWidget(), Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
+        RunningProgram running(0, 2, 2);
+        running.Enter("TextA2(24)");
+        running.Press(Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(running.Panel(4), QString("Pg No: 2 of 2"));
-        QCOMPARE(running.window->focusWidget()->objectName(), QString("TextA2(1)"));
+        QCOMPARE(running.Focused(), QString("TextA2(1)"));
         QCOMPARE(running.Box("TextA1(1)")->text(), QString("a24"));
-        QTest::keyClick(running.window->focusWidget(), Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
+        running.Press(Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(Texts(running, {23, 24, 25}), QString("a23 a24 a25"));
-        QTest::keyClick(running.window->focusWidget(), Qt::Key_D, Qt::ControlModifier);
+        running.Press(Qt::Key_D, Qt::ControlModifier);
         QCOMPARE(Texts(running, {24}), QString("a23"));
     }
 
     void goToShowsWhereItLeads() {
-        RunningProgram running;
-        running.Start(0, 2, 3);
-        const struct {
-            const char* typed;
-            int downs;
-            const char* focused;
-            const char* selected;
-        } places[] = {{"3", 0, "TextA1(1) No of tabs: 49 of 72", "a49"},
-                      {"3", 1, "TextA1(3) No of tabs: 3 of 72", "a3"},
-                      {"A7", 1, "TextA1(22) No of tabs: 70 of 72", "a7"}};
-        for (const auto& place : places) {
+        RunningProgram running(0, 2, 3);
+        const std::tuple<const char*, int, const char*> places[] = {{"3", 0, "TextA1(1) No of tabs: 49 of 72: a49"},
+                                                                    {"3", 1, "TextA1(3) No of tabs: 3 of 72: a3"},
+                                                                    {"A7", 1, "TextA1(22) No of tabs: 70 of 72: a7"}};
+        for (const auto& [typed, downs, reached] : places) {
             {
-                const DialogAnswer answer("frmGoTo", [&](QDialog& dialog) {
+                const DialogAnswer answer("frmGoTo", [typed = typed, downs = downs](QDialog& dialog) {
                     QVERIFY(!Get<QPushButton>(dialog, "cmdGo").isEnabled());
                     auto& entry = Get<QLineEdit>(dialog, "txtPlace");
                     entry.setText("zzz");
                     QCOMPARE(Get<QLabel>(dialog, "lblResult").text(), QString("Nowhere."));
-                    entry.setText(place.typed);
-                    for (int i = 0; i < place.downs; ++i)
+                    entry.setText(typed);
+                    for (int i = 0; i < downs; ++i)
                         QTest::keyClick(&entry, Qt::Key_Down);
                     QTest::keyClick(&entry, Qt::Key_Return);
                 });
                 running.Trigger("mnuGoTo");
             }
-            QCOMPARE(running.window->focusWidget()->objectName() + " " + running.Panel(5), QString(place.focused));
-            QCOMPARE(qobject_cast<QLineEdit*>(running.window->focusWidget())->selectedText(), QString(place.selected));
+            const auto* box = qobject_cast<QLineEdit*>(running.window->focusWidget());
+            QCOMPARE(running.Focused() + " " + running.Panel(5) + ": " + box->selectedText(), QString(reached));
         }
     }
 
     void markedTabsGoToTheClipboardAndBack() {
-        RunningProgram running;
-        running.Start(0, 2, 2);
-        const auto press = [&](int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
-            QTest::keyClick(running.window->focusWidget(), static_cast<Qt::Key>(key), modifiers);
-        };
-        running.Box("TextA2(2)")->setFocus();
+        RunningProgram running(0, 2, 2);
+        const auto press = [&](int key) { running.Press(key, Qt::ControlModifier); };
+        running.Enter("TextA2(2)");
         running.program.main.editor->MarkTabs({2, 4});
         press(Qt::Key_C);
         QCOMPARE(QApplication::clipboard()->text(), QString("a2\tb\na4\tb\n"));
         for (const int key : {Qt::Key_Delete, Qt::Key_Backspace}) {
-            press(key, Qt::NoModifier);
+            running.Press(key);
             QCOMPARE(Texts(running, {1, 2, 3, 4}), QString("a1  a3 "));
             running.Trigger("mnuUndo");
             running.program.main.editor->MarkTabs({2, 4});
@@ -161,19 +140,21 @@ private slots:
         QCOMPARE(running.program.main.document.FieldB(25), std::string("x")); // the field in use
     }
 
-    void afterUndoNothingThatIsGoneIsMarked() {
-        RunningProgram running;
-        running.Start(0, 1, 1);
-        running.Box("TextA1(24)")->setFocus();
+    void whatIsPastedOrDeletedWithoutMarksIsText() {
+        RunningProgram running(0, 1, 1);
+        running.Enter("TextA1(24)");
         QApplication::clipboard()->setText("x\r\ny\r\n");
         running.test.ui.Expect("Add 1 page?", Icon::Question, Buttons::YesNo, Answer::Yes);
         running.Trigger("mnuPaste");
         QCOMPARE(Texts(running, {23, 24, 25}), QString("a23 x y"));
         running.Trigger("mnuUndo");
-        QCOMPARE(running.program.main.editor->MarkedTabs(), TabNumbers{24});
+        QCOMPARE(running.program.main.editor->MarkedTabs(), TabNumbers{24}); // none that is gone
         running.Box("TextA1(24)")->setSelection(0, 1);
-        running.Trigger("mnuDelete"); // within a text
+        running.Trigger("mnuDelete");
         QCOMPARE(Texts(running, {24}), QString("24"));
+        QApplication::clipboard()->setText("plain\r\n");
+        running.Trigger("mnuPaste");
+        QCOMPARE(Texts(running, {24}), QString("plain24"));
     }
 };
 

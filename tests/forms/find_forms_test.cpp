@@ -3,7 +3,6 @@
 #include "editor/ui/frmGrid2a4.h"
 #include "tests/forms/RunningProgram.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
 
@@ -34,37 +33,36 @@ private slots:
     void init() { FailOnWarnings(); }
 
     void findGoesFromMatchToMatchAndReplaces() {
-        RunningProgram running;
-        running.Start(0, 2, 3);
+        RunningProgram running(0, 2, 3);
         Type(running, "TextA2(3)", "\u00c9t\u00e9 B");
         running.Trigger("mnuFind");
         auto* form = running.window->findChild<frmFind*>();
-        const auto button = [&](const char* name) { return form->findChild<QPushButton*>(name); };
-        QVERIFY(!button("cmdFindNext")->isEnabled());
-        const auto find = [&](const QString& text) { form->findChild<QLineEdit*>("txtFind")->setText(text); };
-        const auto focused = [&] { return running.window->focusWidget()->objectName() + " " + running.Panel(5); };
-        const auto result = [&] { return form->findChild<QLabel*>("lblResult")->text(); };
+        QVERIFY(!Get<QPushButton>(*form, "cmdFindNext").isEnabled());
+        const auto set = [&](const char* box, const QString& text) { Get<QLineEdit>(*form, box).setText(text); };
+        const auto find = [&](const QString& text) { set("txtFind", text); };
+        const auto focused = [&] { return running.Focused() + " " + running.Panel(5); };
+        const auto after = [&](const char* button) {
+            Click(*form, button);
+            return Get<QLabel>(*form, "lblResult").text();
+        };
         find("\u00e9T\u00c9");
-        button("cmdFindNext")->click();
+        Click(*form, "cmdFindNext");
         QCOMPARE(focused(), QString("TextA2(3) No of tabs: 3 of 72"));
         QCOMPARE(running.Box("TextA2(3)")->selectedText(), QString("\u00c9t\u00e9"));
         find("A72");
         running.Trigger("mnuFindNext");
         QCOMPARE(focused(), QString("TextA1(24) No of tabs: 72 of 72"));
-        QCOMPARE(result(), QString("1 of 1"));
-        form->findChild<QCheckBox*>("chkMatchCase")->setChecked(true);
-        button("cmdFindNext")->click();
-        QCOMPARE(result(), QString("Not found."));
+        Click(*form, "chkMatchCase");
+        QCOMPARE(after("cmdFindNext"), QString("Not found."));
         find("B");
-        form->findChild<QComboBox*>("cboField")->setCurrentIndex(2);
-        form->findChild<QLineEdit*>("txtReplace")->setText("C");
-        button("cmdReplace")->click();
-        QCOMPARE(result(), QString("1 of 1, from the first tab on"));
-        button("cmdReplace")->click();
+        Get<QComboBox>(*form, "cboField").setCurrentIndex(2);
+        set("txtReplace", "C");
+        QCOMPARE(after("cmdReplace"), QString("1 of 1, from the first tab on"));
+        Click(*form, "cmdReplace");
         QCOMPARE(running.Box("TextA2(3)")->text(), QString("\u00c9t\u00e9 C"));
 
         find("b");
-        form->findChild<QLineEdit*>("txtReplace")->setText(QString(21, 'x'));
+        set("txtReplace", QString(21, 'x'));
         std::string preview;
         for (const int tab : {1, 2, 4, 5, 6, 7, 8, 9, 10, 11})
             preview += "Tab " + std::to_string(tab) + ", field B: " + std::string(20, 'x') + "[x]\r\n";
@@ -72,42 +70,37 @@ private slots:
                                "stay as they are: 71\r\n" +
                                    preview + "and 61 more\r\nDo you want to replace the others?",
                                Icon::Question, Buttons::YesNo, Answer::No);
-        button("cmdReplaceAll")->click();
-        form->findChild<QLineEdit*>("txtReplace")->setText("bb");
-        button("cmdReplaceAll")->click();
-        QCOMPARE(result(), QString("Texts replaced: 71"));
+        Click(*form, "cmdReplaceAll");
+        set("txtReplace", "bb");
+        QCOMPARE(after("cmdReplaceAll"), QString("Texts replaced: 71"));
         QCOMPARE(running.program.main.document.FieldB(72), std::string("bb"));
         QCOMPARE(running.program.main.document.FieldA(2), std::string("a2"));
         running.Trigger("mnuUndo");
         QCOMPARE(running.program.main.document.FieldB(72), std::string("b"));
         running.Trigger("mnuUndo"); // one replaced, which goes back to where it was
         running.Trigger("mnuUndo"); // typing: its box is shown again
-        QCOMPARE(running.window->focusWidget()->objectName(), QString("TextA2(3)"));
+        QCOMPARE(running.Focused(), QString("TextA2(3)"));
         QVERIFY(!running.window->isWindowModified());
     }
 
     void findCountsMarksAndGoesOnOverPages() {
-        RunningProgram running;
-        running.Start(0, 2, 3);
+        RunningProgram running(0, 2, 3);
         SheetWithMarks marks;
         running.program.main.editor.Take(marks);
         running.Trigger("mnuFind");
         auto* form = running.window->findChild<frmFind*>();
-        form->findChild<QLineEdit*>("txtFind")->setText("A2");
-        const auto next = [&] {
-            form->FindNext();
-            return form->findChild<QLabel*>("lblResult")->text();
-        };
+        Get<QLineEdit>(*form, "txtFind").setText("A2");
         running.program.main.document.FieldB(24) = "a2 A2a2";
         int number = 0;
         for (const int tab : {2, 20, 21, 22, 23, 24, 24, 24, 24, 25}) {
-            QCOMPARE(next(), QString("%1 of 14").arg(++number));
+            form->FindNext();
+            QCOMPARE(Get<QLabel>(*form, "lblResult").text(), QString("%1 of 14").arg(++number));
             QCOMPARE(marks.shown.tab, tab);
             running.program.main.document.CurrentTab = static_cast<std::int16_t>(tab);
         }
         const std::vector<TextSpan> three = {{0, 2}, {3, 2}, {5, 2}};
         QVERIFY(marks.find(1, "a2 A2a2") == three);
-        form->findChild<QComboBox*>("cboField")->setCurrentIndex(1);
+        Get<QComboBox>(*form, "cboField").setCurrentIndex(1);
         QVERIFY(marks.find(1, "a2").empty() && marks.find(0, "xa2").size() == 1);
         form->close();
         QVERIFY(!marks.find);
@@ -132,13 +125,12 @@ private slots:
             QVERIFY(!place.intersects(spot) && screen.contains(place));
         }
         QCOMPARE(placed(screen), frame); // nowhere to go
-        RunningProgram running;
-        running.Start(0, 1, 1);
+        RunningProgram running(0, 1, 1);
         running.Trigger("mnuFind");
         auto* form = running.window->findChild<frmFind*>();
         const QWidget& box = *running.Box("TextA1(11)");
         form->move(box.mapToGlobal(QPoint()));
-        form->findChild<QLineEdit*>("txtFind")->setText("a11");
+        Get<QLineEdit>(*form, "txtFind").setText("a11");
         form->FindNext();
         QVERIFY(!form->frameGeometry().intersects({box.mapToGlobal(QPoint()), box.size()}));
     }

@@ -19,12 +19,6 @@ using namespace velmora;
 
 using Rows = std::vector<std::vector<std::string>>;
 
-/// `asked` tells when it has come.
-void ExpectSheetQuestion(RunningProgram& running, bool& asked) {
-    running.test.ui.Expect("Please select the sheet to import", Icon::Question, Buttons::Ok, Answer::Ok, std::nullopt,
-                           [&asked] { asked = true; });
-}
-
 class ImportFormsTest : public QObject {
     Q_OBJECT
 
@@ -32,8 +26,7 @@ class ImportFormsTest : public QObject {
         std::string bytes;
         std::size_t next = 0;
         const auto source = [&](std::vector<std::string>& row) {
-            row = next < rows.size() ? rows[next] : row;
-            return next++ < rows.size();
+            return next < rows.size() && (row = rows[next++], true);
         };
         running.test.workbooks.Write(WorkbookFormat::Xls, "Tabs", source, [&](auto piece) { bytes += piece; });
         ReplaceFile(running.test.folder / "book.xls", bytes);
@@ -42,28 +35,29 @@ class ImportFormsTest : public QObject {
     static std::filesystem::path Three() {
         return std::filesystem::path(VELMORA_TEST_DATA) / "workbooks" / "three.xls";
     }
-    /// Opens the file by a command, as far as its announcement.
-    static void Choose(RunningProgram& running, const std::filesystem::path& path, const char* title = "Import") {
-        running.test.ui.ExpectChooser(title, path);
-    }
     static void Announce(RunningProgram& running, const std::filesystem::path& path) {
         running.test.ui.Expect("The file: [" + path.string() +
                                    "] is not an Velmora version 7 or version 8 file.\r\n\r\n"
                                    "Velmora will attempt to import it!",
                                Icon::Information);
     }
-    template <typename Control> static Control& In(QDialog& dialog, const char* name) {
-        return *dialog.findChild<Control*>(name);
+    /// Opens the file by a command, and answers the choice of its columns.
+    static void Import(RunningProgram& running, const std::string& title, const std::filesystem::path& path,
+                       const std::function<void(QDialog&)>& choose) {
+        running.test.ui.ExpectChooser(title, path);
+        Announce(running, path);
+        const DialogAnswer answer("frmImport", choose);
+        running.Trigger(("mnu" + title).c_str());
     }
     static QStringList Shown(QDialog& dialog, int row) {
-        const auto& table = In<QTableWidget>(dialog, "tblPreview");
+        const auto& table = Get<QTableWidget>(dialog, "tblPreview");
         QStringList texts;
         for (int column = 0; column < table.columnCount(); ++column)
             texts << (table.item(row, column) ? table.item(row, column)->text() : "");
         return texts;
     }
     static QStringList Titles(QDialog& dialog) {
-        const auto& table = In<QTableWidget>(dialog, "tblPreview");
+        const auto& table = Get<QTableWidget>(dialog, "tblPreview");
         QStringList titles;
         for (int column = 0; column < table.columnCount(); ++column)
             titles << table.horizontalHeaderItem(column)->text();
@@ -77,24 +71,14 @@ private slots:
         RunningProgram running;
         running.Start();
         const auto path = Book(running, {{"Smith", "2024"}, {"Jones"}});
-        Choose(running, path);
-        Announce(running, path);
-        {
-            const DialogAnswer import("frmImport", [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-            running.Trigger("mnuImport");
-        }
+        Import(running, "Import", path, [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
         QVERIFY(!running.window->isWindowModified());
-        Choose(running, path);
-        Announce(running, path);
-        {
-            const DialogAnswer import("frmImport", [](QDialog& dialog) {
-                QCOMPARE(Shown(dialog, 0), (QStringList{"Smith", "2024", ""}));
-                QCOMPARE(Titles(dialog), (QStringList{"A\nField A", "B\nField B", "C\nField C"}));
-                QVERIFY(!dialog.findChild<QComboBox*>("cboDelimiter"));
-                QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
-            });
-            running.Trigger("mnuImport");
-        }
+        Import(running, "Import", path, [](QDialog& dialog) {
+            QCOMPARE(Shown(dialog, 0), (QStringList{"Smith", "2024", ""}));
+            QCOMPARE(Titles(dialog), (QStringList{"A\nField A", "B\nField B", "C\nField C"}));
+            QVERIFY(!dialog.findChild<QComboBox*>("cboDelimiter"));
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        });
         QCOMPARE(running.Box("TextA1(2)")->text(), QString("Jones"));
         QVERIFY(running.window->windowTitle().contains("book.xls"));
         QVERIFY(running.window->isWindowModified());
@@ -105,124 +89,111 @@ private slots:
         running.Start();
         running.program.main.document.FieldA(1) = "typed";
         for (const bool chosen : {false, true}) {
-            Choose(running, Three());
+            running.test.ui.ExpectChooser("Import", Three());
             bool asked = false;
-            ExpectSheetQuestion(running, asked);
+            running.test.ui.Expect("Please select the sheet to import", Icon::Question, Buttons::Ok, Answer::Ok,
+                                   std::nullopt, [&asked] { asked = true; });
             if (chosen)
                 Announce(running, Three());
             else
                 running.test.ui.Expect("You have not selected a work sheet to import", Icon::Critical);
             const DialogAnswer select("frmSelectSheet", [&](QDialog& dialog) {
-                auto& list = In<QListWidget>(dialog, "lstSheets");
+                auto& list = Get<QListWidget>(dialog, "lstSheets");
                 QTRY_VERIFY(asked); // the prompt follows the activation
                 if (chosen)
                     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(2)).center());
                 else
-                    In<QPushButton>(dialog, "cmsCancel").click();
+                    Click(dialog, "cmsCancel");
             });
-            std::optional<DialogAnswer> import;
+            std::optional<DialogAnswer> columns;
             if (chosen)
-                import.emplace("frmImport", [](QDialog& dialog) { dialog.accept();
-        });
-        running.Trigger("mnuImport");
-        QCOMPARE(running.program.main.document.FieldA(1), std::string(chosen ? "three" : "typed"));
+                columns.emplace("frmImport", [](QDialog& dialog) { dialog.accept(); });
+            running.Trigger("mnuImport");
+            QCOMPARE(running.program.main.document.FieldA(1), std::string(chosen ? "three" : "typed"));
+        }
     }
-}
 
     void columnsAndHeadingAreShownAsChosen() {
-    RunningProgram running;
-    running.Start();
-    const auto path = Book(running, {{"Client", "Year", "", "File"}, {"Smith", "2024", "", "7"}});
-    Choose(running, path);
-    Announce(running, path);
-    {
-        const DialogAnswer import("frmImport", [](QDialog& dialog) {
-            In<QComboBox>(dialog, "cboField1").setCurrentIndex(4);
-            In<QComboBox>(dialog, "cboField2").setCurrentIndex(4);
-            In<QComboBox>(dialog, "cboField3").setCurrentIndex(0);
-            In<QCheckBox>(dialog, "chkHeading").click();
+        RunningProgram running;
+        running.Start();
+        const auto path = Book(running, {{"Client", "Year", "", "File"}, {"Smith", "2024", "", "7"}});
+        Import(running, "Import", path, [](QDialog& dialog) {
+            for (const auto& [box, column] : {std::pair{"cboField1", 4}, {"cboField2", 4}, {"cboField3", 0}})
+                Get<QComboBox>(dialog, box).setCurrentIndex(column);
+            Click(dialog, "chkHeading");
             QCOMPARE(Titles(dialog), (QStringList{"A - Client", "B - Year", "C", "D - File\nField A Field B"}));
             QCOMPARE(Shown(dialog, 0), (QStringList{"Smith", "2024", "", "7"}));
-            QCOMPARE(In<QComboBox>(dialog, "cboField1").currentText(), QString("D - File"));
-            In<QPushButton>(dialog, "cmdCancel").setFocus();
-            In<QComboBox>(dialog, "cboField1").setFocus();
-            QVERIFY(In<QPushButton>(dialog, "cmdImport").isDefault());
-            In<QPushButton>(dialog, "cmdImport").click();
+            QCOMPARE(Get<QComboBox>(dialog, "cboField1").currentText(), QString("D - File"));
+            Get<QPushButton>(dialog, "cmdCancel").setFocus();
+            Get<QComboBox>(dialog, "cboField1").setFocus();
+            QVERIFY(Get<QPushButton>(dialog, "cmdImport").isDefault());
+            Click(dialog, "cmdImport");
         });
-        running.Trigger("mnuImport");
+        const TabDocument& document = running.program.main.document;
+        QCOMPARE(document.FieldA(1) + document.FieldB(1) + document.FieldC(1), std::string("77"));
+        QCOMPARE(document.FieldA(2), std::string());
     }
-    const TabDocument& document = running.program.main.document;
-    QCOMPARE(document.FieldA(1) + document.FieldB(1) + document.FieldC(1), std::string("77"));
-    QCOMPARE(document.FieldA(2), std::string());
-}
 
-void hiddenRowsAreLeftOutWhereThereAreSome() {
-    RunningProgram running;
-    running.Start();
-    ImportRequest request{"S", {}, [](const ImportChoice& choice) {
-                              return choice.cells.visibleOnly ? Rows{{"a"}} : Rows{{"a"}, {std::string(999, 'x')}};
-                          }};
-    QVERIFY(!frmImport(running.program.main, request, {}, nullptr).findChild<QCheckBox*>("chkHidden"));
-    request.hiddenRows = 7;
-    frmImport form(running.program.main, request, {}, nullptr);
-    auto& box = In<QCheckBox>(form, "chkHidden");
-    QCOMPARE(box.text(), QString("Lea&ve out hidden rows (7)"));
-    QVERIFY(!form.Choice().cells.visibleOnly);
-    QCOMPARE(Shown(form, 1).at(0).size(), 300);
-    box.click();
-    QVERIFY(form.Choice().cells.visibleOnly);
-    QCOMPARE(In<QTableWidget>(form, "tblPreview").rowCount(), 1);
-}
+    void hiddenRowsAreLeftOutWhereThereAreSome() {
+        RunningProgram running;
+        running.Start();
+        ImportRequest request{"S", {}, [](const ImportChoice& choice) {
+                                  return choice.cells.visibleOnly ? Rows{{"a"}} : Rows{{"a"}, {std::string(999, 'x')}};
+                              }};
+        QVERIFY(!frmImport(running.program.main, request, {}, nullptr).findChild<QCheckBox*>("chkHidden"));
+        request.hiddenRows = 7;
+        frmImport form(running.program.main, request, {}, nullptr);
+        QCOMPARE(Get<QCheckBox>(form, "chkHidden").text(), QString("Lea&ve out hidden rows (7)"));
+        QVERIFY(!form.Choice().cells.visibleOnly);
+        QCOMPARE(Shown(form, 1).at(0).size(), 300);
+        Click(form, "chkHidden");
+        QVERIFY(form.Choice().cells.visibleOnly);
+        QCOMPARE(Get<QTableWidget>(form, "tblPreview").rowCount(), 1);
+    }
 
-void aListFollowsItsSeparatorAndEncoding() {
-    RunningProgram running;
-    running.Start();
-    const auto path = running.test.folder / "list.csv";
-    ReplaceFile(path, "\xC3\xA9,1;b\r\n");
-    Choose(running, path, "Open");
-    Announce(running, path);
-    {
-        const DialogAnswer import("frmImport", [](QDialog& dialog) {
+    void aListFollowsItsSeparatorAndEncoding() {
+        RunningProgram running;
+        running.Start();
+        const auto path = running.test.folder / "list.csv";
+        ReplaceFile(path, "\xC3\xA9,1;b\r\n");
+        Import(running, "Open", path, [](QDialog& dialog) {
             QCOMPARE(Shown(dialog, 0), (QStringList{"\u00e9", "1;b", ""}));
-            In<QComboBox>(dialog, "cboDelimiter").setCurrentText("Semicolon");
+            Get<QComboBox>(dialog, "cboDelimiter").setCurrentText("Semicolon");
             QCOMPARE(Shown(dialog, 0), (QStringList{"\u00e9,1", "b", ""}));
-            In<QComboBox>(dialog, "cboEncoding").setCurrentText("Windows-1252");
+            Get<QComboBox>(dialog, "cboEncoding").setCurrentText("Windows-1252");
             QCOMPARE(Shown(dialog, 0), (QStringList{"\u00c3\u00a9,1", "b", ""}));
             dialog.accept();
         });
-        running.Trigger("mnuOpen");
+        QCOMPARE(running.Box("TextA1(1)")->text(), QString("\u00c3\u00a9,1"));
     }
-    QCOMPARE(running.Box("TextA1(1)")->text(), QString("\u00c3\u00a9,1"));
-}
 
-void theChooserOffersEveryFormat() {
-    FileRequest request{"OPEN", "Import", QDir::tempPath().toStdString(), "Text (*.csv)|*.csv|Excel file (*.xls)|*.xls",
-                        "Tabs.csv"};
-    request.moreFilters = "Workbook (*.xlsx)|*.xlsx";
-    request.chosenFilter = 1;
-    {
-        const DialogAnswer open("", [](QDialog& dialog) {
-            auto& chooser = dynamic_cast<QFileDialog&>(dialog);
-            QCOMPARE(chooser.nameFilters(), (QStringList{"Text (*.csv)", "Excel file (*.xls)", "Workbook (*.xlsx)"}));
-            QCOMPARE(chooser.selectedNameFilter(), QString("Excel file (*.xls)"));
-            chooser.reject();
+    void theChooserOffersEveryFormat() {
+        FileRequest request{"OPEN", "Import", QDir::tempPath().toStdString(),
+                            "Text (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"};
+        request.moreFilters = "Workbook (*.xlsx)|*.xlsx";
+        request.chosenFilter = 1;
+        {
+            const DialogAnswer open("", [](QDialog& dialog) {
+                auto& chooser = dynamic_cast<QFileDialog&>(dialog);
+                QCOMPARE(chooser.nameFilters(),
+                         (QStringList{"Text (*.csv)", "Excel file (*.xls)", "Workbook (*.xlsx)"}));
+                QCOMPARE(chooser.selectedNameFilter(), QString("Excel file (*.xls)"));
+                chooser.reject();
+            });
+            QVERIFY(!QtUserInterface().ChooseFile(request));
+        }
+        request.operation = "SAVE";
+        request.chosenFilter = 0;
+        const DialogAnswer save("", [](QDialog& dialog) {
+            QCOMPARE(dynamic_cast<QFileDialog&>(dialog).defaultSuffix(), QString("csv"));
+            QTest::keyClick(&Get<QComboBox>(dialog, "fileTypeCombo"), Qt::Key_End);
+            Get<QLineEdit>(dialog, "fileNameEdit").setText("velmora-no-such-file");
+            dialog.accept();
         });
-        QVERIFY(!QtUserInterface().ChooseFile(request));
+        const auto chosen = QtUserInterface().ChooseFile(request);
+        QCOMPARE(QString::fromStdString(chosen.value_or("").filename().string()), QString("velmora-no-such-file.xlsx"));
     }
-    request.operation = "SAVE";
-    request.chosenFilter = 0;
-    const DialogAnswer save("", [](QDialog& dialog) {
-        auto& chooser = dynamic_cast<QFileDialog&>(dialog);
-        QCOMPARE(chooser.defaultSuffix(), QString("csv"));
-        auto* types = chooser.findChild<QComboBox*>("fileTypeCombo");
-        QTest::keyClick(types, Qt::Key_End);
-        chooser.findChild<QLineEdit*>("fileNameEdit")->setText("velmora-no-such-file");
-        dialog.accept();
-    });
-    const auto chosen = QtUserInterface().ChooseFile(request);
-    QCOMPARE(QString::fromStdString(chosen.value_or("").filename().string()), QString("velmora-no-such-file.xlsx"));
-}
-}; // namespace
+};
 
 } // namespace
 

@@ -34,10 +34,7 @@ private:
 };
 
 struct FakeDesktop : Desktop {
-    bool OpenFile(const std::filesystem::path& file) override {
-        opened = file;
-        return false;
-    }
+    bool OpenFile(const std::filesystem::path& file) override { return opened = file, false; }
     std::filesystem::path opened;
 };
 
@@ -58,72 +55,54 @@ class StripFormsTest : public QObject {
         return running.window->findChild<QLabel*>("lblDone")->text() +
                (button->isVisible() ? " [" + button->text() + "]" : QString());
     }
-    static void ClickDone(const RunningProgram& running) {
-        running.window->findChild<QPushButton*>("cmdDone")->click();
-    }
+    static void ClickDone(RunningProgram& running) { running.window->findChild<QPushButton*>("cmdDone")->click(); }
 
 private slots:
     void init() { FailOnWarnings(); }
 
     void theStripFollowsTheDocument() {
-        RunningProgram running;
-        running.Start(0, 1, 2);
+        RunningProgram running(0, 1, 2);
         QCOMPARE(InView(running), QString("1 of 2: Page 1, filled"));
         running.Trigger("mnuNewPage");
         QCOMPARE(InView(running), QString("3 of 3: Page 3, empty"));
         QTest::keyClicks(running.Box("TextA1(2)"), "x");
         QCOMPARE(InView(running), QString("3 of 3: Page 3, partly filled"));
-        running.Trigger("mnuPreviousPage");
-        running.test.ui.Expect("Do you want to delete the current page?", Icon::Question, Buttons::YesNo, Answer::Yes,
-                               Answer::No);
-        running.Trigger("mnuDeletePage");
-        QCOMPARE(InView(running), QString("1 of 2: Page 1, filled"));
         running.Trigger("mnuUndo");
-        QCOMPARE(InView(running), QString("2 of 3: Page 2, filled"));
+        running.Trigger("mnuUndo");
+        QCOMPARE(InView(running), QString("1 of 2: Page 1, filled"));
     }
 
     void keysInTheStripStayThereAndAClickLeavesTheBoxInUse() {
-        RunningProgram running;
-        running.Start(0, 1, 4);
+        RunningProgram running(0, 1, 4);
         PageStrip& strip = Strip(running);
-        running.Box("TextA1(5)")->setFocus();
-        QTest::keyClicks(running.Box("TextA1(5)"), "typed");
+        QTest::keyClicks(running.Enter("TextA1(5)"), "typed");
         QTest::keyClick(running.window, Qt::Key_F6);
-        const std::pair<Qt::Key, const char*> moves[] = {{Qt::Key_Down, "Pg No: 2 of 4"},
-                                                         {Qt::Key_End, "Pg No: 4 of 4"},
-                                                         {Qt::Key_Up, "Pg No: 3 of 4"},
-                                                         {Qt::Key_PageUp, "Pg No: 2 of 4"},
-                                                         {Qt::Key_Home, "Pg No: 1 of 4"}};
+        const std::pair<Qt::Key, int> moves[] = {
+            {Qt::Key_Down, 2}, {Qt::Key_End, 4}, {Qt::Key_Up, 3}, {Qt::Key_PageUp, 2}, {Qt::Key_Home, 1}};
         for (const auto& [key, page] : moves) {
-            QTest::keyClick(running.window->focusWidget(), key);
-            QCOMPARE(running.Panel(4), QString(page));
+            running.Press(key);
+            QCOMPARE(running.Panel(4), QString("Pg No: %1 of 4").arg(page));
             QVERIFY(strip.hasFocus());
         }
         QCOMPARE(running.program.main.document.FieldA(5), std::string("typeda5"));
-        running.test.ui.Expect("Do you want to delete the current page?", Icon::Question, Buttons::YesNo, Answer::Yes,
-                               Answer::No);
-        running.Trigger("mnuDeletePage");
+        running.DeletePage();
         QVERIFY(strip.hasFocus());
         QTest::keyClick(&strip, Qt::Key_Down);
         QTest::keyClick(&strip, Qt::Key_Return);
-        QCOMPARE(running.window->focusWidget()->objectName() + " " + running.Panel(5),
-                 QString("TextA1(1) No of tabs: 25 of 72"));
-        running.Box("TextA1(3)")->setFocus();
+        QCOMPARE(running.Focused() + " " + running.Panel(5), QString("TextA1(1) No of tabs: 25 of 72"));
+        running.Enter("TextA1(3)");
         QTest::mouseClick(strip.viewport(), Qt::LeftButton, {}, strip.visualRect(strip.model()->index(2, 0)).center());
         QCOMPARE(running.Panel(4), QString("Pg No: 3 of 3"));
-        QCOMPARE(running.window->focusWidget()->objectName(), QString("TextA1(3)"));
+        QCOMPARE(running.Focused(), QString("TextA1(3)"));
     }
 
     void thousandsOfPagesOfAnotherShapeAreDrawnWhereTheyAreSeen() {
-        RunningProgram running;
-        running.Start(0, 1, 1);
+        RunningProgram running(0, 1, 1);
         PageStrip& strip = Strip(running);
         const auto height = [&] { return strip.visualRect(strip.currentIndex()).height(); };
-        const auto open = [&](int tabs) {
-            std::string text = "Version 8\r\nP,DL_v,5,1\r\n0,0\r\nA\r\nB\r\nC\r\n";
-            for (int tab = 1; tab <= tabs; ++tab)
-                text += "a" + std::to_string(tab) + "\r\n";
-            ReplaceFile(running.test.folder / "dl.csv", text);
+        const auto open = [&](std::size_t tabs) {
+            ReplaceFile(running.test.folder / "dl.csv",
+                        "Version 8\r\nP,DL_v,5,1\r\n0,0\r\nA\r\nB\r\nC\r" + std::string(tabs + 1, '\n'));
             running.program.main.document.DocFileName.clear(); // which it does not ask about
             running.test.ui.ExpectChooser("Open", running.test.folder / "dl.csv");
             running.Trigger("mnuOpen");
@@ -141,26 +120,24 @@ private slots:
         QVERIFY(counting.paints + counting.sizes < 100);
         QCoreApplication::processEvents();
         counting.paints = 0;
-        running.Box("TextA1(1)")->clear();
         QTest::keyClicks(running.Box("TextA1(1)"), "x");
         QTRY_VERIFY(counting.paints > 0);
         QCOMPARE(counting.paints, 1); // the page in view
     }
 
     void whetherTheStripIsShownIsRemembered() {
-        RunningProgram running;
-        running.Start(0, 1, 1);
+        RunningProgram running(0, 1, 1);
         QVERIFY(Strip(running).isVisible());
         running.Trigger("mnuPageStrip");
         QVERIFY(!Strip(running).isVisible());
         QCOMPARE(running.test.Stored("Settings", "Page Strip"), std::string("False"));
-        for (const auto& [stored, shown] : {std::pair{"False", false}, {"True", true}, {"?", false}}) {
+        for (const char* stored : {"False", "True", "?"}) {
             RunningProgram next;
             next.test.Store("Settings", "Page Strip", stored);
             next.test.Store("Form Position", "mdiVelmora", "0,0,400,300");
             next.Start(0, 1, 1);
-            QCOMPARE(Strip(next).isVisible(), shown);
-            QCOMPARE(next.window->findChild<QAction*>("mnuPageStrip")->isChecked(), shown);
+            QCOMPARE(Strip(next).isVisible(), *stored == 'T');
+            QCOMPARE(next.window->findChild<QAction*>("mnuPageStrip")->isChecked(), *stored == 'T');
         }
     }
 
@@ -171,9 +148,10 @@ private slots:
         running.program.desktop.Take(desktop);
         running.Start(0, 1, 2);
         running.program.main.globals.PrinterName = "Office";
+        QTest::keyClicks(running.Enter("TextA1(1)"), "typed");
         running.Trigger("mnuPrint");
         QCOMPARE(Done(running), QString("2 sheets sent to Office"));
-        QCOMPARE(running.window->focusWidget()->accessibleDescription(), QString("2 sheets sent to Office"));
+        QCOMPARE(running.window->focusWidget()->accessibleDescription(), Done(running));
         const auto pdf = running.test.folder / "out.pdf";
         running.test.ui.ExpectChooser("Save as PDF", pdf);
         running.Trigger("mnuSavePdf");
@@ -183,13 +161,8 @@ private slots:
                                Icon::Information);
         ClickDone(running);
         QCOMPARE(desktop.opened, pdf);
-        const auto deletePage = [&] {
-            running.test.ui.Expect("Do you want to delete the current page?", Icon::Question, Buttons::YesNo,
-                                   Answer::Yes, Answer::No);
-            running.Trigger("mnuDeletePage");
-            return Done(running);
-        };
-        QCOMPARE(deletePage(), QString("Page 1 deleted [&Undo]"));
+        running.DeletePage();
+        QCOMPARE(Done(running), QString("Page 1 deleted [&Undo]"));
         ClickDone(running);
         QCOMPARE(Done(running), QString());
         QCOMPARE(running.Panel(4), QString("Pg No: 1 of 2"));
@@ -203,7 +176,7 @@ private slots:
         DuplicatePage(running.program.main);
         QCOMPARE(Done(running), QString("Page 2 duplicated [&Undo]"));
         ClickDone(running);
-        deletePage();
+        running.DeletePage();
         QTest::keyClicks(running.Box("TextA1(1)"), "x"); // which an undo would take back
         QCOMPARE(Done(running), QString());
         running.test.ui.Expect("File saved successfully", Icon::Information);
@@ -213,8 +186,7 @@ private slots:
     }
 
     void theStatusLineTellsAllWhereItIsCut() {
-        RunningProgram running;
-        running.Start(0, 2, 1);
+        RunningProgram running(0, 2, 1);
         const auto* panel = running.window->findChild<QLabel*>("Panel2");
         QTRY_COMPARE(panel->toolTip(), QString());
         running.window->resize(300, 300);
@@ -227,8 +199,7 @@ private slots:
         QCOMPARE(running.window->width(), 700);
         QCOMPARE(width("Panel4"), running.window->findChild<QLabel*>("Panel4")->sizeHint().width());
         running.Trigger("mnuFirstPage");
-        running.Box("TextA1(12)")->setFocus();
-        QTest::keyClicks(running.Box("TextA1(12)"), "four");
+        QTest::keyClicks(running.Enter("TextA1(12)"), "four");
         QCOMPARE(running.window->findChild<QLabel*>("lblBox")->text().section(';', 0, 0), QString("7 of 20"));
     }
 };

@@ -1,6 +1,6 @@
 #include "settings/RegistryFile.h"
 #include "base/Encoding.h"
-#include "tests/settings/Support.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -22,8 +22,7 @@ std::string Exported(const std::string& lines) {
     return "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Maker\\Program\\Sect]\r\n" + lines;
 }
 
-class RegistryFileTest : public testing::Test {
-protected:
+struct RegistryFileTest : testing::Test {
     std::vector<std::string> Keys(const std::string& path) {
         std::vector<std::string> names;
         registry_.EnumerateKeys(path, names);
@@ -103,15 +102,12 @@ TEST_F(RegistryFileTest, WritesTheFormThatWasRead) {
     EXPECT_EQ(registry_.Set(kPath, "A", "\xC3\x83\xC2\xA9"), RegistryCode::WriteFault);
 }
 
-TEST_F(RegistryFileTest, MissingFileIsAnEmptyRegistry) {
+TEST_F(RegistryFileTest, AMissingFileIsAnEmptyRegistryAndDeletesAreForGood) {
     EXPECT_EQ(registry_.Query(kPath, "A", value_), RegistryCode::FileNotFound);
     EXPECT_EQ(registry_.DeleteKey(kPath), RegistryCode::FileNotFound);
     EXPECT_EQ(Content(path_), "(none)");
     EXPECT_EQ(registry_.Set(kPath, "A", "1"), kSuccess);
     EXPECT_EQ(Content(path_), Exported("\"A\"=\"1\"\r\n"));
-}
-
-TEST_F(RegistryFileTest, DeletesForGood) {
     ReplaceFile(path_, Exported("\"A\"=\"1\"\r\n\"B\"=\"1\"\r\n\"A\"=\"2\"\r\n; note\r\n"));
     EXPECT_EQ(registry_.DeleteValue(kPath, "A"), kSuccess);
     EXPECT_EQ(Content(path_), Exported("\"B\"=\"1\"\r\n; note\r\n"));

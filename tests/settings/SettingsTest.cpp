@@ -1,10 +1,11 @@
 #include "base/Error.h"
+#include "settings/FormPosition.h"
 #include "settings/RegistryFile.h"
 #include "settings/RegistryMove.h"
 #include "settings/RegistrySettings.h"
 #include "settings/mdlSettings.h"
-#include "tests/settings/Support.h"
 #include "tests/support/ScriptedInterface.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -17,33 +18,16 @@ const std::string kApplication = "SOFTWARE\\Corvane Series\\Velmora";
 const std::string kSection = kApplication + "\\Sect";
 
 /// A registry file whose deletions can be watched.
-class WatchedRegistry : public RegistryFile {
-public:
+struct WatchedRegistry : RegistryFile {
     using RegistryFile::RegistryFile;
     RegistryCode DeleteValue(const std::string& path, const std::string& name) override {
         const RegistryCode code = onDelete(name);
         return code == RegistryCode::Success ? RegistryFile::DeleteValue(path, name) : code;
     }
-    std::function<RegistryCode(const std::string& name)> onDelete = [](const std::string&) {
-        return RegistryCode::Success;
-    };
+    std::function<RegistryCode(const std::string&)> onDelete = [](const auto&) { return RegistryCode::Success; };
 };
 
-/// Nearly all boxes bear the application's name.
-class TitledInterface : public ScriptedInterface {
-public:
-    using ScriptedInterface::ScriptedInterface;
-    Answer Show(const Message& message) override {
-        EXPECT_EQ(message.title, title);
-        Message named = message;
-        named.title = "Velmora";
-        return ScriptedInterface::Show(named);
-    }
-    std::string title = "Velmora";
-};
-
-class SettingsTest : public testing::Test {
-protected:
+struct SettingsTest : testing::Test {
     SettingsTest() {
         store_.SettingsAppName = "Velmora";
         store_.ProgramFolder = folder_.Path();
@@ -68,7 +52,7 @@ protected:
     TemporaryFolder folder_;
     fs::path ini_ = folder_ / "Velmora.ini";
     fs::path reg_ = folder_ / "Velmora.reg";
-    TitledInterface ui_{[](const std::string& complaint) { ADD_FAILURE() << complaint; }};
+    ScriptedInterface ui_{[](const std::string& complaint) { ADD_FAILURE() << complaint; }};
     WatchedRegistry registry_{reg_};
     SettingsStore store_{registry_, ui_};
 };
@@ -127,21 +111,19 @@ TEST_F(SettingsTest, ReportsAProtectedFileOnce) {
         SettingsBatch batch(store_);
         EXPECT_TRUE(Save("K", "3"));
     }
-    ui_.title = "CSetting.DeleteKey";
+    ui_.boxTitle = "CSetting.DeleteKey";
     ui_.Expect("Error Deleting Key (check if file is protected)", Icon::None);
     EXPECT_FALSE(DeleteSetting(store_, "Sect", "K"));
-    ui_.title = "Velmora";
+    ui_.boxTitle = "Velmora";
     fs::remove(ini_);
     EXPECT_TRUE(Save("K", "4"));
     BlockIni();
     ExpectIniError();
-    {
-        SettingsBatch batch(store_);
-        EXPECT_TRUE(Save("K", "5"));
-    }
+    const SettingsBatch batch(store_);
+    EXPECT_TRUE(Save("K", "5"));
 }
 
-TEST_F(SettingsTest, BatchWritesAtItsEnd) {
+TEST_F(SettingsTest, BatchWritesAtItsEndAndMemoryNever) {
     {
         SettingsBatch outer(store_);
         Save("A", "1");
@@ -157,9 +139,7 @@ TEST_F(SettingsTest, BatchWritesAtItsEnd) {
         EXPECT_EQ(Get("A", ""), "1");
     }
     EXPECT_EQ(Content(ini_), "[Sect]\r\nA=1\r\nB=3\r\n");
-}
-
-TEST_F(SettingsTest, MemoryOnlyTouchesNoFile) {
+    fs::remove(ini_);
     store_.InMemory = true;
     EXPECT_TRUE(Save("A", "1"));
     EXPECT_EQ(Get("A", ""), "1");
@@ -173,8 +153,7 @@ TEST_F(SettingsTest, RegistryModeReadsAndWritesTheMachinesKey) {
     EXPECT_EQ(Probe(store_, {"Sect", "A"}), std::nullopt);
     EXPECT_EQ(Content(reg_), "(none)");
     EXPECT_EQ(Get("A", "default"), "default");
-    EXPECT_TRUE(Save("N", "-5", true));
-    EXPECT_TRUE(Save("Long", std::string(300, 'x')));
+    EXPECT_TRUE(Save("N", "-5", true) && Save("Long", std::string(300, 'x')));
     EXPECT_EQ(Get("N", "1", true), "-5");
     EXPECT_EQ(Get("Long", "").size(), 255u);
     EXPECT_EQ(Probe(store_, {"Sect", "A"}), "default");
@@ -206,8 +185,27 @@ TEST_F(SettingsTest, RegistryErrorsAreReported) {
     EXPECT_FALSE(Save("A", "1"));
 }
 
-class RegistryMoveTest : public SettingsTest {
-protected:
+TEST_F(SettingsTest, AWindowReturnsToItsPlaceOrToTheMiddle) {
+    const FormPosition window = {0, 0, 401, 300}, middle = {311, 234, 401, 300}; // of a screen of 1024 x 768
+    for (const char* none :
+         {"", "120", "10,20,30", "a,b,c,d", "10,20,0,40", "1025,20,30,40", "10,769,30,40", "99999999999,1,2,3"}) {
+        SaveSetting(store_, "Form Position", "frmTest", none);
+        EXPECT_EQ(RestoreFormPosition(store_, "frmTest", window, 1024, 768), middle) << none;
+    }
+    const std::tuple<const char*, FormPosition> cases[] = {
+        {"1024,768,30,40", {1024, 768, 30, 40}}, {" -5, -6 ,500,400", {-5, -6, 500, 400}}, {"1,2,3,4,5", {1, 2, 3, 4}}};
+    for (const auto& [stored, place] : cases) {
+        SaveSetting(store_, "Form Position", "frmTest", stored);
+        EXPECT_EQ(RestoreFormPosition(store_, "frmTest", window, 1024, 768), place) << stored;
+    }
+    EXPECT_EQ(RestoreFormPosition(store_, "frmTest", {0, 0, 1124, 868}, 1024, 768).left, 1);
+    SaveSetting(store_, "Form Position", "frmTest", "");
+    EXPECT_EQ(RestoreFormPosition(store_, "frmTest", {0, 0, 1125, 868}, 1024, 768).left, -50);
+    SaveFormPosition(store_, "frmTest", {-1, 2, 300, 400});
+    EXPECT_EQ(Probe(store_, {"Form Position", "frmTest"}), "-1,2,300,400");
+}
+
+struct RegistryMoveTest : SettingsTest {
     RegistryMoveTest() {
         registry_.Set(kApplication + "\\Paths", "Application", "C:\\Velmora\\");
         registry_.Set(kSection, "A", "caf\xC3\xA9");
@@ -250,15 +248,13 @@ TEST_F(RegistryMoveTest, AWriteThatFailsHalfWayLosesNothing) {
     EXPECT_EQ(store_.SaveMode, 1);
 }
 
-TEST_F(RegistryMoveTest, AProtectedRegistryIsReportedOnce) {
+TEST_F(RegistryMoveTest, AProtectedRegistryIsReportedOnceAndABrokenOneNotTakenForNone) {
     registry_.onDelete = [](const std::string&) { return RegistryCode::WriteFault; };
     ExpectRegistryError("Error Deleting Registry Key Entry:", "Key/Path=" + kApplication + "\\PathsDLL Returned=29");
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
     EXPECT_EQ(Content(ini_), all_);
     EXPECT_EQ(InRegistry("A"), "caf\xC3\xA9");
-}
-
-TEST_F(RegistryMoveTest, ABrokenRegistryIsNotTakenForNone) {
+    fs::remove(ini_);
     ReplaceFile(reg_, "broken");
     ExpectRegistryError("Error Opening Registry Key Entry:", "Key/Path=" + kApplication + "DLL Returned=1015");
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);

@@ -70,21 +70,15 @@ int System(long result) {
 } // namespace
 
 void ArmFault(Fault fault, int at) {
-    state.fault = fault;
-    state.at = at;
-    state.count = 0;
-    state.armed = true;
+    state = {fault, at, 0, true, state.refusesOwners};
 }
-
 int DisarmFault() {
     state.armed = false;
     return state.count;
 }
-
 void RearmFault() {
     state.armed = true;
 }
-
 void RefuseOwners(bool refuse) {
     state.refusesOwners = refuse;
 }
@@ -113,29 +107,23 @@ ssize_t write(int file, const void* bytes, size_t size) {
 int fsync(int file) {
     return Call<int>([&] { return System(::syscall(SYS_fsync, file)); });
 }
-
 int rename(const char* from, const char* to) noexcept {
     return Call<int>([&] { return System(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0)); });
 }
-
 int unlink(const char* path) noexcept {
     return Call<int>([&] { return System(::syscall(SYS_unlinkat, AT_FDCWD, path, 0)); });
 }
-
 int ftruncate(int file, off_t size) noexcept {
     return Call<int>([&] { return System(::syscall(SYS_ftruncate, file, size)); });
 }
-
 /// Gives the error itself, as the standard has it.
 int posix_fallocate(int file, off_t from, off_t size) {
     const int result = Call<int>([&] { return System(::syscall(SYS_fallocate, file, 0, from, size)); });
     return result == 0 ? 0 : errno;
 }
-
 int fchmod(int file, mode_t mode) noexcept {
     return Call<int>([&] { return System(::syscall(SYS_fchmod, file, mode)); });
 }
-
 int fchown(int file, uid_t owner, gid_t group) noexcept {
     if (velmora::state.refusesOwners) {
         errno = EPERM;
@@ -143,11 +131,9 @@ int fchown(int file, uid_t owner, gid_t group) noexcept {
     }
     return Call<int>([&] { return System(::syscall(SYS_fchown, file, owner, group)); });
 }
-
 int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
     return Call<int>([&] { return System(::syscall(SYS_fsetxattr, file, name, value, size, flags)); });
 }
-
 int stat(const char* path, struct stat* status) noexcept {
     return Call<int>([&] { return System(::syscall(SYS_newfstatat, AT_FDCWD, path, status, 0)); });
 }

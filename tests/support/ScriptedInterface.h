@@ -8,7 +8,6 @@
 #include <deque>
 #include <functional>
 #include <string>
-#include <variant>
 
 namespace velmora {
 

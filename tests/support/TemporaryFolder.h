@@ -1,5 +1,7 @@
-// A folder of its own for a test, gone with it.
+// A folder of its own for a test, gone with it, and what a file there holds.
 #pragma once
+
+#include "base/AtomicFile.h"
 
 #include <filesystem>
 #include <random>
@@ -28,5 +30,10 @@ public:
 private:
     std::filesystem::path path_;
 };
+
+/// What a file holds; "(none)" where there is none.
+inline std::string Content(const std::filesystem::path& path) {
+    return std::filesystem::exists(path) ? ReadFile(path) : "(none)";
+}
 
 } // namespace velmora

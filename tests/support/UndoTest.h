@@ -2,17 +2,12 @@
 #pragma once
 
 #include "tests/support/Documents.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProgramTest.h"
 #include "workspace/Undo.h"
-
-#include <gtest/gtest.h>
 
 namespace velmora {
 
-struct UndoTest : testing::Test {
-    TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    MainModule& main = program.main;
-    TabDocument& document = program.main.document;
+struct UndoTest : ProgramTest {
     UndoHistory& history = main.history;
 
     void MakeDocument(int pages) {
@@ -41,8 +36,7 @@ struct UndoTest : testing::Test {
             const FieldFont& font = main.fonts[static_cast<std::size_t>(field)];
             text += "\n" + font.Name + std::to_string(font.Size) + std::to_string(font.HorizontalAlignment);
             for (int key = 0; key < kFontKeys; ++key)
-                text +=
-                    "," + program.settings.Object.Probe(kFontSection, FontSetting(key, field).key).value_or("(none)");
+                text += "," + program.Stored(std::string(kFontSection), std::string(FontSetting(key, field).key));
             for (int tab = 1; tab <= document.Field(field).Count(); ++tab)
                 text += "\n" + document.Field(field)(tab);
         }
@@ -51,8 +45,7 @@ struct UndoTest : testing::Test {
         return text;
     }
     void SetUpPage(int type, int fields, int fontSize) {
-        document.setup.OptType = static_cast<std::int16_t>(type);
-        document.setup.NoOfFields = static_cast<std::int16_t>(fields);
+        SetType(type, fields);
         SetLayoutFromType(document.setup);
         SetFieldLimits(document.setup);
         ApplyTabType(main);
