@@ -17,8 +17,11 @@ void RequestHelp(QWidget& window) {
 }
 
 void AddHelpButton(QDialogButtonBox& buttons) {
-    // A role that every desktop puts at the left; that of help stands at the right on some.
-    buttons.addButton(MakeHelpButton(), QDialogButtonBox::ResetRole);
+    QPushButton* help = buttons.addButton(QDialogButtonBox::Help);
+    help->setObjectName("cmdHelp");
+    help->setAutoDefault(false);
+    QObject::connect(&buttons, &QDialogButtonBox::helpRequested, &buttons,
+                     [&buttons] { RequestHelp(*buttons.window()); });
 }
 
 QPushButton* MakeHelpButton() {

@@ -66,7 +66,8 @@ public:
         std::filesystem::create_directory(test.folder / "Images");
         std::filesystem::create_directory(test.folder / "Tabs");
         test.Store("Settings", "Start with setup", "False");
-        test.Store("Settings", "Ask for printer", "False");
+        for (const char* ask : {"Ask for printer", "Ask for margins"})
+            test.Store("Settings", ask, "False");
         SaveDefaultMargins(test.settings, 0, "A4_8", {}); // a start that asks nothing
     }
     /// Started, with a file of its own.
