@@ -15,6 +15,7 @@ constexpr std::string_view kMore = "More";
 constexpr HelpPage kPages[] = {
     {"welcome", "Welcome to Velmora", kStart},
     {"first-document", "Your first document", kStart},
+    {"how-do-i", "How do I ...?", kStart},
     {"stationery", "Stationery and page set-up", kStart},
     {"typing", "Typing and moving about", kWork},
     {"pages", "Pages and empty tabs", kWork},

@@ -48,6 +48,29 @@ QString Snippet(const QString& text, const QString& word) {
     return (at > 0 ? "..." : "") + text.mid(at, kSnippetLength) + "...";
 }
 
+bool HoldsAll(const QString& text, const QStringList& words, const QString& edge) {
+    return std::all_of(words.begin(), words.end(), [&](const QString& word) {
+        const QRegularExpression pattern(edge + QRegularExpression::escape(word) + edge,
+                                         QRegularExpression::CaseInsensitiveOption |
+                                             QRegularExpression::UseUnicodePropertiesOption);
+        return text.contains(pattern);
+    });
+}
+
+constexpr int kBestRank = 4;
+
+/// How well a page fits; 0: it lacks a word.
+int Rank(const QString& title, const QString& text, const QStringList& words) {
+    int rank = kBestRank;
+    for (const QString& place : {title, text})
+        for (const char* edge : {"\\b", ""}) {
+            if (HoldsAll(place, words, edge))
+                return rank;
+            --rank;
+        }
+    return rank;
+}
+
 QStringList Words(const QString& text) {
     return text.split(QRegularExpression("\\s+"), Qt::SkipEmptyParts);
 }
@@ -175,7 +198,7 @@ void frmHelp::SelectInContents(const QUrl& source) {
             treContents_->setCurrentItem(*item);
 }
 
-/// A page is found when it holds every word.
+/// Titles come first, and whole words before parts of words; among equals, in the order of the contents.
 void frmHelp::Search() {
     const QStringList words = Words(txtSearch_->text());
     lstHits_->clear();
@@ -187,14 +210,13 @@ void frmHelp::Search() {
     if (texts_.empty())
         for (const HelpPage& page : pages)
             texts_.push_back(PlainText(Text(page.name)));
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        const QString& text = texts_[i];
-        if (!std::all_of(words.begin(), words.end(),
-                         [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); }))
-            continue;
-        auto* hit = new QListWidgetItem(Text(pages[i].title) + "\n" + Snippet(text, words.first()), lstHits_);
-        hit->setData(Qt::UserRole, Text(pages[i].name));
-    }
+    for (int rank = kBestRank; rank > 0; --rank)
+        for (std::size_t i = 0; i < pages.size(); ++i)
+            if (Rank(Text(pages[i].title), texts_[i], words) == rank) {
+                auto* hit =
+                    new QListWidgetItem(Text(pages[i].title) + "\n" + Snippet(texts_[i], words.first()), lstHits_);
+                hit->setData(Qt::UserRole, Text(pages[i].name));
+            }
     if (lstHits_->count() == 0)
         (new QListWidgetItem(tr("No page holds these words."), lstHits_))->setFlags(Qt::NoItemFlags);
 }

@@ -187,6 +187,14 @@ private slots:
         hits.setCurrentRow(0);
         QCOMPARE(place(), QString("used-sheets.html Partly used sheets"));
         QVERIFY(page->extraSelections().size() > 2);
+        for (const auto& [words, first] : {std::pair("undo", "Find, replace and undo"), // though pages before hold it
+                                           {"print one tab again", "How do I ...?"},
+                                           {"tab", "Pages and empty tabs"}}) {
+            Get<QLineEdit>(help, "txtSearch").setText(words);
+            QCOMPARE(hits.item(0)->text().section('\n', 0, 0), QString(first));
+        }
+        hits.setCurrentRow(-1);
+        page->setSource(QUrl("qrc:/help/used-sheets.html"));
         help.findChild<QAction*>("cmdBack")->trigger();
         QCOMPARE(place(), QString("welcome.html Welcome to Velmora"));
         int shown = 0;
