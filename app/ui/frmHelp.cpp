@@ -1,6 +1,7 @@
 #include "app/ui/frmHelp.h"
 
 #include "app/Help.h"
+#include "widgets/LineIcon.h"
 
 #include <QAction>
 #include <QFile>
@@ -11,7 +12,6 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QStyle>
 #include <QTextBrowser>
 #include <QTextDocument>
 #include <QToolBar>
@@ -124,10 +124,10 @@ QWidget* frmHelp::BuildBar() {
         connect(action, &QAction::triggered, page_, work);
         return action;
     };
-    QAction* back = add("cmdBack", bar->addAction(style()->standardIcon(QStyle::SP_ArrowBack), tr("Back")),
-                        QKeySequence("Alt+Left"), [this] { page_->backward(); });
-    QAction* forward = add("cmdForward", bar->addAction(style()->standardIcon(QStyle::SP_ArrowForward), tr("Forward")),
-                           QKeySequence("Alt+Right"), [this] { page_->forward(); });
+    QAction* back = add("cmdBack", bar->addAction(LineIcon("previous"), tr("Back")), QKeySequence("Alt+Left"),
+                        [this] { page_->backward(); });
+    QAction* forward = add("cmdForward", bar->addAction(LineIcon("next"), tr("Forward")), QKeySequence("Alt+Right"),
+                           [this] { page_->forward(); });
     bar->addSeparator();
     add("cmdZoomIn", bar->addAction(tr("Larger")), QKeySequence("Ctrl++"), [this] { page_->zoomIn(); });
     add("cmdZoomOut", bar->addAction(tr("Smaller")), QKeySequence("Ctrl+-"), [this] { page_->zoomOut(); });
