@@ -6,6 +6,7 @@
 #include <QHideEvent>
 #include <QScreen>
 #include <QStyle>
+#include <QWindow>
 
 #include <algorithm>
 #include <limits>
@@ -16,13 +17,14 @@ namespace {
 constexpr int kFrame = 4;       ///< pixels, about what window managers put at the sides of a window
 constexpr int kRoomBeside = 12; ///< pixels between a window and what it makes room for
 
-/// Of the window as it is without filling the screen; its frame's corner, and its size within the frame.
+/// Of the window as it is without filling the screen; its frame's corner, and its size within the frame. While it is
+/// shown or hidden, widget and window learn at different times that there is a frame: one of both knows.
 FormPosition PlaceOf(const QWidget& window) {
-    if (!window.isMaximized())
-        return {window.x(), window.y(), window.width(), window.height()};
-    const QPoint frame = window.geometry().topLeft() - window.frameGeometry().topLeft();
-    const QRect normal = window.normalGeometry().translated(-frame);
-    return {normal.x(), normal.y(), normal.width(), normal.height()};
+    const QMargins known = window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
+    const QPoint strut = window.geometry().topLeft() - window.frameGeometry().topLeft();
+    const QRect inner = window.isMaximized() ? window.normalGeometry() : window.geometry();
+    return {inner.x() - std::max(known.left(), strut.x()), inner.y() - std::max(known.top(), strut.y()), inner.width(),
+            inner.height()};
 }
 
 /// What the window manager will put around a window, as far as it shows on another one or the style knows it.
