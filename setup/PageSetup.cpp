@@ -1,5 +1,6 @@
 #include "setup/PageSetup.h"
 
+#include "base/Text.h"
 #include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
@@ -31,6 +32,13 @@ void TakeOver(MainModule& main, const DocumentSetup& draft, DefaultMargins margi
     ApplyTabType(main);
     if (calibrate)
         ApplyDefaultMargins(main.settings, draft.OptType, draft.LayoutName);
+}
+
+bool HasTexts(const TabDocument& document) {
+    for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
+        if (!IsEmptyTab(document, tab))
+            return true;
+    return false;
 }
 
 } // namespace
@@ -73,6 +81,7 @@ bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string&
 }
 
 LoadOutcome PageSetup::Open() {
+    TakePageBack(main_);
     const LoadOutcome outcome = LoadGlobals(main_);
     RefreshDocumentStatus(main_);
     ReadDocument();
@@ -92,6 +101,18 @@ void PageSetup::ChooseFields(int fields) {
     draft_.NoOfFields = static_cast<std::int16_t>(fields);
     SetFieldLimits(draft_);
     ShowDocumentStatus(main_, draft_);
+}
+
+std::string PageSetup::WhatBecomesOfTexts() const {
+    const TabDocument& document = main_.document;
+    if (draft_.OptType == document.setup.OptType || !HasTexts(document))
+        return {};
+    if (EmptiesDocument(document, draft_.OptType))
+        return "OK empties the document, because no tab but the first is in use. Edit > Undo brings its texts back. To "
+               "let them flow onto the new sheets, cancel and click into any other tab before.";
+    const auto pages = PagesForTabs(document.TabCount, FindTabType(draft_.OptType)->TabsPerPage());
+    return "The texts flow on in their order, from " + Counted(static_cast<std::size_t>(document.NoOfPages), "page") +
+           " onto " + Counted(static_cast<std::size_t>(pages), "page") + ".";
 }
 
 std::string PageSetup::Picture() const {

@@ -42,6 +42,9 @@ public:
     /// 1 to 3; no effect for any other number.
     void ChooseFields(int fields);
 
+    /// What OK does to the texts of the document: whether they flow on or are emptied; empty where nothing becomes of
+    /// them.
+    std::string WhatBecomesOfTexts() const;
     std::string Picture() const;      ///< of the chosen stationery: a file name in the images folder
     std::string GridSizeText() const; ///< such as "8 Rows, 3 Colums"
     /// Whether the sample box of field 0 to 2 shows, and the code of its horizontal alignment.

@@ -169,10 +169,12 @@ TEST_F(SetupTest, OkTakesTheDocumentToTheChoice) {
 }
 
 TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
-    document.FieldA(24) = "kept";
     document.CurrentTab = 0;
     PageSetup dialog(main);
     dialog.ChooseType(1);
+    EXPECT_EQ(dialog.WhatBecomesOfTexts(), "") << "there are none";
+    document.FieldA(24) = "kept";
+    EXPECT_TRUE(dialog.WhatBecomesOfTexts().starts_with("OK empties the document,"));
     EXPECT_TRUE(dialog.Ok());
     EXPECT_EQ(editor.calls, "down up ");
     EXPECT_EQ(document.TabCount, 48);
@@ -184,6 +186,7 @@ TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
     EXPECT_EQ(document.setup.OptType, 0);
     EXPECT_FALSE(document.DocChanged);
     document.CurrentTab = 2;
+    EXPECT_EQ(dialog.WhatBecomesOfTexts(), "The texts flow on in their order, from 1 page onto 1 page.");
     EXPECT_TRUE(dialog.Ok());
     EXPECT_EQ(document.FieldA(24), "kept");
 }

@@ -130,6 +130,7 @@ private slots:
             QCOMPARE(form.Text("lblGridSize"), QString("3 Rows, 7 Colums"));
             QCOMPARE(running.Panel(2), QString("Tab Type: 3 rows, 7 Columns"));
             QCOMPARE(form.Find<QLabel>("Image1")->pixmap().size(), QSize(219, 111));
+            QVERIFY(form.Text("lblTexts").startsWith("The texts flow on"));
             form.Click("optField2");
             QVERIFY(form.Box("txtField2").isVisible() && !form.Box("txtField3").isVisible());
             QCOMPARE(running.Panel(3), QString("No of fields: 2"));
