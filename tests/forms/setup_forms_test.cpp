@@ -116,6 +116,23 @@ private slots:
         QVERIFY(ReadFile(pdf).starts_with("%PDF-"));
     }
 
+    void thePrintersMarginsAreOneClickAway() {
+        RunningProgram running;
+        RememberPrinterMargins(running.test.settings, "P", {}, {"3.5", "3.5"});
+        running.Start(0, 1, 1);
+        QCOMPARE(Margins(running), std::string("0/0"));
+        auto* button = running.window->findChild<QAbstractButton*>("cmdDone");
+        QCOMPARE(button->text(), QString("Use this &printer's"));
+        QCOMPARE(running.window->findChild<QLabel*>("lblDone")->text(),
+                 QString("Margins left 0, top 0 mm; P: left 3.5, top 3.5 mm"));
+        button->click();
+        QCOMPARE(Margins(running), std::string("3.5/3.5"));
+        QCOMPARE(button->text(), QString("&Undo"));
+        QVERIFY(running.window->isWindowModified());
+        running.Trigger("mnuFitSheet"); // which has nothing to tell
+        QVERIFY(running.window->findChild<QLabel*>("lblDone")->minimumWidth() < 100);
+    }
+
     void theStatusLineFollowsThePageSetupUntilCancel() {
         RunningProgram running;
         CopyPictures(running);
@@ -156,9 +173,11 @@ private slots:
         Within(running, "mnuPrinterSetup", "frmWizard", [](const Shown& form) { form.Click("cmdCancel"); });
         Within(running, "mnuPrinterSetupWiz", "frmWizard", [&](const Shown& form) {
             QCOMPARE(form.Find<QListWidget>("lstPrinters")->item(0)->text(), QString("Velmora PDF (default)"));
+            QCOMPARE(form.Text("lblMargins").left(15), QString("Velmora PDF was"));
             form.Click("cmdNext");
             QVERIFY(!form.Find<QWidget>("optLayout(0)")->isEnabled());
             form.Click("optStationery(5)");
+            QVERIFY(form.Text("lblMargins").startsWith("Velmora PDF was not calibrated on DL_v yet."));
             form.Click("optLayout(1)");
             ask(Answer::No);
             form.Click("cmdCancel");
