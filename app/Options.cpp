@@ -3,9 +3,9 @@
 #include "base/Numbers.h"
 #include "base/Paths.h"
 #include "settings/RegistryMove.h"
-#include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/Globals.h"
+#include "workspace/Margins.h"
 #include "workspace/ReplaceDocument.h"
 #include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
@@ -55,7 +55,7 @@ void Adopt(MainModule& main) {
         return;
     SetLayoutFromType(main.document.setup);
     SetFieldLimits(main.document.setup);
-    NewDocument(main);
+    ReplaceDocument(main, [&] { return LoadEmptyPage(main); });
 }
 
 void TakeOver(MainModule& main) {

@@ -7,10 +7,10 @@
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "base/Version.h"
-#include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/FolderSearch.h"
 #include "workspace/Globals.h"
+#include "workspace/Margins.h"
 #include "workspace/OpenDocument.h"
 
 namespace velmora {
@@ -85,6 +85,9 @@ LoadOutcome LoadConfiguration(MainModule& main) {
     const LoadOutcome outcome = LoadGlobals(main);
     SetLayoutFromType(main.document.setup);
     SetFieldLimits(main.document.setup);
+    // The margins stored last may be those of a document from elsewhere.
+    if (const auto margins = PrinterMargins(main.settings, main.globals.PrinterName, main.document.setup))
+        UseMargins(main.settings, *margins);
     return outcome;
 }
 

@@ -11,8 +11,17 @@ namespace {
 
 constexpr int kDivisionByZeroNumber = 11;
 
+bool KeepsTexts(const TabDocument& document) {
+    return document.TabCount > 0 && document.CurrentTab > 1;
+}
+
+/// Of the document's tabs, or one for none.
+std::int16_t PagesOf(const TabDocument& document, std::int16_t perPage) {
+    return PagesForTabs(document.TabCount < 1 ? perPage : document.TabCount, perPage);
+}
+
 void ResizeTabs(TabDocument& document, std::int32_t count) {
-    const bool keep = document.TabCount > 0 && document.CurrentTab > 1;
+    const bool keep = KeepsTexts(document);
     for (int field = 0; field < 3; ++field) {
         FieldTexts& texts = document.Field(field);
         if (keep)
@@ -39,8 +48,7 @@ std::int16_t PagesForTabs(std::int32_t tabs, std::int16_t tabsPerPage) {
 void NormalisePages(TabDocument& document) {
     const TabType* type = FindTabType(document.setup.OptType);
     const std::int16_t perPage = type ? type->TabsPerPage() : std::int16_t{0};
-    const std::int32_t tabs = document.TabCount < 1 ? perPage : document.TabCount;
-    const std::int16_t pages = PagesForTabs(tabs, perPage);
+    const std::int16_t pages = PagesOf(document, perPage);
     const std::int32_t count = Multiply16(pages, perPage);
 
     SetRowsAndStationery(document.setup, document.setup.OptType);
@@ -52,6 +60,11 @@ void NormalisePages(TabDocument& document) {
     document.setup.TabsPerPage = perPage;
     document.NoOfPages = pages;
     document.TabCount = count;
+}
+
+bool EmptiesDocument(const TabDocument& document, int optType) {
+    const std::int16_t perPage = FindTabType(optType)->TabsPerPage();
+    return !KeepsTexts(document) && PagesOf(document, perPage) * perPage != document.TabCount;
 }
 
 bool IsEmptyTab(std::span<const std::string_view> texts) {

@@ -73,6 +73,8 @@ struct TabDocument {
 /// Makes the document whole pages of its tab type. Raises OverflowError, before any change, when the pages hold more
 /// than kMostTabs. Deliberate: with `CurrentTab` at 0 or 1 a change of size empties the document.
 void NormalisePages(TabDocument& document);
+/// Whether NormalisePages would empty the document, made one of another tab type (0 to 5).
+bool EmptiesDocument(const TabDocument& document, int optType);
 
 /// A tab is empty when its texts are, or hold nothing but blanks. `texts`: of the fields in use.
 bool IsEmptyTab(std::span<const std::string_view> texts);

@@ -7,6 +7,7 @@
 #include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
 
+#include <cmath>
 #include <limits>
 
 namespace velmora {
@@ -51,6 +52,15 @@ std::optional<double> ShownMillimetres(const std::string& text) {
     return value;
 }
 
+bool IsTypedNumber(const std::string& text) {
+    return IsNumeric(WithDecimalPoint(text));
+}
+
+/// "1.5 mm to the right"; empty for 0.
+std::string MoveInWords(double mm, const char* forward, const char* back) {
+    return mm == 0 ? "" : NumberText(std::abs(mm)) + " mm " + (mm > 0 ? forward : back);
+}
+
 } // namespace
 
 const std::array<SamplePosition, 4> Calibration::kUnshifted = {
@@ -85,6 +95,43 @@ void Calibration::Typed(MarginBox box, const std::string& text) {
     }
 }
 
+bool Calibration::AreNumbers() const {
+    return IsTypedNumber(left_) && IsTypedNumber(top_);
+}
+
+std::string Calibration::MoveText() const {
+    if (!AreNumbers())
+        return std::string("The ") + (IsTypedNumber(left_) ? "top" : "left") +
+               " margin is no number: nothing can be printed.";
+    const std::string across = MoveInWords(NumberOrZero(left_), "to the right", "to the left");
+    const std::string down = MoveInWords(NumberOrZero(top_), "down", "up");
+    if (across.empty() && down.empty())
+        return "The print does not move.";
+    return "The print moves " + across + (across.empty() || down.empty() ? "" : " and ") + down + ".";
+}
+
+std::string Calibration::LayoutName() const {
+    const DocumentSetup& setup = main_.document.setup;
+    return LayoutDisplayName(setup.LayoutName, setup.OptType);
+}
+
+std::string Calibration::DefaultsText() const {
+    if (!MarginsReady(main_))
+        return LayoutName() + " has no defaults yet.";
+    try {
+        const DocumentSetup& setup = main_.document.setup;
+        const MarginTexts whole = LoadDefaultMargins(main_.settings, setup.OptType, setup.LayoutName);
+        return "Defaults are whole millimetres: " + MarginsInWords(whole) + ".";
+    } catch (const OverflowError&) {
+        return "The stored defaults are too large.";
+    }
+}
+
+std::string Calibration::OwnerText() const {
+    return "OK remembers the margins, with their decimals, for " + main_.globals.PrinterName + " and " + LayoutName() +
+           ".";
+}
+
 void Calibration::Ok() {
     TabDocument& document = main_.document;
     TakePageBack(main_);
@@ -101,18 +148,20 @@ void Calibration::Ok() {
             document.DocChanged = true;
         Write(main_.settings, kMarginLeft, margins.left);
         Write(main_.settings, kMarginTop, margins.top);
+        RememberPrinterMargins(main_.settings, main_.globals.PrinterName, document.setup, margins);
     }
-    if (!MarginsReady(main_) &&
-        Ask(main_.ui,
-            "Do you want to save this margin settings as the default margin settings for " +
-                LayoutDisplayName(document.setup.LayoutName, document.setup.OptType) + " stationery?",
-            Buttons::YesNo) == Answer::Yes)
+    if (!MarginsReady(main_) && Ask(main_.ui,
+                                    "Do you want to save this margin settings as the default margin settings for " +
+                                        LayoutName() + " stationery?",
+                                    Buttons::YesNo) == Answer::Yes)
         SaveDefaults();
     RefreshDocumentStatus(main_);
 }
 
-void Calibration::SaveDefaults() {
-    SaveDefaultMargins(main_.settings, main_.document.setup.OptType, main_.document.setup.LayoutName, Margins());
+std::string Calibration::SaveDefaults() {
+    const DocumentSetup& setup = main_.document.setup;
+    const bool saved = SaveDefaultMargins(main_.settings, setup.OptType, setup.LayoutName, Margins());
+    return saved ? "Saved for " + LayoutName() + ". " + DefaultsText() : "The defaults were not saved.";
 }
 
 void Calibration::LoadDefaults() {

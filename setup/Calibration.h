@@ -1,7 +1,7 @@
 // The margin calibration dialog frmFix3: two boxes for the active margins, and four sample tabs that follow them.
 #pragma once
 
-#include "setup/Margins.h"
+#include "workspace/Margins.h"
 #include "workspace/mdlMain.h"
 
 #include <array>
@@ -39,15 +39,26 @@ public:
     /// Each change of a box. The drawing follows a number below 252.
     void Typed(MarginBox box, const std::string& text);
 
-    /// Stores margins and sample positions, in one undo step, and offers to keep the margins as the defaults of a
-    /// layout that has none. The dialog closes.
+    /// True while both boxes hold numbers.
+    bool AreNumbers() const;
+    /// "The print moves 1.5 mm to the right and 2 mm up."
+    std::string MoveText() const;
+    /// The layout's defaults as they would be loaded.
+    std::string DefaultsText() const;
+    /// For which printer and layout OK remembers the margins.
+    std::string OwnerText() const;
+    MarginTexts Margins() const;
+
+    /// Stores margins and sample positions, in one undo step, remembers the margins for the printer, and offers to keep
+    /// them as the defaults of a layout that has none. The dialog closes.
     void Ok();
-    void SaveDefaults();
+    /// What came of it, in words; a failure is shown.
+    std::string SaveDefaults();
     /// Into the boxes; nothing active changes before Ok. A failure is shown and leaves the boxes as they were.
     void LoadDefaults();
 
 private:
-    MarginTexts Margins() const;
+    std::string LayoutName() const;
 
     MainModule& main_;
     std::string left_;

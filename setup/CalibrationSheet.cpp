@@ -1,5 +1,7 @@
 #include "setup/CalibrationSheet.h"
 
+#include "base/Error.h"
+#include "base/Numbers.h"
 #include "document/Stationery.h"
 #include "print/SendSheets.h"
 #include "report/PrepareReport.h"
@@ -8,6 +10,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
+#include <utility>
 
 namespace velmora {
 namespace {
@@ -33,6 +37,13 @@ constexpr std::array<std::string_view, 5> kNumbers = {"-10", "0", "10", "20", "3
 constexpr const char* kTitle = "Calibration sheet";
 constexpr std::string_view kLeftLabel = "Left margin, read at the left cut edge";
 constexpr std::string_view kTopLabel = "Top margin, read at the top cut edge";
+constexpr const char* kCheckTitle = "Check sheet";
+constexpr std::array<std::string_view, 2> kCheckExplanation = {
+    "This sheet was printed with the margins that were typed in. They are right where every outline lies on the cut "
+    "edge of its tab.",
+    "If not, measure how far the outlines lie beside the edges, and add that to the margins: to the right and down is "
+    "more.",
+};
 constexpr std::array<std::string_view, 2> kExplanation = {
     "Print this sheet on the stationery. Where a ruler meets the cut edge of the tab that it crosses, it shows the "
     "margin to type.",
@@ -93,24 +104,18 @@ void AddRulerDown(Sheet& sheet, const Ruler& ruler) {
     }
 }
 
-/// The outlines of one sheet without margins.
-Sheet LayOutOutlines(SettingsStore& store, int tabType, std::string_view layout) {
-    const TabType& type = kCatalogue.at(static_cast<std::size_t>(tabType));
-    LayoutValues values;
-    rptVelmor report(values);
-    PrepareReport(report, {"TEST", static_cast<std::int16_t>(tabType), type.TabsPerPage(), 1, type.rows, type.columns},
-                  {{}, store, {}});
-    report.SetPage(SheetPaper(type.stationery, layout), {});
-    Sheet sheet;
-    report.LayOutSheet(1, sheet);
-    sheet.texts.clear();
-    sheet.fields.clear();
-    return sheet;
-}
-
 /// Whole millimetres of a ruler that never meets the same edge of two neighbours.
 int LastBefore(double pitchTwips) {
     return static_cast<int>(std::lround(pitchTwips / kLayoutTwipsPerMm)) - 1;
+}
+
+/// Below the second row.
+void AddExplanation(Sheet& sheet, const std::array<std::string_view, 2>& lines, const Box& under) {
+    double top = under.Bottom() + LayoutTwips(kLineHeight);
+    for (const std::string_view line : lines) {
+        AddText(sheet, line, kTextFont, LayoutTwips(10), top);
+        top += LayoutTwips(kLineHeight);
+    }
 }
 
 FontSettings SheetFonts() {
@@ -120,7 +125,48 @@ FontSettings SheetFonts() {
     return fonts;
 }
 
+/// One sheet of a title, to be laid out by `layOut`.
+SheetSeries OneSheet(const char* title, int tabType, std::string_view layout, std::function<void(Sheet&)> layOut) {
+    return {title,
+            SheetPaper(kCatalogue.at(static_cast<std::size_t>(tabType)).stationery, layout),
+            SheetFonts(),
+            {1},
+            [layOut = std::move(layOut)](int, Sheet& sheet) { layOut(sheet); },
+            Outlines::Shown};
+}
+
+void Send(PrintModule& print, const SheetSeries& series, const char* title, const char* place) {
+    MainModule& main = print.main;
+    if (main.globals.PrinterName != kPdfPrinter && print.CurrentPrinter.empty())
+        print.CurrentPrinter = main.printers.DefaultPrinter().value_or("");
+    SendSheets(print, series, {main.globals.PrinterName, title, place, title});
+}
+
 } // namespace
+
+Sheet LayOutOutlines(SettingsStore& store, int tabType, std::string_view layout, const PageMargins& margins) {
+    const TabType& type = kCatalogue.at(static_cast<std::size_t>(tabType));
+    LayoutValues values;
+    rptVelmor report(values);
+    PrepareReport(report, {"TEST", static_cast<std::int16_t>(tabType), type.TabsPerPage(), 1, type.rows, type.columns},
+                  {{}, store, {}});
+    report.SetPage(SheetPaper(type.stationery, layout), margins);
+    Sheet sheet;
+    report.LayOutSheet(1, sheet);
+    sheet.texts.clear();
+    sheet.fields.clear();
+    return sheet;
+}
+
+DrawnSheet LayOutDrawing(SettingsStore& store, int tabType, std::string_view layout) {
+    try {
+        return {LayOutOutlines(store, tabType, layout), ""};
+    } catch (const TypeMismatchError& error) {
+        SettingsStore usual(store.Keys, store.Interface); // in which nothing is stored
+        usual.InMemory = true;
+        return {LayOutOutlines(usual, tabType, layout), error.what()};
+    }
+}
 
 Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view layout) {
     Sheet sheet = LayOutOutlines(store, tabType, layout);
@@ -138,33 +184,31 @@ Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view
     }
     AddRulerDown(sheet, down);
     AddText(sheet, kTopLabel, kSmallFont, down.left + LayoutTwips(kTickAtTen + 4), down.top + LayoutTwips(14));
-    double top = under.Bottom() + LayoutTwips(kLineHeight);
-    for (const std::string_view line : kExplanation) {
-        AddText(sheet, line, kTextFont, LayoutTwips(10), top);
-        top += LayoutTwips(kLineHeight);
-    }
+    AddExplanation(sheet, kExplanation, under);
     return sheet;
 }
 
 SheetSeries CalibrationSheets(SettingsStore& store, int tabType, std::string_view layout) {
-    const TabType& type = kCatalogue.at(static_cast<std::size_t>(tabType));
-    return {kTitle,
-            SheetPaper(type.stationery, layout),
-            SheetFonts(),
-            {1},
-            [&store, tabType, layout = std::string(layout)](int, Sheet& sheet) {
-                sheet = LayOutCalibrationSheet(store, tabType, layout);
-            },
-            Outlines::Shown};
+    return OneSheet(kTitle, tabType, layout, [&store, tabType, layout = std::string(layout)](Sheet& sheet) {
+        sheet = LayOutCalibrationSheet(store, tabType, layout);
+    });
 }
 
 void PrintCalibrationSheet(PrintModule& print) {
-    MainModule& main = print.main;
-    if (main.globals.PrinterName != kPdfPrinter && print.CurrentPrinter.empty())
-        print.CurrentPrinter = main.printers.DefaultPrinter().value_or("");
-    const DocumentSetup& setup = main.document.setup;
-    SendSheets(print, CalibrationSheets(main.settings, setup.OptType, setup.StationeryType),
-               {main.globals.PrinterName, kTitle, "Called from Sub: PrintCalibrationSheet", kTitle});
+    const DocumentSetup& setup = print.main.document.setup;
+    Send(print, CalibrationSheets(print.main.settings, setup.OptType, setup.StationeryType), kTitle,
+         "Called from Sub: PrintCalibrationSheet");
+}
+
+void PrintCheckSheet(PrintModule& print, const MarginTexts& margins) {
+    const DocumentSetup& setup = print.main.document.setup;
+    const PageMargins shift = {LayoutTwips(ToDouble(margins.left)), LayoutTwips(ToDouble(margins.top))};
+    const auto layOut = [&](Sheet& sheet) {
+        sheet = LayOutOutlines(print.main.settings, setup.OptType, setup.StationeryType, shift);
+        AddExplanation(sheet, kCheckExplanation, sheet.tabs[static_cast<std::size_t>(setup.ColsPerPage)]);
+    };
+    Send(print, OneSheet(kCheckTitle, setup.OptType, setup.StationeryType, layOut), kCheckTitle,
+         "Called from Sub: PrintCheckSheet");
 }
 
 } // namespace velmora

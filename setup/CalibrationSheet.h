@@ -4,12 +4,24 @@
 
 #include "print/PrintModule.h"
 #include "report/PdfReport.h"
+#include "workspace/Margins.h"
 
+#include <string>
 #include <string_view>
 
 namespace velmora {
 
-/// One sheet of a tab type (0 to 5) in a layout ("A4", "DL_v" or "DL_h"). Margins shift the whole grid, so the way from
+/// The outlines of a tab type (0 to 5) in a layout ("A4", "DL_v" or "DL_h"). Raises TypeMismatchError for a stored tab
+/// top that is no number.
+Sheet LayOutOutlines(SettingsStore& store, int tabType, std::string_view layout, const PageMargins& margins = {});
+/// The same for a drawing: the usual tab top stands in for one that is no number, which `problem` names then.
+struct DrawnSheet {
+    Sheet sheet;
+    std::string problem; ///< empty where there is none
+};
+DrawnSheet LayOutDrawing(SettingsStore& store, int tabType, std::string_view layout);
+
+/// One sheet of a tab type in a layout. Margins shift the whole grid, so the way from
 /// an outline printed with margins 0 to the cut edge of the same tab is the margin itself. Each ruler has its 0 at such
 /// an outline and crosses the cut edge: what it shows there is the number to type, in place of the margin in use. The
 /// 0 of the first tab's ruler lies at the paper's edge, where printers print nothing; the ruler in the second column
@@ -23,5 +35,8 @@ SheetSeries CalibrationSheets(SettingsStore& store, int tabType, std::string_vie
 /// The sheet of the document's stationery goes to the configured printer; the built-in one asks for a path. A failure
 /// is shown.
 void PrintCalibrationSheet(PrintModule& print);
+/// A sheet of the outlines alone, with these margins, goes the same way: they are right where every outline lies on the
+/// cut edge of its tab. Raises TypeMismatchError for what are no numbers.
+void PrintCheckSheet(PrintModule& print, const MarginTexts& margins);
 
 } // namespace velmora

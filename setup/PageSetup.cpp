@@ -1,6 +1,6 @@
 #include "setup/PageSetup.h"
 
-#include "setup/Margins.h"
+#include "base/Text.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Globals.h"
@@ -12,14 +12,10 @@
 namespace velmora {
 namespace {
 
-bool SameChoices(const DocumentSetup& a, const DocumentSetup& b) {
-    return a.OptType == b.OptType && a.NoOfFields == b.NoOfFields && a.StationeryType == b.StationeryType &&
-           a.LayoutName == b.LayoutName;
-}
-
-void TakeOver(MainModule& main, const DocumentSetup& draft, DefaultMargins margins) {
+void TakeOver(MainModule& main, const DocumentSetup& draft, const std::string& printer) {
     TabDocument& document = main.document;
-    const bool calibrate = TakesDefaultMargins(main, draft, margins);
+    const auto margins = NewMargins(main, draft, printer);
+    main.globals.PrinterName = printer;
     if (!SameChoices(draft, document.setup))
         document.DocChanged = true;
     document.setup.OptType = draft.OptType;
@@ -29,15 +25,28 @@ void TakeOver(MainModule& main, const DocumentSetup& draft, DefaultMargins margi
     SetFieldLimits(document.setup);
     document.CurrentPage = 1;
     ApplyTabType(main);
-    if (calibrate)
-        ApplyDefaultMargins(main.settings, draft.OptType, draft.LayoutName);
+    if (margins)
+        UseMargins(main.settings, *margins);
+}
+
+bool HasTexts(const TabDocument& document) {
+    for (std::int32_t tab = 1; tab <= document.TabCount; ++tab)
+        if (!IsEmptyTab(document, tab))
+            return true;
+    return false;
 }
 
 } // namespace
 
-bool TakesDefaultMargins(MainModule& main, const DocumentSetup& draft, DefaultMargins margins) {
-    return draft.LayoutName != main.document.setup.LayoutName ||
-           (margins == DefaultMargins::Always && DefaultMarginsExist(main.settings, draft.OptType, draft.LayoutName));
+bool SameChoices(const DocumentSetup& a, const DocumentSetup& b) {
+    return a.OptType == b.OptType && a.NoOfFields == b.NoOfFields && a.StationeryType == b.StationeryType &&
+           a.LayoutName == b.LayoutName;
+}
+
+std::optional<MarginTexts> NewMargins(MainModule& main, const DocumentSetup& draft, const std::string& printer) {
+    if (draft.LayoutName == main.document.setup.LayoutName && printer == main.globals.PrinterName)
+        return std::nullopt;
+    return StartingMargins(main.settings, printer, draft);
 }
 
 DocumentSetup SetupDraft(const DocumentSetup& setup) {
@@ -56,14 +65,14 @@ void SetDraftType(DocumentSetup& draft, int type) {
     SetRowsAndStationery(draft, type);
 }
 
-bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string& stepName, DefaultMargins margins) {
+bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string& printer, const std::string& stepName) {
     TakePageBack(main);
     KeepRecoveryCopy(main);
     const UndoStep step(main.history, main.State(), stepName);
     main.editor->TakeDown();
     const bool done = Trapped(main.ui, "Called from Sub: ApplySetup", [&] {
         Transaction transaction(main);
-        TakeOver(main, draft, margins);
+        TakeOver(main, draft, printer);
         transaction.Commit();
     });
     main.editor->BringUp();
@@ -73,6 +82,7 @@ bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string&
 }
 
 LoadOutcome PageSetup::Open() {
+    TakePageBack(main_);
     const LoadOutcome outcome = LoadGlobals(main_);
     RefreshDocumentStatus(main_);
     ReadDocument();
@@ -94,6 +104,18 @@ void PageSetup::ChooseFields(int fields) {
     ShowDocumentStatus(main_, draft_);
 }
 
+std::string PageSetup::WhatBecomesOfTexts() const {
+    const TabDocument& document = main_.document;
+    if (draft_.OptType == document.setup.OptType || !HasTexts(document))
+        return {};
+    if (EmptiesDocument(document, draft_.OptType))
+        return "OK empties the document, because no tab but the first is in use. Edit > Undo brings its texts back. To "
+               "let them flow onto the new sheets, cancel and click into any other tab before.";
+    const auto pages = PagesForTabs(document.TabCount, FindTabType(draft_.OptType)->TabsPerPage());
+    return "The texts flow on in their order, from " + Counted(static_cast<std::size_t>(document.NoOfPages), "page") +
+           " onto " + Counted(static_cast<std::size_t>(pages), "page") + ".";
+}
+
 std::string PageSetup::Picture() const {
     return std::string(FindTabType(draft_.OptType)->picture);
 }
@@ -103,7 +125,7 @@ std::string PageSetup::GridSizeText() const {
 }
 
 bool PageSetup::Ok() {
-    return ApplySetup(main_, draft_, "Page Setup", DefaultMargins::OnNewLayout);
+    return ApplySetup(main_, draft_, main_.globals.PrinterName, "Page Setup");
 }
 
 void PageSetup::Cancel() {

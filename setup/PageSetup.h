@@ -4,9 +4,11 @@
 #pragma once
 
 #include "workspace/Globals.h"
+#include "workspace/Margins.h"
 #include "workspace/mdlMain.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace velmora {
@@ -16,16 +18,17 @@ DocumentSetup SetupDraft(const DocumentSetup& setup);
 /// A tab type with its layout, rows and columns; a DL type keeps the DL layout that the draft has. `type` is 0 to 5.
 void SetDraftType(DocumentSetup& draft, int type);
 
-enum class DefaultMargins { OnNewLayout, Always };
+/// Of tab type, layout and number of fields.
+bool SameChoices(const DocumentSetup& a, const DocumentSetup& b);
 
-/// True when the draft's layout brings its default margins along: a new layout always does, and has 0 where it was
-/// never calibrated; the document's own only where it was.
-bool TakesDefaultMargins(MainModule& main, const DocumentSetup& draft, DefaultMargins margins);
+/// The margins that come with another layout or another printer; nullopt where both stay. Raises OverflowError as
+/// LoadDefaultMargins does.
+std::optional<MarginTexts> NewMargins(MainModule& main, const DocumentSetup& draft, const std::string& printer);
 
-/// Gives the document the draft's tab type, layout and fields, and default margins as TakesDefaultMargins says,
-/// as one undo step; shows page 1. Deliberate: with `CurrentTab` at 0 or 1 another sheet size empties the document; a
-/// recovery copy is kept before. False after an error, which was shown and left everything as it was.
-bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string& stepName, DefaultMargins margins);
+/// Gives the document the draft's tab type, layout and fields, with the margins of NewMargins, as one undo step, and
+/// the program the printer; shows page 1. Deliberate: with `CurrentTab` at 0 or 1 another sheet size empties the
+/// document; a recovery copy is kept before. False after an error, which was shown and left everything as it was.
+bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string& printer, const std::string& stepName);
 
 class PageSetup {
 public:
@@ -42,6 +45,9 @@ public:
     /// 1 to 3; no effect for any other number.
     void ChooseFields(int fields);
 
+    /// What OK does to the texts of the document: whether they flow on or are emptied; empty where nothing becomes of
+    /// them.
+    std::string WhatBecomesOfTexts() const;
     std::string Picture() const;      ///< of the chosen stationery: a file name in the images folder
     std::string GridSizeText() const; ///< such as "8 Rows, 3 Colums"
     /// Whether the sample box of field 0 to 2 shows, and the code of its horizontal alignment.

@@ -1,12 +1,11 @@
 #include "setup/PrinterWizard.h"
 
+#include "base/Error.h"
 #include "base/Version.h"
-#include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/Transaction.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace velmora {
 
@@ -57,7 +56,7 @@ void PrinterWizard::ChooseLayout(const std::string& layout) {
 
 void PrinterWizard::PrintTestPage(const std::function<void(std::int32_t)>& print) {
     const Transaction trial(main_); // never committed
-    const bool calibrate = TakesDefaultMargins(main_, draft_, DefaultMargins::Always);
+    const auto margins = NewMargins(main_, draft_, printer_);
     TabDocument& document = main_.document;
     document.setup.OptType = draft_.OptType;
     document.setup.StationeryType = draft_.StationeryType;
@@ -66,20 +65,42 @@ void PrinterWizard::PrintTestPage(const std::function<void(std::int32_t)>& print
     SetColsPerPage(document.setup, draft_.OptType);
     main_.globals.PrinterName = printer_;
     Write(main_.settings, kPrinter, printer_);
-    if (calibrate)
-        ApplyDefaultMargins(main_.settings, draft_.OptType, draft_.LayoutName);
+    if (margins)
+        UseMargins(main_.settings, *margins);
     print(draft_.RowsPerPage * draft_.ColsPerPage);
+}
+
+bool PrinterWizard::Changes() const {
+    return printer_ != main_.globals.PrinterName || !SameChoices(draft_, main_.document.setup);
+}
+
+std::string PrinterWizard::MarginsText() const {
+    try {
+        const auto margins = NewMargins(main_, draft_, printer_);
+        if (!margins)
+            return "Margins as before: " + MarginsInWords(ActiveMargins(main_.settings)) + ".";
+        const std::string layout = LayoutDisplayName(draft_.LayoutName, draft_.OptType);
+        return PrinterMargins(main_.settings, printer_, draft_)
+                   ? "Margins of " + printer_ + " on " + layout + ": " + MarginsInWords(*margins) + "."
+                   : printer_ + " was not calibrated on " + layout +
+                         " yet. The default margins are taken: " + MarginsInWords(*margins) + ".";
+    } catch (const OverflowError& error) { // out of the stored defaults, which Finish will report
+        return std::string("Default margins: ") + error.what();
+    }
 }
 
 bool PrinterWizard::Finish() {
     if (!CanFinish())
         return false;
-    const std::string before = std::exchange(main_.globals.PrinterName, printer_);
-    if (ApplySetup(main_, draft_, "Printer Setup", DefaultMargins::Always))
+    if (!Changes()) {
+        SaveGlobals(main_); // what a first start has to leave filled
         return true;
-    main_.globals.PrinterName = before;
-    SaveGlobals(main_);
-    return false;
+    }
+    const std::string margins = MarginsText();
+    if (!ApplySetup(main_, draft_, printer_, "Printer Setup"))
+        return false;
+    main_.status->Tell({margins});
+    return true;
 }
 
 } // namespace velmora

@@ -54,11 +54,16 @@ public:
     /// and puts everything back after it, also where it raises an error.
     void PrintTestPage(const std::function<void(std::int32_t tabs)>& print);
 
-    /// Stores the choices and takes the document to them, as ApplySetup says; no effect unless CanFinish. False
-    /// when they were not stored.
+    /// Whose margins the test page has, and the document once it is finished, in words.
+    std::string MarginsText() const;
+
+    /// Stores the choices and takes the document to them, as ApplySetup says; the document stays untouched where
+    /// nothing was changed, and all does unless CanFinish. False when they were not stored.
     bool Finish();
 
 private:
+    bool Changes() const;
+
     MainModule& main_;
     std::vector<InstalledPrinter> printers_;
     std::string printer_;

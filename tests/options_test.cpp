@@ -147,9 +147,10 @@ TEST_F(SettingsImportTest, SettingsOfAnOldMachineComeLater) {
     NewDocument(main);
     document.FieldA(1) = "typed";
     const std::string text =
-        Export("Settings", "\"OptType\"=\"3\"\r\n\"Ask before delete\"=\"False\"\r\n\"N\"=dword:00000007\r\n") +
+        Export("Settings", "\"OptType\"=\"3\"\r\n\"Ask before delete\"=\"False\"\r\n\"N\"=dword:00000007\r\n"
+                           "\"Margin Value Left\"=\"2.5\"\r\n") +
         "[HKEY_LOCAL_MACHINE\\" + kKey + "Paths]\r\n\"Images\"=\"C:\\\\Velmora\\\\\"\r\n";
-    const std::string done = "Settings imported: 3.\r\nAn open document keeps its own tab type, margins and fonts.";
+    const std::string done = "Settings imported: 4.\r\nAn open document keeps its own tab type, margins and fonts.";
     Import(text, done);
     EXPECT_EQ(std::to_string(document.setup.OptType) + document.FieldA(1), "0typed");
     EXPECT_FALSE(main.globals.AskBeforeDelete);
@@ -159,6 +160,7 @@ TEST_F(SettingsImportTest, SettingsOfAnOldMachineComeLater) {
     Import(text, done);
     EXPECT_EQ(document.setup.OptType, 3);
     EXPECT_EQ(document.TabCount, 54);
+    EXPECT_EQ(program.Stored("Settings", "Margin Value Left"), "2.5");
 }
 
 TEST_F(SettingsImportTest, APrinterThatIsNotHereGivesWayToTheDefault) {

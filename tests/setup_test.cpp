@@ -1,10 +1,14 @@
 // Margins, the set-up dialogs and the checks before printing, without their forms.
+#include "base/Numbers.h"
 #include "platform/linux/FontconfigCatalogue.h"
 #include "report/PrepareReport.h"
 #include "report/PrintChecks.h"
+#include "report/Twips.h"
 #include "setup/Calibration.h"
+#include "setup/CalibrationSheet.h"
 #include "setup/PrinterWizard.h"
 #include "tests/support/FakeEditor.h"
+#include "tests/support/FakePrinters.h"
 #include "tests/support/TestProgram.h"
 #include "workspace/Pages.h"
 #include "workspace/ReplaceDocument.h"
@@ -12,11 +16,15 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace velmora {
 namespace {
 
 struct StatusLine : MainWindowStatus {
     std::array<std::string, kStatusPanels> panels;
+    DoneMessage done;
+    void Tell(const DoneMessage& message) override { done = message; }
     void SetPanel(int panel, const std::string& text) override {
         panels.at(static_cast<std::size_t>(panel - 1)) = text;
     }
@@ -25,13 +33,15 @@ struct StatusLine : MainWindowStatus {
 
 struct SetupTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
-    MainModule& main = program.main;
+    FakePrinters printers;
+    MainModule main{program.settings, program.ui, printers, program.workbooks};
     TabDocument& document = main.document;
     UndoHistory& history = main.history;
     StatusLine status;
     FakeEditor editor;
 
     SetupTest() {
+        printers.names = {*(printers.standard = kPdfPrinter)};
         history.KeepSteps();
         LoadGlobals(main);
         SetLayoutFromType(document.setup);
@@ -49,6 +59,19 @@ struct SetupTest : testing::Test {
     void StoreDefaults(const char* layout, const char* left, const char* top) {
         program.Store("Margin Settings", std::string("Default Left Margin - ") + layout, left);
         program.Store("Margin Settings", std::string("Default Top Margin - ") + layout, top);
+    }
+    void Use(const std::string& printer, int type = 0, const std::string& layout = "A4") {
+        PrinterWizard wizard(main);
+        wizard.ChoosePrinter(printer);
+        wizard.ChooseType(type);
+        wizard.ChooseLayout(layout);
+        EXPECT_TRUE(wizard.Finish());
+    }
+    void Calibrate(const std::string& left, const std::string& top) {
+        Calibration dialog(main);
+        dialog.Typed(MarginBox::Left, left);
+        dialog.Typed(MarginBox::Top, top);
+        dialog.Ok();
     }
     /// Tab type, layout, stationery, fields and limits in one line.
     std::string Setup() const {
@@ -110,6 +133,7 @@ TEST_F(SetupTest, TheFirstCalibrationOffersToBecomeTheDefault) {
     const std::string question = "Do you want to save this margin settings as the default margin settings for A4 (8 "
                                  "rows) stationery?";
     Calibration first(main);
+    EXPECT_EQ(first.DefaultsText(), "A4 (8 rows) has no defaults yet.");
     first.LoadDefaults();
     first.Typed(MarginBox::Left, "2,5");
     first.Arrow(MarginArrow::Down);
@@ -134,6 +158,106 @@ TEST_F(SetupTest, TheFirstCalibrationOffersToBecomeTheDefault) {
     UndoChange(main);
     EXPECT_EQ(Active(), "0/0");
     EXPECT_FALSE(document.DocChanged);
+}
+
+/// Millimetres at `edge` on the ruler that goes below 0, by its printed numbers: to a tenth, as a person reads them.
+std::string ReadOff(const Sheet& sheet, bool across, double edge) {
+    double zero = 0, below = 0;
+    for (const PlacedText& text : sheet.texts) {
+        if ((text.alignment == kAlignCentre) != across || text.box.left == 0)
+            continue;
+        const double at = across ? text.box.left + text.box.width / 2 : text.box.top + text.box.height / 2;
+        zero = text.text == "0" ? at : zero;
+        below = text.text == "-10" ? at : below;
+    }
+    return NumberText(std::round((edge - zero) / (zero - below) * 100) / 10);
+}
+
+/// Left and top cut edge of a label of a tab type, in twips.
+SamplePosition Label(int type, int row, int column) {
+    constexpr double kPitch[] = {3402, 1701, 3402, 1701, 1644.3, 2891.7};
+    constexpr double kTop[] = {23, 23, 20, 20, 21, 21};
+    return {column * kPitch[type], LayoutTwips(kTop[type] + row * (kTop[type] + 10))};
+}
+
+TEST_F(SetupTest, EveryTabMeetsItsLabelOnEveryPrinter) {
+    struct Printer {
+        std::string name;
+        int type;
+        const char* layout;
+        double right, down; ///< where it puts the sheet too far
+    };
+    std::vector<Printer> all;
+    std::mt19937 random(17);
+    std::uniform_real_distribution<double> offset(LayoutTwips(-18), LayoutTwips(9));
+    for (int i = 0; i < 48; ++i) {
+        const int type = i % 6;
+        all.push_back({"P=" + std::to_string(i) + "%/LAYOUT", type,
+                       type < 4     ? "A4"
+                       : i % 12 < 6 ? "DL_v"
+                                    : "DL_h",
+                       offset(random), offset(random)});
+        printers.names.push_back(all.back().name);
+    }
+    for (const char* layout : {"A4_8", "A4_9", "DL_v", "DL_h"})
+        StoreDefaults(layout, "14", "18");
+    for (const Printer& p : all) {
+        Use(p.name, p.type, p.layout);
+        const Sheet sheet = LayOutCalibrationSheet(main.settings, p.type, p.layout);
+        Calibrate(ReadOff(sheet, true, Label(p.type, 2, 1).left - p.right),
+                  ReadOff(sheet, false, Label(p.type, 0, 1).top - p.down));
+    }
+    std::shuffle(all.begin(), all.end(), random);
+    document.setup.NoOfFields = 1;
+    for (const Printer& p : all) {
+        Use(p.name, p.type, p.layout);
+        LayoutValues values;
+        Sheet sheet;
+        MakeReport(values, DocumentRequest(document, "TEST"), {document, main.settings, main.fonts})
+            .LayOutSheet(1, sheet);
+        EXPECT_EQ(sheet.texts.size(), static_cast<std::size_t>(document.setup.TabsPerPage));
+        for (const PlacedText& text : sheet.texts) {
+            const int columns = document.setup.ColsPerPage;
+            const SamplePosition cut = Label(p.type, (text.slot - 1) / columns, (text.slot - 1) % columns);
+            EXPECT_NEAR(text.box.left + p.right, cut.left, LayoutTwips(0.1)) << p.name;
+            EXPECT_NEAR(text.box.top + p.down, cut.top, LayoutTwips(0.1)) << p.name;
+        }
+    }
+}
+
+TEST_F(SetupTest, MarginsFollowPrinterAndLayout) {
+    printers.names = {"Office", "Hall"};
+    StoreDefaults("A4_8", "13.5", "18.6");
+    Use("Office");
+    Calibrate("3,5", "-1");
+    Use("Hall");
+    EXPECT_EQ(Active() + " " + status.done.text, "14/19 Hall was not calibrated on A4 (8 rows) yet. The default "
+                                                 "margins are taken: left 14, top 19 mm.");
+    Calibrate("0.5", "2");
+    Use("Office");
+    EXPECT_EQ(Active(), "3.5/-1");
+    Use("Hall");
+    EXPECT_EQ(Active() + " " + status.done.text, "0.5/2 Margins of Hall on A4 (8 rows): left 0.5, top 2 mm.");
+    UndoChange(main);
+    EXPECT_TRUE(status.done.printerMargins) << "Office's margins, but Hall is still the printer";
+    StoreDefaults("A4_9", "4", "5");
+    Use("Hall", 2);
+    Calibrate("7", "8");
+    Calibrate("7", "abc");
+    NewDocument(main);
+    EXPECT_EQ(Active(), "7/8") << "what is no number is not remembered";
+}
+
+TEST_F(SetupTest, AWizardFinishedWithoutAChangeChangesNothing) {
+    StoreDefaults("A4_8", "14", "18");
+    Write(main.settings, kMarginLeft, "13.5");
+    document.CurrentPage = 2;
+    PrinterWizard wizard(main);
+    wizard.PrintTestPage([&](std::int32_t) { EXPECT_EQ(ActiveMargins(main.settings).left, "13.5"); });
+    EXPECT_TRUE(wizard.Finish());
+    EXPECT_FALSE(history.CanUndo() || document.DocChanged || document.CurrentPage != 2);
+    Use(kPdfPrinter, 1); // of the same layout
+    EXPECT_EQ(ActiveMargins(main.settings).left, "13.5");
 }
 
 TEST_F(SetupTest, OkTakesTheDocumentToTheChoice) {
@@ -169,10 +293,12 @@ TEST_F(SetupTest, OkTakesTheDocumentToTheChoice) {
 }
 
 TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
-    document.FieldA(24) = "kept";
     document.CurrentTab = 0;
     PageSetup dialog(main);
     dialog.ChooseType(1);
+    EXPECT_EQ(dialog.WhatBecomesOfTexts(), "") << "there are none";
+    document.FieldA(24) = "kept";
+    EXPECT_TRUE(dialog.WhatBecomesOfTexts().starts_with("OK empties the document,"));
     EXPECT_TRUE(dialog.Ok());
     EXPECT_EQ(editor.calls, "down up ");
     EXPECT_EQ(document.TabCount, 48);
@@ -184,6 +310,7 @@ TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
     EXPECT_EQ(document.setup.OptType, 0);
     EXPECT_FALSE(document.DocChanged);
     document.CurrentTab = 2;
+    EXPECT_EQ(dialog.WhatBecomesOfTexts(), "The texts flow on in their order, from 1 page onto 1 page.");
     EXPECT_TRUE(dialog.Ok());
     EXPECT_EQ(document.FieldA(24), "kept");
 }
@@ -215,8 +342,7 @@ TEST_F(SetupTest, TheWizardKeepsAllToItselfUntilFinish) {
     StoreDefaults("DL_h", "5", "6");
     const std::string before = Setup();
     PrinterWizard wizard(main);
-    ASSERT_EQ(wizard.Printers().size(), 1U);
-    EXPECT_TRUE(wizard.Printers()[0].isDefault);
+    EXPECT_TRUE(wizard.Printers().at(0).isDefault);
     EXPECT_EQ(PrinterWizard::StationeryLabels()[5], "DL Alpha (3 rows, 4 cols)");
     wizard.ChooseLayout("DL_h");
     EXPECT_EQ(wizard.Layout(), "A4") << "an A4 sheet has one layout";

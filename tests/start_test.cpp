@@ -4,9 +4,9 @@
 #include "base/Paths.h"
 #include "platform/Machine.h"
 #include "settings/RegistryMove.h"
-#include "setup/Margins.h"
 #include "tests/support/FewFonts.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/Margins.h"
 #include "workspace/RecentFiles.h"
 #include "workspace/SaveDocument.h"
 
@@ -311,6 +311,14 @@ TEST_F(StartTest, AnyFolderMayBeChosenAndGivingUpTakesTheDefaultForThisRun) {
     EXPECT_EQ(test.Stored("Paths", "Lables"), gone) << "it may come back";
     EXPECT_EQ(program.main.globals.TabsPath, test.folder / "Tabs/");
     EXPECT_TRUE(fs::exists(test.folder / "Tabs"));
+}
+
+TEST_F(StartTest, BeginsWithThePrintersMargins) {
+    test.settings.IniFile = test.folder / "Velmora.ini";
+    RememberPrinterMargins(test.settings, kPdfPrinter, {}, {"3.5", "-1"});
+    test.Store("Settings", "Start with setup", "False");
+    EXPECT_EQ(Start(), StartOutcome::Running);
+    EXPECT_EQ(test.Stored("Settings", "Margin Value Left"), "3.5");
 }
 
 TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {

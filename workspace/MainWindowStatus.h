@@ -13,6 +13,7 @@ struct DoneMessage {
     std::string text;
     bool undo = false;            ///< takes back the step that the operation records
     std::filesystem::path file{}; ///< is shown in the desktop's program for it; empty: none was written
+    bool printerMargins = false;  ///< takes the margins that the printer was calibrated to
 };
 
 /// Itself it shows nothing: what a program without a window has.

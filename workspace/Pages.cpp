@@ -5,6 +5,7 @@
 #include "document/TabOrder.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
+#include "workspace/Margins.h"
 #include "workspace/Recovery.h"
 #include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
@@ -151,6 +152,7 @@ namespace {
 void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(const UndoState&)) {
     TakePageBack(main);
     KeepRecoveryCopy(main);
+    const MarginTexts margins = ActiveMargins(main.settings);
     const auto box = (main.history.*move)(main.State());
     RefreshDocumentStatus(main);
     main.editor->BringUp();
@@ -158,6 +160,8 @@ void MoveInHistory(MainModule& main, std::optional<TabBox> (UndoHistory::*move)(
         main.editor->ShowText(*box, 0, std::string::npos);
     else
         main.editor->MarkTabs({TabInUse(main.document)}); // what was marked may be other tabs now, or none
+    if (!SameMargins(margins, ActiveMargins(main.settings)))
+        TellOtherMargins(main); // the printer is none of the document's and stays
 }
 
 } // namespace

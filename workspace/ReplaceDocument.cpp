@@ -1,6 +1,7 @@
 #include "workspace/ReplaceDocument.h"
 
 #include "workspace/DocumentStatus.h"
+#include "workspace/Margins.h"
 #include "workspace/Recovery.h"
 #include "workspace/Transaction.h"
 
@@ -18,6 +19,8 @@ LoadOutcome LoadOrUndo(MainModule& main, const std::function<LoadOutcome()>& loa
     return LoadOutcome::Loaded;
 }
 
+} // namespace
+
 LoadOutcome LoadEmptyPage(MainModule& main) {
     TabDocument empty;
     empty.setup = main.document.setup;
@@ -25,8 +28,6 @@ LoadOutcome LoadEmptyPage(MainModule& main) {
     ApplyTabType(main);
     return LoadOutcome::Loaded;
 }
-
-} // namespace
 
 LoadOutcome ReplaceDocument(MainModule& main, const std::function<LoadOutcome()>& load) {
     const auto archived = ArchiveDocument(main); // an error gives back the document with what was typed last
@@ -47,11 +48,15 @@ LoadOutcome ReplaceDocument(MainModule& main, const std::function<LoadOutcome()>
     main.editor->BringUp();
     if (failure)
         std::rethrow_exception(failure);
+    TellOtherMargins(main);
     return outcome;
 }
 
 void NewDocument(MainModule& main) {
-    ReplaceDocument(main, [&] { return LoadEmptyPage(main); });
+    ReplaceDocument(main, [&] {
+        UseMargins(main.settings, StartingMargins(main.settings, main.globals.PrinterName, main.document.setup));
+        return LoadEmptyPage(main);
+    });
 }
 
 } // namespace velmora

@@ -37,6 +37,8 @@ StatusLine::StatusLine(QWidget* parent)
     connect(cmdDone_, &QPushButton::clicked, this, [this] {
         if (const DoneMessage done = done_; done.undo)
             emit UndoWanted();
+        else if (done.printerMargins)
+            emit PrinterMarginsWanted();
         else
             emit OpenWanted(done.file);
     });
@@ -60,10 +62,11 @@ void StatusLine::Tell(const DoneMessage& done) {
     done_ = done;
     const QString text = QString::fromStdString(done.text);
     lblDone_->Show(text);
+    lblDone_->setMinimumWidth(0); // its size hint is no smaller
     lblDone_->setMinimumWidth(std::min(lblDone_->sizeHint().width(), static_cast<int>(width() * kShareOfDone)));
-    cmdDone_->setText(done.undo ? tr("&Undo") : tr("&Open"));
+    cmdDone_->setText(done.undo ? tr("&Undo") : done.printerMargins ? tr("Use this &printer's") : tr("&Open"));
     cmdDone_->setAccessibleName(cmdDone_->text().remove('&') + ": " + text);
-    cmdDone_->setVisible(done.undo || !done.file.empty());
+    cmdDone_->setVisible(done.undo || done.printerMargins || !done.file.empty());
     spoken_.Give(window()->focusWidget(), text);
 }
 

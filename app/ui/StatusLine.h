@@ -1,5 +1,5 @@
 // The status line of the main window: the five panels, what the box in use has to say, and what was just done with a
-// button that opens what was written or takes back what was changed.
+// button that opens what was written, takes back what was changed or takes the printer's margins.
 #pragma once
 
 #include "widgets/AnswerLabel.h"
@@ -34,6 +34,7 @@ public:
 
 signals:
     void UndoWanted();
+    void PrinterMarginsWanted();
     void OpenWanted(const std::filesystem::path& file);
 
 private:

@@ -13,6 +13,7 @@
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Globals.h"
+#include "workspace/Margins.h"
 #include "workspace/Pages.h"
 #include "workspace/RecentFiles.h"
 #include "workspace/Recovery.h"
@@ -283,6 +284,9 @@ void mdiVelmora::BuildStatusLine() {
     status_ = new StatusLine(this);
     setStatusBar(status_);
     connect(status_, &StatusLine::UndoWanted, findChild<QAction*>("mnuUndo"), &QAction::trigger);
+    connect(status_, &StatusLine::PrinterMarginsWanted, this, [this] {
+        Trapped(program_.main.ui, "Called from Sub: cmdDone", [&] { TakePrinterMargins(program_.main); });
+    });
     connect(status_, &StatusLine::OpenWanted, this, [this](const std::filesystem::path& file) {
         if (!program_.desktop->OpenFile(file))
             velmora::Tell(program_.main.ui,

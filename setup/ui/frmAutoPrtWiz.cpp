@@ -61,6 +61,22 @@ protected:
         const TabType* type = FindTabType(run_.wizard.TabType());
         Image1_->setPixmap(LoadTabPicture(run_.main, std::string(type->picture)));
     }
+    /// Whose margins are in use, below what is there.
+    void AddMargins() {
+        lblMargins_ = new AnswerLabel;
+        lblMargins_->setObjectName("lblMargins");
+        lblMargins_->setWordWrap(true);
+        lblMargins_->setTextFormat(Qt::PlainText);
+        lblMargins_->setMinimumHeight(2 * fontMetrics().lineSpacing());
+        lblMargins_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        Content().addWidget(lblMargins_);
+        lblMargins_->setText(MarginsText());
+    }
+    /// Something else was chosen.
+    void Chosen() {
+        run_.chosen = true;
+        lblMargins_->Say(MarginsText());
+    }
     template <typename Page> void Go() { run_.frame.ShowPage(std::make_unique<Page>(run_)); }
     /// A button below what is there.
     QPushButton* AddButton(const char* name, const QString& caption) {
@@ -75,7 +91,10 @@ protected:
 private:
     static constexpr int kColumnGap = 24;
 
+    QString MarginsText() const { return QString::fromStdString(run_.wizard.MarginsText()); }
+
     QLabel* Image1_;
+    AnswerLabel* lblMargins_ = nullptr;
 };
 
 struct frmAutoPrtWiz1 : PrinterForm {
@@ -131,8 +150,9 @@ frmAutoPrtWiz1::frmAutoPrtWiz1(Run& run)
     AddQuestion(Translated("P&rinters of this machine:"), lstPrinters_);
     connect(lstPrinters_, &QListWidget::currentRowChanged, this, [this](int row) {
         run_.wizard.ChoosePrinter(run_.wizard.Printers().at(static_cast<std::size_t>(row)).name);
-        run_.chosen = true;
+        Chosen();
     });
+    AddMargins();
 }
 
 void frmAutoPrtWiz1::Next() {
@@ -149,15 +169,16 @@ frmAutoPrtWiz2::frmAutoPrtWiz2(Run& run)
     Content().addWidget(BuildStationery());
     Content().addWidget(BuildLayouts());
     ShowLayout();
+    AddMargins();
     connect(optStationery_, &QButtonGroup::idClicked, this, [this](int type) {
         run_.wizard.ChooseType(type);
-        run_.chosen = true;
+        Chosen();
         ShowStationery();
         ShowLayout();
     });
     connect(optLayout_, &QButtonGroup::idClicked, this, [this](int layout) {
         run_.wizard.ChooseLayout(kLayouts.at(static_cast<std::size_t>(layout)));
-        run_.chosen = true;
+        Chosen();
     });
 }
 
@@ -208,6 +229,7 @@ frmAutoPrtWiz3::frmAutoPrtWiz3(Run& run)
         Trapped(run_.main.ui, "Called from Sub: cmdTestPage",
                 [this] { run_.wizard.PrintTestPage(run_.printTestPage); });
     });
+    AddMargins();
     AddText(Translated("Where the texts are shifted only a little, finish the wizard and set the margins with File > "
                        "Margin Setup."));
 }

@@ -2,12 +2,14 @@
 
 #include "report/ui/PainterCanvas.h"
 #include "setup/CalibrationSheet.h"
+#include "widgets/AnswerLabel.h"
 #include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
 
 #include <QDialogButtonBox>
-#include <QFormLayout>
+#include <QEvent>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -20,9 +22,11 @@
 namespace velmora {
 namespace {
 
-constexpr double kWidthOfSample = 2600; // twips; samples stand 2880 apart
-constexpr QSize kPictureSize(420, 290);
+constexpr QSize kPictureRoom(400, 380);
+constexpr double kMostPixels = 1e6; // further off nothing is seen
 constexpr int kArrowSize = 32;
+constexpr int kStepLetters = 60;
+constexpr int kStepGap = 10;
 
 Qt::Key ArrowKey(MarginArrow arrow) {
     switch (arrow) {
@@ -36,65 +40,87 @@ Qt::Key ArrowKey(MarginArrow arrow) {
 
 } // namespace
 
-SheetPicture::SheetPicture(const Sheet& sheet, QWidget* parent)
-    : QWidget(parent), paper_(ToRect(sheet.paper.AsRead()).size()),
-      tab_(std::min(sheet.tabs.front().width, kWidthOfSample), sheet.tabs.front().height) {
-    setMinimumSize(kPictureSize);
+SheetPicture::SheetPicture(Sheet sheet, QWidget* parent)
+    : QWidget(parent), sheet_(std::move(sheet)), size_(ToRect(sheet_.paper.AsRead()).size()),
+      columns_(static_cast<std::size_t>(std::count_if(sheet_.tabs.begin(), sheet_.tabs.end(),
+                                                      [&](const Box& tab) { return tab.top == sheet_.tabs[0].top; }))),
+      paper_(new QWidget(this)) {
+    setMinimumSize(size_.scaled(kPictureRoom, Qt::KeepAspectRatio).toSize());
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    paper_->installEventFilter(this);
     for (std::size_t i = 0; i < frames_.size(); ++i) {
-        frames_[i] = new QLabel(tr("Tab %1").arg(i + 1), this);
+        frames_[i] = new QLabel(paper_);
         frames_[i]->setObjectName(QString("famPreview%1").arg(i + 1));
         frames_[i]->setFrameShape(QFrame::Box);
-        frames_[i]->setAlignment(Qt::AlignCenter);
         frames_[i]->setAutoFillBackground(true);
         frames_[i]->setBackgroundRole(QPalette::Highlight);
-        frames_[i]->setForegroundRole(QPalette::HighlightedText);
     }
 }
 
 void SheetPicture::Place(const std::array<SamplePosition, 4>& samples) {
     samples_ = samples;
     PlaceFrames();
+    paper_->update();
 }
 
-QRect SheetPicture::Pixels(const SamplePosition& sample) const {
-    const double scale = width() / paper_.width();
-    const auto pixel = [&](double twips) { return static_cast<int>(std::lround(twips * scale)); };
-    return {QPoint(pixel(sample.left), pixel(sample.top)),
-            QPoint(pixel(sample.left + tab_.width()) - 1, pixel(sample.top + tab_.height()) - 1)};
+QRect SheetPicture::Pixels(const Box& box) const {
+    const double scale = paper_->width() / size_.width();
+    const auto pixel = [&](double twips) {
+        return static_cast<int>(std::lround(std::clamp(twips * scale, -kMostPixels, kMostPixels)));
+    };
+    return {QPoint(pixel(box.left), pixel(box.top)), QPoint(pixel(box.Right()) - 1, pixel(box.Bottom()) - 1)};
+}
+
+const Box& SheetPicture::SampleTab(std::size_t sample) const {
+    return sheet_.tabs[sample / 2 * columns_ + sample % 2];
+}
+
+Box SheetPicture::Moved(const Box& tab) const {
+    return tab.Moved(samples_[0].left - Calibration::kUnshifted[0].left,
+                     samples_[0].top - Calibration::kUnshifted[0].top);
 }
 
 void SheetPicture::PlaceFrames() {
     for (std::size_t i = 0; i < frames_.size(); ++i)
-        frames_[i]->setGeometry(Pixels(samples_[i]));
+        frames_[i]->setGeometry(Pixels(Moved(SampleTab(i))));
 }
 
 void SheetPicture::resizeEvent(QResizeEvent*) {
+    const QSize paper = size_.scaled(size(), Qt::KeepAspectRatio).toSize();
+    paper_->setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, paper, rect()));
     PlaceFrames();
 }
 
-/// The lower edge only where it is in sight.
-void SheetPicture::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    const int bottom = static_cast<int>(std::lround(paper_.height() * width() / paper_.width()));
+bool SheetPicture::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Paint)
+        PaintPaper();
+    return QWidget::eventFilter(watched, event);
+}
+
+/// The frames lie over their own tabs, in the same colours.
+void SheetPicture::PaintPaper() {
+    QPainter painter(paper_);
     QColor line = palette().color(QPalette::Text);
     line.setAlphaF(0.5F);
     painter.setPen(line);
     painter.setBrush(palette().color(QPalette::Base));
-    painter.drawRect(QRect(0, 0, width() - 1, bottom - 1));
+    painter.drawRect(paper_->rect().adjusted(0, 0, -1, -1));
     painter.setPen(QPen(line, 1, Qt::DashLine));
-    for (const SamplePosition& sample : Calibration::kUnshifted)
-        painter.drawRect(Pixels(sample).adjusted(0, 0, -1, -1));
+    for (const Box& tab : sheet_.tabs)
+        painter.drawRect(Pixels(tab).adjusted(0, 0, -1, -1));
+    painter.setPen(palette().color(QPalette::HighlightedText));
+    painter.setBrush(palette().color(QPalette::Highlight));
+    for (const Box& tab : sheet_.tabs)
+        painter.drawRect(Pixels(Moved(tab)).adjusted(0, 0, -1, -1));
 }
 
 frmFix3::frmFix3(PrintModule& print, QWidget* parent)
     : PlacedDialog(print.main.settings, "fix3", parent), print_(print), calibration_(print.main) {
     setObjectName("frmFix3");
     setWindowTitle(tr("Margin Setup"));
-    const TabDocument& document = print.main.document;
-    BuildUi(LayOutCalibrationSheet(print.main.settings, document.setup.OptType, document.setup.StationeryType));
+    BuildUi();
     ShowMargins();
-    ShowSamples();
+    picture_->Place(calibration_.Samples());
 }
 
 /// Steps as long as it is held, by its key too wherever no box needs that.
@@ -114,29 +140,10 @@ QToolButton* frmFix3::ArrowButton(const char* name, const QString& word, Qt::Arr
     return button;
 }
 
-QLayout* frmFix3::BuildEntries() {
-    txtMarLeft_ = Named(new QLineEdit, "txtMarLeft");
-    txtMarTop_ = Named(new QLineEdit, "txtMarTop");
-    auto* form = new QFormLayout;
-    const auto addRow = [&](const QString& caption, QLineEdit* box, MarginBox margin) {
-        connect(box, &QLineEdit::textChanged, this, [this, margin](const QString& text) {
-            calibration_.Typed(margin, text.toStdString());
-            ShowSamples();
-        });
-        auto* row = new QHBoxLayout;
-        row->addWidget(box);
-        row->addWidget(new QLabel(tr("mm")));
-        auto* label = new QLabel(caption);
-        label->setBuddy(box);
-        form->addRow(label, row);
-    };
-    addRow(tr("&Left margin:"), txtMarLeft_, MarginBox::Left);
-    addRow(tr("&Top margin:"), txtMarTop_, MarginBox::Top);
-    return form;
-}
-
-void frmFix3::BuildUi(const Sheet& sheet) {
-    picture_ = new SheetPicture(sheet, this);
+QLayout* frmFix3::BuildDrawing() {
+    const DocumentSetup& setup = print_.main.document.setup;
+    DrawnSheet drawn = LayOutDrawing(print_.main.settings, setup.OptType, setup.StationeryType);
+    picture_ = new SheetPicture(std::move(drawn.sheet), this);
     auto* arrows = new QGridLayout;
     arrows->addWidget(ArrowButton("cmdUp", tr("Up"), Qt::UpArrow, MarginArrow::Up), 0, 1, Qt::AlignHCenter);
     arrows->addWidget(ArrowButton("cmdLeft", tr("Left"), Qt::LeftArrow, MarginArrow::Left), 1, 0);
@@ -145,46 +152,135 @@ void frmFix3::BuildUi(const Sheet& sheet) {
     arrows->addWidget(picture_, 1, 1);
     arrows->setRowStretch(1, 1);
     arrows->setColumnStretch(1, 1);
+    auto* column = new QVBoxLayout;
+    column->addLayout(arrows, 1);
+    QString hint = tr("An arrow moves the print by one millimetre. The dashed tabs show margins of 0.");
+    if (!drawn.problem.empty())
+        hint = tr("%1. The drawing shows the usual place of the tabs.").arg(QString::fromStdString(drawn.problem));
+    AddText(*column, hint, picture_->minimumWidth() + 2 * kArrowSize)->setObjectName("lblHint");
+    return column;
+}
 
-    auto* cmdLoadDefaults = Named(new QPushButton(tr("Loa&d Defaults")), "cmdLoadDefaults");
-    auto* cmdSaveDefaults = Named(new QPushButton(tr("&Save as Defaults")), "cmdSaveDefaults");
-    auto* cmdCalibrationSheet = Named(new QPushButton(tr("&Print calibration sheet")), "cmdCalibrationSheet");
-    auto* hint = new QLabel(tr("An arrow moves the print by one millimetre. The dashed tabs show margins of 0."));
-    hint->setWordWrap(true);
-    auto* side = new QVBoxLayout;
-    side->addLayout(BuildEntries());
-    side->addWidget(hint);
-    side->addStretch();
-    for (QPushButton* button : {cmdLoadDefaults, cmdSaveDefaults, cmdCalibrationSheet})
-        side->addWidget(button);
+/// Wrapped, and whole: a window may become no smaller than its texts.
+QLabel* frmFix3::AddText(QBoxLayout& column, const QString& text, int width) {
+    auto* label = new QLabel(text);
+    label->setWordWrap(true);
+    label->setMinimumHeight(label->heightForWidth(width));
+    column.addWidget(label);
+    return label;
+}
 
+QPushButton* frmFix3::AddButton(QBoxLayout& row, const char* name, const QString& caption,
+                                const std::function<void()>& work) {
+    auto* button = Named(new QPushButton(caption), name);
+    button->setAutoDefault(false);
+    row.addWidget(button, 0, Qt::AlignLeft);
+    connect(button, &QPushButton::clicked, this,
+            [this, name, work] { Trapped(print_.main.ui, std::string("Called from Sub: ") + name, work); });
+    return button;
+}
+
+AnswerLabel* frmFix3::AddAnswer(QBoxLayout& column, const char* name, int lines) {
+    auto* label = Named(new AnswerLabel, name);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setMinimumHeight(lines * fontMetrics().lineSpacing());
+    column.addWidget(label);
+    return label;
+}
+
+QLayout* frmFix3::BuildEntries() {
+    txtMarLeft_ = Named(new QLineEdit, "txtMarLeft");
+    txtMarTop_ = Named(new QLineEdit, "txtMarTop");
+    auto* row = new QHBoxLayout;
+    const auto addEntry = [&](const QString& caption, QLineEdit* box, MarginBox margin) {
+        connect(box, &QLineEdit::textChanged, this, [this, margin](const QString& text) {
+            calibration_.Typed(margin, text.toStdString());
+            picture_->Place(calibration_.Samples());
+            ShowMove();
+        });
+        auto* label = new QLabel(caption);
+        label->setBuddy(box);
+        row->addWidget(label);
+        row->addWidget(box, 1);
+        row->addWidget(new QLabel(tr("mm")));
+    };
+    addEntry(tr("&Left margin:"), txtMarLeft_, MarginBox::Left);
+    row->addSpacing(kStepGap);
+    addEntry(tr("&Top margin:"), txtMarTop_, MarginBox::Top);
+    return row;
+}
+
+/// The four steps, from the sheet to print to the sheet that shows whether it was right.
+QWidget* frmFix3::BuildSteps() {
+    auto* steps = new QWidget;
+    const int width = kStepLetters * fontMetrics().averageCharWidth();
+    steps->setFixedWidth(width);
+    auto* column = new QVBoxLayout(steps);
+    column->setContentsMargins(0, 0, 0, 0);
+    const auto add = [&](const QString& text) { AddText(*column, text, width); };
+    add(tr("1. Print the calibration sheet on the stationery, or on plain paper to hold against it."));
+    AddButton(*column, "cmdCalibrationSheet", tr("&Print calibration sheet"),
+              [this] { PrintCalibrationSheet(print_); });
+    column->addSpacing(kStepGap);
+    add(tr(
+        "2. Find where each of its two rulers meets the cut edge of a tab. One shows there the left margin, the other "
+        "the top margin."));
+    column->addSpacing(kStepGap);
+    add(tr("3. Type the two numbers."));
+    column->addLayout(BuildEntries());
+    lblMove_ = AddAnswer(*column, "lblMove", 1);
+    column->addSpacing(kStepGap);
+    add(tr("4. Print once more: now each outline lies on the cut edge of its tab."));
+    cmdCheckSheet_ = AddButton(*column, "cmdCheckSheet", tr("Print &check sheet"),
+                               [this] { PrintCheckSheet(print_, calibration_.Margins()); });
+    column->addStretch();
+    add(QString::fromStdString(calibration_.OwnerText()));
+    column->addSpacing(kStepGap);
+    AddDefaults(*column);
+    return steps;
+}
+
+void frmFix3::AddDefaults(QBoxLayout& column) {
+    auto* defaults = new QHBoxLayout;
+    AddButton(*defaults, "cmdLoadDefaults", tr("Loa&d Defaults"), [this] {
+        calibration_.LoadDefaults();
+        ShowMargins();
+    });
+    AddButton(*defaults, "cmdSaveDefaults", tr("&Save as Defaults"),
+              [this] { lblDefaults_->Say(QString::fromStdString(calibration_.SaveDefaults())); });
+    defaults->addStretch();
+    column.addLayout(defaults);
+    lblDefaults_ = AddAnswer(column, "lblDefaults", 2);
+    lblDefaults_->setText(QString::fromStdString(calibration_.DefaultsText()));
+}
+
+void frmFix3::BuildUi() {
     auto* buttons = new QDialogButtonBox;
     auto* cmdOk = Named(buttons->addButton(QDialogButtonBox::Ok), "cmdOk");
     Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
     AddHelpButton(*buttons);
     auto* layout = new QGridLayout(this);
-    layout->addLayout(arrows, 0, 0);
-    layout->addLayout(side, 0, 1);
+    layout->setHorizontalSpacing(2 * kStepGap);
+    layout->addLayout(BuildDrawing(), 0, 0);
+    layout->addWidget(BuildSteps(), 0, 1);
     layout->addWidget(buttons, 1, 0, 1, 2);
     layout->setColumnStretch(0, 1);
+    layout->setRowStretch(0, 1);
     cmdOk->setDefault(true);                       // in the dialog by now
     findChild<QToolButton*>("cmdRht")->setFocus(); // so that all four keys step at once
-
     connect(buttons, &QDialogButtonBox::accepted, this, &frmFix3::Ok);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(cmdLoadDefaults, &QPushButton::clicked, this, [this] {
-        calibration_.LoadDefaults();
-        ShowMargins();
-    });
-    connect(cmdSaveDefaults, &QPushButton::clicked, this, [this] {
-        Trapped(print_.main.ui, "Called from Sub: cmdSaveDefaults", [this] { calibration_.SaveDefaults(); });
-    });
-    connect(cmdCalibrationSheet, &QPushButton::clicked, this, [this] { PrintCalibrationSheet(print_); });
 }
 
 void frmFix3::ShowMargins() {
     txtMarLeft_->setText(QString::fromStdString(calibration_.LeftText()));
     txtMarTop_->setText(QString::fromStdString(calibration_.TopText()));
+}
+
+void frmFix3::ShowMove() {
+    lblMove_->Say(QString::fromStdString(calibration_.MoveText()));
+    cmdCheckSheet_->setEnabled(calibration_.AreNumbers());
 }
 
 void frmFix3::Ok() {

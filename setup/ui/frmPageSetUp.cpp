@@ -1,6 +1,7 @@
 #include "setup/ui/frmPageSetUp.h"
 
 #include "setup/ui/frmAutoPrtWiz.h"
+#include "widgets/AnswerLabel.h"
 #include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
 #include "widgets/TabPicture.h"
@@ -16,6 +17,12 @@
 #include <QVBoxLayout>
 
 namespace velmora {
+namespace {
+
+constexpr int kLinesOfTexts = 3;
+
+} // namespace
+
 frmPageSetUp::frmPageSetUp(MainModule& main, std::function<void(std::int32_t)> printTestPage, QWidget* parent)
     : PlacedDialog(main.settings, "Page Setup Wiz", parent), main_(main), setup_(main),
       printTestPage_(std::move(printTestPage)) {
@@ -82,6 +89,11 @@ void frmPageSetUp::BuildUi() {
     AddHelpButton(*buttons);
     auto* cmdPrtWiz = Named(new QPushButton(tr("&Printer Setup Wizard ...")), "cmdPrtWiz");
 
+    lblTexts_ = Named(new AnswerLabel, "lblTexts");
+    lblTexts_->setWordWrap(true);
+    lblTexts_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblTexts_->setMinimumHeight(kLinesOfTexts * fontMetrics().lineSpacing());
+
     auto* preview = new QVBoxLayout;
     preview->addWidget(Image1_);
     preview->addWidget(lblGridSize_);
@@ -90,8 +102,9 @@ void frmPageSetUp::BuildUi() {
     layout->addWidget(BuildStationery(), 0, 0);
     layout->addWidget(BuildFields(), 1, 0);
     layout->addLayout(preview, 0, 1, 2, 1);
-    layout->addWidget(cmdPrtWiz, 2, 0, Qt::AlignLeft);
-    layout->addWidget(buttons, 2, 1);
+    layout->addWidget(lblTexts_, 2, 0, 1, 2);
+    layout->addWidget(cmdPrtWiz, 3, 0, Qt::AlignLeft);
+    layout->addWidget(buttons, 3, 1);
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(0, 1);
     cmdOk->setDefault(true); // in the dialog by now
@@ -134,6 +147,7 @@ bool frmPageSetUp::Open() {
 void frmPageSetUp::ShowType() {
     Image1_->setPixmap(LoadTabPicture(main_, setup_.Picture()));
     lblGridSize_->setText(QString::fromStdString(setup_.GridSizeText()));
+    lblTexts_->Say(QString::fromStdString(setup_.WhatBecomesOfTexts()));
 }
 
 void frmPageSetUp::ShowFields() {

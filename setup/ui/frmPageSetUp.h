@@ -13,6 +13,8 @@ class QLineEdit;
 
 namespace velmora {
 
+class AnswerLabel;
+
 class frmPageSetUp : public PlacedDialog {
     Q_OBJECT
 
@@ -41,6 +43,7 @@ private:
     std::array<QLineEdit*, kFieldsPerTab> txtField_ = {};
     QLabel* Image1_ = nullptr;
     QLabel* lblGridSize_ = nullptr;
+    AnswerLabel* lblTexts_ = nullptr; ///< what OK does to them
 };
 
 } // namespace velmora

@@ -4,9 +4,9 @@
 #include "app/ui/QtForms.h"
 #include "base/AtomicFile.h"
 #include "platform/linux/FontconfigCatalogue.h"
-#include "setup/Margins.h"
 #include "tests/forms/FormsTest.h"
 #include "tests/support/TestProgram.h"
+#include "workspace/Margins.h"
 
 #include <QAction>
 #include <QApplication>

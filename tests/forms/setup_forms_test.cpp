@@ -53,8 +53,10 @@ private slots:
 
     void theSamplesFollowTheMargins() {
         RunningProgram running;
+        running.test.Store("Settings", "Tab Top A4_1", "x"); // which keeps nobody from the dialog
         running.Start(0, 1, 1);
         Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
+            QVERIFY(form.Text("lblHint").startsWith("Type mismatch: Tab Top A4_1."));
             struct Row {
                 const char* typed;
                 bool moves;
@@ -68,9 +70,23 @@ private slots:
                     QVERIFY2((sample->pos() != before) == row.moves, row.typed);
                 }
             }
-            // One scale for both ways: 2880 twips across, 1200 down.
-            const QPoint step = form.Find<QWidget>("famPreview4")->pos() - form.Find<QWidget>("famPreview1")->pos();
-            QVERIFY(std::abs(step.x() * 1200 - step.y() * 2880) < 2880);
+            // One scale for the whole sheet: tabs of 60 x 10 mm, 33 mm apart, the first 23 mm below the edge.
+            const double mm = sample->parentWidget()->height() / 297.0;
+            const auto is = [&](int pixels, double size) { return std::abs(pixels - size * mm) <= 1; };
+            const QRect last = form.Find<QWidget>("famPreview4")->geometry();
+            QVERIFY(is(sample->parentWidget()->width(), 210) && is(last.x(), 60) && is(last.y(), 23 + 33));
+            QVERIFY(is(last.width(), 60) && is(last.height(), 10));
+            for (const auto& [left, top, move] :
+                 {std::tuple("0", "0", "The print does not move."),
+                  {"1,5", "0", "The print moves 1.5 mm to the right."},
+                  {"-2", "3", "The print moves 2 mm to the left and 3 mm down."},
+                  {"0", "-1", "The print moves 1 mm up."},
+                  {"x", "1", "The left margin is no number: nothing can be printed."}}) {
+                form.Box("txtMarLeft").setText(left);
+                form.Box("txtMarTop").setText(top);
+                QCOMPARE(form.Text("lblMove"), QString(move));
+                QCOMPARE(form.Find<QWidget>("cmdCheckSheet")->isEnabled(), *left != 'x');
+            }
             form.Click("cmdCancel");
         });
         QVERIFY(!running.window->isWindowModified());
@@ -97,6 +113,8 @@ private slots:
         Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
             form.Box("txtMarLeft").setText("2,5");
             form.Click("cmdSaveDefaults");
+            QCOMPARE(form.Text("lblDefaults"),
+                     QString("Saved for A4 (8 rows). Defaults are whole millimetres: left 2, top 0 mm."));
             QTest::keyClick(&form.dialog, Qt::Key_Return);
         });
         QCOMPARE(running.test.Stored("Margin Settings", "Default Left Margin - A4_8"), std::string("2.5"));
@@ -108,12 +126,32 @@ private slots:
         running.Start(4, 1, 1);
         running.program.main.globals.PrinterName = kPdfPrinter;
         const auto pdf = running.test.folder / "sheet.pdf";
+        const auto check = running.test.folder / "check.pdf";
         running.test.ui.ExpectChooser("Save as PDF", pdf, "SAVE|PDF file (*.pdf)|*.pdf|Calibration sheet.pdf");
+        running.test.ui.ExpectChooser("Save as PDF", check, "SAVE|PDF file (*.pdf)|*.pdf|Check sheet.pdf");
         Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
             form.Click("cmdCalibrationSheet");
+            form.Click("cmdCheckSheet");
             form.Click("cmdCancel");
         });
-        QVERIFY(ReadFile(pdf).starts_with("%PDF-"));
+        QVERIFY(ReadFile(pdf).starts_with("%PDF-") && ReadFile(check).starts_with("%PDF-"));
+    }
+
+    void thePrintersMarginsAreOneClickAway() {
+        RunningProgram running;
+        RememberPrinterMargins(running.test.settings, "P", {}, {"3.5", "3.5"});
+        running.Start(0, 1, 1);
+        QCOMPARE(Margins(running), std::string("0/0"));
+        auto* button = running.window->findChild<QAbstractButton*>("cmdDone");
+        QCOMPARE(button->text(), QString("Use this &printer's"));
+        QCOMPARE(running.window->findChild<QLabel*>("lblDone")->text(),
+                 QString("Margins left 0, top 0 mm; P: left 3.5, top 3.5 mm"));
+        button->click();
+        QCOMPARE(Margins(running), std::string("3.5/3.5"));
+        QCOMPARE(button->text(), QString("&Undo"));
+        QVERIFY(running.window->isWindowModified());
+        running.Trigger("mnuFitSheet"); // which has nothing to tell
+        QVERIFY(running.window->findChild<QLabel*>("lblDone")->minimumWidth() < 100);
     }
 
     void theStatusLineFollowsThePageSetupUntilCancel() {
@@ -130,6 +168,7 @@ private slots:
             QCOMPARE(form.Text("lblGridSize"), QString("3 Rows, 7 Colums"));
             QCOMPARE(running.Panel(2), QString("Tab Type: 3 rows, 7 Columns"));
             QCOMPARE(form.Find<QLabel>("Image1")->pixmap().size(), QSize(219, 111));
+            QVERIFY(form.Text("lblTexts").startsWith("The texts flow on"));
             form.Click("optField2");
             QVERIFY(form.Box("txtField2").isVisible() && !form.Box("txtField3").isVisible());
             QCOMPARE(running.Panel(3), QString("No of fields: 2"));
@@ -155,9 +194,11 @@ private slots:
         Within(running, "mnuPrinterSetup", "frmWizard", [](const Shown& form) { form.Click("cmdCancel"); });
         Within(running, "mnuPrinterSetupWiz", "frmWizard", [&](const Shown& form) {
             QCOMPARE(form.Find<QListWidget>("lstPrinters")->item(0)->text(), QString("Velmora PDF (default)"));
+            QCOMPARE(form.Text("lblMargins").left(15), QString("Velmora PDF was"));
             form.Click("cmdNext");
             QVERIFY(!form.Find<QWidget>("optLayout(0)")->isEnabled());
             form.Click("optStationery(5)");
+            QVERIFY(form.Text("lblMargins").startsWith("Velmora PDF was not calibrated on DL_v yet."));
             form.Click("optLayout(1)");
             ask(Answer::No);
             form.Click("cmdCancel");
