@@ -21,8 +21,20 @@ void PrintRun::Prepare(const ReportRequest& request) {
 
 bool PrintRun::SetUsedSlots(const std::vector<int>& used) {
     ReportRequest request = request_;
-    request.used = used;
+    request.labels.used = used;
     return TrappedPrinting(print_, kPrintReportPlace, [&] { Prepare(request); });
+}
+
+void PrintRun::ChooseTabs(const std::string& list, TabPlaces places) {
+    ReportRequest request = request_;
+    request.labels.places = places;
+    request.labels.tabs =
+        list.empty() ? TabNumbers() : ParseNumberList(list, print_.main.document.TabCount, {"tab", "document"});
+    Prepare(request);
+}
+
+std::string PrintRun::TabsAtHand() const {
+    return NumberListText(print_.main.editor->MarkedTabs());
 }
 
 PrintCheck PrintRun::Check() {
@@ -41,6 +53,7 @@ std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::stri
     std::vector<int> sheets;
     switch (choice) {
     case SheetChoice::All:
+    case SheetChoice::Tabs: // the run is of them alone
         sheets.resize(static_cast<std::size_t>(report_.SheetCount()));
         std::iota(sheets.begin(), sheets.end(), 1);
         break;

@@ -11,7 +11,7 @@
 
 namespace velmora {
 
-enum class SheetChoice { All, Shown, Filled, Range };
+enum class SheetChoice { All, Shown, Filled, Range, Tabs };
 
 class PrintRun {
 public:
@@ -29,10 +29,18 @@ public:
     const FontCatalogue& Catalogue() const { return print_.catalogue; }
 
     /// Slots of the first sheet that are used up, from 1: this run's, never the document's.
-    const std::vector<int>& UsedSlots() const { return request_.used; }
+    const std::vector<int>& UsedSlots() const { return request_.labels.used; }
     /// Lets the tabs flow around them, which may change the number of sheets. A failure is shown, and the run stays as
     /// it was; false then.
     bool SetUsedSlots(const std::vector<int>& used);
+
+    /// The tabs that are printed alone; empty: all.
+    const TabNumbers& ChosenTabs() const { return request_.labels.tabs; }
+    /// Takes tabs of the whole document, typed as a list such as "300,305-307"; an empty one: all that the run began
+    /// with. Raises Error, in words for the person, for what is no such list, and the run stays as it was.
+    void ChooseTabs(const std::string& list, TabPlaces places);
+    /// Such a list of the tabs that are marked in the editor, else of the one in use; empty without an editor.
+    std::string TabsAtHand() const;
 
     /// The sheets of a choice; never none. `shown` is the sheet on screen, `range` what was typed. Raises Error, in
     /// words for the person, for a range that is none and where no sheet has a text.

@@ -287,6 +287,7 @@ TEST(NumberList, SpellsRangesOutAndRefusesTheRest) {
     EXPECT_EQ(ParseNumberList("3, 1-2", 3, words), (std::vector<int>{3, 1, 2}));
     for (const char* list : {"", "0", "2-1", "1-", "1,,2", "a", "4", "-1", "99999999999"})
         EXPECT_THROW(ParseNumberList(list, 3, words), Error) << list;
+    EXPECT_EQ(NumberListText({300, 305, 306, 307, 9, 9}), "300,305-307,9,9");
 }
 
 } // namespace

@@ -257,7 +257,7 @@ TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
     const FontconfigCatalogue catalogue;
     const auto check = [&](const std::optional<PaperSupport>& printer, const std::vector<int>& used = {}) {
         ReportRequest request = DocumentRequest(main.document);
-        request.used = used;
+        request.labels.used = used;
         rptVelmor report = MakeReport(layout, request, {main.document, main.settings, main.fonts});
         return Findings(CheckBeforePrinting({main.fonts, catalogue, report, printer}));
     };
