@@ -82,10 +82,12 @@ PrintOutcome RunReport(PrintModule& print, const std::string& caption, const Rep
     return run.Print() ? PrintOutcome::Done : PrintOutcome::NotPrinted;
 }
 
-PrintOutcome RunDocument(PrintModule& print, const char* mode, bool pageOnly) {
+PrintOutcome RunDocument(PrintModule& print, const char* mode, bool pageOnly, LabelChoice labels = {}) {
     TakePageBack(print.main);
     const TabDocument& document = print.main.document;
-    return PrintReport(print, DocumentCaption(document), DocumentRequest(document, mode, pageOnly));
+    ReportRequest request = DocumentRequest(document, mode, pageOnly);
+    request.labels = std::move(labels);
+    return PrintReport(print, DocumentCaption(document), request);
 }
 
 } // namespace
@@ -132,6 +134,10 @@ PrintOutcome PrintPageCommand(PrintModule& print) {
 
 PrintOutcome PreviewCommand(PrintModule& print) {
     return RunDocument(print, "VIEW", false);
+}
+
+PrintOutcome PrintTabsCommand(PrintModule& print) {
+    return RunDocument(print, "VIEW", false, {{}, print.main.editor->MarkedTabs(), TabPlaces::Flowing});
 }
 
 } // namespace velmora

@@ -1,12 +1,15 @@
 #include "print/PrintRun.h"
 
+#include "base/Text.h"
 #include "print/NumberList.h"
 #include "print/PrintErrors.h"
 #include "print/PrintSheets.h"
 #include "print/SendSheets.h"
+#include "print/UsedLabels.h"
 #include "workspace/Dialogs.h"
 
 #include <numeric>
+#include <set>
 
 namespace velmora {
 PrintRun::PrintRun(PrintModule& print, rptVelmor& report, std::string caption, const ReportRequest& request)
@@ -25,11 +28,33 @@ bool PrintRun::SetUsedSlots(const std::vector<int>& used) {
     return TrappedPrinting(print_, kPrintReportPlace, [&] { Prepare(request); });
 }
 
-void PrintRun::ChooseTabs(const std::string& list, TabPlaces places) {
+std::vector<int> PrintRun::LabelsInUse() const {
+    return velmora::LabelsInUse(print_.main.settings, request_.tabType);
+}
+
+void PrintRun::KeepLabelsInUse(const std::vector<int>& sheets) {
+    std::set<int> gone;
+    if (!sheets.empty() && sheets.back() == 1)
+        gone.insert(UsedSlots().begin(), UsedSlots().end());
+    Sheet last;
+    if (!sheets.empty())
+        report_.LayOutSheet(sheets.back(), last);
+    for (const PlacedText& placed : last.texts)
+        if (!Trim(placed.text).empty())
+            gone.insert(placed.slot);
+    if (static_cast<int>(gone.size()) == LabelsPerSheet())
+        gone.clear(); // the next sheet is a whole one
+    velmora::KeepLabelsInUse(print_.main.settings, request_.tabType, {gone.begin(), gone.end()});
+}
+
+TabNumbers PrintRun::ParseTabs(const std::string& list) const {
+    return ParseNumberList(list, print_.main.document.TabCount, {"tab", "document"});
+}
+
+void PrintRun::ChooseTabs(const std::optional<std::string>& list, TabPlaces places) {
     ReportRequest request = request_;
     request.labels.places = places;
-    request.labels.tabs =
-        list.empty() ? TabNumbers() : ParseNumberList(list, print_.main.document.TabCount, {"tab", "document"});
+    request.labels.tabs = list ? ParseTabs(*list) : TabNumbers();
     Prepare(request);
 }
 
@@ -49,17 +74,19 @@ bool PrintRun::WantedAnyway() {
                                    Buttons::YesNo, Answer::Yes) == Answer::Yes;
 }
 
-std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::string& range) const {
+std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::string& list) const {
     std::vector<int> sheets;
     switch (choice) {
+    case SheetChoice::Tabs: // whose sheets the run is of
+        ParseTabs(list);
+        [[fallthrough]];
     case SheetChoice::All:
-    case SheetChoice::Tabs: // the run is of them alone
         sheets.resize(static_cast<std::size_t>(report_.SheetCount()));
         std::iota(sheets.begin(), sheets.end(), 1);
         break;
     case SheetChoice::Shown: sheets = {shown}; break;
     case SheetChoice::Filled: sheets = report_.FilledSheets(); break;
-    case SheetChoice::Range: sheets = ParseNumberList(range, report_.SheetCount(), {"sheet", "document"}); break;
+    case SheetChoice::Range: sheets = ParseNumberList(list, report_.SheetCount(), {"sheet", "document"}); break;
     }
     if (sheets.empty())
         throw Error("no sheet has a text");

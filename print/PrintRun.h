@@ -6,6 +6,7 @@
 #include "report/PrepareReport.h"
 #include "report/PrintChecks.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,23 +29,32 @@ public:
     bool WantedAnyway();
     const FontCatalogue& Catalogue() const { return print_.catalogue; }
 
+    int LabelsPerSheet() const { return request_.rows * request_.cols; }
     /// Slots of the first sheet that are used up, from 1: this run's, never the document's.
     const std::vector<int>& UsedSlots() const { return request_.labels.used; }
     /// Lets the tabs flow around them, which may change the number of sheets. A failure is shown, and the run stays as
     /// it was; false then.
     bool SetUsedSlots(const std::vector<int>& used);
 
+    /// Of the sheet that goes on being used, which an earlier job left; empty: there is none.
+    std::vector<int> LabelsInUse() const;
+    /// What these sheets, once printed, leave of the last one is offered to the next job; none: the next one begins
+    /// with a whole sheet.
+    void KeepLabelsInUse(const std::vector<int>& sheets);
+
     /// The tabs that are printed alone; empty: all.
     const TabNumbers& ChosenTabs() const { return request_.labels.tabs; }
-    /// Takes tabs of the whole document, typed as a list such as "300,305-307"; an empty one: all that the run began
-    /// with. Raises Error, in words for the person, for what is no such list, and the run stays as it was.
-    void ChooseTabs(const std::string& list, TabPlaces places);
+    /// They come to their own places, whatever slots are used up.
+    bool KeepsPlaces() const { return !ChosenTabs().empty() && request_.labels.places == TabPlaces::Own; }
+    /// Takes tabs of the whole document, typed as a list such as "300,305-307"; nullopt: all that the run was made for.
+    /// Raises Error, in words for the person, for what is no such list, and the run stays as it was.
+    void ChooseTabs(const std::optional<std::string>& list, TabPlaces places = TabPlaces::Flowing);
     /// Such a list of the tabs that are marked in the editor, else of the one in use; empty without an editor.
     std::string TabsAtHand() const;
 
-    /// The sheets of a choice; never none. `shown` is the sheet on screen, `range` what was typed. Raises Error, in
-    /// words for the person, for a range that is none and where no sheet has a text.
-    std::vector<int> Sheets(SheetChoice choice, int shown, const std::string& range) const;
+    /// The sheets of a choice; never none. `shown` is the sheet on screen, `list` what was typed. Raises Error, in
+    /// words for the person, for a list that is none and where no sheet has a text.
+    std::vector<int> Sheets(SheetChoice choice, int shown, const std::string& list) const;
 
     /// Sends sheets, numbered from 1, to the report's printer; none: all. The built-in printer asks for a path. False
     /// when the person cancelled, and after a failure, which is shown: nothing is printed then.
@@ -54,6 +64,7 @@ public:
 
 private:
     void Prepare(const ReportRequest& request);
+    TabNumbers ParseTabs(const std::string& list) const;
     bool Send(const std::string& printer, const std::vector<int>& sheets);
 
     PrintModule& print_;

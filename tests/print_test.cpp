@@ -3,7 +3,9 @@
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/NumberList.h"
 #include "print/PrintReport.h"
+#include "print/UsedLabels.h"
 #include "setup/CalibrationSheet.h"
+#include "tests/support/FakeEditor.h"
 #include "tests/support/FakePrinters.h"
 #include "tests/support/TestProgram.h"
 
@@ -269,6 +271,76 @@ TEST_F(PrintTest, ASheetIsChosenByItsTexts) {
         EXPECT_EQ(sheet.texts.at(0).slot, 2) << "one further on";
     };
     PreviewCommand(print);
+}
+
+std::string SlotsOf(PrintRun& run, int number) {
+    std::string slots;
+    Sheet sheet;
+    run.Report().LayOutSheet(number, sheet);
+    for (const PlacedText& text : sheet.texts)
+        slots += std::to_string(text.tab) + "@" + std::to_string(text.slot) + " ";
+    return slots;
+}
+
+TEST_F(PrintTest, MarkedTabsGoOntoTheSheetThatAnEarlierJobLeft) {
+    FakeEditor editor;
+    main.editor.Take(editor);
+    editor.marked = {30, 31, 32};
+    for (int tab = 1; tab <= 72; ++tab)
+        main.document.FieldA(tab) = tab == 31 ? " " : "x";
+    viewer.act = [&](PrintRun& run) {
+        EXPECT_EQ(run.TabsAtHand(), "30-32");
+        EXPECT_EQ(SlotsOf(run, 1), "30@1 31@2 32@3 ");
+        EXPECT_TRUE(run.LabelsInUse().empty());
+        run.SetUsedSlots({1, 2, 7});
+        EXPECT_EQ(SlotsOf(run, 1), "30@3 31@4 32@5 ");
+        run.KeepLabelsInUse({1});
+        EXPECT_THROW(run.ChooseTabs("30,73"), Error);
+        EXPECT_THROW(run.Sheets(SheetChoice::Tabs, 1, ""), Error);
+        EXPECT_EQ(SlotsOf(run, 1), "30@3 31@4 32@5 ");
+        run.ChooseTabs("30,2", TabPlaces::Own);
+        EXPECT_TRUE(run.KeepsPlaces());
+        EXPECT_EQ(SlotsOf(run, 1), "2@2 ");
+        EXPECT_EQ(run.Sheets(SheetChoice::Tabs, 1, "30,2"), (std::vector<int>{1, 2}));
+        run.ChooseTabs(std::nullopt);
+        EXPECT_EQ(run.Report().SheetCount(), 4);
+    };
+    EXPECT_EQ(PrintTabsCommand(print), PrintOutcome::Done);
+    viewer.act = [&](PrintRun& run) {
+        EXPECT_EQ(run.LabelsInUse(), (std::vector<int>{1, 2, 3, 5, 7})) << "a tab of blanks takes no label";
+        run.KeepLabelsInUse({2, 3});
+        EXPECT_TRUE(run.LabelsInUse().empty()) << "the last sheet is full";
+        program.Store("Settings", "Used Labels - 0", "9-25");
+        EXPECT_TRUE(run.LabelsInUse().empty()) << "none of this stationery";
+        program.Store("Settings", "Used Labels - 0", "1-24");
+        EXPECT_TRUE(run.LabelsInUse().empty()) << "none is left";
+        run.KeepLabelsInUse({});
+    };
+    PreviewCommand(print);
+    EXPECT_EQ(program.Stored("Settings", "Used Labels - 0"), "");
+    EXPECT_EQ(program.Stored("Settings", "Used Labels - 1"), "(none)");
+    main.editor.Leave();
+}
+
+TEST(UsedLabels, AreStruckOutOneByOneOrInAStretch) {
+    UsedLabels labels(24);
+    const auto shown = [&] { return NumberListText({labels.Labels().begin(), labels.Labels().end()}); };
+    labels.ExtendTo(5);
+    EXPECT_EQ(shown(), "1-5");
+    labels.Toggle(9);
+    labels.ExtendTo(12);
+    labels.ExtendTo(7);
+    EXPECT_EQ(shown(), "1-5,7-9") << "as far as the pointer is";
+    labels.Toggle(8);
+    labels.ExtendTo(4);
+    EXPECT_EQ(shown(), "1-3,9") << "a stretch that begins at one struck out is free again";
+    EXPECT_EQ(labels.FirstFree(), 4);
+    labels.StartAt(24);
+    labels.Toggle(24);
+    EXPECT_EQ(shown(), "1-23") << "one is left";
+    labels.Set({2});
+    labels.ExtendTo(3);
+    EXPECT_EQ(shown(), "1-3");
 }
 
 TEST_F(PrintTest, TheBuiltInPrinterAsksForItsPath) {
