@@ -1,5 +1,6 @@
 #include "setup/PageSetup.h"
 
+#include "document/TabOrder.h"
 #include "setup/Margins.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
@@ -9,12 +10,22 @@
 #include "workspace/Transaction.h"
 #include "workspace/Undo.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
 bool SameChoices(const DocumentSetup& a, const DocumentSetup& b) {
     return a.OptType == b.OptType && a.NoOfFields == b.NoOfFields && a.StationeryType == b.StationeryType &&
            a.LayoutName == b.LayoutName;
+}
+
+/// One empty page that nobody has given a name: it stays one page, whatever the number of its tabs.
+bool IsUntouched(const TabDocument& document) {
+    if (!document.DocFileName.empty() || document.NoOfPages > 1)
+        return false;
+    const TabOrder tabs = OrderOf(document);
+    return std::all_of(tabs.begin(), tabs.end(), [&](std::int32_t tab) { return IsBareTab(document, tab); });
 }
 
 void TakeOver(MainModule& main, const DocumentSetup& draft, DefaultMargins margins) {
@@ -28,6 +39,8 @@ void TakeOver(MainModule& main, const DocumentSetup& draft, DefaultMargins margi
     document.setup.NoOfFields = draft.NoOfFields;
     SetFieldLimits(document.setup);
     document.CurrentPage = 1;
+    if (IsUntouched(document))
+        document.TabCount = 0;
     ApplyTabType(main);
     if (calibrate)
         ApplyDefaultMargins(main.settings, draft.OptType, draft.LayoutName);
