@@ -68,10 +68,8 @@ PrintCheck PrintRun::Check() {
             SupportOf(main.printers, report_.Printer.DeviceName, report_.PagePaper())};
 }
 
-bool PrintRun::WantedAnyway() {
-    const std::vector<PrintFinding> findings = CheckBeforePrinting(Check());
-    return findings.empty() || Ask(print_.main.ui, FindingsSummary(findings) + "Do you want to print anyway?",
-                                   Buttons::YesNo, Answer::Yes) == Answer::Yes;
+std::string PrintRun::Doubts() {
+    return FindingsSummary(CheckBeforePrinting(Check()));
 }
 
 std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::string& list) const {

@@ -25,8 +25,8 @@ public:
     const MainModule& Main() const { return print_.main; }
     /// A check of all sheets, with what the printer says of the paper. It holds until the used slots change.
     PrintCheck Check();
-    /// False when the person was told what a check finds, and does not want to print.
-    bool WantedAnyway();
+    /// What a check finds, in words; empty: nothing that paper would show.
+    std::string Doubts();
     const FontCatalogue& Catalogue() const { return print_.catalogue; }
 
     int LabelsPerSheet() const { return request_.rows * request_.cols; }

@@ -57,7 +57,8 @@ struct PrintTest : testing::Test {
         NormalisePages(main.document);
         SetRowsAndStationery(main.document.setup, type);
         main.document.CurrentPage = 1;
-        main.document.FieldA(1) = "first";
+        for (int page = 0; page < 3; ++page)
+            main.document.FieldA(1 + page * main.document.setup.TabsPerPage) = "first";
     }
     void ExpectError(const std::string& text) { program.ui.Expect(text, Icon::Critical); }
 };
@@ -203,10 +204,14 @@ TEST_F(PrintTest, PrintAsksOnceAboutAllThatPaperWouldShow) {
     main.document.FieldA(5) = wide;
     const std::string cut = "One text does not fit its tab and will be cut off, in tab 5.\r\n";
     const auto answered = [&](const std::string& found, Answer answer) {
-        program.ui.Expect(found + "Do you want to print anyway?", Icon::Question, Buttons::YesNo, answer, Answer::Yes);
+        program.ui.Expect(found + "Do you want to print anyway?", Icon::Question, Buttons::YesNo, answer, Answer::No);
         return PrintCommand(print);
     };
     EXPECT_EQ(answered(cut, Answer::No), PrintOutcome::NotPrinted);
+    EXPECT_TRUE(printers.jobs.empty());
+    viewer.act = [&](PrintRun& run) { EXPECT_EQ(run.Doubts(), cut); };
+    EXPECT_EQ(answered(cut, Answer::Other), PrintOutcome::Done);
+    EXPECT_EQ(viewer.caption, "Velmora [Untitled]") << "the list is there";
     EXPECT_TRUE(printers.jobs.empty());
     EXPECT_EQ(answered(cut, Answer::Yes), PrintOutcome::Done);
     program.Store("Settings", "Margin Value Left", "-40");
@@ -214,16 +219,36 @@ TEST_F(PrintTest, PrintAsksOnceAboutAllThatPaperWouldShow) {
     printers.paperWidth = 100;
     EXPECT_EQ(answered("The printer does not have paper of the sheet's size.\r\n"
                        "2 texts do not fit their tabs and will be cut off, the first in tab 5.\r\n"
-                       "One text lies partly where the printer cannot print, in tab 1.\r\n",
+                       "3 texts lie partly where the printer cannot print, the first in tab 1.\r\n",
                        Answer::No),
               PrintOutcome::NotPrinted);
     printers.paperWidth = 297; // the same paper, turned
     EXPECT_EQ(answered("2 texts do not fit their tabs and will be cut off, the first in tab 5.\r\n"
-                       "One text lies partly where the printer cannot print, in tab 1.\r\n",
+                       "3 texts lie partly where the printer cannot print, the first in tab 1.\r\n",
                        Answer::Yes),
               PrintOutcome::Done);
     viewer.act = [](PrintRun&) {};
     EXPECT_EQ(PreviewCommand(print), PrintOutcome::Done) << "the window says it itself";
+}
+
+TEST_F(PrintTest, EmptySheetsAreSaidBeforeTheyCostPaper) {
+    main.document.FieldA(1).clear();
+    main.document.FieldA(49).clear();
+    const auto sheets = [&](Answer answer) {
+        printers.bytes.clear();
+        program.ui.Expect("2 of 3 sheets are empty.\r\nDo you want to print the filled sheets only?", Icon::Question,
+                          Buttons::YesNoCancel, answer, Answer::Yes);
+        PrintCommand(print);
+        const std::size_t at = printers.bytes.find("/Count ");
+        return at == std::string::npos ? "" : printers.bytes.substr(at + 7, 1);
+    };
+    EXPECT_EQ(sheets(Answer::Yes), "1");
+    EXPECT_EQ(sheets(Answer::No), "3");
+    EXPECT_EQ(sheets(Answer::Cancel), "");
+    main.document.FieldA(25).clear();
+    program.ui.Expect("All 3 sheets are empty.\r\nDo you want to print anyway?", Icon::Question, Buttons::YesNo,
+                      Answer::No, Answer::No);
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
 }
 
 TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
@@ -251,7 +276,8 @@ TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
 }
 
 TEST_F(PrintTest, ASheetIsChosenByItsTexts) {
-    main.document.FieldA(1).clear();
+    for (const int tab : {1, 25, 49})
+        main.document.FieldA(tab).clear();
     viewer.act = [&](PrintRun& run) {
         EXPECT_THROW(run.Sheets(SheetChoice::Filled, 1, ""), Error);
         EXPECT_EQ(run.Sheets(SheetChoice::All, 2, ""), (std::vector<int>{1, 2, 3}));

@@ -168,6 +168,23 @@ TEST_F(SetupTest, OkTakesTheDocumentToTheChoice) {
     EXPECT_EQ(document.setup.StationeryType, "DL_h");
 }
 
+TEST_F(SetupTest, AnUntouchedDocumentStaysOnePage) {
+    const auto pages = [&](int type) {
+        PageSetup dialog(main);
+        dialog.ChooseType(type);
+        EXPECT_TRUE(dialog.Ok());
+        return document.NoOfPages;
+    };
+    EXPECT_EQ(pages(1), 1);
+    EXPECT_EQ(pages(5), 1) << "a quarter of the tabs";
+    document.CurrentTab = 2;
+    pages(1);
+    document.FieldC(1) = "in a field that is not in use";
+    EXPECT_EQ(pages(0), 2);
+    document.FieldC(1).clear();
+    EXPECT_EQ(pages(5), 4) << "pages that somebody added";
+}
+
 TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
     document.FieldA(24) = "kept";
     document.CurrentTab = 0;
@@ -287,7 +304,17 @@ TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
     document.FieldA(1) = "left";
     EXPECT_EQ(check(margins(0, 0, 0, 5)), "2:1.0 ");
     EXPECT_EQ(check(margins(5, 5, 5, 0)), "");
-    EXPECT_EQ(FindingText({PrintProblem::TextCut, {5, 1}}), "Tab 5, field 2: will be cut off.");
+
+    document.FieldA(1) = "\U000F1234";
+    main.fonts[0].Name = "Calibri";
+    EXPECT_EQ(check({}), "4:0.0 3:1.0 ") << "no font has it, nor the family";
+    main.fonts[0].Name = "ARIAL";
+    document.FieldA(1) = "left";
+    EXPECT_EQ(check({}), "") << "another family of the same widths";
+    document.FieldA(1).clear();
+    EXPECT_EQ(check({}), "6:0.0 ");
+    const PrintFinding cut{PrintProblem::TextCut, {5, 1}, 1, 5, "Abrahams & Seun"};
+    EXPECT_EQ(FindingText(cut) + "|" + FindingPlace(cut), "Abrahams & Seun: will be cut off|Tab 5, Field B");
 }
 
 } // namespace

@@ -13,23 +13,42 @@ namespace velmora {
 namespace {
 
 constexpr qint64 kSliceMs = 10;
+constexpr qsizetype kUnbroken = 12; ///< characters without a blank that a line of the box has room for
+
+/// With places where a long word may be broken.
+QString Breakable(const QString& text) {
+    constexpr QChar kZeroWidthSpace(0x200b);
+    QString broken;
+    qsizetype since = 0;
+    for (const QChar character : text) {
+        since = character.isSpace() ? 0 : since + 1;
+        broken += character;
+        if (since % kUnbroken == kUnbroken - 1 && !character.isHighSurrogate())
+            broken += kZeroWidthSpace;
+    }
+    return broken;
+}
 
 } // namespace
 
 FindingsBox::FindingsBox(PrintRun& run, QWidget* parent)
     : QGroupBox(parent), run_(run), findings_(new FindingList(this)),
       lblChecking_(Named(new QLabel(tr("Checking the texts ...")), "lblChecking")),
-      lstFindings_(Named(new QListView, "lstFindings")),
+      lstFindings_(Named(new QListView, "lstFindings")), lblFinding_(Named(new QLabel, "lblFinding")),
       cmdEditTab_(Named(new QPushButton(tr("&Edit This Tab")), "cmdEditTab")) {
     setObjectName("fraFindings");
     lstFindings_->setAccessibleName(tr("Before printing"));
     lstFindings_->setModel(findings_);
     lstFindings_->setUniformItemSizes(true);
     lstFindings_->installEventFilter(this);
-    lstFindings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the tool tip has all of a line
+    lstFindings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the label and the tool tip have all of a line
+    lstFindings_->setTextElideMode(Qt::ElideMiddle); // what is wrong stands at the end
+    lblFinding_->setTextFormat(Qt::PlainText);
+    lblFinding_->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(lblChecking_);
     layout->addWidget(lstFindings_, 1);
+    layout->addWidget(lblFinding_);
     layout->addWidget(cmdEditTab_);
     connect(&timer_, &QTimer::timeout, this, &FindingsBox::CheckSome);
     connect(lstFindings_->selectionModel(), &QItemSelectionModel::currentChanged, this, &FindingsBox::Choose);
@@ -73,6 +92,13 @@ void FindingsBox::ShowFindings() {
     cmdEditTab_->setVisible(count > 0);
     lblChecking_->setVisible(checking);
     cmdEditTab_->setEnabled(ChosenText() != nullptr);
+    ShowWhole();
+}
+
+void FindingsBox::ShowWhole() {
+    const QModelIndex current = lstFindings_->currentIndex();
+    lblFinding_->setVisible(current.isValid());
+    lblFinding_->setText(Breakable(current.data(Qt::ToolTipRole).toString()));
 }
 
 /// Null while no finding on a text is chosen.
@@ -83,8 +109,8 @@ const PrintFinding* FindingsBox::ChosenText() const {
 
 void FindingsBox::Choose() {
     ShowFindings();
-    if (const PrintFinding* finding = ChosenText())
-        emit Chosen(*finding);
+    if (const QModelIndex current = lstFindings_->currentIndex(); current.isValid())
+        emit Chosen(findings_->At(current.row()));
 }
 
 /// The button is still enabled for a moment when a new check has emptied the list.

@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QListView>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSpinBox>
 
 namespace {
@@ -133,6 +134,7 @@ private slots:
         const std::tuple<const char*, const char*, int> rows[] = {
             {"optAll", "", 4}, {"optShown", "", 1}, {"optFilled", "", 3}, {"", "4,1-2", 3}};
         InPreview(running, [&](Preview& preview) {
+            QVERIFY2(preview.Get<QRadioButton>("optFilled").isChecked(), "a sheet is empty");
             preview.Key(Qt::Key_PageDown);
             for (const auto& [option, range, sheets] : rows) {
                 if (*range)
@@ -315,6 +317,10 @@ private slots:
             list.setCurrentIndex(list.model()->index(1, 0));
             QCOMPARE(preview.Get<QSpinBox>("txtPage").value(), 2);
             QCOMPARE(preview.display.MarkedSlot(), 7);
+            const QString line = QString(60, 'W') + ": will be cut off\nTab 30, Field A";
+            QCOMPARE(list.currentIndex().data(Qt::ToolTipRole).toString(), line);
+            QCOMPARE(preview.Get<QLabel>("lblFinding").text().remove(QChar(0x200b)), line);
+            QVERIFY(preview.Get<QLabel>("lblFinding").minimumSizeHint().width() < list.width());
             list.setFocus();
             preview.Key(Qt::Key_Return);
             QVERIFY(!preview.form.isVisible());
