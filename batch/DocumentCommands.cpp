@@ -180,8 +180,10 @@ int RunPrint(const PrintArguments& arguments) {
     const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     rptVelmor report = MakeReport(program, arguments, "PRINT");
     const MainModule& main = program.Main();
-    PrintSheets(DocumentSheets(report, main.document, main.fonts, OptionsOf(arguments, report)), *catalogue,
-                {printers, printer, "Velmora [" + DisplayName(arguments.file) + "]"});
+    const auto waits = PrintSheets(DocumentSheets(report, main.document, main.fonts, OptionsOf(arguments, report)),
+                                   *catalogue, {printers, printer, "Velmora [" + DisplayName(arguments.file) + "]"});
+    if (waits && !waits->empty())
+        std::cerr << "velmora-batch: the job waits: " << OneLine(*waits) << '\n';
     return kDone;
 }
 

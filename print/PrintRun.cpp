@@ -100,8 +100,10 @@ bool PrintRun::SaveAsPdf(const std::vector<int>& sheets) {
 }
 
 bool PrintRun::Send(const std::string& printer, const std::vector<int>& sheets) {
-    return SendSheets(print_, DocumentSheets(report_, print_.main.document, print_.main.fonts, {sheets, false}),
-                      {printer, caption_, kPrintReportPlace});
+    const SheetSeries series = DocumentSheets(report_, print_.main.document, print_.main.fonts, {sheets, false});
+    const auto told = SendSheets(print_, series, {printer, caption_, kPrintReportPlace});
+    told_ = told.value_or("");
+    return told.has_value();
 }
 
 } // namespace velmora

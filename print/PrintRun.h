@@ -61,6 +61,8 @@ public:
     bool Print(const std::vector<int>& sheets = {});
     /// The same as a PDF file, at a path that is asked for.
     bool SaveAsPdf(const std::vector<int>& sheets = {});
+    /// What the status line was told of the sheets that went out last.
+    const std::string& Told() const { return told_; }
 
 private:
     void Prepare(const ReportRequest& request);
@@ -71,6 +73,7 @@ private:
     rptVelmor& report_;
     std::string caption_;
     ReportRequest request_;
+    std::string told_;
 };
 
 } // namespace velmora

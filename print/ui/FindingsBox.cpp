@@ -1,5 +1,6 @@
 #include "print/ui/FindingsBox.h"
 
+#include "print/ui/Breakable.h"
 #include "widgets/Controls.h"
 
 #include <QElapsedTimer>
@@ -13,21 +14,6 @@ namespace velmora {
 namespace {
 
 constexpr qint64 kSliceMs = 10;
-constexpr qsizetype kUnbroken = 12; ///< characters without a blank that a line of the box has room for
-
-/// With places where a long word may be broken.
-QString Breakable(const QString& text) {
-    constexpr QChar kZeroWidthSpace(0x200b);
-    QString broken;
-    qsizetype since = 0;
-    for (const QChar character : text) {
-        since = character.isSpace() ? 0 : since + 1;
-        broken += character;
-        if (since % kUnbroken == kUnbroken - 1 && !character.isHighSurrogate())
-            broken += kZeroWidthSpace;
-    }
-    return broken;
-}
 
 } // namespace
 
@@ -42,7 +28,7 @@ FindingsBox::FindingsBox(PrintRun& run, QWidget* parent)
     lstFindings_->setUniformItemSizes(true);
     lstFindings_->installEventFilter(this);
     lstFindings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the label and the tool tip have all of a line
-    lstFindings_->setTextElideMode(Qt::ElideMiddle); // what is wrong stands at the end
+    lstFindings_->setTextElideMode(Qt::ElideMiddle);                    // what is wrong stands at the end
     lblFinding_->setTextFormat(Qt::PlainText);
     lblFinding_->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);

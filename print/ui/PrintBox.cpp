@@ -1,6 +1,7 @@
 #include "print/ui/PrintBox.h"
 
 #include "print/NumberList.h"
+#include "print/ui/Breakable.h"
 #include "print/ui/TabsRow.h"
 #include "widgets/AnswerLabel.h"
 #include "widgets/Controls.h"
@@ -149,12 +150,9 @@ void PrintBox::ShowChoice(int sheet) {
 
 void PrintBox::Print(bool toFile) {
     const std::vector<int> sheets = ChosenSheets();
-    const bool file = toFile || run_.Report().Printer.DeviceName == kPdfPrinter;
     if (!(toFile ? run_.SaveAsPdf(sheets) : run_.Print(sheets)))
         return;
-    lblPrinted_->Say((file ? tr("%n sheet(s) saved as PDF.", nullptr, static_cast<int>(sheets.size()))
-                           : tr("%n sheet(s) sent to the printer.", nullptr, static_cast<int>(sheets.size())))
-                         .replace("(s)", sheets.size() == 1 ? "" : "s"));
+    lblPrinted_->Say(Breakable(QString::fromStdString(run_.Told()) + "."));
     lblPrinted_->show();
     emit Printed(sheets);
 }
