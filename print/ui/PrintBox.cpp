@@ -24,14 +24,15 @@ QString Sentence(const char* text) {
 } // namespace
 
 PrintBox::PrintBox(PrintRun& run, QWidget* parent)
-    : QGroupBox(parent), run_(run), optSheets_(new QButtonGroup(this)), tabs_(new TabsRow(this)),
-      lblRange_(Named(new AnswerLabel, "lblRange")), lblPrinted_(Named(new AnswerLabel, "lblPrinted")) {
+    : QGroupBox(parent), run_(run), optSheets_(new QButtonGroup(this)), lblRange_(Named(new AnswerLabel, "lblRange")),
+      lblPrinted_(Named(new AnswerLabel, "lblPrinted")) {
     setTitle(tr("Print on %1").arg(QString::fromStdString(run.Report().Printer.DeviceName).replace('&', "&&")));
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(AddOption(SheetChoice::All, "optAll", ""));
     layout->addWidget(AddOption(SheetChoice::Shown, "optShown", ""));
     layout->addWidget(AddOption(SheetChoice::Filled, "optFilled", ""));
     layout->addLayout(BuildRange());
+    tabs_ = new TabsRow(this); // here, for the order of Tab
     layout->addWidget(tabs_);
     optSheets_->addButton(&tabs_->Option(), static_cast<int>(SheetChoice::Tabs));
     layout->addWidget(lblRange_);

@@ -51,7 +51,7 @@ private:
     int sheet_ = 1;
     QButtonGroup* optSheets_; ///< by SheetChoice
     QLineEdit* txtRange_ = nullptr;
-    TabsRow* tabs_;
+    TabsRow* tabs_ = nullptr;
     QPushButton *cmdPrint_ = nullptr, *cmdSavePdf_ = nullptr;
     AnswerLabel* lblRange_;
     AnswerLabel* lblPrinted_;
