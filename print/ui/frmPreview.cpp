@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -129,25 +130,42 @@ void frmPreview::AddZoom(QToolBar& bar) {
     connect(actual, &QAction::triggered, this, [this] { cboZoom_->setCurrentIndex(cboZoom_->findData(100)); });
 }
 
+/// On a low screen, or with large letters, the boxes scroll; Close stays.
 QWidget* frmPreview::BuildPanel() {
     auto* panel = new QWidget(this);
     panel->setFixedWidth(std::max(kPanelWidth, fontMetrics().averageCharWidth() * 38));
-    auto* layout = new QVBoxLayout(panel);
-    printBox_ = new PrintBox(run_, panel);
-    layout->addWidget(printBox_);
-    usedBox_ = new UsedBox(run_, panel);
-    layout->addWidget(usedBox_);
-    findings_ = new FindingsBox(run_, panel);
-    layout->addWidget(findings_, 1);
-    layout->addStretch();
+    auto* scroller = new QScrollArea;
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setFocusPolicy(Qt::NoFocus);
+    scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroller->setWidgetResizable(true);
+    scroller->setWidget(BuildBoxes());
     auto* cmdClose = Named(new QPushButton(tr("&Close")), "cmdClose");
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     auto* foot = new QHBoxLayout;
     foot->addWidget(MakeHelpButton());
     foot->addStretch();
     foot->addWidget(cmdClose);
+    auto* layout = new QVBoxLayout(panel);
+    foot->setContentsMargins(layout->contentsMargins());
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(scroller, 1);
     layout->addLayout(foot);
     return panel;
+}
+
+QWidget* frmPreview::BuildBoxes() {
+    auto* boxes = new QWidget(this);
+    printBox_ = new PrintBox(run_, boxes);
+    usedBox_ = new UsedBox(run_, boxes);
+    findings_ = new FindingsBox(run_, boxes);
+    auto* layout = new QVBoxLayout(boxes);
+    layout->addWidget(printBox_);
+    layout->addWidget(usedBox_);
+    layout->addWidget(findings_, 1);
+    layout->addStretch();
+    return boxes;
 }
 
 void frmPreview::Connect() {

@@ -42,6 +42,7 @@ private:
     QAction* AddAction(QToolBar& bar, const char* name, const char* icon, const QString& text,
                        const QList<QKeySequence>& keys);
     QWidget* BuildPanel();
+    QWidget* BuildBoxes();
     void Connect();
     void Begin();
 
