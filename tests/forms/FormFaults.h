@@ -15,7 +15,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
-#include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTest>
@@ -72,22 +71,7 @@ private:
     static bool TakesTab(const QWidget& control) {
         return control.isEnabled() && (control.focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
     }
-    /// What scrolls, of the control but not of `other`; else the control itself.
-    const QWidget& Beside(const QWidget& control, const QWidget& other) const {
-        const QWidget* found = &control;
-        for (const QWidget* whole = control.parentWidget(); whole && whole != &form_; whole = whole->parentWidget())
-            if (qobject_cast<const QScrollArea*>(whole) && !whole->isAncestorOf(&other))
-                found = whole;
-        return *found;
-    }
-    /// As if nothing was scrolled.
-    QRect Place(const QWidget& control) const {
-        QPoint place = control.mapTo(&form_, QPoint());
-        for (const QWidget* whole = control.parentWidget(); whole && whole != &form_; whole = whole->parentWidget())
-            if (const auto* area = qobject_cast<const QScrollArea*>(whole))
-                place -= area->widget()->pos();
-        return {place, control.size()};
-    }
+    QRect Place(const QWidget& control) const { return {control.mapTo(&form_, QPoint()), control.size()}; }
     static QString Called(const QWidget& control) {
         const auto* button = qobject_cast<const QAbstractButton*>(&control);
         const QString name = control.objectName().isEmpty() && button ? button->text() : control.objectName();
@@ -219,7 +203,7 @@ private:
             if (TakesTab(*control) && !walk.contains(control) && !HasOwnKey(*control))
                 Add("Tab does not reach " + Called(*control));
         for (qsizetype i = 1; i < walk.size(); ++i)
-            if (GoesBack(Place(Beside(*walk[i - 1], *walk[i])), Place(Beside(*walk[i], *walk[i - 1]))))
+            if (GoesBack(Place(*walk[i - 1]), Place(*walk[i])))
                 Add("Tab goes back from " + Called(*walk[i - 1]) + " to " + Called(*walk[i]));
     }
 

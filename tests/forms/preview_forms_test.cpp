@@ -4,7 +4,6 @@
 #include "tests/forms/RunningProgram.h"
 #include "tests/support/FakePrinters.h"
 #include "tests/support/FewFonts.h"
-#include "tests/support/PdfWords.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -219,64 +218,41 @@ private slots:
         RunningProgram running(&printers_);
         Start(running, 0, 20);
         running.program.main.editor->ShowText({300, 0}, 0, 0);
-        const auto mouse = [](Preview& preview, auto act, Qt::KeyboardModifiers keys, int slot) {
-            act(preview.display.viewport(), keys, preview.display.SlotRect(slot).center().toPoint());
+        const auto at = [](Preview& preview, int slot) { return preview.display.SlotRect(slot).center().toPoint(); };
+        const auto first = [&](Preview& preview) {
+            QCOMPARE(preview.Get<QLineEdit>("txtTabs").text(), QString("300"));
+            QTest::mouseClick(preview.display.viewport(), Qt::LeftButton, Qt::ShiftModifier, at(preview, 11));
+            QCOMPARE(preview.Get<QSpinBox>("txtFirstFree").value(), 12);
+            preview.Click("chkGoesOn");
+            preview.Click("cmdPrint");
+            QCOMPARE(preview.Tabs(1), QString("300@12"));
         };
-        const auto click = [](QWidget* at, Qt::KeyboardModifiers keys, const QPoint& place) {
-            QTest::mouseClick(at, Qt::LeftButton, keys, place);
+        const auto second = [&](Preview& preview) {
+            QCOMPARE(preview.Tabs(1), QString("300@13")); // the label behind
+            QWidget& sheet = *preview.display.viewport();
+            QTest::mouseClick(&sheet, Qt::LeftButton, {}, at(preview, 13));
+            QMouseEvent move(QEvent::MouseMove, at(preview, 15), sheet.mapToGlobal(at(preview, 15)), Qt::NoButton,
+                             Qt::LeftButton, {});
+            QApplication::sendEvent(&sheet, &move);
+            preview.display.setFocus();
+            preview.Key(Qt::Key_Right);
+            QCOMPARE(preview.Tabs(1), QString("300@16"));
+            preview.Key(Qt::Key_Space, Qt::ShiftModifier);
+            QCOMPARE(preview.Tabs(1), QString("300@17"));
+            preview.Get<QSpinBox>("txtFirstFree").setValue(20);
+            QCOMPARE(preview.Tabs(1), QString("300@20"));
+            QTest::keyClick(&preview.Get<QComboBox>("cboPlaces"), Qt::Key_Down);
+            QCOMPARE(preview.Tabs(1), QString("300@12"));
+            QVERIFY(!preview.Get<QWidget>("txtFirstFree").isEnabled());
+            preview.Type("txtTabs", "300,481");
+            QCOMPARE(preview.Get<QLabel>("lblRange").text(), QString("Tab 481 is asked for, the document has 480."));
+            preview.Click("optAll");
+            QCOMPARE(preview.Get<QSpinBox>("txtPage").maximum(), 21); // around the labels that are gone
+            preview.Click("chkGoesOn");
+            preview.Click("cmdPrint");
         };
-        const auto drag = [](QWidget* at, Qt::KeyboardModifiers, const QPoint& place) {
-            QMouseEvent move(QEvent::MouseMove, place, at->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
-            QApplication::sendEvent(at, &move);
-        };
-        const auto expectOnPaper = [&](int slot) {
-            ReplaceFile(running.test.folder / "job.pdf", printers_.bytes);
-            const auto words = Words(running.test.folder / "job.pdf");
-            QCOMPARE(words.size(), 2u); // with the page's own size
-            QVERIFY(std::abs(words.at("a300").left - (slot - 1) % 3 * 60 * 56.7 * 25.4 / 1440) < 0.2);
-            const double middle = (words.at("a300").top + words.at("a300").bottom) / 2;
-            QVERIFY(std::abs(middle - ((slot - 1) / 3 * 33 + 28) * 56.7 * 25.4 / 1440) < 0.2);
-        };
-        InPreview(
-            running,
-            [&](Preview& preview) {
-                QCOMPARE(preview.Get<QLineEdit>("txtTabs").text(), QString("300"));
-                mouse(preview, click, Qt::ShiftModifier, 11);
-                QCOMPARE(preview.Get<QSpinBox>("txtFirstFree").value(), 12);
-                preview.Click("chkGoesOn");
-                preview.Click("cmdPrint");
-                expectOnPaper(12);
-            },
-            "mnuPrintTabs");
-        InPreview(
-            running,
-            [&](Preview& preview) {
-                QCOMPARE(preview.Tabs(1), QString("300@13")); // one further on than the job before
-                mouse(preview, click, {}, 13);
-                mouse(preview, drag, {}, 15);
-                QCOMPARE(preview.Tabs(1), QString("300@16"));
-                preview.display.setFocus();
-                preview.Key(Qt::Key_Right);
-                preview.Key(Qt::Key_Space, Qt::ShiftModifier);
-                QCOMPARE(preview.Tabs(1), QString("300@17"));
-                preview.Get<QSpinBox>("txtFirstFree").setValue(20);
-                QCOMPARE(preview.Tabs(1), QString("300@20"));
-                preview.Get<QComboBox>("cboPlaces").setCurrentIndex(1);
-                emit preview.Get<QComboBox>("cboPlaces").activated(1);
-                QCOMPARE(preview.Tabs(1), QString("300@12"));
-                QVERIFY(!preview.Get<QWidget>("txtFirstFree").isEnabled());
-                preview.Type("txtTabs", "300,481");
-                QCOMPARE(preview.Get<QLabel>("lblRange").text(),
-                         QString("Tab 481 is asked for, the document has 480."));
-                QVERIFY(!preview.Get<QPushButton>("cmdPrint").isEnabled());
-                preview.Type("txtTabs", "300,1");
-                QCOMPARE(preview.Tabs(1), QString("1@1"));
-                preview.Click("optAll");
-                QCOMPARE(preview.Get<QSpinBox>("txtPage").maximum(), 21); // around the labels that are gone
-                preview.Click("chkGoesOn");
-                preview.Click("cmdPrint");
-            },
-            "mnuPrintTabs");
+        InPreview(running, first, "mnuPrintTabs");
+        InPreview(running, second, "mnuPrintTabs");
         InPreview(running, [](Preview& preview) { QVERIFY(!preview.Get<QCheckBox>("chkPartlyUsed").isChecked()); });
     }
 
