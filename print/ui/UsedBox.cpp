@@ -83,6 +83,8 @@ void UsedBox::ShowPlaces() {
 }
 
 void UsedBox::Keep(const std::vector<int>& sheets) {
+    if (!isEnabled())
+        return; // tabs in their own places went onto another sheet
     if (chkGoesOn_->isChecked())
         run_.KeepLabelsInUse(sheets);
     else if (chkPartlyUsed_->isChecked())

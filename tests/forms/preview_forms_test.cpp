@@ -243,7 +243,8 @@ private slots:
             QCOMPARE(preview.Tabs(1), QString("300@20"));
             QTest::keyClick(&preview.Get<QComboBox>("cboPlaces"), Qt::Key_Down);
             QCOMPARE(preview.Tabs(1), QString("300@12"));
-            QVERIFY(!preview.Get<QWidget>("txtFirstFree").isEnabled());
+            preview.Click("cmdPrint");
+            QCOMPARE(running.test.Stored("Settings", "Used Labels - 0"), std::string("1-12")); // another sheet's
             preview.Type("txtTabs", "300,481");
             QCOMPARE(preview.Get<QLabel>("lblRange").text(), QString("Tab 481 is asked for, the document has 480."));
             preview.Click("optAll");
