@@ -40,8 +40,13 @@ void AddInfo(CLI::App& app, Request& request) {
 
 void AddSheetOptions(CLI::App& command, SheetArguments& sheets) {
     command.add_option("FILE", sheets.file, "Tab file, - for standard input")->required()->check(kNotEmpty);
-    command.add_option("--pages", sheets.pages, "Pages to print, such as 1-3,7");
+    CLI::Option* pages = command.add_option("--pages", sheets.pages, "Pages to print, such as 1-3,7");
+    command
+        .add_option("--tabs", sheets.tabs,
+                    "Tabs to print alone, such as 300,305-307; in their own places without --from and --used")
+        ->excludes(pages);
     command.add_option("--used", sheets.used, "Positions of the first sheet without a label, such as 1-5,9");
+    command.add_option("--from", sheets.from, "First position of the first sheet that has a label");
     command.add_option("--ini", sheets.ini, "Settings such as tab tops; the file is only read");
 }
 

@@ -19,7 +19,9 @@ int RunInfo(const InfoArguments& arguments);
 struct SheetArguments {
     std::string file;
     std::optional<std::string> pages; ///< "1-3,7"; nullopt: all
+    std::optional<std::string> tabs;  ///< printed alone, "300,305-307"; nullopt: all
     std::optional<std::string> used;  ///< positions of the first sheet without a label, "1-5,9"
+    std::optional<std::string> from;  ///< first position of the first sheet that has one
     std::string ini;
 };
 

@@ -64,11 +64,27 @@ std::vector<int> ParseList(const std::string& list, int most, const ListWords& w
     }
 }
 
+LabelChoice LabelsOf(const SheetArguments& arguments, const TabDocument& document) {
+    LabelChoice labels;
+    const ListWords positions{"position", "sheet"};
+    if (arguments.used)
+        labels.used = ParseList(*arguments.used, document.setup.TabsPerPage, positions);
+    if (arguments.from) {
+        const int first = ParseList(*arguments.from, document.setup.TabsPerPage, positions).front();
+        for (int slot = 1; slot < first; ++slot)
+            labels.used.push_back(slot);
+    }
+    if (arguments.tabs)
+        labels.tabs = ParseList(*arguments.tabs, document.TabCount, {"tab", "document"});
+    if (!arguments.used && !arguments.from)
+        labels.places = TabPlaces::Own;
+    return labels;
+}
+
 rptVelmor MakeReport(BatchProgram& program, const SheetArguments& arguments, const char* mode) {
     const MainModule& main = program.Main();
     ReportRequest request = DocumentRequest(main.document, mode);
-    if (arguments.used)
-        request.used = ParseList(*arguments.used, main.document.setup.TabsPerPage, {"position", "sheet"});
+    request.labels = LabelsOf(arguments, main.document);
     return NamingFile(arguments.file, [&] {
         return MakeReport(program.Layout(), request, {main.document, main.settings, main.fonts});
     });
@@ -164,8 +180,10 @@ int RunPrint(const PrintArguments& arguments) {
     const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     rptVelmor report = MakeReport(program, arguments, "PRINT");
     const MainModule& main = program.Main();
-    PrintSheets(DocumentSheets(report, main.document, main.fonts, OptionsOf(arguments, report)), *catalogue,
-                {printers, printer, "Velmora [" + DisplayName(arguments.file) + "]"});
+    const auto waits = PrintSheets(DocumentSheets(report, main.document, main.fonts, OptionsOf(arguments, report)),
+                                   *catalogue, {printers, printer, "Velmora [" + DisplayName(arguments.file) + "]"});
+    if (waits && !waits->empty())
+        std::cerr << "velmora-batch: the job waits: " << OneLine(*waits) << '\n';
     return kDone;
 }
 

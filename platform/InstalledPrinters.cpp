@@ -19,11 +19,8 @@ PaperSupport InstalledPrinters::PaperOf(const std::string& printer, double width
                                              : builtIn_.PaperOf(printer, widthMm, heightMm);
 }
 
-void InstalledPrinters::Print(const std::string& printer, const PrintJob& job) {
-    if (server_ && printer != kPdfPrinter)
-        server_->Print(printer, job);
-    else
-        builtIn_.Print(printer, job);
+std::string InstalledPrinters::Print(const std::string& printer, const PrintJob& job) {
+    return server_ && printer != kPdfPrinter ? server_->Print(printer, job) : builtIn_.Print(printer, job);
 }
 
 } // namespace velmora

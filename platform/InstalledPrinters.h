@@ -19,7 +19,7 @@ public:
     /// The server's, else the built-in one.
     std::optional<std::string> DefaultPrinter() const override;
     PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const override;
-    void Print(const std::string& printer, const PrintJob& job) override;
+    std::string Print(const std::string& printer, const PrintJob& job) override;
 
 private:
     std::unique_ptr<PrintSystem> server_;

@@ -59,8 +59,9 @@ public:
     virtual std::optional<std::string> DefaultPrinter() const = 0;
     /// What `printer` says of paper of this size, in millimetres; not `listed` for an unknown printer.
     virtual PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const = 0;
-    /// Hands the job over; the file may go afterwards. Raises PrinterError, and nothing is printed then.
-    virtual void Print(const std::string& printer, const PrintJob& job) = 0;
+    /// Hands the job over; the file may go afterwards. Says why the job waits, such as "the printer is stopped"; empty
+    /// where it does not, and where the system does not say. Raises PrinterError, and nothing is printed then.
+    virtual std::string Print(const std::string& printer, const PrintJob& job) = 0;
 };
 
 } // namespace velmora

@@ -11,7 +11,7 @@ namespace velmora {
 enum class Buttons { Ok, YesNo, YesNoCancel, RetryCancel };
 enum class Icon { None, Information, Question, Exclamation, Critical };
 /// The numbers are the desktop family's own.
-enum class Answer { Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7 };
+enum class Answer { Other = 0, Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7 };
 
 /// A modal message box. Lines are joined with CR LF.
 struct Message {
@@ -21,6 +21,7 @@ struct Message {
     Buttons buttons = Buttons::Ok;
     std::optional<Answer> defaultButton = std::nullopt; ///< nullopt: the first button
     bool* notAgain = nullptr; ///< set when the box closes: its "Do not ask again" was ticked; nullptr: no such tick
+    std::string other = {};   ///< caption of a button beside these, which gives Other; empty: there is none
 };
 
 struct FileRequest {

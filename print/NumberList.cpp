@@ -54,4 +54,18 @@ std::vector<int> ParseNumberList(const std::string& list, int most, const ListWo
     return numbers;
 }
 
+std::string NumberListText(const std::vector<int>& numbers) {
+    std::string list;
+    for (auto first = numbers.begin(); first != numbers.end();) {
+        auto last = first;
+        while (last + 1 != numbers.end() && *(last + 1) == *last + 1)
+            ++last;
+        list += (list.empty() ? "" : ",") + std::to_string(*first);
+        if (last != first)
+            list += "-" + std::to_string(*last);
+        first = last + 1;
+    }
+    return list;
+}
+
 } // namespace velmora

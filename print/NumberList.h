@@ -15,5 +15,7 @@ struct ListWords {
 /// The numbers in their order, ranges spelled out, from 1 to `most`. Raises Error for what is no such list and for a
 /// number above `most`.
 std::vector<int> ParseNumberList(const std::string& list, int most, const ListWords& words);
+/// Such a list of the numbers in their order; empty without any.
+std::string NumberListText(const std::vector<int>& numbers);
 
 } // namespace velmora

@@ -1,5 +1,6 @@
 #include "print/PrintReport.h"
 
+#include "base/Version.h"
 #include "print/PrintErrors.h"
 #include "settings/GlobalConfiguration.h"
 #include "workspace/Dialogs.h"
@@ -59,6 +60,36 @@ PrintOutcome TellNoPrinter(MainModule& main) {
     return PrintOutcome::NoPrinter;
 }
 
+/// No is the default where paper would show what nobody wants; the list of it is one button away.
+Answer AskAboutDoubts(UserInterface& ui, const std::string& doubts) {
+    return doubts.empty() ? Answer::Yes
+                          : ui.Show({doubts + "Do you want to print anyway?", kProgramName, Icon::Question,
+                                     Buttons::YesNo, Answer::No, nullptr, "&Show the List"});
+}
+
+/// Asked before empty sheets cost paper; nullopt: the person wants none of them printed.
+std::optional<SheetChoice> AskAboutEmptySheets(UserInterface& ui, const rptVelmor& report) {
+    const auto empty = EmptySheetsText(report);
+    if (!empty || report.FilledSheets().empty())
+        return SheetChoice::All;
+    const Answer answer =
+        Ask(ui, *empty + ".\r\nDo you want to print the filled sheets only?", Buttons::YesNoCancel, Answer::Yes);
+    if (answer == Answer::Cancel)
+        return std::nullopt;
+    return answer == Answer::Yes ? SheetChoice::Filled : SheetChoice::All;
+}
+
+PrintOutcome PrintDocument(PrintModule& print, PrintRun& run) {
+    UserInterface& ui = print.main.ui;
+    const Answer answer = AskAboutDoubts(ui, run.Doubts());
+    if (answer == Answer::Other) {
+        print.viewer->ShowReport(run);
+        return PrintOutcome::Done;
+    }
+    const auto choice = answer == Answer::Yes ? AskAboutEmptySheets(ui, run.Report()) : std::nullopt;
+    return choice && run.Print(run.Sheets(*choice, 1, "")) ? PrintOutcome::Done : PrintOutcome::NotPrinted;
+}
+
 PrintOutcome RunReport(PrintModule& print, const std::string& caption, const ReportRequest& request) {
     MainModule& main = print.main;
     if (!HasPrinter(main.printers))
@@ -77,15 +108,17 @@ PrintOutcome RunReport(PrintModule& print, const std::string& caption, const Rep
         print.viewer->ShowReport(run);
         return PrintOutcome::Done;
     }
-    if (request.mode == "PRINT" && !run.WantedAnyway())
-        return PrintOutcome::NotPrinted;
+    if (request.mode == "PRINT")
+        return PrintDocument(print, run);
     return run.Print() ? PrintOutcome::Done : PrintOutcome::NotPrinted;
 }
 
-PrintOutcome RunDocument(PrintModule& print, const char* mode, bool pageOnly) {
+PrintOutcome RunDocument(PrintModule& print, const char* mode, bool pageOnly, LabelChoice labels = {}) {
     TakePageBack(print.main);
     const TabDocument& document = print.main.document;
-    return PrintReport(print, DocumentCaption(document), DocumentRequest(document, mode, pageOnly));
+    ReportRequest request = DocumentRequest(document, mode, pageOnly);
+    request.labels = std::move(labels);
+    return PrintReport(print, DocumentCaption(document), request);
 }
 
 } // namespace
@@ -132,6 +165,10 @@ PrintOutcome PrintPageCommand(PrintModule& print) {
 
 PrintOutcome PreviewCommand(PrintModule& print) {
     return RunDocument(print, "VIEW", false);
+}
+
+PrintOutcome PrintTabsCommand(PrintModule& print) {
+    return RunDocument(print, "VIEW", false, {{}, print.main.editor->MarkedTabs(), TabPlaces::Flowing});
 }
 
 } // namespace velmora

@@ -22,9 +22,12 @@ PrintOutcome PrintReport(PrintModule& print, const std::string& caption, const R
 /// before; each failure is shown and sets PrinterProblem.
 void SetupPrinter(PrintModule& print, rptVelmor& report);
 
-/// The commands Print, Print Current Page and Preview: take the page on screen into the document and run the report.
+/// The commands Print, Print Current Page, Preview and Print These Tabs: take the page on screen into the document and
+/// run the report.
 PrintOutcome PrintCommand(PrintModule& print);
 PrintOutcome PrintPageCommand(PrintModule& print);
 PrintOutcome PreviewCommand(PrintModule& print);
+/// A preview of the tabs that are marked, else of the one in use, alone.
+PrintOutcome PrintTabsCommand(PrintModule& print);
 
 } // namespace velmora

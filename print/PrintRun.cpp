@@ -1,12 +1,15 @@
 #include "print/PrintRun.h"
 
+#include "base/Text.h"
 #include "print/NumberList.h"
 #include "print/PrintErrors.h"
 #include "print/PrintSheets.h"
 #include "print/SendSheets.h"
+#include "print/UsedLabels.h"
 #include "workspace/Dialogs.h"
 
 #include <numeric>
+#include <set>
 
 namespace velmora {
 PrintRun::PrintRun(PrintModule& print, rptVelmor& report, std::string caption, const ReportRequest& request)
@@ -21,8 +24,42 @@ void PrintRun::Prepare(const ReportRequest& request) {
 
 bool PrintRun::SetUsedSlots(const std::vector<int>& used) {
     ReportRequest request = request_;
-    request.used = used;
+    request.labels.used = used;
     return TrappedPrinting(print_, kPrintReportPlace, [&] { Prepare(request); });
+}
+
+std::vector<int> PrintRun::LabelsInUse() const {
+    return velmora::LabelsInUse(print_.main.settings, request_.tabType);
+}
+
+void PrintRun::KeepLabelsInUse(const std::vector<int>& sheets) {
+    std::set<int> gone;
+    if (!sheets.empty() && sheets.back() == 1)
+        gone.insert(UsedSlots().begin(), UsedSlots().end());
+    Sheet last;
+    if (!sheets.empty())
+        report_.LayOutSheet(sheets.back(), last);
+    for (const PlacedText& placed : last.texts)
+        if (!Trim(placed.text).empty())
+            gone.insert(placed.slot);
+    if (static_cast<int>(gone.size()) == LabelsPerSheet())
+        gone.clear(); // the next sheet is a whole one
+    velmora::KeepLabelsInUse(print_.main.settings, request_.tabType, {gone.begin(), gone.end()});
+}
+
+TabNumbers PrintRun::ParseTabs(const std::string& list) const {
+    return ParseNumberList(list, print_.main.document.TabCount, {"tab", "document"});
+}
+
+void PrintRun::ChooseTabs(const std::optional<std::string>& list, TabPlaces places) {
+    ReportRequest request = request_;
+    request.labels.places = places;
+    request.labels.tabs = list ? ParseTabs(*list) : TabNumbers();
+    Prepare(request);
+}
+
+std::string PrintRun::TabsAtHand() const {
+    return NumberListText(print_.main.editor->MarkedTabs());
 }
 
 PrintCheck PrintRun::Check() {
@@ -31,22 +68,23 @@ PrintCheck PrintRun::Check() {
             SupportOf(main.printers, report_.Printer.DeviceName, report_.PagePaper())};
 }
 
-bool PrintRun::WantedAnyway() {
-    const std::vector<PrintFinding> findings = CheckBeforePrinting(Check());
-    return findings.empty() || Ask(print_.main.ui, FindingsSummary(findings) + "Do you want to print anyway?",
-                                   Buttons::YesNo, Answer::Yes) == Answer::Yes;
+std::string PrintRun::Doubts() {
+    return FindingsSummary(CheckBeforePrinting(Check()));
 }
 
-std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::string& range) const {
+std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::string& list) const {
     std::vector<int> sheets;
     switch (choice) {
+    case SheetChoice::Tabs: // whose sheets the run is of
+        ParseTabs(list);
+        [[fallthrough]];
     case SheetChoice::All:
         sheets.resize(static_cast<std::size_t>(report_.SheetCount()));
         std::iota(sheets.begin(), sheets.end(), 1);
         break;
     case SheetChoice::Shown: sheets = {shown}; break;
     case SheetChoice::Filled: sheets = report_.FilledSheets(); break;
-    case SheetChoice::Range: sheets = ParseNumberList(range, report_.SheetCount(), {"sheet", "document"}); break;
+    case SheetChoice::Range: sheets = ParseNumberList(list, report_.SheetCount(), {"sheet", "document"}); break;
     }
     if (sheets.empty())
         throw Error("no sheet has a text");
@@ -62,8 +100,10 @@ bool PrintRun::SaveAsPdf(const std::vector<int>& sheets) {
 }
 
 bool PrintRun::Send(const std::string& printer, const std::vector<int>& sheets) {
-    return SendSheets(print_, DocumentSheets(report_, print_.main.document, print_.main.fonts, {sheets, false}),
-                      {printer, caption_, kPrintReportPlace});
+    const SheetSeries series = DocumentSheets(report_, print_.main.document, print_.main.fonts, {sheets, false});
+    const auto told = SendSheets(print_, series, {printer, caption_, kPrintReportPlace});
+    told_ = told.value_or("");
+    return told.has_value();
 }
 
 } // namespace velmora

@@ -19,15 +19,15 @@ PaperSupport SupportOf(const PrintSystem& printers, const std::string& printer, 
     return support;
 }
 
-bool PrintSheets(SheetSeries series, const FontCatalogue& catalogue, const PrintTarget& target, Progress* progress) {
+std::optional<std::string> PrintSheets(SheetSeries series, const FontCatalogue& catalogue, const PrintTarget& target,
+                                       Progress* progress) {
     const Paper& paper = series.paper = PaperAtPrinter(target.printers, target.printer, series.paper);
     TemporaryFile pdf(".pdf");
     if (!WritePdf(
             series, catalogue, [&](std::string_view bytes) { pdf.Write(bytes); }, progress))
-        return false;
-    target.printers.Print(target.printer, {target.title, pdf.Path(), paper.widthMm, paper.heightMm,
-                                           paper.turned ? Orientation::Landscape : Orientation::Portrait});
-    return true;
+        return std::nullopt;
+    return target.printers.Print(target.printer, {target.title, pdf.Path(), paper.widthMm, paper.heightMm,
+                                                  paper.turned ? Orientation::Landscape : Orientation::Portrait});
 }
 
 } // namespace velmora

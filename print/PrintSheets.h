@@ -4,6 +4,7 @@
 #include "platform/PrintSystem.h"
 #include "report/PdfReport.h"
 
+#include <optional>
 #include <string>
 
 namespace velmora {
@@ -20,9 +21,9 @@ struct PrintTarget {
     std::string printer;
     std::string title; ///< of the job
 };
-/// Hands the sheets over as one job, by way of a temporary file; false, and no job, when the person cancelled. Raises
-/// PrinterError, and what WritePdf raises.
-bool PrintSheets(SheetSeries series, const FontCatalogue& catalogue, const PrintTarget& target,
-                 Progress* progress = nullptr);
+/// Hands the sheets over as one job, by way of a temporary file. Says why the job waits, empty where it does not;
+/// nullopt, and no job, when the person cancelled. Raises PrinterError, and what WritePdf raises.
+std::optional<std::string> PrintSheets(SheetSeries series, const FontCatalogue& catalogue, const PrintTarget& target,
+                                       Progress* progress = nullptr);
 
 } // namespace velmora

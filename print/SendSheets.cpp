@@ -7,7 +7,6 @@
 #include "print/PrintSheets.h"
 #include "report/PrepareReport.h"
 #include "workspace/Dialogs.h"
-#include "workspace/DocumentStatus.h"
 #include "workspace/TakePageBack.h"
 
 namespace velmora {
@@ -23,9 +22,22 @@ bool SaveSheets(UserInterface& ui, const FontCatalogue& catalogue, const SheetSe
     return SavePdf(series, catalogue, path, progress.get());
 }
 
-bool PrintSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
+/// What is to be told; nullopt when the person cancelled.
+std::optional<DoneMessage> SaveAndTell(UserInterface& ui, const FontCatalogue& catalogue, const SheetSeries& series,
+                                       const std::filesystem::path& path) {
+    if (!SaveSheets(ui, catalogue, series, path))
+        return std::nullopt;
+    return DoneMessage{Counted(series.numbers.size(), "sheet") + " saved as " + PathText(path), false, path};
+}
+
+std::optional<DoneMessage> PrintAndTell(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
     const auto progress = StartProgress(print.main.ui, "Printing.  Please standby...", series);
-    return PrintSheets(series, print.catalogue, {print.main.printers, errand.printer, errand.title}, progress.get());
+    const auto waits =
+        PrintSheets(series, print.catalogue, {print.main.printers, errand.printer, errand.title}, progress.get());
+    if (!waits)
+        return std::nullopt;
+    return DoneMessage{Counted(series.numbers.size(), "sheet") + " sent to " + errand.printer +
+                       (waits->empty() ? "" : "; the job waits: " + *waits)};
 }
 
 } // namespace
@@ -45,20 +57,19 @@ std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string
     }
 }
 
-bool SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
+std::optional<std::string> SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
     const bool toFile = errand.printer == kPdfPrinter;
     const auto path = toFile ? AskForPdfPath(print.main, errand.pdfName) : std::nullopt;
     if (toFile && !path)
-        return false;
-    bool sent = false;
+        return std::nullopt;
+    std::optional<DoneMessage> done;
     TrappedPrinting(print, errand.place, [&] {
-        sent = path ? SaveSheets(print.main.ui, print.catalogue, series, *path) : PrintSheets(print, series, errand);
+        done = path ? SaveAndTell(print.main.ui, print.catalogue, series, *path) : PrintAndTell(print, series, errand);
     });
-    if (sent && path)
-        TellWritten(print.main, *path);
-    else if (sent)
-        print.main.status->Tell({Counted(series.numbers.size(), "sheet") + " sent to " + errand.printer});
-    return sent;
+    if (!done)
+        return std::nullopt;
+    print.main.status->Tell(*done);
+    return done->text;
 }
 
 void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& catalogue) {
@@ -69,8 +80,9 @@ void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& cata
     Trapped(main.ui, kPrintReportPlace, [&] {
         rptVelmor report =
             MakeReport(layout, DocumentRequest(main.document), {main.document, main.settings, main.fonts});
-        if (SaveSheets(main.ui, catalogue, DocumentSheets(report, main.document, main.fonts), *path))
-            TellWritten(main, *path);
+        const SheetSeries sheets = DocumentSheets(report, main.document, main.fonts);
+        if (const auto done = SaveAndTell(main.ui, catalogue, sheets, *path))
+            main.status->Tell(*done);
     });
 }
 

@@ -21,9 +21,10 @@ struct SheetErrand {
     std::string_view place;   ///< of the errors
     std::string pdfName = {}; ///< as AskForPdfPath takes it
 };
-/// Sends the sheets to the printer; the built-in one asks for a path. False when the person cancelled, and after a
-/// failure, which is shown: nothing is printed then.
-bool SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand);
+/// Sends the sheets to the printer; the built-in one asks for a path. What was told in the status line: how many sheets
+/// went where, and why the job waits. Nullopt when the person cancelled, and after a failure, which is shown: nothing
+/// is printed then.
+std::optional<std::string> SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand);
 
 /// The command: asks for a path, takes the page on screen into the document and writes the whole document. The file is
 /// replaced only when all of it is written; a failure is shown.

@@ -11,7 +11,7 @@ ReportRequest DocumentRequest(const TabDocument& document, std::string mode, boo
 
 void PrepareReport(rptVelmor& report, const ReportRequest& request, const ReportSource& source) {
     report.InitArray(request.mode, request.count, request.rows, request.cols, request.numFields, request.pageOnly,
-                     source.document, request.used);
+                     source.document, request.labels);
     report.PrepareTabStyle(request.tabType, source.settings);
     report.FormatFields(request.numFields, request.cols, request.tabType, source.fonts);
 }

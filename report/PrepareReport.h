@@ -16,8 +16,8 @@ struct ReportRequest {
     std::int16_t numFields = 1;
     std::int16_t rows = 1;
     std::int16_t cols = 1;
-    bool pageOnly = false;      ///< the page shown alone
-    std::vector<int> used = {}; ///< slots of the first sheet that are used up, from 1
+    bool pageOnly = false; ///< the page shown alone
+    LabelChoice labels = {};
 };
 
 /// The document as it is set up, or the page shown alone.

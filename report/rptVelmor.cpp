@@ -68,40 +68,30 @@ Paper SheetPaper(const DocumentSetup& setup) {
 
 void rptVelmor::InitArray(std::string_view mode, std::int32_t count, std::int16_t rows, std::int16_t cols,
                           std::int16_t numFields, bool pageOnly, const TabDocument& document,
-                          const std::vector<int>& used) {
+                          const LabelChoice& labels) {
     if (count < 1 || rows < 1 || cols < 1 || count % (rows * cols) != 0)
         throw SubscriptError();
     rows_ = rows;
     cols_ = cols;
     numFields_ = numFields;
-    const std::vector<bool> free = FreeSlots(used);
-    tabs_.assign(static_cast<std::size_t>(ToInt16(count)) + (used.empty() ? 0 : free.size()), {});
     const std::int32_t before = pageOnly ? Multiply16(document.CurrentPage - 1, document.setup.TabsPerPage) : 0;
-    std::size_t index = 0;
-    for (std::int32_t tab = 1; tab <= count; ++tab, ++index) {
-        while (index < free.size() && !free[index])
-            ++index;
-        FillRecord(index, mode, document, before + tab);
-    }
-    if (!used.empty())
-        DropEmptyEnd(static_cast<std::size_t>(count));
+    const TabNumbers tabs = labels.tabs.empty() ? TabsFrom(before + 1, ToInt16(count)) : labels.tabs;
+    ToInt16(static_cast<std::int32_t>(tabs.size()));
+    const bool flowing = labels.tabs.empty() || labels.places == TabPlaces::Flowing;
+    const LabelPlan plan = flowing ? FlowTabs(tabs, rows * cols, labels.used) : KeepPlaces(tabs, rows * cols);
+    tabs_.assign(plan.size(), {});
+    for (std::size_t index = 0; index < plan.size(); ++index)
+        if (plan[index] > 0)
+            FillRecord(index, mode, document, plan[index]);
+    if (flowing && !labels.used.empty())
+        DropEmptyEnd(tabs.size());
 }
 
-std::vector<bool> rptVelmor::FreeSlots(const std::vector<int>& used) const {
-    std::vector<bool> free(static_cast<std::size_t>(rows_ * cols_), true);
-    for (const int slot : used) {
-        if (slot < 1 || slot > rows_ * cols_)
-            throw SubscriptError();
-        free[static_cast<std::size_t>(slot - 1)] = false;
-    }
-    if (std::find(free.begin(), free.end(), true) == free.end())
-        throw Error("All positions of the first sheet are used.");
-    return free;
-}
-
-void rptVelmor::DropEmptyEnd(std::size_t count) {
-    if (std::all_of(tabs_.begin() + static_cast<std::ptrdiff_t>(count), tabs_.end(), std::mem_fn(&Record::IsEmpty)))
-        tabs_.resize(count);
+/// Of a last sheet that only the used labels brought.
+void rptVelmor::DropEmptyEnd(std::size_t tabs) {
+    const std::size_t enough = (tabs + PerSheet() - 1) / PerSheet() * PerSheet();
+    if (std::all_of(tabs_.begin() + static_cast<std::ptrdiff_t>(enough), tabs_.end(), std::mem_fn(&Record::IsEmpty)))
+        tabs_.resize(enough);
 }
 
 bool rptVelmor::Record::IsEmpty() const {

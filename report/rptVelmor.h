@@ -4,6 +4,7 @@
 #include "document/FontSettings.h"
 #include "document/TabDocument.h"
 #include "platform/PrintSystem.h"
+#include "report/LabelPlan.h"
 #include "report/Sheet.h"
 #include "settings/mdlSettings.h"
 
@@ -61,12 +62,11 @@ public:
     /// the test page (mode "TEST"). Raises SubscriptError when `count` is less than 1 or no whole number of pages, and
     /// OverflowError above kMostTabs.
     ///
-    /// `used` are slots of the first sheet, from 1, whose labels are gone: the tabs flow around them, onto one sheet
-    /// more where there is something to put on it. Raises SubscriptError for a slot that the sheet does not have, and
-    /// Error when none is left.
+    /// Tabs that `labels` chooses alone are those of the whole document. Around used labels the tabs flow onto one
+    /// sheet more only where there is something to put on it. Raises what FlowTabs raises, and SubscriptError for a tab
+    /// that the document does not have.
     void InitArray(std::string_view mode, std::int32_t count, std::int16_t rows, std::int16_t cols,
-                   std::int16_t numFields, bool pageOnly, const TabDocument& document,
-                   const std::vector<int>& used = {});
+                   std::int16_t numFields, bool pageOnly, const TabDocument& document, const LabelChoice& labels = {});
     /// Sets the layout values of tab style 0 to 5; any other keeps those of the run before, the row height apart.
     /// Raises TypeMismatchError when a stored tab top is no number.
     void PrepareTabStyle(std::int16_t style, SettingsStore& store);
@@ -100,8 +100,8 @@ private:
         bool IsEmpty() const;
     };
 
-    std::vector<bool> FreeSlots(const std::vector<int>& used) const;
-    void DropEmptyEnd(std::size_t count);
+    std::size_t PerSheet() const { return static_cast<std::size_t>(rows_ * cols_); }
+    void DropEmptyEnd(std::size_t tabs);
     void FillRecord(std::size_t index, std::string_view mode, const TabDocument& document, std::int32_t tab);
     void PlaceTwoLines(std::int16_t numFields);
     void PlaceRecord(Sheet& sheet, double left, double top) const;

@@ -1,6 +1,7 @@
 #include "setup/PageSetup.h"
 
 #include "base/Text.h"
+#include "document/TabOrder.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/Globals.h"
@@ -9,8 +10,18 @@
 #include "workspace/Transaction.h"
 #include "workspace/Undo.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
+
+/// One empty page that nobody has given a name: it stays one page, whatever the number of its tabs.
+bool IsUntouched(const TabDocument& document) {
+    if (!document.DocFileName.empty() || document.NoOfPages > 1)
+        return false;
+    const TabOrder tabs = OrderOf(document);
+    return std::all_of(tabs.begin(), tabs.end(), [&](std::int32_t tab) { return IsBareTab(document, tab); });
+}
 
 void TakeOver(MainModule& main, const DocumentSetup& draft, const std::string& printer) {
     TabDocument& document = main.document;
@@ -24,6 +35,8 @@ void TakeOver(MainModule& main, const DocumentSetup& draft, const std::string& p
     document.setup.NoOfFields = draft.NoOfFields;
     SetFieldLimits(document.setup);
     document.CurrentPage = 1;
+    if (IsUntouched(document))
+        document.TabCount = 0;
     ApplyTabType(main);
     if (margins)
         UseMargins(main.settings, *margins);

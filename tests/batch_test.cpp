@@ -158,8 +158,21 @@ TEST_F(BatchTest, PrintingStartsAtTheFirstLabelLeftAndAtAStoredTop) {
     EXPECT_NEAR(words.at("A2").left, 2 * 60 * kMmPerUnit, kTolerance);
     EXPECT_FALSE(words.contains("A21")) << "on the second sheet";
     Refuses(2, {{"pdf in.csv --used 25 -o x.pdf", "position 25 is asked for, the sheet has 24"},
+                {"pdf in.csv --tabs 1 --from 25 -o x.pdf", "position 25 is asked for, the sheet has 24"},
+                {"pdf in.csv --tabs 25 -o x.pdf", "tab 25 is asked for, the document has 24"},
                 {"print in.csv --printer 'Velmora PDF'", "\"Velmora PDF\" writes a file: use \"velmora-batch pdf\", or "
                                                          "name a printer with --printer"}});
+}
+
+TEST_F(BatchTest, ATabIsPrintedAloneOnTheLabelChosen) {
+    Write("in.csv", TabFileText(0, 1, "1.5,-2", 480, [](int tab) { return "A" + std::to_string(tab) + ",,"; }));
+    for (const char* options : {"--tabs 300", "--tabs 300 --from 12", "--tabs 300 --used 1-11"}) {
+        ASSERT_EQ(Batch(std::string("pdf in.csv -o out.pdf ") + options).code, 0);
+        const auto words = Words(folder / "out.pdf");
+        EXPECT_EQ(words.size(), 2U) << options; // with the page's size
+        EXPECT_NEAR(words.at("A300").left, (1.5 + 2 * 60) * kMmPerUnit, kTolerance) << options;
+        EXPECT_NEAR((words.at("A300").top + words.at("A300").bottom) / 2, (3 * 33 + 26) * kMmPerUnit, kTolerance);
+    }
 }
 
 TEST_F(BatchTest, InfoTellsWhatTheFileHolds) {

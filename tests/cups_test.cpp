@@ -91,8 +91,11 @@ struct CupsTest : testing::Test {
                                 root + "/access\nErrorLog " + root + "/error\nPageLog " + root +
                                 "/page\nFileDevice Yes\nUser nobody\nGroup nogroup\nSystemGroup root\n");
         Write("printers.conf",
-              "<DefaultPrinter Office>\nDeviceURI file:///dev/null\nState Stopped\nAccepting Yes\n</DefaultPrinter>\n"
-              "<Printer Closed>\nDeviceURI file:///dev/null\nState Stopped\nAccepting No\n</Printer>\n");
+              "<DefaultPrinter Office>\nDeviceURI file:///dev/null\nState Stopped\nStateMessage Out of "
+              "paper\nAccepting Yes\n</DefaultPrinter>\n"
+              "<Printer Closed>\nDeviceURI file:///dev/null\nState Stopped\nAccepting No\n</Printer>\n"
+              "<Printer Later>\nDeviceURI file:///dev/null\nState Idle\nAccepting Yes\nOption job-hold-until night\n"
+              "</Printer>\n");
         ::setenv("CUPS_SERVER", server.c_str(), 1);
         daemon.emplace(
             std::vector<std::string>{"cupsd", "-f", "-c", folder / "cupsd.conf", "-s", folder / "files.conf"});
@@ -119,7 +122,7 @@ struct CupsTest : testing::Test {
 
 TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
     const InstalledPrinters all(std::make_unique<CupsPrinters>(), true);
-    EXPECT_EQ(all.Printers(), (std::vector<std::string>{"Closed", "Office", kPdfPrinter}));
+    EXPECT_EQ(all.Printers(), (std::vector<std::string>{"Closed", "Later", "Office", kPdfPrinter}));
     EXPECT_EQ(all.DefaultPrinter(), "Office");
     const std::tuple<double, double, Orientation, const char*> cases[] = {
         {210, 297, Orientation::Portrait, "iso_a4_210x297mm"},
@@ -129,7 +132,8 @@ TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
     Write("a.pdf", bytes);
     int id = 0;
     for (const auto& [width, height, orientation, medium] : cases) {
-        printers.Print("Office", {"Tabs ê", folder / "a.pdf", width, height, orientation});
+        EXPECT_EQ(printers.Print("Office", {"Tabs ê", folder / "a.pdf", width, height, orientation}),
+                  "the printer is stopped: Out of paper");
         const std::string job = JobAttributes("ipp://" + server + "/jobs/" + std::to_string(++id));
         for (const std::string& attribute :
              {std::string("media (keyword) = ") + medium, std::string("print-scaling (keyword) = none"),
@@ -138,6 +142,10 @@ TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
             EXPECT_NE(job.find(attribute), std::string::npos) << attribute << "\n" << job;
         EXPECT_EQ(ReadFile(folder / ("spool/d0000" + std::to_string(id) + "-001")), bytes);
     }
+    EXPECT_EQ(printers.Print("Later", {"Tabs", folder / "a.pdf", 210, 297}), "it is held until: night");
+    Write("in.csv", TabFileText(0, 1, "0,0", 24, [](int) { return "x,,"; }));
+    const Result batch = Shell("'" VELMORA_BATCH "' print --printer Office '" + (folder / "in.csv").string() + "'");
+    EXPECT_EQ(batch.output, "velmora-batch: the job waits: the printer is stopped: Out of paper\n");
 }
 
 TEST_F(CupsTest, RefusalsCarryTheirNumber) {

@@ -3,7 +3,9 @@
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/NumberList.h"
 #include "print/PrintReport.h"
+#include "print/UsedLabels.h"
 #include "setup/CalibrationSheet.h"
+#include "tests/support/FakeEditor.h"
 #include "tests/support/FakePrinters.h"
 #include "tests/support/TestProgram.h"
 
@@ -55,7 +57,8 @@ struct PrintTest : testing::Test {
         NormalisePages(main.document);
         SetRowsAndStationery(main.document.setup, type);
         main.document.CurrentPage = 1;
-        main.document.FieldA(1) = "first";
+        for (int page = 0; page < 3; ++page)
+            main.document.FieldA(1 + page * main.document.setup.TabsPerPage) = "first";
     }
     void ExpectError(const std::string& text) { program.ui.Expect(text, Icon::Critical); }
 };
@@ -201,10 +204,14 @@ TEST_F(PrintTest, PrintAsksOnceAboutAllThatPaperWouldShow) {
     main.document.FieldA(5) = wide;
     const std::string cut = "One text does not fit its tab and will be cut off, in tab 5.\r\n";
     const auto answered = [&](const std::string& found, Answer answer) {
-        program.ui.Expect(found + "Do you want to print anyway?", Icon::Question, Buttons::YesNo, answer, Answer::Yes);
+        program.ui.Expect(found + "Do you want to print anyway?", Icon::Question, Buttons::YesNo, answer, Answer::No);
         return PrintCommand(print);
     };
     EXPECT_EQ(answered(cut, Answer::No), PrintOutcome::NotPrinted);
+    EXPECT_TRUE(printers.jobs.empty());
+    viewer.act = [&](PrintRun& run) { EXPECT_EQ(run.Doubts(), cut); };
+    EXPECT_EQ(answered(cut, Answer::Other), PrintOutcome::Done);
+    EXPECT_EQ(viewer.caption, "Velmora [Untitled]") << "the list is there";
     EXPECT_TRUE(printers.jobs.empty());
     EXPECT_EQ(answered(cut, Answer::Yes), PrintOutcome::Done);
     program.Store("Settings", "Margin Value Left", "-40");
@@ -212,16 +219,33 @@ TEST_F(PrintTest, PrintAsksOnceAboutAllThatPaperWouldShow) {
     printers.paperWidth = 100;
     EXPECT_EQ(answered("The printer does not have paper of the sheet's size.\r\n"
                        "2 texts do not fit their tabs and will be cut off, the first in tab 5.\r\n"
-                       "One text lies partly where the printer cannot print, in tab 1.\r\n",
+                       "3 texts lie partly where the printer cannot print, the first in tab 1.\r\n",
                        Answer::No),
               PrintOutcome::NotPrinted);
     printers.paperWidth = 297; // the same paper, turned
     EXPECT_EQ(answered("2 texts do not fit their tabs and will be cut off, the first in tab 5.\r\n"
-                       "One text lies partly where the printer cannot print, in tab 1.\r\n",
+                       "3 texts lie partly where the printer cannot print, the first in tab 1.\r\n",
                        Answer::Yes),
               PrintOutcome::Done);
     viewer.act = [](PrintRun&) {};
     EXPECT_EQ(PreviewCommand(print), PrintOutcome::Done) << "the window says it itself";
+}
+
+TEST_F(PrintTest, EmptySheetsAreSaidBeforeTheyCostPaper) {
+    main.document.FieldA(1).clear();
+    main.document.FieldA(49).clear();
+    for (const auto& [answer, pages] :
+         {std::pair{Answer::Yes, "/Count 1"}, {Answer::No, "/Count 3"}, {Answer::Cancel, ""}}) {
+        printers.bytes.clear();
+        program.ui.Expect("2 of 3 sheets are empty.\r\nDo you want to print the filled sheets only?", Icon::Question,
+                          Buttons::YesNoCancel, answer, Answer::Yes);
+        PrintCommand(print);
+        EXPECT_TRUE(*pages ? printers.bytes.find(pages) != std::string::npos : printers.bytes.empty()) << pages;
+    }
+    main.document.FieldA(25).clear();
+    program.ui.Expect("All 3 sheets are empty.\r\nDo you want to print anyway?", Icon::Question, Buttons::YesNo,
+                      Answer::No, Answer::No);
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
 }
 
 TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
@@ -249,7 +273,8 @@ TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
 }
 
 TEST_F(PrintTest, ASheetIsChosenByItsTexts) {
-    main.document.FieldA(1).clear();
+    for (const int tab : {1, 25, 49})
+        main.document.FieldA(tab).clear();
     viewer.act = [&](PrintRun& run) {
         EXPECT_THROW(run.Sheets(SheetChoice::Filled, 1, ""), Error);
         EXPECT_EQ(run.Sheets(SheetChoice::All, 2, ""), (std::vector<int>{1, 2, 3}));
@@ -271,6 +296,66 @@ TEST_F(PrintTest, ASheetIsChosenByItsTexts) {
     PreviewCommand(print);
 }
 
+std::string SlotsOf(PrintRun& run, int number) {
+    std::string slots;
+    Sheet sheet;
+    run.Report().LayOutSheet(number, sheet);
+    for (const PlacedText& text : sheet.texts)
+        slots += std::to_string(text.tab) + "@" + std::to_string(text.slot) + " ";
+    return slots;
+}
+
+TEST_F(PrintTest, MarkedTabsGoOntoTheSheetThatAnEarlierJobLeft) {
+    FakeEditor editor;
+    main.editor.Take(editor);
+    editor.marked = {30, 31, 32};
+    for (int tab = 1; tab <= 72; ++tab)
+        main.document.FieldA(tab) = tab == 31 ? " " : "x";
+    viewer.act = [&](PrintRun& run) {
+        EXPECT_EQ(run.TabsAtHand(), "30-32");
+        EXPECT_TRUE(run.LabelsInUse().empty());
+        run.SetUsedSlots({1, 2, 7});
+        run.KeepLabelsInUse({1});
+        EXPECT_THROW(run.ChooseTabs("30,73"), Error);
+        EXPECT_THROW(run.Sheets(SheetChoice::Tabs, 1, ""), Error);
+        EXPECT_EQ(SlotsOf(run, 1), "30@3 31@4 32@5 ");
+        run.ChooseTabs("30,2", TabPlaces::Own);
+        EXPECT_EQ(SlotsOf(run, 1), "2@2 ");
+        EXPECT_EQ(run.Sheets(SheetChoice::Tabs, 1, "30,2").size(), 2U);
+        run.ChooseTabs(std::nullopt);
+        EXPECT_EQ(run.Report().SheetCount(), 4);
+    };
+    EXPECT_EQ(PrintTabsCommand(print), PrintOutcome::Done);
+    viewer.act = [&](PrintRun& run) {
+        EXPECT_EQ(run.LabelsInUse(), (std::vector<int>{1, 2, 3, 5, 7})) << "a tab of blanks takes no label";
+        run.KeepLabelsInUse({2, 3});
+        EXPECT_TRUE(run.LabelsInUse().empty()) << "the last sheet is full";
+        for (const char* wrong : {"9-25", "1-24", "?"}) {
+            program.Store("Settings", "Used Labels - 0", wrong);
+            EXPECT_TRUE(run.LabelsInUse().empty()) << wrong;
+        }
+    };
+    PreviewCommand(print);
+    main.editor.Leave();
+}
+
+TEST(UsedLabels, AreStruckOutOneByOneOrInAStretch) {
+    UsedLabels labels(24);
+    const auto shown = [&] { return NumberListText({labels.Labels().begin(), labels.Labels().end()}); };
+    labels.ExtendTo(5);
+    labels.Toggle(9);
+    labels.ExtendTo(12);
+    labels.ExtendTo(7);
+    EXPECT_EQ(shown(), "1-5,7-9") << "as far as the pointer is";
+    labels.Toggle(8);
+    labels.ExtendTo(4);
+    EXPECT_EQ(shown(), "1-3,9") << "a stretch that begins at one struck out is free again";
+    EXPECT_EQ(labels.FirstFree(), 4);
+    labels.StartAt(24);
+    labels.Toggle(24);
+    EXPECT_EQ(shown(), "1-23") << "one is left";
+}
+
 TEST_F(PrintTest, TheBuiltInPrinterAsksForItsPath) {
     printers.names.emplace_back(kPdfPrinter);
     main.globals.PrinterName = kPdfPrinter;
@@ -287,6 +372,7 @@ TEST(NumberList, SpellsRangesOutAndRefusesTheRest) {
     EXPECT_EQ(ParseNumberList("3, 1-2", 3, words), (std::vector<int>{3, 1, 2}));
     for (const char* list : {"", "0", "2-1", "1-", "1,,2", "a", "4", "-1", "99999999999"})
         EXPECT_THROW(ParseNumberList(list, 3, words), Error) << list;
+    EXPECT_EQ(NumberListText({300, 305, 306, 307, 9, 9}), "300,305-307,9,9");
 }
 
 } // namespace

@@ -28,7 +28,7 @@ struct ReportTest : ProgramTest {
     rptVelmor Report(const std::vector<int>& used = {}) {
         rptVelmor report(layout);
         const auto& setup = document.setup;
-        report.InitArray("PRINT", document.TabCount, setup.RowsPerPage, setup.ColsPerPage, 1, false, document, used);
+        report.InitArray("PRINT", document.TabCount, setup.RowsPerPage, setup.ColsPerPage, 1, false, document, {used});
         report.PrepareTabStyle(setup.OptType, program.settings);
         report.FormatFields(1, setup.ColsPerPage, setup.OptType, fonts);
         report.SetPage(SheetPaper("A4", "A4"), ReadPageMargins(program.settings));
@@ -90,6 +90,19 @@ TEST_F(ReportTest, TabsFlowAroundUsedSlots) {
     std::vector<int> all(24);
     std::iota(all.begin(), all.end(), 1);
     EXPECT_THROW(Report(all), Error);
+}
+
+TEST(LabelPlan, ChosenTabsKeepTheirPlacesOrFlowOntoTheLabelsLeft) {
+    const auto shown = [](const LabelPlan& plan) {
+        std::string text = "of " + std::to_string(plan.size());
+        for (std::size_t label = plan.size(); label > 0; --label)
+            if (const auto tab = plan[label - 1]; tab > 0)
+                text = std::to_string(tab) + "@" + std::to_string(label) + " " + text;
+        return text;
+    };
+    EXPECT_EQ(shown(KeepPlaces({480, 457, 24, 480}, 24)), "24@24 457@25 480@48 of 48");
+    EXPECT_EQ(shown(FlowTabs({300, 299, 300}, 24, {1, 3, 2})), "300@4 299@5 300@6 of 24");
+    EXPECT_EQ(shown(FlowTabs({5, 1}, 24, TabsFrom(2, 23))), "5@1 1@25 of 48");
 }
 
 } // namespace

@@ -292,6 +292,20 @@ TEST_F(SetupTest, OkTakesTheDocumentToTheChoice) {
     EXPECT_EQ(document.setup.StationeryType, "DL_h");
 }
 
+TEST_F(SetupTest, AnUntouchedDocumentStaysOnePage) {
+    const auto pages = [&](int type) {
+        PageSetup dialog(main);
+        dialog.ChooseType(type);
+        EXPECT_TRUE(dialog.Ok());
+        return document.NoOfPages;
+    };
+    EXPECT_EQ(pages(5), 1) << "half the tabs";
+    document.CurrentTab = 2;
+    pages(1);
+    document.FieldC(1) = "in a field that is not in use";
+    EXPECT_EQ(pages(0), 2);
+}
+
 TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
     document.CurrentTab = 0;
     PageSetup dialog(main);
@@ -383,7 +397,7 @@ TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
     const FontconfigCatalogue catalogue;
     const auto check = [&](const std::optional<PaperSupport>& printer, const std::vector<int>& used = {}) {
         ReportRequest request = DocumentRequest(main.document);
-        request.used = used;
+        request.labels.used = used;
         rptVelmor report = MakeReport(layout, request, {main.document, main.settings, main.fonts});
         return Findings(CheckBeforePrinting({main.fonts, catalogue, report, printer}));
     };
@@ -413,7 +427,17 @@ TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
     document.FieldA(1) = "left";
     EXPECT_EQ(check(margins(0, 0, 0, 5)), "2:1.0 ");
     EXPECT_EQ(check(margins(5, 5, 5, 0)), "");
-    EXPECT_EQ(FindingText({PrintProblem::TextCut, {5, 1}}), "Tab 5, field 2: will be cut off.");
+
+    document.FieldA(1) = "\U000F1234";
+    main.fonts[0].Name = "Calibri";
+    EXPECT_EQ(check({}), "4:0.0 3:1.0 ") << "no font has it, nor the family";
+    main.fonts[0].Name = "ARIAL";
+    document.FieldA(1) = "in a family of the same widths";
+    EXPECT_EQ(check({}), "1:1.0 ");
+    document.FieldA(1).clear();
+    EXPECT_EQ(check({}), "6:0.0 ");
+    const PrintFinding cut{PrintProblem::TextCut, {5, 1}, 1, 5, "Abrahams & Seun"};
+    EXPECT_EQ(FindingText(cut) + "|" + FindingPlace(cut), "Abrahams & Seun: will be cut off|Tab 5, Field B");
 }
 
 } // namespace

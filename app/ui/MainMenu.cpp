@@ -214,7 +214,9 @@ Menu EditMenu() {
          {"mnuFillDown", "Fi&ll Down", "Ctrl+D", Call<FillDown>},
          kSeparator,
          {"mnuFind", "&Find and Replace ...", "Ctrl+F", [](CommandContext& context) { FindForm(context).Open(); }},
-         {"mnuFindNext", "Find &Next", "F3", FindNext}}};
+         {"mnuFindNext", "Find &Next", "F3", FindNext},
+         kSeparator,
+         {"mnuPrintTabs", "Print T&hese Tabs ...", "Ctrl+Alt+P", Print<PrintTabsCommand>}}};
 }
 
 Menu ViewMenu() {

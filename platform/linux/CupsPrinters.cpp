@@ -2,6 +2,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
+#include "platform/linux/WaitingJob.h"
 
 #include <cups/cups.h>
 #include <cups/pwg.h>
@@ -151,6 +152,7 @@ public:
     SpooledJob(const SpooledJob&) = delete;
     SpooledJob& operator=(const SpooledJob&) = delete;
 
+    int Id() const { return id_; }
     void Send(const std::filesystem::path& pdf) {
         std::ifstream file(pdf, std::ios::binary);
         if (!file)
@@ -207,7 +209,7 @@ PaperSupport CupsPrinters::PaperOf(const std::string& printer, double widthMm, d
                                      size->right / kPwgUnitsPerMm, size->bottom / kPwgUnitsPerMm}};
 }
 
-void CupsPrinters::Print(const std::string& printer, const PrintJob& job) {
+std::string CupsPrinters::Print(const std::string& printer, const PrintJob& job) {
     const Connection connection = Connect(silentUntil_);
     if (!connection)
         throw PrinterError("The print server does not answer.", kPrinterErrorNumber);
@@ -227,6 +229,7 @@ void CupsPrinters::Print(const std::string& printer, const PrintJob& job) {
     options.Add(CUPS_ORIENTATION, CUPS_ORIENTATION_PORTRAIT);
     SpooledJob spooled(connection.get(), destination.get(), info.get(), job.title, options);
     spooled.Send(job.pdf);
+    return WhyJobWaits(connection.get(), spooled.Id());
 }
 
 } // namespace velmora

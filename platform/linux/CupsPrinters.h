@@ -17,7 +17,7 @@ public:
     std::optional<std::string> DefaultPrinter() const override;
     PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const override;
     /// PrinterError: 5707 for an unknown printer; 482 where no server answers, or the queue takes no jobs.
-    void Print(const std::string& printer, const PrintJob& job) override;
+    std::string Print(const std::string& printer, const PrintJob& job) override;
 
     using Moment = std::chrono::steady_clock::time_point;
 

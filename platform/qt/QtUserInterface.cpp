@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace velmora {
 namespace {
@@ -43,7 +44,8 @@ QMessageBox::StandardButton BoxButton(Answer answer) {
     case Answer::No: return QMessageBox::No;
     case Answer::Cancel: return QMessageBox::Cancel;
     case Answer::Retry: return QMessageBox::Retry;
-    case Answer::Ok: break;
+    case Answer::Ok:
+    case Answer::Other: break;
     }
     return QMessageBox::Ok;
 }
@@ -91,11 +93,13 @@ Answer QtUserInterface::Show(const Message& message) {
     QCheckBox notAgain(QObject::tr("&Do not ask again"));
     if (message.notAgain)
         box.setCheckBox(&notAgain);
+    const QAbstractButton* other =
+        message.other.empty() ? nullptr : box.addButton(Text(message.other), QMessageBox::ActionRole);
     const TypedAhead notMeantForIt(box);
-    const Answer answer = BoxAnswer(box.exec());
+    const int button = box.exec();
     if (message.notAgain)
         *message.notAgain = notAgain.isChecked();
-    return answer;
+    return other && box.clickedButton() == other ? Answer::Other : BoxAnswer(button);
 }
 
 void QtUserInterface::Beep() {

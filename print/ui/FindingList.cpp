@@ -23,7 +23,8 @@ int FindingList::rowCount(const QModelIndex& parent) const {
 QVariant FindingList::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
-    return QString::fromStdString(FindingText(At(index.row())));
+    const PrintFinding& finding = At(index.row());
+    return QString::fromStdString(FindingText(finding) + "\n" + FindingPlace(finding));
 }
 
 } // namespace velmora

@@ -1,5 +1,6 @@
 #include "print/ui/FindingsBox.h"
 
+#include "print/ui/Breakable.h"
 #include "widgets/Controls.h"
 
 #include <QElapsedTimer>
@@ -19,17 +20,21 @@ constexpr qint64 kSliceMs = 10;
 FindingsBox::FindingsBox(PrintRun& run, QWidget* parent)
     : QGroupBox(parent), run_(run), findings_(new FindingList(this)),
       lblChecking_(Named(new QLabel(tr("Checking the texts ...")), "lblChecking")),
-      lstFindings_(Named(new QListView, "lstFindings")),
+      lstFindings_(Named(new QListView, "lstFindings")), lblFinding_(Named(new QLabel, "lblFinding")),
       cmdEditTab_(Named(new QPushButton(tr("&Edit This Tab")), "cmdEditTab")) {
     setObjectName("fraFindings");
     lstFindings_->setAccessibleName(tr("Before printing"));
     lstFindings_->setModel(findings_);
     lstFindings_->setUniformItemSizes(true);
     lstFindings_->installEventFilter(this);
-    lstFindings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the tool tip has all of a line
+    lstFindings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the label and the tool tip have all of a line
+    lstFindings_->setTextElideMode(Qt::ElideMiddle);                    // what is wrong stands at the end
+    lblFinding_->setTextFormat(Qt::PlainText);
+    lblFinding_->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(lblChecking_);
     layout->addWidget(lstFindings_, 1);
+    layout->addWidget(lblFinding_);
     layout->addWidget(cmdEditTab_);
     connect(&timer_, &QTimer::timeout, this, &FindingsBox::CheckSome);
     connect(lstFindings_->selectionModel(), &QItemSelectionModel::currentChanged, this, &FindingsBox::Choose);
@@ -73,6 +78,13 @@ void FindingsBox::ShowFindings() {
     cmdEditTab_->setVisible(count > 0);
     lblChecking_->setVisible(checking);
     cmdEditTab_->setEnabled(ChosenText() != nullptr);
+    ShowWhole();
+}
+
+void FindingsBox::ShowWhole() {
+    const QModelIndex current = lstFindings_->currentIndex();
+    lblFinding_->setVisible(current.isValid());
+    lblFinding_->setText(Breakable(current.data(Qt::ToolTipRole).toString()));
 }
 
 /// Null while no finding on a text is chosen.
@@ -83,8 +95,8 @@ const PrintFinding* FindingsBox::ChosenText() const {
 
 void FindingsBox::Choose() {
     ShowFindings();
-    if (const PrintFinding* finding = ChosenText())
-        emit Chosen(*finding);
+    if (const QModelIndex current = lstFindings_->currentIndex(); current.isValid())
+        emit Chosen(findings_->At(current.row()));
 }
 
 /// The button is still enabled for a moment when a new check has emptied the list.

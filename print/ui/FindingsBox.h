@@ -25,7 +25,7 @@ public:
     void StopCheck() { timer_.stop(); }
 
 signals:
-    /// A finding on a text; the reference holds during the call.
+    /// The reference holds during the call.
     void Chosen(const PrintFinding& finding);
     void EditAsked(TabBox box);
 
@@ -37,6 +37,7 @@ private:
     void CheckSome();
     void ShowFindings();
     const PrintFinding* ChosenText() const;
+    void ShowWhole();
     void Choose();
     void Edit();
 
@@ -46,6 +47,7 @@ private:
     FindingList* findings_;
     QLabel* lblChecking_;
     QListView* lstFindings_;
+    QLabel* lblFinding_; ///< the line in use, whole
     QPushButton* cmdEditTab_;
 };
 

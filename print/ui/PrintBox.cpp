@@ -1,5 +1,8 @@
 #include "print/ui/PrintBox.h"
 
+#include "print/NumberList.h"
+#include "print/ui/Breakable.h"
+#include "print/ui/TabsRow.h"
 #include "widgets/AnswerLabel.h"
 #include "widgets/Controls.h"
 
@@ -29,6 +32,9 @@ PrintBox::PrintBox(PrintRun& run, QWidget* parent)
     layout->addWidget(AddOption(SheetChoice::Shown, "optShown", ""));
     layout->addWidget(AddOption(SheetChoice::Filled, "optFilled", ""));
     layout->addLayout(BuildRange());
+    tabs_ = new TabsRow(this); // here, for the order of Tab
+    layout->addWidget(tabs_);
+    optSheets_->addButton(&tabs_->Option(), static_cast<int>(SheetChoice::Tabs));
     layout->addWidget(lblRange_);
     layout->addLayout(BuildButtons());
     layout->addWidget(lblPrinted_);
@@ -36,9 +42,16 @@ PrintBox::PrintBox(PrintRun& run, QWidget* parent)
         label->setWordWrap(true);
         label->hide();
     }
-    optSheets_->button(static_cast<int>(SheetChoice::All))->setChecked(true);
+    Choose(SheetChoice::All);
     cmdPrint_->setDefault(true);
-    connect(optSheets_, &QButtonGroup::idToggled, this, [this] { ShowChoice(sheet_); });
+    connect(optSheets_, &QButtonGroup::idToggled, this,
+            [this](int option) { option == static_cast<int>(SheetChoice::Tabs) ? TakeTabs() : ShowChoice(sheet_); });
+    connect(tabs_, &TabsRow::Edited, this, [this] {
+        const bool chosen = IsChosen(SheetChoice::Tabs);
+        Choose(SheetChoice::Tabs);
+        if (chosen)
+            TakeTabs();
+    });
 }
 
 QRadioButton* PrintBox::AddOption(SheetChoice choice, const char* name, const QString& text) {
@@ -47,12 +60,41 @@ QRadioButton* PrintBox::AddOption(SheetChoice choice, const char* name, const QS
     return option;
 }
 
+bool PrintBox::IsChosen(SheetChoice choice) const {
+    return optSheets_->checkedId() == static_cast<int>(choice);
+}
+
+void PrintBox::Choose(SheetChoice choice) {
+    optSheets_->button(static_cast<int>(choice))->setChecked(true);
+}
+
+void PrintBox::Begin(const TabNumbers& tabs) {
+    tabs_->Show(tabs.empty() ? run_.TabsAtHand() : NumberListText(tabs), TabPlaces::Flowing);
+    const std::size_t filled = run_.Report().FilledSheets().size();
+    if (filled > 0 && filled < static_cast<std::size_t>(run_.Report().SheetCount()))
+        Choose(SheetChoice::Filled);
+    if (!tabs.empty())
+        Choose(SheetChoice::Tabs);
+}
+
+/// While tabs are chosen the run is of them alone. What is still to be typed, or wrong, leaves it as it is.
+void PrintBox::TakeTabs() {
+    const bool alone = IsChosen(SheetChoice::Tabs);
+    try {
+        run_.ChooseTabs(alone ? std::optional(tabs_->List()) : std::nullopt, tabs_->Places());
+        emit TabsChosen();
+    } catch (const std::exception&) {
+        // ShowChoice says it
+    }
+    ShowChoice(sheet_);
+}
+
 QHBoxLayout* PrintBox::BuildRange() {
     txtRange_ = Named(new QLineEdit, "txtRange");
     txtRange_->setPlaceholderText("1-3,7");
     txtRange_->setAccessibleName(tr("Sheets to print"));
     connect(txtRange_, &QLineEdit::textEdited, this, [this] {
-        optSheets_->button(static_cast<int>(SheetChoice::Range))->setChecked(true);
+        Choose(SheetChoice::Range);
         ShowChoice(sheet_);
     });
     auto* range = new QHBoxLayout;
@@ -73,6 +115,8 @@ QHBoxLayout* PrintBox::BuildButtons() {
 }
 
 void PrintBox::ShowCounts() {
+    if (!run_.ChosenTabs().empty())
+        return; // the counts are those of the whole run
     const auto label = [&](SheetChoice choice, const QString& text) {
         optSheets_->button(static_cast<int>(choice))->setText(text);
     };
@@ -82,7 +126,8 @@ void PrintBox::ShowCounts() {
 }
 
 std::vector<int> PrintBox::ChosenSheets() const {
-    return run_.Sheets(static_cast<SheetChoice>(optSheets_->checkedId()), sheet_, txtRange_->text().toStdString());
+    const std::string list = IsChosen(SheetChoice::Tabs) ? tabs_->List() : txtRange_->text().toStdString();
+    return run_.Sheets(static_cast<SheetChoice>(optSheets_->checkedId()), sheet_, list);
 }
 
 /// Says beside the choice why it cannot be printed; a range that is still to come is no mistake.
@@ -96,7 +141,8 @@ void PrintBox::ShowChoice(int sheet) {
     } catch (const std::exception& error) {
         fault = Sentence(error.what());
     }
-    const bool waiting = optSheets_->checkedId() == static_cast<int>(SheetChoice::Range) && txtRange_->text().isEmpty();
+    const bool waiting = (IsChosen(SheetChoice::Range) && txtRange_->text().isEmpty()) ||
+                         (IsChosen(SheetChoice::Tabs) && tabs_->List().empty());
     lblRange_->Say(waiting ? "" : fault);
     lblRange_->setVisible(!lblRange_->text().isEmpty());
     cmdPrint_->setEnabled(fault.isEmpty());
@@ -105,13 +151,11 @@ void PrintBox::ShowChoice(int sheet) {
 
 void PrintBox::Print(bool toFile) {
     const std::vector<int> sheets = ChosenSheets();
-    const bool file = toFile || run_.Report().Printer.DeviceName == kPdfPrinter;
     if (!(toFile ? run_.SaveAsPdf(sheets) : run_.Print(sheets)))
         return;
-    lblPrinted_->Say((file ? tr("%n sheet(s) saved as PDF.", nullptr, static_cast<int>(sheets.size()))
-                           : tr("%n sheet(s) sent to the printer.", nullptr, static_cast<int>(sheets.size())))
-                         .replace("(s)", sheets.size() == 1 ? "" : "s"));
+    lblPrinted_->Say(Breakable(QString::fromStdString(run_.Told()) + "."));
     lblPrinted_->show();
+    emit Printed(sheets);
 }
 
 } // namespace velmora

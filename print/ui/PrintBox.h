@@ -16,6 +16,7 @@ class QRadioButton;
 namespace velmora {
 
 class AnswerLabel;
+class TabsRow;
 
 class PrintBox : public QGroupBox {
     Q_OBJECT
@@ -28,8 +29,18 @@ public:
     void ShowCounts();
     /// While `sheet` is seen, from 1.
     void ShowChoice(int sheet);
+    /// Begins with these tabs, and with the filled sheets where others are empty; once, before the box is shown.
+    void Begin(const TabNumbers& tabs);
+
+signals:
+    /// The run is of other tabs.
+    void TabsChosen();
+    void Printed(const std::vector<int>& sheets);
 
 private:
+    bool IsChosen(SheetChoice choice) const;
+    void Choose(SheetChoice choice);
+    void TakeTabs();
     QRadioButton* AddOption(SheetChoice choice, const char* name, const QString& text);
     QHBoxLayout* BuildRange();
     QHBoxLayout* BuildButtons();
@@ -40,6 +51,7 @@ private:
     int sheet_ = 1;
     QButtonGroup* optSheets_; ///< by SheetChoice
     QLineEdit* txtRange_ = nullptr;
+    TabsRow* tabs_ = nullptr;
     QPushButton *cmdPrint_ = nullptr, *cmdSavePdf_ = nullptr;
     AnswerLabel* lblRange_;
     AnswerLabel* lblPrinted_;

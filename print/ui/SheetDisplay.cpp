@@ -189,11 +189,22 @@ void SheetDisplay::mousePressEvent(QMouseEvent* event) {
     if (slot == 0)
         return QAbstractScrollArea::mousePressEvent(event);
     cursor_ = slot;
-    ToggleSlot(slot);
+    event->modifiers() & Qt::ShiftModifier ? ReachSlot(slot) : ToggleSlot(slot);
+}
+
+void SheetDisplay::mouseMoveEvent(QMouseEvent* event) {
+    const int slot = used_ && event->buttons() == Qt::LeftButton ? SlotAt(event->position()) : 0;
+    if (slot > 0 && slot != cursor_)
+        ReachSlot(cursor_ = slot);
 }
 
 void SheetDisplay::ToggleSlot(int slot) {
     emit SlotToggled(slot);
+    TellReader(*this, QAccessible::NameChanged, slot);
+}
+
+void SheetDisplay::ReachSlot(int slot) {
+    emit SlotReached(slot);
     TellReader(*this, QAccessible::NameChanged, slot);
 }
 
@@ -217,7 +228,7 @@ bool SheetDisplay::MoveCursor(int key) {
 
 void SheetDisplay::keyPressEvent(QKeyEvent* event) {
     if (used_ && event->key() == Qt::Key_Space)
-        ToggleSlot(cursor_);
+        event->modifiers() & Qt::ShiftModifier ? ReachSlot(cursor_) : ToggleSlot(cursor_);
     else if (!used_ || !MoveCursor(event->key()))
         QAbstractScrollArea::keyPressEvent(event);
 }

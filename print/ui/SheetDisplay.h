@@ -49,12 +49,15 @@ signals:
     void Painted();
     void ZoomAsked(int steps);
     void SlotToggled(int slot);
+    /// From the slot that was toggled last on, with the mouse held down or by Shift.
+    void SlotReached(int slot);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -68,6 +71,7 @@ private:
     void ShowSlot(int slot);
     bool MoveCursor(int key);
     void ToggleSlot(int slot);
+    void ReachSlot(int slot);
     void PaintSheet(QPainter& painter, const QRectF& visible);
     void PaintOverlay(QPainter& painter);
     void PaintUsedSlots(QPainter& painter);

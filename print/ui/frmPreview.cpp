@@ -3,6 +3,7 @@
 #include "print/ui/FindingsBox.h"
 #include "print/ui/PrintBox.h"
 #include "print/ui/SheetAccessible.h"
+#include "print/ui/UsedBox.h"
 #include "widgets/Controls.h"
 #include "widgets/FormPlace.h"
 #include "widgets/HelpRequest.h"
@@ -11,11 +12,11 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -57,11 +58,21 @@ frmPreview::frmPreview(PrintRun& run, QWidget* parent)
     layout->addLayout(middle, 1);
     middle->addWidget(BuildPanel());
     Connect();
-    ShowCounts();
-    ShowSheet(1);
+    Begin();
     resize(kFirstSize.boundedTo(screen()->availableSize() * 9 / 10));
     setTabOrder(chkOutlines_, display_);
     display_->setFocus();
+}
+
+/// With the tabs that the run was made for, and the labels that an earlier job left.
+void frmPreview::Begin() {
+    const TabNumbers tabs = run_.ChosenTabs();
+    if (!tabs.empty())
+        run_.ChooseTabs(std::nullopt); // whose sheets are counted first
+    usedBox_->Begin(!tabs.empty());
+    ShowCounts();
+    ShowSheet(1);
+    printBox_->Begin(tabs);
 }
 
 QAction* frmPreview::AddAction(QToolBar& bar, const char* name, const char* icon, const QString& text,
@@ -119,45 +130,42 @@ void frmPreview::AddZoom(QToolBar& bar) {
     connect(actual, &QAction::triggered, this, [this] { cboZoom_->setCurrentIndex(cboZoom_->findData(100)); });
 }
 
+/// On a low screen, or with large letters, the boxes scroll; Close stays.
 QWidget* frmPreview::BuildPanel() {
     auto* panel = new QWidget(this);
     panel->setFixedWidth(std::max(kPanelWidth, fontMetrics().averageCharWidth() * 38));
-    auto* layout = new QVBoxLayout(panel);
-    printBox_ = new PrintBox(run_, panel);
-    layout->addWidget(printBox_);
-    layout->addWidget(BuildUsedBox());
-    findings_ = new FindingsBox(run_, panel);
-    layout->addWidget(findings_, 1);
-    layout->addStretch();
+    auto* scroller = new QScrollArea;
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setFocusPolicy(Qt::NoFocus);
+    scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroller->setWidgetResizable(true);
+    scroller->setWidget(BuildBoxes());
     auto* cmdClose = Named(new QPushButton(tr("&Close")), "cmdClose");
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     auto* foot = new QHBoxLayout;
     foot->addWidget(MakeHelpButton());
     foot->addStretch();
     foot->addWidget(cmdClose);
+    auto* layout = new QVBoxLayout(panel);
+    foot->setContentsMargins(layout->contentsMargins());
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(scroller, 1);
     layout->addLayout(foot);
     return panel;
 }
 
-QGroupBox* frmPreview::BuildUsedBox() {
-    auto* box = new QGroupBox(tr("First sheet"));
-    chkPartlyUsed_ = Named(new QCheckBox(tr("Partly &used")), "chkPartlyUsed");
-    chkPartlyUsed_->setToolTip(tr("The tabs flow around the labels that are gone, for this job only"));
-    cmdClearUsed_ = Named(new QPushButton(tr("C&lear")), "cmdClearUsed");
-    cmdClearUsed_->setEnabled(false);
-    auto* line = new QHBoxLayout;
-    line->addWidget(chkPartlyUsed_, 1);
-    line->addWidget(cmdClearUsed_);
-    auto* lblUsed = Named(new QLabel(tr("Click the labels that are gone, or move with the arrow keys and strike out "
-                                        "with the space bar.")),
-                          "lblUsed");
-    lblUsed->setWordWrap(true);
-    lblUsed->hide();
-    connect(chkPartlyUsed_, &QCheckBox::toggled, lblUsed, &QWidget::setVisible);
-    auto* layout = new QVBoxLayout(box);
-    layout->addLayout(line);
-    layout->addWidget(lblUsed);
-    return box;
+QWidget* frmPreview::BuildBoxes() {
+    auto* boxes = new QWidget(this);
+    printBox_ = new PrintBox(run_, boxes);
+    usedBox_ = new UsedBox(run_, boxes);
+    findings_ = new FindingsBox(run_, boxes);
+    auto* layout = new QVBoxLayout(boxes);
+    layout->addWidget(printBox_);
+    layout->addWidget(usedBox_);
+    layout->addWidget(findings_, 1);
+    layout->addStretch();
+    return boxes;
 }
 
 void frmPreview::Connect() {
@@ -170,15 +178,11 @@ void frmPreview::Connect() {
     connect(cmdZoomIn_, &QAction::triggered, this, [this] { StepZoom(1); });
     connect(cmdZoomOut_, &QAction::triggered, this, [this] { StepZoom(-1); });
     connect(chkOutlines_, &QCheckBox::toggled, display_, &SheetDisplay::ShowOutlines);
-    connect(chkPartlyUsed_, &QCheckBox::toggled, this, [this] {
-        ShowUsedSlots();
-        display_->setFocus();
-    });
-    connect(cmdClearUsed_, &QPushButton::clicked, this, [this] {
-        used_.clear();
-        ShowUsedSlots();
-    });
-    connect(display_, &SheetDisplay::SlotToggled, this, &frmPreview::ToggleSlot);
+    connect(usedBox_, &UsedBox::Changed, this, &frmPreview::ShowRun);
+    connect(printBox_, &PrintBox::TabsChosen, this, &frmPreview::ShowRun);
+    connect(printBox_, &PrintBox::Printed, usedBox_, &UsedBox::Keep);
+    connect(display_, &SheetDisplay::SlotToggled, usedBox_, &UsedBox::Toggle);
+    connect(display_, &SheetDisplay::SlotReached, usedBox_, &UsedBox::ExtendTo);
     connect(display_, &SheetDisplay::ZoomAsked, this, &frmPreview::StepZoom);
     // Queued: the sheet comes before what is said of it.
     connect(display_, &SheetDisplay::Painted, findings_, &FindingsBox::StartCheck, Qt::QueuedConnection);
@@ -218,7 +222,7 @@ void frmPreview::ShowSheet(int number) {
     Sheet sheet;
     run_.Report().LayOutSheet(number, sheet);
     display_->SetSheet(std::move(sheet));
-    display_->SetUsedSlots(chkPartlyUsed_->isChecked() && number == 1 ? std::optional(used_) : std::nullopt);
+    display_->SetUsedSlots(number == 1 ? usedBox_->Labels() : std::nullopt);
     display_->setAccessibleName(tr("Sheet %1 of %2").arg(number).arg(count));
     txtPage_->setValue(number);
     cmdFirst_->setEnabled(number > 1);
@@ -257,19 +261,9 @@ void frmPreview::StepZoom(int steps) {
     cboZoom_->setCurrentIndex(cboZoom_->findData(*next));
 }
 
-void frmPreview::ToggleSlot(int slot) {
-    if (used_.erase(slot) == 0)
-        used_.insert(slot);
-    if (used_.size() == display_->Shown().tabs.size())
-        used_.erase(slot); // one must be left
-    ShowUsedSlots();
-}
-
-void frmPreview::ShowUsedSlots() {
-    const bool partly = chkPartlyUsed_->isChecked();
-    cmdClearUsed_->setEnabled(partly && !used_.empty());
-    if (!run_.SetUsedSlots(partly ? std::vector<int>(used_.begin(), used_.end()) : std::vector<int>{}))
-        return;
+/// After it was prepared anew.
+void frmPreview::ShowRun() {
+    usedBox_->ShowPlaces();
     ShowCounts();
     ShowSheet(1);
     findings_->StartCheck();

@@ -9,9 +9,7 @@
 class QAction;
 class QCheckBox;
 class QComboBox;
-class QGroupBox;
 class QLabel;
-class QPushButton;
 class QSpinBox;
 class QToolBar;
 
@@ -19,6 +17,7 @@ namespace velmora {
 
 class FindingsBox;
 class PrintBox;
+class UsedBox;
 
 class frmPreview : public QDialog {
     Q_OBJECT
@@ -43,24 +42,24 @@ private:
     QAction* AddAction(QToolBar& bar, const char* name, const char* icon, const QString& text,
                        const QList<QKeySequence>& keys);
     QWidget* BuildPanel();
-    QGroupBox* BuildUsedBox();
+    QWidget* BuildBoxes();
     void Connect();
+    void Begin();
 
     void ShowSheet(int number);
     void ShowCounts();
     void ZoomChosen();
     void StepZoom(int steps);
-    void ShowUsedSlots();
-    void ToggleSlot(int slot);
+    void ShowRun();
     void ShowFinding(const PrintFinding& finding);
 
     PrintRun& run_;
     int sheet_ = 1;
-    std::set<int> used_; ///< kept while the first sheet counts as whole
     std::optional<TabBox> wanted_;
 
     SheetDisplay* display_;
     PrintBox* printBox_ = nullptr;
+    UsedBox* usedBox_ = nullptr;
     FindingsBox* findings_ = nullptr;
     QSpinBox* txtPage_ = nullptr;
     QLabel* lblPages_ = nullptr;
@@ -68,8 +67,6 @@ private:
     QAction *cmdZoomIn_ = nullptr, *cmdZoomOut_ = nullptr;
     QComboBox* cboZoom_ = nullptr;
     QCheckBox* chkOutlines_ = nullptr;
-    QCheckBox* chkPartlyUsed_ = nullptr;
-    QPushButton* cmdClearUsed_ = nullptr;
 };
 
 /// Opens a preview over its owner's window.

@@ -66,9 +66,11 @@ class AccessibilityFormsTest : public QObject {
         QTimer::singleShot(0, this, [this] {
             QWidget* box = QApplication::activeModalWidget();
             Look(*box);
-            box->close();
+            box->findChildren<QPushButton*>().last()->click();
         });
-        QtUserInterface().Show({"Text", "Title", Icon::Question, Buttons::YesNoCancel});
+        const Message message{"Text",     "Title", Icon::Question,  Buttons::YesNoCancel,
+                              Answer::No, nullptr, "&Show the List"};
+        QCOMPARE(QtUserInterface().Show(message), Answer::Other);
     }
     void LookAtProgress() {
         const auto progress = QtUserInterface().StartCancellable("Work", 100);
@@ -86,6 +88,7 @@ class AccessibilityFormsTest : public QObject {
             auto* findings = dialog.findChild<QListView*>("lstFindings");
             if (!QTest::qWaitFor([&] { return findings->isVisible(); }))
                 FailAndEnd("nothing is found");
+            dialog.resize(dialog.width(), 1600); // nothing scrolls
             Look(dialog);
             Click(dialog, "chkPartlyUsed");
             Look(dialog);

@@ -1,7 +1,10 @@
 // The sheet of tabs on the offscreen platform: typing over pages, marking, what is painted and what it says.
 #include "editor/ui/frmGrid2a4.h"
 #include "report/PrepareReport.h"
+#include "report/SheetPainter.h"
+#include "report/ui/PainterCanvas.h"
 #include "tests/forms/RunningProgram.h"
+#include "tests/support/RightToLeft.h"
 #include "widgets/Contrast.h"
 #include "workspace/TakePageBack.h"
 
@@ -170,6 +173,41 @@ private slots:
     void aTextStandsInItsBoxWhereItStandsOnPaper() {
         for (int type = 0; type < 6; ++type)
             CompareWithPaper(type);
+    }
+
+    void linesThatRunToTheLeftAreThoseOfThePaper() {
+        RunningProgram running;
+        StartEmpty(running, 0, 1, 1);
+        MainModule& module = running.program.main;
+        for (std::size_t line = 0; line < std::size(kRightToLeft); ++line)
+            module.document.FieldA(static_cast<int>(line) + 1) = kRightToLeft[line].first;
+        Grid(running).BringUp();
+        module.editor->ShowText({24, 0}, 0, 0); // an empty one: where one types, the box itself is seen
+        LayoutValues layout;
+        rptVelmor report =
+            MakeReport(layout, DocumentRequest(module.document), {module.document, module.settings, module.fonts});
+        Sheet sheet;
+        report.LayOutSheet(1, sheet);
+        PainterFonts glyphs;
+        for (const PlacedText& placed : sheet.texts) {
+            QLineEdit& box = *running.Box(qPrintable(QString("TextA1(%1)").arg(placed.slot)));
+            QImage paper(box.size(), QImage::Format_RGB32);
+            paper.fill(Qt::white);
+            QPainter onto(&paper);
+            onto.scale(box.width() / placed.box.width, box.height() / placed.box.height);
+            onto.translate(-placed.box.left, -placed.box.top);
+            PainterCanvas canvas(onto, glyphs);
+            SheetPainter(running.fonts, module.fonts).Paint({sheet.paper, {placed}, {}, {}}, canvas);
+            const auto coarse = [](const QImage& image) { // too coarse for the edges of a letter
+                const QImage inner = image.copy(image.rect().adjusted(4, 4, -4, -4));
+                return inner.scaled(inner.size() / 4, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            };
+            const QImage seen = coarse(box.parentWidget()->grab(box.geometry()).toImage()), printed = coarse(paper);
+            for (int i = 0; i < seen.width() * seen.height(); ++i) {
+                const QPoint at(i % seen.width(), i / seen.width());
+                QVERIFY2(std::abs(qGray(seen.pixel(at)) - qGray(printed.pixel(at))) < 60, placed.text.data());
+            }
+        }
     }
 
     void whatWillBeCutIsMarkedAndSaid() {

@@ -5,9 +5,11 @@
 #include "tests/support/FakePrinters.h"
 #include "tests/support/FewFonts.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QListView>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSpinBox>
 
 namespace {
@@ -131,6 +133,7 @@ private slots:
         const std::tuple<const char*, const char*, int> rows[] = {
             {"optAll", "", 4}, {"optShown", "", 1}, {"optFilled", "", 3}, {"", "4,1-2", 3}};
         InPreview(running, [&](Preview& preview) {
+            QVERIFY2(preview.Get<QRadioButton>("optFilled").isChecked(), "a sheet is empty");
             preview.Key(Qt::Key_PageDown);
             for (const auto& [option, range, sheets] : rows) {
                 if (*range)
@@ -211,6 +214,49 @@ private slots:
         });
     }
 
+    void oneTabIsReprintedOnTheSheetInUse() {
+        RunningProgram running(&printers_);
+        Start(running, 0, 20);
+        running.program.main.editor->ShowText({300, 0}, 0, 0);
+        const auto at = [](Preview& preview, int slot) { return preview.display.SlotRect(slot).center().toPoint(); };
+        const auto first = [&](Preview& preview) {
+            QCOMPARE(preview.Get<QLineEdit>("txtTabs").text(), QString("300"));
+            QTest::mouseClick(preview.display.viewport(), Qt::LeftButton, Qt::ShiftModifier, at(preview, 11));
+            QCOMPARE(preview.Get<QSpinBox>("txtFirstFree").value(), 12);
+            preview.Click("chkGoesOn");
+            preview.Click("cmdPrint");
+            QCOMPARE(preview.Tabs(1), QString("300@12"));
+        };
+        const auto second = [&](Preview& preview) {
+            QCOMPARE(preview.Tabs(1), QString("300@13")); // the label behind
+            QWidget& sheet = *preview.display.viewport();
+            QTest::mouseClick(&sheet, Qt::LeftButton, {}, at(preview, 13));
+            QMouseEvent move(QEvent::MouseMove, at(preview, 15), sheet.mapToGlobal(at(preview, 15)), Qt::NoButton,
+                             Qt::LeftButton, {});
+            QApplication::sendEvent(&sheet, &move);
+            preview.display.setFocus();
+            preview.Key(Qt::Key_Right);
+            QCOMPARE(preview.Tabs(1), QString("300@16"));
+            preview.Key(Qt::Key_Space, Qt::ShiftModifier);
+            QCOMPARE(preview.Tabs(1), QString("300@17"));
+            preview.Get<QSpinBox>("txtFirstFree").setValue(20);
+            QCOMPARE(preview.Tabs(1), QString("300@20"));
+            QTest::keyClick(&preview.Get<QComboBox>("cboPlaces"), Qt::Key_Down);
+            QCOMPARE(preview.Tabs(1), QString("300@12"));
+            preview.Click("cmdPrint");
+            QCOMPARE(running.test.Stored("Settings", "Used Labels - 0"), std::string("1-12")); // another sheet's
+            preview.Type("txtTabs", "300,481");
+            QCOMPARE(preview.Get<QLabel>("lblRange").text(), QString("Tab 481 is asked for, the document has 480."));
+            preview.Click("optAll");
+            QCOMPARE(preview.Get<QSpinBox>("txtPage").maximum(), 21); // around the labels that are gone
+            preview.Click("chkGoesOn");
+            preview.Click("cmdPrint");
+        };
+        InPreview(running, first, "mnuPrintTabs");
+        InPreview(running, second, "mnuPrintTabs");
+        InPreview(running, [](Preview& preview) { QVERIFY(!preview.Get<QCheckBox>("chkPartlyUsed").isChecked()); });
+    }
+
     void theCursorStaysOnTheSheet() {
         RunningProgram running(&printers_);
         Start(running, 0, 1); // 8 rows of 3
@@ -248,6 +294,10 @@ private slots:
             list.setCurrentIndex(list.model()->index(1, 0));
             QCOMPARE(preview.Get<QSpinBox>("txtPage").value(), 2);
             QCOMPARE(preview.display.MarkedSlot(), 7);
+            const QString line = QString(60, 'W') + ": will be cut off\nTab 30, Field A";
+            QCOMPARE(list.currentIndex().data(Qt::ToolTipRole).toString(), line);
+            QCOMPARE(preview.Get<QLabel>("lblFinding").text().remove(QChar(0x200b)), line);
+            QVERIFY(preview.Get<QLabel>("lblFinding").minimumSizeHint().width() < list.width());
             list.setFocus();
             preview.Key(Qt::Key_Return);
             QVERIFY(!preview.form.isVisible());

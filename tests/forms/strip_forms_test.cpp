@@ -149,13 +149,14 @@ private slots:
         running.Start(0, 1, 2);
         running.program.main.globals.PrinterName = "Office";
         QTest::keyClicks(running.Enter("TextA1(1)"), "typed");
+        printers.waits = "the printer is stopped";
         running.Trigger("mnuPrint");
-        QCOMPARE(Done(running), QString("2 sheets sent to Office"));
+        QCOMPARE(Done(running), QString("2 sheets sent to Office; the job waits: the printer is stopped"));
         QCOMPARE(running.window->focusWidget()->accessibleDescription(), Done(running));
         const auto pdf = running.test.folder / "out.pdf";
         running.test.ui.ExpectChooser("Save as PDF", pdf);
         running.Trigger("mnuSavePdf");
-        QCOMPARE(Done(running), QString::fromStdString("Written: " + pdf.string() + " [&Open]"));
+        QCOMPARE(Done(running), QString::fromStdString("2 sheets saved as " + pdf.string() + " [&Open]"));
         QTest::keyClicks(running.Box("TextA1(1)"), "x");
         running.test.ui.Expect("There is no program that opens the following file.\r\n[" + pdf.string() + "]",
                                Icon::Information);

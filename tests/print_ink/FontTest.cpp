@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "tests/print_ink/Ink.h"
 #include "tests/support/FewFonts.h"
+#include "tests/support/RightToLeft.h"
 
 #include <gtest/gtest.h>
 
@@ -152,22 +153,7 @@ TEST(TextShaper, ATextIsTheSameAfterThousandsOfOthers) {
 TEST(TextShaper, RunsStandInTheOrderOfTheEye) {
     const FontconfigCatalogue catalogue;
     TextShaper shaper(catalogue, {});
-    const std::pair<const char*, std::u32string> cases[] = {
-        {"ab 12", U"ab 12"},
-        {"אב", U"בא"},
-        {"אב 12", U"12 בא"},
-        {"ab אב 12 cd", U"ab 12 בא cd"}, // a number among letters that run to the left is part of them
-        {"12-34 אב", U"בא 12-34"},
-        {"אב (1/2), c", U"c ,(1/2) בא"},
-        {"שעה 12:30 תיק", U"קית 12:30 העש"},
-        {"Tab (שלום) 5", U"Tab (םולש) 5"},   // a pair of brackets goes with what surrounds it
-        {"חשבון (abc) 2", U"2 (abc) ןובשח"}, // and so does its other half
-        {"100% הנחה", U"החנה 100%"},         // a sign beside a number belongs to it
-        {"₪50 מחיר", U"ריחמ ₪50"},
-        {"מחיר 50₪", U"50₪ ריחמ"},
-        {"١٢ ٣٤", U"٣٤ ١٢"}, // Arabic numbers run to the right, but follow each other to the left
-    };
-    for (const auto& [text, expected] : cases) {
+    for (const auto& [text, expected] : kRightToLeft) {
         const ShapedText& shaped = shaper.Shape(text, 0);
         std::u32string seen;
         for (const GlyphRun& run : shaped.runs)

@@ -1,6 +1,7 @@
 // The painter's picture beside the rendered PDF: what is seen must be what is printed.
 #include "report/ui/PainterCanvas.h"
 #include "tests/print_ink/Ink.h"
+#include "tests/support/RightToLeft.h"
 
 #include <QImage>
 #include <gtest/gtest.h>
@@ -70,6 +71,14 @@ TEST(PainterCanvas, DrawsWhatThePdfShows) {
         const FontSettings fonts = AllFields({row.family, row.size, bold, italic, row.style == Case::Underlined});
         ExpectAlike(OneText(row.text, MmBox(20, 30, 70, 12), kAlignCentre, row.paper), fonts, catalogue);
     }
+}
+
+TEST(PainterCanvas, LinesThatRunToTheLeftAreThoseOfThePdf) {
+    const FontconfigCatalogue catalogue;
+    Sheet sheet{kA4, {}, {}, {}};
+    for (const auto& line : kRightToLeft)
+        sheet.texts.push_back({line.first, MmBox(20, 10 + 11.0 * static_cast<int>(sheet.texts.size()), 80, 10)});
+    ExpectAlike(sheet, AllFields({"DejaVu Sans", 14}), catalogue);
 }
 
 /// Nothing that one text sets may leak into the next: fonts, thickness, lean, clips, raised accents.

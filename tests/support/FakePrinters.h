@@ -17,19 +17,20 @@ struct FakePrinters : PrintSystem {
     double paperWidth = 0;                         ///< of the only paper; 0: every paper
     std::optional<UnprintableMargins> margins;
     std::vector<PrintJob> jobs;
-    std::string target, bytes;
+    std::string target, bytes, waits;
 
     std::vector<std::string> Printers() const override { return listing ? throw PrinterError(*listing) : names; }
     std::optional<std::string> DefaultPrinter() const override { return standard; }
     PaperSupport PaperOf(const std::string&, double width, double) const override {
         return {paperWidth == 0 || paperWidth == width, margins};
     }
-    void Print(const std::string& printer, const PrintJob& job) override {
+    std::string Print(const std::string& printer, const PrintJob& job) override {
         target = printer;
         bytes = ReadFile(job.pdf);
         jobs.push_back(job);
         if (printing)
             throw PrinterError(*printing);
+        return waits;
     }
 };
 

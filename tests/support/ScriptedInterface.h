@@ -53,6 +53,8 @@ public:
             fail_("other icon, buttons, default button or title: " + message.text);
         if (message.notAgain)
             *message.notAgain = ticksNotAgain;
+        if (step.answer == Answer::Other && message.other.empty())
+            fail_("no other button: " + message.text);
         if (step.meanwhile)
             step.meanwhile();
         return step.answer;

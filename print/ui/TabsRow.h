@@ -1,0 +1,36 @@
+// The preview's choice of tabs that are printed alone: which, and where they come.
+#pragma once
+
+#include "report/LabelPlan.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QLineEdit;
+class QRadioButton;
+
+namespace velmora {
+
+class TabsRow : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit TabsRow(QWidget* parent);
+
+    QRadioButton& Option() { return *optTabs_; }
+    /// Without telling.
+    void Show(const std::string& list, TabPlaces places);
+    std::string List() const;
+    TabPlaces Places() const;
+
+signals:
+    /// The person typed another list, or chose other places.
+    void Edited();
+
+private:
+    QRadioButton* optTabs_;
+    QLineEdit* txtTabs_;
+    QComboBox* cboPlaces_;
+};
+
+} // namespace velmora
