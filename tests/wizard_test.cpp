@@ -6,6 +6,7 @@
 #include "tests/support/TestProgram.h"
 #include "wizard/AppendWizardTabs.h"
 #include "wizard/FontPage.h"
+#include "wizard/NewTabs.h"
 #include "wizard/NextNumber.h"
 #include "workspace/Pages.h"
 #include "workspace/Undo.h"
@@ -83,6 +84,7 @@ TEST(ValueSeries, TheNextNumberFollowsTheLastOne) {
                  {{"3", "9", "no number"}, NumberSeries{10, 0, "", ""}},
                  {{"007", "2024-1"}, NumberSeries{8, 3, "", ""}}, // two numbers are no number
                  {{"Box 9", "99999999999"}, NumberSeries{10, 1, "Box ", ""}},
+                 {{"Tab 12"}, NumberSeries{13, 1, "Tab ", ""}},
                  {{"2147483647", "ë"}, std::nullopt}};
     for (const auto& c : cases) {
         TabDocument document;
@@ -225,6 +227,85 @@ TEST_F(WizardTest, AppendingGrowsByWholePagesFromTheTabInUse) {
         EXPECT_EQ(State(), state);
         EXPECT_FALSE(history.CanUndo() || document.DocChanged);
     }
+}
+
+TEST_F(WizardTest, NewTabsMayStandBehindTheLastText) {
+    MakeDocument(3, 2);
+    document.CurrentTab = 28;
+    for (int tab = 50; tab <= 72; ++tab)
+        document.FieldA(tab) = document.FieldB(tab) = "";
+    EXPECT_EQ(FromTabInUse(document) + "|" + FromBehindLast(document),
+              "from tab 28, where you are|behind the last text, from tab 50");
+    EXPECT_EQ(PlaceOf(document, false, 30).place, "These will be tabs 28 to 57.");
+    EXPECT_EQ(PlaceOf(document, false, 30).warning, "22 of them hold texts, which will be replaced.");
+    EXPECT_EQ(PlaceOf(document, true, 30).warning, "");
+    Number("30");
+    wizard.BehindLast = true;
+    EXPECT_EQ(TextsOfNewTab(document, wizard, 1), (TabTexts{"1", "", ""}));
+    EXPECT_EQ(TextsOfNewTab(document, wizard, 2, NumberSeries{7}), (TabTexts{"8", "", ""})) << "as it is entered";
+    ASSERT_TRUE(AppendWizardTabs(main, wizard));
+    EXPECT_EQ(Joined(document.FieldA, 49, 51) + Joined(document.FieldA, 79, 80), "a49|1|230|");
+    EXPECT_EQ(document.CurrentTab, 50);
+    EXPECT_EQ(document.CurrentPage, 3);
+    EXPECT_EQ(document.TabCount, 96);
+}
+
+TEST_F(WizardTest, TheNumberAdvisedIsTheMostThatIsAccepted) {
+    for (const int type : {0, 3, 5})
+        for (const int start : {1, 2, 24, 25, 32700}) {
+            MakeDocument(1, 1, type);
+            const auto refusal = RefuseNewTabs(document, start, 32766);
+            ASSERT_TRUE(refusal);
+            const int most = std::stoi(refusal->substr(refusal->rfind(' ')));
+            EXPECT_FALSE(RefuseNewTabs(document, start, most));
+            EXPECT_TRUE(RefuseNewTabs(document, start, most + 1));
+            EXPECT_LT(start + most - 1, 32767);
+        }
+    EXPECT_TRUE(RefuseNewTabs(document, 2, 32766)->ends_with(" 32759"));
+    EXPECT_EQ(PlaceOf(document, false, 32766).warning, RefuseNewTabs(document, 1, 32766));
+}
+
+TEST_F(WizardTest, FontsArePartOfItsOneStep) {
+    for (const bool changed : {false, true}) {
+        MakeDocument(1, 1);
+        document.DocChanged = changed;
+        const FontSettings before = main.fonts;
+        FontSettings chosen = before;
+        chosen[0].Bold = !chosen[0].Bold;
+        Number("2");
+        StoreWizardFonts(main, wizard, chosen);
+        StoreWizardFonts(main, wizard, before);
+        StoreWizardFonts(main, wizard, chosen);
+        program.ui.Expect(
+            "If you cancel this wizard, none of the settings will be saved.  Are you sure you want to cancel?",
+            Icon::Question, Buttons::YesNo, Answer::Yes, Answer::No);
+        EXPECT_TRUE(ConfirmCancel(main, wizard, WizardPage::Fonts));
+        EXPECT_TRUE(main.fonts == before && document.DocChanged == changed);
+        EXPECT_FALSE(history.CanUndo() || history.CanRedo());
+        Number("2");
+        StoreWizardFonts(main, wizard, chosen);
+        ASSERT_TRUE(AppendWizardTabs(main, wizard));
+        EXPECT_TRUE(main.fonts == chosen);
+        EXPECT_EQ(program.Stored("Font Settings", "Font Bold 1"), chosen[0].Bold ? "True" : "False");
+        UndoChange(main);
+        EXPECT_TRUE(main.fonts == before && !history.CanUndo());
+        EXPECT_EQ(document.FieldA(1), "a1");
+        RedoChange(main);
+        EXPECT_TRUE(main.fonts == chosen);
+        wizard = {};
+    }
+}
+
+TEST_F(WizardTest, NumbersGoOnWithTheirTextsAsTheDocumentHasThem) {
+    MakeDocument(1, 2);
+    ChooseField(wizard, document, 1);
+    EXPECT_EQ(wizard.Entry().numbers.width, kTextsAlone) << "the document ends in \"a24\"";
+    wizard.Entry().numbers.width = 0;
+    ChooseField(wizard, document, 1);
+    EXPECT_EQ(wizard.Entry().numbers.width, 0) << "as it was left";
+    EXPECT_EQ(ReadNumberPage("3", kNumberFormats[0], "Tab ", "", true).width, kTextsAlone);
+    EXPECT_EQ(ReadNumberPage("3", kNumberFormats[1], "Tab ", "", true).width, 2);
+    EXPECT_EQ(FormatOfWidth(kTextsAlone), 0U);
 }
 
 TEST_F(WizardTest, AppendingTakesThePageOnScreen) {
