@@ -77,6 +77,7 @@ bool AppendWizardTabs(MainModule& main, const WizardState& wizard) {
     document.CurrentPage = PagesForTabs(start, document.setup.TabsPerPage);
     SaveGlobals(main);
     ShowChangedPages(main);
+    main.editor->ShowText({start, 0}, 0, std::string::npos);
     main.status->Tell({Counted(static_cast<std::size_t>(wizard.NewTabCount), "tab") + " filled", step->Commit()});
     return true;
 }

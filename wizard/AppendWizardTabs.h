@@ -9,7 +9,7 @@ namespace velmora {
 
 /// Writes the values of the fields used into the tabs from the tab in use on (from tab 1 while there is none), or from
 /// behind the last text on, also empty ones over what stands there; fields not used keep their texts, and the document
-/// never shrinks. Stores the document's properties and shows the page of the first tab. Fonts that the wizard stored
+/// never shrinks. Stores the document's properties and shows the first of the tabs. Fonts that the wizard stored
 /// belong to its one step of undo. False, with the limit told and nothing but a `CurrentTab` of 0 changed, when the
 /// document would hold too many pages. Raises OverflowError, with nothing changed, when the last tab has no 16-bit
 /// number.

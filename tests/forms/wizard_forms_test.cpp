@@ -283,6 +283,7 @@ private slots:
         QCOMPARE(run.Find<QWidget>("imgTab")->accessibleName(),
                  QString("Tab 25: 2026/0004, April, Meyer; Tab 27: 2026/0006, April, Meyer"));
         run.Press("cmdFinish");
+        QCOMPARE(run.program.main.document.CurrentTab, std::int16_t{25});
         QCOMPARE(run.Saved(2, 4), QString("2026/0002,March,Meyer|2026/0003,March,Meyer|a4,b,c|"));
         QCOMPARE(run.Saved(24, 28),
                  QString("a24,b,c|2026/0004,April,Meyer|2026/0005,April,Meyer|2026/0006,April,Meyer|,,|"));
