@@ -24,7 +24,7 @@ constexpr std::array<ButtonText, kWizardButtons> kButtonTexts = {
 constexpr const char* kWidestCaption = "&Next Field";
 
 // Room for the fullest page, in the desktop's own letters and lines.
-constexpr int kPageLetters = 120;
+constexpr int kPageLetters = 124;
 constexpr int kPageLines = 21;
 constexpr int kGap = 12;
 constexpr int kAnswerGap = 6;

@@ -15,11 +15,14 @@ std::vector<std::string> Candidates(const ValueSeries& series, std::int32_t coun
     return {ValueAt(series, count, count), ValueAt(series, 1, count)};
 }
 
-bool HoldsComma(const FieldChoice& choice) {
+/// Of the texts that reach the tabs.
+bool HoldsComma(const FieldChoice& choice, std::int16_t most) {
     const NumberSeries& numbers = choice.numbers;
-    const std::string texts = choice.kind == ValueKind::Text                           ? choice.text
-                              : choice.kind == ValueKind::Numeric && numbers.width > 0 ? numbers.before + numbers.after
-                                                                                       : "";
+    std::string texts;
+    if (choice.kind == ValueKind::Text)
+        texts = MakeTextSeries(choice.text, most).text;
+    else if (choice.kind == ValueKind::Numeric && numbers.width > 0)
+        texts = numbers.before + numbers.after;
     return texts.find(',') != std::string::npos;
 }
 
@@ -34,9 +37,9 @@ void WarnOfLength(std::string& warning, const FieldChoice& choice, std::int16_t 
         Add(warning, "The field takes " + std::to_string(most) + " letters: only \"" + kept + "\" will stand there.");
 }
 
-void WarnOfTexts(std::string& warning, const FieldChoice& choice) {
+void WarnOfTexts(std::string& warning, const FieldChoice& choice, std::int16_t most) {
     const NumberSeries& numbers = choice.numbers;
-    if (HoldsComma(choice))
+    if (HoldsComma(choice, most))
         Add(warning, "In a file a comma ends the text: what follows it would become the next field.");
     if (choice.kind == ValueKind::Numeric && numbers.width == 0 && !(numbers.before + numbers.after).empty())
         Add(warning, "Without a number format texts are added only where that is ticked.");
@@ -80,7 +83,7 @@ ValueNotes NotesOn(const FieldChoice& choice, int fieldNo, std::int16_t most, st
         Count(notes, choice.kind == ValueKind::Text ? CharacterCount(Trim(OneLine(choice.text))) : LongestOf(values),
               most);
         WarnOfLength(notes.warning, choice, most);
-        WarnOfTexts(notes.warning, choice);
+        WarnOfTexts(notes.warning, choice, most);
         WarnOfPaper(notes.warning, values, fieldNo - 1, sample);
     } catch (const OverflowError&) {
         notes.preview = kOutOfRange;

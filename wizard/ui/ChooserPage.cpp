@@ -65,7 +65,6 @@ void frmAutoRepWiz2a::AddField(QGridLayout& grid, int fieldNo) {
     row.button = MakeFieldButton(fieldNo);
     row.first = Named(new QLineEdit, QString("txtFirst%1").arg(letter).toLatin1().constData());
     row.first->setAccessibleName(tr("First text of field %1").arg(letter));
-    row.first->setPlaceholderText(tr("first text"));
     SetLetters(*row.first, kFirstLetters);
     row.first->installEventFilter(this);
     row.first->setEnabled(row.button->isEnabled());

@@ -13,7 +13,7 @@
 namespace velmora {
 namespace {
 
-constexpr int kWidthLetters = 44;
+constexpr int kWidthLetters = 36;
 constexpr int kMostPercent = 28;    // of the screen's width
 constexpr double kMostEnlarged = 2; // a narrow tab is not blown up to the width of a wide one
 constexpr int kGapBetween = 10;

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kRowsPerField = 3; // controls, sample, gap
 constexpr int kFieldGap = 8;
-constexpr int kFontLetters = 12; // at least
+constexpr int kFontLetters = 8; // at least
 constexpr int kSizeLetters = 4;
 
 struct BarButton {
