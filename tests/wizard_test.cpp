@@ -186,7 +186,8 @@ TEST_F(WizardTest, TickedNamesComeInTurn) {
         EXPECT_EQ(GiveValues(wizard, choice), std::nullopt);
         EXPECT_EQ(Joined(wizard.WizFieldA, 1, 5), c.wanted);
         EXPECT_EQ(wizard.LastFillFlag, c.flag);
-        wizard.Entries = {};
+        wizard.Entries[0] = {};
+        EXPECT_EQ(wizard.Entries[1].style, c.style) << "what comes next is in the same language";
     }
 }
 
