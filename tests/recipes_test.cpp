@@ -105,6 +105,9 @@ TEST_F(RecipesTest, AnOverflowChangesNothing) {
 TEST_F(RecipesTest, EntriesSayWhatTheyMakeAndLose) {
     const FontconfigCatalogue catalogue;
     TabSample sample(catalogue, main.document.setup, main.settings, main.fonts);
+    EXPECT_EQ(sample.Fields().size(), 3U);
+    for (const PlacedText& field : sample.Fields())
+        EXPECT_TRUE(sample.Tab().Holds(field.box, 1));
     const std::string comma = "In a file a comma ends the text: what follows it would become the next field.";
     const struct {
         const char *words, *preview, *letters;
