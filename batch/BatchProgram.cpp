@@ -3,8 +3,10 @@
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
 #include "base/Paths.h"
+#include "base/Validate.h"
 #include "base/Version.h"
 #include "document/TabFileForm.h"
+#include "platform/Machine.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
@@ -73,6 +75,13 @@ BatchProgram::BatchProgram()
 void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {
     ReadIniFile(iniFile); // raises why it cannot be read
     settings_.Object.File().CopyToMemory(iniFile);
+}
+
+void BatchProgram::UseOwnSettings(const std::string& iniFile) {
+    settings_.ProgramFolder = FindProgramFolder(SystemEnvironment());
+    const std::filesystem::path file = iniFile.empty() ? settings_.OwnIniFile() : PathOf(iniFile);
+    if (!iniFile.empty() || FileExists(file))
+        UseSettings(file);
 }
 
 TabFile BatchProgram::Load(const std::string& file) {

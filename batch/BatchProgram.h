@@ -46,6 +46,8 @@ public:
 
     /// Takes over the settings of an INI file, which is only read.
     void UseSettings(const std::filesystem::path& iniFile);
+    /// Of that INI file, or for "" the person's own program's, where there are any.
+    void UseOwnSettings(const std::string& iniFile);
     /// Reads and loads a tab file, "-" for standard input. Raises Error with the file's name in front.
     TabFile Load(const std::string& file);
     /// Raise Error for more tabs than the tab type holds.

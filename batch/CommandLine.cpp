@@ -24,6 +24,7 @@ struct Request {
     PrintArguments print;
     NewArguments create;
     FillArguments fill;
+    std::string recipesIni;
     std::vector<std::string> check;
     ConvertArguments convert;
     std::string sheets;
@@ -103,15 +104,23 @@ void AddFill(CLI::App& app, Request& request) {
     command
         ->add_option("--field", fill.fields,
                      "A field and its values, once per field:\n"
-                     "A=number,first=7,width=3,before=No.,after=/x\n"
-                     "B=month,style=2,names=3+6,upper (or day; all names by default)\n"
+                     "A=number,first=7,width=3,before=No.,after=/x,repeat=2\n"
+                     "B=month,style=2,names=3+6,upper,repeat=25 (or day; all names by default)\n"
                      "C=text,value=\"in quotes, with commas\"")
-        ->required()
         ->allow_extra_args(false);
+    command->add_option("--recipe", fill.recipe, "The fields of a recipe, its numbers going on from the file's")
+        ->check(kNotEmpty);
+    command->add_option("--ini", fill.ini, "Where the recipes are; without it your own settings are read");
     command->add_option("-o,--output", fill.output, "Tab file to write, - for standard output")
         ->required()
         ->check(kNotEmpty);
     command->callback([&] { request.run = [&] { return RunFill(request.fill); }; });
+}
+
+void AddRecipes(CLI::App& app, Request& request) {
+    CLI::App* command = app.add_subcommand("recipes", "List the recipes of the AutoRepeat Wizard");
+    command->add_option("--ini", request.recipesIni, "Where they are; without it your own settings are read");
+    command->callback([&] { request.run = [&] { return RunRecipes(request.recipesIni); }; });
 }
 
 void AddCheck(CLI::App& app, Request& request) {
@@ -181,6 +190,7 @@ void AddCommands(CLI::App& app, Request& request) {
     AddPrint(app, request);
     AddNew(app, request);
     AddFill(app, request);
+    AddRecipes(app, request);
     AddCheck(app, request);
     AddConvert(app, request);
     AddSheets(app, request);

@@ -60,10 +60,14 @@ struct FillArguments {
     int start = 1;
     int count = 0;
     std::vector<std::string> fields; ///< such as "A=number,first=7,width=3,before=No."
+    std::string recipe;              ///< empty: the fields alone
+    std::string ini;                 ///< with the recipe; empty: the person's own INI file
     std::string output;
 };
 extern const int kMostTabsToFill;
 int RunFill(const FillArguments& arguments);
+/// One name per line.
+int RunRecipes(const std::string& ini);
 
 /// One line per problem on standard output; kFailed when there is any.
 int RunCheck(const std::vector<std::string>& files);

@@ -1,57 +1,80 @@
 #include "batch/BatchProgram.h"
 #include "batch/Commands.h"
-#include "batch/FieldOption.h"
 #include "wizard/AppendWizardTabs.h"
+#include "wizard/NextNumber.h"
+#include "wizard/Recipes.h"
 #include "workspace/SaveDocument.h"
 
+#include <algorithm>
 #include <iostream>
 
 namespace velmora {
 namespace {
+
+/// The settings that hold the recipes are no part of what is filled.
+Recipe ReadStoredRecipe(const std::string& name, const std::string& ini) {
+    BatchProgram program;
+    program.UseOwnSettings(ini);
+    return ReadRecipe(program.Settings(), name);
+}
+
+/// One field, and how the command line names it in an error.
+struct FieldOption {
+    std::string source;
+    FieldSetting setting;
+};
+
+FieldOption ParseFieldOption(const std::string& text) {
+    const std::string source = "--field " + OneLine(text);
+    try {
+        return {source, ParseFieldWords(text)};
+    } catch (const Error& error) {
+        throw UsageError(source + ": " + error.what());
+    }
+}
 
 std::vector<FieldOption> ParseFields(const std::vector<std::string>& texts) {
     std::vector<FieldOption> options;
     for (const std::string& text : texts) {
         options.push_back(ParseFieldOption(text));
         for (std::size_t i = 0; i + 1 < options.size(); ++i)
-            if (options[i].fieldNo == options.back().fieldNo)
-                throw UsageError("--field " + options.back().source + ": this field has its values already");
+            if (options[i].setting.fieldNo == options.back().setting.fieldNo)
+                throw UsageError(options.back().source + ": this field has its values already");
     }
     return options;
 }
 
-std::vector<TickBox> TickBoxes(const WizardState& wizard, const FieldOption& option) {
-    std::vector<TickBox> boxes;
-    for (const std::string& caption : TickCaptions(wizard))
-        boxes.push_back({option.upper ? UpperCaption(caption) : caption, option.ticked[boxes.size()]});
-    return boxes;
+/// The recipe's fields, but for those that have an option of their own. Its numbers go on from the document's.
+void AddRecipe(std::vector<FieldOption>& options, const TabDocument& document, const FillArguments& arguments) {
+    const std::string source = "--recipe " + OneLine(arguments.recipe);
+    const std::vector<FieldOption> given = options;
+    Recipe recipe = ReadStoredRecipe(arguments.recipe, arguments.ini);
+    if (recipe.empty())
+        throw UsageError(source + ": there is no such recipe");
+    for (FieldSetting& setting : recipe) {
+        setting.choice.numbers.first = FirstNumberAfter(document, setting.fieldNo - 1, setting.choice.numbers);
+        if (std::none_of(given.begin(), given.end(),
+                         [&](const FieldOption& option) { return option.setting.fieldNo == setting.fieldNo; }))
+            options.push_back({source, setting});
+    }
 }
 
-/// What a person does on the wizard's pages for one field.
-void Configure(WizardState& wizard, const FieldOption& option) {
-    ChooseKind(wizard, option.kind);
-    if (option.kind == ValueKind::Numeric) {
-        FillNumbers(wizard, option.numbers);
-    } else if (option.kind == ValueKind::Text) {
-        if (CharacterCount(Trim(option.text)) > static_cast<std::size_t>(wizard.FieldMaxLen))
-            throw UsageError("value has more than " + std::to_string(wizard.FieldMaxLen) + " characters");
-        FillText(wizard, option.text);
-    } else {
-        ChooseStyle(wizard, option.style);
-        FillNames(wizard, TickBoxes(wizard, option));
-    }
+void CheckLength(const FieldSetting& setting, int fieldsInUse) {
+    const auto most = static_cast<std::size_t>(MostCharacters(setting.fieldNo, fieldsInUse));
+    if (setting.choice.kind == ValueKind::Text && CharacterCount(Trim(setting.choice.text)) > most)
+        throw UsageError("value has more than " + std::to_string(most) + " characters");
 }
 
 void ChooseAndConfigure(WizardState& wizard, const TabDocument& document, const FieldOption& option) {
     try {
-        if (option.fieldNo > document.setup.NoOfFields)
+        if (option.setting.fieldNo > document.setup.NoOfFields)
             throw UsageError("fields per tab in this document: " + std::to_string(document.setup.NoOfFields));
-        ChooseField(wizard, document, option.fieldNo);
-        Configure(wizard, option);
+        CheckLength(option.setting, document.setup.NoOfFields);
+        GiveField(wizard, document, option.setting);
     } catch (const UsageError& error) {
-        throw UsageError("--field " + option.source + ": " + error.what());
+        throw UsageError(option.source + ": " + error.what());
     } catch (const OverflowError& error) {
-        throw UsageError("--field " + option.source + ": " + error.what());
+        throw UsageError(option.source + ": " + error.what());
     }
 }
 
@@ -70,12 +93,16 @@ void Append(BatchProgram& program, const WizardState& wizard) {
 const int kMostTabsToFill = kMostNewTabs;
 
 int RunFill(const FillArguments& arguments) {
-    const std::vector<FieldOption> options = ParseFields(arguments.fields);
+    std::vector<FieldOption> options = ParseFields(arguments.fields);
+    if (options.empty() && arguments.recipe.empty())
+        throw UsageError("fill needs --field or --recipe");
     BatchProgram program;
     program.Load(arguments.file);
     MainModule& main = program.Main();
     if (arguments.start > main.document.TabCount + 1)
         throw UsageError("--start: the document has " + std::to_string(main.document.TabCount) + " tabs");
+    if (!arguments.recipe.empty())
+        AddRecipe(options, main.document, arguments);
     WizardState wizard;
     StartWizard(wizard);
     ConfirmCount(wizard, std::to_string(arguments.count));
@@ -88,6 +115,14 @@ int RunFill(const FillArguments& arguments) {
     WarnOfCommas(main);
     if (!program.Told().empty())
         std::cerr << "velmora-batch: " << program.Told() << '\n';
+    return kDone;
+}
+
+int RunRecipes(const std::string& ini) {
+    BatchProgram program;
+    program.UseOwnSettings(ini);
+    for (const std::string& name : RecipeNames(program.Settings()))
+        std::cout << name << '\n';
     return kDone;
 }
 

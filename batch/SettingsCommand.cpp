@@ -3,9 +3,7 @@
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "base/Text.h"
-#include "base/Validate.h"
 #include "batch/BatchProgram.h"
-#include "platform/Machine.h"
 
 #include <iostream>
 
@@ -38,15 +36,14 @@ void CheckNames(const SettingsArguments& arguments) {
 
 void ChooseFile(BatchProgram& program, const SettingsArguments& arguments) {
     SettingsStore& store = program.Settings();
-    store.ProgramFolder = FindProgramFolder(SystemEnvironment());
     const bool changes = arguments.action == SettingsAction::Set || arguments.action == SettingsAction::Delete;
     if (!arguments.ini.empty()) {
         store.InMemory = false;
         store.IniFile = PathOf(arguments.ini);
     } else if (changes) {
         throw UsageError("name the file to change with --ini");
-    } else if (FileExists(store.OwnIniFile())) {
-        program.UseSettings(store.OwnIniFile()); // the person's own program's, which is only read
+    } else {
+        program.UseOwnSettings("");
     }
     std::error_code error;
     if (!arguments.ini.empty() &&

@@ -149,7 +149,7 @@ struct Bench {
         WizardState wizard;
         ConfirmCount(wizard, std::to_string(kFilledTabs));
         ChooseField(wizard, main.document, 1);
-        FillNumbers(wizard, {1, 5, "No.", "/x"});
+        GiveValues(wizard, {.numbers = {1, 5, "No.", "/x"}});
         if (!AppendWizardTabs(main, wizard))
             throw Error("the wizard refused");
         main.history.KeepSteps(0);

@@ -2,9 +2,9 @@
 #include "base/Text.h"
 #include "batch/BatchProgram.h"
 #include "batch/CommandLine.h"
-#include "batch/FieldOption.h"
 #include "fuzz/Fuzz.h"
 #include "print/NumberList.h"
+#include "wizard/FieldWords.h"
 
 #include <algorithm>
 #include <sstream>
@@ -20,7 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ParseCommandLine(arguments, output, output);
     for (const std::string& argument : arguments) {
         try {
-            ParseFieldOption(argument);
+            const std::string words = FieldWords(ParseFieldWords(argument));
+            Require(FieldWords(ParseFieldWords(words)) == words, "a field's words are read back");
         } catch (const Error&) {}
         try {
             const std::vector<int> numbers = ParseNumberList(argument, 1365, {"page", "document"});

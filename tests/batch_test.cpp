@@ -225,6 +225,26 @@ TEST_F(BatchTest, FillGivesTheTabsFromOneOnTheirTexts) {
     EXPECT_EQ(Batch("check in.csv").output, "");
 }
 
+TEST_F(BatchTest, FillTakesARecipeOfTheSettings) {
+    Write("in.csv", TabFileText(0, 2, "0,0", 24, [](int tab) { return "2026/" + std::to_string(100 + tab) + ",,"; }));
+    Write("Velmora.ini", "[Recipes]\r\nMonthly A=A=number,first=1,width=3,before=2026/\r\n"
+                         "Monthly B=B=month,style=1,names=3+4,repeat=2\r\nDays A=A=day\r\nDays B=B=year\r\n");
+    EXPECT_EQ(Batch("recipes --ini Velmora.ini").output, "Monthly\nDays\n");
+    const std::string fill = "fill in.csv --start 25 --count 3 --ini Velmora.ini -o ";
+    EXPECT_EQ(Batch(fill + "out.csv --recipe monthly").output, "");
+    EXPECT_NE(ReadFile(folder / "out.csv").find("2026/125,March,\r\n2026/126,March,\r\n2026/127,April,\r\n"),
+              std::string::npos)
+        << ReadFile(folder / "out.csv");
+    Batch(fill + "out.csv --recipe Monthly --field B=text,value=May");
+    EXPECT_NE(ReadFile(folder / "out.csv").find("2026/125,May,\r\n"), std::string::npos);
+    const std::pair<const char*, const char*> refused[] = {
+        {"none", "--recipe none: there is no such recipe"},
+        {"Days", "[Recipes] Days B: \"year\" is none of number, month, day and text"}};
+    for (const auto& [name, cause] : refused)
+        EXPECT_EQ(Batch(fill + "no.csv --recipe " + name).output, std::string("velmora-batch: ") + cause + "\n");
+    EXPECT_FALSE(fs::exists(folder / "no.csv"));
+}
+
 TEST_F(BatchTest, FillRefusesWhatTheWizardWould) {
     Write("in.csv", TabFileText(0, 2, "0,0", 24, [](int) { return "a,b,c"; }));
     const std::pair<std::string, std::string> fields[] = {

@@ -6,6 +6,7 @@
 #include "tests/support/TestProgram.h"
 #include "wizard/AppendWizardTabs.h"
 #include "wizard/FontPage.h"
+#include "wizard/NewTabs.h"
 #include "wizard/NextNumber.h"
 #include "workspace/Pages.h"
 #include "workspace/Undo.h"
@@ -27,11 +28,13 @@ std::string Made(const ValueSeries& series, int count) {
     FieldTexts buffer;
     buffer.ReDim(count);
     FillBuffer(series, buffer);
-    const Preview preview = PreviewValues(series, count);
-    EXPECT_EQ(preview.last, buffer(count)) << "the preview tells what will be made";
-    for (std::size_t i = 0; i < preview.first.size(); ++i)
-        EXPECT_EQ(preview.first[i], buffer(static_cast<int>(i) + 1));
+    for (int tab = 1; tab <= count; ++tab)
+        EXPECT_EQ(ValueAt(series, tab, count), buffer(tab)) << "the preview tells what will be made";
     return Joined(buffer, 1, count);
+}
+
+FieldChoice Text(const std::string& text) {
+    return {.kind = ValueKind::Text, .text = text};
 }
 
 TEST(ValueSeries, NumbersFollowTheNumberPage) {
@@ -55,7 +58,8 @@ TEST(ValueSeries, NumbersFollowTheNumberPage) {
         EXPECT_EQ(Made(ReadNumberPage(c.first, format, c.before, c.after), 3), c.wanted);
     }
     EXPECT_THROW(ReadNumberPage("2147483648", "", "", ""), OverflowError);
-    EXPECT_THROW(PreviewValues(NumberSeries{2147483646, 0, "", ""}, 3), OverflowError);
+    EXPECT_THROW(PreviewText(NumberSeries{2147483646, 0, "", ""}, 3), OverflowError);
+    EXPECT_EQ(Made(NumberSeries{2147483646, 0, "", "", 2}, 4), "2147483646|2147483646|2147483647|2147483647");
 }
 
 TEST(ValueSeries, CapitalsAreThoseOfTheNamesAlone) {
@@ -80,6 +84,7 @@ TEST(ValueSeries, TheNextNumberFollowsTheLastOne) {
                  {{"3", "9", "no number"}, NumberSeries{10, 0, "", ""}},
                  {{"007", "2024-1"}, NumberSeries{8, 3, "", ""}}, // two numbers are no number
                  {{"Box 9", "99999999999"}, NumberSeries{10, 1, "Box ", ""}},
+                 {{"Tab 12"}, NumberSeries{13, 1, "Tab ", ""}},
                  {{"2147483647", "ë"}, std::nullopt}};
     for (const auto& c : cases) {
         TabDocument document;
@@ -110,7 +115,7 @@ struct WizardTest : testing::Test {
         StartWizard(wizard);
         ASSERT_EQ(ConfirmCount(wizard, count), std::nullopt);
         ChooseField(wizard, document, 1);
-        FillNumbers(wizard, {});
+        GiveValues(wizard, {});
     }
     std::string State() {
         return Joined(document.FieldA, 1, document.FieldA.Count()) +
@@ -134,23 +139,27 @@ TEST_F(WizardTest, TheNumberOfFieldsDecidesOnFieldsAndLimits) {
                   name + " will be set to a LIMITED amount of " + std::to_string(c.limit) + " characters.");
         EXPECT_EQ(TextsOfPage(WizardPage::Type, wizard).lines[0],
                   name + " can be set to one of four type of settings.");
-        FillText(wizard, "  ëëëëëëëëëëëëëëëëëëëëëëëëë ");
+        GiveValues(wizard, Text("  ëëëëëëëëëëëëëëëëëëëëëëëëë "));
         EXPECT_EQ(CharacterCount(wizard.Buffer(c.field - 1)(1)), static_cast<std::size_t>(c.limit));
     }
-    FillText(wizard, "  Hello  ");
+    GiveValues(wizard, Text("  Hello  "));
     EXPECT_EQ(wizard.WizFieldC(1), "Hello");
 }
 
-TEST_F(WizardTest, ACountBeginsAnew) {
-    document.setup.NoOfFields = 1;
-    for (const char* count : {"5", "6"}) {
-        Number("5");
-        EXPECT_NE(ConfirmCount(wizard, "0"), std::nullopt);
-        EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Fonts) << "what is no count changes nothing";
-        EXPECT_EQ(ConfirmCount(wizard, count), std::nullopt);
-        EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Chooser);
-        EXPECT_EQ(Joined(wizard.WizFieldA, 1, 5) + wizard.LastFillFlag, "||||");
-    }
+TEST_F(WizardTest, AnotherCountKeepsWhatWasChosen) {
+    document.setup.NoOfFields = 2;
+    Number("5");
+    ChooseField(wizard, document, 2);
+    GiveValues(wizard, {.numbers = {2147483643}});
+    EXPECT_NE(ConfirmCount(wizard, "0"), std::nullopt);
+    EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Fonts) << "what is no count changes nothing";
+    StartWizard(wizard); // back over the introduction
+    EXPECT_EQ(ConfirmCount(wizard, "6"), std::nullopt);
+    EXPECT_EQ(Joined(wizard.WizFieldA, 1, 6) + wizard.LastFillFlag, "1|2|3|4|5|6");
+    EXPECT_TRUE(wizard.WizFieldUsed[0]);
+    EXPECT_EQ(PageAfterField(wizard, document), WizardPage::Chooser) << "field B would overflow";
+    EXPECT_EQ(ConfirmCount(wizard, "3"), std::nullopt);
+    EXPECT_EQ(wizard.WizFieldB(3), "2147483645");
 }
 
 TEST_F(WizardTest, TickedNamesComeInTurn) {
@@ -170,15 +179,15 @@ TEST_F(WizardTest, TickedNamesComeInTurn) {
     for (const auto& c : cases) {
         EXPECT_EQ(ChooseKind(wizard, c.kind), WizardPage::Style);
         ChooseStyle(wizard, c.style);
-        std::vector<TickBox> boxes;
-        for (const std::string& caption : TickCaptions(wizard))
-            boxes.push_back({caption});
-        EXPECT_EQ(FillNames(wizard, boxes), "Please make a selection before you click next or click on Cancel.");
+        FieldChoice choice = wizard.Entry();
+        EXPECT_EQ(GiveValues(wizard, choice), "Please make a selection before you click next or click on Cancel.");
         for (const std::size_t box : c.ticked)
-            boxes[box].ticked = true;
-        EXPECT_EQ(FillNames(wizard, boxes), std::nullopt);
+            (c.kind == ValueKind::Month ? choice.months[box] : choice.days[box]) = true;
+        EXPECT_EQ(GiveValues(wizard, choice), std::nullopt);
         EXPECT_EQ(Joined(wizard.WizFieldA, 1, 5), c.wanted);
         EXPECT_EQ(wizard.LastFillFlag, c.flag);
+        wizard.Entries[0] = {};
+        EXPECT_EQ(wizard.Entries[1].style, c.style) << "what comes next is in the same language";
     }
 }
 
@@ -221,6 +230,85 @@ TEST_F(WizardTest, AppendingGrowsByWholePagesFromTheTabInUse) {
     }
 }
 
+TEST_F(WizardTest, NewTabsMayStandBehindTheLastText) {
+    MakeDocument(3, 2);
+    document.CurrentTab = 28;
+    for (int tab = 50; tab <= 72; ++tab)
+        document.FieldA(tab) = document.FieldB(tab) = "";
+    EXPECT_EQ(FromTabInUse(document) + "|" + FromBehindLast(document),
+              "from tab 28, where you are|behind the last text, from tab 50");
+    EXPECT_EQ(PlaceOf(document, false, 30).place, "These will be tabs 28 to 57.");
+    EXPECT_EQ(PlaceOf(document, false, 30).warning, "22 of them hold texts, which will be replaced.");
+    EXPECT_EQ(PlaceOf(document, true, 30).warning, "");
+    Number("30");
+    wizard.BehindLast = true;
+    EXPECT_EQ(TextsOfNewTab(document, wizard, 1), (TabTexts{"1", "", ""}));
+    EXPECT_EQ(TextsOfNewTab(document, wizard, 2, NumberSeries{7}), (TabTexts{"8", "", ""})) << "as it is entered";
+    ASSERT_TRUE(AppendWizardTabs(main, wizard));
+    EXPECT_EQ(Joined(document.FieldA, 49, 51) + Joined(document.FieldA, 79, 80), "a49|1|230|");
+    EXPECT_EQ(document.CurrentTab, 50);
+    EXPECT_EQ(document.CurrentPage, 3);
+    EXPECT_EQ(document.TabCount, 96);
+}
+
+TEST_F(WizardTest, TheNumberAdvisedIsTheMostThatIsAccepted) {
+    for (const int type : {0, 3, 5})
+        for (const int start : {1, 2, 24, 25, 32700}) {
+            MakeDocument(1, 1, type);
+            const auto refusal = RefuseNewTabs(document, start, 32766);
+            ASSERT_TRUE(refusal);
+            const int most = std::stoi(refusal->substr(refusal->rfind(' ')));
+            EXPECT_FALSE(RefuseNewTabs(document, start, most));
+            EXPECT_TRUE(RefuseNewTabs(document, start, most + 1));
+            EXPECT_LT(start + most - 1, 32767);
+        }
+    EXPECT_TRUE(RefuseNewTabs(document, 2, 32766)->ends_with(" 32759"));
+    EXPECT_EQ(PlaceOf(document, false, 32766).warning, RefuseNewTabs(document, 1, 32766));
+}
+
+TEST_F(WizardTest, FontsArePartOfItsOneStep) {
+    for (const bool changed : {false, true}) {
+        MakeDocument(1, 1);
+        document.DocChanged = changed;
+        const FontSettings before = main.fonts;
+        FontSettings chosen = before;
+        chosen[0].Bold = !chosen[0].Bold;
+        Number("2");
+        StoreWizardFonts(main, wizard, chosen);
+        StoreWizardFonts(main, wizard, before);
+        StoreWizardFonts(main, wizard, chosen);
+        program.ui.Expect(
+            "If you cancel this wizard, none of the settings will be saved.  Are you sure you want to cancel?",
+            Icon::Question, Buttons::YesNo, Answer::Yes, Answer::No);
+        EXPECT_TRUE(ConfirmCancel(main, wizard, WizardPage::Fonts));
+        EXPECT_TRUE(main.fonts == before && document.DocChanged == changed);
+        EXPECT_FALSE(history.CanUndo() || history.CanRedo());
+        Number("2");
+        StoreWizardFonts(main, wizard, chosen);
+        ASSERT_TRUE(AppendWizardTabs(main, wizard));
+        EXPECT_TRUE(main.fonts == chosen);
+        EXPECT_EQ(program.Stored("Font Settings", "Font Bold 1"), chosen[0].Bold ? "True" : "False");
+        UndoChange(main);
+        EXPECT_TRUE(main.fonts == before && !history.CanUndo());
+        EXPECT_EQ(document.FieldA(1), "a1");
+        RedoChange(main);
+        EXPECT_TRUE(main.fonts == chosen);
+        wizard = {};
+    }
+}
+
+TEST_F(WizardTest, NumbersGoOnWithTheirTextsAsTheDocumentHasThem) {
+    MakeDocument(1, 2);
+    ChooseField(wizard, document, 1);
+    EXPECT_EQ(wizard.Entry().numbers.width, kTextsAlone) << "the document ends in \"a24\"";
+    wizard.Entry().numbers.width = 0;
+    ChooseField(wizard, document, 1);
+    EXPECT_EQ(wizard.Entry().numbers.width, 0) << "as it was left";
+    EXPECT_EQ(ReadNumberPage("3", kNumberFormats[0], "Tab ", "", true).width, kTextsAlone);
+    EXPECT_EQ(ReadNumberPage("3", kNumberFormats[1], "Tab ", "", true).width, 2);
+    EXPECT_EQ(FormatOfWidth(kTextsAlone), 0U);
+}
+
 TEST_F(WizardTest, AppendingTakesThePageOnScreen) {
     MakeDocument(2, 2);
     FakeEditor editor;
@@ -238,7 +326,7 @@ TEST_F(WizardTest, WhatIsTooLargeLeavesAllAsItWas) {
         int type, currentTab;
         const char *count, *pages, *labels;
     } refused[] = {
-        {5, 0, "32766", "2730", "32760"}, {0, 24, "32738", "1365", "32736"}, {3, 2, "32725", "606", "32724"}};
+        {5, 0, "32766", "2730", "32760"}, {0, 24, "32738", "1365", "32737"}, {3, 2, "32725", "606", "32723"}};
     for (const auto& c : refused) {
         MakeDocument(2, 2, c.type);
         document.CurrentTab = static_cast<std::int16_t>(c.currentTab);
@@ -287,7 +375,7 @@ TEST_F(WizardTest, WhatIsStoredCanBeChosenOnTheFontPage) {
     EXPECT_EQ(page.HorizontalButton(2), 1) << "an unknown code is printed left";
     for (const bool changed : {false, true}) {
         document.DocChanged = changed;
-        EXPECT_FALSE(FontPage(main, few).Store());
+        FontPage(main, few).Store();
         EXPECT_EQ(document.DocChanged, changed) << "equal fonts are no change, and take none away";
     }
     program.ui.Expect("Please reinstall the printer fonts.\r\nCalled from Sub: FillFontType", Icon::Critical);

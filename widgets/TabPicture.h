@@ -1,4 +1,4 @@
-// Pictures of the stationery and of a tab, from the images folder.
+// Pictures of the stationery, from the images folder.
 #pragma once
 
 #include "workspace/mdlMain.h"

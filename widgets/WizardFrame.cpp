@@ -6,6 +6,7 @@
 
 #include <QFrame>
 #include <QPushButton>
+#include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -23,24 +24,18 @@ constexpr std::array<ButtonText, kWizardButtons> kButtonTexts = {
 constexpr const char* kWidestCaption = "&Next Field";
 
 // Room for the fullest page, in the desktop's own letters and lines.
-constexpr int kPageLetters = 120;
+constexpr int kPageLetters = 124;
 constexpr int kPageLines = 21;
 constexpr int kGap = 12;
 constexpr int kAnswerGap = 6;
 constexpr int kColumnGap = 24;
+constexpr QSize kAroundPage(64, 160); // frame, margins and buttons, in the largest letters
 
 QLabel* WrappedLabel(const QString& text) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
-}
-
-/// Sharp on a screen of any scale.
-QPixmap ForScreen(const QPixmap& picture, double scale) {
-    QPixmap scaled = picture.scaled(picture.size() * scale, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    scaled.setDevicePixelRatio(scale);
-    return scaled;
 }
 
 } // namespace
@@ -71,18 +66,13 @@ void WizardForm::SetButton(WizardButton button, bool enabled, const QString& cap
     emit ButtonsChanged();
 }
 
-void WizardForm::SetPicture(const QPixmap& picture, const QString& caption) {
-    if (picture.isNull())
-        return;
-    auto* image = new QLabel;
-    image->setObjectName("imgTab");
-    image->setPixmap(ForScreen(picture, devicePixelRatioF()));
+void WizardForm::SetPicture(QWidget* picture, const QString& caption) {
     pictureColumn_->setContentsMargins(0, 0, kColumnGap, 0);
-    pictureColumn_->addWidget(image);
+    pictureColumn_->addWidget(picture);
     if (!caption.isEmpty()) {
         QLabel* below = WrappedLabel(caption);
         below->setAlignment(Qt::AlignHCenter);
-        below->setFixedWidth(picture.width());
+        below->setFixedWidth(picture->sizeHint().width());
         pictureColumn_->addWidget(below);
         explanation_ << caption;
     }
@@ -148,13 +138,11 @@ void WizardFrame::BuildUi() {
         auto* button = new QPushButton(tr(kButtonTexts[i].caption));
         button->setObjectName(kButtonTexts[i].name);
         button->setMinimumWidth(width);
-        QSizePolicy policy = button->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        button->setSizePolicy(policy);
         connect(button, &QPushButton::clicked, this, [this, i] { Pressed(static_cast<WizardButton>(i)); });
         foot->addWidget(button);
         if (i == 0) {
-            foot->addWidget(MakeHelpButton());
+            cmdHelp_ = MakeHelpButton();
+            foot->addWidget(cmdHelp_);
             foot->addStretch();
         }
         buttons_[i] = button;
@@ -189,6 +177,10 @@ void WizardFrame::ShowPage(std::unique_ptr<WizardForm> page) {
     pageArea_->addWidget(page_);
     page_->show();
     connect(page_, &WizardForm::ButtonsChanged, this, &WizardFrame::ShowButtons);
+    connect(page_, &WizardForm::Answered, this,
+            [this](const QString& text) { explanation_.Give(focusWidget(), text); });
+    connect(page_, &WizardForm::EntriesDone, this, [this] { DefaultButton()->setFocus(Qt::TabFocusReason); });
+    LeadTabToButtons();
     GrowToPage();
     ShowButtons();
     FocusPage();
@@ -208,19 +200,39 @@ void WizardFrame::ShowButtons() {
     Button(finish ? WizardButton::Finish : WizardButton::Next)->setDefault(true);
 }
 
+/// From a page's last control to the one that goes on.
+void WizardFrame::LeadTabToButtons() {
+    QWidget* last = nullptr;
+    for (QWidget* control : page_->findChildren<QWidget*>())
+        if (control->focusPolicy() & Qt::TabFocus)
+            last = control;
+    for (QWidget* button : {Button(WizardButton::Next), Button(WizardButton::Finish), Button(WizardButton::Previous),
+                            Button(WizardButton::Cancel), cmdHelp_}) {
+        if (last)
+            setTabOrder(last, button);
+        last = button;
+    }
+}
+
+QPushButton* WizardFrame::DefaultButton() const {
+    return Button(Button(WizardButton::Finish)->isDefault() ? WizardButton::Finish : WizardButton::Next);
+}
+
 void WizardFrame::FocusPage() {
     QWidget* first = page_->FirstFocus();
     if (!first)
-        first = Button(Button(WizardButton::Finish)->isDefault() ? WizardButton::Finish : WizardButton::Next);
+        first = DefaultButton();
     explanation_.Give(first, page_->Explanation());
     first->setFocus(Qt::TabFocusReason); // which selects an entry's text
 }
 
-/// One smallest size for all pages; only a page whose wrapped texts need more, in a very large font, gets more.
+/// One smallest size for all pages, which fits the screen; only a page whose wrapped texts need more, in a very large
+/// font, gets more.
 void WizardFrame::GrowToPage() {
     if (!page_)
         return;
-    const QSize smallest(kPageLetters * fontMetrics().averageCharWidth(), kPageLines * fontMetrics().lineSpacing());
+    const QSize wanted(kPageLetters * fontMetrics().averageCharWidth(), kPageLines * fontMetrics().lineSpacing());
+    const QSize smallest = wanted.boundedTo(screen()->availableSize() - kAroundPage);
     const int width = std::max(smallest.width(), page_->width());
     const int needed = page_->layout()->hasHeightForWidth() ? page_->layout()->totalMinimumHeightForWidth(width)
                                                             : page_->layout()->totalMinimumSize().height();

@@ -6,7 +6,6 @@
 #include "workspace/mdlMain.h"
 
 #include <QDialog>
-#include <QPixmap>
 
 #include <array>
 #include <memory>
@@ -51,6 +50,10 @@ public:
 
 signals:
     void ButtonsChanged();
+    /// The last entry was left with Enter: the default button is next.
+    void EntriesDone();
+    /// What the page says to what was just done in it, for who does not see it: read at the control in use.
+    void Answered(const QString& text);
 
 protected:
     /// Every page has Cancel; the other buttons are there once they are set, with the captions "&Previous", "&Next" and
@@ -59,7 +62,7 @@ protected:
     void SetButton(WizardButton button, bool enabled, const QString& caption);
 
     /// The column on the left, with a caption below the picture; without a picture the page has none.
-    void SetPicture(const QPixmap& picture, const QString& caption = {});
+    void SetPicture(QWidget* picture, const QString& caption = {});
     void SetHeading(const QString& heading);
     /// A text below what is there, wrapped.
     QLabel* AddText(const QString& text);
@@ -109,6 +112,8 @@ private:
     void BuildUi();
     void Pressed(WizardButton button);
     void ShowButtons();
+    QPushButton* DefaultButton() const;
+    void LeadTabToButtons();
     void FocusPage();
     void GrowToPage();
     QPushButton* Button(WizardButton button) const { return buttons_[static_cast<std::size_t>(button)]; }
@@ -118,6 +123,7 @@ private:
     WizardForm* page_ = nullptr;
     Description explanation_; ///< of the page, on the control that has the focus first
     std::array<QPushButton*, kWizardButtons> buttons_ = {};
+    QPushButton* cmdHelp_ = nullptr;
 };
 
 } // namespace velmora

@@ -2,6 +2,8 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "wizard/FontPage.h"
+#include "wizard/NewTabs.h"
 #include "workspace/Dialogs.h"
 #include "workspace/Globals.h"
 #include "workspace/Pages.h"
@@ -10,6 +12,7 @@
 #include "workspace/Undo.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace velmora {
 namespace {
@@ -20,14 +23,6 @@ std::int16_t PagesAfter(const TabDocument& document, int start, int count) {
     return std::max(document.NoOfPages, PagesForTabs(last, document.setup.TabsPerPage));
 }
 
-void TellLimit(MainModule& main, int start) {
-    const int perPage = main.document.setup.TabsPerPage;
-    main.ui.Beep();
-    Tell(main.ui, "The maximum number of pages for this type on label is: " + std::to_string(kMostTabs / perPage) +
-                      "\r\nPlease change your number of labels to " +
-                      std::to_string((kMostTabs - 1 - start) / perPage * perPage));
-}
-
 void GrowTo(TabDocument& document, std::int16_t pages) {
     document.NoOfPages = pages;
     document.TabCount = Multiply16(pages, document.setup.TabsPerPage);
@@ -36,50 +31,54 @@ void GrowTo(TabDocument& document, std::int16_t pages) {
 }
 
 /// A field that was chosen and then left without values keeps its texts.
-void CopyValues(const WizardState& wizard, TabDocument& document) {
+void CopyValues(const WizardState& wizard, TabDocument& document, int start) {
     for (std::size_t field = 0; field < kFieldsPerTab; ++field)
         if (wizard.WizFieldUsed[field] && wizard.FieldDone[field])
             CopyTabRange(wizard.Buffer(static_cast<int>(field)), 1, wizard.NewTabCount,
-                         document.Field(static_cast<int>(field)), document.CurrentTab);
+                         document.Field(static_cast<int>(field)), start);
 }
 
-int TabsWithText(const TabDocument& document, int first, int last) {
-    int filled = 0;
-    for (int tab = first; tab <= std::min(last, document.TabCount); ++tab)
-        filled += IsEmptyTab(document, tab) ? 0 : 1;
-    return filled;
+/// The fonts chosen on the way belong to the step that fills the tabs.
+std::unique_ptr<UndoStep> BeginStep(MainModule& main, const WizardState& wizard) {
+    const FontSettings chosen = main.fonts;
+    const SettingsBatch batch(main.settings);
+    if (wizard.Fonts)
+        PutFontsBack(main, *wizard.Fonts);
+    auto step = std::make_unique<UndoStep>(main.history, main.State(), "AutoRepeat Wizard");
+    if (wizard.Fonts)
+        StoreFonts(main, chosen);
+    return step;
 }
 
 } // namespace
 
-std::string PlaceOfNewTabs(const TabDocument& document, int count) {
-    const int first = std::max<int>(1, document.CurrentTab);
-    const int last = first + count - 1;
-    const int filled = TabsWithText(document, first, last);
-    std::string text = "These will be tabs " + std::to_string(first) + " to " + std::to_string(last) + ".";
-    if (filled > 0)
-        text += " Tabs among them that hold texts now: " + std::to_string(filled) + ".";
-    return text;
+bool TellRefusal(MainModule& main, bool behindLast, std::int32_t count) {
+    const auto refusal = RefuseNewTabs(main.document, FirstNewTab(main.document, behindLast), count);
+    if (!refusal)
+        return false;
+    main.ui.Beep();
+    Tell(main.ui, *refusal);
+    return true;
 }
 
 bool AppendWizardTabs(MainModule& main, const WizardState& wizard) {
     TabDocument& document = main.document;
-    const std::int16_t start = std::max<std::int16_t>(1, document.CurrentTab);
+    const int start = FirstNewTab(document, wizard.BehindLast);
     const std::int16_t pages = PagesAfter(document, start, wizard.NewTabCount);
-    document.CurrentTab = start;
-    if (pages * document.setup.TabsPerPage >= kMostTabs) {
-        TellLimit(main, start);
+    document.CurrentTab = std::max<std::int16_t>(1, document.CurrentTab);
+    if (TellRefusal(main, wizard.BehindLast, wizard.NewTabCount))
         return false;
-    }
     TakePageBack(main);
     KeepRecoveryCopy(main);
-    UndoStep step(main.history, main.State(), "AutoRepeat Wizard");
+    const auto step = BeginStep(main, wizard);
     GrowTo(document, pages);
-    CopyValues(wizard, document);
+    CopyValues(wizard, document, start);
+    document.CurrentTab = static_cast<std::int16_t>(start);
     document.CurrentPage = PagesForTabs(start, document.setup.TabsPerPage);
     SaveGlobals(main);
     ShowChangedPages(main);
-    main.status->Tell({Counted(static_cast<std::size_t>(wizard.NewTabCount), "tab") + " filled", step.Commit()});
+    main.editor->ShowText({start, 0}, 0, std::string::npos);
+    main.status->Tell({Counted(static_cast<std::size_t>(wizard.NewTabCount), "tab") + " filled", step->Commit()});
     return true;
 }
 

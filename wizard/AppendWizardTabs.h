@@ -3,18 +3,19 @@
 
 #include "wizard/WizardState.h"
 
-#include <string>
+#include <cstdint>
 
 namespace velmora {
 
-/// Writes the values of the fields used into the tabs from `CurrentTab` on (from tab 1 while that is 0), also empty
-/// ones over what stands there; fields not used keep their texts, and the document never shrinks. Stores the document's
-/// properties and shows the page of the first tab. False, with the limit told and nothing but `CurrentTab` changed,
-/// when the document would hold too many pages. Raises OverflowError, with nothing changed, when the last tab has no
-/// 16-bit number.
+/// Writes the values of the fields used into the tabs from the tab in use on (from tab 1 while there is none), or from
+/// behind the last text on, also empty ones over what stands there; fields not used keep their texts, and the document
+/// never shrinks. Stores the document's properties and shows the first of the tabs. Fonts that the wizard stored
+/// belong to its one step of undo. False, with the limit told and nothing but a `CurrentTab` of 0 changed, when the
+/// document would hold too many pages. Raises OverflowError, with nothing changed, when the last tab has no 16-bit
+/// number.
 bool AppendWizardTabs(MainModule& main, const WizardState& wizard);
 
-/// Says which tabs `count` new ones will be, and how many of them hold texts that may be replaced.
-std::string PlaceOfNewTabs(const TabDocument& document, int count);
+/// Says why that many tabs cannot be filled; false where they can.
+bool TellRefusal(MainModule& main, bool behindLast, std::int32_t count);
 
 } // namespace velmora

@@ -38,6 +38,12 @@ template <typename Work> void TellFailure(UserInterface& ui, const char* words, 
 
 } // namespace
 
+void StoreFonts(MainModule& main, const FontSettings& fonts) {
+    main.document.DocChanged = main.document.DocChanged || main.fonts != fonts; // the file's header carries them
+    main.fonts = fonts;
+    SaveFontSettings(main.settings, fonts);
+}
+
 FontPage::FontPage(MainModule& main, const FontCatalogue& catalogue)
     : main_(main), catalogue_(catalogue), draft_(main.fonts) {
     TellFailure(main_.ui, "Please reinstall the printer fonts.", "Called from Sub: FillFontType",
@@ -109,16 +115,12 @@ int FontPage::VerticalButton(int field) const {
     return ButtonOf(kVerticalCodes, Font(field).VerticalAlignment, 2);
 }
 
-bool FontPage::Store() {
+void FontPage::Store() {
     TakePageBack(main_);
-    const bool changed = main_.fonts != draft_;
     UndoStep step(main_.history, main_.State(), "Fonts");
-    main_.fonts = draft_;
-    SaveFontSettings(main_.settings, main_.fonts);
-    main_.document.DocChanged = main_.document.DocChanged || changed; // the file's header carries them
+    StoreFonts(main_, draft_);
     step.Commit();
     main_.editor->BringUp();
-    return changed;
 }
 
 } // namespace velmora

@@ -16,6 +16,9 @@ struct TypefaceChoice {
     std::string Caption; ///< the name, and what replaces it where it is not installed
 };
 
+/// As the document's fonts and in the settings, which makes no step of undo.
+void StoreFonts(MainModule& main, const FontSettings& fonts);
+
 class FontPage {
 public:
     /// Loads the stored fonts and fills the lists. What fails is reported, and the lists hold what there is.
@@ -39,9 +42,9 @@ public:
     int HorizontalButton(int field) const;
     int VerticalButton(int field) const;
 
-    /// Stores the draft as the document's fonts, as the step "Fonts", and shows the editor anew. True when they are
-    /// other fonts than before.
-    bool Store();
+    /// Stores the draft as the document's fonts, as the step "Fonts", and shows the editor anew.
+    void Store();
+    const FontSettings& Fonts() const { return draft_; }
 
 private:
     FieldFont& Draft(int field) { return draft_.at(static_cast<std::size_t>(field)); }

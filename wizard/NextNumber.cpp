@@ -21,12 +21,33 @@ std::optional<NumberSeries> SeriesAfter(std::string_view text) {
     if (error != std::errc() || stop != digits.data() + digits.size() ||
         number == std::numeric_limits<std::int32_t>::max())
         return std::nullopt;
-    const bool bare = digits.size() == text.size() && (digits.size() == 1 || digits[0] != '0');
-    return NumberSeries{number + 1, bare ? 0 : static_cast<int>(digits.size()), std::string(text.substr(0, first)),
+    return NumberSeries{number + 1, WidthOf(digits, digits.size() < text.size()), std::string(text.substr(0, first)),
                         std::string(text.substr(end))};
 }
 
+/// The number of a value of the series; nullopt for a text that is none.
+std::optional<std::int32_t> NumberIn(std::string_view text, const NumberSeries& series) {
+    const bool bare = series.width == 0;
+    const std::string_view before = bare ? "" : std::string_view(series.before);
+    const std::string_view after = bare ? "" : std::string_view(series.after);
+    if (text.size() < before.size() + after.size() || !text.starts_with(before) || !text.ends_with(after))
+        return std::nullopt;
+    const std::string_view digits = text.substr(before.size(), text.size() - before.size() - after.size());
+    std::int32_t number = 0;
+    const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return error == std::errc() && stop == digits.data() + digits.size() ? std::optional(number) : std::nullopt;
+}
+
 } // namespace
+
+std::int32_t FirstNumberAfter(const TabDocument& document, int field, const NumberSeries& series) {
+    const FieldTexts& texts = document.Field(field);
+    for (std::int32_t tab = texts.Count(); tab >= 1; --tab)
+        if (const auto number = NumberIn(texts(tab), series);
+            number && *number < std::numeric_limits<std::int32_t>::max())
+            return *number + 1;
+    return series.first;
+}
 
 std::optional<NumberSeries> NextNumberInDocument(const TabDocument& document, int field) {
     const FieldTexts& texts = document.Field(field);

@@ -12,4 +12,8 @@ namespace velmora {
 /// no tab has a number, or one that none can follow in 32 bits.
 std::optional<NumberSeries> NextNumberInDocument(const TabDocument& document, int field);
 
+/// The number with which a series goes on behind the last of its values that field 0, 1 or 2 of the document holds; its
+/// own first number where there is none.
+std::int32_t FirstNumberAfter(const TabDocument& document, int field, const NumberSeries& series);
+
 } // namespace velmora

@@ -33,7 +33,7 @@ std::string Capitalised(std::string_view upper) {
 // written over old ones, so that a run costs no memory for texts that fit their strings.
 
 void CheckRange(const NumberSeries& series, std::int32_t count) {
-    if (count > 0 && series.first > std::numeric_limits<std::int32_t>::max() - (count - 1))
+    if (count > 0 && series.first > std::numeric_limits<std::int32_t>::max() - (count - 1) / series.repeat)
         throw OverflowError();
 }
 void CheckRange(const NameSeries&, std::int32_t) {}
@@ -41,7 +41,8 @@ void CheckRange(const TextSeries&, std::int32_t) {}
 
 void WriteValue(const NumberSeries& series, std::int32_t index, std::string& value) {
     std::array<char, 16> text{};
-    const char* const end = std::to_chars(text.data(), text.data() + text.size(), series.first + index).ptr;
+    const char* const end =
+        std::to_chars(text.data(), text.data() + text.size(), series.first + index / series.repeat).ptr;
     if (series.width == 0) {
         value.assign<const char*>(text.data(), end);
         return;
@@ -55,7 +56,7 @@ void WriteValue(const NumberSeries& series, std::int32_t index, std::string& val
 }
 
 void WriteValue(const NameSeries& series, std::int32_t index, std::string& value) {
-    value = series.names[static_cast<std::size_t>(index) % series.names.size()];
+    value = series.names[static_cast<std::size_t>(index / series.repeat) % series.names.size()];
 }
 
 void WriteValue(const TextSeries& series, std::int32_t, std::string& value) {
@@ -107,9 +108,17 @@ int FormatWidth(std::string_view format) {
 }
 
 std::size_t FormatOfWidth(int width) {
+    if (width == kTextsAlone)
+        return 0;
     const auto found = std::find_if(kNumberFormats.begin(), kNumberFormats.end(),
                                     [&](std::string_view format) { return FormatWidth(format) >= width; });
     return std::min(static_cast<std::size_t>(found - kNumberFormats.begin()), kNumberFormats.size() - 1);
+}
+
+int WidthOf(std::string_view digits, bool withTexts) {
+    if (digits.size() > 1 && digits.starts_with('0'))
+        return static_cast<int>(digits.size());
+    return withTexts ? kTextsAlone : 0;
 }
 
 std::string UpperCaption(std::string_view caption) {
@@ -139,28 +148,35 @@ void FillBuffer(const ValueSeries& series, FieldTexts& buffer) {
         series);
 }
 
-Preview PreviewValues(const ValueSeries& series, std::int32_t count) {
-    constexpr std::int32_t kShown = 3;
-    Preview preview;
+std::string ValueAt(const ValueSeries& series, std::int32_t tab, std::int32_t count) {
+    std::string value;
     std::visit(
         [&](const auto& values) {
             CheckRange(values, count);
-            preview.first.resize(static_cast<std::size_t>(std::min(count, kShown)));
-            for (std::size_t i = 0; i < preview.first.size(); ++i)
-                WriteValue(values, static_cast<std::int32_t>(i), preview.first[i]);
-            WriteValue(values, count - 1, preview.last);
+            WriteValue(values, tab - 1, value);
         },
         series);
-    return preview;
+    return value;
 }
 
 std::string PreviewText(const ValueSeries& series, std::int32_t count) {
-    const Preview preview = PreviewValues(series, count);
+    constexpr std::int32_t kShown = 3;
+    if (const auto* fixed = std::get_if<TextSeries>(&series))
+        return fixed->text + " on every tab";
+    const std::int32_t shown = std::min(count, kShown);
     std::string text;
-    for (const std::string& value : preview.first)
-        text += (text.empty() ? "" : ", ") + value;
-    const auto shown = static_cast<std::int32_t>(preview.first.size());
-    return count == shown ? text : text + (count == shown + 1 ? ", " : " ... ") + preview.last;
+    for (std::int32_t tab = 1; tab <= shown; ++tab)
+        text += (text.empty() ? "" : ", ") + ValueAt(series, tab, count);
+    return count == shown ? text : text + (count == shown + 1 ? ", " : " ... ") + ValueAt(series, count, count);
+}
+
+std::string OverviewText(const ValueSeries& series, std::int32_t count) {
+    const std::string first = ValueAt(series, 1, count);
+    if (count == 1)
+        return first;
+    if (count > 2 && !std::holds_alternative<NumberSeries>(series))
+        return first + ", " + ValueAt(series, 2, count) + " ...";
+    return first + (count == 2 ? ", " : " ... ") + ValueAt(series, count, count);
 }
 
 } // namespace velmora

@@ -28,26 +28,38 @@ inline constexpr int kWidestFormat = 15;
 
 /// Digits that the example in a format's text has; 0 for a text without an example.
 int FormatWidth(std::string_view format);
-/// The place in kNumberFormats of the narrowest format with at least `width` digits; the last one for more than it has.
+/// The place in kNumberFormats of the narrowest format with at least `width` digits; the last one for more than it has,
+/// the first one, without digits, for kTextsAlone.
 std::size_t FormatOfWidth(int width);
+
+/// The width that goes on as `digits` began: all of them where zeros fill them up, else 0, or
+/// kTextsAlone.
+int WidthOf(std::string_view digits, bool withTexts);
 
 /// The capital form of a caption that is one of the names; any other caption as it is.
 std::string UpperCaption(std::string_view caption);
 /// The way back: capital first letter, the rest small.
 std::string LowerCaption(std::string_view caption);
 
-/// first, first + 1 and so on. With a width of 0 the texts before and after are not used.
+inline constexpr int kMostRepeats = 32766;
+
+/// The width of numbers that have texts around them without being filled up.
+inline constexpr int kTextsAlone = 1;
+
+/// first, first + 1 and so on. With a width of 0 the texts before and after are not used; kTextsAlone fills nothing up.
 struct NumberSeries {
     std::int32_t first = 1;
     int width = 0; ///< least number of digits, filled up with zeros
-    std::string before;
-    std::string after;
+    std::string before = {};
+    std::string after = {};
+    int repeat = 1; ///< tabs in a row with the same number
     bool operator==(const NumberSeries&) const = default;
 };
 
 /// The names in turn, again and again. Never without a name.
 struct NameSeries {
     std::vector<std::string> names;
+    int repeat = 1; ///< tabs in a row with the same name
 };
 
 struct TextSeries {
@@ -63,15 +75,14 @@ TextSeries MakeTextSeries(std::string_view input, std::int16_t most);
 /// range.
 void FillBuffer(const ValueSeries& series, FieldTexts& buffer);
 
-struct Preview {
-    std::vector<std::string> first; ///< three, or all when there are fewer
-    std::string last;
-};
+/// What FillBuffer writes into entry `tab`, from 1, of `count`. Raises OverflowError when a number of theirs leaves the
+/// 32-bit range.
+std::string ValueAt(const ValueSeries& series, std::int32_t tab, std::int32_t count);
 
-/// What FillBuffer will write into `count` entries (at least 1). Raises OverflowError.
-Preview PreviewValues(const ValueSeries& series, std::int32_t count);
-
-/// The same in one line: "No.007, No.008, No.009 ... No.056". Raises OverflowError.
+/// What FillBuffer will write into `count` entries (at least 1), in one line: "No.007, No.008, No.009 ... No.056",
+/// "Meyer on every tab". Raises OverflowError.
 std::string PreviewText(const ValueSeries& series, std::int32_t count);
+/// The same in fewer words: "No.007 ... No.056", "March, June ...". Raises OverflowError.
+std::string OverviewText(const ValueSeries& series, std::int32_t count);
 
 } // namespace velmora

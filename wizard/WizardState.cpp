@@ -3,8 +3,9 @@
 #include "base/Error.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "wizard/FontPage.h"
+#include "wizard/NextNumber.h"
 #include "workspace/Dialogs.h"
-#include "workspace/Pages.h"
 
 #include <algorithm>
 
@@ -13,10 +14,6 @@ namespace {
 
 constexpr std::int16_t kLongText = 20;
 constexpr std::int16_t kShortText = 10;
-
-std::int16_t MostCharacters(int fieldNo, int fieldsInUse) {
-    return fieldNo == 1 || (fieldNo == 2 && fieldsInUse == 2) ? kLongText : kShortText;
-}
 
 /// "Field A" for "FieldA".
 std::string FieldName(const WizardState& wizard) {
@@ -28,12 +25,31 @@ bool HasCurrentField(const WizardState& wizard) {
     return wizard.CurrentFieldNo >= 1 && wizard.CurrentFieldNo <= kFieldsPerTab;
 }
 
-void FillCurrentField(WizardState& wizard, const ValueSeries& series, const char* flag) {
-    if (!HasCurrentField(wizard))
+/// Its numbers have texts without a format where the document's have: "Tab 3" goes on as "Tab 4".
+void SeeField(WizardState& wizard, const TabDocument& document, int field) {
+    const auto index = static_cast<std::size_t>(field);
+    if (wizard.FieldSeen[index])
         return;
-    FillBuffer(series, wizard.Buffer(wizard.CurrentFieldNo - 1));
-    wizard.FieldDone[static_cast<std::size_t>(wizard.CurrentFieldNo - 1)] = true;
-    wizard.LastFillFlag = flag;
+    wizard.FieldSeen[index] = true;
+    const auto next = NextNumberInDocument(document, field);
+    wizard.Entries[index].numbers.width = next && next->width == kTextsAlone ? kTextsAlone : 0;
+}
+
+std::string FillFlag(ValueKind kind) {
+    static constexpr std::array<const char*, 4> kFlags = {"Num_Yes", "Yes_Mon", "Yes_Day", "Yes_Text"};
+    return kFlags.at(static_cast<std::size_t>(kind));
+}
+
+/// The series that was chosen for a field before, into its new buffer.
+void FillAgain(WizardState& wizard, int field) {
+    const auto index = static_cast<std::size_t>(field);
+    if (!wizard.Chosen[index])
+        return;
+    try {
+        FillBuffer(*SeriesOf(*wizard.Chosen[index], wizard.MostLetters[index]), wizard.Buffer(field));
+        wizard.WizFieldUsed[index] = wizard.FieldDone[index] = true;
+    } catch (const OverflowError&) { // its page will say so
+    }
 }
 
 std::string CancelQuestion(WizardPage page) {
@@ -49,6 +65,10 @@ std::string CancelQuestion(WizardPage page) {
 }
 
 } // namespace
+
+std::int16_t MostCharacters(int fieldNo, int fieldsInUse) {
+    return fieldNo == 1 || (fieldNo == 2 && fieldsInUse == 2) ? kLongText : kShortText;
+}
 
 void StartWizard(WizardState& wizard) {
     wizard.WizFieldUsed = {};
@@ -71,6 +91,8 @@ std::optional<std::string> ConfirmCount(WizardState& wizard, std::string_view te
     for (int field = 0; field < kFieldsPerTab; ++field)
         wizard.Buffer(field).ReDim(wizard.NewTabCount);
     wizard.FieldDone = {};
+    for (int field = 0; field < kFieldsPerTab; ++field)
+        FillAgain(wizard, field);
     return std::nullopt;
 }
 
@@ -81,12 +103,16 @@ void ChooseField(WizardState& wizard, const TabDocument& document, int fieldNo) 
     wizard.WizFieldUsed[static_cast<std::size_t>(fieldNo - 1)] = true;
     wizard.CurrentFieldKey = std::string("Field") + static_cast<char>('A' + fieldNo - 1);
     wizard.FieldMaxLen = MostCharacters(fieldNo, document.setup.NoOfFields);
+    SeeField(wizard, document, fieldNo - 1);
 }
 
 WizardPage ChooseKind(WizardState& wizard, ValueKind kind) {
     static constexpr std::array<const char*, 4> kNames = {"Numeric", "Month", "Day", "Text"};
-    if (HasCurrentField(wizard))
+    if (HasCurrentField(wizard)) {
         wizard.FieldKind[static_cast<std::size_t>(wizard.CurrentFieldNo - 1)] = kNames[static_cast<std::size_t>(kind)];
+        wizard.Entry().kind = kind;
+        wizard.MonthStyle = wizard.DayStyle = static_cast<std::int16_t>(wizard.Entry().style);
+    }
     if (kind == ValueKind::Numeric)
         return WizardPage::Numbers;
     if (kind == ValueKind::Text)
@@ -99,56 +125,37 @@ void ChooseStyle(WizardState& wizard, int style) {
     if (style < 1 || style > kNameStyles)
         throw SubscriptError();
     wizard.MonthStyle = wizard.DayStyle = static_cast<std::int16_t>(style);
-}
-
-std::vector<std::string> TickCaptions(const WizardState& wizard) {
-    if (wizard.MonthMode) {
-        const auto& months = MonthNameTable.at(static_cast<std::size_t>(wizard.MonthStyle - 1));
-        return {months.begin(), months.end()};
-    }
-    const auto& days = DayNameTable.at(static_cast<std::size_t>(wizard.DayStyle - 1));
-    return {days.begin(), days.end()};
+    for (std::size_t field = 0; field < wizard.Entries.size(); ++field)
+        if (!wizard.FieldDone[field] || static_cast<int>(field) + 1 == wizard.CurrentFieldNo)
+            wizard.Entries[field].style = style; // what comes next is likely to be in the same language
 }
 
 NumberSeries ReadNumberPage(std::string_view first, std::string_view format, std::string_view before,
-                            std::string_view after) {
+                            std::string_view after, bool textsToo) {
     const std::int32_t number = IsNumeric(first) ? ToInt32(ToDouble(first)) : 1;
-    return {number, FormatWidth(format), OneLine(before), OneLine(after)};
+    return {number, std::max(FormatWidth(format), textsToo ? kTextsAlone : 0), OneLine(before), OneLine(after)};
 }
 
-std::string PreviewNumberPage(std::string_view first, std::string_view format, std::string_view before,
-                              std::string_view after, std::int32_t count) {
-    try {
-        const NumberSeries series = ReadNumberPage(first, format, before, after);
-        const bool unused = series.width == 0 && !(series.before.empty() && series.after.empty());
-        return PreviewText(series, count) + (unused ? "   (Texts are added only with a number format.)" : "");
-    } catch (const OverflowError&) {
-        return "The numbers would not all lie between -2147483648 and 2147483647.";
-    }
-}
-
-std::optional<NameSeries> ReadTicks(const std::vector<TickBox>& boxes) {
-    NameSeries series;
-    for (const TickBox& box : boxes)
-        if (box.ticked)
-            series.names.push_back(box.caption);
-    return series.names.empty() ? std::nullopt : std::optional(std::move(series));
-}
-
-void FillNumbers(WizardState& wizard, const NumberSeries& series) {
-    FillCurrentField(wizard, series, "Num_Yes");
-}
-
-std::optional<std::string> FillNames(WizardState& wizard, const std::vector<TickBox>& boxes) {
-    const auto series = ReadTicks(boxes);
+std::optional<std::string> GiveValues(WizardState& wizard, const FieldChoice& choice) {
+    if (!HasCurrentField(wizard))
+        return std::nullopt;
+    const auto series = SeriesOf(choice, wizard.FieldMaxLen);
     if (!series)
         return "Please make a selection before you click next or click on Cancel.";
-    FillCurrentField(wizard, *series, wizard.MonthMode ? "Yes_Mon" : "Yes_Day");
+    FillBuffer(*series, wizard.Buffer(wizard.CurrentFieldNo - 1));
+    const auto field = static_cast<std::size_t>(wizard.CurrentFieldNo - 1);
+    wizard.Entries[field] = choice;
+    wizard.Chosen[field] = choice;
+    wizard.MostLetters[field] = wizard.FieldMaxLen;
+    wizard.FieldDone[field] = true;
+    wizard.LastFillFlag = FillFlag(choice.kind);
     return std::nullopt;
 }
 
-void FillText(WizardState& wizard, std::string_view input) {
-    FillCurrentField(wizard, MakeTextSeries(input, wizard.FieldMaxLen), "Yes_Text");
+void ForgetField(WizardState& wizard, int fieldNo) {
+    const auto field = static_cast<std::size_t>(fieldNo - 1);
+    wizard.Chosen[field].reset();
+    wizard.WizFieldUsed[field] = wizard.FieldDone[field] = false;
 }
 
 bool AllFieldsDone(const WizardState& wizard, const TabDocument& document) {
@@ -213,16 +220,26 @@ PageTexts TextsOfPage(WizardPage page, const WizardState& wizard) {
     return {};
 }
 
-std::string FieldPicture(const WizardState& wizard) {
-    return HasCurrentField(wizard) ? "blk" + std::to_string(wizard.CurrentFieldNo) + ".gif" : std::string();
+void StoreWizardFonts(MainModule& main, WizardState& wizard, const FontSettings& fonts) {
+    if (!wizard.Fonts && main.fonts != fonts)
+        wizard.Fonts = {main.fonts, main.document.DocChanged};
+    StoreFonts(main, fonts);
+    main.editor->BringUp();
+}
+
+void PutFontsBack(MainModule& main, const FontsBefore& before) {
+    StoreFonts(main, before.fonts);
+    main.document.DocChanged = before.docChanged;
 }
 
 bool ConfirmCancel(MainModule& main, WizardState& wizard, WizardPage page) {
     if (Ask(main.ui, CancelQuestion(page), Buttons::YesNo, Answer::No) != Answer::Yes)
         return false;
     // The font page stores at once; the question promises that none of the settings will be saved.
-    for (; wizard.FontSteps > 0; --wizard.FontSteps)
-        UndoChange(main);
+    if (wizard.Fonts) {
+        PutFontsBack(main, *wizard.Fonts);
+        main.editor->BringUp();
+    }
     wizard = {};
     return true;
 }

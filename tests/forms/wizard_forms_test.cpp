@@ -1,4 +1,5 @@
 // The auto-fill wizard and the font page, driven through their controls.
+#include "base/Text.h"
 #include "tests/forms/RunningProgram.h"
 #include "widgets/WizardFrame.h"
 
@@ -6,6 +7,7 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QToolButton>
 
 namespace {
@@ -16,14 +18,7 @@ const std::string kQuestion = "If you cancel this wizard, none of the settings w
 
 /// A program with a document of 24 tabs, and its wizard.
 struct WizardRun : RunningProgram {
-    explicit WizardRun(int fields) {
-        for (const char* name : {"tab", "blk1", "blk2", "blk3"}) {
-            QPixmap picture(8, 2);
-            picture.fill(Qt::blue);
-            picture.save(QString::fromStdString((test.folder / "Images" / name).string() + ".gif"), "PNG");
-        }
-        Start(0, fields, 1);
-    }
+    explicit WizardRun(int fields) { Start(0, fields, 1); }
 
     /// The window while it is open.
     WizardFrame* Frame() {
@@ -46,6 +41,24 @@ struct WizardRun : RunningProgram {
         Find<QPushButton>(button)->click();
     }
     void Type(const char* entry, const char* text) { Find<QLineEdit>(entry)->setText(QString::fromUtf8(text)); }
+    /// As a person types it, from scratch.
+    void Fill(const char* entry, const char* text) {
+        Find<QLineEdit>(entry)->setFocus();
+        Find<QLineEdit>(entry)->selectAll();
+        QTest::keyClicks(Find<QLineEdit>(entry), text);
+    }
+    std::string Shown(const char* label) { return Find<QLabel>(label)->text().toStdString(); }
+    /// Saves, and gives lines `first` to `last` of the tabs in the file.
+    QString Saved(int first, int last) {
+        test.ui.Expect("File saved successfully", Icon::Information);
+        Trigger("mnuSave");
+        const std::string text = ReadFile(test.folder / "in.csv");
+        const auto lines = Split(text, '\n');
+        std::string tabs;
+        for (int tab = first; tab <= last; ++tab)
+            tabs += std::string(lines.at(static_cast<std::size_t>(5 + tab))) + "|";
+        return QString::fromStdString(tabs).remove('\r');
+    }
     std::string Preview() { return Find<QLabel>("lblPreview")->text().toStdString(); }
     std::string Focus() { return Frame()->focusWidget()->objectName().toStdString(); }
     void AnswerCancel(const std::string& words, Answer answer) {
@@ -92,6 +105,7 @@ private slots:
         run.Find<QComboBox>("cboNumberFormat")->setCurrentIndex(2);
         run.Type("Text1", "No.");
         QCOMPARE(run.Preview(), std::string("No.007, No.008, No.009 ... No.036"));
+        QCOMPARE(run.Find<QWidget>("imgTab")->accessibleName(), QString("Tab 2: No.007, b, c; Tab 31: No.036"));
         run.Press("cmdNext");
         QCOMPARE(run.Focus(), std::string("cmdFieldB"));
         QCOMPARE(run.Find<QPushButton>("cmdFieldA")->palette().color(QPalette::Button), QColor(255, 0, 255));
@@ -102,7 +116,7 @@ private slots:
         run.Press("cmdNext");
         run.Choose("cmdFieldC", "optText");
         run.Type("txtInput", "  Much longer ");
-        QCOMPARE(run.Preview(), std::string("Much longe, Much longe, Much longe ... Much longe"));
+        QCOMPARE(run.Preview(), std::string("Much longe on every tab"));
         run.Press("cmdNext");
         QCOMPARE(run.Page(), std::string("frmAutoRepWiz7"));
         run.Press("cmdNext");
@@ -194,6 +208,125 @@ private slots:
         QCOMPARE(run.Preview(), std::string("Monday, Wednesday, Thursday ... Thursday"));
     }
 
+    void anotherCountKeepsEveryEntry() {
+        WizardRun run(2);
+        run.Open("5");
+        run.Choose("cmdFieldA", "optNum");
+        run.Type("txtFirstNumber", "7");
+        run.Type("Text1", "No.");
+        run.Find<QCheckBox>("chkTexts")->setChecked(true);
+        run.Find<QSpinBox>("txtRepeat")->setValue(2);
+        run.Press("cmdNext");
+        run.Choose("cmdFieldB", "optText");
+        run.Type("txtInput", "draft");
+        for (const char* page : {"2b", "2a", "2", "1"}) {
+            run.Press("cmdPrevious");
+            QCOMPARE(run.Page(), std::string("frmAutoRepWiz") + page);
+        }
+        run.Press("cmdNext");
+        QCOMPARE(run.Find<QLineEdit>("txtNoOfPages")->text(), QString("5"));
+        run.Type("txtNoOfPages", "6");
+        run.Press("cmdNext");
+        QCOMPARE(run.Shown("lblFieldA") + "|" + run.Shown("lblFieldB"), std::string("No.7 ... No.9|keeps its texts"));
+        run.Choose("cmdFieldB", "optText");
+        QCOMPARE(run.Find<QLineEdit>("txtInput")->text(), QString("draft"));
+        run.Press("cmdNext");
+        QCOMPARE(run.Find<QLineEdit>("Text1")->text(), QString("No.7")); // the sample of the fonts
+        run.Press("cmdFinish");
+        QCOMPARE(run.Page(), std::string("closed"));
+        QCOMPARE(run.Saved(5, 7), QString("No.9,draft,c|No.9,draft,c|a7,b,c|"));
+    }
+
+    void whatNoDocumentCanHoldIsRefusedOnTheCountPage() {
+        WizardRun run(1);
+        run.Trigger("mnuAutoRepWiz");
+        run.Press("cmdNext");
+        run.Find<QRadioButton>("optBehindLast")->click();
+        run.Type("txtNoOfPages", "32760");
+        const std::string words = "The maximum number of pages for this type on label is: 1365";
+        QVERIFY(run.Shown("lblReplaced").starts_with(words));
+        run.test.ui.Expect(words + "\r\nPlease change your number of labels to 32736", Icon::Information);
+        run.Press("cmdNext");
+        QCOMPARE(run.Page(), std::string("frmAutoRepWiz2"));
+        run.Type("txtNoOfPages", "2");
+        run.Find<QRadioButton>("optFromCurrent")->click();
+        QCOMPARE(run.Shown("lblReplaced"), std::string("2 of them hold texts, which will be replaced."));
+        QVERIFY(run.Frame()->focusWidget()->accessibleDescription().contains("which will be replaced"));
+        run.Press("cmdNext");
+        run.Number("cmdFieldA");
+        run.Press("cmdFinish");
+        QCOMPARE(run.Saved(1, 3), QString("1,b,c|2,b,c|a3,b,c|"));
+    }
+
+    void theMonthlyJobIsTakenFromTheLastRun() {
+        WizardRun run(3);
+        run.Open("3");
+        run.Fill("txtFirstA", "2026/0001");
+        QVERIFY(run.Find<QPushButton>("cmdFinish")->isDefault());
+        QTest::keyClick(run.Find<QLineEdit>("txtFirstA"), Qt::Key_Return); // leads on, and fills nothing
+        QCOMPARE(run.Focus(), std::string("txtFirstB"));
+        run.Fill("txtFirstB", "March");
+        run.Fill("txtFirstC", "Meyer and Sons");
+        QVERIFY(run.Shown("lblWarning").starts_with("Field C: The field takes 10 letters"));
+        run.Fill("txtFirstC", "Meyer");
+        QCOMPARE(run.Shown("lblWarning"), std::string());
+        QTest::keyClick(run.Find<QLineEdit>("txtFirstC"), Qt::Key_Return);
+        QCOMPARE(run.Focus(), std::string("cmdFinish"));
+        run.Press("cmdFinish");
+        run.Trigger("mnuAutoRepWiz");
+        run.Press("cmdNext");
+        QCOMPARE(run.Find<QLineEdit>("txtNoOfPages")->text(), QString("3"));
+        run.Find<QRadioButton>("optBehindLast")->click();
+        run.Press("cmdNext");
+        run.Press("cmdLastRun");
+        QCOMPARE(run.Find<QLineEdit>("txtFirstA")->text(), QString("2026/0004"));
+        run.Fill("txtFirstB", "April");
+        QCOMPARE(run.Find<QWidget>("imgTab")->accessibleName(),
+                 QString("Tab 25: 2026/0004, April, Meyer; Tab 27: 2026/0006, April, Meyer"));
+        run.Press("cmdFinish");
+        QCOMPARE(run.program.main.document.CurrentTab, std::int16_t{25});
+        QCOMPARE(run.Saved(2, 4), QString("2026/0002,March,Meyer|2026/0003,March,Meyer|a4,b,c|"));
+        QCOMPARE(run.Saved(24, 28),
+                 QString("a24,b,c|2026/0004,April,Meyer|2026/0005,April,Meyer|2026/0006,April,Meyer|,,|"));
+    }
+
+    void recipesAreSavedChosenAndDeleted() {
+        WizardRun run(1);
+        run.Open("2");
+        run.Fill("txtFirstA", "Box 1");
+        auto* recipe = run.Find<QComboBox>("cboRecipe");
+        QVERIFY(!run.Enabled("cmdSaveRecipe") && !run.Enabled("cmdDeleteRecipe"));
+        recipe->setEditText("a=b");
+        run.test.ui.Expect("A recipe's name has 1 to 40 characters, no \"=\", and begins with no \";\" or \"[\".",
+                           Icon::Information);
+        run.Press("cmdSaveRecipe");
+        recipe->setEditText("Boxes");
+        run.Press("cmdSaveRecipe");
+        run.test.ui.Expect("Do you want to replace the recipe \"Boxes\"?", Icon::Question, Buttons::YesNo, Answer::No,
+                           Answer::No);
+        run.Press("cmdSaveRecipe");
+        run.Fill("txtFirstA", "other");
+        QTest::keyClick(recipe->lineEdit(), Qt::Key_Return); // takes it, and fills nothing
+        QCOMPARE(run.Shown("lblFieldA"), std::string("Box 1, Box 2"));
+        run.test.ui.Expect("Do you want to delete the recipe \"Boxes\"?", Icon::Question, Buttons::YesNo, Answer::Yes,
+                           Answer::No);
+        run.Press("cmdDeleteRecipe");
+        QCOMPARE(recipe->count(), 0);
+        run.Fill("txtFirstA", "");
+        QTest::keyClick(run.Find<QLineEdit>("txtFirstA"), Qt::Key_Delete);
+        QVERIFY(!run.Enabled("cmdFinish"));
+    }
+
+    void tabLeadsFromTheLastEntryToTheWayOn() {
+        WizardRun run(1);
+        run.Open("2");
+        run.Choose("cmdFieldA", "optText");
+        for (const char* next : {"cmdNext", "cmdPrevious", "cmdCancel"}) {
+            QTest::keyClick(run.Frame()->focusWidget(), Qt::Key_Tab);
+            QCOMPARE(run.Focus(), std::string(next));
+        }
+    }
+
     void numbersGoOnFromTheDocumentAndAnOverflowLeavesThePage() {
         WizardRun run(2);
         run.Open("3");
@@ -225,7 +358,13 @@ private slots:
             run.Find<QWidget>("Toolbar1(2)")->findChild<QToolButton*>("Button(4)")->click();
             run.Find<QWidget>("Toolbar2(1)")->findChild<QToolButton*>("Button(2)")->click();
             run.Find<QWidget>("Toolbar3(1)")->findChild<QToolButton*>("Button(1)")->click();
-            QCOMPARE(run.Find<QLineEdit>("Text1")->font().pointSize(), 14);
+            auto* sample = run.Find<QLineEdit>("Text1");
+            QCOMPARE(sample->font().pointSize(), 14);
+            QVERIFY(sample->text().endsWith("a1"));
+            size->setCurrentIndex(size->findText("72"));
+            QVERIFY(sample->height() >= sample->fontMetrics().height());
+            size->setCurrentIndex(size->findText("14"));
+            QVERIFY(run.Find<QLineEdit>("Text2")->width() < sample->width()); // as the fields are on paper
             QVERIFY(run.Find<QLineEdit>("Text2")->font().italic());
             QCOMPARE(run.Find<QLineEdit>("Text3")->font().family(), QString("DejaVu Serif"));
             QVERIFY(run.Find<QLineEdit>("Text1")->alignment().testFlag(Qt::AlignHCenter));

@@ -1,38 +1,28 @@
 #include "wizard/ui/ChoicePages.h"
 
 #include "base/Numbers.h"
-#include "widgets/LineIcon.h"
+#include "base/Text.h"
 #include "wizard/AppendWizardTabs.h"
+#include "wizard/NewTabs.h"
+#include "wizard/Recipes.h"
+#include "wizard/ui/WarningLine.h"
 #include "workspace/Dialogs.h"
 
 #include <QButtonGroup>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace velmora {
 namespace {
 
-constexpr QRgb kMagenta = 0xFFFF00FF;
 constexpr int kCountLetters = 10;
-
-/// A field that has its values: not told by the colour alone.
-void MarkDone(QPushButton& button) {
-    QPalette palette = button.palette();
-    palette.setColor(QPalette::Button, QColor::fromRgb(kMagenta));
-    palette.setColor(QPalette::ButtonText, Qt::black);
-    button.setPalette(palette);
-    button.setIcon(LineIcon("done"));
-}
 
 } // namespace
 
 frmAutoRepWiz1::frmAutoRepWiz1(frmAutoRepWiz& wizard) : AutoRepForm(wizard, WizardPage::Introduction) {
-    ShowTabPicture();
+    ShowExample();
     for (const std::string& line : Texts().lines)
         AddText(QString::fromStdString(line));
     SetButton(WizardButton::Next);
@@ -44,83 +34,75 @@ void frmAutoRepWiz1::Next() {
 }
 
 frmAutoRepWiz2::frmAutoRepWiz2(frmAutoRepWiz& wizard)
-    : AutoRepForm(wizard, WizardPage::Count), txtNoOfPages_(Named(new QLineEdit, "txtNoOfPages")) {
-    ShowTabPicture(QString::fromStdString(Texts().lines[1] + "\n\n" + Texts().lines[2]));
-    if (State().NewTabCount > 0)
-        txtNoOfPages_->setText(QString::number(State().NewTabCount));
+    : AutoRepForm(wizard, WizardPage::Count), txtNoOfPages_(Named(new QLineEdit, "txtNoOfPages")),
+      optFrom_(new QButtonGroup(this)), lblPlace_(Named(new QLabel, "lblPlace")),
+      lblReplaced_(new WarningLine("lblReplaced")) {
+    ShowExample(QString::fromStdString(Texts().lines[1] + "\n\n" + Texts().lines[2]));
+    txtNoOfPages_->setText(State().NewTabCount > 0 ? QString::number(State().NewTabCount)
+                                                   : QString::fromStdString(LastCount(Main().settings)));
     SetLetters(*txtNoOfPages_, kCountLetters);
     AddQuestion(WithMnemonic(Texts().lines[0], 'H'), txtNoOfPages_);
-    lblPlace_ = Named(AddText(""), "lblPlace");
+    AddStarts();
+    Content().addWidget(lblPlace_);
+    Content().addWidget(lblReplaced_);
     connect(txtNoOfPages_, &QLineEdit::textChanged, this, &frmAutoRepWiz2::Typed);
-    Typed();
+    connect(optFrom_, &QButtonGroup::idToggled, this, [this] {
+        State().BehindLast = optFrom_->checkedId() == 1;
+        ShowPlace();
+    });
+    CheckTyped();
+}
+
+/// Where both are the same there is nothing to choose.
+void frmAutoRepWiz2::AddStarts() {
+    const TabDocument& document = Main().document;
+    const bool differ = FirstNewTab(document, false) != FirstNewTab(document, true);
+    auto* current = Named(new QRadioButton("&" + QString::fromStdString(FromTabInUse(document))), "optFromCurrent");
+    auto* behind = Named(new QRadioButton("&" + QString::fromStdString(FromBehindLast(document))), "optBehindLast");
+    optFrom_->addButton(current, 0);
+    optFrom_->addButton(behind, 1);
+    behind->setEnabled(differ && !RefuseNewTabs(document, FirstNewTab(document, true), 1));
+    (State().BehindLast && behind->isEnabled() ? behind : current)->setChecked(true);
+    for (QRadioButton* option : {current, behind})
+        Content().addWidget(option);
 }
 
 /// An empty box is no way on, but nothing to complain about: the person is about to type.
 void frmAutoRepWiz2::Typed() {
     const std::string text = txtNoOfPages_->text().toStdString();
-    const auto message = CheckCount(text);
-    SetButton(WizardButton::Next, !message);
-    lblPlace_->setText(message ? "" : QString::fromStdString(PlaceOfNewTabs(Main().document, ToInt32(ToDouble(text)))));
+    const auto message = CheckTyped();
     if (message && !text.empty())
         Tell(Main().ui, *message);
 }
 
+std::optional<std::string> frmAutoRepWiz2::CheckTyped() {
+    auto message = CheckCount(txtNoOfPages_->text().toStdString());
+    SetButton(WizardButton::Next, !message);
+    ShowPlace();
+    return message;
+}
+
+void frmAutoRepWiz2::ShowPlace() {
+    const std::string text = txtNoOfPages_->text().toStdString();
+    const PlaceOfNewTabs place =
+        CheckCount(text) ? PlaceOfNewTabs() : PlaceOf(Main().document, State().BehindLast, ToInt32(ToDouble(text)));
+    lblPlace_->setText(QString::fromStdString(place.place));
+    lblReplaced_->Show(QString::fromStdString(OneLine(place.warning)));
+    emit Answered(lblPlace_->text() + ' ' + lblReplaced_->Text());
+}
+
 void frmAutoRepWiz2::Next() {
-    if (const auto message = ConfirmCount(State(), txtNoOfPages_->text().toStdString()))
+    const std::string text = txtNoOfPages_->text().toStdString();
+    if (const auto message = CheckCount(text))
         return Tell(Main().ui, *message);
+    if (TellRefusal(Main(), State().BehindLast, ToInt32(ToDouble(text))))
+        return;
+    ConfirmCount(State(), text);
     Wizard().Go(WizardPage::Chooser);
 }
 
 QWidget* frmAutoRepWiz2::FirstFocus() {
     return txtNoOfPages_;
-}
-
-frmAutoRepWiz2a::frmAutoRepWiz2a(frmAutoRepWiz& wizard)
-    : AutoRepForm(wizard, WizardPage::Chooser), allDone_(AllFieldsDone(wizard.State(), wizard.Main().document)) {
-    ShowTabPicture();
-    AddText(QString::fromStdString(Texts().lines[0]));
-    auto* buttons = new QVBoxLayout;
-    for (int fieldNo = 1; fieldNo <= kFieldsPerTab; ++fieldNo)
-        buttons->addWidget(MakeFieldButton(fieldNo), 0, Qt::AlignLeft);
-    Content().addLayout(buttons);
-    const auto& done = State().FieldDone;
-    SetButton(WizardButton::Next, allDone_);
-    SetButton(WizardButton::Finish, std::find(done.begin(), done.end(), true) != done.end());
-}
-
-QPushButton* frmAutoRepWiz2a::MakeFieldButton(int fieldNo) {
-    auto* button = new QPushButton(FieldCaption(fieldNo));
-    button->setObjectName(QString("cmdField%1").arg(QChar('A' + fieldNo - 1)));
-    button->setMinimumWidth(2 * button->sizeHint().width());
-    button->setEnabled(fieldNo <= Main().document.setup.NoOfFields);
-    const bool done = State().FieldDone[static_cast<std::size_t>(fieldNo - 1)];
-    if (done)
-        MarkDone(*button);
-    else if (!firstDue_ && button->isEnabled())
-        firstDue_ = button;
-    button->setAccessibleDescription(done ? tr("done") : QString());
-    connect(button, &QPushButton::clicked, this, [this, fieldNo] {
-        Trapped(Main().ui, "Called from Sub: frmAutoRepWiz2a", [&] {
-            ChooseField(State(), Main().document, fieldNo);
-            Wizard().Go(WizardPage::Type);
-        });
-    });
-    return button;
-}
-
-/// Only the test whether all is done: then the fonts follow.
-void frmAutoRepWiz2a::Next() {
-    if (AllFieldsDone(State(), Main().document))
-        Wizard().Go(WizardPage::Fonts);
-}
-
-void frmAutoRepWiz2a::Finish() {
-    if (AppendWizardTabs(Main(), State()))
-        Wizard().Close();
-}
-
-QWidget* frmAutoRepWiz2a::FirstFocus() {
-    return firstDue_;
 }
 
 frmAutoRepWiz2b::frmAutoRepWiz2b(frmAutoRepWiz& wizard)
@@ -134,7 +116,8 @@ frmAutoRepWiz2b::frmAutoRepWiz2b(frmAutoRepWiz& wizard)
                                   {"optMth", "&Month Wizard", "Month"},
                                   {"optDay", "&Day Wizard", "Day"},
                                   {"optText", "&Text Wizard", "Text"}};
-    ShowFieldPicture();
+    ShowNewTabs(true);
+    NameFields();
     AddText(QString::fromStdString(Texts().lines[0]));
     const std::string& before = State().FieldKind.at(static_cast<std::size_t>(State().CurrentFieldNo - 1));
     for (const Option& option : options) {

@@ -1,16 +1,15 @@
-// The wizard's pages up to the kind of values: introduction, count, field chooser and type.
+// The wizard's pages up to the kind of values: introduction, count and type.
 #pragma once
 
 #include "wizard/ui/frmAutoRepWiz.h"
 
-#include <array>
-
 class QButtonGroup;
 class QLabel;
 class QLineEdit;
-class QPushButton;
 
 namespace velmora {
+
+class WarningLine;
 
 class frmAutoRepWiz1 : public AutoRepForm {
 public:
@@ -25,25 +24,16 @@ public:
     QWidget* FirstFocus() override;
 
 private:
+    void AddStarts();
     void Typed();
+    /// Gives CheckCount's message.
+    std::optional<std::string> CheckTyped();
+    void ShowPlace();
 
     QLineEdit* txtNoOfPages_;
-    QLabel* lblPlace_ = nullptr;
-};
-
-class frmAutoRepWiz2a : public AutoRepForm {
-public:
-    explicit frmAutoRepWiz2a(frmAutoRepWiz& wizard);
-    void Next() override;
-    void Finish() override;
-    QWidget* FirstFocus() override;
-    bool PrefersFinish() const override { return allDone_; }
-
-private:
-    QPushButton* MakeFieldButton(int fieldNo);
-
-    bool allDone_;
-    QPushButton* firstDue_ = nullptr; ///< of the fields in use without values
+    QButtonGroup* optFrom_; ///< 1: behind the last text
+    QLabel* lblPlace_;
+    WarningLine* lblReplaced_;
 };
 
 class frmAutoRepWiz2b : public AutoRepForm {

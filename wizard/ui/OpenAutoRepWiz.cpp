@@ -1,6 +1,7 @@
 #include "wizard/ui/OpenAutoRepWiz.h"
 
 #include "wizard/ui/ChoicePages.h"
+#include "wizard/ui/ChooserPage.h"
 #include "wizard/ui/ValuePages.h"
 #include "wizard/ui/frmAutoRepWiz7.h"
 

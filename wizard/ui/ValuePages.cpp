@@ -1,6 +1,10 @@
 #include "wizard/ui/ValuePages.h"
 
+#include "base/Error.h"
+#include "widgets/ElidedLabel.h"
 #include "wizard/NextNumber.h"
+#include "wizard/ValueNotes.h"
+#include "wizard/ui/WarningLine.h"
 #include "workspace/Dialogs.h"
 
 #include <QButtonGroup>
@@ -11,6 +15,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -18,9 +23,10 @@
 namespace velmora {
 namespace {
 
-constexpr int kNumberLetters = 12;
+constexpr int kNumberLetters = 8;
 constexpr int kTextLetters = 24;
 constexpr int kTickRows = 4;
+constexpr int kSwitchGap = 12;                  // the switches are no names
 constexpr const char* kStyleMnemonics = "EAbr"; // one letter of each caption
 
 /// A switch stands out while it is on.
@@ -32,25 +38,54 @@ void Highlight(QCheckBox& box, bool on) {
 
 } // namespace
 
-ValueForm::ValueForm(frmAutoRepWiz& wizard, WizardPage page) : AutoRepForm(wizard, page) {
-    ShowFieldPicture();
+ValueForm::ValueForm(frmAutoRepWiz& wizard, WizardPage page)
+    : AutoRepForm(wizard, page), lblLetters_(Named(new QLabel, "lblLetters")) {
+    ShowNewTabs(true);
+    NameFields();
     SetButton(WizardButton::Next, true, tr("&Next Field"));
 }
 
+QLayout* ValueForm::RepeatRow() {
+    auto* repeat = Named(new QSpinBox, "txtRepeat");
+    repeat->setRange(1, kMostRepeats);
+    repeat->setValue(Entry().repeat);
+    connect(repeat, &QSpinBox::valueChanged, this, [this](int times) {
+        Entry().repeat = times;
+        ShowNotes();
+    });
+    auto* label = new QLabel(tr("Tabs in a &row with the same value:"));
+    label->setBuddy(repeat);
+    return Beside(label, repeat);
+}
+
 void ValueForm::AddPreview() {
-    lblPreview_ = Named(AddText(""), "lblPreview");
-    lblPreview_->setWordWrap(false);
-    lblPreview_->setSizePolicy(QSizePolicy::Ignored,
-                               QSizePolicy::Preferred); // a long text is cut, not the page widened
+    lblPreview_ = Named(new ElidedLabel(true), "lblPreview");
+    lblWarning_ = new WarningLine("lblWarning");
+    Content().addWidget(lblPreview_);
+    Content().addWidget(lblWarning_);
 }
 
 void ValueForm::ShowPreview(const std::string& text) {
-    const QString line = QString::fromStdString(text);
-    lblPreview_->setText(line);
-    lblPreview_->setToolTip(line);
+    lblPreview_->Show(QString::fromStdString(text));
 }
 
-void ValueForm::GoOn() {
+void ValueForm::ShowNotes() {
+    const ValueNotes notes =
+        NotesOn(Entry(), State().CurrentFieldNo, State().FieldMaxLen, State().NewTabCount, Wizard().Sample());
+    ShowPreview(notes.preview);
+    lblLetters_->setText(QString::fromStdString(notes.letters));
+    QFont font = lblLetters_->font();
+    font.setBold(notes.isLong);
+    lblLetters_->setFont(font);
+    lblWarning_->Show(QString::fromStdString(notes.warning));
+    PaintNewTabs(SeriesOf(Entry(), State().FieldMaxLen));
+    emit Answered(QStringList{lblPreview_->text(), lblLetters_->text(), lblWarning_->Text()}.join(' '));
+}
+
+/// Then the font page once every field has its values, else the chooser.
+void ValueForm::Next() {
+    if (const auto message = GiveValues(State(), Entry()))
+        return Tell(Main().ui, *message, Icon::Critical);
     Wizard().Go(PageAfterField(State(), Main().document));
 }
 
@@ -60,11 +95,14 @@ frmAutoRepWiz5a::frmAutoRepWiz5a(frmAutoRepWiz& wizard)
       txtFirstNumber_(Named(new QLineEdit("1"), "txtFirstNumber")),
       cboNumberFormat_(Named(new QComboBox, "cboNumberFormat")), Text1_(Named(new QLineEdit, "Text1")),
       Text2_(Named(new QLineEdit, "Text2")),
+      chkTexts_(Named(new QCheckBox(tr("Add the texts to numbers with&out format too")), "chkTexts")),
       cmdContinue_(Named(new QPushButton(tr("Continue from the &last number in the document")), "cmdContinue")) {
     BuildUi();
+    Show(Entry().numbers);
     for (QLineEdit* entry : {txtFirstNumber_, Text1_, Text2_})
         connect(entry, &QLineEdit::textChanged, this, &frmAutoRepWiz5a::Typed);
     connect(cboNumberFormat_, &QComboBox::currentIndexChanged, this, &frmAutoRepWiz5a::Typed);
+    connect(chkTexts_, &QCheckBox::toggled, this, &frmAutoRepWiz5a::Typed);
     connect(cmdContinue_, &QPushButton::clicked, this, &frmAutoRepWiz5a::Continue);
     Typed();
 }
@@ -74,13 +112,11 @@ void frmAutoRepWiz5a::BuildUi() {
         cboNumberFormat_->addItem(QString::fromUtf8(format.data(), static_cast<qsizetype>(format.size())));
     SetLetters(*txtFirstNumber_, kNumberLetters);
     cmdContinue_->setEnabled(next_.has_value());
-    auto* first = new QHBoxLayout;
-    first->addWidget(txtFirstNumber_);
-    first->addWidget(cmdContinue_);
-    first->addStretch();
-    AddQuestion(WithMnemonic(Texts().lines[0], 'W'), txtFirstNumber_, first);
+    AddQuestion(WithMnemonic(Texts().lines[0], 'W'), txtFirstNumber_, Beside(txtFirstNumber_, cmdContinue_));
     AddQuestion(WithMnemonic(Texts().lines[1], 't'), cboNumberFormat_);
     AddQuestion(QString::fromStdString(Texts().lines[2]), nullptr, BuildTextsRow());
+    Content().addWidget(chkTexts_, 0, Qt::AlignLeft);
+    Content().addLayout(RepeatRow());
     AddPreview();
 }
 
@@ -90,32 +126,43 @@ QLayout* frmAutoRepWiz5a::BuildTextsRow() {
     before->setBuddy(Text1_);
     auto* after = new QLabel(tr("&After:"));
     after->setBuddy(Text2_);
-    for (QWidget* control : {static_cast<QWidget*>(before), static_cast<QWidget*>(Text1_), static_cast<QWidget*>(after),
-                             static_cast<QWidget*>(Text2_)})
+    for (QWidget* control : std::initializer_list<QWidget*>{before, Text1_, after, Text2_, Letters()})
         row->addWidget(control);
     return row;
 }
 
-/// The series that follows what the document holds, into the controls.
+void frmAutoRepWiz5a::Show(const NumberSeries& numbers) {
+    const NumberSeries shown = numbers; // what is shown changes the entries
+    txtFirstNumber_->setText(QString::number(shown.first));
+    cboNumberFormat_->setCurrentIndex(static_cast<int>(FormatOfWidth(shown.width)));
+    chkTexts_->setChecked(shown.width == kTextsAlone);
+    Text1_->setText(QString::fromStdString(shown.before));
+    Text2_->setText(QString::fromStdString(shown.after));
+}
+
 void frmAutoRepWiz5a::Continue() {
-    if (!next_)
-        return;
-    txtFirstNumber_->setText(QString::number(next_->first));
-    cboNumberFormat_->setCurrentIndex(static_cast<int>(FormatOfWidth(next_->width)));
-    Text1_->setText(QString::fromStdString(next_->before));
-    Text2_->setText(QString::fromStdString(next_->after));
+    if (next_)
+        Show(*next_);
+}
+
+NumberSeries frmAutoRepWiz5a::Read() const {
+    return ReadNumberPage(txtFirstNumber_->text().toStdString(), cboNumberFormat_->currentText().toStdString(),
+                          Text1_->text().toStdString(), Text2_->text().toStdString(), chkTexts_->isChecked());
 }
 
 void frmAutoRepWiz5a::Typed() {
-    ShowPreview(PreviewNumberPage(txtFirstNumber_->text().toStdString(), cboNumberFormat_->currentText().toStdString(),
-                                  Text1_->text().toStdString(), Text2_->text().toStdString(), State().NewTabCount));
+    chkTexts_->setEnabled(cboNumberFormat_->currentIndex() == 0);
+    try {
+        Entry().numbers = Read();
+        ShowNotes();
+    } catch (const OverflowError&) { // of the first number, which stays what it was
+        ShowPreview(kOutOfRange);
+    }
 }
 
 void frmAutoRepWiz5a::Next() {
-    FillNumbers(State(),
-                ReadNumberPage(txtFirstNumber_->text().toStdString(), cboNumberFormat_->currentText().toStdString(),
-                               Text1_->text().toStdString(), Text2_->text().toStdString()));
-    GoOn();
+    Entry().numbers = Read();
+    ValueForm::Next();
 }
 
 QWidget* frmAutoRepWiz5a::FirstFocus() {
@@ -124,7 +171,8 @@ QWidget* frmAutoRepWiz5a::FirstFocus() {
 
 frmAutoRepWiz5b::frmAutoRepWiz5b(frmAutoRepWiz& wizard)
     : AutoRepForm(wizard, WizardPage::Style), styles_(new QButtonGroup(this)) {
-    ShowFieldPicture();
+    ShowNewTabs(true);
+    NameFields();
     AddText(QString::fromStdString(Texts().lines[0]));
     for (int style = 1; style <= kNameStyles; ++style) {
         const auto i = static_cast<std::size_t>(style - 1);
@@ -152,34 +200,44 @@ frmAutoRepWiz6a::frmAutoRepWiz6a(frmAutoRepWiz& wizard)
     : ValueForm(wizard, WizardPage::Ticks), chkTagAll_(Named(new QCheckBox(tr("Select &All")), "chkTagAll")),
       chkUpperCase_(Named(new QCheckBox(tr("&Upper Case all text")), "chkUpperCase")) {
     BuildBoxes();
-    Content().addWidget(chkTagAll_, 0, Qt::AlignLeft);
-    Content().addWidget(chkUpperCase_, 0, Qt::AlignLeft);
+    chkUpperCase_->setChecked(Entry().upper);
+    auto* switches = new QHBoxLayout;
+    for (QCheckBox* box : {chkTagAll_, chkUpperCase_}) {
+        switches->addWidget(box);
+        connect(box, &QCheckBox::toggled, this, [box](bool on) { Highlight(*box, on); });
+        Highlight(*box, box->isChecked());
+    }
+    switches->addStretch();
+    Content().addSpacing(kSwitchGap);
+    Content().addLayout(switches);
+    Content().addLayout(RepeatRow());
     AddPreview();
     connect(chkTagAll_, &QCheckBox::clicked, this, &frmAutoRepWiz6a::TickAll);
     connect(chkUpperCase_, &QCheckBox::toggled, this, &frmAutoRepWiz6a::UseUpperCase);
-    for (QCheckBox* box : {chkTagAll_, chkUpperCase_})
-        connect(box, &QCheckBox::toggled, this, [box](bool on) { Highlight(*box, on); });
+    ShowTicks();
+}
+
+bool& frmAutoRepWiz6a::Ticked(int index) {
+    const auto place = static_cast<std::size_t>(index);
+    return Entry().kind == ValueKind::Month ? Entry().months.at(place) : Entry().days.at(place);
 }
 
 /// In columns, in the order of the calendar.
 void frmAutoRepWiz6a::BuildBoxes() {
     auto* grid = new QGridLayout;
-    for (const std::string& caption : TickCaptions(State())) {
+    for (const std::string& caption : NamesOf(Entry())) {
         const int index = static_cast<int>(boxes_.size());
         auto* box =
             Named(new QCheckBox(QString::fromStdString(caption)), State().MonthMode ? "chkMonth" : "chkDay", index + 1);
+        box->setChecked(Ticked(index));
         grid->addWidget(box, index % kTickRows, index / kTickRows);
-        connect(box, &QCheckBox::toggled, this, &frmAutoRepWiz6a::Ticked);
+        connect(box, &QCheckBox::toggled, this, [this, index](bool on) {
+            Ticked(index) = on;
+            ShowTicks();
+        });
         boxes_.push_back(box);
     }
     Content().addLayout(grid);
-}
-
-std::vector<TickBox> frmAutoRepWiz6a::Ticks() const {
-    std::vector<TickBox> ticks;
-    for (const QCheckBox* box : boxes_)
-        ticks.push_back({box->text().toStdString(), box->isChecked()});
-    return ticks;
 }
 
 void frmAutoRepWiz6a::TickAll(bool ticked) {
@@ -188,23 +246,16 @@ void frmAutoRepWiz6a::TickAll(bool ticked) {
 }
 
 void frmAutoRepWiz6a::UseUpperCase(bool upper) {
-    for (QCheckBox* box : boxes_) {
-        const std::string caption = box->text().toStdString();
-        box->setText(QString::fromStdString(upper ? UpperCaption(caption) : LowerCaption(caption)));
-    }
-    Ticked();
+    Entry().upper = upper;
+    const std::vector<std::string> captions = NamesOf(Entry());
+    for (std::size_t i = 0; i < boxes_.size(); ++i)
+        boxes_[i]->setText(QString::fromStdString(captions[i]));
+    ShowTicks();
 }
 
-void frmAutoRepWiz6a::Ticked() {
-    const auto series = ReadTicks(Ticks());
-    ShowPreview(series ? PreviewText(*series, State().NewTabCount) : "");
-    chkTagAll_->setChecked(series && series->names.size() == boxes_.size());
-}
-
-void frmAutoRepWiz6a::Next() {
-    if (const auto message = FillNames(State(), Ticks()))
-        return Tell(Main().ui, *message, Icon::Critical);
-    GoOn();
+void frmAutoRepWiz6a::ShowTicks() {
+    chkTagAll_->setChecked(std::all_of(boxes_.begin(), boxes_.end(), [](const auto* box) { return box->isChecked(); }));
+    ShowNotes();
 }
 
 QWidget* frmAutoRepWiz6a::FirstFocus() {
@@ -215,20 +266,16 @@ frmAutoRepWiz5d::frmAutoRepWiz5d(frmAutoRepWiz& wizard)
     : ValueForm(wizard, WizardPage::Text), txtInput_(Named(new QLineEdit, "txtInput")) {
     AddText(QString::fromStdString(Texts().lines[0]));
     SetLetters(*txtInput_, kTextLetters);
-    txtInput_->setText(QString::fromUtf8(kInitialText.data(), static_cast<qsizetype>(kInitialText.size())));
-    AddQuestion(WithMnemonic(Texts().lines[1], 'w'), txtInput_);
+    txtInput_->setText(QString::fromStdString(Entry().text));
+    AddQuestion(WithMnemonic(Texts().lines[1], 'w'), txtInput_, Beside(txtInput_, Letters()));
     AddPreview();
     connect(txtInput_, &QLineEdit::textChanged, this, &frmAutoRepWiz5d::Typed);
     Typed();
 }
 
 void frmAutoRepWiz5d::Typed() {
-    ShowPreview(PreviewText(MakeTextSeries(txtInput_->text().toStdString(), State().FieldMaxLen), State().NewTabCount));
-}
-
-void frmAutoRepWiz5d::Next() {
-    FillText(State(), txtInput_->text().toStdString());
-    GoOn();
+    Entry().text = txtInput_->text().toStdString();
+    ShowNotes();
 }
 
 QWidget* frmAutoRepWiz5d::FirstFocus() {

@@ -11,21 +11,35 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QLayout;
 
 namespace velmora {
 
-/// "&Next Field", and a line that shows what it will make.
+class ElidedLabel;
+class WarningLine;
+
+/// "&Next Field", and below the entries what they will make and lose.
 class ValueForm : public AutoRepForm {
+public:
+    void Next() override;
+
 protected:
     ValueForm(frmAutoRepWiz& wizard, WizardPage page);
 
+    FieldChoice& Entry() { return State().Entry(); }
+    /// How many tabs in a row hold the same value.
+    QLayout* RepeatRow();
+    /// Where the letters of a text are counted.
+    QLabel* Letters() { return lblLetters_; }
     void AddPreview();
     void ShowPreview(const std::string& text);
-    /// The font page once every field has its values, else the chooser.
-    void GoOn();
+    /// All that follows from the entries.
+    void ShowNotes();
 
 private:
-    QLabel* lblPreview_ = nullptr;
+    QLabel* lblLetters_;
+    ElidedLabel* lblPreview_ = nullptr;
+    WarningLine* lblWarning_ = nullptr;
 };
 
 class frmAutoRepWiz5a : public ValueForm {
@@ -37,6 +51,9 @@ public:
 private:
     void BuildUi();
     QLayout* BuildTextsRow();
+    /// A series into the controls.
+    void Show(const NumberSeries& numbers);
+    NumberSeries Read() const;
     void Continue();
     void Typed();
 
@@ -45,6 +62,7 @@ private:
     QComboBox* cboNumberFormat_;
     QLineEdit* Text1_;
     QLineEdit* Text2_;
+    QCheckBox* chkTexts_;
     QPushButton* cmdContinue_;
 };
 
@@ -61,15 +79,14 @@ private:
 class frmAutoRepWiz6a : public ValueForm {
 public:
     explicit frmAutoRepWiz6a(frmAutoRepWiz& wizard);
-    void Next() override;
     QWidget* FirstFocus() override;
 
 private:
     void BuildBoxes();
-    std::vector<TickBox> Ticks() const;
+    bool& Ticked(int index);
     void TickAll(bool ticked);
     void UseUpperCase(bool upper);
-    void Ticked();
+    void ShowTicks();
 
     std::vector<QCheckBox*> boxes_;
     QCheckBox* chkTagAll_;
@@ -79,7 +96,6 @@ private:
 class frmAutoRepWiz5d : public ValueForm {
 public:
     explicit frmAutoRepWiz5d(frmAutoRepWiz& wizard);
-    void Next() override;
     QWidget* FirstFocus() override;
 
 private:

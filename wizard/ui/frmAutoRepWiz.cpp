@@ -1,6 +1,9 @@
 #include "wizard/ui/frmAutoRepWiz.h"
 
-#include "widgets/TabPicture.h"
+#include "wizard/AppendWizardTabs.h"
+#include "wizard/NewTabs.h"
+#include "wizard/Recipes.h"
+#include "wizard/ui/PaintedTabs.h"
 #include "workspace/DocumentStatus.h"
 #include "workspace/TakePageBack.h"
 
@@ -30,6 +33,7 @@ frmAutoRepWiz::frmAutoRepWiz(MainModule& main, const FontCatalogue& fonts, Start
                              QWidget* parent)
     : WizardFrame(main, tr("Auto Repeat Wizard ..."), parent), fonts_(fonts), start_(start), makePage_(makePage) {
     TakePageBack(main);
+    UseFonts(main.fonts);
     Go(start == Start::Fonts ? WizardPage::Fonts : WizardPage::Introduction);
     // The caption tells of a changed document, and the commands behind it follow.
     connect(this, &QDialog::finished, this, [this] { ShowCaption(Main()); });
@@ -39,15 +43,20 @@ void frmAutoRepWiz::Go(WizardPage page) {
     ShowPage(makePage_(*this, page));
 }
 
-const QPixmap& frmAutoRepWiz::Picture(const std::string& fileName) {
-    const auto found = pictures_.find(fileName);
-    return found != pictures_.end() ? found->second
-                                    : pictures_.emplace(fileName, LoadTabPicture(Main(), fileName)).first->second;
+void frmAutoRepWiz::Finish() {
+    if (!AppendWizardTabs(Main(), state_))
+        return;
+    RememberRun(Main().settings, state_);
+    Close();
+}
+
+void frmAutoRepWiz::UseFonts(const FontSettings& fonts) {
+    sample_.emplace(fonts_, Main().document.setup, Main().settings, fonts);
 }
 
 AutoRepForm::AutoRepForm(frmAutoRepWiz& wizard, WizardPage page)
     : WizardForm(NameOf(page).name, NameOf(page).positionKey), wizard_(wizard), page_(page),
-      texts_(TextsOfPage(page, wizard.State())) {
+      texts_(TextsOfPage(page, wizard.State())), tabs_(new PaintedTabs) {
     SetHeading(QString::fromStdString(texts_.heading));
     if (PageBefore(page) && !wizard.IsFontsAlone())
         SetButton(WizardButton::Previous);
@@ -62,12 +71,32 @@ void AutoRepForm::Previous() {
         wizard_.Go(*page);
 }
 
-void AutoRepForm::ShowTabPicture(const QString& caption) {
-    SetPicture(wizard_.Picture("tab.gif"), caption);
+void AutoRepForm::ShowExample(const QString& caption) {
+    PaintedTab example;
+    for (int field = 0; field < Main().document.setup.NoOfFields; ++field)
+        example.texts.at(static_cast<std::size_t>(field)) = FieldCaption(field + 1).remove('&').toStdString();
+    tabs_->Show(wizard_.Sample(), {example}, -1);
+    SetPicture(tabs_, caption);
 }
 
-void AutoRepForm::ShowFieldPicture() {
-    SetPicture(wizard_.Picture(FieldPicture(State())));
+void AutoRepForm::ShowNewTabs(bool atWork) {
+    atWork_ = atWork;
+    PaintNewTabs();
+    SetPicture(tabs_);
+}
+
+void AutoRepForm::PaintNewTabs(const std::optional<ValueSeries>& entries) {
+    const WizardState& state = State();
+    const int first = FirstNewTab(Main().document, state.BehindLast);
+    std::vector<PaintedTab> tabs;
+    for (const int index : {1, static_cast<int>(state.NewTabCount)})
+        if (index > 0 && (tabs.empty() || index > 1))
+            tabs.push_back(
+                {tr("Tab %1").arg(first + index - 1), TextsOfNewTab(Main().document, state, index, entries)});
+    tabs_->Show(wizard_.Sample(), std::move(tabs), atWork_ ? state.CurrentFieldNo - 1 : -1);
+}
+
+void AutoRepForm::NameFields() {
     for (int field = 1; field <= kFieldsPerTab; ++field) {
         auto* label = Named(new QLabel(tr("Field %1").arg(QChar('A' + field - 1))), "lblField", field);
         QFont font = label->font();
@@ -76,6 +105,14 @@ void AutoRepForm::ShowFieldPicture() {
         label->setEnabled(field <= Main().document.setup.NoOfFields);
         PictureColumn().addWidget(label);
     }
+}
+
+QHBoxLayout* AutoRepForm::Beside(QWidget* answer, QWidget* more) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(answer);
+    row->addWidget(more);
+    row->addStretch();
+    return row;
 }
 
 QString WithMnemonic(std::string_view text, char letter) {

@@ -4,11 +4,16 @@
 #include "platform/FontCatalogue.h"
 #include "widgets/Controls.h"
 #include "widgets/WizardFrame.h"
+#include "wizard/TabSample.h"
 #include "wizard/WizardState.h"
 
-#include <map>
+#include <optional>
+
+class QHBoxLayout;
 
 namespace velmora {
+
+class PaintedTabs;
 
 class frmAutoRepWiz : public WizardFrame {
 public:
@@ -23,18 +28,21 @@ public:
 
     void Go(WizardPage page);
     void Close() { accept(); }
+    /// The chooser's Finish: fills the tabs, remembers how, and closes; the page stays where the tabs are too many.
+    void Finish();
     WizardState& State() { return state_; }
     const FontCatalogue& Fonts() const { return fonts_; }
     bool IsFontsAlone() const { return start_ == Start::Fonts; }
-    /// Loaded once, so that a missing picture is told once.
-    const QPixmap& Picture(const std::string& fileName);
+    TabSample& Sample() { return *sample_; }
+    /// The sample's, from then on.
+    void UseFonts(const FontSettings& fonts);
 
 private:
     const FontCatalogue& fonts_;
     Start start_;
     PageMaker makePage_;
     WizardState state_;
-    std::map<std::string, QPixmap> pictures_;
+    std::optional<TabSample> sample_; ///< always there
 };
 
 /// What all its pages have in common: name, heading, Cancel and Previous.
@@ -50,15 +58,23 @@ protected:
     MainModule& Main() { return wizard_.Main(); }
     frmAutoRepWiz& Wizard() { return wizard_; }
     const PageTexts& Texts() const { return texts_; }
-    /// The picture of the tab without a field at work.
-    void ShowTabPicture(const QString& caption = {});
-    /// The picture that marks the current field, and the names of the fields.
-    void ShowFieldPicture();
+    /// The tab with the names of its fields, and a caption.
+    void ShowExample(const QString& caption = {});
+    /// The first and the last new tab as they would be filled now, with the current field marked where `atWork`.
+    void ShowNewTabs(bool atWork);
+    /// The same again; `entries` of the current field in place of its values.
+    void PaintNewTabs(const std::optional<ValueSeries>& entries = std::nullopt);
+    /// The names of the fields, below the tabs.
+    void NameFields();
+    /// Beside an answer: what is counted, or wanted.
+    static QHBoxLayout* Beside(QWidget* answer, QWidget* more);
 
 private:
     frmAutoRepWiz& wizard_;
     WizardPage page_;
     PageTexts texts_;
+    PaintedTabs* tabs_;
+    bool atWork_ = false;
 };
 
 /// The control with its name and its index, from 1, in brackets.

@@ -1,13 +1,15 @@
 #include "wizard/ui/frmAutoRepWiz7.h"
 
 #include "base/Text.h"
+#include "report/Twips.h"
 #include "widgets/LineIcon.h"
+#include "wizard/NewTabs.h"
+#include "wizard/ui/FieldSample.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -16,8 +18,7 @@ namespace {
 
 constexpr int kRowsPerField = 3; // controls, sample, gap
 constexpr int kFieldGap = 8;
-constexpr int kSampleLines = 3;
-constexpr int kFontLetters = 24;
+constexpr int kFontLetters = 8; // at least
 constexpr int kSizeLetters = 4;
 
 struct BarButton {
@@ -56,28 +57,22 @@ QWidget* MakeBar(const char* name, int field) {
     return bar;
 }
 
-Qt::Alignment SampleAlignment(const FieldFont& font) {
-    return Qt::AlignVCenter | (font.HorizontalAlignment == kAlignRight    ? Qt::AlignRight
-                               : font.HorizontalAlignment == kAlignCentre ? Qt::AlignHCenter
-                                                                          : Qt::AlignLeft);
-}
-
-/// What the field holds in the tab in use, or its name.
-QString SampleText(const TabDocument& document, int field) {
-    const FieldTexts& texts = document.Field(field);
-    if (document.CurrentTab >= 1 && document.CurrentTab <= texts.Count() && !texts(document.CurrentTab).empty())
-        return QString::fromStdString(texts(document.CurrentTab));
-    return FieldCaption(field + 1).remove('&');
+/// What the first of the new tabs holds, or the field's name.
+QString SampleText(const TabTexts& texts, int field) {
+    const std::string& text = texts.at(static_cast<std::size_t>(field));
+    return text.empty() ? FieldCaption(field + 1).remove('&') : QString::fromStdString(text);
 }
 
 } // namespace
 
 frmAutoRepWiz7::frmAutoRepWiz7(frmAutoRepWiz& wizard)
     : AutoRepForm(wizard, WizardPage::Fonts), page_(wizard.Main(), wizard.Fonts()) {
+    wizard.UseFonts(page_.Fonts());
+    ShowNewTabs(false);
     auto* grid = new QGridLayout;
+    Content().addLayout(grid);
     for (int field = 0; field < kFieldsPerTab; ++field)
         AddField(grid, field);
-    Content().addLayout(grid);
     auto* note = new QHBoxLayout;
     note->addWidget(new QLabel(tr("Note:")), 0, Qt::AlignTop);
     auto* text = new QLabel(tr("You will only be able to see the effect of the Vertical Alignment settings in the "
@@ -87,7 +82,7 @@ frmAutoRepWiz7::frmAutoRepWiz7(frmAutoRepWiz& wizard)
     Content().addLayout(note);
     if (!wizard.IsFontsAlone())
         SetButton(WizardButton::Next);
-    SetButton(WizardButton::Finish, wizard.IsFontsAlone()); // in the wizard the chooser finishes
+    SetButton(WizardButton::Finish);
 }
 
 void frmAutoRepWiz7::AddField(QGridLayout* grid, int field) {
@@ -167,13 +162,14 @@ QWidget* frmAutoRepWiz7::MakeAlignmentBar(int field, bool horizontal) {
     return bar;
 }
 
-QLineEdit* frmAutoRepWiz7::MakeSample(int field) {
-    auto* sample = new QLineEdit(SampleText(Main().document, field));
+FieldSample* frmAutoRepWiz7::MakeSample(int field) {
+    auto* sample = new FieldSample;
+    sample->setText(SampleText(TextsOfNewTab(Main().document, State(), 1), field));
     sample->setObjectName(QString("Text%1").arg(field + 1));
     sample->setAccessibleName(NameInField(tr("Sample"), field));
-    sample->setReadOnly(true);
-    sample->setFocusPolicy(Qt::NoFocus);
-    sample->setFixedHeight(kSampleLines * fontMetrics().lineSpacing());
+    const auto& fields = Wizard().Sample().Fields();
+    if (field < static_cast<int>(fields.size()))
+        sample->EndAt(fields[static_cast<std::size_t>(field)].box.width / kTwipsPerInch);
     return sample;
 }
 
@@ -183,14 +179,16 @@ void frmAutoRepWiz7::ShowSample(int field) {
     font.setBold(settings.Bold);
     font.setItalic(settings.Italic);
     font.setUnderline(settings.Underline);
-    QLineEdit* sample = samples_.at(static_cast<std::size_t>(field));
-    sample->setFont(font);
-    sample->setAlignment(SampleAlignment(settings));
+    samples_.at(static_cast<std::size_t>(field))->ShowIn(font, BoxAlignment(settings.HorizontalAlignment));
+    Wizard().UseFonts(page_.Fonts());
+    PaintNewTabs();
 }
 
 void frmAutoRepWiz7::Store() {
-    if (page_.Store())
-        ++State().FontSteps;
+    if (Wizard().IsFontsAlone())
+        page_.Store();
+    else
+        StoreWizardFonts(Main(), State(), page_.Fonts());
 }
 
 void frmAutoRepWiz7::Next() {
@@ -198,9 +196,19 @@ void frmAutoRepWiz7::Next() {
     Wizard().Go(WizardPage::Chooser);
 }
 
+/// In the wizard the chooser finishes, which stays open where there are too many tabs.
 void frmAutoRepWiz7::Finish() {
     Store();
-    Wizard().Close();
+    if (Wizard().IsFontsAlone())
+        return Wizard().Close();
+    frmAutoRepWiz& wizard = Wizard();
+    wizard.Go(WizardPage::Chooser);
+    wizard.Finish();
+}
+
+void frmAutoRepWiz7::Previous() {
+    Wizard().UseFonts(Main().fonts);
+    AutoRepForm::Previous();
 }
 
 QWidget* frmAutoRepWiz7::FirstFocus() {

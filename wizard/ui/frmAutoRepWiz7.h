@@ -9,15 +9,17 @@
 
 class QComboBox;
 class QGridLayout;
-class QLineEdit;
 
 namespace velmora {
+
+class FieldSample;
 
 class frmAutoRepWiz7 : public AutoRepForm {
 public:
     explicit frmAutoRepWiz7(frmAutoRepWiz& wizard);
     void Next() override;
     void Finish() override;
+    void Previous() override;
     QWidget* FirstFocus() override;
 
 private:
@@ -26,13 +28,13 @@ private:
     QComboBox* MakeSizeBox(int field);
     QWidget* MakeStyleBar(int field);
     QWidget* MakeAlignmentBar(int field, bool horizontal);
-    QLineEdit* MakeSample(int field);
+    FieldSample* MakeSample(int field);
     void ShowSample(int field);
     void Store();
 
     FontPage page_;
     std::array<QComboBox*, kFieldsPerTab> cboFont_ = {};
-    std::array<QLineEdit*, kFieldsPerTab> samples_ = {};
+    std::array<FieldSample*, kFieldsPerTab> samples_ = {};
 };
 
 } // namespace velmora
