@@ -51,6 +51,7 @@ constexpr FormPage kForms[] = {
     {"frmGrid2a4", "typing"},       {"frmProgress", "troubles"},   {"frmHelp", "welcome"},
     {"frmGoTo", "arranging"},       {"frmSort", "arranging"},      {"frmMovePage", "arranging"},
     {"frmRemove", "arranging"},     {"mdiVelmora", "welcome"},     {"frmRecover", "recovery"},
+    {"frmStart", "first-document"},
 };
 
 } // namespace

@@ -153,6 +153,8 @@ StartOutcome Main(Program& program, const CommandLine& commandLine, Forms& forms
     const std::vector<fs::path>& files = commandLine.files;
     fs::path file = files.empty() ? fs::path() : files.front();
     const bool restored = RecoverFirst(program, file, forms);
+    if (!restored && file.empty())
+        forms.ShowStartPage();
     if (!restored && !file.empty() && OpenPath(main, file) == OpenOutcome::NoPrinter)
         return StartOutcome::Ended;
     if (!files.empty())

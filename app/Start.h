@@ -13,7 +13,9 @@ class Forms {
 public:
     virtual ~Forms() = default;
     virtual void ShowMainWindow() = 0;
-    /// As ChooseLost: modal, over the main window, like all that follow.
+    /// In the main window, while no other document is to come; modal are all that follow.
+    virtual void ShowStartPage() = 0;
+    /// As ChooseLost.
     virtual LostAnswer ShowLost(const std::vector<RecoveredDocument>& lost) = 0;
     virtual void ShowPrinterSetup() = 0;
     virtual void ShowMarginSetup() = 0;

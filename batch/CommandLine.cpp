@@ -4,6 +4,7 @@
 #include "base/Version.h"
 #include "batch/Commands.h"
 #include "document/Stationery.h"
+#include "document/Worksheet.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,6 +16,15 @@ namespace {
 
 /// An empty file name comes from a script's empty variable.
 const CLI::Validator kNotEmpty([](const std::string& text) { return text.empty() ? "is empty" : ""; }, "");
+
+const CLI::Validator kColumns(
+    [](const std::string& text) {
+        const auto columns = ParseColumns(text);
+        const bool joins = text.find('+') != std::string::npos;
+        const bool right = columns && columns->first > 0 && joins == (columns->second > 0);
+        return right ? "" : text + " is no column from 1 to 256, nor two such as 2+1";
+    },
+    "");
 
 /// What the parsed command line asks for.
 struct Request {
@@ -137,10 +147,11 @@ void AddConvert(CLI::App& app, Request& request) {
         ->check(kNotEmpty);
     command->add_option("OUT", convert.output, ".csv, .xls or .xlsx")->required()->check(kNotEmpty);
     command->add_option("--sheet", convert.sheet, "Worksheet to read");
-    command->add_option("--columns", convert.columns, "Columns of the fields, such as 2,1,3")
+    command->add_option("--columns", convert.columns, "Columns of the fields, such as 2,1 or 2+1,3")
         ->delimiter(',')
         ->expected(1, 3)
-        ->check(CLI::Range(1, 256));
+        ->check(kColumns);
+    command->add_option("--join", convert.join, "Stands between two joined columns, a blank otherwise");
     command->add_flag("--heading", convert.heading, "The first row names the columns");
     command->add_flag("--visible", convert.visible, "Leave out hidden and filtered rows of a worksheet");
     command->add_option("--type", convert.type, "Tab type")->check(CLI::Range(0, kTabTypes - 1));

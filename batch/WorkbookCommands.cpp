@@ -41,8 +41,15 @@ WorksheetOptions OptionsOf(const ConvertArguments& arguments) {
     WorksheetOptions options;
     options.heading = arguments.heading;
     options.visibleOnly = arguments.visible;
-    if (!arguments.columns.empty())
-        options.columns = arguments.columns;
+    options.between = arguments.join;
+    if (arguments.columns.empty())
+        return options;
+    options.columns.clear();
+    for (std::size_t field = 0; field < arguments.columns.size(); ++field) {
+        const auto [column, joined] = ParseColumns(arguments.columns[field]).value();
+        options.columns.push_back(column);
+        options.joined.at(field) = joined;
+    }
     return options;
 }
 

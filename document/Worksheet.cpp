@@ -4,6 +4,7 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <charconv>
 #include <numeric>
 
 namespace velmora {
@@ -42,9 +43,35 @@ std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path
     return std::nullopt;
 }
 
+std::optional<std::pair<int, int>> ParseColumns(std::string_view text) {
+    std::pair<int, int> columns{0, 0};
+    const char* const end = text.data() + text.size();
+    const auto read = [end](const char* from, int& column) {
+        const auto [next, error] = std::from_chars(from, end, column);
+        return error == std::errc() && column >= 0 && column <= kMostColumns ? next : nullptr;
+    };
+    const char* next = read(text.data(), columns.first);
+    if (next && next != end && *next == '+')
+        next = read(next + 1, columns.second);
+    return next == end ? std::optional(columns) : std::nullopt;
+}
+
+std::array<std::string, kFieldsPerTab> TabOfRow(const std::vector<std::string>& cells,
+                                                const WorksheetOptions& options) {
+    std::array<std::string, kFieldsPerTab> texts;
+    for (std::size_t field = 0; field < texts.size(); ++field) {
+        texts[field] = field < options.columns.size() ? Cell(cells, options.columns[field]) : "";
+        const std::string second = Cell(cells, options.joined[field]);
+        texts[field] = OneLine(texts[field] + (texts[field].empty() || second.empty() ? "" : options.between) + second);
+    }
+    return texts;
+}
+
 int WorksheetBuilder::LastColumn() const {
-    const auto furthest = std::max_element(options_.columns.begin(), options_.columns.end());
-    return std::max(furthest == options_.columns.end() ? 0 : *furthest, kFontKeys);
+    int last = std::max(kFontKeys, *std::max_element(options_.joined.begin(), options_.joined.end()));
+    for (const int column : options_.columns)
+        last = std::max(last, column);
+    return last;
 }
 
 void WorksheetBuilder::AddHeader(std::int32_t row, const std::vector<std::string>& cells) {
@@ -68,12 +95,16 @@ bool WorksheetBuilder::IsBlank(const std::vector<std::string>& cells) const {
     for (int column = 1; column <= kCountedColumns; ++column)
         if (!Cell(cells, column).empty())
             return false;
-    return std::all_of(options_.columns.begin(), options_.columns.end(),
-                       [&](int column) { return Cell(cells, column).empty(); });
+    const auto isEmpty = [&](int column) { return Cell(cells, column).empty(); };
+    return std::all_of(options_.columns.begin(), options_.columns.end(), isEmpty) &&
+           std::all_of(options_.joined.begin(), options_.joined.end(), isEmpty);
 }
 
 bool WorksheetBuilder::IsChosen(int column) const {
-    return std::find(options_.columns.begin(), options_.columns.end(), column) != options_.columns.end();
+    const auto isIn = [column](const auto& columns) {
+        return std::find(columns.begin(), columns.end(), column) != columns.end();
+    };
+    return isIn(options_.columns) || isIn(options_.joined);
 }
 
 std::int32_t WorksheetBuilder::NumberOf(const SheetRow& row) {
@@ -121,10 +152,9 @@ bool WorksheetBuilder::AddTab(std::int32_t tab, const SheetRow& row) {
         return false;
     }
     sheet_.rows.resize(static_cast<std::size_t>(tab));
-    for (std::size_t field = 0; field < std::min<std::size_t>(options_.columns.size(), kFieldsPerTab); ++field) {
-        sheet_.rows.back()[field] = OneLine(Cell(row.texts, options_.columns[field]));
-        bytes_ += sheet_.rows.back()[field].size();
-    }
+    sheet_.rows.back() = TabOfRow(row.texts, options_);
+    for (const std::string& text : sheet_.rows.back())
+        bytes_ += text.size();
     if (bytes_ > kMostBytes)
         throw WorkbookError("the worksheet holds more than 64 MB of text");
     return true;

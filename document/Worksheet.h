@@ -16,12 +16,21 @@ namespace velmora {
 /// By the ending of the name, in any case; nullopt for a text file.
 std::optional<WorkbookFormat> WorkbookFormatOf(const std::filesystem::path& path);
 
+/// A field's column, and another that is joined to it or 0: "2" or "2+1", and "0" for none; up to kMostColumns. nullopt
+/// for any other text.
+std::optional<std::pair<int, int>> ParseColumns(std::string_view text);
+
 struct WorksheetOptions {
-    std::vector<int> columns = {1, 2, 3}; ///< of field 1, 2 and 3, from 1; 0 and fewer leave fields empty
-    bool heading = false;                 ///< the first row names the columns; a sheet with a header has none
-    bool visibleOnly = false;             ///< leaves hidden and filtered rows out; a sheet with a header is taken whole
+    std::vector<int> columns = {1, 2, 3};    ///< of field 1, 2 and 3, from 1; 0 and fewer leave fields empty
+    std::array<int, kFieldsPerTab> joined{}; ///< columns whose texts follow these in the field; 0 and fewer: none
+    std::string between = " ";               ///< stands between two joined texts
+    bool heading = false;                    ///< the first row names the columns; a sheet with a header has none
+    bool visibleOnly = false; ///< leaves hidden and filtered rows out; a sheet with a header is taken whole
     bool operator==(const WorksheetOptions&) const = default;
 };
+
+/// The texts that a row gives a tab.
+std::array<std::string, kFieldsPerTab> TabOfRow(const std::vector<std::string>& cells, const WorksheetOptions& options);
 
 /// What a sheet or list holds besides the texts that were taken, as far as its reading showed.
 struct LeftOut {

@@ -361,6 +361,10 @@ TEST_F(BatchTest, ConvertsListsAndWorkbooks) {
         ASSERT_EQ(Batch("convert " + book + " back.csv --no-header --type 5").code, 0);
         EXPECT_TRUE(ReadFile(folder / "back.csv").starts_with("007,Smith; John,\r\n,,\r\n")) << book;
     }
+    ASSERT_EQ(Batch("convert list.csv back.csv --no-header --heading --columns 2+1 --join -").code, 0);
+    EXPECT_TRUE(ReadFile(folder / "back.csv").starts_with("007-Smith; John,,\r\n"));
+    for (const char* wrong : {"0", "1+", "1+0", "257"})
+        EXPECT_EQ(Batch("convert list.csv back.csv --columns " + std::string(wrong)).code, 2) << wrong;
     Write("sheet.csv", "Version 8;;;\r\nP;A4;0;2\r\n0;0\r\nA;9\r\nB;9\r\nC;9\r\n\"x;y\";z\r\n");
     ASSERT_EQ(Batch("convert sheet.csv back.csv").code, 0);
     const std::string back = ReadFile(folder / "back.csv");

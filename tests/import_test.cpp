@@ -200,7 +200,7 @@ TEST_F(ImportTest, ListsAreTakenApartAsTheirProgramsWroteThem) {
                  {"quotes", "\"a, \"\"b\"\"\",c\r\n", "a, \"b\"|c|"},
                  {"Windows-1252", "M\xFCller\tx\r\n", "Müller|x|"},
                  {"UTF-16", std::string("\xFF\xFE\xE9\0\t\0b\0\r\0\n\0", 12), "é|b|"},
-                 {"a heading that is no header", "Version,Year,Name\r\n7,8\r\n", "Version|Year|Name"}};
+                 {"a heading that is no header", "Version,Year,Name\r\n7,8\r\n", "7|8|"}};
     const std::string printer = program.Stored("Settings", "Printer");
     for (const auto& [what, bytes, first] : cases) {
         EXPECT_EQ(OpenForeign(Put("list.txt", bytes)), OpenOutcome::Opened) << what;
@@ -336,7 +336,7 @@ TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutSayingWhatIsLost) {
     const std::string list = "The list would become a tab file, with six lines of settings before the texts, commas "
                              "between them and no quotation marks.";
     const auto firstColumnAndHeading = [](ImportChoice& choice) {
-        choice.cells = {{1}, true};
+        choice.cells = {.columns = {1}, .heading = true};
         return true;
     };
     const struct {

@@ -1,5 +1,6 @@
 // The start of the program: folders, command line, the ends before the window.
 #include "app/Start.h"
+#include "app/StartPage.h"
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "platform/Machine.h"
@@ -24,6 +25,7 @@ namespace fs = std::filesystem;
 class NotingForms : public Forms {
 public:
     void ShowMainWindow() override { shown += "main ", whenShown(); }
+    void ShowStartPage() override { ++startPages; }
     LostAnswer ShowLost(const std::vector<RecoveredDocument>& lost) override {
         shown += "lost";
         for (const RecoveredDocument& document : lost)
@@ -36,6 +38,7 @@ public:
     LoadOutcome ShowPageSetup() override { return shown += "page ", pageSetup; }
     void ShowSettingsEditor() override { shown += "editor "; }
     std::string shown;
+    int startPages = 0;
     std::vector<LostAnswer> answers; ///< to lists of lost documents
     std::function<void()> whenShown = [] {};
     LoadOutcome pageSetup = LoadOutcome::Loaded;
@@ -87,6 +90,23 @@ TEST_F(StartTest, NamesTheProgramAndItsFolders) {
     EXPECT_EQ(test.settings.IniFile, test.folder / "Velmora.ini");
     EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Images").string() + "/");
     EXPECT_EQ(program.main.globals.TabsPath, test.folder / "Tabs/");
+}
+
+TEST_F(StartTest, TheStartPageIsForAStartThatOpensNothing) {
+    Start();
+    EXPECT_EQ(forms.startPages, 1);
+    test.ui.Expect("Could not load the following file [" + fs::absolute("gone").string() + "]", Icon::Critical);
+    Start({"gone"});
+    EXPECT_EQ(forms.startPages, 1);
+}
+
+TEST_F(StartTest, TheStartPageIsWantedUntilItIsSwitchedOff) {
+    KeepStartPage(test.settings, true);
+    EXPECT_EQ(test.Stored("Settings", "Start Page"), "(none)");
+    for (const bool wanted : {false, true}) {
+        KeepStartPage(test.settings, wanted);
+        EXPECT_EQ(WantsStartPage(test.settings), wanted);
+    }
 }
 
 TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {

@@ -3,10 +3,12 @@
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "base/Text.h"
+#include "document/ListHeading.h"
 #include "document/SheetTable.h"
 #include "document/TabFileForm.h"
 #include "workspace/Dialogs.h"
 #include "workspace/ImportDialogs.h"
+#include "workspace/ImportMemory.h"
 #include "workspace/LoadDocument.h"
 
 #include <algorithm>
@@ -93,12 +95,25 @@ private:
     std::unique_ptr<Workbook> workbook_;
 };
 
-/// What the person says of a sheet without a header; nullopt when cancelled.
+/// What the person says of rows without a header, beginning with what was said of the last ones with these headings,
+/// else with a guess; nullopt when cancelled.
+std::optional<ImportChoice> ChooseColumns(MainModule& main, const ImportRequest& request, ImportChoice guess) {
+    if (const auto rows = request.preview(guess); !rows.empty())
+        guess.cells =
+            RecallColumns(main.settings, rows.front()).value_or(WorksheetOptions{.heading = LooksLikeHeading(rows)});
+    const auto choice = main.dialogs->ChooseImport(request, guess);
+    if (!choice || choice->cells == guess.cells)
+        return choice;
+    if (const auto rows = request.preview(*choice); !rows.empty())
+        RememberColumns(main.settings, rows.front(), choice->cells);
+    return choice;
+}
+
 std::optional<ImportChoice> ChooseColumns(MainModule& main, const std::string& sheet, const SheetTable& table) {
     ImportRequest request{
         sheet, {}, [&](const ImportChoice& choice) { return table.FirstRows(kPreviewRows, choice.cells.visibleOnly); }};
     request.hiddenRows = table.HiddenRows();
-    return main.dialogs->ChooseImport(request, {});
+    return ChooseColumns(main, request, {});
 }
 
 /// False when the person would rather have the workbook saved with its results first.
@@ -194,7 +209,7 @@ Imported ImportList(MainModule& main, const std::filesystem::path& path, FoundTe
     const auto preview = [&](const ImportChoice& choice) {
         return ParseTextList(found.TextIn(choice.encoding), choice.delimiter, kPreviewRows);
     };
-    const auto choice = main.dialogs->ChooseImport({PathText(path.filename()), found.encodings, preview}, found.guess);
+    const auto choice = ChooseColumns(main, {PathText(path.filename()), found.encodings, preview}, found.guess);
     if (!choice)
         return OpenOutcome::Cancelled;
     const std::string& text = found.TextIn(choice->encoding);

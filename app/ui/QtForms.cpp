@@ -1,5 +1,6 @@
 #include "app/ui/QtForms.h"
 
+#include "app/StartPage.h"
 #include "app/ui/SetupForms.h"
 #include "app/ui/frmRecover.h"
 #include "app/ui/frmSettings.h"
@@ -9,6 +10,11 @@ namespace velmora {
 void QtForms::ShowMainWindow() {
     window_ = std::make_unique<mdiVelmora>(program_);
     window_->show();
+}
+
+void QtForms::ShowStartPage() {
+    if (WantsStartPage(program_.main.settings))
+        window_->ShowStartPage();
 }
 
 LostAnswer QtForms::ShowLost(const std::vector<RecoveredDocument>& lost) {

@@ -13,6 +13,7 @@ class QtForms : public Forms {
 public:
     explicit QtForms(Program& program) : program_(program) {}
     void ShowMainWindow() override;
+    void ShowStartPage() override;
     LostAnswer ShowLost(const std::vector<RecoveredDocument>& lost) override;
     void ShowPrinterSetup() override;
     void ShowMarginSetup() override;

@@ -1,6 +1,8 @@
 #include "app/ui/frmOptionsPage.h"
 
 #include "app/Options.h"
+#include "app/StartPage.h"
+#include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
@@ -38,9 +40,11 @@ void frmOptionsPage::BuildUi() {
     chkAskBeforeDelete_->setObjectName("chkAskBeforeDelete");
     chkStartWithSetup_ = new QCheckBox(tr("Show the page &set-up at every start"));
     chkStartWithSetup_->setObjectName("chkStartWithSetup");
+    chkStartPage_ = Named(new QCheckBox(tr("Show the start &page in an empty document")), "chkStartPage");
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(chkAskBeforeDelete_);
     layout->addWidget(chkStartWithSetup_);
+    layout->addWidget(chkStartPage_);
     layout->addSpacing(8);
 
     auto* tools = new QHBoxLayout;
@@ -70,12 +74,14 @@ void frmOptionsPage::BuildUi() {
 void frmOptionsPage::ShowGlobals() {
     chkAskBeforeDelete_->setChecked(main_.globals.AskBeforeDelete);
     chkStartWithSetup_->setChecked(main_.globals.StartWithSetup);
+    chkStartPage_->setChecked(WantsStartPage(main_.settings));
 }
 
-/// The boxes show both habits on, whatever is stored: OK makes them so.
+/// The boxes show all habits on, whatever is stored: OK makes them so.
 void frmOptionsPage::Reset() {
     chkAskBeforeDelete_->setChecked(true);
     chkStartWithSetup_->setChecked(true);
+    chkStartPage_->setChecked(true);
     Trapped(main_.ui, "Called from Sub: Command1",
             [&] { lostPrinter_ = ResetOptions(main_) == LoadOutcome::NoPrinter; });
     if (lostPrinter_)
@@ -83,8 +89,10 @@ void frmOptionsPage::Reset() {
 }
 
 void frmOptionsPage::Save() {
-    Trapped(main_.ui, "Called from Sub: cmdOk",
-            [&] { SaveOptions(main_, chkAskBeforeDelete_->isChecked(), chkStartWithSetup_->isChecked()); });
+    Trapped(main_.ui, "Called from Sub: cmdOk", [&] {
+        SaveOptions(main_, chkAskBeforeDelete_->isChecked(), chkStartWithSetup_->isChecked());
+        KeepStartPage(main_.settings, chkStartPage_->isChecked());
+    });
     accept();
 }
 

@@ -1,4 +1,4 @@
-// The general options: two habits, the way back to the defaults, and the settings of an older installation.
+// The general options: three habits, the way back to the defaults, and the settings of an older installation.
 #pragma once
 
 #include "widgets/FormPlace.h"
@@ -28,6 +28,7 @@ private:
     MainModule& main_;
     QCheckBox* chkAskBeforeDelete_ = nullptr;
     QCheckBox* chkStartWithSetup_ = nullptr;
+    QCheckBox* chkStartPage_ = nullptr;
     bool lostPrinter_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include "app/ui/HelpDesk.h"
 #include "app/ui/MainMenu.h"
 #include "app/ui/StatusLine.h"
+#include "app/ui/frmStart.h"
 #include "base/Numbers.h"
 #include "base/Paths.h"
 #include "editor/ui/PageStrip.h"
@@ -330,6 +331,11 @@ void mdiVelmora::FocusSheet() {
     const TabDocument& document = program_.main.document;
     TakePageBack(program_.main);
     program_.main.editor->ShowText({std::max<std::int32_t>(1, document.CurrentTab), 0}, 0, std::string::npos);
+}
+
+void mdiVelmora::ShowStartPage() {
+    auto* page = new frmStart(program_.main, *grid_, *this);
+    connect(page, &frmStart::FileWanted, this, &mdiVelmora::OpenAnother);
 }
 
 void mdiVelmora::SetPanel(int panel, const std::string& text) {

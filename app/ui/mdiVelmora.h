@@ -28,6 +28,8 @@ public:
 
     /// The last moment of a program that others end: keeps a recovery copy of what is typed, and the windows' places.
     void Leave();
+    /// Over the empty sheet; for a start that opens nothing.
+    void ShowStartPage();
     void SetPanel(int panel, const std::string& text) override;
     void Tell(const DoneMessage& done) override;
     void SetCaption(const std::string& caption) override;

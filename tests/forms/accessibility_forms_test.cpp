@@ -165,6 +165,8 @@ private slots:
         LookAtHelp(running);
         frmSettings settings(running.program.main);
         LookAndClose(settings);
+        running.forms.Window()->ShowStartPage();
+        Look(*running.window);
         LookAtMessage();
         LookAtProgress();
         QVERIFY2(faults_.isEmpty(), qPrintable(faults_.join('\n')));

@@ -118,10 +118,18 @@ private slots:
         running.Start();
         const auto path = Book(running, {{"Client", "Year", "", "File"}, {"Smith", "2024", "", "7"}});
         Import(running, "Import", path, [](QDialog& dialog) {
+            QVERIFY(Get<QCheckBox>(dialog, "chkHeading").isChecked());
             for (const auto& [box, column] : {std::pair{"cboField1", 4}, {"cboField2", 4}, {"cboField3", 0}})
                 Get<QComboBox>(dialog, box).setCurrentIndex(column);
             Click(dialog, "chkHeading");
-            QCOMPARE(Titles(dialog), (QStringList{"A - Client", "B - Year", "C", "D - File\nField A Field B"}));
+            QCOMPARE(Titles(dialog), (QStringList{"A", "B", "C", "D\nField A Field B"}));
+            Click(dialog, "chkHeading");
+            QVERIFY(!Get<QComboBox>(dialog, "cboBetween").isEnabled());
+            Get<QComboBox>(dialog, "cboJoined1").setCurrentText("A - Client");
+            Get<QComboBox>(dialog, "cboBetween").setCurrentText("Slash");
+            QCOMPARE(Get<QLabel>(dialog, "lblFirstTab").text(), QString("The first tab: 7/Smith | 7"));
+            QCOMPARE(Titles(dialog).first() + Titles(dialog).last(),
+                     QString("A - Client\n+ Field AD - File\nField A Field B"));
             QCOMPARE(Shown(dialog, 0), (QStringList{"Smith", "2024", "", "7"}));
             QCOMPARE(Get<QComboBox>(dialog, "cboField1").currentText(), QString("D - File"));
             Get<QPushButton>(dialog, "cmdCancel").setFocus();
@@ -130,7 +138,7 @@ private slots:
             Click(dialog, "cmdImport");
         });
         const TabDocument& document = running.program.main.document;
-        QCOMPARE(document.FieldA(1) + document.FieldB(1) + document.FieldC(1), std::string("77"));
+        QCOMPARE(document.FieldA(1) + document.FieldB(1) + document.FieldC(1), std::string("7/Smith7"));
         QCOMPARE(document.FieldA(2), std::string());
     }
 

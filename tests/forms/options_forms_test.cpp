@@ -1,19 +1,24 @@
 // Options, about box, settings editor and help, driven through their named controls.
 #include "app/Help.h"
+#include "app/StartPage.h"
 #include "app/ui/MainMenu.h"
 #include "app/ui/frmAbout.h"
 #include "app/ui/frmHelp.h"
 #include "app/ui/frmOptionsPage.h"
 #include "app/ui/frmSettings.h"
+#include "app/ui/frmStart.h"
 #include "tests/forms/RunningProgram.h"
 #include "widgets/HelpRequest.h"
 #include "widgets/TabPicture.h"
+#include "workspace/RecentFiles.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QFile>
 #include <QListWidget>
 #include <QRegularExpression>
 #include <QTextBrowser>
+#include <QToolButton>
 #include <QTreeWidget>
 
 namespace {
@@ -32,6 +37,20 @@ QStringList Captured(const QString& text, const QString& pattern) {
     return found;
 }
 
+/// With the start page up, which `Page` gives; null once it has gone.
+struct BeginningProgram : RunningProgram {
+    BeginningProgram() {
+        test.Store("Settings", "Start Page", "True");
+        ReplaceFile(test.folder / "a&b.csv", "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx\r\n");
+        RememberFile(test.settings, test.folder / "a&b.csv");
+        Start();
+    }
+    frmStart* Page() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return window->findChild<frmStart*>();
+    }
+};
+
 class OptionsFormsTest : public QObject {
     Q_OBJECT
 
@@ -41,12 +60,13 @@ private slots:
     void theOptionsAreKeptOnlyByOk() {
         RunningProgram running;
         running.Start();
+        KeepStartPage(running.test.settings, true);
         running.program.main.globals.StartWithSetup = true;
         SaveGlobals(running.program.main);
         for (const char* button : {"cmdCancel", "cmdOk"}) {
             frmOptionsPage form(running.program.main, running.window);
             form.show();
-            for (const char* box : {"chkAskBeforeDelete", "chkStartWithSetup"}) {
+            for (const char* box : {"chkAskBeforeDelete", "chkStartWithSetup", "chkStartPage"}) {
                 QVERIFY(Get<QCheckBox>(form, box).isChecked());
                 Click(form, box);
             }
@@ -54,6 +74,7 @@ private slots:
             QVERIFY(!form.isVisible());
         }
         QCOMPARE(running.test.Stored("Settings", "Ask before delete"), std::string("False"));
+        QCOMPARE(running.test.Stored("Settings", "Start Page"), std::string("False"));
         frmOptionsPage form(running.program.main, running.window);
         form.show();
         QVERIFY(!Get<QCheckBox>(form, "chkStartWithSetup").isChecked());
@@ -64,6 +85,56 @@ private slots:
         Click(form, "cmdOk");
         QCOMPARE(running.test.Stored("Settings", "Start with setup"), std::string("True"));
         QVERIFY(running.test.Stored("Form Position", "Options") != "(none)");
+    }
+
+    void theStartPageGivesWayToWhoTypesPastesOrGoesToTheSheet() {
+        const auto press = [](auto... key) { QTest::keyClick(QApplication::focusWidget(), key...); };
+        QApplication::clipboard()->setText("q");
+        const std::function<void()> ways[] = {[&] { press('q'); }, [&] { press(Qt::Key_V, Qt::ControlModifier); },
+                                              [&] {
+                                                  press(Qt::Key_F6);
+                                                  press(Qt::Key_F6);
+                                                  press('q');
+                                              }};
+        for (const auto& way : ways) {
+            BeginningProgram running;
+            QVERIFY(running.Page()->hasFocus());
+            for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Down, Qt::Key_Shift})
+                press(key);
+            QVERIFY(running.Page() && running.Page()->isAncestorOf(QApplication::focusWidget()));
+            way();
+            QVERIFY(!running.Page());
+            QCOMPARE(running.Box("TextA1(1)")->text(), QString("q"));
+            QVERIFY(running.Box("TextA1(1)")->hasFocus() && running.Box("TextA1(1)")->isVisible());
+        }
+    }
+
+    void aStationeryOfTheStartPageIsSetUp() {
+        BeginningProgram running;
+        Click(*running.Page(), "optFields2");
+        auto* last = running.Page()->findChildren<QToolButton*>("cmdStationery").last();
+        QCOMPARE(last->text(), QString("DL Alpha\n3 rows, 4 cols"));
+        last->setFocus();
+        QTest::keyClick(last, Qt::Key_Return);
+        QVERIFY(!running.Page() && running.Box("TextA2(12)")->isVisible() && !running.Box("TextA3(1)"));
+        QCOMPARE(running.program.main.document.setup.OptType, 5);
+    }
+
+    void theStartPageOpensAndCanBeSwitchedOff() {
+        BeginningProgram running;
+        Click(*running.Page(), "chkStartPage");
+        QVERIFY(!WantsStartPage(running.test.settings));
+        running.test.ui.ExpectChooser("Open", std::nullopt);
+        Click(*running.Page(), "cmdOpen");
+        auto* recent = running.Page()->findChild<QToolButton*>("cmdRecent");
+        QCOMPARE(recent->text(), QString("a&&b.csv"));
+        QVERIFY(recent->accessibleName().endsWith("/a&b.csv") && recent->accessibleName() == recent->toolTip());
+        recent->click();
+        QVERIFY(!running.Page());
+        QCOMPARE(running.Box("TextA1(1)")->text(), QString("x"));
+        RunningProgram another;
+        another.Start();
+        QVERIFY(!another.window->findChild<frmStart*>());
     }
 
     void theAboutBoxNamesTheVersionAndAPictureThatIsNoneIsSaid() {
