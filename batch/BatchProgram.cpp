@@ -5,6 +5,7 @@
 #include "base/Paths.h"
 #include "base/Version.h"
 #include "document/TabFileForm.h"
+#include "platform/Machine.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
@@ -68,6 +69,7 @@ BatchProgram::BatchProgram()
       settings_(registry_, ui_), main_{settings_, ui_, printers_, workbooks_, {}, {}, {}} {
     settings_.SettingsAppName = kProgramName;
     settings_.InMemory = true;
+    main_.language = DesktopLanguage(SystemEnvironment());
 }
 
 void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {

@@ -155,7 +155,9 @@ SheetSeries CalibrationSheets(SettingsStore& store, int tabType, std::string_vie
             [&store, tabType, layout = std::string(layout)](int, Sheet& sheet) {
                 sheet = LayOutCalibrationSheet(store, tabType, layout);
             },
-            Outlines::Shown};
+            Outlines::Shown,
+            2,
+            "en"};
 }
 
 void PrintCalibrationSheet(PrintModule& print) {
