@@ -1,5 +1,6 @@
 #include "print/PrintRun.h"
 
+#include "base/Paths.h"
 #include "print/NumberList.h"
 #include "print/PrintErrors.h"
 #include "print/PrintSheets.h"
@@ -32,9 +33,16 @@ PrintCheck PrintRun::Check() {
 }
 
 bool PrintRun::WantedAnyway() {
-    const std::vector<PrintFinding> findings = CheckBeforePrinting(Check());
-    return findings.empty() || Ask(print_.main.ui, FindingsSummary(findings) + "Do you want to print anyway?",
-                                   Buttons::YesNo, Answer::Yes) == Answer::Yes;
+    MainModule& main = print_.main;
+    const std::string& printer = report_.Printer.DeviceName;
+    if (!PrinterTakesJobs(main, printer))
+        return false;
+    asked_ = true;
+    const std::string doubts = StateText(printer, main.printers.StateOf(printer)) +
+                               FindingsSummary(CheckBeforePrinting(Check())) +
+                               ForbiddenFontsText(Series({}), print_.catalogue);
+    return doubts.empty() ||
+           Ask(main.ui, doubts + "Do you want to print anyway?", Buttons::YesNo, Answer::Yes) == Answer::Yes;
 }
 
 std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::string& range) const {
@@ -53,17 +61,31 @@ std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::stri
     return sheets;
 }
 
-bool PrintRun::Print(const std::vector<int>& sheets) {
-    return Send(report_.Printer.DeviceName, sheets);
+bool PrintRun::Print(const std::vector<int>& sheets, const JobOptions& options) {
+    return Send(report_.Printer.DeviceName, sheets, options);
 }
 
 bool PrintRun::SaveAsPdf(const std::vector<int>& sheets) {
     return Send(kPdfPrinter, sheets);
 }
 
-bool PrintRun::Send(const std::string& printer, const std::vector<int>& sheets) {
-    return SendSheets(print_, DocumentSheets(report_, print_.main.document, print_.main.fonts, {sheets, false}),
-                      {printer, caption_, kPrintReportPlace});
+/// The caption with the document's name alone: its folder is nobody's concern at the printer.
+std::string PrintRun::JobTitle() const {
+    const MainModule& main = print_.main;
+    if (request_.mode == "TEST" || main.document.DocFileName.empty())
+        return caption_;
+    return main.settings.SettingsAppName + " [" + PathText(main.document.DocFileName.filename()) + "]";
+}
+
+SheetSeries PrintRun::Series(const std::vector<int>& sheets) {
+    const MainModule& main = print_.main;
+    SheetSeries series = DocumentSheets(report_, main.document, main.fonts, {sheets, false});
+    series.language = main.language;
+    return series;
+}
+
+bool PrintRun::Send(const std::string& printer, const std::vector<int>& sheets, const JobOptions& options) {
+    return SendSheets(print_, Series(sheets), {printer, JobTitle(), kPrintReportPlace, {}, options, asked_});
 }
 
 } // namespace velmora

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "print/PrintModule.h"
+#include "report/PdfReport.h"
 #include "report/PrepareReport.h"
 #include "report/PrintChecks.h"
 
@@ -24,7 +25,8 @@ public:
     const MainModule& Main() const { return print_.main; }
     /// A check of all sheets, with what the printer says of the paper. It holds until the used slots change.
     PrintCheck Check();
-    /// False when the person was told what a check finds, and does not want to print.
+    /// False when the printer takes no jobs, and when the person was told what a check finds, or that the job will
+    /// wait, and does not want to print.
     bool WantedAnyway();
     const FontCatalogue& Catalogue() const { return print_.catalogue; }
 
@@ -38,20 +40,25 @@ public:
     /// words for the person, for a range that is none and where no sheet has a text.
     std::vector<int> Sheets(SheetChoice choice, int shown, const std::string& range) const;
 
+    /// What the report's printer lets one choose from.
+    PaperSources Sources() const { return print_.main.printers.SourcesOf(report_.Printer.DeviceName); }
     /// Sends sheets, numbered from 1, to the report's printer; none: all. The built-in printer asks for a path. False
     /// when the person cancelled, and after a failure, which is shown: nothing is printed then.
-    bool Print(const std::vector<int>& sheets = {});
+    bool Print(const std::vector<int>& sheets = {}, const JobOptions& options = {});
     /// The same as a PDF file, at a path that is asked for.
     bool SaveAsPdf(const std::vector<int>& sheets = {});
 
 private:
     void Prepare(const ReportRequest& request);
-    bool Send(const std::string& printer, const std::vector<int>& sheets);
+    bool Send(const std::string& printer, const std::vector<int>& sheets, const JobOptions& options = {});
+    SheetSeries Series(const std::vector<int>& sheets);
+    std::string JobTitle() const;
 
     PrintModule& print_;
     rptVelmor& report_;
     std::string caption_;
     ReportRequest request_;
+    bool asked_ = false; ///< by WantedAnyway
 };
 
 } // namespace velmora

@@ -17,15 +17,38 @@ std::unique_ptr<Progress> StartProgress(UserInterface& ui, const char* text, con
     return ui.StartCancellable(text, static_cast<int>(series.numbers.size()));
 }
 
+bool WantedAnyway(UserInterface& ui, const std::string& doubts, const char* verb) {
+    return doubts.empty() ||
+           Ask(ui, doubts + "Do you want to " + verb + " anyway?", Buttons::YesNo, Answer::No) == Answer::Yes;
+}
+
 bool SaveSheets(UserInterface& ui, const FontCatalogue& catalogue, const SheetSeries& series,
                 const std::filesystem::path& path) {
+    if (!WantedAnyway(ui, ForbiddenFontsText(series, catalogue), "save"))
+        return false;
     const auto progress = StartProgress(ui, "Exporting file.  Please standby...", series);
     return SavePdf(series, catalogue, path, progress.get());
 }
 
+bool MayPrint(PrintModule& print, const SheetSeries& series, const std::string& printer) {
+    MainModule& main = print.main;
+    if (!PrinterTakesJobs(main, printer))
+        return false;
+    std::string doubts = StateText(printer, main.printers.StateOf(printer));
+    if (!SupportOf(main.printers, printer, series.paper).listed)
+        doubts += std::string(kPaperDiffers) + "\r\n";
+    doubts += ForbiddenFontsText(series, print.catalogue);
+    return WantedAnyway(main.ui, doubts, "print");
+}
+
 bool PrintSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
-    const auto progress = StartProgress(print.main.ui, "Printing.  Please standby...", series);
-    return PrintSheets(series, print.catalogue, {print.main.printers, errand.printer, errand.title}, progress.get());
+    UserInterface& ui = print.main.ui;
+    if (!errand.asked && !MayPrint(print, series, errand.printer))
+        return false;
+    const auto progress = StartProgress(ui, "Printing.  Please standby...", series);
+    const auto ask = [&ui](const CredentialsRequest& request) { return ui.AskForCredentials(request); };
+    return PrintSheets(series, print.catalogue,
+                       {print.main.printers, errand.printer, errand.title, errand.options, ask}, progress.get());
 }
 
 } // namespace
@@ -45,6 +68,14 @@ std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string
     }
 }
 
+bool PrinterTakesJobs(MainModule& main, const std::string& printer) {
+    const PrinterState state = main.printers.StateOf(printer);
+    if (TakesJobs(state))
+        return true;
+    Tell(main.ui, StateText(printer, state), Icon::Critical);
+    return false;
+}
+
 bool SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
     const bool toFile = errand.printer == kPdfPrinter;
     const auto path = toFile ? AskForPdfPath(print.main, errand.pdfName) : std::nullopt;
@@ -57,7 +88,10 @@ bool SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand
     if (sent && path)
         TellWritten(print.main, *path);
     else if (sent)
-        print.main.status->Tell({Counted(series.numbers.size(), "sheet") + " sent to " + errand.printer});
+        print.main.status->Tell(
+            {Counted(series.numbers.size(), "sheet") +
+             (errand.options.copies > 1 ? ", " + std::to_string(errand.options.copies) + " copies" : "") + " sent to " +
+             errand.printer});
     return sent;
 }
 
@@ -69,7 +103,9 @@ void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& cata
     Trapped(main.ui, kPrintReportPlace, [&] {
         rptVelmor report =
             MakeReport(layout, DocumentRequest(main.document), {main.document, main.settings, main.fonts});
-        if (SaveSheets(main.ui, catalogue, DocumentSheets(report, main.document, main.fonts), *path))
+        SheetSeries series = DocumentSheets(report, main.document, main.fonts);
+        series.language = main.language;
+        if (SaveSheets(main.ui, catalogue, series, *path))
             TellWritten(main, *path);
     });
 }

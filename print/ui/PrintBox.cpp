@@ -1,5 +1,6 @@
 #include "print/ui/PrintBox.h"
 
+#include "print/ui/JobChoice.h"
 #include "widgets/AnswerLabel.h"
 #include "widgets/Controls.h"
 
@@ -30,6 +31,9 @@ PrintBox::PrintBox(PrintRun& run, QWidget* parent)
     layout->addWidget(AddOption(SheetChoice::Filled, "optFilled", ""));
     layout->addLayout(BuildRange());
     layout->addWidget(lblRange_);
+    job_ = new JobChoice(run, this);
+    layout->addWidget(job_);
+    job_->setVisible(run.Report().Printer.DeviceName != kPdfPrinter);
     layout->addLayout(BuildButtons());
     layout->addWidget(lblPrinted_);
     for (QLabel* label : {lblRange_, lblPrinted_}) {
@@ -106,7 +110,7 @@ void PrintBox::ShowChoice(int sheet) {
 void PrintBox::Print(bool toFile) {
     const std::vector<int> sheets = ChosenSheets();
     const bool file = toFile || run_.Report().Printer.DeviceName == kPdfPrinter;
-    if (!(toFile ? run_.SaveAsPdf(sheets) : run_.Print(sheets)))
+    if (!(toFile ? run_.SaveAsPdf(sheets) : run_.Print(sheets, job_->Options())))
         return;
     lblPrinted_->Say((file ? tr("%n sheet(s) saved as PDF.", nullptr, static_cast<int>(sheets.size()))
                            : tr("%n sheet(s) sent to the printer.", nullptr, static_cast<int>(sheets.size())))

@@ -16,6 +16,7 @@ class QRadioButton;
 namespace velmora {
 
 class AnswerLabel;
+class JobChoice;
 
 class PrintBox : public QGroupBox {
     Q_OBJECT
@@ -39,6 +40,7 @@ private:
     PrintRun& run_;
     int sheet_ = 1;
     QButtonGroup* optSheets_; ///< by SheetChoice
+    JobChoice* job_ = nullptr;
     QLineEdit* txtRange_ = nullptr;
     QPushButton *cmdPrint_ = nullptr, *cmdSavePdf_ = nullptr;
     AnswerLabel* lblRange_;
