@@ -36,7 +36,7 @@ struct UnprintableMargins {
 
 /// What a printer says of one size of paper.
 struct PaperSupport {
-    bool listed = false; ///< it has exactly this size, or does not say what it has
+    bool listed = false; ///< it has this size to half a point, or does not say what it has
     std::optional<UnprintableMargins> unprintable = std::nullopt; ///< nullopt where it does not say
 };
 

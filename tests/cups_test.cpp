@@ -101,14 +101,17 @@ struct CupsTest : testing::Test {
                 queue("Closed", "State Stopped\nStateMessage Closed for the summer\nAccepting No\n") +
                 queue("Empty", "State Idle\nReason media-empty-error\nStateMessage Tray 1 is empty\nAccepting Yes\n") +
                 queue("Guarded", "State Stopped\nAccepting Yes\nOpPolicy guarded\n") +
-                queue("Letter", "State Stopped\nAccepting Yes\n") +
+                queue("Letter", "State Stopped\nAccepting Yes\n") + queue("Points", "State Stopped\nAccepting Yes\n") +
                 "<DefaultPrinter Office>\nDeviceURI file:///dev/null\nState Stopped\nStateMessage No drum\n"
                 "Accepting Yes\nJobSheets standard none\nOption sides two-sided-long-edge\nOption number-up 2\n"
                 "Option copies 2\n</DefaultPrinter>\n");
         std::filesystem::create_directory(folder / "ppd");
-        Write("ppd/Letter.ppd", "*PPD-Adobe: \"4.3\"\n*OpenUI *PageSize: PickOne\n*DefaultPageSize: Letter\n"
-                                "*PageSize Letter: \"\"\n*CloseUI: *PageSize\n*ImageableArea Letter: \"0 0 612 792\"\n"
-                                "*PaperDimension Letter: \"612 792\"\n");
+        for (const auto& [name, paper, points] :
+             {std::tuple{"Letter", "Letter", "612 792"}, {"Points", "A4", "595 842"}})
+            Write(std::string("ppd/") + name + ".ppd",
+                  std::string("*PPD-Adobe: \"4.3\"\n*OpenUI *PageSize: PickOne\n*DefaultPageSize: ") + paper +
+                      "\n*PageSize " + paper + ": \"\"\n*CloseUI: *PageSize\n*ImageableArea " + paper + ": \"0 0 " +
+                      points + "\"\n*PaperDimension " + paper + ": \"" + points + "\"\n");
         ::setenv("CUPS_SERVER", server.c_str(), 1);
         daemon.emplace(
             std::vector<std::string>{"cupsd", "-f", "-c", folder / "cupsd.conf", "-s", folder / "files.conf"});
@@ -135,8 +138,8 @@ struct CupsTest : testing::Test {
 
 TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
     const InstalledPrinters all(std::make_unique<CupsPrinters>(), true);
-    EXPECT_EQ(all.Printers(),
-              (std::vector<std::string>{"Asking", "Closed", "Empty", "Guarded", "Letter", "Office", kPdfPrinter}));
+    EXPECT_EQ(all.Printers(), (std::vector<std::string>{"Asking", "Closed", "Empty", "Guarded", "Letter", "Office",
+                                                        "Points", kPdfPrinter}));
     EXPECT_EQ(all.DefaultPrinter(), "Office");
     const std::tuple<double, double, Orientation, const char*> cases[] = {
         {210, 297, Orientation::Portrait, "iso_a4_210x297mm"},
@@ -192,6 +195,8 @@ TEST_F(CupsTest, QueuesSayInTheirOwnWordsWhatKeepsAJobWaiting) {
         EXPECT_EQ(state.words, words) << name;
     }
     EXPECT_FALSE(printers.PaperOf("Letter", 210, 297).listed);
+    EXPECT_TRUE(printers.PaperOf("Points", 210, 297).listed) << "drivers count in whole points";
+    EXPECT_FALSE(printers.PaperOf("Points", 210, 296).listed);
     EXPECT_TRUE(printers.PaperOf("Office", 210, 297).listed) << "without a driver it takes what comes";
     daemon->Kill(SIGSTOP);
     EXPECT_EQ(printers.StateOf("Office").readiness, Readiness::Silent);
@@ -221,9 +226,8 @@ TEST_F(CupsTest, APasswordIsAskedForAndNeverInTheTerminal) {
     answers = {Credentials{"me", "se,c'ret"}};
     EXPECT_TRUE(print("Asking", answering));
     EXPECT_EQ(jobs(), "1\n");
-    EXPECT_EQ(
-        Shell("awk '/^password/ { print $2 }' '" + (folder / "spool/a00001").string() + "' | base64 -d").output,
-        "se,c'ret");
+    EXPECT_EQ(Shell("awk '/^password/ { print $2 }' '" + (folder / "spool/a00001").string() + "' | base64 -d").output,
+              "se,c'ret");
 }
 
 TEST_F(CupsTest, AServerThatGoesAwayInTheMiddleOfAJobIsAnError) {

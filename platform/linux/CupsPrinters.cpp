@@ -6,12 +6,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <string_view>
 
 namespace velmora {
 namespace {
 
 constexpr double kPwgUnitsPerMm = 100;
+constexpr int kHalfAPoint = 18; // in the same units
 
 class Destinations {
 public:
@@ -40,16 +42,28 @@ CupsDestination Find(http_t* connection, const std::string& printer) {
         connection, printer.substr(0, slash).c_str(), slash == std::string::npos ? nullptr : instance.c_str()));
 }
 
+bool IsOfSize(const cups_size_t& size, double widthMm, double heightMm, int tolerance) {
+    return std::abs(size.width - PwgUnits(widthMm)) <= tolerance &&
+           std::abs(size.length - PwgUnits(heightMm)) <= tolerance;
+}
+
+/// The library takes a size within a few tenths of a millimetre for the same, but does not find those of drivers, which
+/// count in whole points. Of two alike, the one without borders has no margins: the other is taken.
 std::optional<cups_size_t> FindMedium(http_t* connection, cups_dest_t* destination, cups_dinfo_t* info, double widthMm,
                                       double heightMm) {
     cups_size_t size;
-    if (!VELMORA_CUPS_CALL(cupsGetDestMediaBySize)(connection, destination, info, PwgUnits(widthMm), PwgUnits(heightMm),
-                                                   CUPS_MEDIA_FLAGS_EXACT, &size))
-        return std::nullopt;
-    // The library takes a size within a few tenths of a millimetre for the same.
-    if (size.width != PwgUnits(widthMm) || size.length != PwgUnits(heightMm))
-        return std::nullopt;
-    return size;
+    if (VELMORA_CUPS_CALL(cupsGetDestMediaBySize)(connection, destination, info, PwgUnits(widthMm), PwgUnits(heightMm),
+                                                  CUPS_MEDIA_FLAGS_EXACT, &size) &&
+        IsOfSize(size, widthMm, heightMm, 0))
+        return size;
+    std::optional<cups_size_t> found;
+    const int count = VELMORA_CUPS_CALL(cupsGetDestMediaCount)(connection, destination, info, CUPS_MEDIA_FLAGS_DEFAULT);
+    for (int i = 0; i < count; ++i)
+        if (VELMORA_CUPS_CALL(cupsGetDestMediaByIndex)(connection, destination, info, i, CUPS_MEDIA_FLAGS_DEFAULT,
+                                                       &size) &&
+            IsOfSize(size, widthMm, heightMm, kHalfAPoint) && (!found || found->top < size.top))
+            found = size;
+    return found;
 }
 
 /// The standard's name of a size, or "custom_220x110mm_220x110mm".

@@ -40,7 +40,7 @@ QComboBox* JobChoice::AddSources(const QString& label, const char* name, const s
     auto* box = Named(new QComboBox, name);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(kLettersShown);
-    box->addItem(tr("As the printer is set up"), QString());
+    box->addItem(tr("As set up"), QString());
     for (const PaperSource& source : sources)
         box->addItem(QString::fromStdString(source.label), QString::fromStdString(source.name));
     QWidget* const above = rows_->itemAt(rows_->rowCount() - 1, QFormLayout::FieldRole)->widget();
