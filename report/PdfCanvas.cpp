@@ -100,6 +100,28 @@ std::u32string_view OwnCharacter(const FontFace& face, std::uint32_t glyph, std:
                                    : characters.substr(static_cast<std::size_t>(own - characters.begin()), 1);
 }
 
+using GlyphPlace = std::vector<ShapedGlyph>::const_iterator;
+
+/// Behind the glyphs that are read with the one at `first`. Where text runs to the left, each is read by itself, and an
+/// accent of Europe's letters is found with its letter as it is.
+GlyphPlace EndOfTogether(GlyphPlace first, GlyphPlace end, std::u32string_view characters) {
+    constexpr char32_t kIndic = 0x900; // here and behind it signs stand all around their letters
+    if (first->sourceLength == 0)
+        return first + 1;
+    const bool hasSigns = characters[first->sourceBegin] >= kIndic;
+    return std::find_if_not(first + 1, end, [&](const ShapedGlyph& other) {
+        return other.sourceLength == 0 ? other.sourceBegin == first->sourceBegin
+                                       : hasSigns && other.yOffset != 0 && other.sourceBegin > first->sourceBegin;
+    });
+}
+
+std::uint32_t SourceEnd(GlyphPlace first, GlyphPlace end) {
+    std::uint32_t source = 0;
+    for (; first != end; ++first)
+        source = std::max(source, first->sourceBegin + first->sourceLength);
+    return source;
+}
+
 } // namespace
 
 PdfCanvas::PdfCanvas(PdfSink sink, PdfInfo info)
@@ -233,18 +255,16 @@ private:
     double owed_ = 0;
 };
 
-/// Glyphs that stand for their characters together only, in another order or number, say so around them: each by itself
-/// would be read in the order that the eye sees.
+/// Glyphs that stand for their characters together only, in another order or number, or that a sign above or below the
+/// line belongs to, say so around them: each by itself would be read in the order and the line that the eye sees.
 void PdfCanvas::ShowGlyphs(const ShapedText& text, const GlyphRun& run, PdfFont& font) {
     GlyphStrings strings(text_);
     const std::u32string_view characters(text.characters);
-    const auto end = run.glyphs.end();
-    for (auto glyph = run.glyphs.begin(); glyph != end;) {
-        const auto source = characters.substr(glyph->sourceBegin, glyph->sourceLength);
-        const auto next = std::find_if_not(glyph + 1, end, [&](const ShapedGlyph& other) {
-            return other.sourceLength == 0 && other.sourceBegin == glyph->sourceBegin;
-        });
-        if (next == glyph + 1 || source.empty()) {
+    for (auto glyph = run.glyphs.begin(); glyph != run.glyphs.end();) {
+        const auto next = EndOfTogether(glyph, run.glyphs.end(), characters);
+        const std::uint32_t begin = glyph->sourceBegin;
+        const auto source = characters.substr(begin, SourceEnd(glyph, next) - begin);
+        if (next == glyph + 1) {
             ShowGlyph(*glyph++, source, font, strings);
             continue;
         }
