@@ -179,6 +179,7 @@ TEST_F(CupsTest, RefusalsCarryTheirNumber) {
     EXPECT_FALSE(printers.PaperOf("None", 210, 297).listed);
     daemon.reset();
     EXPECT_EQ(numberOf("Office", "a.pdf"), 482);
+    EXPECT_EQ(printers.StateOf("Office").readiness, Readiness::Silent);
     EXPECT_TRUE(printers.Printers().empty());
     EXPECT_FALSE(printers.DefaultPrinter());
 }

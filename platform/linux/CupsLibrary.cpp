@@ -3,6 +3,7 @@
 #include "platform/PrintSystem.h"
 
 #include <cmath>
+#include <string_view>
 
 namespace velmora {
 namespace {
@@ -47,6 +48,11 @@ CupsConnection ConnectToCups(Moment& silentUntil) {
         return connection;
     silentUntil = std::chrono::steady_clock::now() + kSilence; // one wait is enough for a whole print run
     return nullptr;
+}
+
+bool HasCupsServer(const Moment& silentUntil) {
+    return CupsLibrary().IsThere() && (std::chrono::steady_clock::now() < silentUntil ||
+                                       std::string_view(VELMORA_CUPS_CALL(cupsServer)()) != "localhost");
 }
 
 std::string OptionOf(const cups_dest_t& destination, const char* name) {

@@ -31,6 +31,10 @@ using Moment = std::chrono::steady_clock::time_point;
 /// Null where no server answers soon, and for a while after that.
 CupsConnection ConnectToCups(Moment& silentUntil);
 
+/// Where that gave null: whether there is a server all the same. The library's last resort, which nobody chose and
+/// where nothing listens, is none.
+bool HasCupsServer(const Moment& silentUntil);
+
 /// An option of a destination, one that a person saved for it among them; empty: there is none.
 std::string OptionOf(const cups_dest_t& destination, const char* name);
 

@@ -241,7 +241,7 @@ PaperSources CupsPrinters::SourcesOf(const std::string& printer) const {
 PrinterState CupsPrinters::StateOf(const std::string& printer) const {
     const CupsConnection connection = ConnectToCups(silentUntil_);
     if (!connection)
-        return {CupsLibrary().IsThere() ? Readiness::Silent : Readiness::Ready};
+        return {HasCupsServer(silentUntil_) ? Readiness::Silent : Readiness::Ready};
     const CupsDestination destination = Find(connection.get(), printer);
     return destination ? StateIn(AskState(connection.get(), *destination)) : PrinterState{};
 }
