@@ -2,8 +2,12 @@
 #include "base/AtomicFile.h"
 #include "platform/InstalledPrinters.h"
 #include "platform/linux/CupsPrinters.h"
+#include "platform/linux/FontconfigCatalogue.h"
+#include "print/PrintReport.h"
 #include "tests/support/PdfWords.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestProgram.h"
+#include "workspace/LoadDocument.h"
+#include "workspace/OpenDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -72,7 +76,8 @@ bool WaitUntil(const std::function<bool()>& done) {
 
 struct CupsTest : testing::Test {
     TemporaryFolder folder;
-    /// One for all tests: the library reads CUPS_SERVER once.
+    /// One for all tests: the library reads CUPS_SERVER and HOME once.
+    static inline const TemporaryFolder home;
     static inline const std::string server = "127.0.0.1:" + std::to_string(FreePort());
     std::optional<Daemon> daemon;
     CupsPrinters printers;
@@ -113,6 +118,7 @@ struct CupsTest : testing::Test {
                       "\n*PageSize " + paper + ": \"\"\n*CloseUI: *PageSize\n*ImageableArea " + paper + ": \"0 0 " +
                       points + "\"\n*PaperDimension " + paper + ": \"" + points + "\"\n");
         ::setenv("CUPS_SERVER", server.c_str(), 1);
+        ::setenv("HOME", home.Path().c_str(), 1); // for what is saved for queues
         daemon.emplace(
             std::vector<std::string>{"cupsd", "-f", "-c", folder / "cupsd.conf", "-s", folder / "files.conf"});
         WaitUntil([&] { return !printers.Printers().empty(); });
@@ -288,9 +294,20 @@ struct NetworkPrinterTest : CupsTest {
         EXPECT_TRUE(WaitUntil([&] { return Shell(command).code == 0; })) << command;
     }
     void Batch(const std::string& arguments) {
-        const Result result =
-            Shell("cd '" + folder.Path().string() + "' && HOME=$PWD '" VELMORA_BATCH "' " + arguments);
+        const Result result = Shell("cd '" + folder.Path().string() + "' && '" VELMORA_BATCH "' " + arguments);
         EXPECT_EQ(result.code, 0) << arguments << "\n" << result.output;
+    }
+    void PrintFromTheWindow(const char* queue) {
+        TestProgram program([](const std::string& text) { ADD_FAILURE() << text; });
+        InstalledPrinters all(std::make_unique<CupsPrinters>(), true);
+        MainModule main{program.settings, program.ui, all, program.workbooks, {}, {}, {}};
+        LoadDocument(main, ReadTabFile(folder / "in.csv"));
+        main.document.DocFileName = folder / "in.csv";
+        main.globals.PrinterName = queue;
+        LayoutValues layout;
+        const FontconfigCatalogue fonts;
+        PrintModule print{main, layout, fonts};
+        EXPECT_EQ(PrintCommand(print), PrintOutcome::Done);
     }
     std::vector<std::filesystem::path> Arrived() {
         std::vector<std::filesystem::path> jobs;
@@ -350,19 +367,22 @@ TEST_F(NetworkPrinterTest, EveryTextArrivesInItsTab) {
 TEST_F(NetworkPrinterTest, ATabJobIsTheSameWhateverTheQueueAdds) {
     Await("PATH=$PATH:/usr/sbin lpadmin -p Desk -o sides-default=two-sided-long-edge -o number-up-default=2 "
           "-o copies-default=2 -o job-sheets-default=standard,none");
-    Await("HOME='" + folder.Path().string() +
-          "' lpoptions -p Desk/tray -o media-source=by-pass-tray "
+    Await("lpoptions -p Desk/tray -o media-source=by-pass-tray "
           "-o sides=two-sided-long-edge -o PageSize=Letter -o MediaType=Labels");
-    Write("in.csv", TabFileText(0, 1, "0,0", 24, [](int tab) { return std::to_string(tab) + ",,"; }));
+    Write("in.csv", TabFileText(0, 1, "5,5", 24, [](int tab) { return std::to_string(tab) + ",,"; }));
     const std::tuple<const char*, std::vector<std::string>> cases[] = {
         {"Desk", {}},
         {"Desk --copies 3 --tray MAIN --kind cardstock",
          {"copies (integer) = 3", "media-source=main", "media-type=cardstock"}},
         {"Desk/tray", {"media-source=by-pass-tray", "media-type=labels"}},
-        {"Desk/tray --tray manual", {"media-source=manual", "media-type=labels"}}};
+        {"Desk/tray --tray manual", {"media-source=manual", "media-type=labels"}},
+        {"", {"media-source=by-pass-tray", "media-type=labels"}}};
     std::size_t job = 0;
     for (const auto& [arguments, said] : cases) {
-        Batch(std::string("print in.csv --printer ") + arguments);
+        if (*arguments)
+            Batch(std::string("print in.csv --printer ") + arguments);
+        else
+            PrintFromTheWindow("Desk/tray");
         const std::string page = Shell("pdfinfo '" + WaitFor(++job).string() + "'").output;
         EXPECT_NE(page.find("Pages:           1\n"), std::string::npos) << arguments << page;
         EXPECT_NE(page.find("595.276 x 841.89"), std::string::npos) << arguments << page;
@@ -378,6 +398,7 @@ TEST_F(NetworkPrinterTest, ATabJobIsTheSameWhateverTheQueueAdds) {
         {"Letter", "does not have paper of the sheet's size"},
         {"Closed", "takes no jobs now. It says: Closed for the summer"},
         {"Guarded", "asks for a user and a password"}};
+    Batch("print in.csv --printer Letter --anyway");
     for (const auto& [arguments, words] : refused) {
         const Result result =
             Shell("cd '" + folder.Path().string() + "' && '" VELMORA_BATCH "' print in.csv --printer " + arguments);

@@ -1,5 +1,6 @@
 // The tab report: where every text of a sheet stands, as numbers.
 #include "base/Error.h"
+#include "platform/Machine.h"
 #include "report/rptVelmor.h"
 #include "tests/support/ProgramTest.h"
 
@@ -90,6 +91,14 @@ TEST_F(ReportTest, TabsFlowAroundUsedSlots) {
     std::vector<int> all(24);
     std::iota(all.begin(), all.end(), 1);
     EXPECT_THROW(Report(all), Error);
+}
+
+TEST(DesktopLanguage, IsATagOrNotKnown) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"de_CH.UTF-8", "de-CH"}, {"sr_RS@latin", "sr-RS"}, {"C.UTF-8", "und"}, {"POSIX", "und"}, {"a)b", "und"}};
+    for (const auto& [locale, tag] : cases)
+        EXPECT_EQ(DesktopLanguage([text = locale](const char*) { return std::optional<std::string>(text); }), tag);
+    EXPECT_EQ(DesktopLanguage([](const char*) { return std::nullopt; }), "und");
 }
 
 } // namespace

@@ -130,10 +130,16 @@ ipp_attribute_t* Attribute(const CupsMessage& message, const char* name) {
     return message ? VELMORA_CUPS_CALL(ippFindAttribute)(message.get(), name, IPP_TAG_ZERO) : nullptr;
 }
 
-/// "media-empty-error": paper must come before the next sheet. What is only about to run out keeps nobody waiting.
+/// What somebody must see to before the next sheet. A printer that is busy with a job, or about to run out of
+/// something, keeps nobody waiting.
 bool KeepsWaiting(std::string_view reason) {
-    return reason != "none" && !reason.ends_with("-report") &&
-           (!reason.ends_with("-warning") || reason.starts_with("media-empty") || reason.starts_with("media-needed"));
+    static constexpr std::array<std::string_view, 13> kNeeds = {
+        "media-empty", "media-needed",        "media-jam",       "toner-empty", "marker-supply-empty",
+        "cover-open",  "interlock-open",      "door-open",       "offline",     "input-tray-missing",
+        "paused",      "output-tray-missing", "output-area-full"};
+    const bool isNeed =
+        std::any_of(kNeeds.begin(), kNeeds.end(), [&](std::string_view need) { return reason.starts_with(need); });
+    return reason.ends_with("-error") || (isNeed && (!reason.ends_with("-report") || reason == "offline-report"));
 }
 
 /// "Out of paper (media empty)".
