@@ -43,15 +43,19 @@ struct FormPage {
 
 // The longer of two names that start alike stands first.
 constexpr FormPage kForms[] = {
-    {"frmAutoRepWiz7", "fonts"},    {"frmAutoRepWiz", "filling"},  {"frmAutoPrtWiz", "printer"},
-    {"frmFix3", "calibrating"},     {"frmFix", "printer"},         {"frmPageSetUp", "stationery"},
-    {"frmOptionsPage", "settings"}, {"frmSettings", "settings"},   {"frmAbout", "welcome"},
-    {"frmFind", "find-undo"},       {"frmPreview", "printing"},    {"frmPrint", "printing"},
-    {"frmUsed", "used-sheets"},     {"frmImport", "spreadsheets"}, {"frmSelectSheet", "spreadsheets"},
-    {"frmGrid2a4", "typing"},       {"frmProgress", "troubles"},   {"frmHelp", "welcome"},
-    {"frmGoTo", "arranging"},       {"frmSort", "arranging"},      {"frmMovePage", "arranging"},
-    {"frmRemove", "arranging"},     {"mdiVelmora", "welcome"},     {"frmRecover", "recovery"},
-    {"frmStart", "first-document"},
+    {"frmAutoRepWiz7", "fonts"},    {"frmAutoRepWiz", "filling"},
+    {"frmAutoPrtWiz", "printer"},   {"frmFix3", "calibrating"},
+    {"frmFix", "printer"},          {"frmPageSetUp", "stationery"},
+    {"frmOptionsPage", "settings"}, {"frmSettings", "settings"},
+    {"frmAbout", "welcome"},        {"frmFind", "find-undo"},
+    {"frmPreview", "printing"},     {"frmPrint", "printing"},
+    {"frmPassword", "printing"},    {"frmUsed", "used-sheets"},
+    {"frmImport", "spreadsheets"},  {"frmSelectSheet", "spreadsheets"},
+    {"frmGrid2a4", "typing"},       {"frmProgress", "troubles"},
+    {"frmHelp", "welcome"},         {"frmGoTo", "arranging"},
+    {"frmSort", "arranging"},       {"frmMovePage", "arranging"},
+    {"frmRemove", "arranging"},     {"mdiVelmora", "welcome"},
+    {"frmRecover", "recovery"},     {"frmStart", "first-document"},
 };
 
 } // namespace

@@ -65,6 +65,7 @@ int Run(const CommandLine& commandLine) {
     SettingsStore settings(registry, ui);
     settings.ProgramFolder = folder;
     Program program{{settings, ui, printers, workbooks}, {}, *fonts, {}};
+    program.main.language = DesktopLanguage(environment);
     const std::unique_ptr<Drives> drives = MakeDrives();
     program.main.drives.Take(*drives);
     const std::unique_ptr<Desktop> desktop = MakeDesktop(environment);

@@ -70,6 +70,7 @@ BatchProgram::BatchProgram()
       settings_(registry_, ui_), main_{settings_, ui_, printers_, workbooks_, {}, {}, {}} {
     settings_.SettingsAppName = kProgramName;
     settings_.InMemory = true;
+    main_.language = DesktopLanguage(SystemEnvironment());
 }
 
 void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {

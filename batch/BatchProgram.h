@@ -38,6 +38,7 @@ public:
     std::optional<std::filesystem::path> ChooseFolder(const std::string&, const std::filesystem::path&) override {
         return std::nullopt;
     }
+    std::optional<Credentials> AskForCredentials(const CredentialsRequest&) override { return std::nullopt; }
 };
 
 class BatchProgram {
@@ -56,6 +57,7 @@ public:
 
     SettingsStore& Settings() { return settings_; }
     MainModule& Main() { return main_; }
+    const MainModule& Main() const { return main_; }
     LayoutValues& Layout() { return layout_; }
     /// The last message that a person would have read and clicked away, in one line.
     std::string Told() const { return OneLine(ui_.told); }

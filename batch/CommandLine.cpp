@@ -5,10 +5,12 @@
 #include "batch/Commands.h"
 #include "document/Stationery.h"
 #include "document/Worksheet.h"
+#include "platform/PrintSystem.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <memory>
 
 namespace velmora {
@@ -23,6 +25,17 @@ const CLI::Validator kColumns(
         const bool joins = text.find('+') != std::string::npos;
         const bool right = columns && columns->first > 0 && joins == (columns->second > 0);
         return right ? "" : text + " is no column from 1 to 256, nor two such as 2+1";
+    },
+    "");
+
+const CLI::Validator kCopies(
+    [](const std::string& text) {
+        int copies = 0;
+        const char* const end = text.data() + text.size();
+        const bool whole = std::from_chars(text.data(), end, copies).ptr == end;
+        return whole && copies >= 1 && copies <= kMostCopies
+                   ? ""
+                   : "\"" + text + "\" is no whole number from 1 to " + std::to_string(kMostCopies);
     },
     "");
 
@@ -88,6 +101,10 @@ void AddPrint(CLI::App& app, Request& request) {
     AddSheetOptions(*command, request.print);
     command->add_option("--printer", request.print.printer, "Printer; without it the one that the file names")
         ->check(kNotEmpty);
+    command->add_option("--copies", request.print.copies, "Copies, 1 to 999")->check(kCopies);
+    command->add_option("--tray", request.print.tray, "Tray of the printer")->check(kNotEmpty);
+    command->add_option("--kind", request.print.kind, "Kind of paper, as the printer names it")->check(kNotEmpty);
+    command->add_flag("--anyway", request.print.anyway, "Print where the printer does not list the sheet's size too");
     command->callback([&] { request.run = [&] { return RunPrint(request.print); }; });
     app.add_subcommand("printers", "List the printers")->callback([&] { request.run = RunPrinters; });
 }

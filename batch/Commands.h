@@ -42,6 +42,10 @@ int RunCalibration(const CalibrationArguments& arguments);
 
 struct PrintArguments : SheetArguments {
     std::string printer; ///< empty: the one that the tab file names
+    int copies = 1;
+    std::string tray;    ///< by name or label; empty: as the queue is set up
+    std::string kind;    ///< of paper; like the tray
+    bool anyway = false; ///< on other paper too
 };
 int RunPrint(const PrintArguments& arguments);
 /// One printer per line, the default one with a tab and "default" behind it.

@@ -107,8 +107,48 @@ void CheckPrinter(const PrintSystem& printers, const std::string& name) {
     if (name == kPdfPrinter)
         throw UsageError("\"" + name + "\" writes a file: use \"velmora-batch pdf\", or name a printer with --printer");
     const std::vector<std::string> names = printers.Printers();
-    if (std::find(names.begin(), names.end(), name) == names.end())
+    const bool isListed = std::find(names.begin(), names.end(), name) != names.end();
+    if (!isListed && printers.StateOf(name).readiness == Readiness::Silent)
+        throw Error(kServerSilent); // it may well be there
+    if (!isListed)
         throw Error("there is no printer \"" + name + "\"; \"velmora-batch printers\" lists them");
+}
+
+/// Where the window asks, the command ends or says what it does: nobody can answer.
+void AskPrinter(const PrintSystem& printers, const std::string& printer, const Paper& paper, bool anyway) {
+    const PrinterState state = printers.StateOf(printer);
+    const std::string text(Trim(OneLine(StateText(printer, state))));
+    if (!TakesJobs(state))
+        throw Error(text);
+    if (!text.empty())
+        std::cerr << "velmora-batch: " << text << '\n';
+    if (!anyway && !SupportOf(printers, printer, paper).listed)
+        throw Error(std::string(kPaperDiffers) + "  With --anyway it is printed all the same.");
+}
+
+JobOptions OptionsOf(const PrintArguments& arguments, const PrintSystem& printers, const std::string& printer) {
+    JobOptions options{arguments.copies};
+    if (arguments.tray.empty() && arguments.kind.empty())
+        return options;
+    const PaperSources sources = printers.SourcesOf(printer);
+    if (!arguments.tray.empty())
+        options.tray = FindSource(sources.trays, arguments.tray, printer, "tray").name;
+    if (!arguments.kind.empty())
+        options.kind = FindSource(sources.kinds, arguments.kind, printer, "kind of paper").name;
+    return options;
+}
+
+void MentionForbiddenFonts(const SheetSeries& sheets, const FontCatalogue& catalogue) {
+    if (const std::string text = ForbiddenFontsText(sheets, catalogue); !text.empty())
+        std::cerr << "velmora-batch: " << Trim(OneLine(text)) << '\n';
+}
+
+/// The document's, in the language of the person who prints them.
+SheetSeries Sheets(const BatchProgram& program, rptVelmor& report, const PdfOptions& options) {
+    const MainModule& main = program.Main();
+    SheetSeries sheets = DocumentSheets(report, main.document, main.fonts, options);
+    sheets.language = main.language;
+    return sheets;
 }
 
 } // namespace
@@ -149,7 +189,8 @@ int RunPdf(const PdfArguments& arguments) {
     options.outline = arguments.outline;
     if (arguments.test && !arguments.pages)
         options.sheets = {1}; // the test page is one page, however long the document
-    const SheetSeries sheets = DocumentSheets(report, program.Main().document, program.Main().fonts, options);
+    const SheetSeries sheets = Sheets(program, report, options);
+    MentionForbiddenFonts(sheets, *catalogue);
     WriteOutput(arguments.output, [&](const auto& sink) { WritePdf(sheets, *catalogue, sink); });
     return kDone;
 }
@@ -179,9 +220,13 @@ int RunPrint(const PrintArguments& arguments) {
     CheckPrinter(printers, printer);
     const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     rptVelmor report = MakeReport(program, arguments, "PRINT");
-    const MainModule& main = program.Main();
-    const auto waits = PrintSheets(DocumentSheets(report, main.document, main.fonts, OptionsOf(arguments, report)),
-                                   *catalogue, {printers, printer, "Velmora [" + DisplayName(arguments.file) + "]"});
+    const SheetSeries sheets = Sheets(program, report, OptionsOf(arguments, report));
+    AskPrinter(printers, printer, sheets.paper, arguments.anyway);
+    MentionForbiddenFonts(sheets, *catalogue);
+    const std::string name = PathText(PathOf(DisplayName(arguments.file)).filename());
+    const auto waits =
+        PrintSheets(sheets, *catalogue,
+                    {printers, printer, "Velmora [" + name + "]", OptionsOf(arguments, printers, printer)});
     if (waits && !waits->empty())
         std::cerr << "velmora-batch: the job waits: " << OneLine(*waits) << '\n';
     return kDone;

@@ -52,6 +52,7 @@ class NoInterface : public UserInterface {
     }
     std::optional<fs::path> ChooseFile(const FileRequest&) override { return std::nullopt; }
     std::optional<fs::path> ChooseFolder(const std::string&, const fs::path&) override { return std::nullopt; }
+    std::optional<Credentials> AskForCredentials(const CredentialsRequest&) override { return std::nullopt; }
 };
 
 std::string SampleFile(int tabs) {

@@ -14,7 +14,7 @@ PaperSupport BuiltInPrinters::PaperOf(const std::string& printer, double, double
     return pdfPrinter_ && printer == kPdfPrinter ? PaperSupport{true, UnprintableMargins{}} : PaperSupport{};
 }
 
-std::string BuiltInPrinters::Print(const std::string& printer, const PrintJob&) {
+std::optional<std::string> BuiltInPrinters::Print(const std::string& printer, const PrintJob&) {
     throw PrinterError("\"" + printer + "\" takes no print jobs.",
                        printer == kPdfPrinter ? kPrinterErrorNumber : kPrinterNotValidNumber);
 }

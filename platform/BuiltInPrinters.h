@@ -15,7 +15,7 @@ public:
     /// Paper of a file has every size and no edge that cannot be reached.
     PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const override;
     /// Always raises PrinterError: a file is written to its path at once, and is never a job.
-    std::string Print(const std::string& printer, const PrintJob& job) override;
+    std::optional<std::string> Print(const std::string& printer, const PrintJob& job) override;
 
 private:
     bool pdfPrinter_;

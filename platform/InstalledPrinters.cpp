@@ -14,12 +14,25 @@ std::optional<std::string> InstalledPrinters::DefaultPrinter() const {
     return name ? name : builtIn_.DefaultPrinter();
 }
 
-PaperSupport InstalledPrinters::PaperOf(const std::string& printer, double widthMm, double heightMm) const {
-    return server_ && printer != kPdfPrinter ? server_->PaperOf(printer, widthMm, heightMm)
-                                             : builtIn_.PaperOf(printer, widthMm, heightMm);
+const PrintSystem& InstalledPrinters::KeeperOf(const std::string& printer) const {
+    if (server_ && printer != kPdfPrinter)
+        return *server_;
+    return builtIn_;
 }
 
-std::string InstalledPrinters::Print(const std::string& printer, const PrintJob& job) {
+PaperSupport InstalledPrinters::PaperOf(const std::string& printer, double widthMm, double heightMm) const {
+    return KeeperOf(printer).PaperOf(printer, widthMm, heightMm);
+}
+
+PaperSources InstalledPrinters::SourcesOf(const std::string& printer) const {
+    return KeeperOf(printer).SourcesOf(printer);
+}
+
+PrinterState InstalledPrinters::StateOf(const std::string& printer) const {
+    return KeeperOf(printer).StateOf(printer);
+}
+
+std::optional<std::string> InstalledPrinters::Print(const std::string& printer, const PrintJob& job) {
     return server_ && printer != kPdfPrinter ? server_->Print(printer, job) : builtIn_.Print(printer, job);
 }
 

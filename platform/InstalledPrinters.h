@@ -19,9 +19,13 @@ public:
     /// The server's, else the built-in one.
     std::optional<std::string> DefaultPrinter() const override;
     PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const override;
-    std::string Print(const std::string& printer, const PrintJob& job) override;
+    PaperSources SourcesOf(const std::string& printer) const override;
+    PrinterState StateOf(const std::string& printer) const override;
+    std::optional<std::string> Print(const std::string& printer, const PrintJob& job) override;
 
 private:
+    const PrintSystem& KeeperOf(const std::string& printer) const;
+
     std::unique_ptr<PrintSystem> server_;
     BuiltInPrinters builtIn_;
 };

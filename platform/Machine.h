@@ -19,6 +19,9 @@ namespace velmora {
 using Environment = std::function<std::optional<std::string>(const char* name)>;
 Environment SystemEnvironment();
 
+/// The language that the desktop speaks, such as "de-CH"; "und" where it names none.
+std::string DesktopLanguage(const Environment& environment);
+
 /// VELMORA_HOME where it is set; else the executable's own folder when this is a portable copy or a build tree (a
 /// person may write there, and it is no installation: no ../share/velmora); else $XDG_CONFIG_HOME/velmora, by default
 /// ~/.config/velmora. The folder need not exist yet.

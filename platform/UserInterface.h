@@ -1,6 +1,8 @@
 // How the program speaks to the person in front of it: message boxes, choosers, a beep, the hourglass, progress.
 #pragma once
 
+#include "platform/Credentials.h"
+
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -59,6 +61,8 @@ public:
     virtual std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) = 0;
     virtual std::optional<std::filesystem::path> ChooseFolder(const std::string& title,
                                                               const std::filesystem::path& start) = 0;
+    /// What a print server wants to know; nullopt when the person cancelled. Never stored.
+    virtual std::optional<Credentials> AskForCredentials(const CredentialsRequest& request) = 0;
 };
 
 } // namespace velmora

@@ -33,7 +33,10 @@ std::string ReadCurrentPrinter(const PrintModule& print, const std::vector<std::
     return print.main.printers.DefaultPrinter().value_or(first);
 }
 
-void ChooseDevice(const std::string& configured, ReportPrinter& printer, const std::vector<std::string>& names) {
+void ChooseDevice(const PrintSystem& printers, const std::string& configured, ReportPrinter& printer,
+                  const std::vector<std::string>& names) {
+    if (!Holds(names, configured) && printers.StateOf(configured).readiness == Readiness::Silent)
+        throw PrinterError(kServerSilent); // it may well be there
     if (!Holds(names, configured))
         throw PrinterError("There is no printer \"" + configured + "\".", kPrinterNotValidNumber);
     printer.DeviceName = configured;
@@ -80,12 +83,15 @@ std::optional<SheetChoice> AskAboutEmptySheets(UserInterface& ui, const rptVelmo
 }
 
 PrintOutcome PrintDocument(PrintModule& print, PrintRun& run) {
+    if (!run.CanPrint())
+        return PrintOutcome::NotPrinted;
     UserInterface& ui = print.main.ui;
     const Answer answer = AskAboutDoubts(ui, run.Doubts());
     if (answer == Answer::Other) {
         print.viewer->ShowReport(run);
         return PrintOutcome::Done;
     }
+    run.GoOnInSpite();
     const auto choice = answer == Answer::Yes ? AskAboutEmptySheets(ui, run.Report()) : std::nullopt;
     return choice && run.Print(run.Sheets(*choice, 1, "")) ? PrintOutcome::Done : PrintOutcome::NotPrinted;
 }
@@ -147,7 +153,7 @@ void SetupPrinter(PrintModule& print, rptVelmor& report) {
     if (Holds(names, main.globals.PrinterName))
         print.CurrentPrinter = main.globals.PrinterName;
     if (!print.PrinterProblem)
-        step([&] { ChooseDevice(main.globals.PrinterName, report.Printer, names); });
+        step([&] { ChooseDevice(main.printers, main.globals.PrinterName, report.Printer, names); });
     ChoosePaper(document, report.Printer);
     report.Printer.Orient = OrientationOf(document.setup.StationeryType);
     step([&] { margins.top = ReadPageMargin(main.settings, kMarginTop); });

@@ -1,5 +1,6 @@
 #include "print/PrintRun.h"
 
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "print/NumberList.h"
 #include "print/PrintErrors.h"
@@ -68,8 +69,14 @@ PrintCheck PrintRun::Check() {
             SupportOf(main.printers, report_.Printer.DeviceName, report_.PagePaper())};
 }
 
+bool PrintRun::CanPrint() {
+    return PrinterTakesJobs(print_.main, report_.Printer.DeviceName);
+}
+
 std::string PrintRun::Doubts() {
-    return FindingsSummary(CheckBeforePrinting(Check()));
+    const std::string& printer = report_.Printer.DeviceName;
+    return StateText(printer, print_.main.printers.StateOf(printer)) + FindingsSummary(CheckBeforePrinting(Check())) +
+           ForbiddenFontsText(Series({}), print_.catalogue);
 }
 
 std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::string& list) const {
@@ -91,17 +98,31 @@ std::vector<int> PrintRun::Sheets(SheetChoice choice, int shown, const std::stri
     return sheets;
 }
 
-bool PrintRun::Print(const std::vector<int>& sheets) {
-    return Send(report_.Printer.DeviceName, sheets);
+bool PrintRun::Print(const std::vector<int>& sheets, const JobOptions& options) {
+    return Send(report_.Printer.DeviceName, sheets, options);
 }
 
 bool PrintRun::SaveAsPdf(const std::vector<int>& sheets) {
     return Send(kPdfPrinter, sheets);
 }
 
-bool PrintRun::Send(const std::string& printer, const std::vector<int>& sheets) {
-    const SheetSeries series = DocumentSheets(report_, print_.main.document, print_.main.fonts, {sheets, false});
-    const auto told = SendSheets(print_, series, {printer, caption_, kPrintReportPlace});
+/// The caption with the document's name alone: its folder is nobody's concern at the printer.
+std::string PrintRun::JobTitle() const {
+    const MainModule& main = print_.main;
+    if (request_.mode == "TEST" || main.document.DocFileName.empty())
+        return caption_;
+    return main.settings.SettingsAppName + " [" + PathText(main.document.DocFileName.filename()) + "]";
+}
+
+SheetSeries PrintRun::Series(const std::vector<int>& sheets) {
+    const MainModule& main = print_.main;
+    SheetSeries series = DocumentSheets(report_, main.document, main.fonts, {sheets, false});
+    series.language = main.language;
+    return series;
+}
+
+bool PrintRun::Send(const std::string& printer, const std::vector<int>& sheets, const JobOptions& options) {
+    const auto told = SendSheets(print_, Series(sheets), {printer, JobTitle(), kPrintReportPlace, {}, options, asked_});
     told_ = told.value_or("");
     return told.has_value();
 }

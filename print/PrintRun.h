@@ -3,6 +3,7 @@
 #pragma once
 
 #include "print/PrintModule.h"
+#include "report/PdfReport.h"
 #include "report/PrepareReport.h"
 #include "report/PrintChecks.h"
 
@@ -25,8 +26,12 @@ public:
     const MainModule& Main() const { return print_.main; }
     /// A check of all sheets, with what the printer says of the paper. It holds until the used slots change.
     PrintCheck Check();
-    /// What a check finds, in words; empty: nothing that paper would show.
+    /// False, and the person is told why, when no job can go to the printer.
+    bool CanPrint();
+    /// What a check finds and what the printer says, in words; empty: nothing that paper would show.
     std::string Doubts();
+    /// The person heard the doubts and wants to print: nothing asks again.
+    void GoOnInSpite() { asked_ = true; }
     const FontCatalogue& Catalogue() const { return print_.catalogue; }
 
     int LabelsPerSheet() const { return request_.rows * request_.cols; }
@@ -56,9 +61,11 @@ public:
     /// words for the person, for a list that is none and where no sheet has a text.
     std::vector<int> Sheets(SheetChoice choice, int shown, const std::string& list) const;
 
+    /// What the report's printer lets one choose from.
+    PaperSources Sources() const { return print_.main.printers.SourcesOf(report_.Printer.DeviceName); }
     /// Sends sheets, numbered from 1, to the report's printer; none: all. The built-in printer asks for a path. False
     /// when the person cancelled, and after a failure, which is shown: nothing is printed then.
-    bool Print(const std::vector<int>& sheets = {});
+    bool Print(const std::vector<int>& sheets = {}, const JobOptions& options = {});
     /// The same as a PDF file, at a path that is asked for.
     bool SaveAsPdf(const std::vector<int>& sheets = {});
     /// What the status line was told of the sheets that went out last.
@@ -67,13 +74,16 @@ public:
 private:
     void Prepare(const ReportRequest& request);
     TabNumbers ParseTabs(const std::string& list) const;
-    bool Send(const std::string& printer, const std::vector<int>& sheets);
+    bool Send(const std::string& printer, const std::vector<int>& sheets, const JobOptions& options = {});
+    SheetSeries Series(const std::vector<int>& sheets);
+    std::string JobTitle() const;
 
     PrintModule& print_;
     rptVelmor& report_;
     std::string caption_;
     ReportRequest request_;
     std::string told_;
+    bool asked_ = false; ///< about the doubts
 };
 
 } // namespace velmora

@@ -1,6 +1,7 @@
 #include "print/PrintSheets.h"
 
 #include "base/TemporaryFile.h"
+#include "base/Text.h"
 
 namespace velmora {
 
@@ -13,10 +14,39 @@ Paper PaperAtPrinter(const PrintSystem& printers, const std::string& printer, co
 }
 
 PaperSupport SupportOf(const PrintSystem& printers, const std::string& printer, const Paper& sheet) {
-    PaperSupport support = printers.PaperOf(printer, sheet.widthMm, sheet.heightMm);
+    const Paper paper = PaperAtPrinter(printers, printer, sheet);
+    PaperSupport support = printers.PaperOf(printer, paper.widthMm, paper.heightMm);
     if (!support.listed)
-        support.listed = printers.PaperOf(printer, sheet.heightMm, sheet.widthMm).listed;
+        support.listed = printers.PaperOf(printer, paper.heightMm, paper.widthMm).listed;
+    else if (support.unprintable && paper.turned && !sheet.turned) {
+        const UnprintableMargins margins = *support.unprintable;
+        support.unprintable = {margins.bottom, margins.left, margins.top, margins.right};
+    }
     return support;
+}
+
+std::string StateText(const std::string& printer, const PrinterState& state) {
+    const std::string name = "The printer \"" + printer + "\" ";
+    const std::string words = state.words.empty() ? "" : "It says: " + state.words + "\r\n";
+    switch (state.readiness) {
+    case Readiness::Waiting: return name + "is not ready: the job will wait.\r\n" + words;
+    case Readiness::Refusing: return name + "takes no jobs now.\r\n" + words;
+    case Readiness::Silent: return std::string(kServerSilent) + "\r\n";
+    case Readiness::Ready: break;
+    }
+    return "";
+}
+
+const PaperSource& FindSource(const std::vector<PaperSource>& sources, const std::string& wanted,
+                              const std::string& printer, const char* word) {
+    std::string known;
+    for (const PaperSource& source : sources) {
+        if (EqualsNoCase(source.name, wanted) || EqualsNoCase(source.label, wanted))
+            return source;
+        known += (known.empty() ? "" : ", ") + source.name;
+    }
+    throw Error("the printer \"" + printer + "\" has no " + word + " \"" + wanted + "\"; " +
+                (known.empty() ? "it lists none" : "it has " + known));
 }
 
 std::optional<std::string> PrintSheets(SheetSeries series, const FontCatalogue& catalogue, const PrintTarget& target,
@@ -27,7 +57,8 @@ std::optional<std::string> PrintSheets(SheetSeries series, const FontCatalogue& 
             series, catalogue, [&](std::string_view bytes) { pdf.Write(bytes); }, progress))
         return std::nullopt;
     return target.printers.Print(target.printer, {target.title, pdf.Path(), paper.widthMm, paper.heightMm,
-                                                  paper.turned ? Orientation::Landscape : Orientation::Portrait});
+                                                  paper.turned ? Orientation::Landscape : Orientation::Portrait,
+                                                  target.options, target.askCredentials});
 }
 
 } // namespace velmora

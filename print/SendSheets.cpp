@@ -16,8 +16,15 @@ std::unique_ptr<Progress> StartProgress(UserInterface& ui, const char* text, con
     return ui.StartCancellable(text, static_cast<int>(series.numbers.size()));
 }
 
+bool WantedAnyway(UserInterface& ui, const std::string& doubts, const char* verb) {
+    return doubts.empty() ||
+           Ask(ui, doubts + "Do you want to " + verb + " anyway?", Buttons::YesNo, Answer::No) == Answer::Yes;
+}
+
 bool SaveSheets(UserInterface& ui, const FontCatalogue& catalogue, const SheetSeries& series,
                 const std::filesystem::path& path) {
+    if (!WantedAnyway(ui, ForbiddenFontsText(series, catalogue), "save"))
+        return false;
     const auto progress = StartProgress(ui, "Exporting file.  Please standby...", series);
     return SavePdf(series, catalogue, path, progress.get());
 }
@@ -30,14 +37,34 @@ std::optional<DoneMessage> SaveAndTell(UserInterface& ui, const FontCatalogue& c
     return DoneMessage{Counted(series.numbers.size(), "sheet") + " saved as " + PathText(path), false, path};
 }
 
+bool MayPrint(PrintModule& print, const SheetSeries& series, const std::string& printer) {
+    MainModule& main = print.main;
+    if (!PrinterTakesJobs(main, printer))
+        return false;
+    std::string doubts = StateText(printer, main.printers.StateOf(printer));
+    if (!SupportOf(main.printers, printer, series.paper).listed)
+        doubts += std::string(kPaperDiffers) + "\r\n";
+    doubts += ForbiddenFontsText(series, print.catalogue);
+    return WantedAnyway(main.ui, doubts, "print");
+}
+
+std::string CopiesText(int copies) {
+    return copies > 1 ? ", " + std::to_string(copies) + " copies" : "";
+}
+
 std::optional<DoneMessage> PrintAndTell(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
-    const auto progress = StartProgress(print.main.ui, "Printing.  Please standby...", series);
+    UserInterface& ui = print.main.ui;
+    if (!errand.asked && !MayPrint(print, series, errand.printer))
+        return std::nullopt;
+    const auto progress = StartProgress(ui, "Printing.  Please standby...", series);
+    const auto ask = [&ui](const CredentialsRequest& request) { return ui.AskForCredentials(request); };
     const auto waits =
-        PrintSheets(series, print.catalogue, {print.main.printers, errand.printer, errand.title}, progress.get());
+        PrintSheets(series, print.catalogue,
+                    {print.main.printers, errand.printer, errand.title, errand.options, ask}, progress.get());
     if (!waits)
         return std::nullopt;
-    return DoneMessage{Counted(series.numbers.size(), "sheet") + " sent to " + errand.printer +
-                       (waits->empty() ? "" : "; the job waits: " + *waits)};
+    return DoneMessage{Counted(series.numbers.size(), "sheet") + CopiesText(errand.options.copies) + " sent to " +
+                       errand.printer + (waits->empty() ? "" : "; the job waits: " + *waits)};
 }
 
 } // namespace
@@ -55,6 +82,14 @@ std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string
         else if (!path || MayOverwrite(main.ui, *path))
             return path;
     }
+}
+
+bool PrinterTakesJobs(MainModule& main, const std::string& printer) {
+    const PrinterState state = main.printers.StateOf(printer);
+    if (TakesJobs(state))
+        return true;
+    Tell(main.ui, StateText(printer, state), Icon::Critical);
+    return false;
 }
 
 std::optional<std::string> SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand) {
@@ -80,7 +115,8 @@ void SavePdfAs(MainModule& main, LayoutValues& layout, const FontCatalogue& cata
     Trapped(main.ui, kPrintReportPlace, [&] {
         rptVelmor report =
             MakeReport(layout, DocumentRequest(main.document), {main.document, main.settings, main.fonts});
-        const SheetSeries sheets = DocumentSheets(report, main.document, main.fonts);
+        SheetSeries sheets = DocumentSheets(report, main.document, main.fonts);
+        sheets.language = main.language;
         if (const auto done = SaveAndTell(main.ui, catalogue, sheets, *path))
             main.status->Tell(*done);
     });

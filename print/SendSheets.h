@@ -20,8 +20,13 @@ struct SheetErrand {
     std::string title;        ///< of the job
     std::string_view place;   ///< of the errors
     std::string pdfName = {}; ///< as AskForPdfPath takes it
+    JobOptions options = {};
+    bool asked = false; ///< the person was told what MayPrint would say, and wants to print
 };
-/// Sends the sheets to the printer; the built-in one asks for a path. What was told in the status line: how many sheets
+/// Tells why no job can go to the printer; false then.
+bool PrinterTakesJobs(MainModule& main, const std::string& printer);
+/// Sends the sheets to the printer, after a question where it would keep them waiting or has no such paper; the built-in
+/// one asks for a path. What was told in the status line: how many sheets
 /// went where, and why the job waits. Nullopt when the person cancelled, and after a failure, which is shown: nothing
 /// is printed then.
 std::optional<std::string> SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand);

@@ -28,11 +28,29 @@ HbFace OpenFace(const std::filesystem::path& path, int index) {
     return face;
 }
 
+constexpr hb_tag_t kWeightAxis = HB_TAG('w', 'g', 'h', 't');
+constexpr float kBold = 700;
+constexpr float kLeastBold = 600;
+
+/// Of the design's bold; nullopt where it has none.
+std::optional<float> BoldOf(hb_face_t* face) {
+    hb_ot_var_axis_info_t axis{};
+    if (!hb_ot_var_find_axis_info(face, kWeightAxis, &axis) || axis.max_value < kLeastBold)
+        return std::nullopt;
+    return std::min(kBold, axis.max_value);
+}
+
 } // namespace
 
-FontFace::FontFace(const std::filesystem::path& path, int index)
+FontFace::FontFace(const std::filesystem::path& path, int index, Weight weight)
     : path_(path), index_(index), face_(OpenFace(path, index)), font_(hb_font_create(face_.get())),
       glyphCount_(hb_face_get_glyph_count(face_.get())), unitsPerEm_(static_cast<int>(hb_face_get_upem(face_.get()))) {
+    if (weight == Weight::OwnBold)
+        variedWeight_ = BoldOf(face_.get());
+    if (variedWeight_) {
+        const hb_variation_t bold = {kWeightAxis, *variedWeight_};
+        hb_font_set_variations(font_.get(), &bold, 1);
+    }
     hb_font_extents_t extents{};
     if (!hb_font_get_h_extents(font_.get(), &extents)) {
         extents.ascender = unitsPerEm_ * 4 / 5;
@@ -45,6 +63,28 @@ FontFace::FontFace(const std::filesystem::path& path, int index)
     hb_ot_metrics_get_position_with_fallback(font_.get(), HB_OT_METRICS_TAG_UNDERLINE_SIZE, &thickness);
     underlineTop_ = -offset;
     underlineThickness_ = std::max(1, thickness);
+}
+
+bool FontFace::HasOwnBold() const {
+    return BoldOf(face_.get()).has_value();
+}
+
+bool FontFace::ForbidsEmbedding() const {
+    constexpr unsigned kRightsInTable = 8, kUsage = 0xF, kRestricted = 0x2, kBitmapsOnly = 0x200;
+    const HbBlob table(hb_face_reference_table(face_.get(), HB_TAG('O', 'S', '/', '2')));
+    unsigned length = 0;
+    const char* data = hb_blob_get_data(table.get(), &length);
+    if (length < kRightsInTable + 2)
+        return false;
+    const auto byte = [&](unsigned at) { return static_cast<unsigned>(static_cast<unsigned char>(data[at])); };
+    const unsigned rights = byte(kRightsInTable) << 8U | byte(kRightsInTable + 1);
+    // Where more than one usage is named, the freest holds.
+    return (rights & kUsage) == kRestricted || (rights & kBitmapsOnly) != 0;
+}
+
+bool FontFace::IsGlyphOf(std::uint32_t glyph, char32_t character) const {
+    hb_codepoint_t own = 0;
+    return hb_font_get_nominal_glyph(font_.get(), character, &own) != 0 && own == glyph;
 }
 
 bool FontFace::HasGlyph(char32_t character) const {

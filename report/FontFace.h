@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace velmora {
 
@@ -18,11 +19,14 @@ using HbFace = std::unique_ptr<hb_face_t, HbRelease<hb_face_destroy>>;
 using HbFont = std::unique_ptr<hb_font_t, HbRelease<hb_font_destroy>>;
 using HbBuffer = std::unique_ptr<hb_buffer_t, HbRelease<hb_buffer_destroy>>;
 
+/// How a variable font is used.
+enum class Weight { AsItIs, OwnBold };
+
 /// Lengths are in font units, of which UnitsPerEm make the font size.
 class FontFace {
 public:
     /// Raises Error when the file cannot be read or has no outlines in that face that a PDF can take in.
-    FontFace(const std::filesystem::path& path, int index);
+    FontFace(const std::filesystem::path& path, int index, Weight weight = Weight::AsItIs);
 
     const std::filesystem::path& Path() const { return path_; }
     int Index() const { return index_; }
@@ -35,6 +39,13 @@ public:
     int UnderlineTop() const { return underlineTop_; }             ///< below the baseline
     int UnderlineThickness() const { return underlineThickness_; } ///< at least 1
 
+    /// The design's weight that is drawn; nullopt: its own, as the file has it.
+    std::optional<float> VariedWeight() const { return variedWeight_; }
+    /// Whether the design varies to a bold.
+    bool HasOwnBold() const;
+    /// Whether its maker forbids that it goes into a document.
+    bool ForbidsEmbedding() const;
+    bool IsGlyphOf(std::uint32_t glyph, char32_t character) const;
     /// False as well where the font's map leads beyond its last glyph.
     bool HasGlyph(char32_t character) const;
 
@@ -43,6 +54,7 @@ private:
     int index_;
     HbFace face_;
     HbFont font_;
+    std::optional<float> variedWeight_;
     std::uint32_t glyphCount_ = 0;
     int unitsPerEm_ = 0;
     int ascent_ = 0;

@@ -2,6 +2,7 @@
 
 #include "report/Twips.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -90,6 +91,36 @@ private:
     double owed_;
     bool shifted_ = false;
 };
+
+/// The one that the face draws by this very glyph; empty where none.
+std::u32string_view OwnCharacter(const FontFace& face, std::uint32_t glyph, std::u32string_view characters) {
+    const auto own = std::find_if(characters.begin(), characters.end(),
+                                  [&](char32_t character) { return face.IsGlyphOf(glyph, character); });
+    return own == characters.end() ? std::u32string_view()
+                                   : characters.substr(static_cast<std::size_t>(own - characters.begin()), 1);
+}
+
+using GlyphPlace = std::vector<ShapedGlyph>::const_iterator;
+
+/// Behind the glyphs that are read with the one at `first`. Where text runs to the left, each is read by itself, and an
+/// accent of Europe's letters is found with its letter as it is.
+GlyphPlace EndOfTogether(GlyphPlace first, GlyphPlace end, std::u32string_view characters) {
+    constexpr char32_t kIndic = 0x900; // here and behind it signs stand all around their letters
+    if (first->sourceLength == 0)
+        return first + 1;
+    const bool hasSigns = characters[first->sourceBegin] >= kIndic;
+    return std::find_if_not(first + 1, end, [&](const ShapedGlyph& other) {
+        return other.sourceLength == 0 ? other.sourceBegin == first->sourceBegin
+                                       : hasSigns && other.yOffset != 0 && other.sourceBegin > first->sourceBegin;
+    });
+}
+
+std::uint32_t SourceEnd(GlyphPlace first, GlyphPlace end) {
+    std::uint32_t source = 0;
+    for (; first != end; ++first)
+        source = std::max(source, first->sourceBegin + first->sourceLength);
+    return source;
+}
 
 } // namespace
 
@@ -203,31 +234,63 @@ void PdfCanvas::MoveTo(Point start, bool slant) {
     state_.slanted = slant;
 }
 
-void PdfCanvas::ShowGlyphs(const ShapedText& text, const GlyphRun& run, PdfFont& font) {
-    const double perUnit = kThousandths / run.typeface.face->UnitsPerEm();
-    std::optional<GlyphString> string;
-    double owed = 0;
-    for (const ShapedGlyph& glyph : run.glyphs) {
-        const auto rise = glyph.yOffset == 0 ? 0 : std::llround(glyph.yOffset * perUnit * state_.size / kThousandths);
-        if (rise != state_.rise) {
-            if (string)
-                owed = string->End();
-            string.reset();
-            Operator(rise, " Ts\n");
-            state_.rise = rise;
-        }
-        // The box for a missing glyph stands for a different character each time.
-        const auto source =
-            std::u32string_view(text.characters).substr(glyph.sourceBegin, glyph.id == 0 ? 0 : glyph.sourceLength);
-        const std::int32_t advance = font.Use(glyph.id, source);
-        if (!string)
-            string.emplace(text_, owed);
-        string->Shift(glyph.xOffset * perUnit);
-        string->Add(font.CodeOf(glyph.id));
-        string->Shift((glyph.advance - advance - glyph.xOffset) * perUnit);
+/// The strings that a run comes to.
+class PdfCanvas::GlyphStrings {
+public:
+    explicit GlyphStrings(std::string& out) : out_(out) {}
+    ~GlyphStrings() { End(); }
+    GlyphStrings(const GlyphStrings&) = delete;
+    GlyphStrings& operator=(const GlyphStrings&) = delete;
+
+    GlyphString& Open() { return string_ ? *string_ : string_.emplace(out_, owed_); }
+    void End() {
+        if (string_)
+            owed_ = string_->End();
+        string_.reset();
     }
-    if (string)
-        string->End();
+
+private:
+    std::string& out_;
+    std::optional<GlyphString> string_;
+    double owed_ = 0;
+};
+
+/// Glyphs that stand for their characters together only, in another order or number, or that a sign above or below the
+/// line belongs to, say so around them: each by itself would be read in the order and the line that the eye sees.
+void PdfCanvas::ShowGlyphs(const ShapedText& text, const GlyphRun& run, PdfFont& font) {
+    GlyphStrings strings(text_);
+    const std::u32string_view characters(text.characters);
+    for (auto glyph = run.glyphs.begin(); glyph != run.glyphs.end();) {
+        const auto next = EndOfTogether(glyph, run.glyphs.end(), characters);
+        const std::uint32_t begin = glyph->sourceBegin;
+        const auto source = characters.substr(begin, SourceEnd(glyph, next) - begin);
+        if (next == glyph + 1) {
+            ShowGlyph(*glyph++, source, font, strings);
+            continue;
+        }
+        strings.End();
+        text_ += "/Span<</ActualText<FEFF" + Utf16Hex(source) + ">>>BDC\n";
+        for (; glyph != next; ++glyph)
+            ShowGlyph(*glyph, OwnCharacter(font.Face(), glyph->id, source), font, strings);
+        strings.End();
+        text_ += "EMC\n";
+    }
+}
+
+void PdfCanvas::ShowGlyph(const ShapedGlyph& glyph, std::u32string_view source, PdfFont& font, GlyphStrings& strings) {
+    const double perUnit = kThousandths / font.Face().UnitsPerEm();
+    const auto rise = glyph.yOffset == 0 ? 0 : std::llround(glyph.yOffset * perUnit * state_.size / kThousandths);
+    if (rise != state_.rise) {
+        strings.End();
+        Operator(rise, " Ts\n");
+        state_.rise = rise;
+    }
+    // The box for a missing glyph stands for a different character each time.
+    const std::int32_t advance = font.Use(glyph.id, glyph.id == 0 ? std::u32string_view() : source);
+    GlyphString& string = strings.Open();
+    string.Shift(glyph.xOffset * perUnit);
+    string.Add(font.CodeOf(glyph.id));
+    string.Shift((glyph.advance - advance - glyph.xOffset) * perUnit);
 }
 
 void PdfCanvas::FillBox(const Box& box) {
@@ -286,8 +349,8 @@ void PdfCanvas::Finish() {
                                  PdfReference(resources_) + (pages_.empty() ? "" : "/MediaBox" + commonMediaBox_) +
                                  "/Kids[" + kids + "]>>");
     const int catalog = writer_.Reserve(), information = writer_.Reserve();
-    writer_.Write(catalog,
-                  "<</Type/Catalog/Pages " + PdfReference(pageTree_) + "/ViewerPreferences<</PrintScaling/None>>>>");
+    writer_.Write(catalog, "<</Type/Catalog/Pages " + PdfReference(pageTree_) + "/Lang(" + info_.language +
+                               ")/ViewerPreferences<</PrintScaling/None>>>>");
     WriteInformation(information);
     writer_.Finish(catalog, information);
 }

@@ -16,6 +16,7 @@ namespace velmora {
 struct PdfInfo {
     std::string title;                               ///< UTF-8; may be empty
     std::optional<std::chrono::sys_seconds> created; ///< nullopt: now
+    std::string language = "und";                    ///< as RFC 5646 writes it; "und": not known
 };
 
 /// Each sheet is written when it ends. After the last one Finish writes the fonts and the end of the file;
@@ -32,6 +33,8 @@ public:
     void Finish();
 
 private:
+    class GlyphStrings;
+
     /// Lengths in hundredths of a point.
     struct TextState {
         const PdfFont* font = nullptr;
@@ -56,6 +59,7 @@ private:
     void SelectFont(const PdfFont& font, std::int64_t size, bool embolden);
     void MoveTo(Point start, bool slant);
     void ShowGlyphs(const ShapedText& text, const GlyphRun& run, PdfFont& font);
+    void ShowGlyph(const ShapedGlyph& glyph, std::u32string_view source, PdfFont& font, GlyphStrings& strings);
     void Operator(std::int64_t operand, std::string_view name);
     std::string Outlines() const;
     void WriteResources();

@@ -134,7 +134,8 @@ std::string PostScriptName(const FontFace& face) {
     hb_ot_name_get_utf8(face.Face(), HB_OT_NAME_ID_POSTSCRIPT_NAME, HB_LANGUAGE_INVALID, &length, name.data());
     name.resize(length);
     std::erase_if(name, [](unsigned char c) { return !std::isalnum(c) && c != '-' && c != '_'; });
-    return name.empty() ? "Font" : name;
+    const std::string bold = face.VariedWeight() ? "-Bold" : ""; // another font than the file's own, also by its name
+    return (name.empty() ? "Font" : name) + bold;
 }
 
 /// Six letters that tell subsets of the same font apart, made from the glyphs.
@@ -155,7 +156,7 @@ void AppendThousandths(std::string& out, std::int32_t units, int unitsPerEm) {
 }
 
 /// What a reader of PDF files has no use for: it picks glyphs by number and places them itself. A variable
-/// font is frozen in its default instance.
+/// font is frozen in one instance.
 constexpr hb_tag_t kDroppedTables[] = {
     HB_TAG('G', 'S', 'U', 'B'), HB_TAG('G', 'P', 'O', 'S'), HB_TAG('G', 'D', 'E', 'F'), HB_TAG('B', 'A', 'S', 'E'),
     HB_TAG('M', 'A', 'T', 'H'), HB_TAG('J', 'S', 'T', 'F'), HB_TAG('k', 'e', 'r', 'n'), HB_TAG('c', 'm', 'a', 'p'),
@@ -169,6 +170,19 @@ constexpr hb_tag_t kDroppedTables[] = {
     HB_TAG('E', 'B', 'S', 'C'),
 };
 
+/// All other axes stay where the file has them.
+void PinWeight(hb_subset_input_t* input, hb_face_t* face, float weight) {
+    unsigned count = hb_ot_var_get_axis_count(face);
+    std::vector<hb_ot_var_axis_info_t> axes(count);
+    hb_ot_var_get_axis_infos(face, 0, &count, axes.data());
+    for (const hb_ot_var_axis_info_t& axis : axes) {
+        if (axis.tag == HB_TAG('w', 'g', 'h', 't'))
+            hb_subset_input_pin_axis_location(input, face, axis.tag, weight);
+        else
+            hb_subset_input_pin_axis_to_default(input, face, axis.tag);
+    }
+}
+
 /// The face with only the given glyphs, under their own numbers.
 template <class Glyphs> HbFace Subset(const FontFace& face, const Glyphs& glyphs) {
     const SubsetInput input(hb_subset_input_create_or_fail());
@@ -181,6 +195,8 @@ template <class Glyphs> HbFace Subset(const FontFace& face, const Glyphs& glyphs
     hb_set_t* dropped = hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG);
     for (const hb_tag_t tag : kDroppedTables)
         hb_set_add(dropped, tag);
+    if (const auto weight = face.VariedWeight())
+        PinWeight(input.get(), face.Face(), *weight);
     HbFace subset(hb_subset_or_fail(face.Face(), input.get()));
     if (!subset)
         throw Error("The font cannot be embedded:\r\n[" + PathText(face.Path()) + "]");

@@ -5,6 +5,7 @@
 #include "report/PdfCanvas.h"
 
 #include <numeric>
+#include <span>
 
 namespace velmora {
 namespace {
@@ -19,16 +20,31 @@ std::vector<int> AllSheets(const rptVelmor& report) {
 
 SheetSeries DocumentSheets(rptVelmor& report, const TabDocument& document, const FontSettings& fonts,
                            const PdfOptions& options) {
-    return {PathText(document.DocFileName.stem()),
-            report.PagePaper(),
-            fonts,
-            options.sheets.empty() ? AllSheets(report) : options.sheets,
-            [&report](int number, Sheet& sheet) { report.LayOutSheet(number, sheet); },
-            options.outline ? Outlines::Shown : Outlines::Hidden};
+    SheetSeries series = {document.DocFileName.empty() ? "Tabs" : PathText(document.DocFileName.stem()),
+                          report.PagePaper(),
+                          fonts,
+                          options.sheets.empty() ? AllSheets(report) : options.sheets,
+                          [&report](int number, Sheet& sheet) { report.LayOutSheet(number, sheet); },
+                          options.outline ? Outlines::Shown : Outlines::Hidden};
+    series.fields = document.setup.NoOfFields;
+    return series;
+}
+
+std::string ForbiddenFontsText(const SheetSeries& series, const FontCatalogue& catalogue) {
+    std::string text;
+    for (const FieldFont& font : std::span(series.fonts).first(static_cast<std::size_t>(series.fields))) {
+        const auto file = catalogue.Match({font.Name, font.Bold, font.Italic});
+        if (!file || !FontFace(file->path, file->index).ForbidsEmbedding())
+            continue;
+        const std::string line = "The maker of the font \"" + file->family + "\" forbids that it goes into a PDF.\r\n";
+        if (text.find(line) == std::string::npos)
+            text += line;
+    }
+    return text;
 }
 
 bool WritePdf(const SheetSeries& series, const FontCatalogue& catalogue, const PdfSink& sink, Progress* progress) {
-    PdfCanvas pdf(sink, {series.title, {}});
+    PdfCanvas pdf(sink, {series.title, {}, series.language});
     SheetPainter painter(catalogue, series.fonts);
     Sheet sheet;
     int done = 0;

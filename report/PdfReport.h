@@ -16,12 +16,14 @@ namespace velmora {
 
 /// Sheets that go out together, to a file or to a printer.
 struct SheetSeries {
-    std::string title; ///< of the PDF; may be empty
+    std::string title; ///< of the PDF
     Paper paper;       ///< of every sheet
     FontSettings fonts;
     std::vector<int> numbers;                             ///< in the order of printing
     std::function<void(int number, Sheet& sheet)> layOut; ///< the paper apart
     Outlines outlines = Outlines::Hidden;
+    int fields = kFieldsPerTab;   ///< in use, which have a font
+    std::string language = "und"; ///< of the texts, as RFC 5646 writes it; "und": not known
 };
 
 struct PdfOptions {
@@ -32,6 +34,10 @@ struct PdfOptions {
 /// The sheets of a document's report, which must be ready for them and outlive the series.
 SheetSeries DocumentSheets(rptVelmor& report, const TabDocument& document, const FontSettings& fonts,
                            const PdfOptions& options = {});
+
+/// What is to be said before fonts whose makers forbid it go into a document, a line for each, ended by a break; empty
+/// for all others. Raises Error for a font that cannot be read.
+std::string ForbiddenFontsText(const SheetSeries& series, const FontCatalogue& catalogue);
 
 /// Writes the sheets through `sink`, one sheet in memory at a time. `progress` is told the sheets done.
 /// False when the person cancelled: what was written is no PDF then. Raises Error on a machine without fonts.

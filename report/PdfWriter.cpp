@@ -104,6 +104,8 @@ void PdfWriter::Put(std::string_view bytes) {
 
 void PdfWriter::Flush() {
     sink_(pending_);
+    checksum_ = static_cast<std::uint32_t>(
+        ::crc32(checksum_, reinterpret_cast<const Bytef*>(pending_.data()), static_cast<uInt>(pending_.size())));
     flushed_ += pending_.size();
     pending_.clear();
 }
@@ -149,6 +151,18 @@ std::string_view PdfWriter::Compress(const std::vector<std::string_view>& data) 
     return {compressed_.data(), deflate_->total_out};
 }
 
+/// Sixteen bytes in hexadecimal digits that other contents, or another moment, make others.
+std::string PdfWriter::FileId() const {
+    constexpr std::uint64_t kFnvStart = 14695981039346656037ULL, kFnvPrime = 1099511628211ULL;
+    std::uint64_t hash = kFnvStart;
+    for (const std::uint64_t offset : offsets_)
+        hash = (hash ^ offset) * kFnvPrime;
+    std::array<char, 33> id;
+    std::snprintf(id.data(), id.size(), "%016llX%08X%08X", static_cast<unsigned long long>(hash), checksum_,
+                  static_cast<unsigned>(flushed_));
+    return id.data();
+}
+
 void PdfWriter::Finish(int catalog, int information) {
     const std::uint64_t table = flushed_ + pending_.size();
     const std::string count = std::to_string(offsets_.size() + 1);
@@ -158,8 +172,9 @@ void PdfWriter::Finish(int catalog, int information) {
         std::snprintf(entry.data(), entry.size(), "%010llu 00000 n \n", static_cast<unsigned long long>(offset));
         Put({entry.data(), kXrefEntryBytes});
     }
+    Flush();
     Put("trailer\n<</Size " + count + "/Root " + PdfReference(catalog) + "/Info " + PdfReference(information) +
-        ">>\nstartxref\n" + std::to_string(table) + "\n%%EOF\n");
+        "/ID[<" + FileId() + "><" + FileId() + ">]>>\nstartxref\n" + std::to_string(table) + "\n%%EOF\n");
     Flush();
 }
 

@@ -42,6 +42,7 @@ public:
 private:
     void Put(std::string_view bytes);
     void Flush();
+    std::string FileId() const;
     void BeginObject(int object);
     std::string_view Compress(const std::vector<std::string_view>& data);
 
@@ -52,6 +53,7 @@ private:
     PdfSink sink_;
     std::string pending_;
     std::uint64_t flushed_ = 0;
+    std::uint32_t checksum_ = 0;         ///< of what was flushed
     std::vector<std::uint64_t> offsets_; ///< of object 1 onwards
     std::unique_ptr<z_stream_s, EndDeflate> deflate_;
     std::string compressed_;

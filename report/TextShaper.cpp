@@ -109,10 +109,9 @@ void AssignSources(std::vector<ShapedGlyph>& glyphs, const hb_glyph_info_t* info
     for (std::size_t i = 0; i < count;) {
         const std::uint32_t cluster = infos[inReading(i)].cluster;
         std::size_t next = i;
-        while (next < count && infos[inReading(next)].cluster == cluster)
-            ++next;
+        for (; next < count && infos[inReading(next)].cluster == cluster; ++next)
+            glyphs[inReading(next)].sourceBegin = cluster;
         const std::size_t stop = next == count ? end : infos[inReading(next)].cluster;
-        glyphs[inReading(i)].sourceBegin = cluster;
         glyphs[inReading(i)].sourceLength = static_cast<std::uint32_t>(stop - cluster);
         i = next;
     }
@@ -268,10 +267,16 @@ void TextShaper::LoadTypeface(FieldState& state) {
 }
 
 Typeface TextShaper::Open(const FontFile& file) {
-    auto& face = faces_[{file.path, file.index}];
-    if (!face)
-        face = std::make_shared<const FontFace>(file.path, file.index);
-    return {face, file.embolden, file.slant};
+    const auto open = [&](Weight weight) {
+        auto& face = faces_[{file.path, file.index, weight}];
+        if (!face)
+            face = std::make_shared<const FontFace>(file.path, file.index, weight);
+        return face;
+    };
+    auto face = open(Weight::AsItIs);
+    if (file.embolden && face->HasOwnBold())
+        return {open(Weight::OwnBold), false, file.slant};
+    return {std::move(face), file.embolden, file.slant};
 }
 
 ShapedText TextShaper::ShapeNew(FieldState& state, std::string_view text) {

@@ -15,6 +15,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -22,7 +23,7 @@
 namespace velmora {
 
 /// A face as it is to be drawn. A family without a bold or an italic face has its regular one thickened or
-/// slanted.
+/// slanted, unless that varies to a bold of its own.
 struct Typeface {
     std::shared_ptr<const FontFace> face;
     bool embolden = false;
@@ -40,7 +41,7 @@ struct ShapedGlyph {
     std::int32_t advance = 0;
     std::int32_t xOffset = 0;
     std::int32_t yOffset = 0;
-    std::uint32_t sourceBegin = 0;  ///< its characters within ShapedText::characters
+    std::uint32_t sourceBegin = 0;  ///< its characters within ShapedText::characters; the same for all that share them
     std::uint32_t sourceLength = 0; ///< 0 where an earlier glyph stands for the characters
 };
 
@@ -130,7 +131,7 @@ private:
 
     const FontCatalogue& catalogue_;
     std::vector<FieldState> fields_;
-    std::map<std::pair<std::filesystem::path, int>, std::shared_ptr<const FontFace>> faces_; ///< by path and index
+    std::map<std::tuple<std::filesystem::path, int, Weight>, std::shared_ptr<const FontFace>> faces_; ///< with index
     HbBuffer buffer_;
     hb_language_t language_;
 };

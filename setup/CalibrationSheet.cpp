@@ -132,7 +132,9 @@ SheetSeries OneSheet(const char* title, int tabType, std::string_view layout, st
             SheetFonts(),
             {1},
             [layOut = std::move(layOut)](int, Sheet& sheet) { layOut(sheet); },
-            Outlines::Shown};
+            Outlines::Shown,
+            2,
+            "en"};
 }
 
 void Send(PrintModule& print, const SheetSeries& series, const char* title, const char* place) {

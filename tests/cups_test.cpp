@@ -2,8 +2,12 @@
 #include "base/AtomicFile.h"
 #include "platform/InstalledPrinters.h"
 #include "platform/linux/CupsPrinters.h"
+#include "platform/linux/FontconfigCatalogue.h"
+#include "print/PrintReport.h"
 #include "tests/support/PdfWords.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestProgram.h"
+#include "workspace/LoadDocument.h"
+#include "workspace/OpenDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -72,31 +76,50 @@ bool WaitUntil(const std::function<bool()>& done) {
 
 struct CupsTest : testing::Test {
     TemporaryFolder folder;
-    /// One for all tests: the library reads CUPS_SERVER once.
+    /// One for all tests: the library reads CUPS_SERVER and HOME once.
+    static inline const TemporaryFolder home;
     static inline const std::string server = "127.0.0.1:" + std::to_string(FreePort());
     std::optional<Daemon> daemon;
     CupsPrinters printers;
+    std::vector<CredentialsRequest> asked;
 
     void SetUp() override {
         for (const char* name : {"spool", "spool/tmp", "cache", "state"})
             std::filesystem::create_directories(folder / name);
-        Write(
-            "cupsd.conf",
-            "Listen " + server +
-                "\nBrowsing Off\nWebInterface No\nDefaultAuthType None\n<Location />\nAllow all\n"
-                "</Location>\n<Policy default>\nJobPrivateValues none\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n");
+        Write("cupsd.conf",
+              "Listen " + server +
+                  "\nBrowsing Off\nWebInterface No\nDefaultAuthType None\n<Location />\nAllow all\n"
+                  "</Location>\n<Policy default>\nJobPrivateValues none\n<Limit All>\nAllow "
+                  "all\n</Limit>\n</Policy>\n<Policy guarded>\n<Limit Create-Job>\nAuthType Basic\nRequire valid-user\n"
+                  "</Limit>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n");
         const std::string root = folder.Path().string();
         Write("files.conf", "ServerRoot " + root + "\nRequestRoot " + root + "/spool\nTempDir " + root +
                                 "/spool/tmp\nCacheDir " + root + "/cache\nStateDir " + root + "/state\nAccessLog " +
                                 root + "/access\nErrorLog " + root + "/error\nPageLog " + root +
                                 "/page\nFileDevice Yes\nUser nobody\nGroup nogroup\nSystemGroup root\n");
-        Write("printers.conf",
-              "<DefaultPrinter Office>\nDeviceURI file:///dev/null\nState Stopped\nStateMessage Out of "
-              "paper\nAccepting Yes\n</DefaultPrinter>\n"
-              "<Printer Closed>\nDeviceURI file:///dev/null\nState Stopped\nAccepting No\n</Printer>\n"
-              "<Printer Later>\nDeviceURI file:///dev/null\nState Idle\nAccepting Yes\nOption job-hold-until night\n"
-              "</Printer>\n");
+        const auto queue = [](const std::string& name, const std::string& lines) {
+            return "<Printer " + name + ">\nDeviceURI file:///dev/null\n" + lines + "</Printer>\n";
+        };
+        Write(
+            "printers.conf",
+            queue("Asking", "State Stopped\nAccepting Yes\nAuthInfoRequired username,password\n") +
+                queue("Closed", "State Stopped\nStateMessage Closed for the summer\nAccepting No\n") +
+                queue("Empty", "State Idle\nReason media-empty-error\nStateMessage Tray 1 is empty\nAccepting Yes\n") +
+                queue("Later", "State Idle\nAccepting Yes\nOption job-hold-until night\n") +
+                queue("Guarded", "State Stopped\nAccepting Yes\nOpPolicy guarded\n") +
+                queue("Letter", "State Stopped\nAccepting Yes\n") + queue("Points", "State Stopped\nAccepting Yes\n") +
+                "<DefaultPrinter Office>\nDeviceURI file:///dev/null\nState Stopped\nStateMessage No drum\n"
+                "Accepting Yes\nJobSheets standard none\nOption sides two-sided-long-edge\nOption number-up 2\n"
+                "Option copies 2\n</DefaultPrinter>\n");
+        std::filesystem::create_directory(folder / "ppd");
+        for (const auto& [name, paper, points] :
+             {std::tuple{"Letter", "Letter", "612 792"}, {"Points", "A4", "595 842"}})
+            Write(std::string("ppd/") + name + ".ppd",
+                  std::string("*PPD-Adobe: \"4.3\"\n*OpenUI *PageSize: PickOne\n*DefaultPageSize: ") + paper +
+                      "\n*PageSize " + paper + ": \"\"\n*CloseUI: *PageSize\n*ImageableArea " + paper + ": \"0 0 " +
+                      points + "\"\n*PaperDimension " + paper + ": \"" + points + "\"\n");
         ::setenv("CUPS_SERVER", server.c_str(), 1);
+        ::setenv("HOME", home.Path().c_str(), 1); // for what is saved for queues
         daemon.emplace(
             std::vector<std::string>{"cupsd", "-f", "-c", folder / "cupsd.conf", "-s", folder / "files.conf"});
         WaitUntil([&] { return !printers.Printers().empty(); });
@@ -122,7 +145,8 @@ struct CupsTest : testing::Test {
 
 TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
     const InstalledPrinters all(std::make_unique<CupsPrinters>(), true);
-    EXPECT_EQ(all.Printers(), (std::vector<std::string>{"Closed", "Later", "Office", kPdfPrinter}));
+    EXPECT_EQ(all.Printers(), (std::vector<std::string>{"Asking", "Closed", "Empty", "Guarded", "Later", "Letter", "Office",
+                                                        "Points", kPdfPrinter}));
     EXPECT_EQ(all.DefaultPrinter(), "Office");
     const std::tuple<double, double, Orientation, const char*> cases[] = {
         {210, 297, Orientation::Portrait, "iso_a4_210x297mm"},
@@ -138,6 +162,8 @@ TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
         for (const std::string& attribute :
              {std::string("media (keyword) = ") + medium, std::string("print-scaling (keyword) = none"),
               std::string("print-quality (enum) = high"), std::string("orientation-requested (enum) = portrait"),
+              std::string("sides (keyword) = one-sided"), std::string("number-up (integer) = 1"),
+              std::string("copies (integer) = 1"), std::string("= none,none"),
               std::string("document-format-supplied (mimeMediaType) = application/pdf"), std::string("Tabs ê")})
             EXPECT_NE(job.find(attribute), std::string::npos) << attribute << "\n" << job;
         EXPECT_EQ(ReadFile(folder / ("spool/d0000" + std::to_string(id) + "-001")), bytes);
@@ -165,8 +191,56 @@ TEST_F(CupsTest, RefusalsCarryTheirNumber) {
     EXPECT_FALSE(printers.PaperOf("None", 210, 297).listed);
     daemon.reset();
     EXPECT_EQ(numberOf("Office", "a.pdf"), 482);
+    EXPECT_EQ(printers.StateOf("Office").readiness, Readiness::Silent);
     EXPECT_TRUE(printers.Printers().empty());
     EXPECT_FALSE(printers.DefaultPrinter());
+}
+
+TEST_F(CupsTest, QueuesSayInTheirOwnWordsWhatKeepsAJobWaiting) {
+    const std::tuple<const char*, Readiness, std::string> cases[] = {
+        {"Office", Readiness::Waiting, "No drum (paused)"},
+        {"Closed", Readiness::Refusing, "Closed for the summer (paused)"},
+        {"Empty", Readiness::Waiting, "Tray 1 is empty (media empty error)"},
+        {"None", Readiness::Ready, ""}};
+    for (const auto& [name, readiness, words] : cases) {
+        const PrinterState state = printers.StateOf(name);
+        EXPECT_EQ(state.readiness, readiness) << name;
+        EXPECT_EQ(state.words, words) << name;
+    }
+    EXPECT_FALSE(printers.PaperOf("Letter", 210, 297).listed);
+    EXPECT_TRUE(printers.PaperOf("Points", 210, 297).listed) << "drivers count in whole points";
+    EXPECT_FALSE(printers.PaperOf("Points", 210, 296).listed);
+    EXPECT_TRUE(printers.PaperOf("Office", 210, 297).listed) << "without a driver it takes what comes";
+    daemon->Kill(SIGSTOP);
+    EXPECT_EQ(printers.StateOf("Office").readiness, Readiness::Silent);
+    daemon->Kill(SIGCONT);
+}
+
+TEST_F(CupsTest, APasswordIsAskedForAndNeverInTheTerminal) {
+    Write("a.pdf", "%PDF-1.4\n");
+    std::vector<std::optional<Credentials>> answers;
+    const auto print = [&](const char* printer, AskCredentials ask) {
+        asked.clear();
+        return printers.Print(printer, {"Tabs", folder / "a.pdf", 210, 297, Orientation::Portrait, {}, std::move(ask)});
+    };
+    const AskCredentials answering = [&](const CredentialsRequest& request) {
+        asked.push_back(request);
+        return asked.size() <= answers.size() ? answers[asked.size() - 1] : std::nullopt;
+    };
+    const auto jobs = [&] { return Shell("ls '" + (folder / "spool").string() + "' | grep -c ^d").output; };
+    answers = {Credentials{"nobody", "wrong"}};
+    EXPECT_FALSE(print("Guarded", answering)) << "cancelled after the first answer was refused";
+    ASSERT_EQ(asked.size(), 2U);
+    EXPECT_TRUE(!asked[0].again && asked[1].again && asked[1].user == "nobody" && asked[1].printer == "Guarded");
+    EXPECT_THROW(print("Guarded", {}), PrinterError);
+    answers.clear();
+    EXPECT_FALSE(print("Asking", answering));
+    EXPECT_EQ(jobs(), "0\n");
+    answers = {Credentials{"me", "se,c'ret"}};
+    EXPECT_TRUE(print("Asking", answering));
+    EXPECT_EQ(jobs(), "1\n");
+    EXPECT_EQ(Shell("awk '/^password/ { print $2 }' '" + (folder / "spool/a00001").string() + "' | base64 -d").output,
+              "se,c'ret");
 }
 
 TEST_F(CupsTest, AServerThatGoesAwayInTheMiddleOfAJobIsAnError) {
@@ -229,6 +303,18 @@ struct NetworkPrinterTest : CupsTest {
         const Result result = Shell("cd '" + folder.Path().string() + "' && '" VELMORA_BATCH "' " + arguments);
         EXPECT_EQ(result.code, 0) << arguments << "\n" << result.output;
     }
+    void PrintFromTheWindow(const char* queue) {
+        TestProgram program([](const std::string& text) { ADD_FAILURE() << text; });
+        InstalledPrinters all(std::make_unique<CupsPrinters>(), true);
+        MainModule main{program.settings, program.ui, all, program.workbooks, {}, {}, {}};
+        LoadDocument(main, ReadTabFile(folder / "in.csv"));
+        main.document.DocFileName = folder / "in.csv";
+        main.globals.PrinterName = queue;
+        LayoutValues layout;
+        const FontconfigCatalogue fonts;
+        PrintModule print{main, layout, fonts};
+        EXPECT_EQ(PrintCommand(print), PrintOutcome::Done);
+    }
     std::vector<std::filesystem::path> Arrived() {
         std::vector<std::filesystem::path> jobs;
         for (const auto& entry : std::filesystem::directory_iterator(folder / "jobs"))
@@ -281,6 +367,49 @@ TEST_F(NetworkPrinterTest, EveryTextArrivesInItsTab) {
         EXPECT_NE(Shell("pdfinfo '" + arrived.string() + "'")
                       .output.find(type == 0 ? "Pages:           2" : "Pages:           4"),
                   std::string::npos);
+    }
+}
+
+TEST_F(NetworkPrinterTest, ATabJobIsTheSameWhateverTheQueueAdds) {
+    Await("PATH=$PATH:/usr/sbin lpadmin -p Desk -o sides-default=two-sided-long-edge -o number-up-default=2 "
+          "-o copies-default=2 -o job-sheets-default=standard,none");
+    Await("lpoptions -p Desk/tray -o media-source=by-pass-tray "
+          "-o sides=two-sided-long-edge -o PageSize=Letter -o MediaType=Labels");
+    Write("in.csv", TabFileText(0, 1, "5,5", 24, [](int tab) { return std::to_string(tab) + ",,"; }));
+    const std::tuple<const char*, std::vector<std::string>> cases[] = {
+        {"Desk", {}},
+        {"Desk --copies 3 --tray MAIN --kind cardstock",
+         {"copies (integer) = 3", "media-source=main", "media-type=cardstock"}},
+        {"Desk/tray", {"media-source=by-pass-tray", "media-type=labels"}},
+        {"Desk/tray --tray manual", {"media-source=manual", "media-type=labels"}},
+        {"", {"media-source=by-pass-tray", "media-type=labels"}}};
+    std::size_t job = 0;
+    for (const auto& [arguments, said] : cases) {
+        if (*arguments)
+            Batch(std::string("print in.csv --printer ") + arguments);
+        else
+            PrintFromTheWindow("Desk/tray");
+        const std::string page = Shell("pdfinfo '" + WaitFor(++job).string() + "'").output;
+        EXPECT_NE(page.find("Pages:           1\n"), std::string::npos) << arguments << page;
+        EXPECT_NE(page.find("595.276 x 841.89"), std::string::npos) << arguments << page;
+        const std::string attributes = JobAttributes(printer + "/" + std::to_string(job));
+        for (const char* each : {"sides (keyword) = one-sided", "{x-dimension=21000 y-dimension=29700}", "[in.csv]"})
+            EXPECT_NE(attributes.find(each), std::string::npos) << arguments << each << attributes;
+        for (const std::string& each : said)
+            EXPECT_NE(attributes.find(each), std::string::npos) << arguments << each << attributes;
+    }
+    const std::tuple<const char*, const char*> refused[] = {
+        {"Desk --tray cellar", "has no tray \"cellar\"; it has auto, main, manual, by-pass-tray"},
+        {"Desk --copies 0", "\"0\" is no whole number from 1 to 999"},
+        {"Letter", "does not have paper of the sheet's size"},
+        {"Closed", "takes no jobs now. It says: Closed for the summer"},
+        {"Guarded", "asks for a user and a password"}};
+    Batch("print in.csv --printer Letter --anyway");
+    for (const auto& [arguments, words] : refused) {
+        const Result result =
+            Shell("cd '" + folder.Path().string() + "' && '" VELMORA_BATCH "' print in.csv --printer " + arguments);
+        EXPECT_NE(result.code, 0) << arguments;
+        EXPECT_NE(result.output.find(words), std::string::npos) << arguments << result.output;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "platform/linux/FontconfigCatalogue.h"
 #include "print/NumberList.h"
 #include "print/PrintReport.h"
+#include "print/PrintSheets.h"
 #include "print/UsedLabels.h"
 #include "setup/CalibrationSheet.h"
 #include "tests/support/FakeEditor.h"
@@ -33,7 +34,12 @@ constexpr const char* kCheck = "Printer error.  Please check the printer.\r\nCal
 struct PrintTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
     FakePrinters printers;
-    FontconfigCatalogue fonts;
+    struct : FontconfigCatalogue {
+        std::optional<FontFile> own; ///< in place of every font
+        std::optional<FontFile> Match(const FontRequest& request) const override {
+            return own ? own : FontconfigCatalogue::Match(request);
+        }
+    } fonts;
     LayoutValues layout;
     MainModule main{program.settings, program.ui, printers, program.workbooks, {}, {}, {}};
     FakeViewer viewer;
@@ -248,6 +254,80 @@ TEST_F(PrintTest, EmptySheetsAreSaidBeforeTheyCostPaper) {
     EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
 }
 
+TEST_F(PrintTest, EverySheetAsksWhatItsPrinterSays) {
+    const std::pair<const char*, std::function<void()>> sheets[] = {
+        {"document", [&] { PrintCommand(print); }},
+        {"preview", [&] { PreviewCommand(print); }},
+        {"test page",
+         [&] {
+             PrintReport(print, "TestPage", {"TEST", 0, 24, 1, 8, 3, false});
+         }},
+        {"calibration sheet", [&] { PrintCalibrationSheet(print); }}};
+    viewer.act = [](PrintRun& run) { run.Print(); };
+    const std::string waits = "The printer \"Office\" is not ready: the job will wait.\r\nIt says: No toner\r\n",
+                      paper = "The printer does not have paper of the sheet's size.\r\n",
+                      font = "The maker of the font \"Boxes\" forbids that it goes into a PDF.\r\n";
+    for (const auto& [name, act] : sheets) {
+        SCOPED_TRACE(name);
+        printers.jobs.clear();
+        printers.state = {Readiness::Waiting, "No toner"};
+        printers.paperWidth = 215.9;
+        fonts.own = FontFile{VELMORA_SOURCE_DIR "/tests/print_ink/fonts/varied.ttf", 0, "Boxes"};
+        for (const Answer answer : {Answer::No, Answer::Yes}) {
+            program.ui.Expect(waits + paper + font + "Do you want to print anyway?", Icon::Question, Buttons::YesNo,
+                              answer, Answer::No);
+            act();
+            EXPECT_EQ(printers.jobs.size(), answer == Answer::Yes ? 1U : 0U);
+        }
+        printers.state = {Readiness::Refusing, ""};
+        ExpectError("The printer \"Office\" takes no jobs now.\r\n");
+        act();
+        EXPECT_EQ(printers.jobs.size(), 1U);
+    }
+    printers.names.clear();
+    printers.state = {Readiness::Silent};
+    ExpectError("The print server does not answer.\r\nCalled from Sub: SetupPrinter");
+    ExpectError(kProblem);
+    PrintCommand(print);
+}
+
+TEST_F(PrintTest, AJobHasItsOwnNameAndWhatWasChosenForIt) {
+    main.document.DocFileName = "/home/me/Files.csv";
+    program.ui.credentials = {"me", "secret"};
+    viewer.act = [](PrintRun& run) { EXPECT_TRUE(run.Print({1}, {3, "tray-2", "labels"})); };
+    PreviewCommand(print);
+    EXPECT_EQ(viewer.caption, "Velmora [/home/me/Files.csv]");
+    const PrintJob& job = printers.jobs.at(0);
+    EXPECT_EQ(job.title, "Velmora [Files.csv]");
+    EXPECT_EQ(job.options.copies, 3);
+    EXPECT_EQ(job.options.tray + job.options.kind, "tray-2labels");
+    program.ui.Expect("password for Office", Icon::None);
+    EXPECT_EQ(job.askCredentials({"Office", "", false})->password, "secret");
+}
+
+/// DL that the printer knows short edge first alone: its top goes through as the sheet's left.
+TEST_F(PrintTest, ASheetSentTurnedIsCheckedAsItGoesThrough) {
+    printers.paperWidth = 110;
+    printers.margins = UnprintableMargins{0, 12, 0, 0};
+    Document(4, "DL_h");
+    const PaperSupport support = SupportOf(printers, "Office", {220, 110, false});
+    EXPECT_TRUE(support.listed);
+    EXPECT_EQ(support.unprintable->right, 12) << "what the printer leaves at the top";
+    EXPECT_EQ(SupportOf(printers, "Office", {110, 220, true}).unprintable->top, 12);
+}
+
+TEST(PaperSource, IsMeantByItsNameOrItsLabel) {
+    const std::vector<PaperSource> trays = {{"tray-1", "Tray 1"}, {"by-pass-tray", "Manual feed"}};
+    EXPECT_EQ(FindSource(trays, "manual FEED", "Office", "tray").name, "by-pass-tray");
+    EXPECT_EQ(FindSource(trays, "tray-1", "Office", "tray").name, "tray-1");
+    try {
+        FindSource(trays, "tray-9", "Office", "tray");
+        ADD_FAILURE();
+    } catch (const Error& error) {
+        EXPECT_STREQ(error.what(), "the printer \"Office\" has no tray \"tray-9\"; it has tray-1, by-pass-tray");
+    }
+}
+
 TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
     printers.paperWidth = 110; // of DL as 110 x 220 only
     const std::pair<const char*, std::function<void()>> sheets[] = {
@@ -265,7 +345,7 @@ TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
             EXPECT_EQ(printers.jobs.back().widthMm, 110) << name << way;
             EXPECT_EQ(printers.jobs.back().heightMm, 220) << name << way;
             EXPECT_EQ(printers.jobs.back().orientation, Orientation::Landscape) << name << way;
-            return printers.bytes.erase(printers.bytes.find("/CreationDate"), 40);
+            return printers.bytes.substr(0, printers.bytes.find("/CreationDate"));
         };
         EXPECT_TRUE(sent("DL_h") == sent("DL_v")) << name << ": turned with its content";
     }

@@ -1,5 +1,6 @@
 // The tab report: where every text of a sheet stands, as numbers.
 #include "base/Error.h"
+#include "platform/Machine.h"
 #include "report/rptVelmor.h"
 #include "tests/support/ProgramTest.h"
 
@@ -103,6 +104,14 @@ TEST(LabelPlan, ChosenTabsKeepTheirPlacesOrFlowOntoTheLabelsLeft) {
     EXPECT_EQ(shown(KeepPlaces({480, 457, 24, 480}, 24)), "24@24 457@25 480@48 of 48");
     EXPECT_EQ(shown(FlowTabs({300, 299, 300}, 24, {1, 3, 2})), "300@4 299@5 300@6 of 24");
     EXPECT_EQ(shown(FlowTabs({5, 1}, 24, TabsFrom(2, 23))), "5@1 1@25 of 48");
+}
+
+TEST(DesktopLanguage, IsATagOrNotKnown) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"de_CH.UTF-8", "de-CH"}, {"sr_RS@latin", "sr-RS"}, {"C.UTF-8", "und"}, {"POSIX", "und"}, {"a)b", "und"}};
+    for (const auto& [locale, tag] : cases)
+        EXPECT_EQ(DesktopLanguage([text = locale](const char*) { return std::optional<std::string>(text); }), tag);
+    EXPECT_EQ(DesktopLanguage([](const char*) { return std::nullopt; }), "und");
 }
 
 } // namespace

@@ -33,6 +33,7 @@ struct MainModule {
     Seat<MainWindowStatus> status{};
     Seat<ImportDialogs> dialogs{};
     Seat<Drives> drives{};
+    std::string language = "und"; ///< the person's, as RFC 5646 writes it; "und": not known
 
     /// What steps of undo record and restore.
     UndoState State() { return {document, fonts, settings}; }

@@ -1,61 +1,25 @@
 #include "platform/linux/CupsPrinters.h"
 
-#include "base/AtomicFile.h"
-#include "base/Paths.h"
+#include "base/Text.h"
+#include "platform/linux/CupsJob.h"
+#include "platform/linux/CupsPassword.h"
 #include "platform/linux/WaitingJob.h"
 
-#include <cups/cups.h>
-#include <cups/pwg.h>
-
+#include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cmath>
-#include <fstream>
-#include <memory>
+#include <cstdlib>
+#include <string_view>
 
 namespace velmora {
 namespace {
 
-constexpr int kConnectMs = 1000;
-constexpr double kAnswerSeconds = 3;
-constexpr std::chrono::seconds kSilence{10};
 constexpr double kPwgUnitsPerMm = 100;
-
-struct Close {
-    void operator()(http_t* connection) const { httpClose(connection); }
-    void operator()(cups_dinfo_t* info) const { cupsFreeDestInfo(info); }
-    void operator()(cups_dest_t* destination) const { cupsFreeDests(1, destination); }
-};
-using Connection = std::unique_ptr<http_t, Close>;
-using Destination = std::unique_ptr<cups_dest_t, Close>;
-using DestinationInfo = std::unique_ptr<cups_dinfo_t, Close>;
-
-bool Answers(http_t* connection) {
-    ippDelete(cupsDoRequest(connection, ippNewRequest(IPP_OP_CUPS_GET_DEFAULT), "/"));
-    const ipp_status_t status = cupsLastError();
-    return status < IPP_STATUS_REDIRECTION_OTHER_SITE || status == IPP_STATUS_ERROR_NOT_FOUND;
-}
-
-/// Null where no server answers soon, and for a while after that.
-Connection Connect(CupsPrinters::Moment& silentUntil) {
-    if (std::chrono::steady_clock::now() < silentUntil)
-        return nullptr;
-    Connection connection(
-        httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, kConnectMs, nullptr));
-    if (!connection)
-        return nullptr;
-    httpSetTimeout(
-        connection.get(), kAnswerSeconds, [](http_t*, void*) { return 0; }, nullptr);
-    if (Answers(connection.get()))
-        return connection;
-    silentUntil = std::chrono::steady_clock::now() + kSilence; // one wait is enough for a whole print run
-    return nullptr;
-}
+constexpr int kHalfAPoint = 18; // in the same units
 
 class Destinations {
 public:
-    explicit Destinations(http_t* connection) : count_(cupsGetDests2(connection, &all_)) {}
-    ~Destinations() { cupsFreeDests(count_, all_); }
+    explicit Destinations(http_t* connection) : count_(VELMORA_CUPS_CALL(cupsGetDests2)(connection, &all_)) {}
+    ~Destinations() { VELMORA_CUPS_CALL(cupsFreeDests)(count_, all_); }
     Destinations(const Destinations&) = delete;
     Destinations& operator=(const Destinations&) = delete;
 
@@ -72,164 +36,242 @@ std::string NameOf(const cups_dest_t& destination) {
 }
 
 /// Null for a printer that the server does not have.
-Destination Find(http_t* connection, const std::string& printer) {
+CupsDestination Find(http_t* connection, const std::string& printer) {
     const std::size_t slash = printer.find('/');
     const std::string instance = slash == std::string::npos ? "" : printer.substr(slash + 1);
-    return Destination(cupsGetNamedDest(connection, printer.substr(0, slash).c_str(),
-                                        slash == std::string::npos ? nullptr : instance.c_str()));
+    return CupsDestination(VELMORA_CUPS_CALL(cupsGetNamedDest)(
+        connection, printer.substr(0, slash).c_str(), slash == std::string::npos ? nullptr : instance.c_str()));
 }
 
-int PwgUnits(double millimetres) {
-    return static_cast<int>(std::lround(millimetres * kPwgUnitsPerMm));
+bool IsOfSize(const cups_size_t& size, double widthMm, double heightMm, int tolerance) {
+    return std::abs(size.width - PwgUnits(widthMm)) <= tolerance &&
+           std::abs(size.length - PwgUnits(heightMm)) <= tolerance;
 }
 
+/// The library takes a size within a few tenths of a millimetre for the same, but does not find those of drivers, which
+/// count in whole points. Of two alike, the one without borders has no margins: the other is taken.
 std::optional<cups_size_t> FindMedium(http_t* connection, cups_dest_t* destination, cups_dinfo_t* info, double widthMm,
                                       double heightMm) {
     cups_size_t size;
-    if (!cupsGetDestMediaBySize(connection, destination, info, PwgUnits(widthMm), PwgUnits(heightMm),
-                                CUPS_MEDIA_FLAGS_EXACT, &size))
-        return std::nullopt;
-    // The library takes a size within a few tenths of a millimetre for the same.
-    if (size.width != PwgUnits(widthMm) || size.length != PwgUnits(heightMm))
-        return std::nullopt;
-    return size;
+    if (VELMORA_CUPS_CALL(cupsGetDestMediaBySize)(connection, destination, info, PwgUnits(widthMm), PwgUnits(heightMm),
+                                                  CUPS_MEDIA_FLAGS_EXACT, &size) &&
+        IsOfSize(size, widthMm, heightMm, 0))
+        return size;
+    std::optional<cups_size_t> found;
+    const int count = VELMORA_CUPS_CALL(cupsGetDestMediaCount)(connection, destination, info, CUPS_MEDIA_FLAGS_DEFAULT);
+    for (int i = 0; i < count; ++i)
+        if (VELMORA_CUPS_CALL(cupsGetDestMediaByIndex)(connection, destination, info, i, CUPS_MEDIA_FLAGS_DEFAULT,
+                                                       &size) &&
+            IsOfSize(size, widthMm, heightMm, kHalfAPoint) && (!found || found->top < size.top))
+            found = size;
+    return found;
 }
 
 /// The standard's name of a size, or "custom_220x110mm_220x110mm".
 std::string MediumName(double widthMm, double heightMm) {
-    const pwg_media_t* known = pwgMediaForSize(PwgUnits(widthMm), PwgUnits(heightMm));
+    const pwg_media_t* known = VELMORA_CUPS_CALL(pwgMediaForSize)(PwgUnits(widthMm), PwgUnits(heightMm));
     if (known && known->width == PwgUnits(widthMm) && known->length == PwgUnits(heightMm) && known->legacy)
         return known->pwg;
     std::array<char, 128> name{};
-    pwgFormatSizeName(name.data(), name.size(), "custom", nullptr, PwgUnits(widthMm), PwgUnits(heightMm), "mm");
+    VELMORA_CUPS_CALL(pwgFormatSizeName)
+    (name.data(), name.size(), "custom", nullptr, PwgUnits(widthMm), PwgUnits(heightMm), "mm");
     return name.data();
 }
 
-/// What the library says of the call that failed last.
-[[noreturn]] void Fail() {
-    const std::string text = cupsLastErrorString();
-    switch (cupsLastError()) {
-    case IPP_STATUS_ERROR_NOT_FOUND: throw PrinterError(text, kPrinterNotValidNumber);
-    case IPP_STATUS_ERROR_DEVICE:
-    case IPP_STATUS_ERROR_NOT_ACCEPTING_JOBS:
-    case IPP_STATUS_ERROR_BUSY:
-    case IPP_STATUS_ERROR_PRINTER_IS_DEACTIVATED:
-    case IPP_STATUS_ERROR_SERVICE_UNAVAILABLE: throw PrinterError(text, kPrinterErrorNumber);
-    default: throw PrinterError(text);
+/// A printer as it was found, with what it says of itself. For one call.
+class FoundPrinter {
+public:
+    FoundPrinter(Moment& silentUntil, const std::string& printer)
+        : connection_(ConnectToCups(silentUntil)),
+          destination_(connection_ ? Find(connection_.get(), printer) : nullptr),
+          info_(destination_ ? VELMORA_CUPS_CALL(cupsCopyDestInfo)(connection_.get(), destination_.get()) : nullptr) {}
+
+    bool HasServer() const { return connection_ != nullptr; }
+    bool IsThere() const { return destination_ != nullptr; }
+    bool IsKnown() const { return info_ != nullptr; }
+    http_t* Connection() const { return connection_.get(); }
+    cups_dest_t* Destination() const { return destination_.get(); }
+    cups_dinfo_t* Info() const { return info_.get(); }
+
+private:
+    CupsConnection connection_;
+    CupsDestination destination_;
+    CupsDestinationInfo info_;
+};
+
+std::vector<PaperSource> SourcesFor(const FoundPrinter& printer, const char* option) {
+    ipp_attribute_t* names =
+        VELMORA_CUPS_CALL(cupsFindDestSupported)(printer.Connection(), printer.Destination(), printer.Info(), option);
+    std::vector<PaperSource> sources;
+    for (int i = 0; names && i < VELMORA_CUPS_CALL(ippGetCount)(names); ++i) {
+        const std::string name = VELMORA_CUPS_CALL(ippGetString)(names, i, nullptr);
+        const char* label = VELMORA_CUPS_CALL(cupsLocalizeDestValue)(printer.Connection(), printer.Destination(),
+                                                                     printer.Info(), option, name.c_str());
+        sources.push_back({name, label ? label : name});
     }
+    return sources;
 }
 
-class Options {
-public:
-    ~Options() { cupsFreeOptions(count_, all_); }
-    Options() = default;
-    Options(const Options&) = delete;
-    Options& operator=(const Options&) = delete;
+/// What the queue says of itself now; null where it is not one of the server's own.
+CupsMessage AskState(http_t* connection, const cups_dest_t& destination) {
+    static constexpr std::array kWanted = {"printer-state", "printer-state-reasons", "printer-state-message",
+                                           "printer-is-accepting-jobs"};
+    const std::string uri = OptionOf(destination, "printer-uri-supported");
+    if (uri.empty())
+        return nullptr;
+    ipp_t* request = VELMORA_CUPS_CALL(ippNewRequest)(IPP_OP_GET_PRINTER_ATTRIBUTES);
+    VELMORA_CUPS_CALL(ippAddString)(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.c_str());
+    VELMORA_CUPS_CALL(ippAddStrings)
+    (request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", static_cast<int>(kWanted.size()), nullptr,
+     kWanted.data());
+    return CupsMessage(VELMORA_CUPS_CALL(cupsDoRequest)(connection, request, "/"));
+}
 
-    void Add(const char* name, const std::string& value) { count_ = cupsAddOption(name, value.c_str(), count_, &all_); }
-    int Count() const { return count_; }
-    cups_option_t* All() const { return all_; }
+ipp_attribute_t* Attribute(const CupsMessage& message, const char* name) {
+    return message ? VELMORA_CUPS_CALL(ippFindAttribute)(message.get(), name, IPP_TAG_ZERO) : nullptr;
+}
 
-private:
-    cups_option_t* all_ = nullptr;
-    int count_ = 0;
-};
+/// What somebody must see to before the next sheet. A printer that is busy with a job, or about to run out of
+/// something, keeps nobody waiting.
+bool KeepsWaiting(std::string_view reason) {
+    static constexpr std::array<std::string_view, 13> kNeeds = {
+        "media-empty", "media-needed",        "media-jam",       "toner-empty", "marker-supply-empty",
+        "cover-open",  "interlock-open",      "door-open",       "offline",     "input-tray-missing",
+        "paused",      "output-tray-missing", "output-area-full"};
+    const bool isNeed =
+        std::any_of(kNeeds.begin(), kNeeds.end(), [&](std::string_view need) { return reason.starts_with(need); });
+    return reason.ends_with("-error") || (isNeed && (!reason.ends_with("-report") || reason == "offline-report"));
+}
 
-/// A job that is taken back unless its document was sent.
-class SpooledJob {
-public:
-    SpooledJob(http_t* connection, cups_dest_t* destination, cups_dinfo_t* info, const std::string& title,
-               const Options& options)
-        : connection_(connection), destination_(destination), info_(info) {
-        if (cupsCreateDestJob(connection, destination, info, &id_, title.c_str(), options.Count(), options.All()) !=
-            IPP_STATUS_OK)
-            Fail();
+/// "Out of paper (media empty)".
+std::string WordsOf(const std::string& message, const std::vector<std::string>& reasons) {
+    std::string words;
+    for (const std::string& reason : reasons)
+        words += (words.empty() ? "" : ", ") + reason;
+    std::replace(words.begin(), words.end(), '-', ' ');
+    if (message.empty() || words.empty())
+        return message + words;
+    return message + " (" + words + ")";
+}
+
+PrinterState StateIn(const CupsMessage& answer) {
+    std::vector<std::string> reasons;
+    ipp_attribute_t* given = Attribute(answer, "printer-state-reasons");
+    for (int i = 0; given && i < VELMORA_CUPS_CALL(ippGetCount)(given); ++i)
+        if (const char* reason = VELMORA_CUPS_CALL(ippGetString)(given, i, nullptr); KeepsWaiting(reason))
+            reasons.emplace_back(reason);
+    ipp_attribute_t* message = Attribute(answer, "printer-state-message");
+    const std::string words = WordsOf(message ? VELMORA_CUPS_CALL(ippGetString)(message, 0, nullptr) : "", reasons);
+    ipp_attribute_t* accepting = Attribute(answer, "printer-is-accepting-jobs");
+    if (accepting && !VELMORA_CUPS_CALL(ippGetBoolean)(accepting, 0))
+        return {Readiness::Refusing, words};
+    ipp_attribute_t* state = Attribute(answer, "printer-state");
+    const bool stopped = state && VELMORA_CUPS_CALL(ippGetInteger)(state, 0) == IPP_PSTATE_STOPPED;
+    return stopped || !reasons.empty() ? PrinterState{Readiness::Waiting, words} : PrinterState{};
+}
+
+/// As one of several values of an option.
+std::string Escaped(const std::string& value) {
+    std::string escaped;
+    for (const char c : value) {
+        if (std::string_view(",\\'\"").find(c) != std::string_view::npos)
+            escaped += '\\';
+        escaped += c;
     }
-    ~SpooledJob() {
-        if (!sent_)
-            cupsCancelDestJob(connection_, destination_, id_);
-    }
-    SpooledJob(const SpooledJob&) = delete;
-    SpooledJob& operator=(const SpooledJob&) = delete;
+    return escaped;
+}
 
-    int Id() const { return id_; }
-    void Send(const std::filesystem::path& pdf) {
-        std::ifstream file(pdf, std::ios::binary);
-        if (!file)
-            throw FileAccessError(pdf, errno);
-        if (cupsStartDestDocument(connection_, destination_, info_, id_, PathText(pdf.filename()).c_str(),
-                                  CUPS_FORMAT_PDF, 0, nullptr, 1) != HTTP_STATUS_CONTINUE)
-            Fail();
-        std::array<char, 65536> buffer;
-        while (file.read(buffer.data(), buffer.size()), file.gcount() > 0)
-            if (cupsWriteRequestData(connection_, buffer.data(), static_cast<std::size_t>(file.gcount())) !=
-                HTTP_STATUS_CONTINUE)
-                Fail();
-        if (cupsFinishDestDocument(connection_, destination_, info_) > IPP_STATUS_OK_CONFLICTING)
-            Fail();
-        sent_ = true;
-    }
+/// What the printer behind the queue wants to know of its user, which goes with the job.
+void AddCredentials(CupsOptions& options, const cups_dest_t& destination, CupsPassword& password) {
+    const std::string asked = OptionOf(destination, "auth-info-required");
+    if (asked.find("username") == std::string::npos && asked.find("password") == std::string::npos)
+        return;
+    const Credentials* given = password.Ask();
+    if (!given)
+        throw PrinterError("No password was given.");
+    std::string answers;
+    for (const std::string_view question : Split(asked, ','))
+        answers += (answers.empty() ? "" : ",") + Escaped(question == "username"   ? given->user
+                                                          : question == "password" ? given->password
+                                                                                   : "");
+    options.Add("auth-info", answers);
+}
 
-private:
-    http_t* connection_;
-    cups_dest_t* destination_;
-    cups_dinfo_t* info_;
-    int id_ = 0;
-    bool sent_ = false;
-};
+/// The number of the job.
+int Spool(const FoundPrinter& printer, const PrintJob& job, CupsPassword& password) {
+    const auto medium =
+        FindMedium(printer.Connection(), printer.Destination(), printer.Info(), job.widthMm, job.heightMm);
+    CupsOptions options;
+    AddJobOptions(options, *printer.Destination(), job, medium ? medium->media : MediumName(job.widthMm, job.heightMm));
+    AddCredentials(options, *printer.Destination(), password);
+    SpooledJob spooled(printer.Connection(), printer.Destination(), printer.Info(), job.title, options);
+    spooled.Send(job.pdf);
+    return spooled.Id();
+}
 
 } // namespace
 
 std::vector<std::string> CupsPrinters::Printers() const {
     std::vector<std::string> names;
-    if (const Connection connection = Connect(silentUntil_))
+    if (const CupsConnection connection = ConnectToCups(silentUntil_))
         for (const cups_dest_t& destination : Destinations(connection.get()))
             names.push_back(NameOf(destination));
     return names;
 }
 
 std::optional<std::string> CupsPrinters::DefaultPrinter() const {
-    const Connection connection = Connect(silentUntil_);
+    const CupsConnection connection = ConnectToCups(silentUntil_);
     if (!connection)
         return std::nullopt;
-    const Destination destination(cupsGetNamedDest(connection.get(), nullptr, nullptr));
+    const CupsDestination destination(VELMORA_CUPS_CALL(cupsGetNamedDest)(connection.get(), nullptr, nullptr));
     return destination ? std::optional(NameOf(*destination)) : std::nullopt;
 }
 
 PaperSupport CupsPrinters::PaperOf(const std::string& printer, double widthMm, double heightMm) const {
-    const Connection connection = Connect(silentUntil_);
-    const Destination destination = connection ? Find(connection.get(), printer) : nullptr;
-    if (!destination)
+    const FoundPrinter found(silentUntil_, printer);
+    if (!found.IsKnown())
         return {};
-    const DestinationInfo info(cupsCopyDestInfo(connection.get(), destination.get()));
-    const auto size = FindMedium(connection.get(), destination.get(), info.get(), widthMm, heightMm);
+    if (!VELMORA_CUPS_CALL(cupsFindDestSupported)(found.Connection(), found.Destination(), found.Info(), CUPS_MEDIA))
+        return {true}; // a queue without a driver: whatever comes goes through
+    const auto size = FindMedium(found.Connection(), found.Destination(), found.Info(), widthMm, heightMm);
     if (!size)
         return {};
     return {true, UnprintableMargins{size->left / kPwgUnitsPerMm, size->top / kPwgUnitsPerMm,
                                      size->right / kPwgUnitsPerMm, size->bottom / kPwgUnitsPerMm}};
 }
 
-std::string CupsPrinters::Print(const std::string& printer, const PrintJob& job) {
-    const Connection connection = Connect(silentUntil_);
+PaperSources CupsPrinters::SourcesOf(const std::string& printer) const {
+    const FoundPrinter found(silentUntil_, printer);
+    if (!found.IsKnown())
+        return {};
+    return {SourcesFor(found, CUPS_MEDIA_SOURCE), SourcesFor(found, CUPS_MEDIA_TYPE)};
+}
+
+PrinterState CupsPrinters::StateOf(const std::string& printer) const {
+    const CupsConnection connection = ConnectToCups(silentUntil_);
     if (!connection)
-        throw PrinterError("The print server does not answer.", kPrinterErrorNumber);
-    const Destination destination = Find(connection.get(), printer);
-    if (!destination)
+        return {HasCupsServer(silentUntil_) ? Readiness::Silent : Readiness::Ready};
+    const CupsDestination destination = Find(connection.get(), printer);
+    return destination ? StateIn(AskState(connection.get(), *destination)) : PrinterState{};
+}
+
+std::optional<std::string> CupsPrinters::Print(const std::string& printer, const PrintJob& job) {
+    const FoundPrinter found(silentUntil_, printer);
+    if (!found.HasServer())
+        throw PrinterError(kServerSilent, kPrinterErrorNumber);
+    if (!found.IsThere())
         throw PrinterError("There is no printer \"" + printer + "\".", kPrinterNotValidNumber);
-    const DestinationInfo info(cupsCopyDestInfo(connection.get(), destination.get()));
-    if (!info)
-        Fail();
-    const auto medium = FindMedium(connection.get(), destination.get(), info.get(), job.widthMm, job.heightMm);
-    Options options;
-    options.Add(CUPS_MEDIA, medium ? medium->media : MediumName(job.widthMm, job.heightMm));
-    options.Add(CUPS_PRINT_QUALITY, CUPS_PRINT_QUALITY_HIGH);
-    options.Add("print-scaling", "none");
-    // The pages lie as they go through the printer; the server's filters turn a PDF once more for landscape
-    // (seen with cups-filters).
-    options.Add(CUPS_ORIENTATION, CUPS_ORIENTATION_PORTRAIT);
-    SpooledJob spooled(connection.get(), destination.get(), info.get(), job.title, options);
-    spooled.Send(job.pdf);
-    return WhyJobWaits(connection.get(), spooled.Id());
+    if (!found.IsKnown())
+        RaiseCupsError();
+    CupsPassword password(printer, job.askCredentials);
+    try {
+        return WhyJobWaits(found.Connection(), Spool(found, job, password));
+    } catch (const PrinterError&) {
+        if (password.Cancelled())
+            return std::nullopt;
+        password.RaiseOwnError();
+        throw;
+    }
 }
 
 } // namespace velmora

@@ -16,8 +16,11 @@ public:
     std::vector<std::string> Printers() const override;
     std::optional<std::string> DefaultPrinter() const override;
     PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const override;
+    PaperSources SourcesOf(const std::string& printer) const override;
+    PrinterState StateOf(const std::string& printer) const override;
+    /// What a person saved for the queue or the instance holds where it does not change what a tab job is.
     /// PrinterError: 5707 for an unknown printer; 482 where no server answers, or the queue takes no jobs.
-    std::string Print(const std::string& printer, const PrintJob& job) override;
+    std::optional<std::string> Print(const std::string& printer, const PrintJob& job) override;
 
     using Moment = std::chrono::steady_clock::time_point;
 

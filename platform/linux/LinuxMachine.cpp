@@ -9,6 +9,8 @@
 #include "platform/linux/CupsPrinters.h"
 #endif
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <unistd.h>
 
@@ -21,6 +23,19 @@ Environment SystemEnvironment() {
         const char* value = std::getenv(name);
         return value && *value ? std::optional<std::string>(value) : std::nullopt;
     };
+}
+
+std::string DesktopLanguage(const Environment& environment) {
+    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
+        if (const auto locale = environment(name)) {
+            std::string language = locale->substr(0, locale->find_first_of(".@"));
+            std::replace(language.begin(), language.end(), '_', '-');
+            const bool isTag = std::all_of(language.begin(), language.end(), [](char c) {
+                return std::isalnum(static_cast<unsigned char>(c)) || c == '-';
+            });
+            return !isTag || language == "C" || language == "POSIX" ? "und" : language;
+        }
+    return "und";
 }
 
 namespace {

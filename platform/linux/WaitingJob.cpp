@@ -1,32 +1,25 @@
 #include "platform/linux/WaitingJob.h"
 
-#include <memory>
-
 namespace velmora {
 namespace {
 
-struct Free {
-    void operator()(ipp_t* message) const { ippDelete(message); }
-};
-using Message = std::unique_ptr<ipp_t, Free>;
-
 /// Null where the server does not answer.
-Message AttributesOf(http_t* connection, ipp_op_t operation, const char* uriName, const std::string& uri) {
-    ipp_t* request = ippNewRequest(operation);
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, uriName, nullptr, uri.c_str());
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
-    return Message(cupsDoRequest(connection, request, "/")); // which deletes the request
+CupsMessage AttributesOf(http_t* connection, ipp_op_t operation, const char* uriName, const std::string& uri) {
+    ipp_t* request = VELMORA_CUPS_CALL(ippNewRequest)(operation);
+    VELMORA_CUPS_CALL(ippAddString)(request, IPP_TAG_OPERATION, IPP_TAG_URI, uriName, nullptr, uri.c_str());
+    VELMORA_CUPS_CALL(ippAddString)(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, VELMORA_CUPS_CALL(cupsUser)());
+    return CupsMessage(VELMORA_CUPS_CALL(cupsDoRequest)(connection, request, "/")); // which deletes the request
 }
 
 /// 0 where it is not told.
 int StateOf(ipp_t* answer, const char* attribute) {
-    ipp_attribute_t* found = answer ? ippFindAttribute(answer, attribute, IPP_TAG_ENUM) : nullptr;
-    return found ? ippGetInteger(found, 0) : 0;
+    ipp_attribute_t* found = answer ? VELMORA_CUPS_CALL(ippFindAttribute)(answer, attribute, IPP_TAG_ENUM) : nullptr;
+    return found ? VELMORA_CUPS_CALL(ippGetInteger)(found, 0) : 0;
 }
 
 std::string TextOf(ipp_t* answer, const char* attribute) {
-    ipp_attribute_t* found = answer ? ippFindAttribute(answer, attribute, IPP_TAG_ZERO) : nullptr;
-    const char* text = found ? ippGetString(found, 0, nullptr) : nullptr;
+    ipp_attribute_t* found = answer ? VELMORA_CUPS_CALL(ippFindAttribute)(answer, attribute, IPP_TAG_ZERO) : nullptr;
+    const char* text = found ? VELMORA_CUPS_CALL(ippGetString)(found, 0, nullptr) : nullptr;
     return text ? text : "";
 }
 
@@ -37,7 +30,7 @@ std::string HeldText(ipp_t* job) {
 
 /// Empty for a printer that works.
 std::string StoppedText(http_t* connection, ipp_t* job) {
-    const Message printer =
+    const CupsMessage printer =
         AttributesOf(connection, IPP_OP_GET_PRINTER_ATTRIBUTES, "printer-uri", TextOf(job, "job-printer-uri"));
     if (StateOf(printer.get(), "printer-state") != IPP_PSTATE_STOPPED)
         return "";
@@ -48,7 +41,7 @@ std::string StoppedText(http_t* connection, ipp_t* job) {
 } // namespace
 
 std::string WhyJobWaits(http_t* connection, int job) {
-    const Message answer =
+    const CupsMessage answer =
         AttributesOf(connection, IPP_OP_GET_JOB_ATTRIBUTES, "job-uri", "ipp://localhost/jobs/" + std::to_string(job));
     switch (StateOf(answer.get(), "job-state")) {
     case IPP_JSTATE_HELD: return HeldText(answer.get());

@@ -1,7 +1,7 @@
 // Why a job that CUPS has taken does not print yet.
 #pragma once
 
-#include <cups/cups.h>
+#include "platform/linux/CupsLibrary.h"
 
 #include <string>
 

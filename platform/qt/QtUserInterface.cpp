@@ -2,6 +2,7 @@
 
 #include "base/Paths.h"
 #include "platform/qt/TypedAhead.h"
+#include "platform/qt/frmPassword.h"
 #include "platform/qt/frmProgress.h"
 
 #include <QApplication>
@@ -142,6 +143,14 @@ std::optional<std::filesystem::path> QtUserInterface::ChooseFolder(const std::st
     if (folder.isEmpty())
         return std::nullopt;
     return PathOf(folder.toStdString());
+}
+
+std::optional<Credentials> QtUserInterface::AskForCredentials(const CredentialsRequest& request) {
+    frmPassword form(request, QApplication::activeWindow());
+    QApplication::setOverrideCursor(Qt::ArrowCursor); // the job's hourglass waits too
+    const bool given = form.exec() == QDialog::Accepted;
+    QApplication::restoreOverrideCursor();
+    return given ? std::optional(form.Given()) : std::nullopt;
 }
 
 } // namespace velmora

@@ -14,6 +14,7 @@ public:
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
     std::optional<std::filesystem::path> ChooseFolder(const std::string& title,
                                                       const std::filesystem::path& start) override;
+    std::optional<Credentials> AskForCredentials(const CredentialsRequest& request) override;
 };
 
 } // namespace velmora

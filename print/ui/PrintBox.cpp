@@ -2,6 +2,7 @@
 
 #include "print/NumberList.h"
 #include "print/ui/Breakable.h"
+#include "print/ui/JobChoice.h"
 #include "print/ui/TabsRow.h"
 #include "widgets/AnswerLabel.h"
 #include "widgets/Controls.h"
@@ -36,6 +37,9 @@ PrintBox::PrintBox(PrintRun& run, QWidget* parent)
     layout->addWidget(tabs_);
     optSheets_->addButton(&tabs_->Option(), static_cast<int>(SheetChoice::Tabs));
     layout->addWidget(lblRange_);
+    job_ = new JobChoice(run, this);
+    layout->addWidget(job_);
+    job_->setVisible(run.Report().Printer.DeviceName != kPdfPrinter);
     layout->addLayout(BuildButtons());
     layout->addWidget(lblPrinted_);
     for (QLabel* label : {lblRange_, lblPrinted_}) {
@@ -151,7 +155,7 @@ void PrintBox::ShowChoice(int sheet) {
 
 void PrintBox::Print(bool toFile) {
     const std::vector<int> sheets = ChosenSheets();
-    if (!(toFile ? run_.SaveAsPdf(sheets) : run_.Print(sheets)))
+    if (!(toFile ? run_.SaveAsPdf(sheets) : run_.Print(sheets, job_->Options())))
         return;
     lblPrinted_->Say(Breakable(QString::fromStdString(run_.Told()) + "."));
     lblPrinted_->show();

@@ -16,6 +16,7 @@ class QRadioButton;
 namespace velmora {
 
 class AnswerLabel;
+class JobChoice;
 class TabsRow;
 
 class PrintBox : public QGroupBox {
@@ -50,6 +51,7 @@ private:
     PrintRun& run_;
     int sheet_ = 1;
     QButtonGroup* optSheets_; ///< by SheetChoice
+    JobChoice* job_ = nullptr;
     QLineEdit* txtRange_ = nullptr;
     TabsRow* tabs_ = nullptr;
     QPushButton *cmdPrint_ = nullptr, *cmdSavePdf_ = nullptr;

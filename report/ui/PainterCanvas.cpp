@@ -56,7 +56,7 @@ PainterFont::PainterFont(std::shared_ptr<const FontFace> face) : face_(std::move
 
 const QRawFont& PainterFont::RawFont(double sizeTwips) {
     const auto [entry, isNew] = rawFonts_.try_emplace(sizeTwips);
-    if (isNew && face_->Index() == 0)
+    if (isNew && face_->Index() == 0 && !face_->VariedWeight())
         entry->second = QRawFont(QString::fromStdString(PathText(face_->Path())), sizeTwips, QFont::PreferNoHinting);
     return entry->second;
 }

@@ -72,6 +72,13 @@ class AccessibilityFormsTest : public QObject {
                               Answer::No, nullptr, "&Show the List"};
         QCOMPARE(QtUserInterface().Show(message), Answer::Other);
     }
+    void LookAtPassword() {
+        const DialogAnswer answer("frmPassword", [this](QDialog& form) {
+            Look(form);
+            form.reject();
+        });
+        QtUserInterface().AskForCredentials({"Office", "me", true});
+    }
     void LookAtProgress() {
         const auto progress = QtUserInterface().StartCancellable("Work", 100);
         Look(ProgressWindow(*progress));
@@ -142,6 +149,7 @@ private slots:
         faults_.clear();
         RunningProgram running(&printers_);
         Start(running, 2);
+        printers_.sources = {{{"auto", "Auto"}, {"tray-2", "Tray 2"}}, {{"plain", "Plain"}, {"labels", "Labels"}}};
         running.program.main.document.FieldA(30) = std::string(200, 'x'); // something to say before printing
         running.program.main.status->Tell({"Done", true});
         Look(*running.window);
@@ -168,6 +176,7 @@ private slots:
         running.forms.Window()->ShowStartPage();
         Look(*running.window);
         LookAtMessage();
+        LookAtPassword();
         LookAtProgress();
         QVERIFY2(faults_.isEmpty(), qPrintable(faults_.join('\n')));
     }

@@ -1,4 +1,5 @@
 // The preview: moving through its sheets, what it prints, used slots, and the way from a finding to its box.
+#include "platform/qt/QtUserInterface.h"
 #include "print/ui/frmPreview.h"
 #include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
@@ -159,6 +160,36 @@ private slots:
             preview.Click("cmdPrint");
         });
         QCOMPARE(printers_.jobs.size(), 6u);
+    }
+
+    void copiesAndTrayGoWithTheJob() {
+        RunningProgram running(&printers_);
+        Start(running, 0, 1);
+        printers_.sources = {{{"auto", "Auto"}, {"tray-2", "Tray 2"}}, {{"labels", "Labels"}}};
+        InPreview(running, [&](Preview& preview) {
+            QTRY_VERIFY(preview.form.findChild<QComboBox*>("cboTray"));
+            QVERIFY2(!preview.form.findChild<QComboBox*>("cboKind"), "one kind alone is no choice");
+            preview.Click("cmdPrint");
+            preview.Get<QSpinBox>("txtCopies").setValue(1000);
+            preview.Get<QComboBox>("cboTray").setCurrentText("Tray 2");
+            preview.Click("cmdPrint");
+        });
+        QVERIFY(printers_.jobs.at(0).options.copies == 1 && printers_.jobs[0].options.tray.empty());
+        QVERIFY(printers_.jobs.at(1).options.copies == 999 && printers_.jobs[1].options.tray == "tray-2");
+    }
+
+    void thePasswordIsGivenOrTheQuestionLeft() {
+        for (const bool given : {true, false}) {
+            const DialogAnswer answer("frmPassword", [&](QDialog& form) {
+                QCOMPARE(form.findChild<QLineEdit*>("txtUser")->text(), QString("me"));
+                QTRY_COMPARE(QApplication::focusWidget()->objectName(), QString("txtPassword"));
+                QTest::keyClicks(QApplication::focusWidget(), "se cret");
+                QTest::keyClick(QApplication::focusWidget(), given ? Qt::Key_Return : Qt::Key_Escape);
+            });
+            const auto credentials = QtUserInterface().AskForCredentials({"Office", "me", true});
+            QCOMPARE(credentials.has_value(), given);
+            QVERIFY(!given || (credentials->user == "me" && credentials->password == "se cret"));
+        }
     }
 
     void aWrongRangeIsSaidWhileItIsTyped() {

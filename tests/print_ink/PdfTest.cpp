@@ -32,6 +32,26 @@ TEST(Pdf, TextCanBeCopiedAsItWasTyped) {
         EXPECT_EQ(ExtractedText(text, catalogue), expected) << text;
 }
 
+TEST(Pdf, LettersDrawnInAnotherOrderAreCopiedAsTheyAreRead) {
+    DressedCatalogue catalogue;
+    catalogue.own = FontFile{VELMORA_TEST_FONTS "/varied.ttf", 0, "BoxesVaried"};
+    for (const char* text : {"दुनिया", "नि निन यिनि", "न नि"})
+        EXPECT_EQ(ExtractedText(text, catalogue), text);
+}
+
+TEST(Pdf, ADesignThatVariesHasItsOwnBold) {
+    DressedCatalogue catalogue;
+    catalogue.own = FontFile{VELMORA_TEST_FONTS "/varied.ttf", 0, "BoxesVaried"};
+    catalogue.noBold = true;
+    const auto widthOf = [&](bool bold) {
+        const PdfFile pdf({OneText("दद", MmBox(20, 30, 100, 20))}, AllFields({"BoxesVaried", 72, bold}), catalogue);
+        const Rect ink = pdf.Render().InkBox();
+        return (ink.right - ink.left) / 25.4;
+    };
+    EXPECT_NEAR(widthOf(false), 0.55 + 0.4, 0.01); // the way to the second letter, and its ink
+    EXPECT_NEAR(widthOf(true), 0.85 + 0.7, 0.01) << "by three fifths of the way to the blackest";
+}
+
 TEST(Pdf, AnAccentOfItsOwnStaysWithItsLetter) {
     const FontconfigCatalogue catalogue;
     const std::string apart = "Be\u0302re"; // a combining circumflex
@@ -61,6 +81,9 @@ TEST(Pdf, SaysThatNothingIsScaledAndWhatItIs) {
     const FontconfigCatalogue catalogue;
     const PdfFile pdf({OneText("1", MmBox(20, 30, 60, 12))}, AllFields({}), catalogue);
     EXPECT_NE(pdf.Bytes().find("/PrintScaling/None"), std::string::npos);
+    EXPECT_NE(pdf.Bytes().find("/Lang(und)"), std::string::npos);
+    const auto id = [](const PdfFile& file) { return file.Bytes().substr(file.Bytes().find("/ID[<"), 80); };
+    EXPECT_NE(id(pdf), id(PdfFile({OneText("2", MmBox(20, 30, 60, 12))}, AllFields({}), catalogue)));
     const std::string info = pdf.Ask("TZ=UTC pdfinfo -isodates %");
     EXPECT_NE(info.find("Hoërskool (1)"), std::string::npos) << info;
     EXPECT_NE(info.find("2024-02-29T00:00:00Z"), std::string::npos) << info;

@@ -16,6 +16,8 @@ struct FakePrinters : PrintSystem {
     std::optional<PrinterError> listing, printing; ///< raised instead
     double paperWidth = 0;                         ///< of the only paper; 0: every paper
     std::optional<UnprintableMargins> margins;
+    PaperSources sources;
+    PrinterState state;
     std::vector<PrintJob> jobs;
     std::string target, bytes, waits;
 
@@ -24,7 +26,9 @@ struct FakePrinters : PrintSystem {
     PaperSupport PaperOf(const std::string&, double width, double) const override {
         return {paperWidth == 0 || paperWidth == width, margins};
     }
-    std::string Print(const std::string& printer, const PrintJob& job) override {
+    PaperSources SourcesOf(const std::string&) const override { return sources; }
+    PrinterState StateOf(const std::string&) const override { return state; }
+    std::optional<std::string> Print(const std::string& printer, const PrintJob& job) override {
         target = printer;
         bytes = ReadFile(job.pdf);
         jobs.push_back(job);

@@ -38,6 +38,7 @@ public:
     }
 
     int beeps = 0;
+    Credentials credentials; ///< given where the answer is Ok
     std::string boxTitle = "Velmora"; ///< of all message boxes to come
     bool ticksNotAgain = false;       ///< in every box that offers it
     std::vector<std::string> progressTexts;
@@ -79,6 +80,9 @@ public:
     }
     std::optional<std::filesystem::path> ChooseFolder(const std::string& title, const std::filesystem::path&) override {
         return Next(title).chosen;
+    }
+    std::optional<Credentials> AskForCredentials(const CredentialsRequest& request) override {
+        return Next("password for " + request.printer).answer == Answer::Ok ? std::optional(credentials) : std::nullopt;
     }
 
 private:

@@ -8,6 +8,7 @@ from fontTools.fontBuilder import FontBuilder
 from fontTools.pens.t2CharStringPen import T2CharStringPen
 from fontTools.pens.ttGlyphPen import TTGlyphPen
 from fontTools.ttLib import TTCollection, TTFont
+from fontTools.ttLib.tables.TupleVariation import TupleVariation
 
 EM = 1000
 # left, bottom, right, top, advance
@@ -25,10 +26,10 @@ def draw(pen, box):
     pen.closePath()
 
 
-def begin(name, glyphs, is_ttf):
+def begin(name, glyphs, is_ttf, characters={ord("A"): "A", ord("B"): "B"}):
     font = FontBuilder(EM, isTTF=is_ttf)
     font.setupGlyphOrder(list(glyphs))
-    font.setupCharacterMap({ord("A"): "A", ord("B"): "B"})
+    font.setupCharacterMap(characters)
     if is_ttf:
         outlines = {}
         for glyph, box in glyphs.items():
@@ -82,6 +83,20 @@ def name_glyphs_by_number(font):
     font["hmtx"].metrics = dict(zip(names, font["hmtx"].metrics.values()))
 
 
+def varied():
+    """Devanagari letters, which are not drawn in the order of reading; wider by half in bold; not to be embedded."""
+    letters = {ord(c): "u%04X" % ord(c) for c in "दुनिया"}
+    names = [".notdef", *letters.values()]
+    boxes = {name: (50, 0, 400 + 50 * i, 700, 500 + 50 * i) for i, name in enumerate(names)}
+    builder = FontBuilder(font=begin("BoxesVaried", boxes, True, letters))
+    builder.setupFvar([("wght", 400, 400, 900, "Weight")], [])
+    wider = [(0, 0), (0, 0), (500, 0), (500, 0), (0, 0), (500, 0), (0, 0), (0, 0)]
+    builder.setupGvar({name: [TupleVariation({"wght": (0, 1, 1)}, wider)] for name in names})
+    builder.font["OS/2"].fsType = 2
+    return builder.font
+
+
+varied().save("varied.ttf")
 named = begin("BoxesNamed", GLYPHS, False)
 named.save("named.otf")
 begin("BoxesNumbered", GLYPHS, False).save("numbered.otf")
