@@ -293,7 +293,7 @@ TEST_F(WorkbookTest, HiddenRowsMayBeLeftOut) {
             EXPECT_EQ(table.HiddenRows(), 1);
             const Worksheet all = table.Take({});
             EXPECT_TRUE(all.rows.size() == 4 && !all.leftOut.hiddenRows);
-            const Worksheet visible = table.Take({{1}, true, true});
+            const Worksheet visible = table.Take({.columns = {1}, .heading = true, .visibleOnly = true});
             ASSERT_EQ(visible.rows.size(), 1u) << "the heading and the hidden ones are none";
             EXPECT_EQ(visible.rows[0][0], "b");
             EXPECT_TRUE(visible.leftOut.hiddenRows && visible.leftOut.heading);
@@ -351,7 +351,7 @@ TEST_F(WorkbookTest, PartsThatAreNotWhatTheDirectorySaysAreDamaged) {
 }
 
 TEST(WorksheetBuilderTest, KeepsWhatIsBetweenAndCutsWhatTrails) {
-    WorksheetBuilder builder({{2, 1}, true});
+    WorksheetBuilder builder({.columns = {2, 1}, .heading = true});
     builder.Add({1, {"Name", "Year"}});
     builder.Add({2, {"a, b", "1"}});
     builder.Add({5, {"", "", "", "fourth"}});
