@@ -145,8 +145,8 @@ struct CupsTest : testing::Test {
 
 TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
     const InstalledPrinters all(std::make_unique<CupsPrinters>(), true);
-    EXPECT_EQ(all.Printers(), (std::vector<std::string>{"Asking", "Closed", "Empty", "Guarded", "Later", "Letter", "Office",
-                                                        "Points", kPdfPrinter}));
+    EXPECT_EQ(all.Printers(), (std::vector<std::string>{"Asking", "Closed", "Empty", "Guarded", "Later", "Letter",
+                                                        "Office", "Points", kPdfPrinter}));
     EXPECT_EQ(all.DefaultPrinter(), "Office");
     const std::tuple<double, double, Orientation, const char*> cases[] = {
         {210, 297, Orientation::Portrait, "iso_a4_210x297mm"},
@@ -157,7 +157,7 @@ TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
     int id = 0;
     for (const auto& [width, height, orientation, medium] : cases) {
         EXPECT_EQ(printers.Print("Office", {"Tabs ê", folder / "a.pdf", width, height, orientation}),
-                  "the printer is stopped: Out of paper");
+                  "the printer is stopped: No drum");
         const std::string job = JobAttributes("ipp://" + server + "/jobs/" + std::to_string(++id));
         for (const std::string& attribute :
              {std::string("media (keyword) = ") + medium, std::string("print-scaling (keyword) = none"),
@@ -171,7 +171,9 @@ TEST_F(CupsTest, JobsArriveWholeWithTheirPaperUnscaledAndNotTurned) {
     EXPECT_EQ(printers.Print("Later", {"Tabs", folder / "a.pdf", 210, 297}), "it is held until: night");
     Write("in.csv", TabFileText(0, 1, "0,0", 24, [](int) { return "x,,"; }));
     const Result batch = Shell("'" VELMORA_BATCH "' print --printer Office '" + (folder / "in.csv").string() + "'");
-    EXPECT_EQ(batch.output, "velmora-batch: the job waits: the printer is stopped: Out of paper\n");
+    EXPECT_EQ(batch.output, "velmora-batch: The printer \"Office\" is not ready: the job will wait. It says: No drum "
+                            "(paused)\nvelmora-batch: the "
+                            "job waits: the printer is stopped: No drum\n");
 }
 
 TEST_F(CupsTest, RefusalsCarryTheirNumber) {

@@ -269,13 +269,15 @@ TEST_F(PrintTest, EverySheetAsksWhatItsPrinterSays) {
                       font = "The maker of the font \"Boxes\" forbids that it goes into a PDF.\r\n";
     for (const auto& [name, act] : sheets) {
         SCOPED_TRACE(name);
+        const bool isChecked = name == sheets[0].first;
+        const std::string replaced = isChecked ? "Arial is not installed: Boxes takes its place.\r\n" : "";
         printers.jobs.clear();
         printers.state = {Readiness::Waiting, "No toner"};
         printers.paperWidth = 215.9;
         fonts.own = FontFile{VELMORA_SOURCE_DIR "/tests/print_ink/fonts/varied.ttf", 0, "Boxes"};
         for (const Answer answer : {Answer::No, Answer::Yes}) {
-            program.ui.Expect(waits + paper + font + "Do you want to print anyway?", Icon::Question, Buttons::YesNo,
-                              answer, Answer::No);
+            program.ui.Expect(waits + paper + replaced + font + "Do you want to print anyway?", Icon::Question,
+                              Buttons::YesNo, answer, Answer::No);
             act();
             EXPECT_EQ(printers.jobs.size(), answer == Answer::Yes ? 1U : 0U);
         }
