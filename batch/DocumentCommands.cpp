@@ -224,9 +224,8 @@ int RunPrint(const PrintArguments& arguments) {
     AskPrinter(printers, printer, sheets.paper, arguments.anyway);
     MentionForbiddenFonts(sheets, *catalogue);
     const std::string name = PathText(PathOf(DisplayName(arguments.file)).filename());
-    const auto waits =
-        PrintSheets(sheets, *catalogue,
-                    {printers, printer, "Velmora [" + name + "]", OptionsOf(arguments, printers, printer)});
+    const auto waits = PrintSheets(
+        sheets, *catalogue, {printers, printer, "Velmora [" + name + "]", OptionsOf(arguments, printers, printer)});
     if (waits && !waits->empty())
         std::cerr << "velmora-batch: the job waits: " << OneLine(*waits) << '\n';
     return kDone;

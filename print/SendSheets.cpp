@@ -59,8 +59,8 @@ std::optional<DoneMessage> PrintAndTell(PrintModule& print, const SheetSeries& s
     const auto progress = StartProgress(ui, "Printing.  Please standby...", series);
     const auto ask = [&ui](const CredentialsRequest& request) { return ui.AskForCredentials(request); };
     const auto waits =
-        PrintSheets(series, print.catalogue,
-                    {print.main.printers, errand.printer, errand.title, errand.options, ask}, progress.get());
+        PrintSheets(series, print.catalogue, {print.main.printers, errand.printer, errand.title, errand.options, ask},
+                    progress.get());
     if (!waits)
         return std::nullopt;
     return DoneMessage{Counted(series.numbers.size(), "sheet") + CopiesText(errand.options.copies) + " sent to " +

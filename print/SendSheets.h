@@ -25,10 +25,9 @@ struct SheetErrand {
 };
 /// Tells why no job can go to the printer; false then.
 bool PrinterTakesJobs(MainModule& main, const std::string& printer);
-/// Sends the sheets to the printer, after a question where it would keep them waiting or has no such paper; the built-in
-/// one asks for a path. What was told in the status line: how many sheets
-/// went where, and why the job waits. Nullopt when the person cancelled, and after a failure, which is shown: nothing
-/// is printed then.
+/// Sends the sheets to the printer, after a question where it would keep them waiting or has no such paper; the
+/// built-in one asks for a path. What was told in the status line: how many sheets went where, and why the job waits.
+/// Nullopt when the person cancelled, and after a failure, which is shown: nothing is printed then.
 std::optional<std::string> SendSheets(PrintModule& print, const SheetSeries& series, const SheetErrand& errand);
 
 /// The command: asks for a path, takes the page on screen into the document and writes the whole document. The file is

@@ -10,7 +10,6 @@
 namespace velmora {
 namespace {
 
-
 FormPosition Centred(const FormPosition& window, int screenWidth, int screenHeight) {
     return {(screenWidth - window.width) / 2, (screenHeight - window.height) / 2, window.width, window.height};
 }

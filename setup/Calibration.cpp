@@ -133,7 +133,6 @@ std::string Calibration::OwnerText() const {
 }
 
 void Calibration::Ok() {
-    TabDocument& document = main_.document;
     TakePageBack(main_);
     const MarginTexts margins = Margins();
     {
@@ -145,10 +144,10 @@ void Calibration::Ok() {
         }
         if (margins.left != ReadMargin(main_.settings, kMarginLeft) ||
             margins.top != ReadMargin(main_.settings, kMarginTop))
-            document.DocChanged = true;
+            main_.document.DocChanged = true;
         Write(main_.settings, kMarginLeft, margins.left);
         Write(main_.settings, kMarginTop, margins.top);
-        RememberPrinterMargins(main_.settings, main_.globals.PrinterName, document.setup, margins);
+        RememberPrinterMargins(main_.settings, main_.globals.PrinterName, main_.document.setup, margins);
     }
     if (!MarginsReady(main_) && Ask(main_.ui,
                                     "Do you want to save this margin settings as the default margin settings for " +

@@ -35,7 +35,10 @@ struct WorkbookTest : ProgramTest {
         std::string bytes;
         std::size_t next = 0;
         const auto source = [&](std::vector<std::string>& row) {
-            return next < rows.size() && (row = rows[next++], true);
+            if (next == rows.size())
+                return false;
+            row = rows[next++];
+            return true;
         };
         workbooks.Write(format, "Tabs", source, [&](std::string_view piece) { bytes += piece; });
         return bytes;

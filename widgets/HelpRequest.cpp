@@ -16,20 +16,19 @@ void RequestHelp(QWidget& window) {
     QApplication::sendEvent(&window, &request);
 }
 
-void AddHelpButton(QDialogButtonBox& buttons) {
-    QPushButton* help = buttons.addButton(QDialogButtonBox::Help);
-    help->setObjectName("cmdHelp");
-    help->setAutoDefault(false);
-    QObject::connect(&buttons, &QDialogButtonBox::helpRequested, &buttons,
-                     [&buttons] { RequestHelp(*buttons.window()); });
-}
-
 QPushButton* MakeHelpButton() {
     auto* help = new QPushButton(QObject::tr("Help"));
     help->setObjectName("cmdHelp");
     help->setAutoDefault(false);
     QObject::connect(help, &QPushButton::clicked, help, [help] { RequestHelp(*help->window()); });
     return help;
+}
+
+QDialogButtonBox* MakeButtons() {
+    auto* buttons = new QDialogButtonBox;
+    // A role that every desktop puts at the left; that of help stands at the right on some.
+    buttons->addButton(MakeHelpButton(), QDialogButtonBox::ResetRole);
+    return buttons;
 }
 
 } // namespace velmora

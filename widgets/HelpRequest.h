@@ -12,9 +12,9 @@ namespace velmora {
 QEvent::Type HelpRequestType();
 /// Opens the help at the page of that window.
 void RequestHelp(QWidget& window);
-/// A Help button that does so for the window that the buttons are in.
-void AddHelpButton(QDialogButtonBox& buttons);
-/// The same for a layout that places its buttons itself.
+/// A Help button that does so for the window that it is in.
 QPushButton* MakeHelpButton();
+/// The buttons below a dialog, of which Help is the first, for Tab too; the others are added to it.
+QDialogButtonBox* MakeButtons();
 
 } // namespace velmora

@@ -17,8 +17,8 @@ struct FolderWanted {
     bool offerToCreate = false;
 };
 
-/// The folder made, found or chosen, which is stored; nullopt when the person gave up. The search goes for a folder with
-/// the file; the person may choose any.
+/// The folder made, found or chosen, which is stored; nullopt when the person gave up. The search goes for a folder
+/// with the file; the person may choose any.
 std::optional<std::filesystem::path> SearchFolder(MainModule& main, const std::filesystem::path& current,
                                                   const FolderWanted& wanted);
 

@@ -90,10 +90,9 @@ void frmImport::BuildUi(const ImportChoice& choice) {
     entries->addSpacing(24);
     entries->addLayout(others);
 
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-    Named(buttons->button(QDialogButtonBox::Cancel), "cmdCancel");
+    auto* buttons = MakeButtons();
     auto* cmdImport = Named(buttons->addButton(tr("&Import"), QDialogButtonBox::AcceptRole), "cmdImport");
-    AddHelpButton(*buttons);
+    Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);

@@ -57,10 +57,9 @@ void frmOptionsPage::BuildUi() {
     layout->addSpacing(8);
     layout->addStretch();
 
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName("cmdOk");
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName("cmdCancel");
-    AddHelpButton(*buttons);
+    auto* buttons = MakeButtons();
+    buttons->addButton(QDialogButtonBox::Ok)->setObjectName("cmdOk");
+    buttons->addButton(QDialogButtonBox::Cancel)->setObjectName("cmdCancel");
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmOptionsPage::Save);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -33,10 +33,9 @@ void frmGoTo::BuildUi() {
     lstPlaces_->setAccessibleName(tr("Places"));
     connect(lstPlaces_, &QListWidget::itemActivated, this, &frmGoTo::Go);
     lblResult_ = Named(new AnswerLabel, "lblResult");
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = MakeButtons();
     cmdGo_ = Named(buttons->addButton(tr("&Go"), QDialogButtonBox::AcceptRole), "cmdGo");
     Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
-    AddHelpButton(*buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmGoTo::Go);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 

@@ -25,10 +25,9 @@ void frmMovePage::BuildUi() {
     txtPage_->setRange(1, document.NoOfPages);
     txtPage_->setValue(document.CurrentPage);
     txtPage_->selectAll();
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = MakeButtons();
     Named(buttons->addButton(QDialogButtonBox::Ok), "cmdOk");
     Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
-    AddHelpButton(*buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmMovePage::Move);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 

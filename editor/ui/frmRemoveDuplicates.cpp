@@ -35,10 +35,9 @@ void frmRemoveDuplicates::BuildUi() {
         chkField_.push_back(check);
     }
     lblResult_ = Named(new AnswerLabel, "lblResult");
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = MakeButtons();
     cmdOk_ = Named(buttons->addButton(tr("&Remove"), QDialogButtonBox::AcceptRole), "cmdOk");
     Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
-    AddHelpButton(*buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmRemoveDuplicates::Remove);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 

@@ -40,10 +40,9 @@ void frmSort::BuildUi() {
     optDescending_ = Named(new QRadioButton(tr("&Z to A")), "optDescending");
     auto* optAll = Named(new QRadioButton(tr("A&ll pages")), "optAll");
     optThisPage_ = Named(new QRadioButton(tr("&This page")), "optThisPage");
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = MakeButtons();
     Named(buttons->addButton(QDialogButtonBox::Ok), "cmdOk");
     Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
-    AddHelpButton(*buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmSort::Sort);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 

@@ -7,7 +7,8 @@ namespace {
 CupsMessage AttributesOf(http_t* connection, ipp_op_t operation, const char* uriName, const std::string& uri) {
     ipp_t* request = VELMORA_CUPS_CALL(ippNewRequest)(operation);
     VELMORA_CUPS_CALL(ippAddString)(request, IPP_TAG_OPERATION, IPP_TAG_URI, uriName, nullptr, uri.c_str());
-    VELMORA_CUPS_CALL(ippAddString)(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, VELMORA_CUPS_CALL(cupsUser)());
+    VELMORA_CUPS_CALL(ippAddString)
+    (request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, VELMORA_CUPS_CALL(cupsUser)());
     return CupsMessage(VELMORA_CUPS_CALL(cupsDoRequest)(connection, request, "/")); // which deletes the request
 }
 

@@ -189,7 +189,7 @@ void SheetDisplay::mousePressEvent(QMouseEvent* event) {
     if (slot == 0)
         return QAbstractScrollArea::mousePressEvent(event);
     cursor_ = slot;
-    event->modifiers() & Qt::ShiftModifier ? ReachSlot(slot) : ToggleSlot(slot);
+    event->modifiers().testFlag(Qt::ShiftModifier) ? ReachSlot(slot) : ToggleSlot(slot);
 }
 
 void SheetDisplay::mouseMoveEvent(QMouseEvent* event) {
@@ -228,7 +228,7 @@ bool SheetDisplay::MoveCursor(int key) {
 
 void SheetDisplay::keyPressEvent(QKeyEvent* event) {
     if (used_ && event->key() == Qt::Key_Space)
-        event->modifiers() & Qt::ShiftModifier ? ReachSlot(cursor_) : ToggleSlot(cursor_);
+        event->modifiers().testFlag(Qt::ShiftModifier) ? ReachSlot(cursor_) : ToggleSlot(cursor_);
     else if (!used_ || !MoveCursor(event->key()))
         QAbstractScrollArea::keyPressEvent(event);
 }

@@ -15,7 +15,7 @@ namespace {
 /// Yes and No give their advice; Escape gives none.
 void BuildQuestion(QDialog& dialog, UserInterface& ui, const char* question) {
     dialog.setWindowTitle(QObject::tr("Printer Setup"));
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = MakeButtons();
     const auto addButton = [&](QDialogButtonBox::StandardButton which, const char* name, bool othersPrint) {
         QObject::connect(Named(buttons->addButton(which), name), &QPushButton::clicked, &dialog,
                          [&dialog, &ui, othersPrint] {
@@ -25,7 +25,6 @@ void BuildQuestion(QDialog& dialog, UserInterface& ui, const char* question) {
     };
     addButton(QDialogButtonBox::Yes, "cmdYes", true);
     addButton(QDialogButtonBox::No, "cmdNo", false);
-    AddHelpButton(*buttons);
     auto* layout = new QVBoxLayout(&dialog);
     layout->addWidget(new QLabel(QString(question).remove('\r')));
     layout->addWidget(buttons);

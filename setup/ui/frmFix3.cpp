@@ -256,10 +256,9 @@ void frmFix3::AddDefaults(QBoxLayout& column) {
 }
 
 void frmFix3::BuildUi() {
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = MakeButtons();
     auto* cmdOk = Named(buttons->addButton(QDialogButtonBox::Ok), "cmdOk");
     Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
-    AddHelpButton(*buttons);
     auto* layout = new QGridLayout(this);
     layout->setHorizontalSpacing(2 * kStepGap);
     layout->addLayout(BuildDrawing(), 0, 0);

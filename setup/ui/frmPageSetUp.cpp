@@ -20,6 +20,7 @@ namespace velmora {
 namespace {
 
 constexpr int kLinesOfTexts = 3;
+constexpr int kNameGap = 24; ///< pixels between rows and columns and the name
 
 } // namespace
 
@@ -33,16 +34,20 @@ frmPageSetUp::frmPageSetUp(MainModule& main, std::function<void(std::int32_t)> p
 
 QWidget* frmPageSetUp::BuildStationery() {
     auto* box = new QGroupBox(tr("Stationery"));
-    auto* layout = new QVBoxLayout(box);
+    auto* layout = new QGridLayout(box);
     optPgsize_ = new QButtonGroup(this);
+    const auto text = [](std::string_view of) { return QString::fromUtf8(of.data(), static_cast<int>(of.size())); };
     for (int type = 0; type < kTabTypes; ++type) {
-        const std::string_view caption = kCatalogue.at(static_cast<std::size_t>(type)).caption;
-        auto* option = new QRadioButton(QString::fromUtf8(caption.data(), static_cast<int>(caption.size())));
+        const TabType& row = kCatalogue.at(static_cast<std::size_t>(type));
+        auto* option = new QRadioButton(text(row.caption));
         option->setObjectName(QString("optPgsize(%1)").arg(type));
+        option->setAccessibleDescription(text(row.label));
         optPgsize_->addButton(option, type);
-        layout->addWidget(option);
+        layout->addWidget(option, type, 0);
+        layout->addWidget(new QLabel(text(row.label).section(" (", 0, 0)), type, 1); // as it stands on the box
     }
-    layout->addStretch();
+    layout->setRowStretch(kTabTypes, 1);
+    layout->setHorizontalSpacing(kNameGap);
     return box;
 }
 
@@ -83,10 +88,9 @@ void frmPageSetUp::BuildUi() {
     Image1_->setAlignment(Qt::AlignCenter);
     lblGridSize_ = Named(new QLabel, "lblGridSize");
     lblGridSize_->setAlignment(Qt::AlignCenter);
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = MakeButtons();
     auto* cmdOk = Named(buttons->addButton(QDialogButtonBox::Ok), "cmdOk");
     Named(buttons->addButton(QDialogButtonBox::Cancel), "cmdCancel");
-    AddHelpButton(*buttons);
     auto* cmdPrtWiz = Named(new QPushButton(tr("&Printer Setup Wizard ...")), "cmdPrtWiz");
 
     lblTexts_ = Named(new AnswerLabel, "lblTexts");

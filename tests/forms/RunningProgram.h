@@ -68,7 +68,7 @@ public:
         test.Store("Settings", "Start with setup", "False");
         for (const char* ask : {"Ask for printer", "Ask for margins"})
             test.Store("Settings", ask, "False");
-        test.Store("Settings", "Start Page", "False"); // the sheet at once
+        test.Store("Settings", "Start Page", "False");    // the sheet at once
         SaveDefaultMargins(test.settings, 0, "A4_8", {}); // a start that asks nothing
     }
     /// Started, with a file of its own.

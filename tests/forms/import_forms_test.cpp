@@ -26,7 +26,10 @@ class ImportFormsTest : public QObject {
         std::string bytes;
         std::size_t next = 0;
         const auto source = [&](std::vector<std::string>& row) {
-            return next < rows.size() && (row = rows[next++], true);
+            if (next == rows.size())
+                return false;
+            row = rows[next++];
+            return true;
         };
         running.test.workbooks.Write(WorkbookFormat::Xls, "Tabs", source, [&](auto piece) { bytes += piece; });
         ReplaceFile(running.test.folder / "book.xls", bytes);

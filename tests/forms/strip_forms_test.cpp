@@ -34,7 +34,10 @@ private:
 };
 
 struct FakeDesktop : Desktop {
-    bool OpenFile(const std::filesystem::path& file) override { return opened = file, false; }
+    bool OpenFile(const std::filesystem::path& file) override {
+        opened = file;
+        return false;
+    }
     std::filesystem::path opened;
 };
 

@@ -41,7 +41,10 @@ struct SettingsTest : testing::Test {
     void ExpectRegistryError(const std::string& heading, const std::string& rest) {
         ui_.Expect("\r\n" + heading + "\r\n" + rest, Icon::Exclamation);
     }
-    void ExpectIniError() { ui_.Expect(ini_.string() + ": Is a directory\r\nUntil it can be written, settings are not kept.", Icon::Exclamation); }
+    void ExpectIniError() {
+        ui_.Expect(ini_.string() + ": Is a directory\r\nUntil it can be written, settings are not kept.",
+                   Icon::Exclamation);
+    }
     /// From now on the INI file can't be written.
     void BlockIni() {
         if (fs::exists(ini_))

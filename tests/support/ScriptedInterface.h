@@ -38,7 +38,7 @@ public:
     }
 
     int beeps = 0;
-    Credentials credentials; ///< given where the answer is Ok
+    Credentials credentials;          ///< given where the answer is Ok
     std::string boxTitle = "Velmora"; ///< of all message boxes to come
     bool ticksNotAgain = false;       ///< in every box that offers it
     std::vector<std::string> progressTexts;
