@@ -1,10 +1,14 @@
 #include "app/SystemInformation.h"
 
+#include "base/Paths.h"
 #include "base/Text.h"
 #include "base/Validate.h"
 #include "base/Version.h"
+#include "print/PrintSheets.h"
+#include "report/rptVelmor.h"
 
 #include <charconv>
+#include <utility>
 #include <variant>
 
 namespace velmora {
@@ -60,6 +64,35 @@ bool GetKeyValue(const Registry& registry, const std::string& keyName, const std
         return false;
     result = text;
     return true;
+}
+
+namespace {
+
+std::string PrinterDetails(const PrintSystem& printers, const std::string& printer) {
+    std::string line = "Printer: " + printer;
+    for (const auto& [stationery, layout] : {std::pair("A4", "A4"), {"DL", "DL_h"}})
+        line += (SupportOf(printers, printer, SheetPaper(stationery, layout)).listed ? ", " : ", no ") +
+                std::string(stationery);
+    const std::string state = StateText(printer, printers.StateOf(printer));
+    return line + (state.empty() ? "" : ". " + std::string(Trim(OneLine(state)))) + "\n";
+}
+
+} // namespace
+
+std::string ProgramDetails(const MainModule& main, const std::string& toolkit, const std::string& desktop) {
+    std::string details = std::string(kProgramName) + " " + kVersion + "\n" + toolkit + "\n" + desktop + "\n";
+    try {
+        for (const std::string& printer : main.printers.Printers())
+            details += PrinterDetails(main.printers, printer);
+    } catch (const PrinterError& error) {
+        details += "Printers: " + std::string(error.what()) + "\n";
+    }
+    details += "Printer in use: " + main.globals.PrinterName + "\n";
+    for (const auto& [name, folder] : {std::pair("Settings", main.settings.IniFile),
+                                       {"Pictures", main.globals.ImagesPath},
+                                       {"Documents", main.globals.TabsPath}})
+        details += std::string(name) + ": " + PathText(folder) + "\n";
+    return details;
 }
 
 void StartSysInfo(MainModule& main, Desktop& desktop) {

@@ -6,7 +6,9 @@
 #include "workspace/Dialogs.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -61,6 +63,13 @@ void frmAbout::BuildUi() {
     AddLabel(layout, "Label5", tr("Under the MIT licence: use it, change it, pass it on."));
     AddLabel(layout, "Label6", tr("It comes without any warranty."));
     layout->addSpacing(8);
+    txtDetails_ = new QPlainTextEdit;
+    txtDetails_->setObjectName("txtDetails");
+    txtDetails_->setAccessibleName(tr("Details"));
+    txtDetails_->setReadOnly(true);
+    txtDetails_->setTabChangesFocus(true);
+    txtDetails_->hide();
+    layout->addWidget(txtDetails_, 1);
     layout->addStretch();
     layout->addLayout(BuildButtons());
     findChild<QPushButton*>("cmdOk")->setFocus();
@@ -89,6 +98,10 @@ QLayout* frmAbout::BuildButtons() {
         Trapped(program_.main.ui, "Called from Sub: StartSysInfo",
                 [&] { StartSysInfo(program_.main, *program_.desktop); });
     });
+    cmdDetails_ = new QPushButton(tr("&Details"));
+    cmdDetails_->setObjectName("cmdDetails");
+    cmdDetails_->setAutoDefault(false);
+    connect(cmdDetails_, &QPushButton::clicked, this, &frmAbout::ShowDetails);
     auto* ok = new QPushButton(tr("OK"));
     ok->setObjectName("cmdOk");
     ok->setDefault(true);
@@ -96,9 +109,27 @@ QLayout* frmAbout::BuildButtons() {
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(MakeHelpButton());
     buttons->addWidget(sysInfo);
+    buttons->addWidget(cmdDetails_);
     buttons->addStretch();
     buttons->addWidget(ok);
     return buttons;
+}
+
+/// The first press shows them; from then on the button copies them. Asking the printers may take a moment, so nobody
+/// waits for that before.
+void frmAbout::ShowDetails() {
+    if (txtDetails_->isVisible())
+        return QApplication::clipboard()->setText(txtDetails_->toPlainText());
+    txtDetails_->setPlainText(
+        QString::fromStdString(ProgramDetails(program_.main, std::string("Qt ") + qVersion(),
+                                              (QSysInfo::prettyProductName() + ", " + QGuiApplication::platformName() +
+                                               " " + qEnvironmentVariable("XDG_CURRENT_DESKTOP"))
+                                                  .trimmed()
+                                                  .toStdString())));
+    txtDetails_->show();
+    cmdDetails_->setText(tr("&Copy"));
+    txtDetails_->setFocus();
+    adjustSize();
 }
 
 } // namespace velmora

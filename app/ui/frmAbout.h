@@ -1,10 +1,12 @@
-// The about box: name, version, who stands behind it, and the way to the system-information tool.
+// The about box: name, version, who stands behind it, the facts that support asks for, and the way to the
+// system-information tool.
 #pragma once
 
 #include "app/Program.h"
 #include "widgets/FormPlace.h"
 
-class QVBoxLayout;
+class QPlainTextEdit;
+class QPushButton;
 
 namespace velmora {
 
@@ -18,8 +20,11 @@ private:
     void BuildUi();
     QLayout* BuildHeader();
     QLayout* BuildButtons();
+    void ShowDetails();
 
     Program& program_;
+    QPlainTextEdit* txtDetails_ = nullptr;
+    QPushButton* cmdDetails_ = nullptr;
 };
 
 } // namespace velmora

@@ -146,6 +146,9 @@ private slots:
                  QString("VelmoraVersion number:8.1.0"));
         running.test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
         Click(form, "cmdSysInfo");
+        Click(form, "cmdDetails");
+        Click(form, "cmdDetails");
+        QVERIFY(QApplication::clipboard()->text().contains("Printer in use: " + QString(kPdfPrinter)));
         Click(form, "cmdOk");
         QVERIFY(running.test.Stored("Form Position", "about") != "(none)");
         ReplaceFile(running.test.folder / "Images/tab.gif", "no picture");
