@@ -62,6 +62,8 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
     std::vector<std::string> names;
     bool optionsEnded = false;
     for (const std::string& argument : arguments) {
+        if (argument.empty()) // a script's empty variable
+            continue;
         if (optionsEnded || !argument.starts_with('-'))
             names.push_back(argument);
         else if (argument == "--")

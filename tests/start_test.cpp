@@ -300,6 +300,7 @@ TEST(CommandLineTest, TellsFilesFromOptions) {
         Kind kind;
         std::vector<fs::path> files;
     } rows[] = {{{}, Kind::Documents, {}},
+                {{""}, Kind::Documents, {}},
                 {{"Settings"}, Kind::SettingsEditor, {}},
                 {{"--help"}, Kind::Help, {}},
                 {{"-h"}, Kind::Help, {}},
