@@ -1,11 +1,9 @@
 // Printing's message sequences, what reaches the printer, and what a cancelled or failed job leaves behind.
 #include "base/AtomicFile.h"
 #include "platform/linux/FontconfigCatalogue.h"
-#include "print/NumberList.h"
 #include "print/PrintReport.h"
-#include "print/PrintSheets.h"
-#include "print/UsedLabels.h"
 #include "setup/CalibrationSheet.h"
+#include "tests/support/Documents.h"
 #include "tests/support/FakeEditor.h"
 #include "tests/support/FakePrinters.h"
 #include "tests/support/TestProgram.h"
@@ -44,6 +42,17 @@ struct PrintTest : testing::Test {
     MainModule main{program.settings, program.ui, printers, program.workbooks, {}, {}, {}};
     FakeViewer viewer;
     PrintModule print{main, layout, fonts};
+    /// All that goes to paper; the preview where its viewer prints.
+    const std::pair<const char*, std::function<void()>> sheets[4] = {
+        {"document", [&] { PrintCommand(print); }},
+        {"preview", [&] { PreviewCommand(print); }},
+        {"test page",
+         [&] {
+             const DocumentSetup& setup = main.document.setup;
+             PrintReport(print, "TestPage",
+                         {"TEST", setup.OptType, setup.TabsPerPage, 1, setup.RowsPerPage, setup.ColsPerPage, false});
+         }},
+        {"calibration sheet", [&] { PrintCalibrationSheet(print); }}};
 
     PrintTest() {
         print.viewer.Take(viewer);
@@ -51,20 +60,11 @@ struct PrintTest : testing::Test {
     }
 
     void Document(int type, const std::string& stationery) {
+        MakePages(main, 3, 1, type, [this](int field, int tab) {
+            return field == 0 && tab % main.document.setup.TabsPerPage == 1 ? "first" : "";
+        });
         main.globals.PrinterName = "Office";
-        main.document = {};
-        main.document.setup.OptType = static_cast<std::int16_t>(type);
         main.document.setup.StationeryType = stationery;
-        main.document.CurrentTab = 2;
-        NormalisePages(main.document);
-        main.document.TabCount = 3 * main.document.setup.TabsPerPage;
-        for (int field = 0; field < 3; ++field)
-            main.document.Field(field).ReDim(main.document.TabCount);
-        NormalisePages(main.document);
-        SetRowsAndStationery(main.document.setup, type);
-        main.document.CurrentPage = 1;
-        for (int page = 0; page < 3; ++page)
-            main.document.FieldA(1 + page * main.document.setup.TabsPerPage) = "first";
     }
     void ExpectError(const std::string& text) { program.ui.Expect(text, Icon::Critical); }
 };
@@ -223,16 +223,12 @@ TEST_F(PrintTest, PrintAsksOnceAboutAllThatPaperWouldShow) {
     program.Store("Settings", "Margin Value Left", "-40");
     main.document.FieldA(72) = wide;
     printers.paperWidth = 100;
-    EXPECT_EQ(answered("The printer does not have paper of the sheet's size.\r\n"
-                       "2 texts do not fit their tabs and will be cut off, the first in tab 5.\r\n"
-                       "3 texts lie partly where the printer cannot print, the first in tab 1.\r\n",
-                       Answer::No),
+    const std::string texts = "2 texts do not fit their tabs and will be cut off, the first in tab 5.\r\n"
+                              "3 texts lie partly where the printer cannot print, the first in tab 1.\r\n";
+    EXPECT_EQ(answered("The printer does not have paper of the sheet's size.\r\n" + texts, Answer::No),
               PrintOutcome::NotPrinted);
     printers.paperWidth = 297; // the same paper, turned
-    EXPECT_EQ(answered("2 texts do not fit their tabs and will be cut off, the first in tab 5.\r\n"
-                       "3 texts lie partly where the printer cannot print, the first in tab 1.\r\n",
-                       Answer::Yes),
-              PrintOutcome::Done);
+    EXPECT_EQ(answered(texts, Answer::Yes), PrintOutcome::Done);
     viewer.act = [](PrintRun&) {};
     EXPECT_EQ(PreviewCommand(print), PrintOutcome::Done) << "the window says it itself";
 }
@@ -255,14 +251,6 @@ TEST_F(PrintTest, EmptySheetsAreSaidBeforeTheyCostPaper) {
 }
 
 TEST_F(PrintTest, EverySheetAsksWhatItsPrinterSays) {
-    const std::pair<const char*, std::function<void()>> sheets[] = {
-        {"document", [&] { PrintCommand(print); }},
-        {"preview", [&] { PreviewCommand(print); }},
-        {"test page",
-         [&] {
-             PrintReport(print, "TestPage", {"TEST", 0, 24, 1, 8, 3, false});
-         }},
-        {"calibration sheet", [&] { PrintCalibrationSheet(print); }}};
     viewer.act = [](PrintRun& run) { run.Print(); };
     const std::string waits = "The printer \"Office\" is not ready: the job will wait.\r\nIt says: No toner\r\n",
                       paper = "The printer does not have paper of the sheet's size.\r\n",
@@ -307,38 +295,9 @@ TEST_F(PrintTest, AJobHasItsOwnNameAndWhatWasChosenForIt) {
     EXPECT_EQ(job.askCredentials({"Office", "", false})->password, "secret");
 }
 
-/// DL that the printer knows short edge first alone: its top goes through as the sheet's left.
-TEST_F(PrintTest, ASheetSentTurnedIsCheckedAsItGoesThrough) {
-    printers.paperWidth = 110;
-    printers.margins = UnprintableMargins{0, 12, 0, 0};
-    Document(4, "DL_h");
-    const PaperSupport support = SupportOf(printers, "Office", {220, 110, false});
-    EXPECT_TRUE(support.listed);
-    EXPECT_EQ(support.unprintable->right, 12) << "what the printer leaves at the top";
-    EXPECT_EQ(SupportOf(printers, "Office", {110, 220, true}).unprintable->top, 12);
-}
-
-TEST(PaperSource, IsMeantByItsNameOrItsLabel) {
-    const std::vector<PaperSource> trays = {{"tray-1", "Tray 1"}, {"by-pass-tray", "Manual feed"}};
-    EXPECT_EQ(FindSource(trays, "manual FEED", "Office", "tray").name, "by-pass-tray");
-    EXPECT_EQ(FindSource(trays, "tray-1", "Office", "tray").name, "tray-1");
-    try {
-        FindSource(trays, "tray-9", "Office", "tray");
-        ADD_FAILURE();
-    } catch (const Error& error) {
-        EXPECT_STREQ(error.what(), "the printer \"Office\" has no tray \"tray-9\"; it has tray-1, by-pass-tray");
-    }
-}
-
 TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
     printers.paperWidth = 110; // of DL as 110 x 220 only
-    const std::pair<const char*, std::function<void()>> sheets[] = {
-        {"document", [&] { PrintCommand(print); }},
-        {"test page",
-         [&] {
-             PrintReport(print, "TestPage", {"TEST", 4, 21, 1, 3, 7, false});
-         }},
-        {"calibration sheet", [&] { PrintCalibrationSheet(print); }}};
+    viewer.act = [](PrintRun& run) { run.Print(); };
     for (const auto& sheet : sheets) {
         const char* const name = sheet.first;
         const auto sent = [&](const char* way) {
@@ -351,7 +310,16 @@ TEST_F(PrintTest, EverySheetGoesTheWayThatThePrinterKnowsItsPaper) {
         };
         EXPECT_TRUE(sent("DL_h") == sent("DL_v")) << name << ": turned with its content";
     }
-    EXPECT_EQ(printers.jobs.size(), 6U);
+    EXPECT_EQ(printers.jobs.size(), 8U);
+}
+
+std::string SlotsOf(PrintRun& run, int number) {
+    std::string slots;
+    Sheet sheet;
+    run.Report().LayOutSheet(number, sheet);
+    for (const PlacedText& text : sheet.texts)
+        slots += std::to_string(text.tab) + "@" + std::to_string(text.slot) + " ";
+    return slots;
 }
 
 TEST_F(PrintTest, ASheetIsChosenByItsTexts) {
@@ -370,21 +338,9 @@ TEST_F(PrintTest, ASheetIsChosenByItsTexts) {
         EXPECT_EQ(run.Sheets(SheetChoice::Filled, 1, ""), std::vector<int>{2});
         run.SetUsedSlots({1});
         EXPECT_EQ(run.Sheets(SheetChoice::Filled, 1, ""), std::vector<int>{2});
-        Sheet sheet;
-        run.Report().LayOutSheet(2, sheet);
-        EXPECT_EQ(sheet.texts.at(0).tab, 25);
-        EXPECT_EQ(sheet.texts.at(0).slot, 2) << "one further on";
+        EXPECT_EQ(SlotsOf(run, 2), "25@2 ") << "one further on";
     };
     PreviewCommand(print);
-}
-
-std::string SlotsOf(PrintRun& run, int number) {
-    std::string slots;
-    Sheet sheet;
-    run.Report().LayOutSheet(number, sheet);
-    for (const PlacedText& text : sheet.texts)
-        slots += std::to_string(text.tab) + "@" + std::to_string(text.slot) + " ";
-    return slots;
 }
 
 TEST_F(PrintTest, MarkedTabsGoOntoTheSheetThatAnEarlierJobLeft) {
@@ -421,23 +377,6 @@ TEST_F(PrintTest, MarkedTabsGoOntoTheSheetThatAnEarlierJobLeft) {
     main.editor.Leave();
 }
 
-TEST(UsedLabels, AreStruckOutOneByOneOrInAStretch) {
-    UsedLabels labels(24);
-    const auto shown = [&] { return NumberListText({labels.Labels().begin(), labels.Labels().end()}); };
-    labels.ExtendTo(5);
-    labels.Toggle(9);
-    labels.ExtendTo(12);
-    labels.ExtendTo(7);
-    EXPECT_EQ(shown(), "1-5,7-9") << "as far as the pointer is";
-    labels.Toggle(8);
-    labels.ExtendTo(4);
-    EXPECT_EQ(shown(), "1-3,9") << "a stretch that begins at one struck out is free again";
-    EXPECT_EQ(labels.FirstFree(), 4);
-    labels.StartAt(24);
-    labels.Toggle(24);
-    EXPECT_EQ(shown(), "1-23") << "one is left";
-}
-
 TEST_F(PrintTest, TheBuiltInPrinterAsksForItsPath) {
     printers.names.emplace_back(kPdfPrinter);
     main.globals.PrinterName = kPdfPrinter;
@@ -447,14 +386,6 @@ TEST_F(PrintTest, TheBuiltInPrinterAsksForItsPath) {
     EXPECT_EQ(PrintCommand(print), PrintOutcome::Done);
     EXPECT_TRUE(ReadFile(program.folder / "out.pdf").starts_with("%PDF-"));
     EXPECT_TRUE(printers.jobs.empty());
-}
-
-TEST(NumberList, SpellsRangesOutAndRefusesTheRest) {
-    const ListWords words{"page", "document"};
-    EXPECT_EQ(ParseNumberList("3, 1-2", 3, words), (std::vector<int>{3, 1, 2}));
-    for (const char* list : {"", "0", "2-1", "1-", "1,,2", "a", "4", "-1", "99999999999"})
-        EXPECT_THROW(ParseNumberList(list, 3, words), Error) << list;
-    EXPECT_EQ(NumberListText({300, 305, 306, 307, 9, 9}), "300,305-307,9,9");
 }
 
 } // namespace

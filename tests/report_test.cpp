@@ -1,7 +1,10 @@
-// The tab report: where every text of a sheet stands, as numbers.
+// The tab report: where every text of a sheet stands, as numbers, and what is found before it is printed.
 #include "base/Error.h"
-#include "platform/Machine.h"
+#include "platform/linux/FontconfigCatalogue.h"
+#include "report/PrepareReport.h"
+#include "report/PrintChecks.h"
 #include "report/rptVelmor.h"
+#include "tests/support/Documents.h"
 #include "tests/support/ProgramTest.h"
 
 #include <numeric>
@@ -16,15 +19,7 @@ struct ReportTest : ProgramTest {
 
     /// Of one field.
     void MakeDocument(int type, int pages = 1) {
-        SetType(type, 1);
-        document.TabCount = 0;
-        document.CurrentTab = 2;
-        NormalisePages(document);
-        document.TabCount = pages * document.setup.TabsPerPage;
-        document.FieldA.ReDim(document.TabCount);
-        NormalisePages(document);
-        for (int tab = 1; tab <= document.TabCount; ++tab)
-            document.FieldA(tab) = "a" + std::to_string(tab);
+        MakePages(main, pages, 1, type, [](int field, int tab) { return field == 0 ? "a" + std::to_string(tab) : ""; });
     }
     rptVelmor Report(const std::vector<int>& used = {}) {
         rptVelmor report(layout);
@@ -106,12 +101,59 @@ TEST(LabelPlan, ChosenTabsKeepTheirPlacesOrFlowOntoTheLabelsLeft) {
     EXPECT_EQ(shown(FlowTabs({5, 1}, 24, TabsFrom(2, 23))), "5@1 1@25 of 48");
 }
 
-TEST(DesktopLanguage, IsATagOrNotKnown) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"de_CH.UTF-8", "de-CH"}, {"sr_RS@latin", "sr-RS"}, {"C.UTF-8", "und"}, {"POSIX", "und"}, {"a)b", "und"}};
-    for (const auto& [locale, tag] : cases)
-        EXPECT_EQ(DesktopLanguage([text = locale](const char*) { return std::optional<std::string>(text); }), tag);
-    EXPECT_EQ(DesktopLanguage([](const char*) { return std::nullopt; }), "und");
+std::string Findings(const std::vector<PrintFinding>& findings) {
+    std::string text;
+    for (const PrintFinding& finding : findings)
+        text += std::to_string(static_cast<int>(finding.problem)) + ":" + std::to_string(finding.box.tab) + "." +
+                std::to_string(finding.box.field) + " ";
+    return text;
+}
+
+TEST_F(ReportTest, ChecksFindWhatPaperWouldShow) {
+    MakePages(main, 1, 2, 0, [](int, int) { return ""; });
+    const FontconfigCatalogue catalogue;
+    const auto check = [&](const std::optional<PaperSupport>& printer, const std::vector<int>& used = {}) {
+        ReportRequest request = DocumentRequest(document);
+        request.labels.used = used;
+        rptVelmor report = MakeReport(layout, request, {document, main.settings, main.fonts});
+        return Findings(CheckBeforePrinting({main.fonts, catalogue, report, printer}));
+    };
+    const auto margins = [](double left, double top, double right, double bottom) {
+        return PaperSupport{true, UnprintableMargins{left, top, right, bottom}};
+    };
+    const std::string wide(40, 'W');
+    document.FieldA(1) = document.FieldB(24) = "short";
+    document.FieldB(5) = wide;
+    EXPECT_EQ(check({}), "1:5.1 ");
+    EXPECT_EQ(check(PaperSupport{}), "0:0.0 1:5.1 ");
+    EXPECT_EQ(check(margins(4, 0, 0, 0)), "2:1.0 1:5.1 ") << "the left column starts at the edge";
+    EXPECT_EQ(check(margins(4, 0, 0, 0), {1}), "1:5.1 2:24.1 ") << "one place further on";
+    program.Store("Settings", "Margin Value Left", "4");
+    EXPECT_EQ(check(margins(4, 0, 0, 0)), "1:5.1 ");
+    program.Store("Settings", "Margin Value Top", "40");
+    EXPECT_EQ(check({}), "1:5.1 2:24.1 ") << "the last row is off the paper";
+
+    // A turned sheet: its left edge is the paper's bottom.
+    program.Store("Settings", "Margin Value Left", "0");
+    program.Store("Settings", "Margin Value Top", "0");
+    document = {};
+    document.setup.OptType = 4;
+    document.setup.StationeryType = "DL_v";
+    NormalisePages(document);
+    document.FieldA(1) = "left";
+    EXPECT_EQ(check(margins(0, 0, 0, 5)), "2:1.0 ");
+    EXPECT_EQ(check(margins(5, 5, 5, 0)), "");
+
+    document.FieldA(1) = "\U000F1234";
+    main.fonts[0].Name = "Calibri";
+    EXPECT_EQ(check({}), "4:0.0 3:1.0 ") << "no font has it, nor the family";
+    main.fonts[0].Name = "ARIAL";
+    document.FieldA(1) = "in a family of the same widths";
+    EXPECT_EQ(check({}), "1:1.0 ");
+    document.FieldA(1).clear();
+    EXPECT_EQ(check({}), "6:0.0 ");
+    const PrintFinding cut{PrintProblem::TextCut, {5, 1}, 1, 5, "Abrahams & Seun"};
+    EXPECT_EQ(FindingText(cut) + "|" + FindingPlace(cut), "Abrahams & Seun: will be cut off|Tab 5, Field B");
 }
 
 } // namespace

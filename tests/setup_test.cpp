@@ -1,8 +1,6 @@
-// Margins, the set-up dialogs and the checks before printing, without their forms.
+// Margins and the set-up dialogs without their forms.
 #include "base/Numbers.h"
-#include "platform/linux/FontconfigCatalogue.h"
 #include "report/PrepareReport.h"
-#include "report/PrintChecks.h"
 #include "report/Twips.h"
 #include "setup/Calibration.h"
 #include "setup/CalibrationSheet.h"
@@ -382,62 +380,6 @@ TEST_F(SetupTest, TheWizardKeepsAllToItselfUntilFinish) {
     EXPECT_EQ(Active(), "5/6");
     EXPECT_EQ(history.UndoName(), "Printer Setup");
     EXPECT_TRUE(document.DocChanged);
-}
-
-std::string Findings(const std::vector<PrintFinding>& findings) {
-    std::string text;
-    for (const PrintFinding& finding : findings)
-        text += std::to_string(static_cast<int>(finding.problem)) + ":" + std::to_string(finding.box.tab) + "." +
-                std::to_string(finding.box.field) + " ";
-    return text;
-}
-
-TEST_F(SetupTest, ChecksFindWhatPaperWouldShow) {
-    LayoutValues layout;
-    const FontconfigCatalogue catalogue;
-    const auto check = [&](const std::optional<PaperSupport>& printer, const std::vector<int>& used = {}) {
-        ReportRequest request = DocumentRequest(main.document);
-        request.labels.used = used;
-        rptVelmor report = MakeReport(layout, request, {main.document, main.settings, main.fonts});
-        return Findings(CheckBeforePrinting({main.fonts, catalogue, report, printer}));
-    };
-    const auto margins = [](double left, double top, double right, double bottom) {
-        return PaperSupport{true, UnprintableMargins{left, top, right, bottom}};
-    };
-    const std::string wide(40, 'W');
-    document.setup.NoOfFields = 2;
-    document.FieldA(1) = document.FieldB(24) = "short";
-    document.FieldB(5) = wide;
-    EXPECT_EQ(check({}), "1:5.1 ");
-    EXPECT_EQ(check(PaperSupport{}), "0:0.0 1:5.1 ");
-    EXPECT_EQ(check(margins(4, 0, 0, 0)), "2:1.0 1:5.1 ") << "the left column starts at the edge";
-    EXPECT_EQ(check(margins(4, 0, 0, 0), {1}), "1:5.1 2:24.1 ") << "one place further on";
-    program.Store("Settings", "Margin Value Left", "4");
-    EXPECT_EQ(check(margins(4, 0, 0, 0)), "1:5.1 ");
-    program.Store("Settings", "Margin Value Top", "40");
-    EXPECT_EQ(check({}), "1:5.1 2:24.1 ") << "the last row is off the paper";
-
-    // A turned sheet: its left edge is the paper's bottom.
-    program.Store("Settings", "Margin Value Left", "0");
-    program.Store("Settings", "Margin Value Top", "0");
-    document = {};
-    document.setup.OptType = 4;
-    document.setup.StationeryType = "DL_v";
-    NormalisePages(document);
-    document.FieldA(1) = "left";
-    EXPECT_EQ(check(margins(0, 0, 0, 5)), "2:1.0 ");
-    EXPECT_EQ(check(margins(5, 5, 5, 0)), "");
-
-    document.FieldA(1) = "\U000F1234";
-    main.fonts[0].Name = "Calibri";
-    EXPECT_EQ(check({}), "4:0.0 3:1.0 ") << "no font has it, nor the family";
-    main.fonts[0].Name = "ARIAL";
-    document.FieldA(1) = "in a family of the same widths";
-    EXPECT_EQ(check({}), "1:1.0 ");
-    document.FieldA(1).clear();
-    EXPECT_EQ(check({}), "6:0.0 ");
-    const PrintFinding cut{PrintProblem::TextCut, {5, 1}, 1, 5, "Abrahams & Seun"};
-    EXPECT_EQ(FindingText(cut) + "|" + FindingPlace(cut), "Abrahams & Seun: will be cut off|Tab 5, Field B");
 }
 
 } // namespace

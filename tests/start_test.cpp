@@ -3,7 +3,6 @@
 #include "app/StartPage.h"
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
-#include "platform/Machine.h"
 #include "settings/RegistryMove.h"
 #include "tests/support/FewFonts.h"
 #include "tests/support/TestProgram.h"
@@ -13,7 +12,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <unistd.h>
 
 namespace velmora {
@@ -44,11 +42,6 @@ public:
     LoadOutcome pageSetup = LoadOutcome::Loaded;
 };
 
-constexpr const char* kNow = "\r\nDo you want to do it now?";
-constexpr const char* kAboutMargins =
-    "Every printer feeds its paper a little differently. With margins of its own, the texts stand in the middle of the "
-    "tabs. This can wait until the first sheet is printed: File > Margin Setup.\r\n\r\n";
-
 /// Most start over settings that are complete.
 struct StartTest : testing::Test {
     TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
@@ -74,7 +67,14 @@ struct StartTest : testing::Test {
         test.settings.Own.clear();
     }
     void ExpectOffer(const std::string& what, Answer answer) {
-        test.ui.Expect(what + kNow, Icon::Question, Buttons::YesNo, answer);
+        test.ui.Expect(what + "\r\nDo you want to do it now?", Icon::Question, Buttons::YesNo, answer);
+    }
+    void OfferPrinter(Answer answer) { ExpectOffer("You have to configure a printer.", answer); }
+    void OfferMargins(Answer answer) {
+        ExpectOffer("Every printer feeds its paper a little differently. With margins of its own, the texts stand in "
+                    "the middle of the tabs. This can wait until the first sheet is printed: File > Margin Setup."
+                    "\r\n\r\nYou have to setup margins for the tabs.",
+                    answer);
     }
     void AskToCreate(const std::string& folder, Answer answer) {
         test.ui.Expect("The '" + (test.folder / folder).string() +
@@ -92,15 +92,12 @@ TEST_F(StartTest, NamesTheProgramAndItsFolders) {
     EXPECT_EQ(program.main.globals.TabsPath, test.folder / "Tabs/");
 }
 
-TEST_F(StartTest, TheStartPageIsForAStartThatOpensNothing) {
+TEST_F(StartTest, TheStartPageIsForAStartThatOpensNothingUntilItIsSwitchedOff) {
     Start();
     EXPECT_EQ(forms.startPages, 1);
     test.ui.Expect("Could not load the following file [" + fs::absolute("gone").string() + "]", Icon::Critical);
     Start({"gone"});
     EXPECT_EQ(forms.startPages, 1);
-}
-
-TEST_F(StartTest, TheStartPageIsWantedUntilItIsSwitchedOff) {
     KeepStartPage(test.settings, true);
     EXPECT_EQ(test.Stored("Settings", "Start Page"), "(none)");
     for (const bool wanted : {false, true}) {
@@ -117,7 +114,7 @@ TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
     test.ui.Expect("Could not load the following file [" + fs::absolute("SETTINGS x").string() + "]", Icon::Critical);
     EXPECT_EQ(Start({"SETTINGS", "x"}), StartOutcome::Running);
     forms.pageSetup = LoadOutcome::NoPrinter;
-    ExpectOffer("You have to configure a printer.", Answer::Yes);
+    OfferPrinter(Answer::Yes);
     EXPECT_EQ(Start(), StartOutcome::Ended);
 }
 
@@ -165,8 +162,8 @@ TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
             SetLayoutFromType(program.main.document.setup);
         };
         if (type.empty())
-            ExpectOffer("You have to configure a printer.", answer);
-        ExpectOffer(kAboutMargins + std::string("You have to setup margins for the tabs."), answer);
+            OfferPrinter(answer);
+        OfferMargins(answer);
         EXPECT_EQ(Start(), StartOutcome::Running);
         EXPECT_EQ(forms.shown, shown);
     }
@@ -276,7 +273,7 @@ TEST_F(StartTest, WhoNeverChoseAPrinterIsAskedUntilItIsDoneOrTicked) {
         BeginWithoutSettings();
         forms.shown.clear();
         for (const Answer answer : {Answer::No, ticked ? Answer::No : Answer::Yes}) {
-            ExpectOffer("You have to configure a printer.", answer);
+            OfferPrinter(answer);
             test.ui.ticksNotAgain = ticked && answer == Answer::No && forms.shown != "";
             Start();
         }
@@ -286,36 +283,10 @@ TEST_F(StartTest, WhoNeverChoseAPrinterIsAskedUntilItIsDoneOrTicked) {
     forms.whenShown = [] {};
     for (const char* key : {"Default Left Margin - A4_8", "Default Top Margin - A4_8"})
         DeleteSetting(test.settings, kMarginSection, key);
-    ExpectOffer(kAboutMargins + std::string("You have to setup margins for the tabs."), Answer::No);
+    OfferMargins(Answer::No);
     Start();
     EXPECT_EQ(test.Stored("Settings", "Ask for margins"), "False");
     Start();
-}
-
-TEST(CommandLineTest, TellsFilesFromOptions) {
-    using Kind = CommandLine::Kind;
-    const auto path = [](const char* name) { return fs::absolute(name); };
-    const struct {
-        std::vector<std::string> arguments;
-        Kind kind;
-        std::vector<fs::path> files;
-    } rows[] = {{{}, Kind::Documents, {}},
-                {{""}, Kind::Documents, {}},
-                {{"Settings"}, Kind::SettingsEditor, {}},
-                {{"--help"}, Kind::Help, {}},
-                {{"-h"}, Kind::Help, {}},
-                {{"a", "--version"}, Kind::Version, {}},
-                {{"-x"}, Kind::UnknownOption, {}},
-                {{"--", "-x"}, Kind::Documents, {path("-x")}},
-                {{"My", "tabs.csv"}, Kind::Documents, {path("My tabs.csv")}},
-                {{"/", "tabs.csv"}, Kind::Documents, {"/", path("tabs.csv")}},
-                {{"FILE://localhost/a%C3%AB%2"}, Kind::Documents, {"/a\xC3\xAB%2"}},
-                {{"file://elsewhere/a"}, Kind::Documents, {path("file://elsewhere/a")}}};
-    for (const auto& [arguments, kind, files] : rows) {
-        const CommandLine read = ReadCommandLine(arguments);
-        EXPECT_EQ(read.kind, kind);
-        EXPECT_EQ(read.files, files);
-    }
 }
 
 TEST_F(StartTest, AnyFolderMayBeChosenAndGivingUpTakesTheDefaultForThisRun) {
@@ -361,7 +332,7 @@ TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {
 TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
     const std::string key = "SOFTWARE\\Corvane Series\\Velmora\\Paths";
     BeginWithoutSettings();
-    ExpectOffer("You have to configure a printer.", Answer::Yes);
+    OfferPrinter(Answer::Yes);
     for (const bool moved : {true, false}) { // while there is no INI file
         for (const char* path : {"Application", "Images"})
             test.registry.Set(key, path, std::string("C:\\Velmora\\Images\\"));
@@ -399,8 +370,8 @@ TEST_F(StartTest, AStoreThatCannotBeWrittenIsReportedOnce) {
         test.ui.Expect(ini.string() + (fault == IsFolder ? ": Is a directory" : ": Permission denied") +
                            "\r\nUntil it can be written, settings are not kept.",
                        Icon::Exclamation);
-        ExpectOffer("You have to configure a printer.", Answer::No); // nothing keeps what was offered
-        ExpectOffer(kAboutMargins + std::string("You have to setup margins for the tabs."), Answer::No);
+        OfferPrinter(Answer::No); // nothing keeps what was offered
+        OfferMargins(Answer::No);
         {
             const auto nobody = fault == IsFolder ? nullptr : std::make_unique<Nobody>();
             EXPECT_EQ(Start(), StartOutcome::Running);
@@ -426,25 +397,9 @@ TEST_F(StartTest, ABrokenRegistryIsSaidAndCanBeImportedLater) {
                        "]: it is damaged, or can't be changed. The program goes on with settings of its own. When the "
                        "cause is mended, the others can be had with Tools > Options ... > Import old settings.",
                    Icon::Exclamation);
-    ExpectOffer("You have to configure a printer.", Answer::Yes);
+    OfferPrinter(Answer::Yes);
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(ReadFile(test.folder / "Velmora.reg"), "broken");
-}
-
-TEST(ProgramFolder, FollowsTheEnvironmentAndTheInstallation) {
-    const TemporaryFolder root;
-    for (const char* folder : {"portable", "usr/bin", "usr/share/velmora"})
-        fs::create_directories(root / folder);
-    std::map<std::string, std::string> variables = {{"HOME", "/home/x"}};
-    const Environment environment = [&](const char* name) {
-        return variables.contains(name) ? std::optional(variables.at(name)) : std::nullopt;
-    };
-    EXPECT_EQ(FindProgramFolder(root / "portable", environment), root / "portable");
-    EXPECT_EQ(FindProgramFolder(root / "usr/bin", environment), "/home/x/.config/velmora");
-    variables["XDG_CONFIG_HOME"] = "/config";
-    EXPECT_EQ(FindProgramFolder(root / "usr/bin", environment), "/config/velmora");
-    variables["VELMORA_HOME"] = "/else";
-    EXPECT_EQ(FindProgramFolder(root / "portable", environment), "/else");
 }
 
 } // namespace
