@@ -10,7 +10,7 @@ namespace velmora {
 namespace {
 
 constexpr std::string_view kLists = "Import Lists";
-constexpr std::size_t kParts = 2 + kFieldsPerTab; ///< headings, columns of the fields, what joins them
+constexpr std::size_t kChoiceParts = 2 + kFieldsPerTab; ///< headings, columns of the fields, what joins them
 constexpr int kHex = 16;
 
 std::string KeyOf(std::size_t place) {
@@ -59,7 +59,7 @@ std::optional<WorksheetOptions> OptionsOf(std::string_view entry) {
     const std::vector<std::string_view> parts = Split(entry, ' ');
     WorksheetOptions options;
     options.heading = true;
-    for (std::size_t field = 0; parts.size() == kParts && field < kFieldsPerTab; ++field) {
+    for (std::size_t field = 0; parts.size() == kChoiceParts && field < kFieldsPerTab; ++field) {
         const auto columns = ParseColumns(parts[field + 1]);
         if (!columns)
             return std::nullopt;
@@ -67,7 +67,7 @@ std::optional<WorksheetOptions> OptionsOf(std::string_view entry) {
         options.joined[field] = columns->second;
     }
     options.between = FromHex(parts.back());
-    return parts.size() == kParts ? std::optional(options) : std::nullopt;
+    return parts.size() == kChoiceParts ? std::optional(options) : std::nullopt;
 }
 
 std::vector<std::string> Entries(SettingsStore& store) {

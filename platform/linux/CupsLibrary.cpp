@@ -11,7 +11,6 @@ namespace {
 constexpr int kConnectMs = 1000;
 constexpr double kAnswerSeconds = 3;
 constexpr std::chrono::seconds kSilence{10};
-constexpr double kPwgUnitsPerMm = 100;
 
 bool Answers(http_t* connection) {
     const CupsMessage answer(

@@ -38,7 +38,8 @@ bool HasCupsServer(const Moment& silentUntil);
 /// An option of a destination, one that a person saved for it among them; empty: there is none.
 std::string OptionOf(const cups_dest_t& destination, const char* name);
 
-/// Hundredths of a millimetre, in which the library counts.
+/// The library counts in hundredths of a millimetre.
+inline constexpr double kPwgUnitsPerMm = 100;
 int PwgUnits(double millimetres);
 
 /// Raises PrinterError with what the library says of the call that failed last.

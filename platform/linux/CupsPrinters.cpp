@@ -13,7 +13,6 @@
 namespace velmora {
 namespace {
 
-constexpr double kPwgUnitsPerMm = 100;
 constexpr int kHalfAPoint = 18; // in the same units
 
 class Destinations {
