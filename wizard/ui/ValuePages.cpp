@@ -39,7 +39,8 @@ void Highlight(QCheckBox& box, bool on) {
 } // namespace
 
 ValueForm::ValueForm(frmAutoRepWiz& wizard, WizardPage page)
-    : AutoRepForm(wizard, page), lblLetters_(Named(new QLabel, "lblLetters")) {
+    : AutoRepForm(wizard, page), lblLetters_(Named(new QLabel(this), "lblLetters")) {
+    lblLetters_->hide(); // on pages without an entry
     ShowNewTabs(true);
     NameFields();
     SetButton(WizardButton::Next, true, tr("&Next Field"));

@@ -30,7 +30,10 @@ protected:
     /// How many tabs in a row hold the same value.
     QLayout* RepeatRow();
     /// Where the letters of a text are counted.
-    QLabel* Letters() { return lblLetters_; }
+    QLabel* Letters() {
+        lblLetters_->show();
+        return lblLetters_;
+    }
     void AddPreview();
     void ShowPreview(const std::string& text);
     /// All that follows from the entries.
