@@ -74,7 +74,7 @@ void UsedBox::ExtendTo(int label) {
 void UsedBox::Begin(bool partly) {
     const std::vector<int> left = run_.LabelsInUse();
     labels_.Set(left);
-    chkGoesOn_->setChecked(!left.empty());
+    chkGoesOn_->setChecked(chkGoesOn_->isChecked() || !left.empty());
     chkPartlyUsed_->setChecked(partly || !left.empty());
 }
 
@@ -85,10 +85,13 @@ void UsedBox::ShowPlaces() {
 void UsedBox::Keep(const std::vector<int>& sheets) {
     if (!isEnabled())
         return; // tabs in their own places went onto another sheet
-    if (chkGoesOn_->isChecked())
+    if (chkGoesOn_->isChecked()) {
         run_.KeepLabelsInUse(sheets);
-    else if (chkPartlyUsed_->isChecked())
+        Begin(true); // what is printed next must not come onto the labels just used
+        TellRun();
+    } else if (chkPartlyUsed_->isChecked()) {
         run_.KeepLabelsInUse({});
+    }
 }
 
 void UsedBox::TellRun() {

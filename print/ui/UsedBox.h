@@ -32,7 +32,7 @@ public:
     void Begin(bool partly);
     /// After the choice of tabs may have changed: tabs in their own places do not flow.
     void ShowPlaces();
-    /// After the sheets were printed.
+    /// After the sheets were printed: where the sheet goes on being used, the run goes on behind them.
     void Keep(const std::vector<int>& sheets);
 
 signals:

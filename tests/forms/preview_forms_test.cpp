@@ -255,8 +255,9 @@ private slots:
             QTest::mouseClick(preview.display.viewport(), Qt::LeftButton, Qt::ShiftModifier, at(preview, 11));
             QCOMPARE(preview.Get<QSpinBox>("txtFirstFree").value(), 12);
             preview.Click("chkGoesOn");
-            preview.Click("cmdPrint");
             QCOMPARE(preview.Tabs(1), QString("300@12"));
+            preview.Click("cmdPrint");
+            QCOMPARE(preview.Tabs(1), QString("300@13"));
         };
         const auto second = [&](Preview& preview) {
             QCOMPARE(preview.Tabs(1), QString("300@13")); // the label behind
