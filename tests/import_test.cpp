@@ -259,7 +259,7 @@ TEST_F(ImportTest, AnotherVersionStaysForeign) {
         EXPECT_EQ(Tab(1), "x||");
         EXPECT_TRUE(document.DocChanged);
         AskToReplace(Path("later.csv"), "What a later version wrote would be lost.");
-        program.ui.ExpectChooser("Save as", std::nullopt, "SAVE|Velmora file(*.csv)|*.csv|later.csv");
+        program.ui.ExpectChooser("Save as", std::nullopt, "SAVE|Velmora file(*.csv)|*.csv|later tabs.csv");
         EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Cancelled) << version;
         EXPECT_EQ(program.ui.folder, program.folder.Path());
         EXPECT_TRUE(ReadFile(Path("later.csv")).starts_with(version));

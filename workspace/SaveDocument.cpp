@@ -214,12 +214,12 @@ FileRequest RequestFor(MainModule& main, SaveKind kind) {
                         workbook ? "csv-file (*.csv)|*.csv|" + excel : "Velmora file(*.csv)|*.csv", "Tabs.csv"};
     request.moreFilters = (workbook ? "" : excel + "|") + "Workbook (*.xlsx)|*.xlsx";
     const std::string own = PathText(main.document.DocFileName.stem());
-    if (kind == SaveKind::Save && main.document.Foreign) { // beside the other program's file
+    const bool besideForeign = kind == SaveKind::Save && main.document.Foreign;
+    if (besideForeign)
         request.folder = main.document.DocFileName.parent_path();
-        request.defaultName = own + ".csv";
-    } else if (kind == SaveKind::Export && !own.empty()) {
+    if (besideForeign || (kind == SaveKind::Export && !own.empty())) {
         const bool isItself = IsSameFile(request.folder / PathOf(own + ".csv"), main.document.DocFileName);
-        request.defaultName = own + (isItself ? " copy.csv" : ".csv");
+        request.defaultName = own + (!isItself ? ".csv" : besideForeign ? " tabs.csv" : " copy.csv");
     }
     return request;
 }

@@ -31,7 +31,8 @@ const PageName& NameOf(WizardPage page) {
 
 frmAutoRepWiz::frmAutoRepWiz(MainModule& main, const FontCatalogue& fonts, Start start, PageMaker makePage,
                              QWidget* parent)
-    : WizardFrame(main, tr("Auto Repeat Wizard ..."), parent), fonts_(fonts), start_(start), makePage_(makePage) {
+    : WizardFrame(main, start == Start::Fonts ? tr("Fonts") : tr("Auto Repeat Wizard ..."), parent), fonts_(fonts),
+      start_(start), makePage_(makePage) {
     TakePageBack(main);
     UseFonts(main.fonts);
     Go(start == Start::Fonts ? WizardPage::Fonts : WizardPage::Introduction);
