@@ -21,10 +21,6 @@ private:
 };
 
 /// The function of that name, with the type that its header declares.
-#ifdef __cppcheck__ // which takes the call for a cast
-#define VELMORA_LATE(library, function) function
-#else
 #define VELMORA_LATE(library, function) (reinterpret_cast<decltype(&(function))>((library).Function(#function)))
-#endif
 
 } // namespace velmora

@@ -73,7 +73,8 @@ void ExpectWordsOnTheirTabs(const Grid& grid, int fields, double left0, double t
             const Word& word = words.at(text);
             const Word box = FieldBox(grid, fields, field);
             const double cellLeft = left0 + tab % grid.columns * grid.columnMm;
-            const double cellTop = top0 + tab / grid.columns * grid.rowMm;
+            const int row = tab / grid.columns;
+            const double cellTop = top0 + row * grid.rowMm;
             const double left = (cellLeft + box.left) * kMmPerUnit, right = (cellLeft + box.right) * kMmPerUnit;
             const double part = field / 2.0; // left, centred, right
             EXPECT_NEAR(word.left * (1 - part) + word.right * part, left * (1 - part) + right * part, kTolerance)

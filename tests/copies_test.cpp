@@ -54,7 +54,8 @@ std::ptrdiff_t CountKeys(const std::string& text) {
     std::ptrdiff_t keys = 0;
     for (const std::string_view line : Split(text, '\n')) {
         keys += line.find('=') != std::string_view::npos ? 1 : 0;
-        if (!line.empty() && (!line.ends_with('\r') || (line.find_first_of("=]") == line.npos && line != "\r")))
+        if (!line.empty() &&
+            (!line.ends_with('\r') || (line.find_first_of("=]") == std::string_view::npos && line != "\r")))
             return -1;
     }
     return text.starts_with(kMark) && text.ends_with("\r\n") ? keys : -1;

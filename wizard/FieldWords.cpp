@@ -143,7 +143,7 @@ std::string Part(const std::string& key, const std::string& value) {
 }
 
 std::string NumberWords(const NumberSeries& numbers) {
-    const std::string first = Part("first", std::to_string(numbers.first));
+    std::string first = Part("first", std::to_string(numbers.first));
     if (numbers.width == 0)
         return first;
     return first + Part("width", std::to_string(numbers.width)) + Part("before", numbers.before) +

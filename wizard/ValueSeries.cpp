@@ -171,7 +171,7 @@ std::string PreviewText(const ValueSeries& series, std::int32_t count) {
 }
 
 std::string OverviewText(const ValueSeries& series, std::int32_t count) {
-    const std::string first = ValueAt(series, 1, count);
+    std::string first = ValueAt(series, 1, count);
     if (count == 1)
         return first;
     if (count > 2 && !std::holds_alternative<NumberSeries>(series))

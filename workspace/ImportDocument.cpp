@@ -101,7 +101,7 @@ std::optional<ImportChoice> ChooseColumns(MainModule& main, const ImportRequest&
     if (const auto rows = request.preview(guess); !rows.empty())
         guess.cells =
             RecallColumns(main.settings, rows.front()).value_or(WorksheetOptions{.heading = LooksLikeHeading(rows)});
-    const auto choice = main.dialogs->ChooseImport(request, guess);
+    auto choice = main.dialogs->ChooseImport(request, guess);
     if (!choice || choice->cells == guess.cells)
         return choice;
     if (const auto rows = request.preview(*choice); !rows.empty())

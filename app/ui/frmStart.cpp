@@ -11,6 +11,7 @@
 #include "workspace/RecentFiles.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QKeyEvent>

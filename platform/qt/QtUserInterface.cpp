@@ -92,13 +92,13 @@ Answer QtUserInterface::Show(const Message& message) {
     if (message.buttons == Buttons::YesNo)
         box.setEscapeButton(QMessageBox::No);
     QCheckBox notAgain(QObject::tr("&Do not ask again"));
-    if (message.notAgain)
+    if (message.notAgain != nullptr)
         box.setCheckBox(&notAgain);
     const QAbstractButton* other =
         message.other.empty() ? nullptr : box.addButton(Text(message.other), QMessageBox::ActionRole);
     const TypedAhead notMeantForIt(box);
     const int button = box.exec();
-    if (message.notAgain)
+    if (message.notAgain != nullptr)
         *message.notAgain = notAgain.isChecked();
     return other && box.clickedButton() == other ? Answer::Other : BoxAnswer(button);
 }

@@ -16,6 +16,7 @@
 #include "widgets/WizardFrame.h"
 
 #include <QListView>
+#include <QPushButton>
 #include <QTimer>
 
 namespace {

@@ -21,7 +21,7 @@ struct ProgramTest : testing::Test {
     void AskOrCancel(const std::string& question, Answer answer) {
         program.ui.Expect(question, Icon::Question, Buttons::YesNoCancel, answer);
     }
-    std::filesystem::path Put(const std::string& name, const std::string& bytes) {
+    std::filesystem::path Put(const std::string& name, const std::string& bytes) const {
         ReplaceFile(program.folder / name, bytes);
         return program.folder / name;
     }
