@@ -150,13 +150,14 @@ TEST_F(SettingsImportTest, SettingsOfAnOldMachineComeLater) {
     const std::string text =
         Export("Settings", "\"OptType\"=\"3\"\r\n\"Ask before delete\"=\"False\"\r\n\"N\"=dword:00000007\r\n"
                            "\"Margin Value Left\"=\"2.5\"\r\n") +
-        "[HKEY_LOCAL_MACHINE\\" + kKey + "Paths]\r\n\"Images\"=\"C:\\\\Velmora\\\\\"\r\n";
+        "[HKEY_LOCAL_MACHINE\\" + kKey + "Paths]\r\n\"Images\"=\"C:\\\\Velmora\\\\\"\r\n" + "[HKEY_LOCAL_MACHINE\\" +
+        kKey + "Form Position]\r\n\"frmFind\"=\"9,9,9,9\"\r\n"; // of another unit
     const std::string done = "Settings imported: 4.\r\nAn open document keeps its own tab type, margins and fonts.";
     Import(text, done);
     EXPECT_EQ(std::to_string(document.setup.OptType) + document.FieldA(1), "0typed");
     EXPECT_FALSE(main.globals.AskBeforeDelete);
     EXPECT_EQ(program.Stored("Settings", "N"), "7");
-    EXPECT_EQ(program.Stored("Paths", "Images"), "(none)");
+    EXPECT_EQ(program.Stored("Paths", "Images") + program.Stored("Form Position", "frmFind"), "(none)(none)");
     NewDocument(main);
     Import(text, done);
     EXPECT_EQ(document.setup.OptType, 3);
@@ -174,7 +175,9 @@ TEST_F(SettingsImportTest, APrinterThatIsNotHereGivesWayToTheDefault) {
     };
     program.registry.Set(kKey + "Paths", "Application", std::string("C:\\Velmora\\"));
     program.registry.Set(kKey + "Settings", "Printer", std::string("Gone"));
+    program.registry.Set(kKey + "Form Position", "frmFind", std::string("9,9,9,9"));
     EXPECT_EQ(load(), "Hall") << "moved in at the first start";
+    EXPECT_EQ(program.Stored("Form Position", "frmFind"), "(none)");
     for (const auto& [name, taken] : {std::pair("Office", "Office"), {"Gone", "Hall"}}) {
         Put("old.reg", Export("Settings", "\"Printer\"=\"" + std::string(name) + "\"\r\n"));
         program.ui.ExpectChooser("Import old settings", reg);

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "report/Twips.h"
 #include "widgets/Contrast.h"
+#include "widgets/PaperColours.h"
 
 #include <QEvent>
 #include <QPaintEvent>
@@ -17,17 +18,10 @@ namespace {
 constexpr int kPaperMargin = 16;
 constexpr int kGround = 12;
 constexpr int kMarkWidth = 2;
-constexpr double kMarkTint = 0.15;
 constexpr int kLetterGap = 3;
 
-// Paper is white whatever the palette, as what comes out of the printer is.
-constexpr QColor kPaper(0xff, 0xff, 0xff);
-constexpr QColor kInk(0, 0, 0);
 constexpr QColor kPaperEdge(0xa0, 0xa0, 0xa0);
-constexpr QColor kHairline(0xc4, 0xc4, 0xc4);
-constexpr QColor kLetter(0xa0, 0xa0, 0xa0);
 constexpr QColor kFound(0xff, 0xe5, 0x7a);
-constexpr QColor kAmber(0xc0, 0x6c, 0x00);
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "report/Twips.h"
 #include "widgets/Contrast.h"
+#include "widgets/PaperColours.h"
 
 #include <QPainter>
 #include <QScreen>
@@ -18,15 +19,9 @@ constexpr int kMostPercent = 28;    // of the screen's width
 constexpr double kMostEnlarged = 2; // a narrow tab is not blown up to the width of a wide one
 constexpr int kGapBetween = 10;
 constexpr int kEdge = 2;
-constexpr double kTint = 0.15;
 constexpr int kMarkPixels = 2;
 
-// Paper is white whatever the palette.
-constexpr QColor kTabPaper(0xff, 0xff, 0xff);
 constexpr QColor kTabEdge(0x80, 0x80, 0x80);
-constexpr QColor kFieldLine(0xc4, 0xc4, 0xc4);
-constexpr QColor kFieldLetter(0x8c, 0x8c, 0x8c);
-constexpr QColor kCutEdge(0xc0, 0x6c, 0x00);
 
 /// A line as thin as the screen has them, whatever the scale.
 QPen Hairline(const QColor& colour, int pixels = 1) {
@@ -40,7 +35,7 @@ void PaintLetter(QPainter& painter, const PlacedText& field) {
     QFont font = painter.font();
     font.setPixelSize(static_cast<int>(field.box.height * 0.6)); // NOLINT(*-magic-numbers): fits the box
     painter.setFont(font);
-    painter.setPen(kFieldLetter);
+    painter.setPen(kLetter);
     painter.drawText(ToRect(field.box), Qt::AlignCenter, QChar('A' + field.field));
 }
 
@@ -104,14 +99,14 @@ void PaintedTabs::paintEvent(QPaintEvent* /*event*/) {
 
 void PaintedTabs::PaintTab(QPainter& painter, const PaintedTab& tab) {
     painter.setPen(Hairline(kTabEdge));
-    painter.setBrush(kTabPaper);
+    painter.setBrush(kPaper);
     painter.drawRect(ToRect(sample_->Tab()));
     PainterCanvas canvas(painter, fonts_);
     for (const PlacedText& field : sample_->Fields())
         PaintField(painter, canvas, field, tab.texts.at(static_cast<std::size_t>(field.field)));
     for (const PlacedText& field : sample_->Fields())
         if (field.field == field_) {
-            painter.setPen(Hairline(StandingOut(palette().color(QPalette::Highlight), kTabPaper), kMarkPixels));
+            painter.setPen(Hairline(StandingOut(palette().color(QPalette::Highlight), kPaper), kMarkPixels));
             painter.setBrush(Qt::NoBrush);
             painter.drawRect(ToRect(field.box));
         }
@@ -123,8 +118,8 @@ void PaintedTabs::PaintField(QPainter& painter, PainterCanvas& canvas, const Pla
     PlacedText placed = field;
     placed.text = text;
     const TextLoss loss = sample_->LossOf(field.field, text);
-    painter.setPen(Hairline(loss == TextLoss() ? kFieldLine : kCutEdge));
-    painter.setBrush(field.field == field_ ? Blend(kTabPaper, palette().color(QPalette::Highlight), kTint) : kTabPaper);
+    painter.setPen(Hairline(loss == TextLoss() ? kHairline : kAmber));
+    painter.setBrush(field.field == field_ ? Blend(kPaper, palette().color(QPalette::Highlight), kMarkTint) : kPaper);
     painter.drawRect(ToRect(field.box));
     if (text.empty())
         return PaintLetter(painter, field);
