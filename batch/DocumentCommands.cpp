@@ -70,7 +70,10 @@ LabelChoice LabelsOf(const SheetArguments& arguments, const TabDocument& documen
     if (arguments.used)
         labels.used = ParseList(*arguments.used, document.setup.TabsPerPage, positions);
     if (arguments.from) {
-        const int first = ParseList(*arguments.from, document.setup.TabsPerPage, positions).front();
+        const std::vector<int> from = ParseList(*arguments.from, document.setup.TabsPerPage, positions);
+        if (from.size() != 1)
+            throw UsageError("--from: \"" + *arguments.from + "\" is more than one position");
+        const int first = from.front();
         for (int slot = 1; slot < first; ++slot)
             labels.used.push_back(slot);
     }

@@ -162,6 +162,7 @@ TEST_F(BatchTest, PrintingStartsAtTheFirstLabelLeftAndAtAStoredTop) {
     EXPECT_FALSE(words.contains("A21")) << "on the second sheet";
     Refuses(2, {{"pdf in.csv --used 25 -o x.pdf", "position 25 is asked for, the sheet has 24"},
                 {"pdf in.csv --tabs 1 --from 25 -o x.pdf", "position 25 is asked for, the sheet has 24"},
+                {"pdf in.csv --tabs 1 --from 2,4 -o x.pdf", "--from: \"2,4\" is more than one position"},
                 {"pdf in.csv --tabs 25 -o x.pdf", "tab 25 is asked for, the document has 24"},
                 {"print in.csv --printer 'Velmora PDF'", "\"Velmora PDF\" writes a file: use \"velmora-batch pdf\", or "
                                                          "name a printer with --printer"}});
