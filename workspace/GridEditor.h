@@ -29,9 +29,9 @@ using MatchFinder = std::function<std::vector<TextSpan>(int field, const std::st
 class GridEditor {
 public:
     virtual ~GridEditor() = default;
-    /// Removes the boxes, before the document changes under them. Texts not taken back are lost.
+    /// Lets the page shown go, before the document changes under it. Texts not taken back are lost.
     virtual void TakeDown() {}
-    /// Makes the boxes anew from the document and shows `CurrentPage`.
+    /// Shows `CurrentPage`, in as many boxes as the document's set-up asks for.
     virtual void BringUp() {}
     /// What the boxes hold, slot 1 first; empty while the editor is down. A field without a box is as the document has
     /// it.

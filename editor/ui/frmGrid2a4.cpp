@@ -49,11 +49,11 @@ frmGrid2a4::~frmGrid2a4() {
     main_.editor.Leave();
 }
 
+/// The boxes stay, since what comes next most often needs as many.
 void frmGrid2a4::TakeDown() {
-    for (const auto& fields : boxes_)
-        for (FieldBox* box : fields)
-            delete box;
-    boxes_.clear();
+    if (current_)
+        current_->Close();
+    current_ = nullptr;
     shown_.clear();
     marks_.Set({});
     sheet_->SetCurrent(0, 0);
@@ -68,8 +68,8 @@ void frmGrid2a4::BringUp() {
 
 std::vector<TabTexts> frmGrid2a4::ShownTexts() const {
     std::vector<TabTexts> texts = shown_;
-    for (std::size_t slot = 0; slot < boxes_.size(); ++slot)
-        for (std::size_t field = 0; field < boxes_[slot].size(); ++field)
+    for (std::size_t slot = 0; slot < texts.size(); ++slot)
+        for (std::size_t field = 0; field < texts[slot].size(); ++field)
             // A text that nobody typed in stays as it is, also one that a box cannot show as it stands.
             if (boxes_[slot][field] && boxes_[slot][field]->isModified())
                 texts[slot][field] = boxes_[slot][field]->text().toStdString();
@@ -128,22 +128,27 @@ std::vector<PlacedText> frmGrid2a4::FieldsOnPaper() const {
     return report.FieldsOfTab();
 }
 
-/// Keeps the boxes when their number is right, as it is on a move to another page.
+/// Keeps the boxes when their number is right, as it is on a move to another page and for most documents.
 void frmGrid2a4::SetLablesOnGrid() {
     const bool docChanged = main_.document.DocChanged;
     cells_ = LayOutGrid(main_.document);
     sheet_->SetPage(cells_, FieldsOnPaper(), main_.fonts);
     const auto fields = static_cast<std::size_t>(main_.document.setup.NoOfFields);
     const bool fits = boxes_.size() == cells_.size() && (fields == 3 || !boxes_[0][fields]) && boxes_[0][fields - 1];
-    if (!fits) {
-        TakeDown();
-        boxes_.assign(cells_.size(), {});
-        for (std::size_t slot = 0; slot < cells_.size(); ++slot)
-            for (std::size_t field = 0; field < fields; ++field)
-                boxes_[slot][field] = MakeBox(static_cast<int>(field), static_cast<int>(slot) + 1);
-    }
+    if (!fits)
+        MakeBoxes(cells_.size(), fields);
     PlaceBoxes();
     main_.document.DocChanged = docChanged;
+}
+
+void frmGrid2a4::MakeBoxes(std::size_t tabs, std::size_t fields) {
+    for (const auto& old : boxes_)
+        for (FieldBox* box : old)
+            delete box;
+    boxes_.assign(tabs, {});
+    for (std::size_t slot = 0; slot < tabs; ++slot)
+        for (std::size_t field = 0; field < fields; ++field)
+            boxes_[slot][field] = MakeBox(static_cast<int>(field), static_cast<int>(slot) + 1);
 }
 
 FieldBox* frmGrid2a4::MakeBox(int field, int slot) {
@@ -185,7 +190,7 @@ void frmGrid2a4::FocusTab() {
         QAccessible::updateAccessibility(&anotherTab);
     } else if (!boxes_.empty()) {
         boxes_[0][0]->setFocus();
-        Enter(*boxes_[0][0]); // a window in the background gets no focus event
+        TakeFocus(*boxes_[0][0], true); // no focus event comes where it had the focus, or the window is in the background
     }
 }
 
@@ -363,7 +368,10 @@ int frmGrid2a4::ScrollTo(const FieldBox& from, const QPoint& place) {
     return sheet_->SlotNear(onSheet);
 }
 
+/// While the editor is down a question may give a box the focus back, and the document has no such tab yet.
 void frmGrid2a4::TakeFocus(FieldBox& box, bool mayMark) {
+    if (shown_.empty())
+        return;
     if (mayMark && !HasMarks())
         marks_.BeginAt(PlaceOf(box).tab);
     Enter(box);

@@ -75,6 +75,7 @@ private:
     std::vector<PlacedText> FieldsOnPaper() const;
     void ShowTexts();
     QString BoxName(int field, int slot) const;
+    void MakeBoxes(std::size_t tabs, std::size_t fields);
     FieldBox* MakeBox(int field, int slot);
     double Scale() const;
     void PlaceBoxes();
@@ -97,7 +98,7 @@ private:
     GridInput* input_;
     std::vector<GridCell> cells_;
     std::vector<std::array<FieldBox*, 3>> boxes_; ///< slot 1 first; nullptr for a field not in use
-    std::vector<TabTexts> shown_;                 ///< as they were filled in
+    std::vector<TabTexts> shown_;                 ///< as they were filled in; empty while the editor is down
     QPointer<FieldBox> current_;                  ///< the box in use
 };
 

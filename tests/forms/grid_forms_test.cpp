@@ -170,6 +170,30 @@ private slots:
         QCOMPARE(grid.MarkedTabs(), (TabNumbers{30, 31}));
     }
 
+    void aPageThatComesUpAnewStartsAtItsFirstTab() {
+        RunningProgram running(0, 2, 2);
+        MainModule& module = running.program.main;
+        const auto bringUpAnew = [&](const char* inUse) {
+            running.Enter(inUse);
+            module.editor->TakeDown();
+            QVERIFY(module.editor->ShownTexts().empty());
+            module.document.CurrentPage = 2;
+            module.document.FieldA(26) = "other";
+            QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason); // from a question in between
+            QCoreApplication::sendEvent(running.Box("TextA1(9)"), &back);
+            QCOMPARE(module.editor->MarkedTabs(), TabNumbers{});
+            module.editor->BringUp();
+        };
+        for (const char* inUse : {"TextA1(1)", "TextA2(5)"}) {
+            bringUpAnew(inUse);
+            QCOMPARE(running.Focused(), QString("TextA1(1)"));
+            running.Press(Qt::Key_Down, Qt::ShiftModifier);
+            QCOMPARE(module.editor->MarkedTabs(), (TabNumbers{25, 26, 27, 28}));
+            running.Press(Qt::Key_Escape);
+        }
+        QCOMPARE(running.Box("TextA1(2)")->text(), QString("other"));
+    }
+
     void aTextStandsInItsBoxWhereItStandsOnPaper() {
         for (int type = 0; type < 6; ++type)
             CompareWithPaper(type);
