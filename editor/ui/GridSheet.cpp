@@ -23,6 +23,14 @@ constexpr int kLetterGap = 3;
 constexpr QColor kPaperEdge(0xa0, 0xa0, 0xa0);
 constexpr QColor kFound(0xff, 0xe5, 0x7a);
 
+/// Filled, since a pen sets a page's outlines point by point, which takes longer than all the texts on it.
+void DrawHairlines(QPainter& painter, const QRect& rect) {
+    painter.fillRect(rect.x(), rect.y(), rect.width(), 1, kHairline);
+    painter.fillRect(rect.x(), rect.bottom(), rect.width(), 1, kHairline);
+    painter.fillRect(rect.x(), rect.y(), 1, rect.height(), kHairline);
+    painter.fillRect(rect.right(), rect.y(), 1, rect.height(), kHairline);
+}
+
 } // namespace
 
 GridSheet::GridSheet(const TabDocument& document, const TabMarks& marks, const FontCatalogue& catalogue,
@@ -161,17 +169,16 @@ void GridSheet::PaintPaper(QPainter& painter) const {
     painter.drawRect(rect().adjusted(kGround, kGround, -kGround - 1, -kGround - 1));
 }
 
-/// Plain lines: a page of rounded ones takes longer to draw than all the texts on it.
 void GridSheet::PaintTabs(QPainter& painter, const QRect& dirty) const {
     const QColor mark = EdgeColour({});
     const QColor tint = Blend(kPaper, mark, kMarkTint);
-    painter.setPen(kHairline);
     for (std::size_t index = 0; index < cells_.size(); ++index) {
-        const QRect outline = BoxRect(cells_[index].outline).adjusted(0, 0, -1, -1);
+        const QRect outline = BoxRect(cells_[index].outline);
         if (!outline.intersects(dirty))
             continue;
-        painter.setBrush(marks_.Has(TabOf(static_cast<int>(index) + 1)) ? tint : kPaper);
-        painter.drawRect(outline);
+        if (marks_.Has(TabOf(static_cast<int>(index) + 1)))
+            painter.fillRect(outline, tint);
+        DrawHairlines(painter, outline);
     }
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(mark, kMarkWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
