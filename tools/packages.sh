@@ -48,6 +48,15 @@ cppcheck            command -v cppcheck
 python3             command -v python3
 '
 
+# For ./test --windows: the cross compiler, what its libraries' sources are unpacked with, and what runs the programs.
+WINDOWS_PACKAGES='
+g++-mingw-w64-x86-64-posix  command -v x86_64-w64-mingw32-g++-posix
+libz-mingw-w64-dev          has_file x86_64-w64-mingw32/lib/libz.a
+dpkg-dev                    command -v dpkg-source
+wine64                      test -x /usr/lib/wine/wine64
+wine                        command -v wine
+'
+
 # For ./test --coverage.
 COVERAGE_PACKAGES='
 gcovr               command -v gcovr
