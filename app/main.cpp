@@ -13,6 +13,7 @@
 #include "workbook/LibraryWorkbooks.h"
 
 #include <QApplication>
+#include <QDirIterator>
 #include <QIcon>
 #include <QMessageBox>
 
@@ -95,6 +96,14 @@ bool AnswersAtOnce(const CommandLine& commandLine) {
     return true;
 }
 
+/// In each size that it is drawn in.
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (QDirIterator files(":/icon"); files.hasNext();)
+        icon.addFile(files.next());
+    return icon;
+}
+
 /// Without a display the toolkit would advise to install the program anew, and abort.
 void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
     if (type != QtFatalMsg)
@@ -123,7 +132,7 @@ int main(int argc, char** argv) {
     std::setlocale(LC_NUMERIC, "C"); // Qt took the desktop's: libraries would write decimal commas into workbooks
     QApplication::setApplicationName("Velmora"); // no display name: Qt would append it to every caption
     QApplication::setDesktopFileName("org.velmora.Velmora");
-    QApplication::setWindowIcon(QIcon(":/velmora.svg"));
+    QApplication::setWindowIcon(ProgramIcon());
     try {
         return Run(commandLine);
     } catch (const std::exception& error) {

@@ -9,7 +9,6 @@ ninja-build         command -v ninja
 pkg-config          command -v pkg-config
 qt6-base-dev        has_pkg Qt6Widgets
 qt6-base-dev-tools  test -n "$(find /usr/lib /usr/lib64 -path "*qt6/libexec/rcc" -print -quit 2>/dev/null)"
-qt6-svg-dev         has_pkg Qt6Svg
 libharfbuzz-dev     has_pkg harfbuzz-subset
 libfribidi-dev      has_pkg fribidi
 libfontconfig-dev   has_pkg fontconfig

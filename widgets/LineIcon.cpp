@@ -1,26 +1,24 @@
 #include "widgets/LineIcon.h"
 
+#include "widgets/LineDrawing.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
-#include <QSvgRenderer>
 
 namespace velmora {
 namespace {
 
-/// Renders the drawing with "currentColor" replaced by the palette's text colour, at whatever size and scale is asked
-/// for.
+/// Paints the drawing in the palette's text colour, at whatever size and scale is asked for.
 class LineIconEngine : public QIconEngine {
 public:
-    explicit LineIconEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
+    explicit LineIconEngine(LineDrawing drawing) : drawing_(std::move(drawing)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const QPalette::ColorGroup group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        QByteArray drawing = drawing_;
-        drawing.replace("currentColor", QGuiApplication::palette().color(group, QPalette::ButtonText).name().toUtf8());
-        QSvgRenderer(drawing).render(painter, rect);
+        drawing_.Paint(*painter, rect, QGuiApplication::palette().color(group, QPalette::ButtonText));
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         QPixmap pixmap(size);
@@ -32,14 +30,14 @@ public:
     QIconEngine* clone() const override { return new LineIconEngine(drawing_); }
 
 private:
-    QByteArray drawing_;
+    LineDrawing drawing_;
 };
 
 } // namespace
 
 QIcon LineIcon(const char* name) {
     QFile file(QString(":/icons/%1.svg").arg(name));
-    return file.open(QIODevice::ReadOnly) ? QIcon(new LineIconEngine(file.readAll())) : QIcon();
+    return file.open(QIODevice::ReadOnly) ? QIcon(new LineIconEngine(LineDrawing(file))) : QIcon();
 }
 
 } // namespace velmora

@@ -5,6 +5,7 @@
 #include "platform/qt/QtUserInterface.h"
 #include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
+#include "widgets/LineIcon.h"
 #include "workspace/TakePageBack.h"
 
 #include <QAbstractButton>
@@ -37,6 +38,30 @@ class FormsTest : public QObject {
 
 private slots:
     void init() { FailOnWarnings(); }
+
+    /// Lines, both turns of arcs, circles, dashes with their gaps, and a colour of its own.
+    void iconsAreDrawnAsTheirFilesSay() {
+        QPalette palette = qApp->palette();
+        palette.setColor(QPalette::ButtonText, Qt::red);
+        qApp->setPalette(palette);
+        const auto colourAt = [](const char* name, double x, double y) {
+            const QImage icon = LineIcon(name).pixmap(240).toImage();
+            return icon.pixelColor(static_cast<int>(x * 10), static_cast<int>(y * 10));
+        };
+        struct Spot {
+            const char* name;
+            double x, y;
+            bool ink = true;
+        };
+        for (const auto& [name, x, y, ink] :
+             {Spot{"print", 7, 6}, Spot{"print", 12, 6, false}, Spot{"save", 4, 12}, Spot{"underline", 12, 16},
+              Spot{"underline", 12, 6, false}, Spot{"bold", 17.8, 15.7}, Spot{"bold", 10, 15.7, false},
+              Spot{"undo", 19.5, 14}, Spot{"help", 12, 3}, Spot{"help", 12, 7.1}, Spot{"help", 9.5, 12, false},
+              Spot{"margins", 8, 4}, Spot{"margins", 8, 6, false}})
+            QVERIFY2(ink ? colourAt(name, x, y) == QColor(Qt::red) : colourAt(name, x, y).alpha() == 0, name);
+        QCOMPARE(colourAt("done", 9, 18), QColor(Qt::black));
+        qApp->setPalette({});
+    }
 
     void longWorkIsCancelledByButtonAndByEscape() {
         for (const bool byButton : {true, false}) {
