@@ -20,6 +20,12 @@ const PrintSystem& InstalledPrinters::KeeperOf(const std::string& printer) const
     return builtIn_;
 }
 
+PrintSystem& InstalledPrinters::KeeperOf(const std::string& printer) {
+    if (server_ && printer != kPdfPrinter)
+        return *server_;
+    return builtIn_;
+}
+
 PaperSupport InstalledPrinters::PaperOf(const std::string& printer, double widthMm, double heightMm) const {
     return KeeperOf(printer).PaperOf(printer, widthMm, heightMm);
 }
@@ -32,8 +38,12 @@ PrinterState InstalledPrinters::StateOf(const std::string& printer) const {
     return KeeperOf(printer).StateOf(printer);
 }
 
+std::unique_ptr<PrintSurface> InstalledPrinters::StartJob(const std::string& printer, const PrintJob& job) {
+    return KeeperOf(printer).StartJob(printer, job);
+}
+
 std::optional<std::string> InstalledPrinters::Print(const std::string& printer, const PrintJob& job) {
-    return server_ && printer != kPdfPrinter ? server_->Print(printer, job) : builtIn_.Print(printer, job);
+    return KeeperOf(printer).Print(printer, job);
 }
 
 } // namespace velmora

@@ -21,10 +21,12 @@ public:
     PaperSupport PaperOf(const std::string& printer, double widthMm, double heightMm) const override;
     PaperSources SourcesOf(const std::string& printer) const override;
     PrinterState StateOf(const std::string& printer) const override;
+    std::unique_ptr<PrintSurface> StartJob(const std::string& printer, const PrintJob& job) override;
     std::optional<std::string> Print(const std::string& printer, const PrintJob& job) override;
 
 private:
     const PrintSystem& KeeperOf(const std::string& printer) const;
+    PrintSystem& KeeperOf(const std::string& printer);
 
     std::unique_ptr<PrintSystem> server_;
     BuiltInPrinters builtIn_;

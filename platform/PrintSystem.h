@@ -3,9 +3,11 @@
 
 #include "base/Error.h"
 #include "platform/Credentials.h"
+#include "platform/PrintSurface.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -76,14 +78,14 @@ struct PrinterState {
 
 enum class Orientation : std::int16_t { Portrait = 1, Landscape = 2 };
 
-/// A finished PDF, to be printed at its own size in the printer's best quality, on one side, one page on a sheet and
-/// without a banner, whatever the queue adds by itself. Lengths as the paper goes through the printer.
+/// To be printed at its own size in the printer's best quality, on one side, one page on a sheet and without a banner,
+/// whatever the queue adds by itself. Lengths as the paper goes through the printer.
 struct PrintJob {
     std::string title;
-    std::filesystem::path pdf;
+    std::filesystem::path pdf; ///< finished; empty for a job that is drawn
     double widthMm = 0;
     double heightMm = 0;
-    /// How the sheet is read. The pages of the PDF are turned already: nothing may turn them again.
+    /// How the sheet is read. Its pages are turned already: nothing may turn them again.
     Orientation orientation = Orientation::Portrait;
     JobOptions options = {};
     AskCredentials askCredentials = {};
@@ -102,7 +104,11 @@ public:
     virtual PaperSources SourcesOf(const std::string& /*printer*/) const { return {}; }
     /// Ready, too, for a printer that says nothing of itself.
     virtual PrinterState StateOf(const std::string& /*printer*/) const { return {}; }
-    /// Hands the job over; the file may go afterwards. Says why the job waits, such as "the printer is stopped"; empty
+    /// A job to be drawn, where the system takes no PDF; null where it does. Raises PrinterError.
+    virtual std::unique_ptr<PrintSurface> StartJob(const std::string& /*printer*/, const PrintJob& /*job*/) {
+        return nullptr;
+    }
+    /// Hands a PDF over; the file may go afterwards. Says why the job waits, such as "the printer is stopped"; empty
     /// where it does not, and where the system does not say. Nullopt, and no job, when the person gave no password.
     /// Raises PrinterError, and nothing is printed then.
     virtual std::optional<std::string> Print(const std::string& printer, const PrintJob& job) = 0;

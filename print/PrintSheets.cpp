@@ -2,8 +2,21 @@
 
 #include "base/TemporaryFile.h"
 #include "base/Text.h"
+#include "report/SurfaceCanvas.h"
 
 namespace velmora {
+namespace {
+
+/// False when the person cancelled: nothing is printed then.
+bool DrawSheets(const SheetSeries& series, const FontCatalogue& catalogue, PrintSurface& surface, Progress* progress) {
+    SurfaceCanvas canvas(surface);
+    const bool whole = surface.Start() && PaintSheets(series, catalogue, canvas, progress);
+    if (whole)
+        surface.Finish();
+    return whole;
+}
+
+} // namespace
 
 Paper PaperAtPrinter(const PrintSystem& printers, const std::string& printer, const Paper& sheet) {
     const bool longEdgeFirst = sheet.widthMm > sheet.heightMm;
@@ -52,13 +65,21 @@ const PaperSource& FindSource(const std::vector<PaperSource>& sources, const std
 std::optional<std::string> PrintSheets(SheetSeries series, const FontCatalogue& catalogue, const PrintTarget& target,
                                        Progress* progress) {
     const Paper& paper = series.paper = PaperAtPrinter(target.printers, target.printer, series.paper);
+    PrintJob job{target.title,
+                 {},
+                 paper.widthMm,
+                 paper.heightMm,
+                 paper.turned ? Orientation::Landscape : Orientation::Portrait,
+                 target.options,
+                 target.askCredentials};
+    if (const auto surface = target.printers.StartJob(target.printer, job))
+        return DrawSheets(series, catalogue, *surface, progress) ? std::optional("") : std::nullopt;
     TemporaryFile pdf(".pdf");
     if (!WritePdf(
             series, catalogue, [&](std::string_view bytes) { pdf.Write(bytes); }, progress))
         return std::nullopt;
-    return target.printers.Print(target.printer, {target.title, pdf.Path(), paper.widthMm, paper.heightMm,
-                                                  paper.turned ? Orientation::Landscape : Orientation::Portrait,
-                                                  target.options, target.askCredentials});
+    job.pdf = pdf.Path();
+    return target.printers.Print(target.printer, job);
 }
 
 } // namespace velmora

@@ -37,8 +37,8 @@ struct PrintTarget {
     JobOptions options = {};
     AskCredentials askCredentials = {};
 };
-/// Hands the sheets over as one job, by way of a temporary file. Says why the job waits, empty where it does not;
-/// nullopt, and no job, when the person cancelled. Raises PrinterError, and what WritePdf raises.
+/// Hands the sheets over as one job: drawn, or as a PDF by way of a temporary file. Says why the job waits, empty where
+/// it does not; nullopt, and no job, when the person cancelled. Raises PrinterError, and what PaintSheets raises.
 std::optional<std::string> PrintSheets(SheetSeries series, const FontCatalogue& catalogue, const PrintTarget& target,
                                        Progress* progress = nullptr);
 

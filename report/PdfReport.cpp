@@ -43,22 +43,28 @@ std::string ForbiddenFontsText(const SheetSeries& series, const FontCatalogue& c
     return text;
 }
 
-bool WritePdf(const SheetSeries& series, const FontCatalogue& catalogue, const PdfSink& sink, Progress* progress) {
-    PdfCanvas pdf(sink, {series.title, {}, series.language});
+bool PaintSheets(const SheetSeries& series, const FontCatalogue& catalogue, Canvas& canvas, Progress* progress) {
     SheetPainter painter(catalogue, series.fonts);
     Sheet sheet;
     int done = 0;
     for (const int number : series.numbers) {
         series.layOut(number, sheet);
         sheet.paper = series.paper;
-        painter.Paint(sheet, pdf, series.outlines);
+        painter.Paint(sheet, canvas, series.outlines);
         if (progress)
             progress->Advance(++done);
         if (progress && progress->Cancelled())
             return false;
     }
-    pdf.Finish();
     return true;
+}
+
+bool WritePdf(const SheetSeries& series, const FontCatalogue& catalogue, const PdfSink& sink, Progress* progress) {
+    PdfCanvas pdf(sink, {series.title, {}, series.language});
+    const bool whole = PaintSheets(series, catalogue, pdf, progress);
+    if (whole)
+        pdf.Finish();
+    return whole;
 }
 
 bool SavePdf(const SheetSeries& series, const FontCatalogue& catalogue, const std::filesystem::path& path,

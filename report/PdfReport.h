@@ -39,8 +39,12 @@ SheetSeries DocumentSheets(rptVelmor& report, const TabDocument& document, const
 /// for all others. Raises Error for a font that cannot be read.
 std::string ForbiddenFontsText(const SheetSeries& series, const FontCatalogue& catalogue);
 
-/// Writes the sheets through `sink`, one sheet in memory at a time. `progress` is told the sheets done.
-/// False when the person cancelled: what was written is no PDF then. Raises Error on a machine without fonts.
+/// Paints the sheets one after the other, one sheet in memory at a time. `progress` is told the sheets done. False when
+/// the person cancelled. Raises Error on a machine without fonts.
+bool PaintSheets(const SheetSeries& series, const FontCatalogue& catalogue, Canvas& canvas, Progress* progress);
+
+/// Writes the sheets through `sink`, as PaintSheets paints them. False when the person cancelled: what was written is
+/// no PDF then.
 bool WritePdf(const SheetSeries& series, const FontCatalogue& catalogue, const PdfSink& sink,
               Progress* progress = nullptr);
 

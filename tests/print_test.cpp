@@ -170,6 +170,24 @@ TEST_F(PrintTest, CancellingLeavesNoJobAndNoFile) {
     EXPECT_EQ(ReadFile(program.folder / "old.pdf"), "old");
 }
 
+TEST_F(PrintTest, ASystemThatTakesNoPdfHasItsSheetsDrawn) {
+    printers.draws = true;
+    Document(5, "DL_v");
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::Done);
+    EXPECT_EQ(printers.jobs.at(0).heightMm, 220);
+    EXPECT_EQ(printers.jobs.at(0).pdf, "");
+    EXPECT_EQ(std::tie(printers.pagesDrawn, printers.linesDrawn, printers.sent), std::tuple(3, 3, 1));
+    program.ui.cancelAfter = 2;
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
+    printers.printing = PrinterError("Out of space");
+    ExpectError("Out of space\r\nCalled from Function: PrintReport");
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
+    EXPECT_EQ(std::tie(printers.pagesDrawn, printers.sent), std::tuple(3 + 2 + 1, 1));
+    main.globals.PrinterName = "Hall"; // which asks for a file's name
+    EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
+    EXPECT_EQ(std::tie(printers.pagesDrawn, printers.sent), std::tuple(3 + 2 + 1, 1));
+}
+
 TEST_F(PrintTest, ModesChooseBetweenPaperAndPreview) {
     const auto run = [&](const char* mode) {
         printers.jobs.clear();

@@ -1,52 +1,31 @@
 #include "report/ui/PainterCanvas.h"
 
 #include "base/Paths.h"
+#include "report/GlyphOutline.h"
 #include "report/Twips.h"
 
 #include <QGlyphRun>
 
-#include <type_traits>
-
 namespace velmora {
 namespace {
 
-QPainterPath& PathOf(void* drawData) {
-    return *static_cast<QPainterPath*>(drawData);
-}
-
-// Outlines come with y upwards.
-void MoveTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float x, float y, void*) {
-    PathOf(path).moveTo(x, -y);
-}
-void LineTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float x, float y, void*) {
-    PathOf(path).lineTo(x, -y);
-}
-void QuadraticTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float controlX, float controlY, float x, float y,
-                 void*) {
-    PathOf(path).quadTo(controlX, -controlY, x, -y);
-}
-void CubicTo(hb_draw_funcs_t*, void* path, hb_draw_state_t*, float control1X, float control1Y, float control2X,
-             float control2Y, float x, float y, void*) {
-    PathOf(path).cubicTo(control1X, -control1Y, control2X, -control2Y, x, -y);
-}
-void ClosePath(hb_draw_funcs_t*, void* path, hb_draw_state_t*, void*) {
-    PathOf(path).closeSubpath();
-}
-
-QPainterPath GlyphOutline(const FontFace& face, std::uint32_t glyph) {
-    const std::unique_ptr<hb_draw_funcs_t, HbRelease<hb_draw_funcs_destroy>> functions(hb_draw_funcs_create());
-    hb_draw_funcs_set_move_to_func(functions.get(), MoveTo, nullptr, nullptr);
-    hb_draw_funcs_set_line_to_func(functions.get(), LineTo, nullptr, nullptr);
-    hb_draw_funcs_set_quadratic_to_func(functions.get(), QuadraticTo, nullptr, nullptr);
-    hb_draw_funcs_set_cubic_to_func(functions.get(), CubicTo, nullptr, nullptr);
-    hb_draw_funcs_set_close_path_func(functions.get(), ClosePath, nullptr, nullptr);
+QPainterPath PainterPathOf(const std::vector<OutlinePoint>& outline) {
     QPainterPath path;
     path.setFillRule(Qt::WindingFill); // parts of a glyph may overlap
-#if HB_VERSION_ATLEAST(7, 0, 0)
-    hb_font_draw_glyph(face.Font(), glyph, functions.get(), &path);
-#else
-    hb_font_get_glyph_shape(face.Font(), glyph, functions.get(), &path);
-#endif
+    const auto at = [&](std::size_t i) { return QPointF(outline[i].x, -outline[i].y); };
+    for (std::size_t i = 0; i < outline.size(); ++i)
+        switch (outline[i].kind) {
+        case OutlinePoint::Kind::Move:
+            path.closeSubpath();
+            path.moveTo(at(i));
+            break;
+        case OutlinePoint::Kind::Line: path.lineTo(at(i)); break;
+        case OutlinePoint::Kind::Curve:
+            path.cubicTo(at(i), at(i + 1), at(i + 2));
+            i += 2;
+            break;
+        }
+    path.closeSubpath();
     return path;
 }
 
@@ -63,7 +42,8 @@ const QRawFont& PainterFont::RawFont(double sizeTwips) {
 
 const QPainterPath& PainterFont::Outline(std::uint32_t glyph) {
     const auto known = outlines_.constFind(glyph);
-    return known != outlines_.constEnd() ? *known : *outlines_.insert(glyph, GlyphOutline(*face_, glyph));
+    return known != outlines_.constEnd() ? *known
+                                         : *outlines_.insert(glyph, PainterPathOf(GlyphOutline(*face_, glyph)));
 }
 
 PainterFont& PainterFonts::operator[](const std::shared_ptr<const FontFace>& face) {

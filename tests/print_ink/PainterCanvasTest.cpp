@@ -1,6 +1,9 @@
-// The painter's picture beside the rendered PDF: what is seen must be what is printed.
+// The painter's picture, and that of a job which is drawn, beside the rendered PDF: what is seen must be what is
+// printed.
 #include "report/ui/PainterCanvas.h"
+#include "report/SurfaceCanvas.h"
 #include "tests/print_ink/Ink.h"
+#include "tests/print_ink/PictureSurface.h"
 #include "tests/support/RightToLeft.h"
 
 #include <QImage>
@@ -9,9 +12,11 @@
 namespace velmora::ink {
 namespace {
 
-PdfFile::Picture Draw(const Sheet& sheet, const FontSettings& fonts, const FontCatalogue& catalogue, SheetView view,
+enum class Way { AsPrinted, AsRead, Surface, SurfaceWithoutFonts };
+
+PdfFile::Picture Draw(const Sheet& sheet, const FontSettings& fonts, const FontCatalogue& catalogue, Way way,
                       Outlines outlines = Outlines::Hidden) {
-    const bool upright = sheet.paper.turned && view == SheetView::AsRead;
+    const bool upright = sheet.paper.turned && way == Way::AsRead;
     PdfFile::Picture page;
     page.width = static_cast<int>((upright ? sheet.paper.heightMm : sheet.paper.widthMm) * kPixelsPerMm);
     page.height = static_cast<int>((upright ? sheet.paper.widthMm : sheet.paper.heightMm) * kPixelsPerMm);
@@ -20,7 +25,10 @@ PdfFile::Picture Draw(const Sheet& sheet, const FontSettings& fonts, const FontC
     QPainter painter(&image);
     painter.scale(kPixelsPerMm / kTwipsPerMmOfPaper, kPixelsPerMm / kTwipsPerMmOfPaper);
     PainterFonts painterFonts;
-    PainterCanvas canvas(painter, painterFonts, view);
+    PainterCanvas screen(painter, painterFonts, way == Way::AsRead ? SheetView::AsRead : SheetView::AsPrinted);
+    PictureSurface surface(painter, way == Way::Surface);
+    SurfaceCanvas job(surface);
+    Canvas& canvas = way < Way::Surface ? static_cast<Canvas&>(screen) : job;
     SheetPainter(catalogue, fonts).Paint(sheet, canvas, outlines);
     return page;
 }
@@ -53,12 +61,15 @@ const Case kCases[] = {
 
 void ExpectAlike(const Sheet& sheet, const FontSettings& fonts, const FontCatalogue& catalogue) {
     const auto printed = PdfFile({sheet}, fonts, catalogue).Render();
-    const auto drawn = Draw(sheet, fonts, catalogue, SheetView::AsPrinted);
-    ExpectNear(drawn.InkBox(), printed.InkBox());
-    EXPECT_NEAR(drawn.DarkPixels(), printed.DarkPixels(), printed.DarkPixels() * 0.06);
-    // Ink in one where the other has none near would be a glyph astray.
-    EXPECT_LT(drawn.PixelsFarFrom(printed), printed.DarkPixels() / 100);
-    EXPECT_LT(printed.PixelsFarFrom(drawn), printed.DarkPixels() / 100);
+    for (const Way way : {Way::AsPrinted, Way::Surface, Way::SurfaceWithoutFonts}) {
+        SCOPED_TRACE(static_cast<int>(way));
+        const auto drawn = Draw(sheet, fonts, catalogue, way);
+        ExpectNear(drawn.InkBox(), printed.InkBox());
+        EXPECT_NEAR(drawn.DarkPixels(), printed.DarkPixels(), printed.DarkPixels() * 0.06);
+        // Ink in one where the other has none near would be a glyph astray.
+        EXPECT_LT(drawn.PixelsFarFrom(printed), printed.DarkPixels() / 100);
+        EXPECT_LT(printed.PixelsFarFrom(drawn), printed.DarkPixels() / 100);
+    }
 }
 
 TEST(PainterCanvas, DrawsWhatThePdfShows) {
@@ -111,7 +122,8 @@ TEST(PainterCanvas, EveryKindOfFontFileShowsItsOwnGlyphsHereAndInThePdf) {
         const PdfFile pdf({sheet}, fonts, catalogue);
         const Rect expected = {20 + 0.1 * kEmMm, 30 + 0.1 * kEmMm, 20 + 1.5 * kEmMm, 30 + kEmMm};
         ExpectNear(pdf.Render().InkBox(), expected);
-        ExpectNear(Draw(sheet, fonts, catalogue, SheetView::AsPrinted).InkBox(), expected);
+        for (const Way way : {Way::AsPrinted, Way::Surface})
+            ExpectNear(Draw(sheet, fonts, catalogue, way).InkBox(), expected);
         EXPECT_EQ(pdf.Text(), "AB");
         EXPECT_NE(pdf.Ask("pdffonts %").find("yes yes yes"), std::string::npos);
         pdf.Ask("qpdf --check %");
@@ -122,15 +134,15 @@ TEST(PainterCanvas, ShowsATurnedSheetUprightWhereItIsToBeRead) {
     const FontconfigCatalogue catalogue;
     const Sheet turned = OneText("No.0017", MmBox(120, 30, 70, 12), kAlignLeft, kTurnedDl);
     const Rect printed = PdfFile({turned}, AllFields({}), catalogue).Render().InkBox();
-    const Rect read = Draw(turned, AllFields({}), catalogue, SheetView::AsRead).InkBox();
+    const Rect read = Draw(turned, AllFields({}), catalogue, Way::AsRead).InkBox();
     ExpectNear(OnPaper(kTurnedDl, read), printed);
 }
 
 TEST(PainterCanvas, OutlinesAreThoseOfThePdf) {
     const FontconfigCatalogue catalogue;
     const Sheet sheet = OneText("0000", MmBox(20, 30, 60, 12));
-    const auto drawn = Draw(sheet, AllFields({}), catalogue, SheetView::AsPrinted, Outlines::Shown);
-    ExpectNear(drawn.InkBox(), {20, 30, 80, 42});
+    for (const Way way : {Way::AsPrinted, Way::Surface})
+        ExpectNear(Draw(sheet, AllFields({}), catalogue, way, Outlines::Shown).InkBox(), {20, 30, 80, 42});
 }
 
 /// Thickening and slanting must show at all, in both.
@@ -139,7 +151,7 @@ TEST(PainterCanvas, ThickenedIsThickerAndSlantedLeans) {
     catalogue.noBold = catalogue.noItalic = true;
     const Sheet sheet = OneText("Illl", MmBox(20, 30, 70, 15));
     const auto draw = [&](bool bold, bool italic) {
-        return Draw(sheet, AllFields({"Arial", 36, bold, italic}), catalogue, SheetView::AsPrinted);
+        return Draw(sheet, AllFields({"Arial", 36, bold, italic}), catalogue, Way::AsPrinted);
     };
     EXPECT_GT(draw(true, false).DarkPixels(), draw(false, false).DarkPixels() * 1.3);
     // A letter 0.73 em high leans by a fifth of that.

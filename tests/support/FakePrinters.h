@@ -20,6 +20,8 @@ struct FakePrinters : PrintSystem {
     PrinterState state;
     std::vector<PrintJob> jobs;
     std::string target, bytes, waits;
+    bool draws = false;                           ///< takes no PDF
+    int pagesDrawn = 0, linesDrawn = 0, sent = 0; ///< of jobs that are drawn
 
     std::vector<std::string> Printers() const override { return listing ? throw PrinterError(*listing) : names; }
     std::optional<std::string> DefaultPrinter() const override { return standard; }
@@ -28,6 +30,11 @@ struct FakePrinters : PrintSystem {
     }
     PaperSources SourcesOf(const std::string&) const override { return sources; }
     PrinterState StateOf(const std::string&) const override { return state; }
+    std::unique_ptr<PrintSurface> StartJob(const std::string& printer, const PrintJob& job) override {
+        if (draws)
+            target = printer, jobs.push_back(job);
+        return draws ? std::make_unique<DrawnJob>(*this) : nullptr;
+    }
     std::optional<std::string> Print(const std::string& printer, const PrintJob& job) override {
         target = printer;
         bytes = ReadFile(job.pdf);
@@ -36,6 +43,23 @@ struct FakePrinters : PrintSystem {
             throw PrinterError(*printing);
         return waits;
     }
+
+    struct DrawnJob : PrintSurface {
+        explicit DrawnJob(FakePrinters& own) : printers(own) {}
+        FakePrinters& printers;
+        bool Start() override { return printers.target != "Hall"; }
+        void BeginPage() override {}
+        void Clip(const std::optional<PrintArea>&) override {}
+        bool DrawLine(const PrintLine&) override { return ++printers.linesDrawn; }
+        void FillShape(const PrintShape&) override {}
+        void FillArea(const PrintArea&, double) override {}
+        void EndPage() override {
+            ++printers.pagesDrawn;
+            if (printers.printing)
+                throw PrinterError(*printers.printing);
+        }
+        void Finish() override { ++printers.sent; }
+    };
 };
 
 } // namespace velmora
