@@ -171,7 +171,7 @@ void IniFile::AbandonBatch(std::size_t mark) {
         collected_.resize(mark);
         Rebuild();
     }
-    EndBatch();
+    --depth_; // nothing is left to write: the outermost one's mark is the beginning
 }
 
 void IniFile::Flush() {

@@ -55,8 +55,7 @@ public:
     /// Ends a batch; the outermost one writes the collected changes in their order, in one replacement. When
     /// that fails they are dropped, and the error tells so.
     void EndBatch();
-    /// Ends a batch and drops the changes collected since its mark; the outermost one then writes as EndBatch
-    /// does.
+    /// Ends a batch and drops the changes collected since its mark. Writes nothing.
     void AbandonBatch(std::size_t mark);
     /// Writes what is collected so far; the batch goes on.
     void Flush();
