@@ -28,10 +28,17 @@ std::string WithoutPercents(std::string_view address) {
     return text;
 }
 
+/// Of what stands behind "file://"; the slash before a drive is none of the path's.
+fs::path PathOfAddress(std::string_view address) {
+    const std::string text = WithoutPercents(address);
+    fs::path fromDrive = PathOf(std::string_view(text).substr(1));
+    return fromDrive.has_root_name() ? fromDrive.make_preferred() : fs::absolute(PathOf(text));
+}
+
 fs::path PathOfArgument(const std::string& argument) {
     for (const std::string_view prefix : {"file://localhost/", "file:///"})
         if (EqualsNoCase(std::string_view(argument).substr(0, prefix.size()), prefix))
-            return PathOf(WithoutPercents(std::string_view(argument).substr(prefix.size() - 1)));
+            return PathOfAddress(std::string_view(argument).substr(prefix.size() - 1));
     return fs::absolute(PathOf(argument));
 }
 

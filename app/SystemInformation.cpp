@@ -38,7 +38,7 @@ std::string NamedTool(const Registry& registry) {
     if (!GetKeyValue(registry, shared + " Location", "MSINFO", tool))
         return "";
     tool += "\\MSINFO32.EXE";
-    return FileExists(tool) ? tool : "";
+    return FileExists(PathOf(tool)) ? tool : "";
 }
 
 } // namespace
@@ -97,7 +97,7 @@ std::string ProgramDetails(const MainModule& main, const std::string& toolkit, c
 
 void StartSysInfo(MainModule& main, Desktop& desktop) {
     const std::string tool = NamedTool(main.settings.Keys);
-    if ((tool.empty() || !desktop.StartProgram(tool)) && !desktop.StartSystemInformation())
+    if ((tool.empty() || !desktop.StartProgram(PathOf(tool))) && !desktop.StartSystemInformation())
         main.ui.Show({"System Information Is Unavailable At This Time", kProgramName});
 }
 

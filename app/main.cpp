@@ -53,17 +53,24 @@ CommandLine Read(int argc, char** argv) {
     return ReadCommandLine({argv + std::min(argc, 1), argv + argc});
 }
 
+/// The system's own, or a file in its place.
+std::unique_ptr<Registry> MakeRegistry(const std::filesystem::path& folder) {
+    const auto open = [](const std::filesystem::path& file) { return std::make_unique<RegistryFile>(file); };
+    auto registry = MakeMachineRegistry(open);
+    return registry ? std::move(registry) : open(folder / "Velmora.reg");
+}
+
 int Run(const CommandLine& commandLine) {
     const Environment environment = SystemEnvironment();
     const std::filesystem::path folder = MakeProgramFolder(environment);
     LayOut(folder / "Images", folder / "Tabs");
 
     QtUserInterface ui;
-    RegistryFile registry(folder / "Velmora.reg");
+    const std::unique_ptr<Registry> registry = MakeRegistry(folder);
     InstalledPrinters printers = MakeInstalledPrinters(environment);
     LibraryWorkbooks workbooks;
     const std::unique_ptr<FontCatalogue> fonts = MakeFontCatalogue();
-    SettingsStore settings(registry, ui);
+    SettingsStore settings(*registry, ui);
     settings.ProgramFolder = folder;
     Program program{{settings, ui, printers, workbooks}, {}, *fonts, {}};
     program.main.language = DesktopLanguage(environment);

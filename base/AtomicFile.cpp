@@ -1,5 +1,6 @@
 #include "base/AtomicFile.h"
 
+#include "base/FileNumber.h"
 #include "base/Paths.h"
 
 #include <system_error>
@@ -24,7 +25,7 @@ std::optional<FileStamp> StampOf(const fs::path& path) {
     stamp.size = fs::file_size(path, error);
     if (!error)
         stamp.written = fs::last_write_time(path, error);
-    stamp.number = IdentityOf(path).number;
+    stamp.number = FileNumber(path);
     return error ? std::nullopt : std::optional(stamp);
 }
 
@@ -42,7 +43,7 @@ void MakePrivateFolder(const fs::path& folder) {
     std::error_code error;
     fs::create_directories(folder, error);
     if (error)
-        throw FileAccessError(folder, error.value());
+        throw FileAccessError(folder, error.default_error_condition().value());
     fs::permissions(folder, fs::perms::owner_all, error);
 }
 

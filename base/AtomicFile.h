@@ -35,7 +35,7 @@ std::string ReadFile(const std::filesystem::path& path, std::size_t most = std::
 /// Who may read what is written.
 enum class Readers {
     AsBefore,  ///< those who could read the old file; those to whom the folder gives new ones
-    OwnerAlone ///< for what the program keeps for itself
+    OwnerAlone ///< for what the program keeps for itself; on Windows the folder says who that is
 };
 
 /// One replacement of a file. Nothing at the path changes before Commit; without it the destructor leaves the old
@@ -80,7 +80,7 @@ struct FileIdentity {
     std::uint64_t number = 0;
     std::int64_t size = -1; ///< -1: no file
     std::int64_t modified = 0;
-    std::int64_t changed = 0; ///< also by a rename or other permissions
+    std::int64_t changed = 0; ///< also by a rename or other permissions; on Windows not before it was made
     bool operator==(const FileIdentity&) const = default;
 };
 FileIdentity IdentityOf(const std::filesystem::path& path);
@@ -89,7 +89,7 @@ FileIdentity IdentityOf(const std::filesystem::path& path);
 bool IsSameFile(const std::filesystem::path& a, const std::filesystem::path& b);
 
 /// Makes the folder, and those above it, and lets its owner alone into it, also where it is there. Raises
-/// FileAccessError for one that can't be made; one that can't be narrowed stays as it is.
+/// FileAccessError for one that can't be made; one that can't be narrowed stays as it is, as all do on Windows.
 void MakePrivateFolder(const std::filesystem::path& folder);
 
 /// AtomicFile for content that is at hand.

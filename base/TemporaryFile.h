@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-class ScratchName; // each system's own
+class ScratchName;
 
 /// A new file in the system's temporary folder that only its owner may read; it is gone with this object. Those that
 /// programs left there which were killed go at the next. Every operation raises FileAccessError.

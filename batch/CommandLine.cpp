@@ -230,6 +230,7 @@ void AddCommands(CLI::App& app, Request& request) {
 ParsedCommand ParseCommandLine(std::vector<std::string> arguments, std::ostream& output, std::ostream& errors) {
     CLI::App app("Prints, makes and checks Velmora tab files.", "velmora-batch");
     app.set_version_flag("--version", std::string("velmora-batch ") + kVersion);
+    app.allow_windows_style_options(false); // "/folder/file" is a path there too
     app.require_subcommand(1);
     const auto request = std::make_shared<Request>();
     AddCommands(app, *request);

@@ -1,4 +1,9 @@
 # What keeps a fault that a hostile file finds in an optimised build from becoming more than the end of the program.
+if(WIN32) # whose programs can lie anywhere in memory by default
+    add_compile_options("$<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-fstack-protector-strong;-D_GLIBCXX_ASSERTIONS>")
+    return()
+endif()
+
 include(CheckCXXCompilerFlag)
 check_cxx_compiler_flag(-fcf-protection VELMORA_HAS_CF_PROTECTION) # not on every processor
 

@@ -1,4 +1,13 @@
 # A library that is loaded when it is first needed: a target knows its name alone, the one that programs are linked to.
+
+if(WIN32) # where all libraries are linked in
+    function(velmora_late_library target definition file)
+        target_link_libraries(${target} PRIVATE ${file})
+        target_compile_definitions(${target} PRIVATE ${definition}="${file}")
+    endfunction()
+    return()
+endif()
+
 find_program(CMAKE_OBJDUMP objdump REQUIRED)
 find_program(DPKG_QUERY dpkg-query)
 

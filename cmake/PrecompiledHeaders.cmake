@@ -19,9 +19,11 @@ set(standard <algorithm> <array> <charconv> <chrono> <cstdint> <filesystem> <fst
     <optional> <set> <span> <sstream> <string> <string_view> <unordered_map> <utility> <variant> <vector>)
 
 velmora_headers(core "" ${standard})
-velmora_headers(qt Qt6::Widgets ${standard}
-    <QApplication> <QCheckBox> <QComboBox> <QDialog> <QDialogButtonBox> <QFormLayout> <QGroupBox> <QKeyEvent> <QLabel>
-    <QLineEdit> <QListWidget> <QMainWindow> <QPainter> <QPushButton> <QRadioButton> <QTimer> <QToolBar> <QVBoxLayout>)
+if(VELMORA_UI)
+    velmora_headers(qt Qt6::Widgets ${standard}
+        <QApplication> <QCheckBox> <QComboBox> <QDialog> <QDialogButtonBox> <QFormLayout> <QGroupBox> <QKeyEvent> <QLabel>
+        <QLineEdit> <QListWidget> <QMainWindow> <QPainter> <QPushButton> <QRadioButton> <QTimer> <QToolBar> <QVBoxLayout>)
+endif()
 if(VELMORA_TESTS)
     find_package(GTest REQUIRED)
     velmora_headers(test GTest::gtest ${standard} <gtest/gtest.h>)

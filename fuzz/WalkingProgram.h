@@ -26,7 +26,7 @@ struct Machine {
     TemporaryFolder folder;
     FakePrinters printers;
     LibraryWorkbooks workbooks;
-    FontconfigCatalogue fonts;
+    InstalledFonts fonts;
     RegistryFile registry{folder / "Velmora.reg"};
 };
 

@@ -6,6 +6,7 @@
 #include "platform/Drives.h"
 #include "platform/FontCatalogue.h"
 #include "platform/PrintSystem.h"
+#include "platform/Registry.h"
 
 #include <filesystem>
 #include <functional>
@@ -23,8 +24,8 @@ Environment SystemEnvironment();
 std::string DesktopLanguage(const Environment& environment);
 
 /// VELMORA_HOME where it is set; else the executable's own folder when this is a portable copy or a build tree (a
-/// person may write there, and it is no installation: no ../share/velmora); else $XDG_CONFIG_HOME/velmora, by default
-/// ~/.config/velmora. The folder need not exist yet.
+/// person may write there, and it is no installation: no ../share/velmora, on Windows no uninstall.exe beside it); else
+/// $XDG_CONFIG_HOME/velmora, by default ~/.config/velmora, on Windows %APPDATA%\Velmora. The folder need not exist yet.
 std::filesystem::path FindProgramFolder(const std::filesystem::path& executableFolder, const Environment& environment);
 /// The same for the program that runs.
 std::filesystem::path FindProgramFolder(const Environment& environment);
@@ -39,5 +40,10 @@ std::unique_ptr<FontCatalogue> MakeFontCatalogue();
 /// The programs that open files.
 std::unique_ptr<Desktop> MakeDesktop(Environment environment);
 std::unique_ptr<Drives> MakeDrives();
+
+/// Opens the keys in a file that a registry editor exported.
+using ExportReader = std::function<std::unique_ptr<Registry>(const std::filesystem::path& file)>;
+/// The machine's own registry; null on a system without one.
+std::unique_ptr<Registry> MakeMachineRegistry(ExportReader openExport);
 
 } // namespace velmora

@@ -1,11 +1,13 @@
 #include "report/FontFace.h"
 
 #include "base/Error.h"
+#include "base/MappedFile.h"
 #include "base/Paths.h"
 
 #include <hb-ot.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace velmora {
 namespace {
@@ -15,9 +17,18 @@ bool HasTable(hb_face_t* face, hb_tag_t tag) {
     return hb_blob_get_length(table.get()) > 0;
 }
 
-/// The file is mapped, not read: of a font of many megabytes only the pages in use take memory.
+/// Of a font of many megabytes only the pages in use take memory. Null for a file that cannot be read.
+HbBlob OpenBlob(const std::filesystem::path& path) {
+    auto file = std::make_unique<MappedFile>(path);
+    const std::string_view bytes = file->Bytes();
+    if (bytes.empty())
+        return nullptr;
+    return HbBlob(hb_blob_create(bytes.data(), static_cast<unsigned>(bytes.size()), HB_MEMORY_MODE_READONLY,
+                                 file.release(), [](void* mapped) { delete static_cast<MappedFile*>(mapped); }));
+}
+
 HbFace OpenFace(const std::filesystem::path& path, int index) {
-    const HbBlob blob(hb_blob_create_from_file_or_fail(PathText(path).c_str()));
+    const HbBlob blob = OpenBlob(path);
     if (!blob)
         throw Error("The font file cannot be read:\r\n[" + PathText(path) + "]");
     HbFace face(hb_face_create(blob.get(), static_cast<unsigned>(index)));

@@ -2,8 +2,8 @@
 #include "base/AtomicFile.h"
 #include "platform/InstalledPrinters.h"
 #include "platform/linux/CupsPrinters.h"
-#include "platform/linux/FontconfigCatalogue.h"
 #include "print/PrintReport.h"
+#include "tests/support/InstalledFonts.h"
 #include "tests/support/PdfWords.h"
 #include "tests/support/TestProgram.h"
 #include "workspace/LoadDocument.h"
@@ -313,7 +313,7 @@ struct NetworkPrinterTest : CupsTest {
         main.document.DocFileName = folder / "in.csv";
         main.globals.PrinterName = queue;
         LayoutValues layout;
-        const FontconfigCatalogue fonts;
+        const InstalledFonts fonts;
         PrintModule print{main, layout, fonts};
         EXPECT_EQ(PrintCommand(print), PrintOutcome::Done);
     }

@@ -19,6 +19,7 @@ using Names = std::set<std::string>;
 const std::map<std::string, Names> kRightBelow = {{"base", {}},
                                                   {"platform", {"base"}},
                                                   {"platform/linux", {"platform"}},
+                                                  {"platform/windows", {"platform"}},
                                                   {"platform/qt", {"platform"}},
                                                   {"workbook", {"base"}},
                                                   {"settings", {"platform"}},
@@ -36,7 +37,7 @@ const std::map<std::string, Names> kRightBelow = {{"base", {}},
 
 /// The room that a file or an include path lies in; empty for what is none of ours.
 std::string Room(const std::string& path) {
-    for (const char* inner : {"platform/linux", "platform/qt"})
+    for (const char* inner : {"platform/linux", "platform/windows", "platform/qt"})
         if (path.starts_with(std::string(inner) + "/"))
             return inner;
     const std::string room = path.substr(0, path.find('/'));

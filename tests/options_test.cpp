@@ -3,13 +3,9 @@
 #include "app/SettingsEditor.h"
 #include "app/SystemInformation.h"
 #include "base/Version.h"
-#include "platform/linux/LinuxDesktop.h"
 #include "tests/support/FakePrinters.h"
 #include "tests/support/ProgramTest.h"
 #include "workspace/ReplaceDocument.h"
-
-#include <chrono>
-#include <thread>
 
 namespace velmora {
 namespace {
@@ -253,28 +249,6 @@ TEST_F(OptionsTest, SystemInformationIsTheNamedToolOrTheDesktops) {
         Tell("System Information Is Unavailable At This Time", Icon::None);
         StartSysInfo(main, *bare);
     }
-}
-
-TEST_F(OptionsTest, ProgramsAreStartedWithoutAShell) {
-    const fs::path bin = program.folder / "bin";
-    fs::create_directory(bin);
-    LinuxDesktop desktop([&](const char* name) {
-        return std::string(name) == "PATH" ? std::optional("/nowhere:" + bin.string()) : std::nullopt;
-    });
-    EXPECT_FALSE(desktop.OpenFile(program.folder / "a.chm") || desktop.StartSystemInformation());
-    const std::string opened = (program.folder / "opened").string();
-    ReplaceFile(bin / "xdg-open",
-                "#!/bin/sh\nprintf %s \"$1\" >" + opened + ".part\nmv " + opened + ".part " + opened + "\n");
-    ReplaceFile(bin / "broken", "#!/nowhere/at/all\n");
-    for (const char* name : {"xdg-open", "broken"})
-        fs::permissions(bin / name, fs::perms::owner_all);
-    const fs::path odd = program.folder / "a; touch b $(x) .chm";
-    EXPECT_TRUE(desktop.OpenFile(odd));
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!fs::exists(opened) && std::chrono::steady_clock::now() < deadline)
-        std::this_thread::yield();
-    EXPECT_EQ(ReadFile(opened), odd.string());
-    EXPECT_FALSE(desktop.StartProgram(bin / "broken") || desktop.StartProgram("xdg-open"));
 }
 
 TEST(ProgramDetails, NameWhatSupportAsksFor) {

@@ -1,12 +1,14 @@
 // Printing's message sequences, what reaches the printer, and what a cancelled or failed job leaves behind.
 #include "base/AtomicFile.h"
-#include "platform/linux/FontconfigCatalogue.h"
 #include "print/PrintReport.h"
 #include "setup/CalibrationSheet.h"
 #include "tests/support/Documents.h"
 #include "tests/support/FakeEditor.h"
 #include "tests/support/FakePrinters.h"
+#include "tests/support/InstalledFonts.h"
 #include "tests/support/TestProgram.h"
+
+#include "TestSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -32,10 +34,10 @@ constexpr const char* kCheck = "Printer error.  Please check the printer.\r\nCal
 struct PrintTest : testing::Test {
     TestProgram program{[](const std::string& text) { ADD_FAILURE() << text; }};
     FakePrinters printers;
-    struct : FontconfigCatalogue {
+    struct : InstalledFonts {
         std::optional<FontFile> own; ///< in place of every font
         std::optional<FontFile> Match(const FontRequest& request) const override {
-            return own ? own : FontconfigCatalogue::Match(request);
+            return own ? own : InstalledFonts::Match(request);
         }
     } fonts;
     LayoutValues layout;
@@ -155,12 +157,12 @@ TEST_F(PrintTest, WithoutAnyPrinterTheProgramMustEnd) {
 
 TEST_F(PrintTest, CancellingLeavesNoJobAndNoFile) {
     const TemporaryFolder jobs;
-    ::setenv("TMPDIR", jobs.Path().c_str(), 1);
+    PutTemporaryFilesInto(jobs.Path());
     program.ui.cancelAfter = 2;
     EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
     EXPECT_TRUE(printers.jobs.empty());
     EXPECT_TRUE(fs::is_empty(jobs.Path()));
-    ::unsetenv("TMPDIR");
+    PutTemporaryFilesInto({});
     ReplaceFile(program.folder / "old.pdf", "old");
     program.ui.ExpectChooser("Save as PDF", program.folder / "old.pdf");
     program.ui.Expect("Do you want to overwrite the following file?\r\n[" + (program.folder / "old.pdf").string() + "]",

@@ -1,8 +1,8 @@
 // What the wizard remembers: choices in words, the last run and recipes; and what it says of entries beforehand.
 #include "base/Error.h"
 #include "base/Text.h"
-#include "platform/linux/FontconfigCatalogue.h"
 #include "tests/support/Documents.h"
+#include "tests/support/InstalledFonts.h"
 #include "tests/support/TestProgram.h"
 #include "wizard/NextNumber.h"
 #include "wizard/Recipes.h"
@@ -103,7 +103,7 @@ TEST_F(RecipesTest, AnOverflowChangesNothing) {
 }
 
 TEST_F(RecipesTest, EntriesSayWhatTheyMakeAndLose) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     TabSample sample(catalogue, main.document.setup, main.settings, main.fonts);
     EXPECT_EQ(sample.Fields().size(), 3U);
     for (const PlacedText& field : sample.Fields())

@@ -1,10 +1,10 @@
 // The tab report: where every text of a sheet stands, as numbers, and what is found before it is printed.
 #include "base/Error.h"
-#include "platform/linux/FontconfigCatalogue.h"
 #include "report/PrepareReport.h"
 #include "report/PrintChecks.h"
 #include "report/rptVelmor.h"
 #include "tests/support/Documents.h"
+#include "tests/support/InstalledFonts.h"
 #include "tests/support/ProgramTest.h"
 
 #include <numeric>
@@ -111,7 +111,7 @@ std::string Findings(const std::vector<PrintFinding>& findings) {
 
 TEST_F(ReportTest, ChecksFindWhatPaperWouldShow) {
     MakePages(main, 1, 2, 0, [](int, int) { return ""; });
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const auto check = [&](const std::optional<PaperSupport>& printer, const std::vector<int>& used = {}) {
         ReportRequest request = DocumentRequest(document);
         request.labels.used = used;

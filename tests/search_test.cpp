@@ -1,5 +1,4 @@
 // The search of the machine's drives for a folder or a picture.
-#include "platform/linux/LinuxDrives.h"
 #include "tests/support/ProgramTest.h"
 #include "workspace/FolderSearch.h"
 
@@ -7,20 +6,6 @@ namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
-
-TEST(LinuxDrives, TellsDisksFromWhatNobodyStoresOn) {
-    const std::vector<Drive> drives =
-        ReadMounts("22 1 8:1 / / rw,relatime shared:1 master:2 - ext4 /dev/sda1 rw\n"
-                   "23 22 0:5 / /proc rw - proc proc rw\n24 22 0:9 / /mnt/my\\040disk\\134x rw - ntfs3 /dev/sdb1 rw\n"
-                   "25 22 0:6 / /net rw shared:9 - nfs4 host:/x rw\n26 22 0:7 / /cloud rw - fuse.rclone r rw\n"
-                   "27 22 0:8 / /run rw - tmpfs tmpfs rw\n28 22 7:1 / /snap/a rw - squashfs /dev/loop1 ro\nnonsense\n");
-    const std::vector<Drive> wanted = {
-        {"/", DriveKind::Disk},         {"/proc", DriveKind::Virtual},  {"/mnt/my disk\\x", DriveKind::Disk},
-        {"/net", DriveKind::Network},   {"/cloud", DriveKind::Network}, {"/run", DriveKind::Virtual},
-        {"/snap/a", DriveKind::Virtual}};
-    EXPECT_EQ(drives, wanted);
-    EXPECT_FALSE(LinuxDrives().List().empty());
-}
 
 struct FakeDrives : Drives {
     std::vector<Drive> List() const override { return drives; }
@@ -35,7 +20,8 @@ struct SearchTest : ProgramTest {
     SearchTest() {
         for (const char* folder : {"disk/a/deep", "disk/proc", "disk/net", "disk/half"})
             fs::create_directories(program.folder / folder);
-        fs::create_directory_symlink(program.folder / "disk", program.folder / "disk/a/circle");
+        std::error_code ignored; // not every system lets everybody make one
+        fs::create_directory_symlink(program.folder / "disk", program.folder / "disk/a/circle", ignored);
         machine.drives = {{program.folder / "disk", DriveKind::Disk},
                           {program.folder / "disk/proc", DriveKind::Virtual},
                           {program.folder / "disk/net", DriveKind::Network}};
@@ -54,7 +40,7 @@ struct SearchTest : ProgramTest {
 TEST_F(SearchTest, APictureIsFoundWhereItsCompanionsAre) {
     Fill("disk/a/deep");
     AskOrCancel(question, Answer::Yes);
-    EXPECT_EQ(Find(), program.folder / "disk/a/deep/TAB.gif");
+    EXPECT_TRUE(IsSameFile(Find().value_or(""), program.folder / "disk/a/deep/TAB.gif"));
     EXPECT_EQ(main.globals.ImagesPath, program.folder / "disk/a/deep/");
     EXPECT_EQ(program.Stored("Paths", "Images"), (program.folder / "disk/a/deep/").string());
     EXPECT_TRUE(Find()) << "and nothing is asked again";
@@ -71,7 +57,7 @@ TEST_F(SearchTest, TheNetworkIsSearchedOnlyWhenWanted) {
     main.drives.Take(machine); // the next run
     AskOrCancel(question, Answer::Yes);
     Ask(network, Answer::Yes);
-    EXPECT_EQ(Find(), program.folder / "disk/net/TAB.gif");
+    EXPECT_TRUE(IsSameFile(Find().value_or(""), program.folder / "disk/net/TAB.gif"));
 }
 
 TEST_F(SearchTest, GivingUpAndShowingTheFile) {

@@ -1,94 +1,22 @@
 // The start of the program: folders, command line, the ends before the window.
-#include "app/Start.h"
 #include "app/StartPage.h"
-#include "base/AtomicFile.h"
 #include "base/Paths.h"
 #include "settings/RegistryMove.h"
-#include "tests/support/FewFonts.h"
-#include "tests/support/TestProgram.h"
-#include "workspace/Margins.h"
+#include "tests/support/StartTest.h"
 #include "workspace/RecentFiles.h"
 #include "workspace/SaveDocument.h"
-
-#include <gtest/gtest.h>
-
-#include <unistd.h>
 
 namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// Notes what was opened, in order; the main window's opening may set things up.
-class NotingForms : public Forms {
-public:
-    void ShowMainWindow() override { shown += "main ", whenShown(); }
-    void ShowStartPage() override { ++startPages; }
-    LostAnswer ShowLost(const std::vector<RecoveredDocument>& lost) override {
-        shown += "lost";
-        for (const RecoveredDocument& document : lost)
-            shown += ":" + document.FirstTexts;
-        shown += " ";
-        return std::exchange(answers, std::vector(answers.begin() + 1, answers.end())).front();
-    }
-    void ShowPrinterSetup() override { shown += "printer "; }
-    void ShowMarginSetup() override { shown += "margins "; }
-    LoadOutcome ShowPageSetup() override { return shown += "page ", pageSetup; }
-    void ShowSettingsEditor() override { shown += "editor "; }
-    std::string shown;
-    int startPages = 0;
-    std::vector<LostAnswer> answers; ///< to lists of lost documents
-    std::function<void()> whenShown = [] {};
-    LoadOutcome pageSetup = LoadOutcome::Loaded;
-};
-
-/// Most start over settings that are complete.
-struct StartTest : testing::Test {
-    TestProgram test{[](const std::string& text) { ADD_FAILURE() << text; }};
-    FewFonts fonts;
-    Program program{{test.settings, test.ui, test.printers, test.workbooks}, {}, fonts, {}};
-    NotingForms forms;
-
-    StartTest() {
-        fs::create_directory(test.folder / "Images");
-        fs::create_directory(test.folder / "Tabs");
-        ReplaceFile(test.folder / "Velmora.ini", "[Settings]\r\nPrinter=Velmora PDF\r\n");
-        test.settings.SettingsAppName.clear();
-        test.settings.IniFile.clear();
-        forms.whenShown = [this] { SaveDefaultMargins(test.settings, 0, "A4_8", {}); };
-    }
-    StartOutcome Start(const std::vector<std::string>& arguments = {}) {
-        return Main(program, ReadCommandLine(arguments), forms);
-    }
-    /// As on a new machine, where nobody chose a printer.
-    void BeginWithoutSettings() {
-        fs::remove(test.folder / "Velmora.ini");
-        test.settings.Object.File().Open({});
-        test.settings.Own.clear();
-    }
-    void ExpectOffer(const std::string& what, Answer answer) {
-        test.ui.Expect(what + "\r\nDo you want to do it now?", Icon::Question, Buttons::YesNo, answer);
-    }
-    void OfferPrinter(Answer answer) { ExpectOffer("You have to configure a printer.", answer); }
-    void OfferMargins(Answer answer) {
-        ExpectOffer("Every printer feeds its paper a little differently. With margins of its own, the texts stand in "
-                    "the middle of the tabs. This can wait until the first sheet is printed: File > Margin Setup."
-                    "\r\n\r\nYou have to setup margins for the tabs.",
-                    answer);
-    }
-    void AskToCreate(const std::string& folder, Answer answer) {
-        test.ui.Expect("The '" + (test.folder / folder).string() +
-                           "/' directory cannot be found.\r\nDo you want to create it?",
-                       Icon::Question, Buttons::YesNoCancel, answer);
-    }
-};
-
 TEST_F(StartTest, NamesTheProgramAndItsFolders) {
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(forms.shown, "main page ");
     EXPECT_EQ(test.settings.SettingsAppName + program.Title, "VelmoraVelmora [Version 8.1.0]");
     EXPECT_EQ(test.settings.IniFile, test.folder / "Velmora.ini");
-    EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Images").string() + "/");
+    EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Images/").string());
     EXPECT_EQ(program.main.globals.TabsPath, test.folder / "Tabs/");
 }
 
@@ -138,7 +66,7 @@ TEST_F(StartTest, AForeignNameIsOneFileToCommandLineDiskAndIniFile) {
     test.ui.Expect("File saved successfully", Icon::Information);
     EXPECT_EQ(SaveLabels(program.main, SaveKind::Save), SaveOutcome::Saved);
     EXPECT_NE(ReadFile(test.folder / name).find("typed"), std::string::npos);
-    EXPECT_NE(ReadFile(test.folder / "Velmora.ini").find("/" + name + "\r\n"), std::string::npos);
+    EXPECT_NE(ReadFile(test.folder / "Velmora.ini").find(PathText(test.folder / name) + "\r\n"), std::string::npos);
     SettingsStore nextStart(test.registry, test.ui);
     nextStart.IniFile = test.folder / "Velmora.ini";
     EXPECT_EQ(RecentFiles(nextStart), std::vector{test.folder / name});
@@ -211,6 +139,7 @@ struct LostTest : StartTest, Desktop {
     }
     std::string StartAfter(const std::string& lost, const std::vector<LostAnswer>& answers,
                            const std::string& commandLine = "") {
+        program.main.recovery.Drop();
         fs::remove_all(test.folder / "Recovery");
         windows.clear();
         std::for_each(lost.begin(), lost.end(), [this](char text) { Lose(text); });
@@ -240,12 +169,12 @@ TEST_F(LostTest, AllComeBackEachInAWindowOfItsOwnBesideTheFileOfTheCommandLine) 
     const LostAnswer all{LostChoice::Recover, {0, 1, 2}};
     EXPECT_EQ(StartAfter("abc", {all}), "main lost:c:b:a c2ba");
     program.main.recovery.Drop(); // "c" is saved
-    EXPECT_EQ(Start(windows[1], {}), "main a2b") << "as the other program";
+    EXPECT_EQ(Start(PathText(windows[1]), {}), "main a2b") << "as the other program";
     ReplaceFile(windows[0], "damaged");
     test.ui.Expect("The recovery copy is gone or damaged: " + PathText(windows[0]) +
                        "\r\nCalled from Sub: RestoreCommand",
                    Icon::Critical);
-    Start(windows[0], {});
+    Start(PathText(windows[0]), {});
     EXPECT_EQ(StartAfter("acd", {all}, file), "main lost:d:c:a saved3dca");
     EXPECT_EQ(StartAfter("abc", {all}, file), "main lost:c:b:a b2ca") << "what was lost is that file's own text";
     TellNotOpened(1);
@@ -260,7 +189,7 @@ TEST_F(LostTest, ThatManyFilesOpenEachInAWindowOfItsOwn) {
     EXPECT_EQ(StartTest::Start({file, "x.csv", "file:///tmp/a%20b.csv"}), StartOutcome::Running);
     EXPECT_EQ(forms.shown, "main ") << "no set-up but what the file's layout lacks";
     EXPECT_EQ(program.main.document.FieldA(1), "saved");
-    EXPECT_EQ(windows, (std::vector<fs::path>{fs::absolute("x.csv"), "/tmp/a b.csv"}));
+    EXPECT_EQ(windows, (std::vector<fs::path>{fs::absolute("x.csv"), fs::absolute("/tmp/a b.csv")}));
     starts = false;
     test.ui.Expect("Files not opened: 2\r\n[" + fs::absolute("x").string() + "]\r\n[" + fs::absolute("y").string() +
                        "]",
@@ -327,63 +256,6 @@ TEST_F(StartTest, AfterFiveSearchesThePersonMayGiveUp) {
     }
     EXPECT_EQ(Start(), StartOutcome::Ended);
     EXPECT_EQ(forms.shown, "");
-}
-
-TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
-    const std::string key = "SOFTWARE\\Corvane Series\\Velmora\\Paths";
-    BeginWithoutSettings();
-    OfferPrinter(Answer::Yes);
-    for (const bool moved : {true, false}) { // while there is no INI file
-        for (const char* path : {"Application", "Images"})
-            test.registry.Set(key, path, std::string("C:\\Velmora\\Images\\"));
-        EXPECT_EQ(Start(), StartOutcome::Running);
-        EXPECT_EQ(program.main.globals.ImagesPath, test.folder / "Images/");
-        EXPECT_EQ(HasOldSettings(test.settings), !moved);
-    }
-}
-
-/// The administrator may do everything: for a while, somebody else.
-class Nobody {
-public:
-    Nobody() { EXPECT_EQ(::getuid() == 0 ? ::seteuid(65534) : 0, 0); }
-    ~Nobody() { EXPECT_EQ(::getuid() == 0 ? ::seteuid(0) : 0, 0); }
-};
-
-/// What a start changes in the program folder may fail for many reasons; the program comes up all the same, says why
-/// once, and harms nothing.
-TEST_F(StartTest, AStoreThatCannotBeWrittenIsReportedOnce) {
-    const fs::path ini = test.folder / "Velmora.ini";
-    const std::string kept =
-        "[Paths]\r\nApplication=" + test.folder.Path().string() + "\r\n[Settings]\r\nOptType=3\r\n";
-    enum { IsFolder, NotReadable, NotWritable };
-    for (const int fault : {IsFolder, NotReadable, NotWritable}) {
-        fs::remove_all(ini);
-        if (fault == IsFolder)
-            fs::create_directory(ini);
-        else
-            ReplaceFile(ini, kept);
-        fs::permissions(ini, fault == NotReadable ? fs::perms::none : fs::perms(0555));
-        fs::permissions(test.folder.Path(), fault == IsFolder ? fs::perms(0755) : fs::perms(0555));
-        test.settings.Own.clear();
-        test.settings.Object.File().Open({});
-        test.settings.WriteFailureShown = false;
-        test.ui.Expect(ini.string() + (fault == IsFolder ? ": Is a directory" : ": Permission denied") +
-                           "\r\nUntil it can be written, settings are not kept.",
-                       Icon::Exclamation);
-        OfferPrinter(Answer::No); // nothing keeps what was offered
-        OfferMargins(Answer::No);
-        {
-            const auto nobody = fault == IsFolder ? nullptr : std::make_unique<Nobody>();
-            EXPECT_EQ(Start(), StartOutcome::Running);
-            SaveGlobals(program.main); // as a window that opens does
-            SaveGlobals(program.main);
-        }
-        fs::permissions(test.folder.Path(), fs::perms(0755));
-        fs::permissions(ini, fs::perms(0755));
-        EXPECT_EQ(program.main.document.setup.OptType, fault == NotWritable ? 3 : 0);
-        EXPECT_EQ(fault == IsFolder ? kept : ReadFile(ini), kept);
-    }
-    EXPECT_EQ(forms.shown, "main page main page main page ");
 }
 
 TEST_F(StartTest, ABrokenRegistryIsSaidAndCanBeImportedLater) {

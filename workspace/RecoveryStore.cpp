@@ -137,8 +137,8 @@ std::uint64_t WriteIfNew(const fs::path& file, const Snapshot& copy, std::option
 class RecoveryStore::LiveFile {
 public:
     explicit LiveFile(const fs::path& folder)
-        : path_(folder / (std::string(kLivePrefix) + RandomName() + std::string(kExtension))), lockPath_(LockOf(path_)),
-          lock_(SystemLock::MakeFile(lockPath_)) {}
+        : path_(folder / PathOf(std::string(kLivePrefix) + RandomName() + std::string(kExtension))),
+          lockPath_(LockOf(path_)), lock_(SystemLock::MakeFile(lockPath_)) {}
 
     const fs::path& Path() const { return path_; }
     const fs::path& Lock() const { return lockPath_; }
@@ -348,7 +348,7 @@ std::vector<RecoveredDocument> RecoveryStore::Prune() {
 fs::path RecoveryStore::NextArchiveName(const std::vector<RecoveredDocument>& archived) const {
     const std::uint32_t number = archived.empty() ? 1 : ArchiveNumber(archived.front().File) + 1;
     return folder_ /
-           (std::string(kArchivePrefix) + std::to_string(number) + "-" + RandomName() + std::string(kExtension));
+           PathOf(std::string(kArchivePrefix) + std::to_string(number) + "-" + RandomName() + std::string(kExtension));
 }
 
 } // namespace velmora

@@ -1,5 +1,6 @@
 #include "base/AtomicFile.h"
 
+#include "base/FileNumber.h"
 #include "base/posix/FileRights.h"
 #include "base/posix/Sibling.h"
 
@@ -210,6 +211,10 @@ std::optional<fs::path> InterruptedSave(const fs::path& path) {
             if (!newest || fs::last_write_time(copy, error) > fs::last_write_time(*newest, error))
                 newest = copy;
     return newest;
+}
+
+std::uint64_t FileNumber(const fs::path& path) {
+    return IdentityOf(path).number;
 }
 
 FileIdentity IdentityOf(const fs::path& path) {

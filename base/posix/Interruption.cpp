@@ -1,6 +1,6 @@
 #include "base/Interruption.h"
 
-#include "base/posix/ScratchNames.h"
+#include "base/ScratchNames.h"
 
 #include <csignal>
 #include <pthread.h>

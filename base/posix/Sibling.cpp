@@ -1,12 +1,10 @@
 #include "base/posix/Sibling.h"
 
+#include "base/SiblingNames.h"
 #include "base/SystemLock.h"
 
 #include <atomic>
 #include <cerrno>
-#include <charconv>
-#include <cstdint>
-#include <cstdio>
 #include <fcntl.h>
 #include <string>
 #include <sys/file.h>
@@ -19,33 +17,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kPrefix = ".velmora-";
-constexpr std::string_view kUnfinished = ".tmp";
-constexpr std::string_view kWhole = ".whole";
-
-/// Stands for a path in a file name: FNV-1a, in hexadecimal digits.
-std::string PathSum(const fs::path& path) {
+std::string SumOf(const fs::path& path) {
     std::error_code error;
     const fs::path canonical = fs::weakly_canonical(path, error);
-    std::uint64_t sum = 0xCBF29CE484222325;
-    for (const char byte : (error ? path : canonical).native())
-        sum = (sum ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
-    std::string digits(16, '0');
-    std::snprintf(digits.data(), digits.size() + 1, "%016llx", static_cast<unsigned long long>(sum));
-    return digits;
-}
-
-/// Those whose names begin and end so.
-std::vector<fs::path> FilesNamed(const fs::path& folder, const std::string& prefix, std::string_view ending) {
-    std::vector<fs::path> files;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const std::string name = entry->path().filename().native();
-        if (name.starts_with(prefix) && name.ends_with(ending))
-            files.push_back(entry->path());
-    }
-    return files;
+    return PathSum(error ? path : canonical);
 }
 
 } // namespace
@@ -55,7 +30,7 @@ Sibling::~Sibling() {
 }
 
 bool Sibling::Create(const fs::path& folder, mode_t mode) {
-    for (const fs::path& left : FilesNamed(folder, std::string(kPrefix), kUnfinished))
+    for (const fs::path& left : FilesNamed(folder, kSiblingStart, kUnfinished))
         RemoveIfLeft(left);
     if (!CreateOne(folder, mode))
         return false;
@@ -66,7 +41,7 @@ bool Sibling::Create(const fs::path& folder, mode_t mode) {
 /// The lock can come too late against another program that tidies up: then the name is gone, and the next is tried.
 bool Sibling::CreateOne(const fs::path& folder, mode_t mode) {
     static std::atomic<unsigned> count{0};
-    const std::string prefix = std::string(kPrefix) + PathSum(target_) + "-" + std::to_string(::getpid()) + "-";
+    const std::string prefix = std::string(kSiblingStart) + SumOf(target_) + "-" + std::to_string(::getpid()) + "-";
     for (;;) {
         name_.Set(folder / (prefix + std::to_string(++count) + std::string(kUnfinished)));
         file_.Reset(::open(Path().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
@@ -115,7 +90,7 @@ void Sibling::RemoveOlderCopies() {
 }
 
 std::vector<fs::path> WholeCopies(const fs::path& target, const fs::path& folder) {
-    std::vector<fs::path> copies = FilesNamed(folder, std::string(kPrefix) + PathSum(target) + "-", kWhole);
+    std::vector<fs::path> copies = FilesNamed(folder, std::string(kSiblingStart) + SumOf(target) + "-", kWhole);
     std::erase_if(copies, [](const fs::path& copy) { return SystemLock::IsHeld(copy); });
     return copies;
 }

@@ -1,7 +1,7 @@
 // The hidden twin in which a file's new content is written before it takes the file's place.
 #pragma once
 
-#include "base/posix/ScratchNames.h"
+#include "base/ScratchNames.h"
 #include "base/posix/SystemFile.h"
 
 #include <filesystem>

@@ -2,6 +2,8 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace velmora {
@@ -25,6 +27,19 @@ bool WriteAll(const SystemFile& file, std::string_view bytes) {
             bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
+}
+
+bool LockNew(const SystemFile& file) {
+    struct stat status {};
+    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0)
+        return errno != EWOULDBLOCK;
+    return ::fstat(file.Get(), &status) != 0 || status.st_nlink > 0;
+}
+
+void RemoveIfLeft(const std::filesystem::path& path) {
+    const SystemFile file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0)
+        ::unlink(path.c_str());
 }
 
 void FlushFolder(const std::filesystem::path& folder) {

@@ -1,7 +1,8 @@
 #include "base/TemporaryFile.h"
 
 #include "base/AtomicFile.h"
-#include "base/posix/ScratchNames.h"
+#include "base/ScratchNames.h"
+#include "base/posix/SystemFile.h"
 
 #include <cerrno>
 #include <cstdlib>

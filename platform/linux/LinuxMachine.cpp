@@ -92,4 +92,8 @@ std::unique_ptr<Drives> MakeDrives() {
     return std::make_unique<LinuxDrives>();
 }
 
+std::unique_ptr<Registry> MakeMachineRegistry(ExportReader) {
+    return nullptr;
+}
+
 } // namespace velmora

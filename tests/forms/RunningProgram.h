@@ -3,8 +3,8 @@
 
 #include "app/ui/QtForms.h"
 #include "base/AtomicFile.h"
-#include "platform/linux/FontconfigCatalogue.h"
 #include "tests/forms/FormsTest.h"
+#include "tests/support/InstalledFonts.h"
 #include "tests/support/TestProgram.h"
 #include "workspace/Margins.h"
 
@@ -112,7 +112,7 @@ public:
     void Trigger(const char* name) { window->findChild<QAction*>(name)->trigger(); }
     // NOLINTEND(readability-make-member-function-const)
 
-    FontconfigCatalogue fonts;
+    InstalledFonts fonts;
     TestProgram test;
     Program program;
     QtForms forms{program};

@@ -15,7 +15,7 @@ namespace velmora::ink {
 namespace {
 
 TEST(FontconfigCatalogue, FindsTheFamilyOrItsReplacementInTheStyleAskedFor) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     struct Case {
         const char* asked;
         bool bold;
@@ -44,7 +44,7 @@ TEST(FontconfigCatalogue, FindsTheFamilyOrItsReplacementInTheStyleAskedFor) {
 }
 
 TEST(FontconfigCatalogue, EveryFamilyListedIsFoundUnderItsName) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const std::vector<std::string> families = catalogue.Families();
     for (const char* known : {"DejaVu Sans", "Liberation Serif"})
         EXPECT_EQ(std::count(families.begin(), families.end(), known), 1) << known;
@@ -56,7 +56,7 @@ TEST(FontconfigCatalogue, EveryFamilyListedIsFoundUnderItsName) {
 }
 
 TEST(FontconfigCatalogue, ACharacterComesFromAFontThatHasItOrFromNone) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const auto snowman = catalogue.MatchCharacter({"Arial", false, false}, U'☃');
     ASSERT_TRUE(snowman);
     EXPECT_TRUE(FontFace(snowman->path, snowman->index).HasGlyph(U'☃'));
@@ -129,14 +129,14 @@ TEST(TextShaper, AMapThatLeadsBeyondTheLastGlyphLeadsToNone) {
 }
 
 TEST(TextShaper, ALetterAndItsAccentComeFromOneFace) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     TextShaper shaper(catalogue, {});
     for (const char* text : {"é", "б̀", "ẖ̄"})
         EXPECT_EQ(shaper.Shape(text, 0).runs.size(), 1U) << text;
 }
 
 TEST(TextShaper, ATextIsTheSameAfterThousandsOfOthers) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     TextShaper shaper(catalogue, {});
     const double january = shaper.Shape("January", 0).width;
     for (int i = 0; i < 20'000; ++i) {
@@ -151,7 +151,7 @@ TEST(TextShaper, ATextIsTheSameAfterThousandsOfOthers) {
 
 /// From left to right as they are seen; numbers stay readable among letters that run to the left.
 TEST(TextShaper, RunsStandInTheOrderOfTheEye) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     TextShaper shaper(catalogue, {});
     for (const auto& [text, expected] : kRightToLeft) {
         const ShapedText& shaped = shaper.Shape(text, 0);

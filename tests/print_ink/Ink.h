@@ -1,10 +1,10 @@
 // Sheets made by hand, drawn to a PDF or a picture, and what other programs say about the result.
 #pragma once
 
-#include "platform/linux/FontconfigCatalogue.h"
 #include "report/PdfCanvas.h"
 #include "report/SheetPainter.h"
 #include "report/Twips.h"
+#include "tests/support/InstalledFonts.h"
 #include "tests/support/PdfWords.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -38,7 +38,7 @@ FontSettings AllFields(const FieldFont& font);
 
 /// Answers with the faces of another catalogue, but as the test wants them.
 struct DressedCatalogue : FontCatalogue {
-    FontconfigCatalogue real;
+    InstalledFonts real;
     bool noBold = false;   ///< no family has a bold face
     bool noItalic = false; ///< no family has an italic face
     bool hasFallback = true;

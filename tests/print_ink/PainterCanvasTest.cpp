@@ -85,7 +85,7 @@ TEST(PainterCanvas, DrawsWhatThePdfShows) {
 }
 
 TEST(PainterCanvas, LinesThatRunToTheLeftAreThoseOfThePdf) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     Sheet sheet{kA4, {}, {}, {}};
     for (const auto& line : kRightToLeft)
         sheet.texts.push_back({line.first, MmBox(20, 10 + 11.0 * static_cast<int>(sheet.texts.size()), 80, 10)});
@@ -131,7 +131,7 @@ TEST(PainterCanvas, EveryKindOfFontFileShowsItsOwnGlyphsHereAndInThePdf) {
 }
 
 TEST(PainterCanvas, ShowsATurnedSheetUprightWhereItIsToBeRead) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const Sheet turned = OneText("No.0017", MmBox(120, 30, 70, 12), kAlignLeft, kTurnedDl);
     const Rect printed = PdfFile({turned}, AllFields({}), catalogue).Render().InkBox();
     const Rect read = Draw(turned, AllFields({}), catalogue, Way::AsRead).InkBox();
@@ -139,7 +139,7 @@ TEST(PainterCanvas, ShowsATurnedSheetUprightWhereItIsToBeRead) {
 }
 
 TEST(PainterCanvas, OutlinesAreThoseOfThePdf) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const Sheet sheet = OneText("0000", MmBox(20, 30, 60, 12));
     for (const Way way : {Way::AsPrinted, Way::Surface})
         ExpectNear(Draw(sheet, AllFields({}), catalogue, way, Outlines::Shown).InkBox(), {20, 30, 80, 42});

@@ -17,7 +17,7 @@ std::string ExtractedText(const std::string& text, const FontCatalogue& catalogu
 }
 
 TEST(Pdf, TextCanBeCopiedAsItWasTyped) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const std::pair<std::string, std::string> cases[] = {
         {"Hoërskool Bêre Môre", "Hoërskool Bêre Môre"},
         {"office fi ffl", "office fi ffl"},           // ligatures
@@ -53,14 +53,14 @@ TEST(Pdf, ADesignThatVariesHasItsOwnBold) {
 }
 
 TEST(Pdf, AnAccentOfItsOwnStaysWithItsLetter) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const std::string apart = "Be\u0302re"; // a combining circumflex
     const std::string text = ExtractedText(apart, catalogue);
     EXPECT_TRUE(text == apart || text == "B\u00EAre") << text;
 }
 
 TEST(Pdf, FontsAreEmbeddedAsSubsetsAndSayWhatTheyMean) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     Sheet sheet = OneText("No.1", MmBox(20, 30, 60, 12));
     sheet.texts.push_back({"No.2", MmBox(20, 50, 60, 12), 1, 0});
     sheet.texts.push_back({"No.3", MmBox(20, 70, 60, 12), 2, 0}); // the face of field 1 in another size
@@ -78,7 +78,7 @@ TEST(Pdf, FontsAreEmbeddedAsSubsetsAndSayWhatTheyMean) {
 }
 
 TEST(Pdf, SaysThatNothingIsScaledAndWhatItIs) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const PdfFile pdf({OneText("1", MmBox(20, 30, 60, 12))}, AllFields({}), catalogue);
     EXPECT_NE(pdf.Bytes().find("/PrintScaling/None"), std::string::npos);
     EXPECT_NE(pdf.Bytes().find("/Lang(und)"), std::string::npos);
@@ -90,7 +90,7 @@ TEST(Pdf, SaysThatNothingIsScaledAndWhatItIs) {
 }
 
 TEST(Pdf, HundredsOfPagesAreValidAndAlikeInEveryRun) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     std::vector<std::string> numbers;
     for (int i = 0; i < 700; ++i)
         numbers.push_back("No." + std::to_string(i) + "/→é");
@@ -104,7 +104,7 @@ TEST(Pdf, HundredsOfPagesAreValidAndAlikeInEveryRun) {
 }
 
 TEST(Pdf, SheetsLeaveMemoryAsTheyAreDrawn) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     std::size_t written = 0;
     PdfCanvas pdf([&](std::string_view bytes) { written += bytes.size(); }, {});
     SheetPainter painter(catalogue, AllFields({}));
@@ -116,7 +116,7 @@ TEST(Pdf, SheetsLeaveMemoryAsTheyAreDrawn) {
 }
 
 TEST(Pdf, AnyBytesAtAllAsTextMakeAValidFile) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     std::mt19937 random(8);
     std::vector<std::string> texts(150);
     for (std::string& text : texts)
@@ -129,7 +129,7 @@ TEST(Pdf, AnyBytesAtAllAsTextMakeAValidFile) {
 }
 
 TEST(Pdf, ABoxFarOffThePaperMakesAValidFile) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const Box boxes[] = {{1e300, -1e300, 1e300, 1}, {std::nan(""), 0, 0, -5}, {-1e9, 1e9, 1e18, 1e18}};
     for (const Box& box : boxes)
         PdfFile({OneText("text", box, kAlignRight)}, AllFields({}), catalogue, Outlines::Shown).Ask("qpdf --check %");

@@ -43,7 +43,7 @@ FontSettings FontOf(const Placement& placement, std::int16_t size) {
 }
 
 TEST(Placement, ATextStandsInItsBoxAsItsAlignmentsSay) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     for (const Placement& placement : kPlacements) {
         SCOPED_TRACE(testing::Message() << placement.horizontal << " " << placement.vertical << " "
                                         << placement.paper.widthMm << " mm wide");
@@ -55,7 +55,7 @@ TEST(Placement, ATextStandsInItsBoxAsItsAlignmentsSay) {
 }
 
 TEST(Placement, ATooWideTextShowsItsAlignedEndAndNoInkOutsideItsBox) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     for (const Placement& placement : kPlacements) {
         SCOPED_TRACE(testing::Message() << placement.horizontal << " " << placement.paper.widthMm << " mm wide");
         const std::string text(40, '0');
@@ -83,7 +83,7 @@ TEST(Placement, ATooWideTextShowsItsAlignedEndAndNoInkOutsideItsBox) {
 }
 
 TEST(Placement, ALineHigherThanItsBoxIsCutOnlyWhereItsInkSticksOut) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     struct Lines {
         const char* text;
         double boxHeight;
@@ -105,7 +105,7 @@ TEST(Placement, ALineHigherThanItsBoxIsCutOnlyWhereItsInkSticksOut) {
 }
 
 TEST(Placement, AnUnderlineIsAsLongAsItsTextAndEndsWithTheBox) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     const auto font = AllFields({"Arial", 18, false, false, true, 0, kAlignTop});
     for (const int digits : {5, 40}) {
         const std::string text(static_cast<std::size_t>(digits), '0');
@@ -121,7 +121,7 @@ TEST(Placement, AnUnderlineIsAsLongAsItsTextAndEndsWithTheBox) {
 }
 
 TEST(Placement, OutlinesAreDrawnWhenAskedForAndLeaveTheTextAlone) {
-    const FontconfigCatalogue catalogue;
+    const InstalledFonts catalogue;
     Sheet sheet = OneText("0000", MmBox(20, 30, 60, 12));
     sheet.fields = {MmBox(15, 25, 90, 40)};
     const PdfFile plain({sheet}, AllFields({}), catalogue);

@@ -7,8 +7,6 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <set>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace velmora {
 namespace {
@@ -100,11 +98,6 @@ TEST(IniText, AValueEndsAtItsFirstLineBreak) {
     }
 }
 
-ino_t Number(const fs::path& path) {
-    struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
-}
-
 TEST(IniFile, KeepsTheEncodingWhileItHoldsTheTexts) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"[s]\r\nk=caf\xE9\r\n", "\xC3\xBC \xE2\x82\xAC", "[s]\r\nk=\xFC \x80\r\n"},
@@ -127,12 +120,12 @@ TEST(IniFile, KeepsTheEncodingWhileItHoldsTheTexts) {
 TEST(IniFile, LeavesAFileAloneThatWouldNotChange) {
     const TemporaryFolder folder;
     ReplaceFile(folder / "a.ini", "[s]\nk=1\n");
-    const ino_t number = Number(folder / "a.ini");
+    const FileIdentity before = IdentityOf(folder / "a.ini");
     IniFile file(folder / "a.ini");
     file.Write("s", "k", "1");
     file.Write("s", "missing", std::nullopt);
     file.WriteDefault("s", "k", "1");
-    EXPECT_EQ(Number(folder / "a.ini"), number);
+    EXPECT_EQ(IdentityOf(folder / "a.ini"), before);
     IniFile none(folder / "none.ini");
     none.Write("s", "k", std::nullopt);
     EXPECT_FALSE(fs::exists(folder / "none.ini"));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/AtomicFile.h"
+#include "base/Paths.h"
 
 #include <filesystem>
 #include <random>
@@ -25,7 +26,8 @@ public:
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const std::filesystem::path& Path() const { return path_; }
-    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+    /// With the system's own separator throughout, as the program shows paths.
+    std::filesystem::path operator/(const std::string& name) const { return (path_ / PathOf(name)).make_preferred(); }
 
 private:
     std::filesystem::path path_;

@@ -1,4 +1,4 @@
-// velmora-batch: the command-line twin of Velmora, for scripts.
+#include "batch/Run.h"
 
 #include "base/Interruption.h"
 #include "base/Terminal.h"
@@ -11,13 +11,12 @@
 #include <iostream>
 #include <optional>
 
+namespace velmora {
 namespace {
 
-using namespace velmora;
-
-int Run(int argc, char** argv) {
+int RunCommand(const std::vector<std::string>& arguments) {
     try {
-        const ParsedCommand command = ParseCommandLine({argv + 1, argv + argc}, std::cout, std::cerr);
+        const ParsedCommand command = ParseCommandLine(arguments, std::cout, std::cerr);
         if (!command.run)
             return command.exitCode;
         const int code = command.run();
@@ -35,11 +34,13 @@ int Run(int argc, char** argv) {
 
 } // namespace
 
-int main(int argc, char** argv) {
-    velmora::RemoveTemporaryFilesWhenInterrupted();
+int RunBatch(const std::vector<std::string>& arguments) {
+    RemoveTemporaryFilesWhenInterrupted();
     const TerminalStream errors(std::cerr);
     std::optional<TerminalStream> output; // what goes to a file or another program is theirs as it is
     if (OutputIsTerminal())
         output.emplace(std::cout);
-    return Run(argc, argv);
+    return RunCommand(arguments);
 }
+
+} // namespace velmora

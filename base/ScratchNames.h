@@ -1,8 +1,6 @@
 // Files that are to be gone when the program ends, also when it is interrupted.
 #pragma once
 
-#include "base/posix/SystemFile.h"
-
 #include <filesystem>
 #include <mutex>
 
@@ -31,11 +29,5 @@ std::unique_lock<std::mutex> HoldInterruptions();
 
 /// Removes all that are held; none can be made any more. For a program that ends now.
 void RemoveScratchFiles() noexcept;
-
-/// Locks a file just made, so that RemoveIfLeft knows that its program runs. False where that has removed it already. A
-/// file system without locks locks nothing, and nothing is removed there.
-bool LockNew(const SystemFile& file);
-/// Removes a file whose program has ended, to judge by the lock. No effect on others.
-void RemoveIfLeft(const std::filesystem::path& path);
 
 } // namespace velmora

@@ -1,11 +1,6 @@
-#include "base/posix/ScratchNames.h"
+#include "base/ScratchNames.h"
 
-#include <cerrno>
-#include <fcntl.h>
 #include <set>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace velmora {
 namespace {
@@ -41,19 +36,6 @@ void RemoveScratchFiles() noexcept {
         std::error_code error;
         std::filesystem::remove_all(name, error);
     }
-}
-
-bool LockNew(const SystemFile& file) {
-    struct stat status {};
-    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0)
-        return errno != EWOULDBLOCK;
-    return ::fstat(file.Get(), &status) != 0 || status.st_nlink > 0;
-}
-
-void RemoveIfLeft(const std::filesystem::path& path) {
-    const SystemFile file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0)
-        ::unlink(path.c_str());
 }
 
 } // namespace velmora
