@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
-#include <iterator>
+#include <span>
 
 namespace velmora {
 namespace {
@@ -20,6 +20,8 @@ constexpr std::string_view kNames[] = {
     "year",   "month",   "date",       "account",     "reference", "ref",      "address",  "phone", "email",
     "naam",   "van",     "voornaam",   "voorletters", "titel",     "kliënt",   "nommer",   "kode",  "lêer",
     "jaar",   "maand",   "datum",      "rekening",    "verwysing", "adres",    "telefoon", "e-pos"};
+/// That stand between such names.
+constexpr std::string_view kBetween[] = {"", "and", "or", "of", "en", "&", "/", "-"};
 
 bool HasDigit(std::string_view text) {
     return text.find_first_of("0123456789") != std::string_view::npos;
@@ -30,9 +32,19 @@ bool HasLetter(std::string_view text) {
     return std::any_of(text.begin(), text.end(), [](unsigned char c) { return std::isalpha(c) != 0 || c > 127; });
 }
 
+bool IsOneOf(std::span<const std::string_view> words, std::string_view word) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+/// Also several in one cell, and nothing else: "Client Name", "Surname and initials".
 bool IsUsualName(std::string_view text) {
     const std::string name = FoldCase(Trim(text));
-    return std::find(std::begin(kNames), std::end(kNames), name) != std::end(kNames);
+    if (IsOneOf(kNames, name))
+        return true;
+    const auto words = Split(name, ' ');
+    return words.size() > 1 && IsOneOf(kNames, words.front()) &&
+           std::all_of(words.begin(), words.end(),
+                       [](std::string_view word) { return IsOneOf(kNames, word) || IsOneOf(kBetween, word); });
 }
 
 bool StandsAboveNumbers(const std::vector<Row>& rows, std::size_t column) {

@@ -6,8 +6,8 @@
 
 namespace velmora {
 
-/// True where each filled cell of the first row has a letter, and a usual name of a column is among them or a text
-/// without digits above at least two cells that all have one.
+/// True where each filled cell of the first row has a letter, and a usual name of a column, or several, is among them
+/// or a text without digits above at least two cells that all have one.
 bool LooksLikeHeading(const std::vector<std::vector<std::string>>& rows);
 
 } // namespace velmora

@@ -33,6 +33,8 @@ TEST(Columns, AHeadingIsGuessedFromItsNamesOrFromNumbersBelow) {
     const std::pair<Rows, bool> cases[] = {
         {{{"Client", "Box"}, {"Smith", "x"}}, true},
         {{{" KLI\xC3\x8BNT"}, {"Botha"}}, true},
+        {{{"Box", "Surname and  Initials"}, {"x", "Smith"}}, true},
+        {{{"File of Botha"}, {"Smith"}}, false},
         {{{"Firm", "Box", ""}, {"Smith", "A-1"}, {"", ""}, {"Jones", "A-2", "x"}}, true},
         {{{"Firm", "Box"}, {"Smith", "A-1"}}, false}, // one number may be part of a name
         {{{"Smith", "Box"}, {"7 Stars", "x"}, {"Jones", "y"}}, false},

@@ -240,7 +240,7 @@ QString frmImport::FieldsOf(int column) const {
         if (cboJoined_[field]->currentIndex() == column)
             fields << "+ " + name;
     }
-    return fields.join(' ');
+    return fields.join(", ");
 }
 
 /// The rows that become tabs, under the fields that their columns go to.

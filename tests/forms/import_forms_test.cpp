@@ -125,14 +125,14 @@ private slots:
             for (const auto& [box, column] : {std::pair{"cboField1", 4}, {"cboField2", 4}, {"cboField3", 0}})
                 Get<QComboBox>(dialog, box).setCurrentIndex(column);
             Click(dialog, "chkHeading");
-            QCOMPARE(Titles(dialog), (QStringList{"A", "B", "C", "D\nField A Field B"}));
+            QCOMPARE(Titles(dialog), (QStringList{"A", "B", "C", "D\nField A, Field B"}));
             Click(dialog, "chkHeading");
             QVERIFY(!Get<QComboBox>(dialog, "cboBetween").isEnabled());
             Get<QComboBox>(dialog, "cboJoined1").setCurrentText("A - Client");
             Get<QComboBox>(dialog, "cboBetween").setCurrentText("Slash");
             QCOMPARE(Get<QLabel>(dialog, "lblFirstTab").text(), QString("The first tab: 7/Smith | 7"));
             QCOMPARE(Titles(dialog).first() + Titles(dialog).last(),
-                     QString("A - Client\n+ Field AD - File\nField A Field B"));
+                     QString("A - Client\n+ Field AD - File\nField A, Field B"));
             QCOMPARE(Shown(dialog, 0), (QStringList{"Smith", "2024", "", "7"}));
             QCOMPARE(Get<QComboBox>(dialog, "cboField1").currentText(), QString("D - File"));
             Get<QPushButton>(dialog, "cmdCancel").setFocus();
