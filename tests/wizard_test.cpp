@@ -360,18 +360,19 @@ TEST_F(WizardTest, WhatIsStoredCanBeChosenOnTheFontPage) {
     SaveFontSettings(main.settings, main.fonts);
     const auto captions = [](const FontPage& page, int field) {
         std::string joined;
-        for (const TypefaceChoice& choice : page.Typefaces(field))
-            joined += choice.Caption + "|";
+        for (const std::string& name : page.Typefaces(field))
+            joined += name + "|";
         return joined;
     };
     const FewFonts few({"Arimo", "Bitter", "Tinos"}), none;
     const FontPage page(main, few);
-    const char* wanted[] = {"Arimo|Bitter|Garamond (replaced by Arimo)|Tinos|", "Arimo|Bitter|Tinos|",
-                            "Arimo|Bitter|Tinos|Zilla (replaced by Arimo)|"};
+    const char* wanted[] = {"Arimo|Bitter|Garamond|Tinos|", "Arimo|Bitter|Tinos|", "Arimo|Bitter|Tinos|Zilla|"};
     for (int field = 0; field < 3; ++field)
         EXPECT_EQ(captions(page, field), wanted[field]);
     EXPECT_EQ(page.Sizes(0),
               (std::vector<std::int16_t>{6, 7, 8, 9, 10, 11, 12, 13, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72}));
+    EXPECT_EQ(page.MissingText(), "Garamond is not installed: Arimo is printed in its place.\n"
+                                  "Zilla is not installed: Arimo is printed in its place.");
     EXPECT_EQ(page.HorizontalButton(2), 1) << "an unknown code is printed left";
     for (const bool changed : {false, true}) {
         document.DocChanged = changed;
@@ -379,7 +380,9 @@ TEST_F(WizardTest, WhatIsStoredCanBeChosenOnTheFontPage) {
         EXPECT_EQ(document.DocChanged, changed) << "equal fonts are no change, and take none away";
     }
     program.ui.Expect("Please reinstall the printer fonts.\r\nCalled from Sub: FillFontType", Icon::Critical);
-    EXPECT_EQ(captions(FontPage(main, none), 0), "Garamond (not installed)|");
+    const FontPage bare(main, none);
+    EXPECT_EQ(captions(bare, 0), "Garamond|");
+    EXPECT_EQ(bare.MissingText(), "Garamond is not installed.\nbitter is not installed.\nZilla is not installed.");
 }
 
 } // namespace

@@ -65,19 +65,32 @@ void FontPage::FillFontSize() {
     sizes_ = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 }
 
-std::vector<TypefaceChoice> FontPage::Typefaces(int field) const {
-    std::vector<TypefaceChoice> choices;
-    for (const std::string& family : families_)
-        choices.push_back({family, family});
+std::vector<std::string> FontPage::Typefaces(int field) const {
+    std::vector<std::string> names = families_;
     const std::string& own = Font(field).Name;
-    const auto after = std::find_if(choices.begin(), choices.end(), [&](const TypefaceChoice& choice) {
-        return FoldCase(choice.Name) >= FoldCase(own);
-    });
-    if (after != choices.end() && FoldCase(after->Name) == FoldCase(own))
-        return choices;
-    const auto nearest = catalogue_.Match({own, Font(field).Bold, Font(field).Italic});
-    choices.insert(after, {own, own + (nearest ? " (replaced by " + nearest->family + ")" : " (not installed)")});
-    return choices;
+    if (IsInstalled(own))
+        return names;
+    const auto after = std::find_if(names.begin(), names.end(),
+                                    [&](const std::string& name) { return FoldCase(name) > FoldCase(own); });
+    names.insert(after, own);
+    return names;
+}
+
+bool FontPage::IsInstalled(const std::string& name) const {
+    return std::any_of(families_.begin(), families_.end(),
+                       [&](const std::string& family) { return FoldCase(family) == FoldCase(name); });
+}
+
+std::string FontPage::MissingText() const {
+    std::string text;
+    for (const FieldFont& font : draft_) {
+        const auto nearest = catalogue_.Match({font.Name, font.Bold, font.Italic});
+        const std::string line =
+            font.Name + " is not installed" + (nearest ? ": " + nearest->family + " is printed in its place." : ".");
+        if (!IsInstalled(font.Name) && text.find(line) == std::string::npos)
+            text += (text.empty() ? "" : "\n") + line;
+    }
+    return text;
 }
 
 std::vector<std::int16_t> FontPage::Sizes(int field) const {

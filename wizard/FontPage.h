@@ -10,12 +10,6 @@
 
 namespace velmora {
 
-/// An entry of the list of typefaces.
-struct TypefaceChoice {
-    std::string Name;
-    std::string Caption; ///< the name, and what replaces it where it is not installed
-};
-
 /// As the document's fonts and in the settings, which makes no step of undo.
 void StoreFonts(MainModule& main, const FontSettings& fonts);
 
@@ -26,7 +20,9 @@ public:
 
     const FieldFont& Font(int field) const { return draft_.at(static_cast<std::size_t>(field)); }
     /// The installed families, and the field's own typeface where it is none of them.
-    std::vector<TypefaceChoice> Typefaces(int field) const;
+    std::vector<std::string> Typefaces(int field) const;
+    /// "Arial is not installed: Arimo is printed in its place.", a line for each such typeface that is chosen.
+    std::string MissingText() const;
     /// The usual sizes in points, and the field's own, in ascending order.
     std::vector<std::int16_t> Sizes(int field) const;
 
@@ -48,6 +44,7 @@ public:
 
 private:
     FieldFont& Draft(int field) { return draft_.at(static_cast<std::size_t>(field)); }
+    bool IsInstalled(const std::string& name) const;
     void FillFontType();
     void FillFontSize();
 

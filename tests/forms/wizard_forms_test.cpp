@@ -354,7 +354,7 @@ private slots:
             auto* size = run.Find<QComboBox>("cboSize(1)");
             size->setCurrentIndex(size->findText("14"));
             auto* font = run.Find<QComboBox>("cboFont(3)");
-            font->setCurrentIndex(font->findData("DejaVu Serif"));
+            font->setCurrentIndex(font->findText("DejaVu Serif"));
             run.Find<QWidget>("Toolbar1(2)")->findChild<QToolButton*>("Button(4)")->click();
             run.Find<QWidget>("Toolbar2(1)")->findChild<QToolButton*>("Button(2)")->click();
             run.Find<QWidget>("Toolbar3(1)")->findChild<QToolButton*>("Button(1)")->click();

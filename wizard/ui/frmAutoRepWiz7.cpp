@@ -71,8 +71,10 @@ frmAutoRepWiz7::frmAutoRepWiz7(frmAutoRepWiz& wizard)
     ShowNewTabs(false);
     auto* grid = new QGridLayout;
     Content().addLayout(grid);
+    lblMissing_ = Named(AddText(QString::fromStdString(page_.MissingText())), "lblMissing");
     for (int field = 0; field < kFieldsPerTab; ++field)
         AddField(grid, field);
+    ShowMissing();
     auto* note = new QHBoxLayout;
     note->addWidget(new QLabel(tr("Note:")), 0, Qt::AlignTop);
     auto* text = new QLabel(tr("You will only be able to see the effect of the Vertical Alignment settings in the "
@@ -108,14 +110,15 @@ QComboBox* frmAutoRepWiz7::MakeFontBox(int field) {
     auto* box = Named(new QComboBox, "cboFont", field + 1);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(kFontLetters);
-    for (const TypefaceChoice& choice : page_.Typefaces(field)) {
-        box->addItem(QString::fromStdString(choice.Caption), QString::fromStdString(choice.Name));
-        if (FoldCase(choice.Name) == FoldCase(page_.Font(field).Name))
+    for (const std::string& name : page_.Typefaces(field)) {
+        box->addItem(QString::fromStdString(name));
+        if (FoldCase(name) == FoldCase(page_.Font(field).Name))
             box->setCurrentIndex(box->count() - 1);
     }
-    connect(box, &QComboBox::currentIndexChanged, this, [this, field, box] {
-        page_.ChooseName(field, box->currentData().toString().toStdString());
+    connect(box, &QComboBox::currentTextChanged, this, [this, field](const QString& name) {
+        page_.ChooseName(field, name.toStdString());
         ShowSample(field);
+        ShowMissing();
     });
     return box;
 }
@@ -182,6 +185,16 @@ void frmAutoRepWiz7::ShowSample(int field) {
     samples_.at(static_cast<std::size_t>(field))->ShowIn(font, BoxAlignment(settings.HorizontalAlignment));
     Wizard().UseFonts(page_.Fonts());
     PaintNewTabs();
+}
+
+/// What is printed where a chosen typeface is not installed.
+void frmAutoRepWiz7::ShowMissing() {
+    const QString text = QString::fromStdString(page_.MissingText());
+    lblMissing_->setVisible(!text.isEmpty());
+    if (text == lblMissing_->text())
+        return;
+    lblMissing_->setText(text);
+    emit Answered(text);
 }
 
 void frmAutoRepWiz7::Store() {

@@ -9,6 +9,7 @@
 
 class QComboBox;
 class QGridLayout;
+class QLabel;
 
 namespace velmora {
 
@@ -30,9 +31,11 @@ private:
     QWidget* MakeAlignmentBar(int field, bool horizontal);
     FieldSample* MakeSample(int field);
     void ShowSample(int field);
+    void ShowMissing();
     void Store();
 
     FontPage page_;
+    QLabel* lblMissing_ = nullptr;
     std::array<QComboBox*, kFieldsPerTab> cboFont_ = {};
     std::array<FieldSample*, kFieldsPerTab> samples_ = {};
 };
