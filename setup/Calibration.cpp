@@ -7,6 +7,7 @@
 #include "workspace/TakePageBack.h"
 #include "workspace/Undo.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -61,6 +62,18 @@ std::string MoveInWords(double mm, const char* forward, const char* back) {
     return mm == 0 ? "" : NumberText(std::abs(mm)) + " mm " + (mm > 0 ? forward : back);
 }
 
+/// "; 16 of 24 tabs are beyond the paper"; empty while all are on it, in part at least.
+std::string BeyondInWords(const Sheet& sheet, double leftMm, double topMm) {
+    const Box paper = sheet.paper.AsRead();
+    const auto beyond = std::count_if(sheet.tabs.begin(), sheet.tabs.end(), [&](const Box& tab) {
+        const Box common = paper.CommonWith(tab.Moved(LayoutTwips(leftMm), LayoutTwips(topMm)));
+        return common.width * common.height == 0;
+    });
+    return beyond == 0 ? ""
+                       : "; " + std::to_string(beyond) + " of " + std::to_string(sheet.tabs.size()) +
+                             " tabs are beyond the paper";
+}
+
 } // namespace
 
 const std::array<SamplePosition, 4> Calibration::kUnshifted = {
@@ -103,11 +116,18 @@ std::string Calibration::MoveText() const {
     if (!AreNumbers())
         return std::string("The ") + (IsTypedNumber(left_) ? "top" : "left") +
                " margin is no number: nothing can be printed.";
-    const std::string across = MoveInWords(NumberOrZero(left_), "to the right", "to the left");
-    const std::string down = MoveInWords(NumberOrZero(top_), "down", "up");
+    const double left = NumberOrZero(left_), top = NumberOrZero(top_);
+    const std::string across = MoveInWords(left, "to the right", "to the left");
+    const std::string down = MoveInWords(top, "down", "up");
     if (across.empty() && down.empty())
         return "The print does not move.";
-    return "The print moves " + across + (across.empty() || down.empty() ? "" : " and ") + down + ".";
+    return "The print moves " + across + (across.empty() || down.empty() ? "" : " and ") + down +
+           BeyondInWords(Drawing().sheet, left, top) + ".";
+}
+
+DrawnSheet Calibration::Drawing() const {
+    const DocumentSetup& setup = main_.document.setup;
+    return LayOutDrawing(main_.settings, setup.OptType, setup.StationeryType);
 }
 
 std::string Calibration::LayoutName() const {

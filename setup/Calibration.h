@@ -1,6 +1,7 @@
 // The margin calibration dialog frmFix3: two boxes for the active margins, and four sample tabs that follow them.
 #pragma once
 
+#include "setup/CalibrationSheet.h"
 #include "workspace/Margins.h"
 #include "workspace/mdlMain.h"
 
@@ -41,7 +42,9 @@ public:
 
     /// True while both boxes hold numbers.
     bool AreNumbers() const;
-    /// "The print moves 1.5 mm to the right and 2 mm up."
+    /// The stationery without margins, to be drawn.
+    DrawnSheet Drawing() const;
+    /// "The print moves 1.5 mm to the right and 2 mm up.", and how many tabs that takes off the paper.
     std::string MoveText() const;
     /// The layout's defaults as they would be loaded.
     std::string DefaultsText() const;

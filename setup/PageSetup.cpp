@@ -143,6 +143,7 @@ bool PageSetup::Ok() {
 
 void PageSetup::Cancel() {
     RefreshDocumentStatus(main_);
+    ShowCurrentTab(main_);
     ReadDocument();
 }
 

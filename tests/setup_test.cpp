@@ -133,6 +133,11 @@ TEST_F(SetupTest, TheFirstCalibrationOffersToBecomeTheDefault) {
     Calibration first(main);
     EXPECT_EQ(first.DefaultsText(), "A4 (8 rows) has no defaults yet.");
     first.LoadDefaults();
+    for (const auto& [left, told] : {std::pair("-60.5", "60.5 mm to the left; 8 of 24 tabs are beyond the paper."),
+                                     {"300", "300 mm to the right; 24 of 24 tabs are beyond the paper."}}) {
+        first.Typed(MarginBox::Left, left);
+        EXPECT_EQ(first.MoveText(), std::string("The print moves ") + told);
+    }
     first.Typed(MarginBox::Left, "2,5");
     first.Arrow(MarginArrow::Down);
     program.ui.Expect(question, Icon::Question, Buttons::YesNo, Answer::No);
@@ -322,6 +327,8 @@ TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
     EXPECT_EQ(document.setup.OptType, 0);
     EXPECT_FALSE(document.DocChanged);
     document.CurrentTab = 2;
+    PageSetup(main).Cancel();
+    EXPECT_EQ(status.panels[4], "No of tabs: 2 of 24") << "the sheet is in use as before";
     EXPECT_EQ(dialog.WhatBecomesOfTexts(), "The texts flow on in their order, from 1 page onto 1 page.");
     EXPECT_TRUE(dialog.Ok());
     EXPECT_EQ(document.FieldA(24), "kept");

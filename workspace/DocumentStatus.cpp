@@ -46,6 +46,8 @@ void RefreshDocumentStatus(MainModule& main) {
 }
 
 void ShowCurrentTab(MainModule& main) {
+    if (main.document.CurrentTab == 0)
+        return;
     main.status->SetPanel(5, "No of tabs: " + std::to_string(main.document.CurrentTab) + " of " +
                                  std::to_string(main.document.TabCount));
 }

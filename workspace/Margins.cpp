@@ -189,6 +189,7 @@ void TakePrinterMargins(MainModule& main) {
         UseMargins(main.settings, *margins);
     }
     RefreshDocumentStatus(main);
+    ShowCurrentTab(main);
     main.status->Tell({"Margins of " + main.globals.PrinterName + ": " + MarginsInWords(*margins), true});
 }
 

@@ -102,6 +102,7 @@ void frmOptionsPage::showEvent(QShowEvent* event) {
         return;
     Trapped(main_.ui, "Called from Sub: frmOptionsPage", [&] {
         RefreshDocumentStatus(main_);
+        ShowCurrentTab(main_);
         lostPrinter_ = LoadGlobals(main_) == LoadOutcome::NoPrinter;
     });
     ShowGlobals();

@@ -5,6 +5,7 @@
 #include "widgets/AnswerLabel.h"
 #include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
+#include "widgets/PaperColours.h"
 #include "workspace/Dialogs.h"
 
 #include <QDialogButtonBox>
@@ -23,7 +24,8 @@ namespace velmora {
 namespace {
 
 constexpr QSize kPictureRoom(400, 380);
-constexpr double kMostPixels = 1e6; // further off nothing is seen
+constexpr QSize kLeastRoom(280, 260); // of a picture on a small screen
+constexpr double kMostPixels = 1e6;   // further off nothing is seen
 constexpr int kArrowSize = 32;
 constexpr int kStepLetters = 60;
 constexpr int kStepGap = 10;
@@ -45,7 +47,7 @@ SheetPicture::SheetPicture(Sheet sheet, QWidget* parent)
       columns_(static_cast<std::size_t>(std::count_if(sheet_.tabs.begin(), sheet_.tabs.end(),
                                                       [&](const Box& tab) { return tab.top == sheet_.tabs[0].top; }))),
       paper_(new QWidget(this)) {
-    setMinimumSize(size_.scaled(kPictureRoom, Qt::KeepAspectRatio).toSize());
+    setMinimumSize(size_.scaled(kLeastRoom, Qt::KeepAspectRatio).toSize());
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     paper_->installEventFilter(this);
     for (std::size_t i = 0; i < frames_.size(); ++i) {
@@ -55,6 +57,10 @@ SheetPicture::SheetPicture(Sheet sheet, QWidget* parent)
         frames_[i]->setAutoFillBackground(true);
         frames_[i]->setBackgroundRole(QPalette::Highlight);
     }
+}
+
+QSize SheetPicture::sizeHint() const {
+    return size_.scaled(kPictureRoom, Qt::KeepAspectRatio).toSize();
 }
 
 void SheetPicture::Place(const std::array<SamplePosition, 4>& samples) {
@@ -100,10 +106,10 @@ bool SheetPicture::eventFilter(QObject* watched, QEvent* event) {
 /// The frames lie over their own tabs, in the same colours.
 void SheetPicture::PaintPaper() {
     QPainter painter(paper_);
-    QColor line = palette().color(QPalette::Text);
+    QColor line = kInk;
     line.setAlphaF(0.5F);
     painter.setPen(line);
-    painter.setBrush(palette().color(QPalette::Base));
+    painter.setBrush(kPaper);
     painter.drawRect(paper_->rect().adjusted(0, 0, -1, -1));
     painter.setPen(QPen(line, 1, Qt::DashLine));
     for (const Box& tab : sheet_.tabs)
@@ -141,8 +147,7 @@ QToolButton* frmFix3::ArrowButton(const char* name, const QString& word, Qt::Arr
 }
 
 QLayout* frmFix3::BuildDrawing() {
-    const DocumentSetup& setup = print_.main.document.setup;
-    DrawnSheet drawn = LayOutDrawing(print_.main.settings, setup.OptType, setup.StationeryType);
+    DrawnSheet drawn = calibration_.Drawing();
     picture_ = new SheetPicture(std::move(drawn.sheet), this);
     auto* arrows = new QGridLayout;
     arrows->addWidget(ArrowButton("cmdUp", tr("Up"), Qt::UpArrow, MarginArrow::Up), 0, 1, Qt::AlignHCenter);
@@ -229,7 +234,7 @@ QWidget* frmFix3::BuildSteps() {
     column->addSpacing(kStepGap);
     add(tr("3. Type the two numbers."));
     column->addLayout(BuildEntries());
-    lblMove_ = AddAnswer(*column, "lblMove", 1);
+    lblMove_ = AddAnswer(*column, "lblMove", 2);
     column->addSpacing(kStepGap);
     add(tr("4. Print once more: now each outline lies on the cut edge of its tab."));
     cmdCheckSheet_ = AddButton(*column, "cmdCheckSheet", tr("Print &check sheet"),

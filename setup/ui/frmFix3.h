@@ -29,6 +29,7 @@ public:
 
     /// Moves all tabs as far as the samples stand from their places without margins.
     void Place(const std::array<SamplePosition, 4>& samples);
+    QSize sizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

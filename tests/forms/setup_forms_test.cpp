@@ -148,6 +148,7 @@ private slots:
                  QString("Margins left 0, top 0 mm; P: left 3.5, top 3.5 mm"));
         button->click();
         QCOMPARE(Margins(running), std::string("3.5/3.5"));
+        QCOMPARE(running.Panel(5), QString("No of tabs: 1 of 24"));
         QCOMPARE(button->text(), QString("&Undo"));
         QVERIFY(running.window->isWindowModified());
         running.Trigger("mnuFitSheet"); // which has nothing to tell
