@@ -16,12 +16,12 @@ constexpr double kShareOfDone = 0.4;      ///< of the line, that what was done t
 } // namespace
 
 StatusLine::StatusLine(QWidget* parent)
-    : QStatusBar(parent), lblBox_(new ElidedLabel(false)), lblDone_(new ElidedLabel(true, Qt::ElideMiddle)),
+    : QStatusBar(parent), lblBox_(new ElidedLabel(false)), lblDone_(new ElidedLabel(true, Elided::Middle)),
       cmdDone_(new QPushButton) {
     setObjectName("StatusBar1");
     setSizeGripEnabled(false);
     for (std::size_t i = 0; i < panels_.size(); ++i)
-        Add(panels_[i] = new ElidedLabel(i < kAboutTheSheet), QString("Panel%1").arg(i + 1));
+        Add(panels_[i] = new ElidedLabel(i < kAboutTheSheet, Elided::Caption), QString("Panel%1").arg(i + 1));
     Add(lblBox_, "lblBox");
     Add(lblDone_, "lblDone");
     lblDone_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -2,6 +2,7 @@
 #include "editor/ui/PageStrip.h"
 #include "tests/forms/RunningProgram.h"
 #include "tests/support/FakePrinters.h"
+#include "widgets/ElidedLabel.h"
 #include "workspace/ArrangePages.h"
 #include "workspace/Pages.h"
 #include "workspace/SortTabs.h"
@@ -190,6 +191,14 @@ private slots:
     }
 
     void theStatusLineTellsAllWhereItIsCut() {
+        ElidedLabel label(true, Elided::Caption);
+        label.Show("Stationery: A4");
+        const auto shown = [&](const char* room) {
+            label.resize(label.fontMetrics().horizontalAdvance(room), 20);
+            return label.Shown();
+        };
+        QCOMPARE(shown("Stationery: A4") + shown("A4"), QString("Stationery: A4A4"));
+        QVERIFY(shown("Stati\u2026: A4").endsWith("\u2026: A4"));
         RunningProgram running(0, 2, 1);
         const auto* panel = running.window->findChild<QLabel*>("Panel2");
         QTRY_COMPARE(panel->toolTip(), QString());
