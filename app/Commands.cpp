@@ -64,7 +64,7 @@ std::string LocalTime(std::chrono::system_clock::time_point time) {
 
 void OpenBeside(UserInterface& ui, Desktop& desktop, const std::vector<std::filesystem::path>& files) {
     std::size_t opened = 0;
-    while (opened < std::min(files.size(), kMostWindows) && desktop.StartAnother(files[opened]))
+    while (opened < std::min(files.size(), kMostWindows) && desktop.StartAnother(files[opened], opened + 1))
         ++opened;
     std::string left;
     for (std::size_t i = opened; i < std::min(files.size(), opened + kMostWindows); ++i)

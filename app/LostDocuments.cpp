@@ -28,7 +28,7 @@ bool Recover(MainModule& main, Desktop& desktop, const std::filesystem::path& fi
     for (const RecoveredDocument& document : chosen) {
         if (!isHere && (file.empty() || IsOf(document, file)))
             isHere = RestoreCommand(main, document);
-        else if (windows < kMostWindows && desktop.StartAnother(document.File))
+        else if (windows < kMostWindows && desktop.StartAnother(document.File, windows + 1))
             ++windows;
         else
             ++left;

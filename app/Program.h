@@ -18,6 +18,7 @@ struct Program {
     std::string Title; ///< application title: name and version
     PrintModule print{main, layout, fontCatalogue};
     Seat<Desktop> desktop{}; ///< while nobody takes it no other program is started
+    int beside = 0;          ///< the window's number among those that were opened with another one
 };
 
 } // namespace velmora

@@ -26,6 +26,8 @@ namespace {
 
 using namespace velmora;
 
+constexpr int kMostBeside = 10; ///< windows: as many as one command opens
+
 /// Fills a folder of pictures that lacks the one by which it is known, and a folder of documents that is missing or
 /// empty: a person may have removed the sample.
 void LayOut(const std::filesystem::path& images, const std::filesystem::path& tabs) {
@@ -74,6 +76,7 @@ int Run(const CommandLine& commandLine) {
     settings.ProgramFolder = folder;
     Program program{{settings, ui, printers, workbooks}, {}, *fonts, {}};
     program.main.language = DesktopLanguage(environment);
+    program.beside = std::clamp(std::atoi(environment(kBesideVariable).value_or("0").c_str()), 0, kMostBeside);
     const std::unique_ptr<Drives> drives = MakeDrives();
     program.main.drives.Take(*drives);
     const std::unique_ptr<Desktop> desktop = MakeDesktop(environment);

@@ -5,6 +5,9 @@
 
 namespace velmora {
 
+/// Tells a program that StartAnother started where its window stands.
+inline constexpr const char* kBesideVariable = "VELMORA_BESIDE";
+
 class Desktop {
 public:
     virtual ~Desktop() = default;
@@ -13,8 +16,8 @@ public:
     /// The program that the desktop has for files of this kind.
     virtual bool OpenFile(const std::filesystem::path& /*file*/) { return false; }
     virtual bool StartProgram(const std::filesystem::path& /*program*/) { return false; }
-    /// This program once more, in a window of its own with that file.
-    virtual bool StartAnother(const std::filesystem::path& /*file*/) { return false; }
+    /// This program once more, in a window of its own with that file, the `beside`-th beside this one.
+    virtual bool StartAnother(const std::filesystem::path& /*file*/, std::size_t /*beside*/) { return false; }
     /// The desktop's own window about the machine.
     virtual bool StartSystemInformation() { return false; }
 };

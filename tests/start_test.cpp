@@ -100,7 +100,7 @@ TEST_F(StartTest, WhatIsNotSetUpYetIsOffered) {
 /// Starts over lost documents, each with its letter as the only text; "b" is of the file b.csv.
 struct LostTest : StartTest, Desktop {
     const std::string file = PathText(test.folder / "b.csv");
-    std::vector<fs::path> windows;
+    std::vector<fs::path> windows; ///< each beside those before it
     bool starts = true;
 
     LostTest() {
@@ -108,9 +108,10 @@ struct LostTest : StartTest, Desktop {
         ReplaceFile(file, "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nsaved\r\n");
     }
     ~LostTest() override { program.desktop.Leave(); }
-    bool StartAnother(const fs::path& copy) override {
+    bool StartAnother(const fs::path& copy, std::size_t beside) override {
         if (starts)
             windows.push_back(copy);
+        EXPECT_TRUE(!starts || windows.size() == beside);
         return starts;
     }
 

@@ -49,6 +49,11 @@ QRect OnScreen(const QRect& place, const QMargins& frame, const QRect& screen) {
     return {whole.topLeft(), whole.marginsRemoved(frame).size()};
 }
 
+/// The place of a window of that size, so many pixels further along a side of the screen, or on from its other end.
+int Further(int place, int pixels, int from, int room) {
+    return room <= 0 ? place : from + (place - from + pixels) % (room + 1);
+}
+
 QScreen* ScreenAt(const QWidget& window, const QPoint& place) {
     QScreen* screen = QGuiApplication::screenAt(place);
     return screen ? screen : window.screen();
@@ -60,13 +65,18 @@ std::string MaximizedKey(const char* key) {
 
 } // namespace
 
-void RestorePlace(QWidget& window, SettingsStore& settings, const char* key) {
-    const QSize room = window.screen()->virtualSize();
-    const FormPosition place = RestoreFormPosition(settings, key, PlaceOf(window), room.width(), room.height());
+void RestorePlace(QWidget& window, SettingsStore& settings, const char* key, int beside) {
+    const QSize all = window.screen()->virtualSize();
+    const FormPosition place = RestoreFormPosition(settings, key, PlaceOf(window), all.width(), all.height());
     const QSize size = QSize(place.width, place.height).expandedTo(window.minimumSizeHint());
     const QRect wanted({place.left, place.top}, size);
-    const QRect shown = OnScreen(wanted, FrameOf(window), ScreenAt(window, wanted.center())->availableGeometry());
-    window.move(shown.topLeft());
+    const QRect screen = ScreenAt(window, wanted.center())->availableGeometry();
+    const QMargins frame = FrameOf(window);
+    const QRect shown = OnScreen(wanted, frame, screen);
+    const QSize room = screen.size() - shown.marginsAdded(frame).size();
+    const int pixels = beside * frame.top();
+    window.move(Further(shown.x(), pixels, screen.x(), room.width()),
+                Further(shown.y(), pixels, screen.y(), room.height()));
     window.resize(shown.size());
     if (Probe(settings, {kFormPositions, MaximizedKey(key)}))
         window.setWindowState(window.windowState() | Qt::WindowMaximized);

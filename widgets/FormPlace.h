@@ -8,8 +8,9 @@
 namespace velmora {
 
 /// Puts the window, which is not shown yet, where it was closed last, or in the middle of the screen with the size that
-/// it has; never outside the screen or larger than it. One that filled the screen does so again.
-void RestorePlace(QWidget& window, SettingsStore& settings, const char* key);
+/// it has; never outside the screen or larger than it. One that filled the screen does so again. The `beside`-th of
+/// several windows stands so many title bars down and to the right, as far as the screen has room.
+void RestorePlace(QWidget& window, SettingsStore& settings, const char* key, int beside = 0);
 void SavePlace(const QWidget& window, SettingsStore& settings, const char* key);
 
 /// Where a window with this frame hides nothing of `spot`: where it is, else beside it, as near as there is room on the

@@ -103,7 +103,7 @@ mdiVelmora::mdiVelmora(Program& program) : program_(program) {
     });
     WatchEditMenu(findChild<QMenu*>("mnuEdit"));
     resize(kFirstSize);
-    RestorePlace(*this, program_.main.settings, kPositionKey);
+    RestorePlace(*this, program_.main.settings, kPositionKey, program_.beside);
     ShowStrip();
     program_.main.status.Take(*this);
     program_.main.dialogs.Take(importForms_);
@@ -375,12 +375,18 @@ void mdiVelmora::dropEvent(QDropEvent* event) {
     });
 }
 
+/// That of the first window: the others stand beside it the next time, too.
+void mdiVelmora::KeepPlace() {
+    if (program_.beside == 0)
+        SavePlace(*this, program_.main.settings, kPositionKey);
+}
+
 void mdiVelmora::Leave() {
     KeepLastRecoveryCopy(program_.main);
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* dialog = dynamic_cast<PlacedDialog*>(window); dialog && dialog->isVisible())
             dialog->hide(); // which stores its place
-    SavePlace(*this, program_.main.settings, kPositionKey);
+    KeepPlace();
 }
 
 void mdiVelmora::closeEvent(QCloseEvent* event) {
@@ -389,7 +395,7 @@ void mdiVelmora::closeEvent(QCloseEvent* event) {
     if (!event->isAccepted())
         return;
     keepTimer_.stop();
-    SavePlace(*this, program_.main.settings, kPositionKey);
+    KeepPlace();
 }
 
 } // namespace velmora

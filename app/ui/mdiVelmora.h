@@ -49,6 +49,7 @@ private:
     void Restore(const RecoveredDocument& document);
     void KeepSoon();
     void KeepBeside();
+    void KeepPlace();
     void BuildToolBar();
     void BuildStatusLine();
     void BuildStrip();

@@ -27,23 +27,38 @@ std::optional<fs::path> FindInPath(const std::string& folders, const std::string
 }
 
 /// The rest of a life as another program: between fork and exec only calls that are safe there.
-[[noreturn]] void Become(char* const* arguments, int complaint) {
+[[noreturn]] void Become(char* const* arguments, char* const* variables, int complaint) {
     if (const int null = ::open("/dev/null", O_RDWR); null >= 0)
         for (int stream = 0; stream < 3; ++stream)
             ::dup2(null, stream);
-    ::execv(arguments[0], arguments);
+    ::execve(arguments[0], arguments, variables);
     const int cause = errno;
     [[maybe_unused]] const auto written = ::write(complaint, &cause, sizeof cause);
     ::_exit(127);
 }
 
+/// For a program, ended as the system wants it.
+std::vector<char*> Pointers(const std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (const std::string& text : texts)
+        pointers.push_back(const_cast<char*>(text.c_str()));
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+/// This program's own, after `first`.
+std::vector<std::string> Variables(std::vector<std::string> first) {
+    for (char** variable = environ; *variable; ++variable)
+        first.emplace_back(*variable);
+    return first;
+}
+
 /// A grandchild in a session of its own, so that it outlives this program and leaves no zombie. False when it could
 /// not become that program, which the pipe tells: a program that starts closes it without a word.
-bool StartDetached(const std::vector<std::string>& command) {
-    std::vector<char*> arguments;
-    for (const std::string& argument : command)
-        arguments.push_back(const_cast<char*>(argument.c_str()));
-    arguments.push_back(nullptr);
+bool StartDetached(const std::vector<std::string>& command, const std::vector<std::string>& own = {}) {
+    const std::vector<char*> arguments = Pointers(command);
+    const std::vector<std::string> texts = Variables(own);
+    const std::vector<char*> variables = Pointers(texts);
     int pipe[2];
     if (::pipe2(pipe, O_CLOEXEC) != 0)
         return false;
@@ -52,7 +67,7 @@ bool StartDetached(const std::vector<std::string>& command) {
         ::setsid();
         const pid_t grandchild = ::fork();
         if (grandchild == 0)
-            Become(arguments.data(), pipe[1]);
+            Become(arguments.data(), variables.data(), pipe[1]);
         ::_exit(grandchild < 0 ? 1 : 0);
     }
     ::close(pipe[1]);
@@ -89,10 +104,11 @@ bool LinuxDesktop::StartProgram(const fs::path& program) {
     return program.is_absolute() && IsProgram(program) && StartDetached({PathText(program)});
 }
 
-bool LinuxDesktop::StartAnother(const fs::path& file) {
+bool LinuxDesktop::StartAnother(const fs::path& file, std::size_t beside) {
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    return !error && StartDetached({PathText(program), PathText(fs::absolute(file))});
+    return !error && StartDetached({PathText(program), PathText(fs::absolute(file))},
+                                   {kBesideVariable + ("=" + std::to_string(beside))});
 }
 
 bool LinuxDesktop::StartSystemInformation() {

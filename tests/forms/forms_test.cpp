@@ -174,6 +174,17 @@ private slots:
             running.Start(0, 1, 1);
             QVERIFY2(screen.contains(running.window->geometry()), place);
         }
+        QList<QPoint> places;
+        for (const int beside : {0, 1, 2, 40}) {
+            RunningProgram running;
+            running.test.Store("Form Position", "mdiVelmora", "20,20,500,400");
+            running.program.beside = beside;
+            running.Start(0, 1, 1);
+            QVERIFY(screen.contains(running.window->geometry()) && !places.contains(running.window->pos()));
+            places << running.window->pos();
+            running.window->close();
+            QCOMPARE(running.test.Stored("Form Position", "mdiVelmora").substr(0, 6), std::string("20,20,"));
+        }
         RunningProgram running;
         running.test.Store("Form Position", "mdiVelmora Maximized", "True");
         running.Start(0, 1, 1);
