@@ -28,6 +28,7 @@ namespace {
 
 constexpr int kColumns = 3;      ///< of pictures
 constexpr int kPictureLines = 8; ///< the height of a picture, in lines of text
+constexpr int kFewestLines = 3;  ///< in large letters on a small screen
 constexpr int kFileLetters = 30; ///< of a recent file's name
 constexpr int kCommandGap = 16;  ///< pixels between groups
 constexpr int kColumnGap = 48;   ///< pixels between what is there and what begins
@@ -77,6 +78,7 @@ frmStart::frmStart(MainModule& main, frmGrid2a4& grid, QWidget& window)
     setAccessibleDescription(tr("Begin to type, or press Tab for files and stationery."));
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAttribute(Qt::WA_InputMethodEnabled);
     BuildUi();
     grid.parentWidget()->layout()->addWidget(this);
@@ -84,7 +86,6 @@ frmStart::frmStart(MainModule& main, frmGrid2a4& grid, QWidget& window)
     setFocus();
     grid.hide();
     connect(&grid, &frmGrid2a4::BoxTold, this, &frmStart::Close);
-    QTimer::singleShot(0, this, &frmStart::ShowPictures);
 }
 
 void frmStart::BuildUi() {
@@ -192,8 +193,7 @@ QToolButton* frmStart::MakeStationery(int type) {
     button->setAccessibleName(label);
     button->setAutoRaise(true);
     button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    button->setIconSize(LetterSize(*this) * kPictureLines);
-    button->setIcon(Fitted({}, button->iconSize(), 1));
+    button->setIcon(Fitted({}, LetterSize(*this), 1)); // keeps its place
     stationeries_->addButton(button, type);
     return button;
 }
@@ -212,6 +212,33 @@ QLayout* frmStart::BuildFields() {
     }
     row->addStretch();
     return row;
+}
+
+bool frmStart::HasRoom() const {
+    const QSize needed = widget()->minimumSizeHint(), room = maximumViewportSize();
+    return needed.width() <= room.width() && needed.height() <= room.height();
+}
+
+void frmStart::SizePictures(int lines) {
+    for (QAbstractButton* button : stationeries_->buttons())
+        button->setIconSize(LetterSize(*this) * lines);
+    for (const QWidget* outer : {stationeries_->button(0)->parentWidget(), widget()})
+        outer->layout()->activate(); // so that the page knows its new size
+}
+
+/// Pictures are as large as the page has room for; what is written stays whole.
+void frmStart::FitPictures() {
+    const QSize before = stationeries_->button(0)->iconSize();
+    SizePictures(kPictureLines);
+    for (int lines = kPictureLines; lines > kFewestLines && !HasRoom();)
+        SizePictures(--lines);
+    if (stationeries_->button(0)->iconSize() != before)
+        QTimer::singleShot(0, this, &frmStart::ShowPictures);
+}
+
+void frmStart::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    FitPictures();
 }
 
 /// Once the page is up. A picture that is missing leaves its place empty: nothing is asked here.

@@ -29,6 +29,7 @@ signals:
 
 protected:
     bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
 
@@ -41,6 +42,9 @@ private:
                     const char* command);
     void AddRecentFiles(QVBoxLayout* column);
     QToolButton* MakeStationery(int type);
+    bool HasRoom() const;
+    void SizePictures(int lines);
+    void FitPictures();
     void ShowPictures();
     void PassOn(QEvent& event);
     void Close();
