@@ -14,6 +14,11 @@
 #include <QVBoxLayout>
 
 namespace velmora {
+namespace {
+
+constexpr int kPlaceLetters = 44; ///< of a place, with some words of its tab
+
+} // namespace
 
 frmGoTo::frmGoTo(MainModule& main, QWidget* parent) : PlacedDialog(main.settings, "frmGoTo", parent), main_(main) {
     setObjectName("frmGoTo");
@@ -31,6 +36,7 @@ void frmGoTo::BuildUi() {
     lblPlace->setBuddy(txtPlace_);
     lstPlaces_ = Named(new QListWidget, "lstPlaces");
     lstPlaces_->setAccessibleName(tr("Places"));
+    lstPlaces_->setMinimumWidth(kPlaceLetters * fontMetrics().averageCharWidth());
     connect(lstPlaces_, &QListWidget::itemActivated, this, &frmGoTo::Go);
     lblResult_ = Named(new AnswerLabel, "lblResult");
     auto* buttons = MakeButtons();

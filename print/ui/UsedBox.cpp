@@ -25,6 +25,10 @@ UsedBox::UsedBox(PrintRun& run, QWidget* parent)
     layout->addWidget(lblUsed_);
     layout->addWidget(chkGoesOn_);
     connect(chkPartlyUsed_, &QCheckBox::toggled, this, &UsedBox::TellRun);
+    connect(chkPartlyUsed_, &QCheckBox::clicked, this, [this](bool partly) {
+        if (partly)
+            emit MarkingBegins();
+    });
     ShowLabels();
 }
 

@@ -36,6 +36,8 @@ public:
     void Keep(const std::vector<int>& sheets);
 
 signals:
+    /// A person has ticked it, and is about to say which labels are gone.
+    void MarkingBegins();
     /// The run has been told.
     void Changed();
 

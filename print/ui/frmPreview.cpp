@@ -179,6 +179,7 @@ void frmPreview::Connect() {
     connect(cmdZoomOut_, &QAction::triggered, this, [this] { StepZoom(-1); });
     connect(chkOutlines_, &QCheckBox::toggled, display_, &SheetDisplay::ShowOutlines);
     connect(usedBox_, &UsedBox::Changed, this, &frmPreview::ShowRun);
+    connect(usedBox_, &UsedBox::MarkingBegins, display_, [this] { display_->setFocus(); }); // for the arrow keys
     connect(printBox_, &PrintBox::TabsChosen, this, &frmPreview::ShowRun);
     connect(printBox_, &PrintBox::Printed, usedBox_, &UsedBox::Keep);
     connect(display_, &SheetDisplay::SlotToggled, usedBox_, &UsedBox::Toggle);
