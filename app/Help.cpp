@@ -52,8 +52,8 @@ constexpr FormPage kForms[] = {
     {"frmPassword", "printing"},    {"frmUsed", "used-sheets"},
     {"frmImport", "spreadsheets"},  {"frmSelectSheet", "spreadsheets"},
     {"frmGrid2a4", "typing"},       {"frmProgress", "troubles"},
-    {"frmHelp", "welcome"},         {"frmGoTo", "arranging"},
-    {"frmSort", "arranging"},       {"frmMovePage", "arranging"},
+    {"frmHelp", "welcome"},         {"frmGoTo", "pages"},
+    {"frmSort", "arranging"},       {"frmMovePage", "pages"},
     {"frmRemove", "arranging"},     {"mdiVelmora", "welcome"},
     {"frmRecover", "recovery"},     {"frmStart", "first-document"},
 };

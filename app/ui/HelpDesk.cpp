@@ -34,6 +34,11 @@ std::string PageFor(const QWidget& from) {
     return std::string(HelpPages().front().name);
 }
 
+/// True for a window itself, too.
+bool StandsOver(const QObject* window, const QObject& below) {
+    return window && (window == &below || StandsOver(window->parent(), below));
+}
+
 } // namespace
 
 HelpDesk::HelpDesk(MainModule& main, QWidget* owner) : QObject(owner), main_(main), owner_(owner) {
@@ -55,7 +60,7 @@ void HelpDesk::ShowFor(QWidget& from) {
     QWidget* window = from.window();
     if (window == form_)
         return;
-    if (window != form_->parentWidget())
+    if (window != form_->parentWidget() && !StandsOver(window, *form_))
         MoveTo(window);
     form_->ShowPage(PageFor(from));
 }

@@ -1,6 +1,7 @@
 #include "app/ui/QtForms.h"
 
 #include "app/StartPage.h"
+#include "app/ui/HelpDesk.h"
 #include "app/ui/SetupForms.h"
 #include "app/ui/frmRecover.h"
 #include "app/ui/frmSettings.h"
@@ -36,7 +37,9 @@ LoadOutcome QtForms::ShowPageSetup() {
 }
 
 void QtForms::ShowSettingsEditor() {
-    frmSettings(program_.main).exec();
+    frmSettings form(program_.main);
+    new HelpDesk(program_.main, &form);
+    form.exec();
 }
 
 } // namespace velmora

@@ -1,6 +1,7 @@
 #include "app/ui/frmHelp.h"
 
 #include "app/Help.h"
+#include "widgets/Contrast.h"
 #include "widgets/LineIcon.h"
 
 #include <QAction>
@@ -22,6 +23,10 @@ namespace velmora {
 namespace {
 
 constexpr QSize kHelpSize(900, 640);
+constexpr double kTextContrast = 4.5; ///< which readers need, beside its ground
+constexpr int kMargin = 16;           ///< of a page
+constexpr int kAroundPicture = 3 * kMargin;
+constexpr int kLeastPicture = 300; ///< pixels across, at least, where there is room for less
 constexpr int kSnippetBefore = 30;
 constexpr int kSnippetLength = 90;
 
@@ -75,6 +80,25 @@ QStringList Words(const QString& text) {
     return text.split(QRegularExpression("\\s+"), Qt::SkipEmptyParts);
 }
 
+/// Whose pictures have two pixels for each that they take, and so are sharp on any screen.
+class PageBrowser : public QTextBrowser {
+protected:
+    QVariant loadResource(int type, const QUrl& name) override {
+        const QVariant resource = QTextBrowser::loadResource(type, name);
+        const QImage picture = QImage::fromData(resource.toByteArray());
+        if (type != QTextDocument::ImageResource || picture.isNull())
+            return resource;
+        const double scale = devicePixelRatioF();
+        const int room = std::max(kLeastPicture, viewport()->width() - kAroundPicture);
+        const QSizeF size = picture.width() / 2 > room
+                                ? QSizeF(picture.size()).scaled(room, picture.height(), Qt::KeepAspectRatio)
+                                : QSizeF(picture.size()) / 2;
+        QImage shown = picture.scaled((size * scale).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        shown.setDevicePixelRatio(scale);
+        return shown;
+    }
+};
+
 } // namespace
 
 frmHelp::frmHelp(SettingsStore& settings, QWidget* parent) : PlacedDialog(settings, "frmHelp", parent) {
@@ -100,11 +124,13 @@ frmHelp::frmHelp(SettingsStore& settings, QWidget* parent) : PlacedDialog(settin
 }
 
 void frmHelp::BuildUi() {
-    page_ = new QTextBrowser;
+    page_ = new PageBrowser;
     page_->setObjectName("txtPage");
     page_->setAccessibleName(tr("Page"));
     page_->setMinimumSize(kHelpSize / 2);
-    page_->document()->setDocumentMargin(16);
+    page_->document()->setDocumentMargin(kMargin);
+    const QColor link = StandingOut(palette().link().color(), palette().base().color(), kTextContrast);
+    page_->document()->setDefaultStyleSheet("a { color: " + link.name() + " }");
     auto* splitter = new QSplitter;
     splitter->addWidget(BuildIndex());
     splitter->addWidget(page_);
@@ -157,7 +183,6 @@ QWidget* frmHelp::BuildIndex() {
     index_->addWidget(treContents_);
     index_->addWidget(lstHits_);
     auto* index = new QWidget;
-    index->setMinimumWidth(fontMetrics().averageCharWidth() * 36);
     auto* layout = new QVBoxLayout(index);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(txtSearch_);
@@ -176,6 +201,9 @@ void frmHelp::FillContents() {
         item->setData(0, Qt::UserRole, Text(page.name));
     }
     treContents_->expandAll();
+    const QAbstractItemView& titles = *treContents_;
+    treContents_->setMinimumWidth(titles.sizeHintForColumn(0) + 2 * titles.frameWidth() +
+                                  style()->pixelMetric(QStyle::PM_ScrollBarExtent)); // none is cut
 }
 
 QSize frmHelp::sizeHint() const {
@@ -183,10 +211,10 @@ QSize frmHelp::sizeHint() const {
 }
 
 void frmHelp::ShowPage(const std::string& name) {
-    page_->setSource(Source(QString::fromStdString(name)));
-    show();
+    show(); // pictures take the room that there is
     raise();
     activateWindow();
+    page_->setSource(Source(QString::fromStdString(name)));
     page_->setFocus();
 }
 

@@ -5,7 +5,6 @@
 #include "app/ui/frmOptionsPage.h"
 #include "app/ui/frmRecover.h"
 #include "app/ui/frmSelectSheet.h"
-#include "app/ui/frmSettings.h"
 #include "editor/ui/frmFind.h"
 #include "platform/qt/QtUserInterface.h"
 #include "print/ui/frmPreview.h"
@@ -17,6 +16,8 @@
 
 #include <QListView>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QTextBrowser>
 #include <QTimer>
 
 namespace {
@@ -41,6 +42,35 @@ class AccessibilityFormsTest : public QObject {
             form.nextInFocusChain()->setFocus();
         QCoreApplication::processEvents(); // what the form does when it comes to the front
         faults_ += FormFaults::Of(form);
+        AskForHelp(form);
+    }
+    /// The page of the help that is shown, which goes.
+    static QString TakeHelp() {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == "frmHelp" && window->isVisible()) {
+                const std::unique_ptr<QWidget> gone(window);
+                return Get<QTextBrowser>(*window, "txtPage").toPlainText();
+            }
+        return {};
+    }
+    /// The Help button and F1 lead to a page that names the form, without the names of what is open in it.
+    void AskForHelp(QWidget& form) {
+        if (form.inherits("QMessageBox") || form.objectName() == "frmHelp")
+            return;
+        QString name = form.windowTitle().remove(QRegularExpression(" (list\\.csv|Velmora|\\.\\.\\.|\\[.*|- .*)$"));
+        if (name == "Velmora" || name == QApplication::applicationName())
+            name = form.objectName().mid(3);
+        else if (!form.findChild<QPushButton*>("cmdHelp"))
+            faults_ << name + " has no Help button";
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+        QStringList pages = {TakeHelp()};
+        if (auto* help = form.findChild<QPushButton*>("cmdHelp")) {
+            help->click();
+            pages << TakeHelp();
+        }
+        for (const QString& page : pages)
+            if (!QString(page).remove(' ').contains(QString(name).remove(' '), Qt::CaseInsensitive))
+                faults_ << form.objectName() + ": \"" + name + "\" is not on the help page " + page.left(20);
     }
     /// Of a window that is not modal.
     void LookAndClose(QWidget& form) {
@@ -128,6 +158,15 @@ class AccessibilityFormsTest : public QObject {
         });
         running.Trigger("mnuPrinterSetupWiz");
     }
+    /// Which stands alone.
+    void LookAtSettingsEditor() {
+        RunningProgram alone;
+        const DialogAnswer answer("frmSettings", [this](QDialog& dialog) {
+            Look(dialog);
+            dialog.reject();
+        });
+        alone.forms.ShowSettingsEditor();
+    }
     void LookAtWizard(RunningProgram& running) {
         running.Trigger("mnuAutoRepWiz");
         auto* wizard = running.window->findChild<WizardFrame*>();
@@ -148,6 +187,7 @@ private slots:
 
     void everyFormIsForEverybody() {
         faults_.clear();
+        LookAtSettingsEditor();
         RunningProgram running(&printers_);
         Start(running, 2);
         printers_.sources = {{{"auto", "Auto"}, {"tray-2", "Tray 2"}}, {{"plain", "Plain"}, {"labels", "Labels"}}};
@@ -172,8 +212,6 @@ private slots:
         LookAtPrinterWizard(running);
         LookAtWizard(running);
         LookAtHelp(running);
-        frmSettings settings(running.program.main);
-        LookAndClose(settings);
         running.forms.Window()->ShowStartPage();
         Look(*running.window);
         LookAtMessage();
@@ -194,6 +232,7 @@ private slots:
             QCOMPARE(list.childAt(list.child(4)->rect().center().x(), list.child(4)->rect().center().y()),
                      list.child(4));
             Click(dialog, "chkPartlyUsed");
+            QVERIFY(display->hasFocus());
             QCOMPARE(list.focusChild(), list.child(0));
             QTest::keyClick(display, Qt::Key_Down);
             QCOMPARE(list.focusChild(), list.child(3));

@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QListWidget>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTextBrowser>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -107,6 +108,21 @@ private slots:
             QCOMPARE(running.Box("TextA1(1)")->text(), QString("q"));
             QVERIFY(running.Box("TextA1(1)")->hasFocus() && running.Box("TextA1(1)")->isVisible());
         }
+    }
+
+    void thePicturesOfTheStartPageShrinkBeforeItScrolls() {
+        BeginningProgram running;
+        const auto bars = [&](QSize size) {
+            running.window->resize(size);
+            QCoreApplication::processEvents();
+            return std::pair(running.Page()->horizontalScrollBar()->isVisible(),
+                             running.Page()->verticalScrollBar()->isVisible());
+        };
+        const int all = running.window->height() - running.Page()->viewport()->height();
+        QCOMPARE(bars({1200, 900}), std::pair(false, false));
+        const int large = running.Page()->widget()->minimumSizeHint().height();
+        QCOMPARE(bars({1200, large + all - 100}), std::pair(false, false));
+        QCOMPARE(bars({1200, 100}), std::pair(false, true));
     }
 
     void aStationeryOfTheStartPageIsSetUp() {
@@ -204,16 +220,6 @@ private slots:
                     QVERIFY2(all.contains(QString(item.caption).remove('&')), item.caption);
     }
 
-    void everyFormHasItsPage() {
-        for (const char* form :
-             {"mdiVelmora",     "frmAbout",     "frmAutoRepWiz3a", "frmFind",     "frmFix1",    "frmFix2",
-              "frmFix3",        "frmGoTo",      "frmGrid2a4",      "frmHelp",     "frmImport",  "frmMovePage",
-              "frmOptionsPage", "frmPageSetUp", "frmPreview",      "frmProgress", "frmRecover", "frmRemoveDuplicates",
-              "frmSelectSheet", "frmSettings",  "frmSort"})
-            QVERIFY2(!Html(HelpPageOf(form)).isEmpty(), form);
-        QCOMPARE(QString(HelpPageOf("frmSelectSheet").data()), QString("spreadsheets"));
-    }
-
     void theHelpIsReadBesideAModalDialog() {
         RunningProgram running;
         running.Start();
@@ -261,6 +267,9 @@ private slots:
         hits.setCurrentRow(0);
         QCOMPARE(place(), QString("used-sheets.html Partly used sheets"));
         QVERIFY(page->extraSelections().size() > 2);
+        const QUrl picture("qrc:/help/used-sheet.png");
+        QCOMPARE(page->document()->resource(QTextDocument::ImageResource, picture).value<QImage>().width(),
+                 (QImage(":/help/used-sheet.png").width() + 1) / 2);
         for (const auto& [words, first] : {std::pair("undo", "Find, replace and undo"), // though pages before hold it
                                            {"print one tab again", "How do I ...?"},
                                            {"tab", "Pages and empty tabs"}}) {
