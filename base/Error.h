@@ -23,7 +23,9 @@ inline constexpr int kTypeMismatchNumber = 13;
 /// A result that does not fit the integer type of its calculation.
 class OverflowError : public Error {
 public:
-    OverflowError() : Error("Overflow", kOverflowNumber) {}
+    OverflowError() : OverflowError("Overflow") {}
+    /// With words of its own for the person.
+    explicit OverflowError(const std::string& words) : Error(words, kOverflowNumber) {}
 };
 
 /// An index outside its array.

@@ -116,7 +116,9 @@ TEST_F(RecipesTest, EntriesSayWhatTheyMakeAndLose) {
                  {"C=number,first=1,width=2,before=\"Meyer and Sons Limited \"",
                   "Meyer and Sons Limited 01, Meyer and Sons Limited 02, Meyer and Sons Limited 03 ... Meyer and Sons "
                   "Limited 30",
-                  "25 of 10", "When printed \"Meyer and Sons Limited 30\" will be cut off."},
+                  "25 of 10",
+                  "The field takes 10 letters: \"Meyer and Sons Limited 30\" has 25. When printed \"Meyer and Sons "
+                  "Limited 30\" will be cut off."},
                  {"C=number,first=1,width=1,after=\", x\"", "1, x, 2, x, 3, x ... 30, x", "5 of 10", comma},
                  {"C=number,first=2147483640", kOutOfRange, "", ""},
                  {"C=text,value=\"Meyer, and Sons Limited\"", "Meyer, and on every tab", "23 of 10",

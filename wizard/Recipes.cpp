@@ -56,7 +56,7 @@ Recipe ReadLastRun(SettingsStore& store) {
 Recipe RecipeOf(const WizardState& wizard) {
     Recipe recipe;
     for (std::size_t field = 0; field < wizard.Chosen.size(); ++field)
-        if (wizard.Chosen[field]) {
+        if (wizard.Chosen[field] && wizard.FieldDone[field]) {
             recipe.push_back({static_cast<int>(field) + 1, *wizard.Chosen[field]});
             std::string& text = recipe.back().choice.text;
             text = MakeTextSeries(text, wizard.MostLetters[field]).text;
@@ -144,6 +144,18 @@ void GiveField(WizardState& wizard, const TabDocument& document, const FieldSett
     ChooseField(wizard, document, setting.fieldNo);
     ChooseKind(wizard, setting.choice.kind);
     GiveValues(wizard, setting.choice);
+}
+
+void GiveFirstText(WizardState& wizard, const TabDocument& document, int fieldNo, const std::string& text) {
+    ForgetField(wizard, fieldNo);
+    if (text.empty())
+        return;
+    const FieldChoice choice = ChoiceOfFirstText(text);
+    try {
+        GiveField(wizard, document, {fieldNo, choice});
+    } catch (const OverflowError&) {
+        wizard.Chosen.at(static_cast<std::size_t>(fieldNo - 1)) = choice;
+    }
 }
 
 void TakeRecipe(WizardState& wizard, const TabDocument& document, const Recipe& recipe) {

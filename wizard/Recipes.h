@@ -36,6 +36,9 @@ void DeleteRecipe(SettingsStore& store, const std::string& name);
 
 /// What a person does on the pages for one field. Raises OverflowError, and SubscriptError for a field not in use.
 void GiveField(WizardState& wizard, const TabDocument& document, const FieldSetting& setting);
+/// What a person types beside a field; nothing forgets it. Numbers that leave the range stand there to be read, and
+/// give the field no values.
+void GiveFirstText(WizardState& wizard, const TabDocument& document, int fieldNo, const std::string& text);
 /// The recipe's fields that are in use, and no others, have values: numbers go on from the document's last, where it
 /// has one of theirs. Raises OverflowError, with nothing changed.
 void TakeRecipe(WizardState& wizard, const TabDocument& document, const Recipe& recipe);

@@ -30,11 +30,15 @@ void Add(std::string& sentences, const std::string& sentence) {
     sentences += (sentences.empty() ? "" : " ") + sentence;
 }
 
-/// A text that was typed is longer than what becomes of it.
-void WarnOfLength(std::string& warning, const FieldChoice& choice, std::int16_t most) {
+/// A text that was typed is cut to what the field takes; texts around a number are not.
+void WarnOfLength(std::string& warning, const FieldChoice& choice, std::int16_t most, const std::string& longest) {
+    const std::string takes = "The field takes " + std::to_string(most) + " letters: ";
     const std::string kept = MakeTextSeries(choice.text, most).text;
+    const std::size_t letters = CharacterCount(longest);
     if (choice.kind == ValueKind::Text && kept != Trim(OneLine(choice.text)))
-        Add(warning, "The field takes " + std::to_string(most) + " letters: only \"" + kept + "\" will stand there.");
+        Add(warning, takes + "only \"" + kept + "\" will stand there.");
+    else if (letters > static_cast<std::size_t>(most))
+        Add(warning, takes + "\"" + longest + "\" has " + std::to_string(letters) + ".");
 }
 
 void WarnOfTexts(std::string& warning, const FieldChoice& choice, std::int16_t most) {
@@ -58,11 +62,10 @@ std::string PreviewOf(const ValueSeries& series, int fieldNo, std::int32_t count
     return PreviewText(series, count);
 }
 
-std::size_t LongestOf(const std::vector<std::string>& values) {
-    std::size_t longest = 0;
-    for (const std::string& value : values)
-        longest = std::max(longest, CharacterCount(value));
-    return longest;
+const std::string& LongestOf(const std::vector<std::string>& values) {
+    return *std::max_element(values.begin(), values.end(), [](const std::string& a, const std::string& b) {
+        return CharacterCount(a) < CharacterCount(b);
+    });
 }
 
 void Count(ValueNotes& notes, std::size_t letters, std::int16_t most) {
@@ -80,9 +83,10 @@ ValueNotes NotesOn(const FieldChoice& choice, int fieldNo, std::int16_t most, st
     try {
         notes.preview = PreviewOf(*series, fieldNo, count);
         const std::vector<std::string> values = Candidates(*series, count);
-        Count(notes, choice.kind == ValueKind::Text ? CharacterCount(Trim(OneLine(choice.text))) : LongestOf(values),
-              most);
-        WarnOfLength(notes.warning, choice, most);
+        const std::string& longest = LongestOf(values);
+        const bool isText = choice.kind == ValueKind::Text;
+        Count(notes, CharacterCount(isText ? Trim(OneLine(choice.text)) : longest), most);
+        WarnOfLength(notes.warning, choice, most, longest);
         WarnOfTexts(notes.warning, choice, most);
         WarnOfPaper(notes.warning, values, fieldNo - 1, sample);
     } catch (const OverflowError&) {

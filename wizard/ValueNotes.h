@@ -9,14 +9,11 @@
 
 namespace velmora {
 
-/// Of a series, or of a first number, that leaves the range.
-inline constexpr const char* kOutOfRange = "The numbers would not all lie between -2147483648 and 2147483647.";
-
 struct ValueNotes {
-    std::string preview; ///< one line
-    std::string letters; ///< "22 of 10": the characters of the longest value, of those that the field takes
-    bool isLong = false; ///< they are more
-    std::string warning; ///< sentences on what will be lost; empty: nothing
+    std::string preview;      ///< one line
+    std::string letters = {}; ///< "22 of 10": the characters of the longest value, of those that the field takes
+    bool isLong = false;      ///< they are more
+    std::string warning = {}; ///< sentences on what will be lost; empty: nothing
 };
 
 /// Of the entries of field 1 to 3 in `count` tabs, at least 1.

@@ -34,7 +34,7 @@ std::string Capitalised(std::string_view upper) {
 
 void CheckRange(const NumberSeries& series, std::int32_t count) {
     if (count > 0 && series.first > std::numeric_limits<std::int32_t>::max() - (count - 1) / series.repeat)
-        throw OverflowError();
+        throw OverflowError(kOutOfRange);
 }
 void CheckRange(const NameSeries&, std::int32_t) {}
 void CheckRange(const TextSeries&, std::int32_t) {}

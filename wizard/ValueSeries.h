@@ -43,6 +43,9 @@ std::string LowerCaption(std::string_view caption);
 
 inline constexpr int kMostRepeats = 32766;
 
+/// Of a series, or of a first number, that leaves the range.
+inline constexpr const char* kOutOfRange = "The numbers would not all lie between -2147483648 and 2147483647.";
+
 /// The width of numbers that have texts around them without being filled up.
 inline constexpr int kTextsAlone = 1;
 

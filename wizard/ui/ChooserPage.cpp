@@ -193,10 +193,7 @@ void frmAutoRepWiz2a::Delete() {
 }
 
 void frmAutoRepWiz2a::TypeFirstText(int fieldNo, const std::string& text) {
-    if (text.empty())
-        ForgetField(State(), fieldNo);
-    else
-        GiveField(State(), Main().document, {fieldNo, ChoiceOfFirstText(text)});
+    GiveFirstText(State(), Main().document, fieldNo, text);
     ShowFields();
 }
 

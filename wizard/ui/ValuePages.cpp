@@ -66,20 +66,19 @@ void ValueForm::AddPreview() {
     Content().addWidget(lblWarning_);
 }
 
-void ValueForm::ShowPreview(const std::string& text) {
-    lblPreview_->Show(QString::fromStdString(text));
+void ValueForm::ShowNotes() {
+    ShowNotes(NotesOn(Entry(), State().CurrentFieldNo, State().FieldMaxLen, State().NewTabCount, Wizard().Sample()),
+              SeriesOf(Entry(), State().FieldMaxLen));
 }
 
-void ValueForm::ShowNotes() {
-    const ValueNotes notes =
-        NotesOn(Entry(), State().CurrentFieldNo, State().FieldMaxLen, State().NewTabCount, Wizard().Sample());
-    ShowPreview(notes.preview);
+void ValueForm::ShowNotes(const ValueNotes& notes, const std::optional<ValueSeries>& series) {
+    lblPreview_->Show(QString::fromStdString(notes.preview));
     lblLetters_->setText(QString::fromStdString(notes.letters));
     QFont font = lblLetters_->font();
     font.setBold(notes.isLong);
     lblLetters_->setFont(font);
     lblWarning_->Show(QString::fromStdString(notes.warning));
-    PaintNewTabs(SeriesOf(Entry(), State().FieldMaxLen));
+    PaintNewTabs(series);
     emit Answered(QStringList{lblPreview_->text(), lblLetters_->text(), lblWarning_->Text()}.join(' '));
 }
 
@@ -153,17 +152,27 @@ NumberSeries frmAutoRepWiz5a::Read() const {
 
 void frmAutoRepWiz5a::Typed() {
     chkTexts_->setEnabled(cboNumberFormat_->currentIndex() == 0);
+    frmAutoRepWiz5a::ShowNotes();
+}
+
+/// A first number beyond all makes no tabs: those of the one before it must not stand there.
+void frmAutoRepWiz5a::ShowNotes() {
     try {
         Entry().numbers = Read();
-        ShowNotes();
-    } catch (const OverflowError&) { // of the first number, which stays what it was
-        ShowPreview(kOutOfRange);
+    } catch (const OverflowError&) {
+        return ShowNotes({kOutOfRange}, TextSeries());
     }
+    ValueForm::ShowNotes();
 }
 
 void frmAutoRepWiz5a::Next() {
-    Entry().numbers = Read();
-    ValueForm::Next();
+    try {
+        Entry().numbers = Read();
+        ValueForm::Next();
+    } catch (const OverflowError&) {
+        Tell(Main().ui, kOutOfRange, Icon::Critical);
+        txtFirstNumber_->setFocus();
+    }
 }
 
 QWidget* frmAutoRepWiz5a::FirstFocus() {

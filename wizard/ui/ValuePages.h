@@ -17,6 +17,7 @@ namespace velmora {
 
 class ElidedLabel;
 class WarningLine;
+struct ValueNotes;
 
 /// "&Next Field", and below the entries what they will make and lose.
 class ValueForm : public AutoRepForm {
@@ -35,9 +36,10 @@ protected:
         return lblLetters_;
     }
     void AddPreview();
-    void ShowPreview(const std::string& text);
     /// All that follows from the entries.
-    void ShowNotes();
+    virtual void ShowNotes();
+    /// The same of entries that make `series`.
+    void ShowNotes(const ValueNotes& notes, const std::optional<ValueSeries>& series);
 
 private:
     QLabel* lblLetters_;
@@ -59,6 +61,8 @@ private:
     NumberSeries Read() const;
     void Continue();
     void Typed();
+    using ValueForm::ShowNotes;
+    void ShowNotes() override;
 
     std::optional<NumberSeries> next_; ///< after the last number in the document
     QLineEdit* txtFirstNumber_;
