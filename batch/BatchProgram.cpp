@@ -7,6 +7,7 @@
 #include "base/Version.h"
 #include "document/TabFileForm.h"
 #include "platform/Machine.h"
+#include "settings/IniText.h"
 #include "workspace/LoadDocument.h"
 #include "workspace/OpenDocument.h"
 
@@ -46,6 +47,15 @@ template <typename Source> void LoadOrExplain(MainModule& main, const Source& so
 
 } // namespace
 
+void CheckIsIniFile(const std::filesystem::path& file) {
+    const std::string text = ReadIniFile(file);
+    const std::string start = text.substr(0, 4);
+    if (start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF") || start.find('\0') != std::string::npos)
+        throw Error(PathText(file) + ": neither UTF-8 nor Windows-1252");
+    if (!Trim(text).empty() && IniText(text).ListSections().empty())
+        throw Error(PathText(file) + ": holds no settings, not one [section]");
+}
+
 std::string DisplayName(const std::string& file) {
     return file == kStandardStream ? "standard input" : file;
 }
@@ -74,7 +84,7 @@ BatchProgram::BatchProgram()
 }
 
 void BatchProgram::UseSettings(const std::filesystem::path& iniFile) {
-    ReadIniFile(iniFile); // raises why it cannot be read
+    CheckIsIniFile(iniFile);
     settings_.Object.File().CopyToMemory(iniFile);
 }
 

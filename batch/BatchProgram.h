@@ -72,6 +72,9 @@ private:
     LayoutValues layout_;
 };
 
+/// Raises why the file cannot be read, also for one that is too large or in UTF-16, or of text without one section.
+void CheckIsIniFile(const std::filesystem::path& file);
+
 /// The file's name, "standard input" for "-".
 std::string DisplayName(const std::string& file);
 

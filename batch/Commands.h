@@ -79,9 +79,9 @@ int RunCheck(const std::vector<std::string>& files);
 struct ConvertArguments {
     std::string input;
     std::string output;
-    std::string sheet;                ///< empty: the only one
-    std::vector<std::string> columns; ///< of the fields, such as "2" or "2+1"
-    std::string join = " ";           ///< between two joined columns
+    std::string sheet;      ///< empty: the only one
+    std::string columns;    ///< of the fields, such as "2+1,3"; empty: the first three
+    std::string join = " "; ///< between two joined columns
     bool heading = false;
     bool visible = false; ///< without hidden rows
     std::optional<int> type;

@@ -220,10 +220,10 @@ int RunPrint(const PrintArguments& arguments) {
     InstalledPrinters printers = MakeInstalledPrinters(SystemEnvironment());
     const std::string& configured = program.Main().globals.PrinterName;
     const std::string& printer = arguments.printer.empty() ? configured : arguments.printer;
-    CheckPrinter(printers, printer);
-    const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     rptVelmor report = MakeReport(program, arguments, "PRINT");
     const SheetSeries sheets = Sheets(program, report, OptionsOf(arguments, report));
+    CheckPrinter(printers, printer);
+    const std::unique_ptr<FontCatalogue> catalogue = MakeFontCatalogue();
     AskPrinter(printers, printer, sheets.paper, arguments.anyway);
     MentionForbiddenFonts(sheets, *catalogue);
     const std::string name = PathText(PathOf(DisplayName(arguments.file)).filename());

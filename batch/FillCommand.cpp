@@ -55,7 +55,7 @@ void AddRecipe(std::vector<FieldOption>& options, const TabDocument& document, c
         setting.choice.numbers.first = FirstNumberAfter(document, setting.fieldNo - 1, setting.choice.numbers);
         if (std::none_of(given.begin(), given.end(),
                          [&](const FieldOption& option) { return option.setting.fieldNo == setting.fieldNo; }))
-            options.push_back({source, setting});
+            options.push_back({source + ", field " + static_cast<char>('A' + setting.fieldNo - 1), setting});
     }
 }
 

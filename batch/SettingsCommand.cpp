@@ -10,13 +10,6 @@
 namespace velmora {
 namespace {
 
-/// Raises why the file cannot be read, also for one that is too large or in UTF-16.
-void CheckIsIniFile(const std::string& file) {
-    const std::string start = ReadIniFile(PathOf(file)).substr(0, 4);
-    if (start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF") || start.find('\0') != std::string::npos)
-        throw Error(file + ": neither UTF-8 nor Windows-1252");
-}
-
 bool HoldsControl(const std::string& text) {
     return OneLine(text) != text;
 }
@@ -48,7 +41,7 @@ void ChooseFile(BatchProgram& program, const SettingsArguments& arguments) {
     std::error_code error;
     if (!arguments.ini.empty() &&
         ((!changes && !arguments.fallback) || std::filesystem::exists(PathOf(arguments.ini), error)))
-        CheckIsIniFile(arguments.ini);
+        CheckIsIniFile(PathOf(arguments.ini));
 }
 
 int Get(SettingsStore& store, const SettingsArguments& arguments) {

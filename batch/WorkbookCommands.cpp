@@ -45,12 +45,23 @@ WorksheetOptions OptionsOf(const ConvertArguments& arguments) {
     if (arguments.columns.empty())
         return options;
     options.columns.clear();
-    for (std::size_t field = 0; field < arguments.columns.size(); ++field) {
-        const auto [column, joined] = ParseColumns(arguments.columns[field]).value();
+    for (const std::string_view field : Split(arguments.columns, ',')) {
+        const auto [column, joined] = ParseColumns(field).value();
+        options.joined.at(options.columns.size()) = joined;
         options.columns.push_back(column);
-        options.joined.at(field) = joined;
     }
     return options;
+}
+
+/// Only of columns that were asked for: the first three are taken whether they are there or not.
+void RefuseMissingColumns(const Worksheet& sheet, const ConvertArguments& arguments) {
+    for (const std::string_view field : Split(arguments.columns, ',')) {
+        const auto [column, joined] = ParseColumns(field).value_or(std::pair(0, 0));
+        const int last = std::max(column, joined);
+        if (last > sheet.columns)
+            throw Error("column " + std::to_string(last) + " is asked for, the last one is " +
+                        std::to_string(sheet.columns));
+    }
 }
 
 /// A workbook's sheet, or a list of another program.
@@ -100,8 +111,9 @@ void LoadInput(BatchProgram& program, const ConvertArguments& arguments) {
             return;
         }
         Worksheet sheet = ReadSheet(arguments, file.text);
-        if (sheet.rows.empty() && !sheet.header)
+        if (sheet.lines == 0)
             throw Error("there are no rows to convert");
+        RefuseMissingColumns(sheet, arguments);
         Overrule(sheet, arguments, FieldsInUse(sheet), program.Settings());
         program.Load(sheet);
     });

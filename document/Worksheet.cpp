@@ -198,20 +198,31 @@ Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const Works
     WorksheetBuilder builder(options);
     std::vector<int> columns(static_cast<std::size_t>(builder.LastColumn()));
     std::iota(columns.begin(), columns.end(), 1);
-    workbook.ReadSheet(name, columns, [&](const SheetRow& row) { return builder.Add(row); });
-    return builder.Take();
+    int last = 0;
+    workbook.ReadSheet(name, columns, [&](const SheetRow& row) {
+        for (std::size_t i = static_cast<std::size_t>(last); i < row.texts.size(); ++i)
+            last = row.texts[i].empty() ? last : static_cast<int>(i) + 1;
+        return builder.Add(row);
+    });
+    Worksheet sheet = builder.Take();
+    sheet.columns = last;
+    return sheet;
 }
 
 Worksheet WorksheetOf(std::string_view list, char delimiter, const WorksheetOptions& options) {
     WorksheetBuilder builder(options);
     SheetRow row;
+    std::size_t widest = 0;
     const auto columns = static_cast<std::size_t>(std::max(builder.LastColumn(), kMostColumns));
     ReadTextList(list, delimiter, columns, [&](std::vector<std::string> cells) {
         ++row.number;
+        widest = std::max(widest, cells.size());
         row.texts = std::move(cells);
         return builder.Add(row);
     });
-    return builder.Take();
+    Worksheet sheet = builder.Take();
+    sheet.columns = static_cast<int>(widest);
+    return sheet;
 }
 
 void LoadData(const Worksheet& sheet, SettingsStore& store) {

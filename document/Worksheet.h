@@ -47,6 +47,7 @@ struct Worksheet {
     std::optional<TabFileHeader> header;
     std::vector<std::array<std::string, kFieldsPerTab>> rows;
     std::int32_t lines = 0; ///< of the header and the rows
+    int columns = 0;        ///< of a list's longest row; of a worksheet, up to the last one looked at that has a text
     Encoding encoding = Encoding::Utf8;
     std::vector<std::string> unresolved; ///< cells, such as "B7", whose formula has no stored result: taken as empty
     LeftOut leftOut;

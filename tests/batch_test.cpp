@@ -164,6 +164,7 @@ TEST_F(BatchTest, PrintingStartsAtTheFirstLabelLeftAndAtAStoredTop) {
                 {"pdf in.csv --tabs 1 --from 25 -o x.pdf", "position 25 is asked for, the sheet has 24"},
                 {"pdf in.csv --tabs 1 --from 2,4 -o x.pdf", "--from: \"2,4\" is more than one position"},
                 {"pdf in.csv --tabs 25 -o x.pdf", "tab 25 is asked for, the document has 24"},
+                {"print in.csv --tabs 25 --printer 'Velmora PDF'", "tab 25 is asked for, the document has 24"},
                 {"print in.csv --printer 'Velmora PDF'", "\"Velmora PDF\" writes a file: use \"velmora-batch pdf\", or "
                                                          "name a printer with --printer"}});
 }
@@ -232,8 +233,9 @@ TEST_F(BatchTest, FillGivesTheTabsFromOneOnTheirTexts) {
 TEST_F(BatchTest, FillTakesARecipeOfTheSettings) {
     Write("in.csv", TabFileText(0, 2, "0,0", 24, [](int tab) { return "2026/" + std::to_string(100 + tab) + ",,"; }));
     Write("Velmora.ini", "[Recipes]\r\nMonthly A=A=number,first=1,width=3,before=2026/\r\n"
-                         "Monthly B=B=month,style=1,names=3+4,repeat=2\r\nDays A=A=day\r\nDays B=B=year\r\n");
-    EXPECT_EQ(Batch("recipes --ini Velmora.ini").output, "Monthly\nDays\n");
+                         "Monthly B=B=month,style=1,names=3+4,repeat=2\r\nDays A=A=day\r\nDays B=B=year\r\n"
+                         "Last B=B=number,first=2147483646\r\n");
+    EXPECT_EQ(Batch("recipes --ini Velmora.ini").output, "Monthly\nDays\nLast\n");
     const std::string fill = "fill in.csv --start 25 --count 3 --ini Velmora.ini -o ";
     EXPECT_EQ(Batch(fill + "out.csv --recipe monthly").output, "");
     EXPECT_NE(ReadFile(folder / "out.csv").find("2026/125,March,\r\n2026/126,March,\r\n2026/127,April,\r\n"),
@@ -241,7 +243,9 @@ TEST_F(BatchTest, FillTakesARecipeOfTheSettings) {
         << ReadFile(folder / "out.csv");
     Batch(fill + "out.csv --recipe Monthly --field B=text,value=May");
     EXPECT_NE(ReadFile(folder / "out.csv").find("2026/125,May,\r\n"), std::string::npos);
-    Refuses(2, {{fill + "no.csv --recipe none", "--recipe none: there is no such recipe"}});
+    Refuses(2, {{fill + "no.csv --recipe none", "--recipe none: there is no such recipe"},
+                {fill + "no.csv --recipe Last",
+                 "--recipe Last, field B: The numbers would not all lie between -2147483648 and 2147483647."}});
     Refuses(1, {{fill + "no.csv --recipe Days", "[Recipes] Days B: \"year\" is none of number, month, day and text"}});
     EXPECT_FALSE(fs::exists(folder / "no.csv"));
 }
@@ -255,7 +259,7 @@ TEST_F(BatchTest, FillRefusesWhatTheWizardWould) {
         {"A=day,width=2", "\"width\" is no setting of day"},
         {"A=day,names=2+8", "names must be 1 to 7"},
         {"A=number,before=x", "before and after need a width"},
-        {"A=number,first=2147483646", "Overflow"},
+        {"A=number,first=2147483646", "The numbers would not all lie between -2147483648 and 2147483647."},
         {"B=text,value=123456789012345678901", "value has more than 20 characters"},
         {"A=text,value=\"x", "a double quote is not closed"},
         {"A=text,value=\"x\"y", "a comma must follow the closing quote"}};
@@ -279,6 +283,7 @@ TEST_F(BatchTest, FillRefusesWhatTheWizardWould) {
 TEST_F(BatchTest, FailuresAreOneClearLine) {
     Write("old.pdf", "old");
     Write("cut.csv", "Version 8\r\nP,A4,0,1\r\n");
+    Write("noise.ini", "\x8F[\x01=\n\x02");
     Write("large.ini", std::string(2'000'000, ';'));
     Write("nul.csv", std::string("a\0b", 3));
     Write("sheet.csv", "Version 8;;;\r\nP;A4;0;1\r\n0;0\r\nA;9\r\nB;9\r\nC;9\r\nx;y\r\n");
@@ -295,14 +300,15 @@ TEST_F(BatchTest, FailuresAreOneClearLine) {
                 {"pdf margin.csv -o old.pdf", "margin.csv: Type mismatch: Margin Value Left"},
                 {"print new.csv --printer None", "there is no printer \"None\"; \"velmora-batch printers\" lists them"},
                 {"pdf new.csv -o none/out.pdf", "none/out.pdf: No such file or directory"},
+                {"recipes --ini noise.ini", "noise.ini: holds no settings, not one [section]"},
                 {"settings --ini large.ini set S k 2", "large.ini: larger than 256 KB"},
                 {"pdf new.csv --ini large.ini -o old.pdf", "large.ini: larger than 256 KB"}});
     EXPECT_EQ(ReadFile(folder / "large.ini").size(), 2'000'000U);
     EXPECT_EQ(ReadFile(folder / "old.pdf"), "old");
     Exits(2, {"", "fly", "pdf new.csv", "pdf new.csv -o x.pdf --pages 2", "info", "pdf new.csv -o x.pdf --pages 3-1",
               "new --type 6 --fields 1 -o x.csv", "settings set a b c", "pdf new.csv -o x.pdf --pages ''",
-              "pdf new.csv -o new.csv", "info ''", "settings --ini x.ini set S a=b c",
-              "settings --ini x.ini set S k \"$(printf 'a\\nb')\""});
+              "pdf new.csv -o x.pdf --tabs 1 --test", "pdf new.csv -o new.csv", "info ''",
+              "settings --ini x.ini set S a=b c", "settings --ini x.ini set S k \"$(printf 'a\\nb')\""});
     EXPECT_FALSE(fs::exists(folder / "x.pdf"));
     Exits(1, {"info new.csv > /dev/full", "check nul.csv > /dev/full", "new --type 0 --fields 1 -o - > /dev/full"});
     EXPECT_EQ(Batch("check none.csv nul.csv").output,
@@ -352,12 +358,14 @@ TEST_F(BatchTest, ConvertsListsAndWorkbooks) {
         const std::string book = std::string("book.") + ending;
         ASSERT_EQ(Batch("convert list.csv " + book + " --heading --columns 2,1 --type 5").code, 0);
         EXPECT_EQ(Batch("sheets " + book).output, "Tabs\n");
+        Refuses(1, {{"convert " + book + " no.csv --columns 2,3", book + ": column 3 is asked for, the last one is 2"},
+                    {"convert list.csv no.csv --columns 1+99", "list.csv: column 99 is asked for, the last one is 2"}});
         ASSERT_EQ(Batch("convert " + book + " back.csv --no-header --type 5").code, 0);
         EXPECT_TRUE(ReadFile(folder / "back.csv").starts_with("007,Smith; John,\r\n,,\r\n")) << book;
     }
     ASSERT_EQ(Batch("convert list.csv back.csv --no-header --heading --columns 2+1 --join -").code, 0);
     EXPECT_TRUE(ReadFile(folder / "back.csv").starts_with("007-Smith; John,,\r\n"));
-    for (const char* wrong : {"0", "1+", "1+0", "257"})
+    for (const char* wrong : {"0", "1+", "1+0", "257", "2,,1", "1,", "1,2,1,2"})
         EXPECT_EQ(Batch("convert list.csv back.csv --columns " + std::string(wrong)).code, 2) << wrong;
     Write("sheet.csv", "Version 8;;;\r\nP;A4;0;2\r\n0;0\r\nA;9\r\nB;9\r\nC;9\r\n\"x;y\";z\r\n");
     ASSERT_EQ(Batch("convert sheet.csv back.csv").code, 0);
@@ -396,10 +404,12 @@ TEST_F(BatchTest, ConvertRefusesWithoutWriting) {
     for (int i = 0; i < 32768; ++i)
         lines += "x\n";
     Write("long.csv", lines);
+    Write("blank.csv", std::string(32768, '\n') + "x\n");
     Refuses(1,
             {{"convert no.xls out.csv", "no.xls: the file is no workbook, or its end is missing"},
              {"sheets no.xls", "no.xls: the file is no workbook, or its end is missing"},
              {"convert long.csv out.csv", "long.csv: Overflow: a document of this tab type holds at most 32760 tabs"},
+             {"convert blank.csv out.csv", "blank.csv: Overflow: a document of this tab type holds at most 32760 tabs"},
              {"convert missing.xls out.csv", "missing.xls: No such file or directory"}});
     Refuses(2, {{"convert long.csv out.ods", "out.ods: workbooks of this format cannot be written"},
                 {"convert no.xls no.xls", "no.xls: the output would replace what it is made from"}});
