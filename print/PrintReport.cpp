@@ -1,6 +1,7 @@
 #include "print/PrintReport.h"
 
 #include "base/Version.h"
+#include "print/NumberList.h"
 #include "print/PrintErrors.h"
 #include "settings/GlobalConfiguration.h"
 #include "workspace/Dialogs.h"
@@ -82,10 +83,31 @@ std::optional<SheetChoice> AskAboutEmptySheets(UserInterface& ui, const rptVelmo
     return answer == Answer::Yes ? SheetChoice::Filled : SheetChoice::All;
 }
 
+/// The sheet that a person said goes on being used comes first, unless this job shall have whole ones; false: the
+/// person wants nothing printed.
+bool BeginSheetInUse(UserInterface& ui, PrintRun& run) {
+    const std::vector<int> used = run.UsesPaper() ? run.LabelsInUse() : std::vector<int>();
+    if (used.empty())
+        return true;
+    const Answer answer = Ask(ui,
+                              "A sheet goes on being used: its labels " + NumberListText(used) +
+                                  " are gone.\r\nDo you want to begin with it?",
+                              Buttons::YesNoCancel, Answer::Yes);
+    return answer == Answer::Yes ? run.SetUsedSlots(used) : answer == Answer::No;
+}
+
+bool PrintAndKeepLabels(PrintRun& run, SheetChoice choice) {
+    const std::vector<int> sheets = run.Sheets(choice, 1, "");
+    const bool printed = run.Print(sheets);
+    if (printed && !run.UsedSlots().empty())
+        run.KeepLabelsInUse(sheets);
+    return printed;
+}
+
 PrintOutcome PrintDocument(PrintModule& print, PrintRun& run) {
-    if (!run.CanPrint())
-        return PrintOutcome::NotPrinted;
     UserInterface& ui = print.main.ui;
+    if (!run.CanPrint() || !BeginSheetInUse(ui, run))
+        return PrintOutcome::NotPrinted;
     const Answer answer = AskAboutDoubts(ui, run.Doubts());
     if (answer == Answer::Other) {
         print.viewer->ShowReport(run);
@@ -93,7 +115,7 @@ PrintOutcome PrintDocument(PrintModule& print, PrintRun& run) {
     }
     run.GoOnInSpite();
     const auto choice = answer == Answer::Yes ? AskAboutEmptySheets(ui, run.Report()) : std::nullopt;
-    return choice && run.Print(run.Sheets(*choice, 1, "")) ? PrintOutcome::Done : PrintOutcome::NotPrinted;
+    return choice && PrintAndKeepLabels(run, *choice) ? PrintOutcome::Done : PrintOutcome::NotPrinted;
 }
 
 PrintOutcome RunReport(PrintModule& print, const std::string& caption, const ReportRequest& request) {

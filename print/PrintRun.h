@@ -41,6 +41,8 @@ public:
     /// it was; false then.
     bool SetUsedSlots(const std::vector<int>& used);
 
+    /// The report's printer is a real one: a PDF file takes no labels.
+    bool UsesPaper() const { return report_.Printer.DeviceName != kPdfPrinter; }
     /// Of the sheet that goes on being used, which an earlier job left; empty: there is none.
     std::vector<int> LabelsInUse() const;
     /// What these sheets, once printed, leave of the last one is offered to the next job; none: the next one begins

@@ -397,7 +397,23 @@ TEST_F(PrintTest, MarkedTabsGoOntoTheSheetThatAnEarlierJobLeft) {
     main.editor.Leave();
 }
 
+TEST_F(PrintTest, PrintAsksWhetherToBeginWithTheSheetInUse) {
+    main.document.FieldA(72) = "last";
+    for (const auto& [answer, pages, left] : {std::tuple{Answer::Cancel, "", "1-2"},
+                                              {Answer::No, "/Count 3", "1-2"},
+                                              {Answer::Yes, "/Count 4", "2"}}) { // the last tab stands there
+        program.Store("Settings", "Used Labels - 0", "1-2");
+        printers.bytes.clear();
+        program.ui.Expect("A sheet goes on being used: its labels 1-2 are gone.\r\nDo you want to begin with it?",
+                          Icon::Question, Buttons::YesNoCancel, answer, Answer::Yes);
+        PrintCommand(print);
+        EXPECT_TRUE(*pages ? printers.bytes.find(pages) != std::string::npos : printers.bytes.empty()) << pages;
+        EXPECT_EQ(program.Stored("Settings", "Used Labels - 0"), left);
+    }
+}
+
 TEST_F(PrintTest, TheBuiltInPrinterAsksForItsPath) {
+    program.Store("Settings", "Used Labels - 0", "1-2"); // a file takes no labels
     printers.names.emplace_back(kPdfPrinter);
     main.globals.PrinterName = kPdfPrinter;
     program.ui.ExpectChooser("Save as PDF", std::nullopt);

@@ -39,7 +39,7 @@ PrintBox::PrintBox(PrintRun& run, QWidget* parent)
     layout->addWidget(lblRange_);
     job_ = new JobChoice(run, this);
     layout->addWidget(job_);
-    job_->setVisible(run.Report().Printer.DeviceName != kPdfPrinter);
+    job_->setVisible(run.UsesPaper());
     layout->addLayout(BuildButtons());
     layout->addWidget(lblPrinted_);
     for (QLabel* label : {lblRange_, lblPrinted_}) {
@@ -48,6 +48,7 @@ PrintBox::PrintBox(PrintRun& run, QWidget* parent)
     }
     Choose(SheetChoice::All);
     cmdPrint_->setDefault(true);
+    connect(optSheets_, &QButtonGroup::idToggled, this, &PrintBox::LeadTabToChoice);
     connect(optSheets_, &QButtonGroup::idToggled, this,
             [this](int option) { option == static_cast<int>(SheetChoice::Tabs) ? TakeTabs() : ShowChoice(sheet_); });
     connect(tabs_, &TabsRow::Edited, this, [this] {
@@ -70,6 +71,15 @@ bool PrintBox::IsChosen(SheetChoice choice) const {
 
 void PrintBox::Choose(SheetChoice choice) {
     optSheets_->button(static_cast<int>(choice))->setChecked(true);
+}
+
+/// Not to the entries of another option. By itself Tab would go to the first option until one had the focus.
+void PrintBox::LeadTabToChoice() {
+    const auto policy = [](bool chosen) { return chosen ? Qt::StrongFocus : Qt::ClickFocus; };
+    for (QAbstractButton* option : optSheets_->buttons())
+        option->setFocusPolicy(policy(option->isChecked()));
+    txtRange_->setFocusPolicy(policy(IsChosen(SheetChoice::Range)));
+    tabs_->SetFocusPolicy(policy(IsChosen(SheetChoice::Tabs)));
 }
 
 void PrintBox::Begin(const TabNumbers& tabs) {
@@ -159,7 +169,8 @@ void PrintBox::Print(bool toFile) {
         return;
     lblPrinted_->Say(Breakable(QString::fromStdString(run_.Told()) + "."));
     lblPrinted_->show();
-    emit Printed(sheets);
+    if (!toFile && run_.UsesPaper())
+        emit Printed(sheets);
 }
 
 } // namespace velmora

@@ -36,11 +36,13 @@ public:
 signals:
     /// The run is of other tabs.
     void TabsChosen();
+    /// They went to a printer, not into a file.
     void Printed(const std::vector<int>& sheets);
 
 private:
     bool IsChosen(SheetChoice choice) const;
     void Choose(SheetChoice choice);
+    void LeadTabToChoice();
     void TakeTabs();
     QRadioButton* AddOption(SheetChoice choice, const char* name, const QString& text);
     QHBoxLayout* BuildRange();

@@ -32,6 +32,11 @@ TabsRow::TabsRow(QWidget* parent)
     connect(cboPlaces_, &QComboBox::activated, this, &TabsRow::Edited);
 }
 
+void TabsRow::SetFocusPolicy(Qt::FocusPolicy policy) {
+    txtTabs_->setFocusPolicy(policy);
+    cboPlaces_->setFocusPolicy(policy);
+}
+
 void TabsRow::Show(const std::string& list, TabPlaces places) {
     txtTabs_->setText(QString::fromStdString(list));
     cboPlaces_->setCurrentIndex(cboPlaces_->findData(static_cast<int>(places)));

@@ -18,6 +18,8 @@ public:
     explicit TabsRow(QWidget* parent);
 
     QRadioButton& Option() { return *optTabs_; }
+    /// Of the entries beside the option.
+    void SetFocusPolicy(Qt::FocusPolicy policy);
     /// Without telling.
     void Show(const std::string& list, TabPlaces places);
     std::string List() const;

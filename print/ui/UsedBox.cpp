@@ -17,7 +17,9 @@ UsedBox::UsedBox(PrintRun& run, QWidget* parent)
                                    "the arrows and the space bar.")),
                      "lblUsed")),
       chkGoesOn_(Named(new QCheckBox(tr("This sheet &goes on being used")), "chkGoesOn")) {
-    chkGoesOn_->setToolTip(tr("The next job begins with the labels that this one leaves on its last sheet"));
+    chkGoesOn_->setToolTip(tr("The next job begins with the labels that this one leaves on its last sheet; a PDF file "
+                              "takes none"));
+    chkGoesOn_->setEnabled(run.UsesPaper());
     lblUsed_->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(BuildFirstLine());

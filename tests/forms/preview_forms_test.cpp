@@ -252,10 +252,15 @@ private slots:
         const auto at = [](Preview& preview, int slot) { return preview.display.SlotRect(slot).center().toPoint(); };
         const auto first = [&](Preview& preview) {
             QCOMPARE(preview.Get<QLineEdit>("txtTabs").text(), QString("300"));
+            preview.Key(Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget()->objectName(), QString("optTabs")); // what is chosen
             QTest::mouseClick(preview.display.viewport(), Qt::LeftButton, Qt::ShiftModifier, at(preview, 11));
             QCOMPARE(preview.Get<QSpinBox>("txtFirstFree").value(), 12);
             preview.Click("chkGoesOn");
             QCOMPARE(preview.Tabs(1), QString("300@12"));
+            running.test.ui.ExpectChooser("Save as PDF", running.test.folder / "out.pdf");
+            preview.Click("cmdSavePdf");
+            QCOMPARE(preview.Tabs(1), QString("300@12")); // a file takes no label
             preview.Click("cmdPrint");
             QCOMPARE(preview.Tabs(1), QString("300@13"));
         };
