@@ -14,6 +14,7 @@ namespace {
 
 constexpr double kPointsPerMm = 72 / 25.4;
 constexpr double kThousandths = 1000;
+constexpr double kLeastShift = 0.5; // is rounded to one
 constexpr const char* kProducer = "Velmora " VELMORA_VERSION;
 
 void AppendByte(std::string& out, unsigned byte) {
@@ -67,7 +68,8 @@ public:
     /// for the next shift.
     void Shift(double thousandths) { owed_ += thousandths; }
     void Add(std::uint16_t code) {
-        if (const auto whole = std::lround(owed_); whole != 0) {
+        if (std::abs(owed_) >= kLeastShift) {
+            const auto whole = std::lround(owed_);
             out_ += ')';
             AppendHundredths(out_, -whole * 100);
             out_ += '(';
@@ -91,6 +93,23 @@ private:
     double owed_;
     bool shifted_ = false;
 };
+
+void Add(GlyphString& string, const ShapedGlyph& glyph, std::u32string_view source, PdfFont& font, double perUnit) {
+    // The box for a missing glyph stands for a different character each time.
+    const std::int32_t advance = font.Use(glyph.id, glyph.id == 0 ? std::u32string_view() : source);
+    string.Shift(glyph.xOffset * perUnit);
+    string.Add(font.CodeOf(glyph.id));
+    string.Shift((glyph.advance - advance - glyph.xOffset) * perUnit);
+}
+
+std::u32string_view SourceOf(const ShapedGlyph& glyph, std::u32string_view characters) {
+    return characters.substr(glyph.sourceBegin, glyph.sourceLength);
+}
+
+/// Has characters of its own, and is on the line: nearly all are.
+bool StandsAlone(const ShapedGlyph& glyph) {
+    return glyph.sourceLength != 0 && glyph.yOffset == 0;
+}
 
 /// The one that the face draws by this very glyph; empty where none.
 std::u32string_view OwnCharacter(const FontFace& face, std::uint32_t glyph, std::u32string_view characters) {
@@ -197,14 +216,23 @@ void PdfCanvas::DrawRun(const ShapedText& text, const GlyphRun& run, Point start
     PdfFont& font = FontFor(run.typeface);
     SelectFont(font, ToHundredths(text.fontSize / kTwipsPerPoint), run.typeface.embolden);
     MoveTo(start, run.typeface.slant);
-    ShowGlyphs(text, run, font);
+    ShowRun(text, run, font);
+}
+
+/// The operator; the fonts of a tab take turns.
+const std::string& PdfCanvas::Selection(const PdfFont& font, std::int64_t size) {
+    std::string& selection = selections_[{&font, size}];
+    if (selection.empty()) {
+        selection = "/F" + std::to_string(font.Object()) + ' ';
+        AppendHundredths(selection, size);
+        selection += " Tf\n";
+    }
+    return selection;
 }
 
 void PdfCanvas::SelectFont(const PdfFont& font, std::int64_t size, bool embolden) {
     if (state_.font != &font || state_.size != size) {
-        text_ += "/F" + std::to_string(font.Object());
-        text_ += ' ';
-        Operator(size, " Tf\n");
+        text_ += Selection(font, size);
         state_.font = &font;
         state_.size = size;
     }
@@ -255,6 +283,28 @@ private:
     double owed_ = 0;
 };
 
+/// As it was shown before, if it was lately: names and months recur on every sheet.
+void PdfCanvas::ShowRun(const ShapedText& text, const GlyphRun& run, PdfFont& font) {
+    if (state_.rise != 0 || text.runs.size() > 1 || run.glyphs.empty())
+        return ShowGlyphs(text, run, font);
+    ShownLine& line = shown_[std::hash<std::u32string>()(text.characters) % shown_.size()];
+    if (line.font == &font && line.characters == text.characters) {
+        text_ += line.glyphs;
+        return;
+    }
+    if (!std::all_of(run.glyphs.begin(), run.glyphs.end(), StandsAlone))
+        return ShowGlyphs(text, run, font);
+    const std::size_t begin = text_.size();
+    const double perUnit = kThousandths / font.Face().UnitsPerEm();
+    GlyphString string(text_, 0);
+    for (const ShapedGlyph& glyph : run.glyphs)
+        Add(string, glyph, SourceOf(glyph, text.characters), font, perUnit);
+    string.End();
+    line.font = &font;
+    line.characters = text.characters;
+    line.glyphs.assign(text_, begin);
+}
+
 /// Glyphs that stand for their characters together only, in another order or number, or that a sign above or below the
 /// line belongs to, say so around them: each by itself would be read in the order and the line that the eye sees.
 void PdfCanvas::ShowGlyphs(const ShapedText& text, const GlyphRun& run, PdfFont& font) {
@@ -285,12 +335,7 @@ void PdfCanvas::ShowGlyph(const ShapedGlyph& glyph, std::u32string_view source, 
         Operator(rise, " Ts\n");
         state_.rise = rise;
     }
-    // The box for a missing glyph stands for a different character each time.
-    const std::int32_t advance = font.Use(glyph.id, glyph.id == 0 ? std::u32string_view() : source);
-    GlyphString& string = strings.Open();
-    string.Shift(glyph.xOffset * perUnit);
-    string.Add(font.CodeOf(glyph.id));
-    string.Shift((glyph.advance - advance - glyph.xOffset) * perUnit);
+    Add(strings.Open(), glyph, source, font, perUnit);
 }
 
 void PdfCanvas::FillBox(const Box& box) {

@@ -6,10 +6,13 @@
 #include "report/PdfFont.h"
 #include "report/PdfWriter.h"
 
+#include <array>
 #include <chrono>
 #include <deque>
+#include <map>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace velmora {
 
@@ -50,14 +53,23 @@ private:
         std::int64_t y;
     };
 
+    /// A line of one run as it was shown.
+    struct ShownLine {
+        const PdfFont* font = nullptr;
+        std::u32string characters;
+        std::string glyphs;
+    };
+
     Point ToPage(double leftTwips, double topTwips) const;
     void AppendRectangle(std::string& out, const Box& box) const;
     PdfFont& FontFor(const Typeface& typeface);
     void BeginClip(const Box& clip);
     void EndClip(const TextState& before);
     void DrawRun(const ShapedText& text, const GlyphRun& run, Point start);
+    const std::string& Selection(const PdfFont& font, std::int64_t size);
     void SelectFont(const PdfFont& font, std::int64_t size, bool embolden);
     void MoveTo(Point start, bool slant);
+    void ShowRun(const ShapedText& text, const GlyphRun& run, PdfFont& font);
     void ShowGlyphs(const ShapedText& text, const GlyphRun& run, PdfFont& font);
     void ShowGlyph(const ShapedGlyph& glyph, std::u32string_view source, PdfFont& font, GlyphStrings& strings);
     void Operator(std::int64_t operand, std::string_view name);
@@ -72,6 +84,8 @@ private:
     std::vector<int> pages_;
     std::string commonMediaBox_; ///< of the first sheet; pages of another size say so
     std::deque<PdfFont> fonts_;
+    std::map<std::pair<const PdfFont*, std::int64_t>, std::string> selections_;
+    std::array<ShownLine, 128> shown_; ///< lately, by their characters
 
     std::string mediaBox_; ///< of the sheet at work, like all that follows
     bool turned_ = false;

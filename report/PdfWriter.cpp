@@ -34,20 +34,26 @@ std::string PdfReference(int object) {
 }
 
 void AppendHundredths(std::string& out, std::int64_t hundredths) {
-    if (hundredths < 0) {
-        out += '-';
-        hundredths = -hundredths;
+    std::array<char, 24> digits; // written from the last one on
+    char* first = digits.data() + digits.size();
+    std::int64_t rest = hundredths < 0 ? -hundredths : hundredths;
+    const auto put = [&](std::int64_t count) {
+        for (; count > 0; --count, rest /= 10)
+            *--first = static_cast<char>('0' + rest % 10);
+    };
+    if (rest % 100 != 0) {
+        rest /= rest % 10 == 0 ? 10 : 1;
+        put(hundredths % 10 == 0 ? 1 : 2);
+        *--first = '.';
+    } else {
+        rest /= 100;
+        put(1);
     }
-    const auto whole = hundredths / 100;
-    const auto rest = static_cast<int>(hundredths % 100);
-    if (whole != 0 || rest == 0)
-        AppendNumber(out, whole);
-    if (rest == 0)
-        return;
-    out += '.';
-    out += static_cast<char>('0' + rest / 10);
-    if (rest % 10 != 0)
-        out += static_cast<char>('0' + rest % 10);
+    while (rest > 0)
+        put(1);
+    if (hundredths < 0)
+        *--first = '-';
+    out.append(first, digits.data() + digits.size());
 }
 
 std::int64_t ToHundredths(double number) {

@@ -104,17 +104,19 @@ ShapedGlyph GlyphOf(const FontFace& face, const hb_glyph_info_t& info, const hb_
 /// Gives each glyph the characters it stands for; where several stand for the same, the first in reading has
 /// them.
 void AssignSources(std::vector<ShapedGlyph>& glyphs, const hb_glyph_info_t* infos, bool toTheLeft, std::size_t end) {
-    const std::size_t count = glyphs.size();
-    const auto inReading = [&](std::size_t i) { return toTheLeft ? count - 1 - i : i; };
-    for (std::size_t i = 0; i < count;) {
-        const std::uint32_t cluster = infos[inReading(i)].cluster;
-        std::size_t next = i;
-        for (; next < count && infos[inReading(next)].cluster == cluster; ++next)
-            glyphs[inReading(next)].sourceBegin = cluster;
-        const std::size_t stop = next == count ? end : infos[inReading(next)].cluster;
-        glyphs[inReading(i)].sourceLength = static_cast<std::uint32_t>(stop - cluster);
-        i = next;
+    ShapedGlyph* first = nullptr;
+    for (std::size_t i = 0; i < glyphs.size(); ++i) {
+        const std::size_t place = toTheLeft ? glyphs.size() - 1 - i : i;
+        ShapedGlyph& glyph = glyphs[place];
+        glyph.sourceBegin = infos[place].cluster;
+        if (first && first->sourceBegin == glyph.sourceBegin)
+            continue;
+        if (first)
+            first->sourceLength = glyph.sourceBegin - first->sourceBegin;
+        first = &glyph;
     }
+    if (first)
+        first->sourceLength = static_cast<std::uint32_t>(end) - first->sourceBegin;
 }
 
 /// A bracket in a run to the left is drawn as its counterpart, and that is what the glyph stands for
@@ -229,6 +231,11 @@ const ShapedText* ShapedTextCache::Find(std::string_view text) {
     return &young_.insert(std::move(node)).position->second;
 }
 
+bool ShapedTextCache::Recurs(std::string_view text) {
+    const std::size_t hash = Hash()(text);
+    return std::exchange(asked_[hash % asked_.size()], hash) == hash;
+}
+
 const ShapedText& ShapedTextCache::Add(std::string_view text, ShapedText shaped) {
     MakeRoom(shaped);
     return young_.insert_or_assign(std::string(text), std::move(shaped)).first->second;
@@ -256,7 +263,8 @@ const ShapedText& TextShaper::Shape(std::string_view text, int field) {
         LoadTypeface(state);
     if (const ShapedText* known = state.cache.Find(text))
         return *known;
-    return state.cache.Add(text, ShapeNew(state, text));
+    ShapeNew(state, text);
+    return state.cache.Recurs(text) ? state.cache.Add(text, fresh_) : fresh_;
 }
 
 void TextShaper::LoadTypeface(FieldState& state) {
@@ -279,8 +287,8 @@ Typeface TextShaper::Open(const FontFile& file) {
     return {std::move(face), file.embolden, file.slant};
 }
 
-ShapedText TextShaper::ShapeNew(FieldState& state, std::string_view text) {
-    ShapedText shaped;
+void TextShaper::ShapeNew(FieldState& state, std::string_view text) {
+    ShapedText& shaped = fresh_;
     shaped.characters = Characters(text);
     std::erase_if(shaped.characters, DrawsNothing);
     const FontFace& face = *state.typeface.face;
@@ -291,13 +299,15 @@ ShapedText TextShaper::ShapeNew(FieldState& state, std::string_view text) {
     shaped.underline = state.font.Underline;
     shaped.underlineTop = face.UnderlineTop() * unit;
     shaped.underlineThickness = face.UnderlineThickness() * unit;
-    for (const Piece& piece : Itemize(state, shaped.characters)) {
-        shaped.runs.push_back(ShapePiece(shaped.characters, piece));
-        shaped.width += RunWidth(shaped.runs.back(), shaped.fontSize);
-        if (piece.level % 2 == 1)
-            Mirror(shaped.characters, piece.begin, piece.end);
+    shaped.width = 0;
+    const Pieces pieces = Itemize(state, shaped.characters);
+    shaped.runs.resize(pieces.size());
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        ShapePiece(shaped.characters, pieces[i], shaped.runs[i]);
+        shaped.width += RunWidth(shaped.runs[i], shaped.fontSize);
+        if (pieces[i].level % 2 == 1)
+            Mirror(shaped.characters, pieces[i].begin, pieces[i].end);
     }
-    return shaped;
 }
 
 TextShaper::Pieces TextShaper::Itemize(FieldState& state, const std::u32string& characters) {
@@ -351,7 +361,7 @@ const Typeface& TextShaper::Fallback(FieldState& state, char32_t character) {
     return entry->second;
 }
 
-GlyphRun TextShaper::ShapePiece(const std::u32string& characters, const Piece& piece) {
+void TextShaper::ShapePiece(const std::u32string& characters, const Piece& piece, GlyphRun& run) {
     hb_buffer_t* buffer = buffer_.get();
     hb_buffer_clear_contents(buffer);
     static_assert(sizeof(char32_t) == sizeof(hb_codepoint_t));
@@ -368,13 +378,14 @@ GlyphRun TextShaper::ShapePiece(const std::u32string& characters, const Piece& p
     unsigned count = 0;
     const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
     const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
-    GlyphRun run{*piece.typeface, std::vector<ShapedGlyph>(count), 0};
+    run.typeface = *piece.typeface;
+    run.glyphs.assign(count, {});
+    run.advance = 0;
     for (unsigned i = 0; i < count; ++i) {
         run.glyphs[i] = GlyphOf(face, infos[i], positions[i]);
         run.advance += run.glyphs[i].advance;
     }
     AssignSources(run.glyphs, infos, toTheLeft, piece.end);
-    return run;
 }
 
 } // namespace velmora

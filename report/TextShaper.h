@@ -74,10 +74,12 @@ Box InkBox(const ShapedText& text);
 std::u32string Characters(std::string_view utf8);
 
 /// The texts shaped lately. Two generations of limited size: a text that recurs stays, a series of thousands
-/// of different numbers passes through.
+/// of different numbers passes by.
 class ShapedTextCache {
 public:
     const ShapedText* Find(std::string_view text);
+    /// Whether it was asked for before, by and large: what comes once is not worth a place.
+    bool Recurs(std::string_view text);
     const ShapedText& Add(std::string_view text, ShapedText shaped);
 
 private:
@@ -92,6 +94,7 @@ private:
     Generation young_;
     Generation old_;
     std::size_t youngCost_ = 0; ///< in glyphs
+    std::array<std::size_t, 4096> asked_ = {};
 };
 
 /// Characters below this one are Latin letters, digits and signs, which neither combine nor run to the left.
@@ -122,16 +125,18 @@ private:
 
     void LoadTypeface(FieldState& state);
     Typeface Open(const FontFile& file);
-    ShapedText ShapeNew(FieldState& state, std::string_view text);
+    /// Into `fresh_`, whose memory goes from text to text.
+    void ShapeNew(FieldState& state, std::string_view text);
     Pieces Itemize(FieldState& state, const std::u32string& characters);
     static bool HasPlainGlyph(FieldState& state, char32_t character);
     const Typeface& TypefaceFor(FieldState& state, std::u32string_view cluster);
     const Typeface& Fallback(FieldState& state, char32_t character);
-    GlyphRun ShapePiece(const std::u32string& characters, const Piece& piece);
+    void ShapePiece(const std::u32string& characters, const Piece& piece, GlyphRun& run);
 
     const FontCatalogue& catalogue_;
     std::vector<FieldState> fields_;
     std::map<std::tuple<std::filesystem::path, int, Weight>, std::shared_ptr<const FontFace>> faces_; ///< with index
+    ShapedText fresh_;
     HbBuffer buffer_;
     hb_language_t language_;
 };
