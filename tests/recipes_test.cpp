@@ -88,6 +88,11 @@ TEST_F(RecipesTest, TheLastRunIsRemembered) {
     EXPECT_EQ(program.Stored("AutoRepeat Wizard", "A"), "") << "too long to be kept";
     EXPECT_EQ(program.Stored("AutoRepeat Wizard", "C"), "C=text,value=\"Meyer and \"") << "as it was filled";
     EXPECT_EQ(LastRun(main.settings).size(), 1U);
+    ForgetField(wizard, 3);
+    Give("B=number,first=2147483600"); // in 300 tabs too many
+    ConfirmCount(wizard, "300");
+    RememberRun(main.settings, wizard);
+    EXPECT_TRUE(LastRun(main.settings).empty()) << "neither an older run's field nor one without values";
     program.Store("AutoRepeat Wizard", "B", "B=year");
     EXPECT_TRUE(LastRun(main.settings).empty());
     for (const std::string& name : std::vector<std::string>{"", " a", "a=b", ";a", "[a", "a\nb", std::string(41, 'x')})

@@ -181,6 +181,7 @@ TEST_F(WizardTest, TickedNamesComeInTurn) {
         ChooseStyle(wizard, c.style);
         FieldChoice choice = wizard.Entry();
         EXPECT_EQ(GiveValues(wizard, choice), "Please make a selection before you click next or click on Cancel.");
+        EXPECT_EQ(wizard.FieldDone[0], &c != cases) << "a refusal changes nothing";
         for (const std::size_t box : c.ticked)
             (c.kind == ValueKind::Month ? choice.months[box] : choice.days[box]) = true;
         EXPECT_EQ(GiveValues(wizard, choice), std::nullopt);
@@ -189,6 +190,9 @@ TEST_F(WizardTest, TickedNamesComeInTurn) {
         wizard.Entries[0] = {};
         EXPECT_EQ(wizard.Entries[1].style, c.style) << "what comes next is in the same language";
     }
+    wizard.FieldDone[1] = true;
+    ChooseStyle(wizard, 1);
+    EXPECT_EQ(wizard.Entries[1].style, 2) << "a field that has its values keeps its style";
 }
 
 TEST_F(WizardTest, AppendingGrowsByWholePagesFromTheTabInUse) {

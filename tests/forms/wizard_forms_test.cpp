@@ -31,6 +31,9 @@ private slots:
         run.Press("cmdNext");
         QCOMPARE(run.Focus(), std::string("cmdFieldB"));
         QCOMPARE(run.Find<QPushButton>("cmdFieldA")->palette().color(QPalette::Button), QColor(255, 0, 255));
+        run.Choose("cmdFieldA", "optNum");
+        QCOMPARE(run.Find<QComboBox>("cboNumberFormat")->currentIndex(), 2);
+        run.Press("cmdNext");
         run.Months("cmdFieldB");
         run.Find<QCheckBox>("chkMonth(3)")->click();
         run.Find<QCheckBox>("chkMonth(6)")->click();
@@ -128,6 +131,13 @@ private slots:
         QVERIFY(!run.Find<QCheckBox>("chkTagAll")->isChecked());
         run.Find<QCheckBox>("chkUpperCase")->click();
         QCOMPARE(run.Preview(), std::string("Monday, Wednesday, Thursday ... Thursday"));
+        run.Find<QCheckBox>("chkUpperCase")->click();
+        run.Press("cmdNext");
+        run.Press("cmdPrevious");
+        run.Choose("cmdFieldA", "optDay");
+        run.Press("cmdNext"); // back, and all is as it was left
+        QCOMPARE(run.Preview(), std::string("MONDAY, WEDNESDAY, THURSDAY ... THURSDAY"));
+        QVERIFY(run.Find<QCheckBox>("chkUpperCase")->isChecked() && run.Find<QCheckBox>("chkDay(3)")->isChecked());
     }
 
     void anotherCountKeepsEveryEntry() {
@@ -150,7 +160,12 @@ private slots:
         run.Type("txtNoOfPages", "6");
         run.Press("cmdNext");
         QCOMPARE(run.Shown("lblFieldA") + "|" + run.Shown("lblFieldB"), std::string("No.7 ... No.9|keeps its texts"));
-        run.Choose("cmdFieldB", "optText");
+        run.Choose("cmdFieldA", "optNum");
+        QCOMPARE(run.Find<QSpinBox>("txtRepeat")->value(), 2);
+        run.Press("cmdNext");
+        run.Press("cmdFieldB");
+        QVERIFY(run.Find<QRadioButton>("optText")->isChecked());
+        run.Press("cmdNext");
         QCOMPARE(run.Find<QLineEdit>("txtInput")->text(), QString("draft"));
         run.Press("cmdNext");
         QCOMPARE(run.Find<QLineEdit>("Text1")->text(), QString("No.7")); // the sample of the fonts
@@ -224,15 +239,17 @@ private slots:
         run.Press("cmdSaveRecipe");
         recipe->setEditText("Boxes");
         run.Press("cmdSaveRecipe");
+        run.Fill("txtFirstA", "other");
         run.test.ui.Expect("Do you want to replace the recipe \"Boxes\"?", Icon::Question, Buttons::YesNo, Answer::No,
                            Answer::No);
         run.Press("cmdSaveRecipe");
-        run.Fill("txtFirstA", "other");
         QTest::keyClick(recipe->lineEdit(), Qt::Key_Return); // takes it, and fills nothing
         QCOMPARE(run.Shown("lblFieldA"), std::string("Box 1, Box 2"));
-        run.test.ui.Expect("Do you want to delete the recipe \"Boxes\"?", Icon::Question, Buttons::YesNo, Answer::Yes,
-                           Answer::No);
-        run.Press("cmdDeleteRecipe");
+        for (const Answer answer : {Answer::No, Answer::Yes}) {
+            run.test.ui.Expect("Do you want to delete the recipe \"Boxes\"?", Icon::Question, Buttons::YesNo, answer,
+                               Answer::No);
+            run.Press("cmdDeleteRecipe"); // not to be pressed any more where No deletes it
+        }
         QCOMPARE(recipe->count(), 0);
         run.Fill("txtFirstA", "");
         QTest::keyClick(run.Find<QLineEdit>("txtFirstA"), Qt::Key_Delete);
@@ -262,6 +279,7 @@ private slots:
         run.Type("txtFirstNumber", "2147483646");
         QCOMPARE(run.Preview(), std::string("The numbers would not all lie between -2147483648 and 2147483647."));
         for (const char* first : {"2147483646", "2147483648"}) {
+            run.Type("txtFirstNumber", "7"); // whose tabs must not stay
             run.Type("txtFirstNumber", first);
             QCOMPARE(run.Find<QWidget>("imgTab")->accessibleName(), QString("Tab 1: b; Tab 3: b"));
             run.test.ui.Expect(run.Preview(), Icon::Critical);

@@ -200,8 +200,9 @@ void frmAutoRepWiz2a::TypeFirstText(int fieldNo, const std::string& text) {
 /// Of numbers and fixed texts; names in turn have a page to be chosen on.
 void frmAutoRepWiz2a::ShowFirstText(int fieldNo) {
     const auto& chosen = State().Chosen.at(static_cast<std::size_t>(fieldNo - 1));
-    rows_.at(static_cast<std::size_t>(fieldNo - 1))
-        .first->setText(chosen ? QString::fromStdString(FirstTextOf(*chosen)) : "");
+    QLineEdit& first = *rows_.at(static_cast<std::size_t>(fieldNo - 1)).first;
+    first.setText(chosen ? QString::fromStdString(FirstTextOf(*chosen)) : "");
+    first.setCursorPosition(0); // where it is too long, its beginning is seen
 }
 
 /// All that follows from what the fields hold.
