@@ -7,6 +7,7 @@
 #include "platform/InstalledPrinters.h"
 #include "platform/qt/BundledFiles.h"
 #include "platform/qt/Endings.h"
+#include "platform/qt/ProgramStart.h"
 #include "platform/qt/QtUserInterface.h"
 #include "settings/RegistryFile.h"
 #include "widgets/PlainButtons.h"
@@ -17,10 +18,8 @@
 #include <QIcon>
 #include <QMessageBox>
 
-#include <algorithm>
 #include <clocale>
 #include <cstdio>
-#include <cstdlib>
 
 namespace {
 
@@ -52,7 +51,7 @@ private:
 };
 
 CommandLine Read(int argc, char** argv) {
-    return ReadCommandLine({argv + std::min(argc, 1), argv + argc});
+    return ReadCommandLine(WordsOfCall(argc, argv));
 }
 
 /// The system's own, or a file in its place.
@@ -114,20 +113,10 @@ QIcon ProgramIcon() {
     return icon;
 }
 
-/// Without a display the toolkit would advise to install the program anew, and abort.
-void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
-    if (type != QtFatalMsg)
-        return;
-    const char* display = std::getenv("DISPLAY");
-    std::fprintf(stderr, "velmora: there is no display: %s%s. velmora-batch works without one.\n",
-                 display ? "nothing answers at " : "neither DISPLAY nor WAYLAND_DISPLAY is set",
-                 display ? display : "");
-    std::_Exit(1);
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
+    TakeTerminalOfCaller();
     if (AnswersAtOnce(Read(argc, argv)))
         return 0;
     const auto usual = qInstallMessageHandler(EndWithoutDisplay);
