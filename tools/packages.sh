@@ -54,6 +54,12 @@ libz-mingw-w64-dev          has_file x86_64-w64-mingw32/lib/libz.a
 dpkg-dev                    command -v dpkg-source
 wine64                      test -x /usr/lib/wine/wine64
 wine                        command -v wine
+ghostscript                 command -v gs
+'
+
+# For ./windows, beside those.
+INSTALLER_PACKAGES='
+nsis                command -v makensis
 '
 
 # For ./test --coverage.

@@ -6,6 +6,7 @@
 #include "platform/windows/DirectWriteCatalogue.h"
 #include "platform/windows/WindowsDesktop.h"
 #include "platform/windows/WindowsDrives.h"
+#include "platform/windows/WindowsPrinters.h"
 #include "platform/windows/WindowsRegistry.h"
 
 #include <array>
@@ -58,7 +59,7 @@ fs::path MakeProgramFolder(const Environment& environment) {
 }
 
 std::unique_ptr<PrintSystem> MakePrintServer() {
-    return nullptr;
+    return std::make_unique<WindowsPrinters>();
 }
 
 std::unique_ptr<FontCatalogue> MakeFontCatalogue() {
