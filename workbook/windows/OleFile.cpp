@@ -1,9 +1,12 @@
-// By the system's structured storage, on memory.
+// By the system's structured storage.
 #include "workbook/OleFile.h"
 
+#include "base/AtomicFile.h"
+#include "base/TemporaryFile.h"
 #include "base/windows/Com.h"
 #include "workbook/WorkbookParts.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace velmora {
@@ -27,14 +30,15 @@ Com<ILockBytes> MemoryWith(std::string_view bytes) {
     return memory;
 }
 
-std::string BytesOf(ILockBytes& memory) {
-    STATSTG facts{};
-    HGLOBAL block = nullptr;
-    if (FAILED(memory.Stat(&facts, STATFLAG_NONAME)) || FAILED(::GetHGlobalFromILockBytes(&memory, &block)))
-        throw std::bad_alloc();
-    const std::string bytes(static_cast<const char*>(::GlobalLock(block)), facts.cbSize.QuadPart);
-    ::GlobalUnlock(block);
-    return bytes;
+/// When it was made: the same sheet is to be the same file, by which the program knows its own. Stands in the entries
+/// of the first sector of the directory.
+void ForgetTimes(std::string& file) {
+    constexpr std::size_t kDirectoryAt = 0x30, kSector = 512, kEntry = 128, kTimesAt = 0x64, kTimes = 16;
+    std::uint32_t sector = 0;
+    std::memcpy(&sector, file.data() + kDirectoryAt, sizeof sector);
+    const std::size_t start = (std::size_t{sector} + 1) * kSector;
+    for (std::size_t entry = start; entry < start + kSector && entry + kEntry <= file.size(); entry += kEntry)
+        file.replace(entry + kTimesAt, kTimes, kTimes, '\0');
 }
 
 std::string ReadAll(IStream& stream, std::size_t most) {
@@ -64,19 +68,23 @@ std::optional<std::string> ReadOleStream(std::string_view file, std::string_view
     return ReadAll(*stream, file.size());
 }
 
+/// By a file, since what is left open between the sectors of memory is whatever was there.
 std::string WriteOleFile(const char* name, std::string_view stream) {
-    const Com<ILockBytes> memory = MemoryWith("");
+    const ScratchFolder scratch;
+    const std::filesystem::path path = scratch.Path() / "workbook.xls";
     Com<IStorage> folder;
     Com<IStream> child;
     ULONG written = 0;
-    if (FAILED(::StgCreateDocfileOnILockBytes(memory.Get(), kCreate, 0, folder.Out())) ||
+    if (FAILED(::StgCreateDocfile(path.c_str(), kCreate, 0, folder.Out())) ||
         FAILED(folder->CreateStream(Wide(name).c_str(), kCreate, 0, 0, child.Out())) ||
         FAILED(child->Write(stream.data(), static_cast<ULONG>(stream.size()), &written)) || written != stream.size() ||
         FAILED(child->Commit(STGC_DEFAULT)) || FAILED(folder->Commit(STGC_DEFAULT)))
         throw WorkbookError("the workbook cannot be written");
     child.Reset();
     folder.Reset();
-    return BytesOf(*memory);
+    std::string file = ReadFile(path);
+    ForgetTimes(file);
+    return file;
 }
 
 } // namespace velmora
