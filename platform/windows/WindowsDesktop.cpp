@@ -41,8 +41,12 @@ bool WindowsDesktop::StartProgram(const fs::path& program) {
     return program.is_absolute() && fs::is_regular_file(program, error) && Open(program);
 }
 
-bool WindowsDesktop::StartAnother(const fs::path& file) {
-    return Open(RunningProgram(), L"\"" + fs::absolute(file).wstring() + L"\"");
+bool WindowsDesktop::StartAnother(const fs::path& file, std::size_t beside) {
+    const std::wstring variable = Wide(kBesideVariable); // which goes to what is started with all others
+    ::SetEnvironmentVariableW(variable.c_str(), std::to_wstring(beside).c_str());
+    const bool started = Open(RunningProgram(), L"\"" + fs::absolute(file).wstring() + L"\"");
+    ::SetEnvironmentVariableW(variable.c_str(), nullptr);
+    return started;
 }
 
 bool WindowsDesktop::StartSystemInformation() {

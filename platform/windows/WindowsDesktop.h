@@ -9,7 +9,7 @@ class WindowsDesktop : public Desktop {
 public:
     bool OpenFile(const std::filesystem::path& file) override;
     bool StartProgram(const std::filesystem::path& program) override;
-    bool StartAnother(const std::filesystem::path& file) override;
+    bool StartAnother(const std::filesystem::path& file, std::size_t beside) override;
     bool StartSystemInformation() override;
 };
 
