@@ -44,6 +44,6 @@ std::unique_ptr<Drives> MakeDrives();
 /// Opens the keys in a file that a registry editor exported.
 using ExportReader = std::function<std::unique_ptr<Registry>(const std::filesystem::path& file)>;
 /// The machine's own registry; null on a system without one.
-std::unique_ptr<Registry> MakeMachineRegistry(ExportReader openExport);
+std::unique_ptr<Registry> MakeMachineRegistry(const ExportReader& openExport);
 
 } // namespace velmora

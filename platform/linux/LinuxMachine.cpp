@@ -92,7 +92,7 @@ std::unique_ptr<Drives> MakeDrives() {
     return std::make_unique<LinuxDrives>();
 }
 
-std::unique_ptr<Registry> MakeMachineRegistry(ExportReader) {
+std::unique_ptr<Registry> MakeMachineRegistry(const ExportReader&) {
     return nullptr;
 }
 

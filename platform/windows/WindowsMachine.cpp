@@ -74,8 +74,8 @@ std::unique_ptr<Drives> MakeDrives() {
     return std::make_unique<WindowsDrives>();
 }
 
-std::unique_ptr<Registry> MakeMachineRegistry(ExportReader openExport) {
-    return std::make_unique<WindowsRegistry>(std::move(openExport));
+std::unique_ptr<Registry> MakeMachineRegistry(const ExportReader& openExport) {
+    return std::make_unique<WindowsRegistry>(openExport);
 }
 
 } // namespace velmora
