@@ -48,8 +48,9 @@ class AccessibilityFormsTest : public QObject {
     static QString TakeHelp() {
         for (QWidget* window : QApplication::topLevelWidgets())
             if (window->objectName() == "frmHelp" && window->isVisible()) {
-                const std::unique_ptr<QWidget> gone(window);
-                return Get<QTextBrowser>(*window, "txtPage").toPlainText();
+                const QString page = Get<QTextBrowser>(*window, "txtPage").toPlainText();
+                delete window;
+                return page;
             }
         return {};
     }

@@ -28,8 +28,10 @@ PdfFile::Picture Draw(const Sheet& sheet, const FontSettings& fonts, const FontC
     PainterCanvas screen(painter, painterFonts, way == Way::AsRead ? SheetView::AsRead : SheetView::AsPrinted);
     PictureSurface surface(painter, way == Way::Surface);
     SurfaceCanvas job(surface);
-    Canvas& canvas = way < Way::Surface ? static_cast<Canvas&>(screen) : job;
-    SheetPainter(catalogue, fonts).Paint(sheet, canvas, outlines);
+    Canvas* canvas = &screen;
+    if (way >= Way::Surface)
+        canvas = &job;
+    SheetPainter(catalogue, fonts).Paint(sheet, *canvas, outlines);
     return page;
 }
 

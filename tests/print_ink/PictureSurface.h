@@ -62,7 +62,8 @@ public:
             painter_.strokePath(path, QPen(Qt::black, shape.thickness, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     }
     void FillArea(const PrintArea& area, double grey) override {
-        painter_.fillRect(ToRect(area), QColor::fromRgbF(grey, grey, grey));
+        const auto level = static_cast<float>(grey);
+        painter_.fillRect(ToRect(area), QColor::fromRgbF(level, level, level));
     }
     void EndPage() override {}
     void Finish() override {}

@@ -38,8 +38,8 @@ void TakeTerminalOfCaller() {
     if (hasOutput || !::AttachConsole(ATTACH_PARENT_PROCESS))
         return;
     ::SetConsoleOutputCP(CP_UTF8);
-    std::freopen("CONOUT$", "w", stdout);
-    std::freopen("CONOUT$", "w", stderr);
+    for (std::FILE* stream : {stdout, stderr})
+        static_cast<void>(std::freopen("CONOUT$", "w", stream)); // a stream that fails says nothing
 }
 
 /// There always is one.
