@@ -200,7 +200,7 @@ Worksheet ReadWorksheet(Workbook& workbook, const std::string& name, const Works
     std::iota(columns.begin(), columns.end(), 1);
     int last = 0;
     workbook.ReadSheet(name, columns, [&](const SheetRow& row) {
-        for (std::size_t i = static_cast<std::size_t>(last); i < row.texts.size(); ++i)
+        for (auto i = static_cast<std::size_t>(last); i < row.texts.size(); ++i)
             last = row.texts[i].empty() ? last : static_cast<int>(i) + 1;
         return builder.Add(row);
     });

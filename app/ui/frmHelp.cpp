@@ -84,7 +84,7 @@ QStringList Words(const QString& text) {
 class PageBrowser : public QTextBrowser {
 protected:
     QVariant loadResource(int type, const QUrl& name) override {
-        const QVariant resource = QTextBrowser::loadResource(type, name);
+        QVariant resource = QTextBrowser::loadResource(type, name);
         const QImage picture = QImage::fromData(resource.toByteArray());
         if (type != QTextDocument::ImageResource || picture.isNull())
             return resource;

@@ -2,6 +2,7 @@
 
 #include "app/Commands.h"
 #include "base/Paths.h"
+#include "base/Text.h"
 #include "widgets/Controls.h"
 #include "widgets/HelpRequest.h"
 
@@ -17,7 +18,7 @@ constexpr int kBetweenDocuments = 3; ///< between two documents, which take two 
 
 /// Two lines, which a screen reader reads as one: name, time and size, then the first texts and the folder.
 QString Caption(const RecoveredDocument& document) {
-    const std::string tabs = std::to_string(document.TabsFilled) + (document.TabsFilled == 1 ? " tab" : " tabs");
+    const std::string tabs = Counted(static_cast<std::size_t>(document.TabsFilled), "tab");
     const std::string folder = PathText(document.DocFileName.parent_path());
     const std::string gap = document.FirstTexts.empty() || folder.empty() ? "" : "   ";
     return QString::fromStdString(document.Name() + "   " + LocalTime(document.Time) + "   " + tabs + "\n" +

@@ -8,6 +8,7 @@
 #include "app/ui/frmStart.h"
 #include "base/Numbers.h"
 #include "base/Paths.h"
+#include "base/Text.h"
 #include "editor/ui/PageStrip.h"
 #include "editor/ui/frmGrid2a4.h"
 #include "widgets/FormPlace.h"
@@ -167,9 +168,10 @@ void mdiVelmora::AddRecovered(QMenu* menu) {
     connect(menu, &QMenu::aboutToShow, this, [this, recovered] {
         recovered->clear();
         for (const RecoveredDocument& document : program_.main.recovery.List())
-            recovered->addAction(Numbered(*recovered, LocalTime(document.Time) + "   " + document.Name() + "   (" +
-                                                          std::to_string(document.TabsFilled) + " tabs)"),
-                                 this, [this, document] { Restore(document); });
+            recovered->addAction(
+                Numbered(*recovered, LocalTime(document.Time) + "   " + document.Name() + "   (" +
+                                         Counted(static_cast<std::size_t>(document.TabsFilled), "tab") + ")"),
+                this, [this, document] { Restore(document); });
         recovered->setEnabled(!recovered->isEmpty());
     });
 }
