@@ -5,15 +5,16 @@
 #include "workspace/Dialogs.h"
 #include "workspace/FolderSearch.h"
 
-#include <QFile>
+#include <QDir>
 
 namespace velmora {
 
 QPixmap LoadTabPicture(MainModule& main, const std::string& fileName) {
-    const QString bundled = ":/velmora/Images/" + QString::fromStdString(fileName);
+    const QDir bundled(":/velmora/Images");
+    const QStringList own = bundled.entryList({QString::fromStdString(fileName)}, QDir::Files); // in any letter case
     QPixmap picture;
-    if (!FindFile(main.globals.ImagesPath, fileName) && QFile::exists(bundled))
-        picture.load(bundled);
+    if (!FindFile(main.globals.ImagesPath, fileName) && !own.isEmpty())
+        picture.load(bundled.filePath(own.front()));
     else if (const auto path = SearchFile(main, main.globals.ImagesPath,
                                           {fileName, "Image", "Images", "Picture (*.gif)|*.gif", "A4_alpha_New.gif"}))
         picture.load(QString::fromStdString(PathText(*path)));
