@@ -48,7 +48,7 @@ class AccessibilityFormsTest : public QObject {
     static QString TakeHelp() {
         for (QWidget* window : QApplication::topLevelWidgets())
             if (window->objectName() == "frmHelp" && window->isVisible()) {
-                const QString page = Get<QTextBrowser>(*window, "txtPage").toPlainText();
+                QString page = Get<QTextBrowser>(*window, "txtPage").toPlainText();
                 delete window;
                 return page;
             }
