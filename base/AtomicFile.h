@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/Error.h"
+#include "base/Replacement.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -32,12 +33,6 @@ private:
 /// The file, or its first `most` bytes. Raises FileAccessError, also for a directory.
 std::string ReadFile(const std::filesystem::path& path, std::size_t most = std::string::npos);
 
-/// Who may read what is written.
-enum class Readers {
-    AsBefore,  ///< those who could read the old file; those to whom the folder gives new ones
-    OwnerAlone ///< for what the program keeps for itself; on Windows the folder says who that is
-};
-
 /// One replacement of a file. Nothing at the path changes before Commit; without it the destructor leaves the old
 /// file as it was. Symbolic links are followed, and the permissions, the owner, access control list and extended
 /// attributes of an old file survive; at no time may more people read the new content than the old. A file with several
@@ -56,8 +51,6 @@ public:
     void Commit();
 
 private:
-    class Replacement; // each system's own
-
     void Flush();
 
     std::unique_ptr<Replacement> file_;

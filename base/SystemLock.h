@@ -21,6 +21,8 @@ public:
     /// Whether the lock of a file is held. Nobody holds that of a missing file; one that can't be tried is taken for
     /// held.
     static bool IsHeld(const std::filesystem::path& path);
+    /// Removes a file that a program which has ended left; no effect on one whose lock is held.
+    static void RemoveUnheld(const std::filesystem::path& path);
 
     SystemLock(SystemLock&&) noexcept;
     ~SystemLock();

@@ -1,8 +1,9 @@
 #include "base/AtomicFile.h"
 
 #include "base/FileNumber.h"
+#include "base/Sibling.h"
 #include "base/posix/FileRights.h"
-#include "base/posix/Sibling.h"
+#include "base/posix/SystemFile.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -18,15 +19,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
 
-/// Follows links, also one whose target does not exist yet.
-fs::path ResolveLinks(fs::path path) {
-    constexpr int kMostLinks = 40; // as many as Linux itself follows
-    std::error_code error;
-    for (int i = 0; i < kMostLinks && fs::is_symlink(path, error); ++i)
-        path = path.parent_path() / fs::read_symlink(path, error);
-    return path;
-}
-
 std::int64_t Nanoseconds(const timespec& time) {
     return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
@@ -41,6 +33,117 @@ bool Overwrite(const SystemFile& file, std::string_view bytes) {
 bool Reserve(const SystemFile& file, std::size_t bytes) {
     errno = bytes > 0 ? ::posix_fallocate(file.Get(), 0, static_cast<off_t>(bytes)) : 0;
     return errno == 0;
+}
+
+class PosixReplacement : public Replacement {
+public:
+    PosixReplacement(const fs::path& path, Readers readers);
+
+    void Write(std::string_view bytes) override;
+    void Commit() override;
+
+private:
+    enum class Way { Rename, Overwrite, Straight };
+
+    Way ChooseWay();
+    void OpenSibling();
+    void OverwriteTarget();
+    [[noreturn]] void Fail() const;
+
+    fs::path target_; ///< with links resolved
+    Readers readers_;
+    bool exists_ = false;
+    struct stat old_ {}; ///< the target's, where it exists
+    Way way_;
+    Sibling sibling_;
+    SystemFile straight_;
+};
+
+PosixReplacement::PosixReplacement(const fs::path& path, Readers readers)
+    : target_(TargetOf(path)), readers_(readers), way_(ChooseWay()), sibling_(target_) {
+    if (way_ != Way::Straight) {
+        OpenSibling();
+        return;
+    }
+    straight_.Reset(::open(target_.c_str(), O_WRONLY | O_CLOEXEC));
+    if (!straight_.IsOpen())
+        Fail();
+}
+
+PosixReplacement::Way PosixReplacement::ChooseWay() {
+    exists_ = ::stat(target_.c_str(), &old_) == 0;
+    if (!exists_) {
+        if (errno != ENOENT)
+            Fail();
+        return Way::Rename;
+    }
+    if (S_ISDIR(old_.st_mode)) {
+        errno = EISDIR;
+        Fail();
+    }
+    // A rename could replace a file that may not be written; the person who protected it means it.
+    if (::access(target_.c_str(), W_OK) != 0)
+        Fail();
+    if (!S_ISREG(old_.st_mode))
+        return Way::Straight;
+    return old_.st_nlink > 1 ? Way::Overwrite : Way::Rename;
+}
+
+void PosixReplacement::OpenSibling() {
+    // The rights of an old file come last, with all of the content.
+    if (sibling_.Create(target_.parent_path(), exists_ ? Readers::OwnerAlone : readers_))
+        return;
+    const int cause = errno;
+    std::error_code error;
+    // A file that may be written in a folder that may not: its twin waits elsewhere.
+    if (!exists_ || cause != EACCES || !sibling_.Create(fs::temp_directory_path(error), Readers::OwnerAlone)) {
+        errno = cause;
+        Fail();
+    }
+    way_ = Way::Overwrite;
+}
+
+void PosixReplacement::Write(std::string_view bytes) {
+    if (!WriteAll(way_ == Way::Straight ? straight_ : sibling_.File(), bytes))
+        Fail();
+}
+
+void PosixReplacement::Commit() {
+    if (way_ == Way::Straight)
+        return;
+    if (way_ == Way::Rename && exists_ && !TakeRights(sibling_.File(), target_, old_, readers_))
+        way_ = Way::Overwrite;
+    if (::fsync(sibling_.File().Get()) != 0)
+        Fail();
+    if (way_ == Way::Overwrite)
+        OverwriteTarget();
+    else if (!sibling_.TakePlaceOfTarget())
+        Fail();
+    FlushFolder(target_.parent_path());
+    sibling_.RemoveOlderCopies();
+}
+
+void PosixReplacement::OverwriteTarget() {
+    const std::string content = ReadFile(sibling_.Path());
+    const SystemFile target(::open(target_.c_str(), O_RDWR | O_CLOEXEC));
+    if (!target.IsOpen())
+        Fail();
+    const std::string old = ReadFile(target_);
+    // From here on a program that is killed leaves the twin as the whole copy, which the next opening offers.
+    if (!sibling_.KeepAsWhole())
+        Fail();
+    const auto hold = HoldInterruptions();
+    if (Reserve(target, content.size()) && Overwrite(target, content))
+        return;
+    const int cause = errno;
+    if (!Overwrite(target, old))
+        throw FileAccessError(target_, cause, sibling_.Path());
+    errno = cause;
+    Fail();
+}
+
+void PosixReplacement::Fail() const {
+    throw FileAccessError(target_, errno);
 }
 
 } // namespace
@@ -69,148 +172,18 @@ std::string ReadFile(const fs::path& path, std::size_t most) {
     return bytes;
 }
 
-/// The new content on its way to the file.
-class AtomicFile::Replacement {
-public:
-    Replacement(const fs::path& path, Readers readers);
-
-    void Write(std::string_view bytes);
-    void Commit();
-
-private:
-    enum class Way { Rename, Overwrite, Straight };
-
-    Way ChooseWay();
-    void OpenSibling();
-    void OverwriteTarget();
-    [[noreturn]] void Fail() const;
-
-    fs::path target_; ///< with links resolved
-    Readers readers_;
-    bool exists_ = false;
-    struct stat old_ {}; ///< the target's, where it exists
-    Way way_;
-    Sibling sibling_;
-    SystemFile straight_;
-};
-
-AtomicFile::Replacement::Replacement(const fs::path& path, Readers readers)
-    : target_(ResolveLinks(path)), readers_(readers), way_(ChooseWay()), sibling_(target_) {
-    if (way_ != Way::Straight) {
-        OpenSibling();
-        return;
-    }
-    straight_.Reset(::open(target_.c_str(), O_WRONLY | O_CLOEXEC));
-    if (!straight_.IsOpen())
-        Fail();
+std::unique_ptr<Replacement> NewReplacement(const fs::path& path, Readers readers) {
+    return std::make_unique<PosixReplacement>(path, readers);
 }
 
-AtomicFile::Replacement::Way AtomicFile::Replacement::ChooseWay() {
-    exists_ = ::stat(target_.c_str(), &old_) == 0;
-    if (!exists_) {
-        if (errno != ENOENT)
-            Fail();
-        return Way::Rename;
-    }
-    if (S_ISDIR(old_.st_mode)) {
-        errno = EISDIR;
-        Fail();
-    }
-    // A rename could replace a file that may not be written; the person who protected it means it.
-    if (::access(target_.c_str(), W_OK) != 0)
-        Fail();
-    if (!S_ISREG(old_.st_mode))
-        return Way::Straight;
-    return old_.st_nlink > 1 ? Way::Overwrite : Way::Rename;
-}
-
-void AtomicFile::Replacement::OpenSibling() {
-    // The rights of an old file come last, with all of the content; a new one gets the folder's.
-    const mode_t mode = exists_ || readers_ == Readers::OwnerAlone ? kOwnerAlone : kAllThatTheFolderGives;
-    if (sibling_.Create(target_.parent_path(), mode))
-        return;
-    const int cause = errno;
+/// Also where a link's target does not exist yet.
+fs::path TargetOf(const fs::path& path) {
+    constexpr int kMostLinks = 40; // as many as Linux itself follows
     std::error_code error;
-    // A file that may be written in a folder that may not: its twin waits elsewhere.
-    if (!exists_ || cause != EACCES || !sibling_.Create(fs::temp_directory_path(error), kOwnerAlone)) {
-        errno = cause;
-        Fail();
-    }
-    way_ = Way::Overwrite;
-}
-
-void AtomicFile::Replacement::Write(std::string_view bytes) {
-    if (!WriteAll(way_ == Way::Straight ? straight_ : sibling_.File(), bytes))
-        Fail();
-}
-
-void AtomicFile::Replacement::Commit() {
-    if (way_ == Way::Straight)
-        return;
-    if (way_ == Way::Rename && exists_ && !TakeRights(sibling_.File(), target_, old_, readers_))
-        way_ = Way::Overwrite;
-    if (::fsync(sibling_.File().Get()) != 0)
-        Fail();
-    if (way_ == Way::Overwrite)
-        OverwriteTarget();
-    else if (!sibling_.TakePlaceOfTarget())
-        Fail();
-    FlushFolder(target_.parent_path());
-    sibling_.RemoveOlderCopies();
-}
-
-void AtomicFile::Replacement::OverwriteTarget() {
-    const std::string content = ReadFile(sibling_.Path());
-    const SystemFile target(::open(target_.c_str(), O_RDWR | O_CLOEXEC));
-    if (!target.IsOpen())
-        Fail();
-    const std::string old = ReadFile(target_);
-    // From here on a program that is killed leaves the twin as the whole copy, which the next opening offers.
-    if (!sibling_.KeepAsWhole())
-        Fail();
-    const auto hold = HoldInterruptions();
-    if (Reserve(target, content.size()) && Overwrite(target, content))
-        return;
-    const int cause = errno;
-    if (!Overwrite(target, old))
-        throw FileAccessError(target_, cause, sibling_.Path());
-    errno = cause;
-    Fail();
-}
-
-void AtomicFile::Replacement::Fail() const {
-    throw FileAccessError(target_, errno);
-}
-
-AtomicFile::AtomicFile(const fs::path& path, Readers readers) : file_(std::make_unique<Replacement>(path, readers)) {}
-
-AtomicFile::~AtomicFile() = default;
-
-void AtomicFile::Write(std::string_view bytes) {
-    buffer_ += bytes;
-    if (buffer_.size() >= kBufferSize)
-        Flush();
-}
-
-void AtomicFile::Flush() {
-    file_->Write(buffer_);
-    buffer_.clear();
-}
-
-void AtomicFile::Commit() {
-    Flush();
-    file_->Commit();
-}
-
-std::optional<fs::path> InterruptedSave(const fs::path& path) {
-    const fs::path target = ResolveLinks(path);
-    std::error_code error;
-    std::optional<fs::path> newest;
-    for (const fs::path& folder : {target.parent_path(), fs::temp_directory_path(error)})
-        for (const fs::path& copy : WholeCopies(target, folder))
-            if (!newest || fs::last_write_time(copy, error) > fs::last_write_time(*newest, error))
-                newest = copy;
-    return newest;
+    fs::path target = path;
+    for (int i = 0; i < kMostLinks && fs::is_symlink(target, error); ++i)
+        target = target.parent_path() / fs::read_symlink(target, error);
+    return target;
 }
 
 std::uint64_t FileNumber(const fs::path& path) {

@@ -1,7 +1,8 @@
-#include "base/posix/Sibling.h"
+#include "base/Sibling.h"
 
 #include "base/SiblingNames.h"
-#include "base/SystemLock.h"
+#include "base/posix/FileRights.h"
+#include "base/posix/SystemFile.h"
 
 #include <atomic>
 #include <cerrno>
@@ -13,47 +14,32 @@
 #include <unistd.h>
 
 namespace velmora {
-namespace {
 
 namespace fs = std::filesystem;
 
-std::string SumOf(const fs::path& path) {
-    std::error_code error;
-    const fs::path canonical = fs::weakly_canonical(path, error);
-    return PathSum(error ? path : canonical);
-}
-
-} // namespace
+Sibling::Sibling(fs::path target) : target_(std::move(target)), file_(std::make_unique<SystemFile>()) {}
 
 Sibling::~Sibling() {
     Remove();
 }
 
-bool Sibling::Create(const fs::path& folder, mode_t mode) {
-    for (const fs::path& left : FilesNamed(folder, kSiblingStart, kUnfinished))
-        RemoveIfLeft(left);
-    if (!CreateOne(folder, mode))
-        return false;
-    olderCopies_ = WholeCopies(target_, folder);
-    return true;
-}
-
 /// The lock can come too late against another program that tidies up: then the name is gone, and the next is tried.
-bool Sibling::CreateOne(const fs::path& folder, mode_t mode) {
+bool Sibling::CreateOne(const fs::path& folder, Readers readers) {
     static std::atomic<unsigned> count{0};
-    const std::string prefix = std::string(kSiblingStart) + SumOf(target_) + "-" + std::to_string(::getpid()) + "-";
+    const std::string prefix = SiblingStart(target_) + std::to_string(::getpid()) + "-";
+    const mode_t mode = readers == Readers::OwnerAlone ? kOwnerAlone : kAllThatTheFolderGives;
     for (;;) {
         name_.Set(folder / (prefix + std::to_string(++count) + std::string(kUnfinished)));
-        file_.Reset(::open(Path().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-        if (!file_.IsOpen() && errno == EEXIST)
+        file_->Reset(::open(Path().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+        if (!file_->IsOpen() && errno == EEXIST)
             continue;
-        if (!file_.IsOpen()) {
+        if (!file_->IsOpen()) {
             const int cause = errno;
             name_.Set({});
             errno = cause;
             return false;
         }
-        if (LockNew(file_))
+        if (LockNew(*file_))
             return true;
     }
 }
@@ -84,15 +70,10 @@ void Sibling::Remove() {
     errno = cause;
 }
 
-void Sibling::RemoveOlderCopies() {
-    for (const fs::path& copy : olderCopies_)
-        ::unlink(copy.c_str());
-}
-
-std::vector<fs::path> WholeCopies(const fs::path& target, const fs::path& folder) {
-    std::vector<fs::path> copies = FilesNamed(folder, std::string(kSiblingStart) + SumOf(target) + "-", kWhole);
-    std::erase_if(copies, [](const fs::path& copy) { return SystemLock::IsHeld(copy); });
-    return copies;
+std::string SiblingStart(const fs::path& target) {
+    std::error_code error;
+    const fs::path canonical = fs::weakly_canonical(target, error);
+    return std::string(kSiblingStart) + PathSum(error ? target : canonical) + "-";
 }
 
 } // namespace velmora

@@ -36,12 +36,6 @@ bool LockNew(const SystemFile& file) {
     return ::fstat(file.Get(), &status) != 0 || status.st_nlink > 0;
 }
 
-void RemoveIfLeft(const std::filesystem::path& path) {
-    const SystemFile file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0)
-        ::unlink(path.c_str());
-}
-
 void FlushFolder(const std::filesystem::path& folder) {
     const SystemFile opened(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (opened.IsOpen())

@@ -26,11 +26,9 @@ private:
 /// False on an error, which errno names.
 bool WriteAll(const SystemFile& file, std::string_view bytes);
 
-/// Locks a file just made, so that RemoveIfLeft knows that its program runs. False where that has removed it already. A
-/// file system without locks locks nothing, and nothing is removed there.
+/// Locks a file just made, so that SystemLock::RemoveUnheld knows that its program runs. False where that has removed
+/// it already. A file system without locks locks nothing, and nothing is removed there.
 bool LockNew(const SystemFile& file);
-/// Removes a file whose program has ended, to judge by the lock. No effect on others.
-void RemoveIfLeft(const std::filesystem::path& path);
 
 /// Makes a rename in the folder durable; not every file system can, so a failure is none of ours.
 void FlushFolder(const std::filesystem::path& folder);

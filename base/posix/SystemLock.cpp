@@ -46,4 +46,10 @@ bool SystemLock::IsHeld(const fs::path& path) {
     return ::flock(file.Get(), LOCK_SH | LOCK_NB) != 0; // shared: two that ask at once do not hinder each other
 }
 
+void SystemLock::RemoveUnheld(const fs::path& path) {
+    const SystemFile file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0)
+        ::unlink(path.c_str());
+}
+
 } // namespace velmora

@@ -2,6 +2,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/ScratchNames.h"
+#include "base/SystemLock.h"
 #include "base/posix/SystemFile.h"
 
 #include <cerrno>
@@ -31,7 +32,7 @@ void RemoveWhatWasLeft() {
     for (fs::directory_iterator entry(fs::temp_directory_path(error), error), end; !error && entry != end;
          entry.increment(error))
         if (entry->path().filename().native().starts_with(kNameStart) && IsOwnFile(entry->path()))
-            RemoveIfLeft(entry->path());
+            SystemLock::RemoveUnheld(entry->path());
 }
 
 } // namespace
@@ -68,15 +69,6 @@ ScratchFolder::ScratchFolder() : name_(std::make_unique<ScratchName>()) {
     if (!::mkdtemp(name.data()))
         throw FileAccessError(name, errno);
     name_->Set(name);
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::error_code ignored;
-    fs::remove_all(Path(), ignored);
-}
-
-const fs::path& ScratchFolder::Path() const {
-    return name_->Path();
 }
 
 } // namespace velmora

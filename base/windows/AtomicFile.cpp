@@ -1,7 +1,8 @@
 #include "base/AtomicFile.h"
 
 #include "base/FileNumber.h"
-#include "base/windows/Sibling.h"
+#include "base/Sibling.h"
+#include "base/windows/SystemFile.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -46,6 +47,117 @@ void TakeRights(const fs::path& file, const fs::path& old) {
         ::SetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, list.data());
 }
 
+class WindowsReplacement : public Replacement {
+public:
+    explicit WindowsReplacement(const fs::path& path);
+
+    void Write(std::string_view bytes) override;
+    void Commit() override;
+
+private:
+    enum class Way { Rename, Overwrite, Straight };
+
+    Way ChooseWay();
+    Way ChooseWayOfExisting(DWORD attributes);
+    void OpenSibling();
+    void OverwriteTarget();
+    [[noreturn]] void Fail() const { Fail(LastErrno()); }
+    [[noreturn]] void Fail(int cause) const { throw FileAccessError(target_, cause); }
+
+    fs::path target_; ///< with links resolved
+    bool exists_ = false;
+    SystemFile straight_;
+    Way way_;
+    Sibling sibling_;
+};
+
+WindowsReplacement::WindowsReplacement(const fs::path& path)
+    : target_(ResolvedPath(path)), way_(ChooseWay()), sibling_(target_) {
+    if (way_ != Way::Straight)
+        OpenSibling();
+}
+
+WindowsReplacement::Way WindowsReplacement::ChooseWay() {
+    const DWORD attributes = ::GetFileAttributesW(target_.c_str());
+    exists_ = attributes != INVALID_FILE_ATTRIBUTES;
+    if (exists_)
+        return ChooseWayOfExisting(attributes);
+    straight_.Reset(OpenFile(target_, GENERIC_WRITE, kShareAll)); // a device or a pipe
+    if (straight_.IsOpen())
+        return Way::Straight;
+    if (const int cause = LastErrno(); cause != ENOENT)
+        Fail(cause);
+    return Way::Rename;
+}
+
+WindowsReplacement::Way WindowsReplacement::ChooseWayOfExisting(DWORD attributes) {
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        Fail(EISDIR);
+    // Not every system refuses the rename; the person who protected the file means it.
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        Fail(EACCES);
+    SystemFile file(OpenFile(target_, GENERIC_READ | GENERIC_WRITE, kShareAll));
+    if (!file.IsOpen())
+        file.Reset(OpenFile(target_, GENERIC_WRITE, kShareAll)); // one that may be written alone
+    if (!file.IsOpen())
+        Fail();
+    if (::GetFileType(file.Get()) == FILE_TYPE_DISK) {
+        BY_HANDLE_FILE_INFORMATION facts{};
+        return ::GetFileInformationByHandle(file.Get(), &facts) != 0 && facts.nNumberOfLinks > 1 ? Way::Overwrite
+                                                                                                 : Way::Rename;
+    }
+    straight_.Reset(OpenFile(target_, GENERIC_WRITE, kShareAll));
+    return straight_.IsOpen() ? Way::Straight : Way::Rename;
+}
+
+void WindowsReplacement::OpenSibling() {
+    if (sibling_.Create(target_.parent_path(), Readers::OwnerAlone))
+        return;
+    const int cause = LastErrno();
+    std::error_code error;
+    // A file that may be written in a folder that may not: its twin waits elsewhere.
+    if (!exists_ || cause != EACCES || !sibling_.Create(fs::temp_directory_path(error), Readers::OwnerAlone))
+        Fail(cause);
+    way_ = Way::Overwrite;
+}
+
+void WindowsReplacement::Write(std::string_view bytes) {
+    if (!WriteAll(way_ == Way::Straight ? straight_ : sibling_.File(), bytes))
+        Fail();
+}
+
+void WindowsReplacement::Commit() {
+    if (way_ == Way::Straight)
+        return;
+    if (way_ == Way::Rename && exists_)
+        TakeRights(sibling_.Path(), target_);
+    if (::FlushFileBuffers(sibling_.File().Get()) == 0)
+        Fail();
+    if (way_ == Way::Overwrite)
+        OverwriteTarget();
+    else if (!sibling_.TakePlaceOfTarget())
+        Fail();
+    sibling_.RemoveOlderCopies();
+}
+
+void WindowsReplacement::OverwriteTarget() {
+    const std::string content = velmora::ReadFile(sibling_.Path());
+    const std::string old = velmora::ReadFile(target_);
+    const SystemFile target(OpenFile(target_, GENERIC_READ | GENERIC_WRITE, kShareAll));
+    if (!target.IsOpen())
+        Fail();
+    // From here on a program that is killed leaves the twin as the whole copy, which the next opening offers.
+    if (!sibling_.KeepAsWhole())
+        Fail();
+    const auto hold = HoldInterruptions();
+    if (Reserve(target, old.size(), content.size()) && Overwrite(target, content))
+        return;
+    const int cause = LastErrno();
+    if (!Overwrite(target, old))
+        throw FileAccessError(target_, cause, sibling_.Path());
+    Fail(cause);
+}
+
 } // namespace
 
 std::string ReadFile(const fs::path& path, std::size_t most) {
@@ -74,147 +186,12 @@ std::string ReadFile(const fs::path& path, std::size_t most) {
     return bytes;
 }
 
-/// The new content on its way to the file.
-class AtomicFile::Replacement {
-public:
-    explicit Replacement(const fs::path& path);
-
-    void Write(std::string_view bytes);
-    void Commit();
-
-private:
-    enum class Way { Rename, Overwrite, Straight };
-
-    Way ChooseWay();
-    Way ChooseWayOfExisting(DWORD attributes);
-    void OpenSibling();
-    void OverwriteTarget();
-    [[noreturn]] void Fail() const { Fail(LastErrno()); }
-    [[noreturn]] void Fail(int cause) const { throw FileAccessError(target_, cause); }
-
-    fs::path target_; ///< with links resolved
-    bool exists_ = false;
-    SystemFile straight_;
-    Way way_;
-    Sibling sibling_;
-};
-
-AtomicFile::Replacement::Replacement(const fs::path& path)
-    : target_(ResolvedPath(path)), way_(ChooseWay()), sibling_(target_) {
-    if (way_ != Way::Straight)
-        OpenSibling();
+std::unique_ptr<Replacement> NewReplacement(const fs::path& path, Readers /*readers*/) {
+    return std::make_unique<WindowsReplacement>(path);
 }
 
-AtomicFile::Replacement::Way AtomicFile::Replacement::ChooseWay() {
-    const DWORD attributes = ::GetFileAttributesW(target_.c_str());
-    exists_ = attributes != INVALID_FILE_ATTRIBUTES;
-    if (exists_)
-        return ChooseWayOfExisting(attributes);
-    straight_.Reset(OpenFile(target_, GENERIC_WRITE, kShareAll)); // a device or a pipe
-    if (straight_.IsOpen())
-        return Way::Straight;
-    if (const int cause = LastErrno(); cause != ENOENT)
-        Fail(cause);
-    return Way::Rename;
-}
-
-AtomicFile::Replacement::Way AtomicFile::Replacement::ChooseWayOfExisting(DWORD attributes) {
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-        Fail(EISDIR);
-    // Not every system refuses the rename; the person who protected the file means it.
-    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0)
-        Fail(EACCES);
-    SystemFile file(OpenFile(target_, GENERIC_READ | GENERIC_WRITE, kShareAll));
-    if (!file.IsOpen())
-        file.Reset(OpenFile(target_, GENERIC_WRITE, kShareAll)); // one that may be written alone
-    if (!file.IsOpen())
-        Fail();
-    if (::GetFileType(file.Get()) == FILE_TYPE_DISK) {
-        BY_HANDLE_FILE_INFORMATION facts{};
-        return ::GetFileInformationByHandle(file.Get(), &facts) != 0 && facts.nNumberOfLinks > 1 ? Way::Overwrite
-                                                                                                 : Way::Rename;
-    }
-    straight_.Reset(OpenFile(target_, GENERIC_WRITE, kShareAll));
-    return straight_.IsOpen() ? Way::Straight : Way::Rename;
-}
-
-void AtomicFile::Replacement::OpenSibling() {
-    if (sibling_.Create(target_.parent_path()))
-        return;
-    const int cause = LastErrno();
-    std::error_code error;
-    // A file that may be written in a folder that may not: its twin waits elsewhere.
-    if (!exists_ || cause != EACCES || !sibling_.Create(fs::temp_directory_path(error)))
-        Fail(cause);
-    way_ = Way::Overwrite;
-}
-
-void AtomicFile::Replacement::Write(std::string_view bytes) {
-    if (!WriteAll(way_ == Way::Straight ? straight_ : sibling_.File(), bytes))
-        Fail();
-}
-
-void AtomicFile::Replacement::Commit() {
-    if (way_ == Way::Straight)
-        return;
-    if (way_ == Way::Rename && exists_)
-        TakeRights(sibling_.Path(), target_);
-    if (::FlushFileBuffers(sibling_.File().Get()) == 0)
-        Fail();
-    if (way_ == Way::Overwrite)
-        OverwriteTarget();
-    else if (!sibling_.TakePlaceOfTarget())
-        Fail();
-    sibling_.RemoveOlderCopies();
-}
-
-void AtomicFile::Replacement::OverwriteTarget() {
-    const std::string content = velmora::ReadFile(sibling_.Path());
-    const std::string old = velmora::ReadFile(target_);
-    const SystemFile target(OpenFile(target_, GENERIC_READ | GENERIC_WRITE, kShareAll));
-    if (!target.IsOpen())
-        Fail();
-    // From here on a program that is killed leaves the twin as the whole copy, which the next opening offers.
-    if (!sibling_.KeepAsWhole())
-        Fail();
-    const auto hold = HoldInterruptions();
-    if (Reserve(target, old.size(), content.size()) && Overwrite(target, content))
-        return;
-    const int cause = LastErrno();
-    if (!Overwrite(target, old))
-        throw FileAccessError(target_, cause, sibling_.Path());
-    Fail(cause);
-}
-
-AtomicFile::AtomicFile(const fs::path& path, Readers) : file_(std::make_unique<Replacement>(path)) {}
-
-AtomicFile::~AtomicFile() = default;
-
-void AtomicFile::Write(std::string_view bytes) {
-    buffer_ += bytes;
-    if (buffer_.size() >= kBufferSize)
-        Flush();
-}
-
-void AtomicFile::Flush() {
-    file_->Write(buffer_);
-    buffer_.clear();
-}
-
-void AtomicFile::Commit() {
-    Flush();
-    file_->Commit();
-}
-
-std::optional<fs::path> InterruptedSave(const fs::path& path) {
-    const fs::path target = ResolvedPath(path);
-    std::error_code error;
-    std::optional<fs::path> newest;
-    for (const fs::path& folder : {target.parent_path(), fs::temp_directory_path(error)})
-        for (const fs::path& copy : WholeCopies(target, folder))
-            if (!newest || fs::last_write_time(copy, error) > fs::last_write_time(*newest, error))
-                newest = copy;
-    return newest;
+fs::path TargetOf(const fs::path& path) {
+    return ResolvedPath(path);
 }
 
 std::uint64_t FileNumber(const fs::path& path) {

@@ -1,9 +1,9 @@
-#include "base/windows/Sibling.h"
+#include "base/Sibling.h"
 
 #include "base/Paths.h"
 #include "base/SiblingNames.h"
-#include "base/SystemLock.h"
 #include "base/Text.h"
+#include "base/windows/SystemFile.h"
 
 #include <atomic>
 #include <string>
@@ -12,10 +12,6 @@ namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string NameStart(const fs::path& target) {
-    return std::string(kSiblingStart) + PathSum(PathOf(FoldCase(PathText(ResolvedPath(target))))) + "-";
-}
 
 /// Scanners and indexers hold a file for a moment, mostly one that has just been written.
 bool MoveOver(const fs::path& from, const fs::path& to) {
@@ -33,23 +29,27 @@ bool MoveOver(const fs::path& from, const fs::path& to) {
 
 } // namespace
 
-bool Sibling::Create(const fs::path& folder) {
+Sibling::Sibling(fs::path target) : target_(std::move(target)), file_(std::make_unique<SystemFile>()) {}
+
+Sibling::~Sibling() {
+    Remove();
+}
+
+/// The folder itself says who may read what is made in it.
+bool Sibling::CreateOne(const fs::path& folder, Readers /*readers*/) {
     static std::atomic<unsigned> count{0};
-    for (const fs::path& left : FilesNamed(folder, kSiblingStart, kUnfinished))
-        RemoveIfLeft(left);
-    const std::string start = NameStart(target_) + std::to_string(::GetCurrentProcessId()) + "-";
+    const std::string start = SiblingStart(target_) + std::to_string(::GetCurrentProcessId()) + "-";
     do {
         name_.Set(folder / PathOf(start + std::to_string(++count) + std::string(kUnfinished)));
-        file_.Reset(MakeFile(Path()));
-    } while (!file_.IsOpen() && ::GetLastError() == ERROR_FILE_EXISTS);
-    if (!file_.IsOpen()) {
+        file_->Reset(MakeFile(Path()));
+    } while (!file_->IsOpen() && ::GetLastError() == ERROR_FILE_EXISTS);
+    if (!file_->IsOpen()) {
         const DWORD cause = ::GetLastError();
         name_.Set({});
         ::SetLastError(cause);
         return false;
     }
     ::SetFileAttributesW(Path().c_str(), FILE_ATTRIBUTE_HIDDEN);
-    olderCopies_ = WholeCopies(target_, folder);
     return true;
 }
 
@@ -80,15 +80,8 @@ void Sibling::Remove() {
     ::SetLastError(cause);
 }
 
-void Sibling::RemoveOlderCopies() {
-    for (const fs::path& copy : olderCopies_)
-        RemoveFile(copy);
-}
-
-std::vector<fs::path> WholeCopies(const fs::path& target, const fs::path& folder) {
-    std::vector<fs::path> copies = FilesNamed(folder, NameStart(target), kWhole);
-    std::erase_if(copies, [](const fs::path& copy) { return SystemLock::IsHeld(copy); });
-    return copies;
+std::string SiblingStart(const fs::path& target) {
+    return std::string(kSiblingStart) + PathSum(PathOf(FoldCase(PathText(ResolvedPath(target))))) + "-";
 }
 
 } // namespace velmora

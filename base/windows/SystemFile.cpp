@@ -68,10 +68,6 @@ bool RemoveFile(const fs::path& path) {
     return ::DeleteFileW(path.c_str()) != 0;
 }
 
-void RemoveIfLeft(const fs::path& path) {
-    const SystemFile alone(OpenFile(path, DELETE, 0, FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT));
-}
-
 fs::path ResolvedPath(const fs::path& path) {
     std::error_code error;
     const fs::path absolute = fs::absolute(path, error);

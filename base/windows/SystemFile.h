@@ -35,9 +35,6 @@ HANDLE MakeFile(const std::filesystem::path& path);
 bool WriteAll(const SystemFile& file, std::string_view bytes);
 bool RemoveFile(const std::filesystem::path& path);
 
-/// Removes a file that no program has open. No effect on others.
-void RemoveIfLeft(const std::filesystem::path& path);
-
 /// With links resolved and in the spelling of the file system, as far as the path exists.
 std::filesystem::path ResolvedPath(const std::filesystem::path& path);
 

@@ -53,4 +53,8 @@ bool SystemLock::IsHeld(const fs::path& path) {
     return !file.IsOpen() && LastErrno() != ENOENT;
 }
 
+void SystemLock::RemoveUnheld(const fs::path& path) {
+    const SystemFile alone(OpenFile(path, DELETE, 0, FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT));
+}
+
 } // namespace velmora

@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "base/ScratchNames.h"
 #include "base/SiblingNames.h"
+#include "base/SystemLock.h"
 #include "base/windows/SystemFile.h"
 
 #include <atomic>
@@ -28,7 +29,7 @@ void RemoveWhatWasLeft() {
     std::error_code error;
     for (const fs::path& path : FilesNamed(fs::temp_directory_path(error), kNameStart, ""))
         if (fs::is_regular_file(path, error))
-            RemoveIfLeft(path);
+            SystemLock::RemoveUnheld(path);
 }
 
 } // namespace
@@ -64,15 +65,6 @@ ScratchFolder::ScratchFolder() : name_(std::make_unique<ScratchName>()) {
     if (::CreateDirectoryW(path.c_str(), nullptr) == 0)
         throw FileAccessError(path, LastErrno());
     name_->Set(path);
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::error_code ignored;
-    fs::remove_all(Path(), ignored);
-}
-
-const fs::path& ScratchFolder::Path() const {
-    return name_->Path();
 }
 
 } // namespace velmora
