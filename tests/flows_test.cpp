@@ -58,10 +58,13 @@ TEST_F(FlowsTest, ANamedDocumentIsAskedAboutBeforeItIsReplaced) {
         EXPECT_EQ(document.FieldA(1), first);
         EXPECT_EQ(document.DocFileName, Path(name));
     }
+    document.Foreign = true;
     AskToSave(Answer::Cancel);
     NewCommand(main);
     EXPECT_EQ(document.FieldA(1), "changed");
     EXPECT_TRUE(document.DocFileName.empty());
+    program.ui.ExpectChooser("Save as", std::nullopt, "SAVE|Velmora file(*.csv)|*.csv|Tabs.csv");
+    EXPECT_EQ(Save(), SaveOutcome::Cancelled) << "there is no file any more to stand beside";
     NewCommand(main); // untitled now
     EXPECT_EQ(document.FieldA(1), "");
 }

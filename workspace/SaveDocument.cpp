@@ -214,7 +214,7 @@ FileRequest RequestFor(MainModule& main, SaveKind kind) {
                         workbook ? "csv-file (*.csv)|*.csv|" + excel : "Velmora file(*.csv)|*.csv", "Tabs.csv"};
     request.moreFilters = (workbook ? "" : excel + "|") + "Workbook (*.xlsx)|*.xlsx";
     const std::string own = PathText(main.document.DocFileName.stem());
-    const bool besideForeign = kind == SaveKind::Save && main.document.Foreign;
+    const bool besideForeign = kind == SaveKind::Save && main.document.Foreign && !own.empty();
     if (besideForeign)
         request.folder = main.document.DocFileName.parent_path();
     if (besideForeign || (kind == SaveKind::Export && !own.empty())) {
