@@ -118,7 +118,13 @@ TEST_F(FlowsTest, AFailedCreationIsRetriedUntilItsCauseIsGone) {
     program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Cancel);
     Tell("File was NOT saved succesfully!");
     Tell("Could not finish process");
+    document.FileEncoding = Encoding::Windows1252;
+    document.FieldA(2) = "Ω";
     EXPECT_EQ(Save(), SaveOutcome::Failed);
+    EXPECT_EQ(document.FileEncoding, Encoding::Windows1252) << "of the file, which was not written";
+    program.ui.ExpectChooser("Export", Path("copy.csv"));
+    EXPECT_EQ(SaveLabels(main, SaveKind::Export), SaveOutcome::Saved);
+    EXPECT_EQ(document.FileEncoding, Encoding::Windows1252) << "nor by an export";
     EXPECT_TRUE(document.DocChanged);
     program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Retry, std::nullopt,
                       [&] { fs::create_directory(Path("gone")); });

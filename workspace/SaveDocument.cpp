@@ -303,9 +303,12 @@ void WarnOfCommas(MainModule& main) {
 }
 
 void SaveFile(MainModule& main, const fs::path& path, FileHeader header) {
+    const Encoding encoding = main.document.FileEncoding;
     main.document.FileError = true;
     Trapped(main.ui, "Called form Sub:SaveFile",
             [&] { main.document.FileError = !WriteWithRetries(main, path, header); });
+    if (main.document.FileError || header == FileHeader::LeftOut)
+        main.document.FileEncoding = encoding; // the document's own file is as it was
     if (main.document.FileError)
         Tell(main.ui, "Could not finish process");
 }
