@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <system_error>
 
 namespace velmora {
 namespace {
@@ -28,18 +29,25 @@ std::string WithoutPercents(std::string_view address) {
     return text;
 }
 
+/// As it is where the working folder is gone, and nothing can be found in it.
+fs::path Absolute(const fs::path& path) {
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    return error ? path : absolute;
+}
+
 /// Of what stands behind "file://"; the slash before a drive is none of the path's.
 fs::path PathOfAddress(std::string_view address) {
     const std::string text = WithoutPercents(address);
     fs::path fromDrive = PathOf(std::string_view(text).substr(1));
-    return fromDrive.has_root_name() ? fromDrive.make_preferred() : fs::absolute(PathOf(text));
+    return fromDrive.has_root_name() ? fromDrive.make_preferred() : Absolute(PathOf(text));
 }
 
 fs::path PathOfArgument(const std::string& argument) {
     for (const std::string_view prefix : {"file://localhost/", "file:///"})
         if (EqualsNoCase(std::string_view(argument).substr(0, prefix.size()), prefix))
             return PathOfAddress(std::string_view(argument).substr(prefix.size() - 1));
-    return fs::absolute(PathOf(argument));
+    return Absolute(PathOf(argument));
 }
 
 std::string Joined(const std::vector<std::string>& words) {

@@ -11,7 +11,7 @@ struct CommandLine {
     enum class Kind { Documents, SettingsEditor, Help, Version, UnknownOption };
 
     Kind kind = Kind::Documents;
-    std::vector<std::filesystem::path> files = {}; ///< absolute; those of Documents alone
+    std::vector<std::filesystem::path> files = {}; ///< of Documents; absolute where that is known
     std::string unknown = {};                      ///< the option of UnknownOption
 };
 

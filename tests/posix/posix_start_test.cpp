@@ -23,6 +23,16 @@ TEST_F(StartTest, AFolderOfAnOldMachineGivesWayToOurs) {
     }
 }
 
+TEST_F(StartTest, AFileInAWorkingFolderThatIsGoneIsReported) {
+    const fs::path here = fs::current_path();
+    fs::create_directory(test.folder / "gone");
+    fs::current_path(test.folder / "gone");
+    fs::remove(test.folder / "gone");
+    test.ui.Expect("Could not load the following file [x.csv]", Icon::Critical);
+    EXPECT_NO_THROW(Start({"x.csv"}));
+    fs::current_path(here);
+}
+
 /// The administrator may do everything: for a while, somebody else.
 class Nobody {
 public:
