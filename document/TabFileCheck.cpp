@@ -161,6 +161,21 @@ std::vector<std::int32_t> OverfullLines(const TabFile& file) {
     return overfull;
 }
 
+int FieldsInUse(const TabFile& file) {
+    int inUse = 1;
+    LineReader lines(file.TabLines());
+    for (std::string_view line; lines.Next(line);) {
+        std::size_t comma = line.find(',');
+        for (int field = 2; field <= kFieldsPerTab && comma != std::string_view::npos; ++field) {
+            line.remove_prefix(comma + 1);
+            comma = line.find(',');
+            if (!Trim(line.substr(0, comma)).empty())
+                inUse = std::max(inUse, field);
+        }
+    }
+    return inUse;
+}
+
 std::vector<TabFileProblem> CheckTabFile(std::string bytes) {
     return Checker(std::move(bytes)).Run();
 }

@@ -21,4 +21,7 @@ std::vector<TabFileProblem> CheckTabFile(std::string bytes);
 /// The numbers, from 1, of the lines of tabs with more fields than a tab has; what follows the third is not read.
 std::vector<std::int32_t> OverfullLines(const TabFile& file);
 
+/// The number of fields, at least 1, that the lines of tabs have texts for.
+int FieldsInUse(const TabFile& file);
+
 } // namespace velmora

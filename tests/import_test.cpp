@@ -210,10 +210,12 @@ TEST_F(ImportTest, ListsAreTakenApartAsTheirProgramsWroteThem) {
         EXPECT_EQ(document.FileEncoding == Encoding::Windows1252, bytes[0] == 'M') << what;
     }
     EXPECT_EQ(dialogs.asked, 6);
-    program.Store("Settings", "No Of Fields", "1");
-    LoadGlobals(main);
-    EXPECT_EQ(OpenForeign(Put("list.csv", "a;b\r\n")), OpenOutcome::Opened);
-    EXPECT_EQ(document.setup.NoOfFields, 2) << "no imported column stays hidden";
+    for (const char* list : {"a;b\r\n", "a,b, ,d\r\n"}) {
+        program.Store("Settings", "No Of Fields", "1");
+        LoadGlobals(main);
+        EXPECT_EQ(OpenForeign(Put("list.csv", list)), OpenOutcome::Opened);
+        EXPECT_EQ(document.setup.NoOfFields, 2) << "no imported column stays hidden: " << list;
+    }
     EXPECT_EQ(document.setup.Limits.MaxLenField2, 20);
 }
 

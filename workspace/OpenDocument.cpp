@@ -17,18 +17,19 @@ namespace {
 
 constexpr const char* kOpenPlace = "Called form Sub:OpenFile";
 
-/// Rows without a header: no column that was chosen stays hidden for want of a field.
-LoadOutcome LoadRows(MainModule& main, const Worksheet& sheet) {
-    const int fields = std::max<int>(main.document.setup.NoOfFields, FieldsInUse(sheet));
-    Write(main.settings, kNoOfFields, std::to_string(fields));
-    return LoadDocument(main, sheet);
+/// Of rows without a header no column that was chosen stays hidden for want of a field.
+template <typename Source> LoadOutcome LoadSource(MainModule& main, const Source& source) {
+    if (!source.header) {
+        const int fields = std::max<int>(main.document.setup.NoOfFields, FieldsInUse(source));
+        Write(main.settings, kNoOfFields, std::to_string(fields));
+    }
+    return LoadDocument(main, source);
 }
 
 LoadOutcome LoadImported(MainModule& main, const Imported& imported) {
     if (const auto* file = std::get_if<TabFile>(&imported))
-        return LoadDocument(main, *file);
-    const auto& sheet = std::get<Worksheet>(imported);
-    return sheet.header ? LoadDocument(main, sheet) : LoadRows(main, sheet);
+        return LoadSource(main, *file);
+    return LoadSource(main, std::get<Worksheet>(imported));
 }
 
 /// A file as it was found: its stamp is taken before the reading, so that a change during it is noticed.
