@@ -139,6 +139,9 @@ TEST_F(RecipesTest, EntriesSayWhatTheyMakeAndLose) {
         EXPECT_EQ(notes.warning, c.warning);
         EXPECT_EQ(notes.isLong, notes.letters.size() > std::string("9 of 10").size());
     }
+    GiveFirstText(wizard, main.document, 2, "2147483640"); // in 30 tabs too many
+    ConfirmCount(wizard, "5");
+    EXPECT_EQ(FieldWarning(wizard, 2, sample), "");
     FieldChoice unused{.numbers = {1, 0, "Tab"}};
     EXPECT_NE(NotesOn(unused, 1, 20, 3, sample).warning, "") << "texts without effect";
     unused.kind = ValueKind::Month;

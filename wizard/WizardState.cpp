@@ -75,12 +75,13 @@ void StartWizard(WizardState& wizard) {
 }
 
 std::optional<std::string> CheckCount(std::string_view text) {
+    constexpr const char* kNumericsOnly = "Please use numerics only!";
     if (!IsNumeric(text))
-        return "Please use numerics only!";
+        return kNumericsOnly;
     const double count = ToDouble(text);
     if (count < 1 || count > kMostNewTabs)
         return "The value must be between 1 and " + std::to_string(kMostNewTabs);
-    return std::nullopt;
+    return count == RoundHalfEven(count) ? std::nullopt : std::optional<std::string>(kNumericsOnly);
 }
 
 std::optional<std::string> ConfirmCount(WizardState& wizard, std::string_view text) {
@@ -103,6 +104,7 @@ void ChooseField(WizardState& wizard, const TabDocument& document, int fieldNo) 
     wizard.WizFieldUsed[static_cast<std::size_t>(fieldNo - 1)] = true;
     wizard.CurrentFieldKey = std::string("Field") + static_cast<char>('A' + fieldNo - 1);
     wizard.FieldMaxLen = MostCharacters(fieldNo, document.setup.NoOfFields);
+    wizard.MostLetters[static_cast<std::size_t>(fieldNo - 1)] = wizard.FieldMaxLen;
     SeeField(wizard, document, fieldNo - 1);
 }
 
@@ -132,7 +134,8 @@ void ChooseStyle(WizardState& wizard, int style) {
 
 NumberSeries ReadNumberPage(std::string_view first, std::string_view format, std::string_view before,
                             std::string_view after, bool textsToo) {
-    const std::int32_t number = IsNumeric(first) ? ToInt32(ToDouble(first)) : 1;
+    const std::string typed = WithDecimalPoint(first);
+    const std::int32_t number = IsNumeric(typed) ? ToInt32(ToDouble(typed)) : 1;
     return {number, std::max(FormatWidth(format), textsToo ? kTextsAlone : 0), OneLine(before), OneLine(after)};
 }
 
@@ -146,7 +149,6 @@ std::optional<std::string> GiveValues(WizardState& wizard, const FieldChoice& ch
     const auto field = static_cast<std::size_t>(wizard.CurrentFieldNo - 1);
     wizard.Entries[field] = choice;
     wizard.Chosen[field] = choice;
-    wizard.MostLetters[field] = wizard.FieldMaxLen;
     wizard.FieldDone[field] = true;
     wizard.LastFillFlag = FillFlag(choice.kind);
     return std::nullopt;

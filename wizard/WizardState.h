@@ -40,7 +40,7 @@ struct WizardState {
     /// The entries of each field's pages, whether they have become values or not.
     std::array<FieldChoice, kFieldsPerTab> Entries;
     std::array<std::optional<FieldChoice>, kFieldsPerTab> Chosen; ///< what "Next Field" took of them
-    std::array<std::int16_t, kFieldsPerTab> MostLetters = {};     ///< `FieldMaxLen` of those
+    std::array<std::int16_t, kFieldsPerTab> MostLetters = {};     ///< `FieldMaxLen` of each field
     std::optional<FontsBefore> Fonts;                             ///< what the font page has changed; nullopt: nothing
 
     std::array<std::string, kFieldsPerTab> FieldKind;  ///< "Numeric", "Month", "Day" or "Text"
@@ -60,7 +60,7 @@ struct WizardState {
 void StartWizard(WizardState& wizard);
 
 inline constexpr int kMostNewTabs = 32766;
-/// The message for a text that is no number of tabs; nullopt for one that is.
+/// The message for a text that is no whole number of tabs; nullopt for one that is.
 std::optional<std::string> CheckCount(std::string_view text);
 /// Next on the count page: makes the buffers anew and fills them again with what was chosen before; a field whose
 /// numbers would leave the 32-bit range is not done any more. Gives CheckCount's message, with nothing changed, where

@@ -87,8 +87,8 @@ private slots:
     void theCountIsCheckedWhileItIsTyped() {
         const std::string range = "The value must be between 1 and 32766", numerics = "Please use numerics only!";
         const std::pair<const char*, std::string> cases[] = {
-            {"5", ""},     {"", ""},           {"0", range},   {"32766", ""},     {"32767", range}, {"12x", numerics},
-            {"-3", range}, {"32766.4", range}, {"0.9", range}, {"1,5", numerics}, {" 7 ", ""}};
+            {"5", ""},     {"", ""},           {"0", range},   {"32766", ""},     {"32767", range},  {"12x", numerics},
+            {"-3", range}, {"32766.4", range}, {"0.9", range}, {"1,5", numerics}, {"1.5", numerics}, {" 7 ", ""}};
         WizardRun run(1);
         run.Trigger("mnuAutoRepWiz");
         run.Press("cmdNext");
