@@ -167,10 +167,10 @@ void PrintBox::Print(bool toFile) {
     const std::vector<int> sheets = ChosenSheets();
     if (!(toFile ? run_.SaveAsPdf(sheets) : run_.Print(sheets, job_->Options())))
         return;
+    if (!toFile && run_.UsesPaper())
+        emit Printed(sheets); // after which the run may go on behind them, and be shown anew
     lblPrinted_->Say(Breakable(QString::fromStdString(run_.Told()) + "."));
     lblPrinted_->show();
-    if (!toFile && run_.UsesPaper())
-        emit Printed(sheets);
 }
 
 } // namespace velmora

@@ -263,6 +263,7 @@ private slots:
             QCOMPARE(preview.Tabs(1), QString("300@12")); // a file takes no label
             preview.Click("cmdPrint");
             QCOMPARE(preview.Tabs(1), QString("300@13"));
+            QVERIFY(preview.Get<QLabel>("lblPrinted").isVisible());
         };
         const auto second = [&](Preview& preview) {
             QCOMPARE(preview.Tabs(1), QString("300@13")); // the label behind
