@@ -98,7 +98,9 @@ LoadOutcome PageSetup::Open() {
     TakePageBack(main_);
     const LoadOutcome outcome = LoadGlobals(main_);
     RefreshDocumentStatus(main_);
-    ReadDocument();
+    if (!SameChoices(read_, main_.document.setup))
+        ReadDocument();
+    ShowDocumentStatus(main_, draft_);
     return outcome;
 }
 

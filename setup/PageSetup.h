@@ -35,7 +35,8 @@ public:
     explicit PageSetup(MainModule& main) : main_(main) { ReadDocument(); }
 
     /// When the dialog comes up, and again when the printer set-up wizard, called from it, has ended: reads the global
-    /// configuration and shows the document's own state. NoPrinter: as LoadGlobals says.
+    /// configuration, and shows the document's own state where the wizard changed it, else what was chosen. NoPrinter:
+    /// as LoadGlobals says.
     LoadOutcome Open();
 
     int TabType() const { return draft_.OptType; }
@@ -62,9 +63,13 @@ public:
     void Cancel();
 
 private:
-    void ReadDocument() { draft_ = SetupDraft(main_.document.setup); }
+    void ReadDocument() {
+        read_ = main_.document.setup;
+        draft_ = SetupDraft(read_);
+    }
 
     MainModule& main_;
+    DocumentSetup read_; ///< the document's, as the draft began
     DocumentSetup draft_;
 };
 
