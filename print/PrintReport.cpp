@@ -3,6 +3,7 @@
 #include "base/Version.h"
 #include "print/NumberList.h"
 #include "print/PrintErrors.h"
+#include "print/PrintSheets.h"
 #include "settings/GlobalConfiguration.h"
 #include "workspace/Dialogs.h"
 #include "workspace/DocumentStatus.h"
@@ -38,8 +39,7 @@ void ChooseDevice(const PrintSystem& printers, const std::string& configured, Re
                   const std::vector<std::string>& names) {
     if (!Holds(names, configured) && printers.StateOf(configured).readiness == Readiness::Silent)
         throw PrinterError(kServerSilent); // it may well be there
-    if (!Holds(names, configured))
-        throw PrinterError("There is no printer \"" + configured + "\".", kPrinterNotValidNumber);
+    RequireInstalled(names, configured);
     printer.DeviceName = configured;
     printer.PrintQuality = kHighQuality;
 }

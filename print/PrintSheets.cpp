@@ -4,6 +4,8 @@
 #include "base/Text.h"
 #include "report/SurfaceCanvas.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
@@ -17,6 +19,11 @@ bool DrawSheets(const SheetSeries& series, const FontCatalogue& catalogue, Print
 }
 
 } // namespace
+
+void RequireInstalled(const std::vector<std::string>& installed, const std::string& printer) {
+    if (std::find(installed.begin(), installed.end(), printer) == installed.end())
+        throw PrinterError("There is no printer \"" + printer + "\".", kPrinterNotValidNumber);
+}
 
 Paper PaperAtPrinter(const PrintSystem& printers, const std::string& printer, const Paper& sheet) {
     const bool longEdgeFirst = sheet.widthMm > sheet.heightMm;

@@ -6,8 +6,12 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace velmora {
+
+/// Raises PrinterError for a printer that is none of those.
+void RequireInstalled(const std::vector<std::string>& installed, const std::string& printer);
 
 /// How the sheet goes through the printer: one that knows a sheet fed long edge first only as the same paper fed short
 /// edge first gets it so, with the content turned.

@@ -42,8 +42,10 @@ bool MayPrint(PrintModule& print, const SheetSeries& series, const std::string& 
     if (!PrinterTakesJobs(main, printer))
         return false;
     std::string doubts = StateText(printer, main.printers.StateOf(printer));
-    if (!SupportOf(main.printers, printer, series.paper).listed)
+    if (!SupportOf(main.printers, printer, series.paper).listed) {
+        RequireInstalled(main.printers.Printers(), printer); // one that went away has no paper either
         doubts += std::string(kPaperDiffers) + "\r\n";
+    }
     doubts += ForbiddenFontsText(series, print.catalogue);
     return WantedAnyway(main.ui, doubts, "print");
 }

@@ -145,6 +145,13 @@ TEST_F(PrintTest, ARefusedJobIsReportedAndLeavesNoFile) {
         EXPECT_EQ(PrintCommand(print), PrintOutcome::NotPrinted);
         EXPECT_FALSE(fs::exists(printers.jobs.back().pdf));
     }
+    printers.paperWidth = 1; // as of one that is not there
+    viewer.act = [&](PrintRun& run) {
+        printers.names = {"Hall"};
+        EXPECT_FALSE(run.Print());
+    };
+    ExpectError(std::get<std::string>(cases[1]));
+    PreviewCommand(print);
 }
 
 TEST_F(PrintTest, WithoutAnyPrinterTheProgramMustEnd) {
