@@ -1,6 +1,7 @@
 // Real jobs at a real print server: one of this test's own, on a port of its own, with its queue stopped.
 #include "base/AtomicFile.h"
 #include "platform/InstalledPrinters.h"
+#include "platform/linux/CupsLibrary.h"
 #include "platform/linux/CupsPrinters.h"
 #include "print/PrintReport.h"
 #include "tests/support/InstalledFonts.h"
@@ -213,6 +214,9 @@ TEST_F(CupsTest, QueuesSayInTheirOwnWordsWhatKeepsAJobWaiting) {
     EXPECT_TRUE(printers.PaperOf("Points", 210, 297).listed) << "drivers count in whole points";
     EXPECT_FALSE(printers.PaperOf("Points", 210, 296).listed);
     EXPECT_TRUE(printers.PaperOf("Office", 210, 297).listed) << "without a driver it takes what comes";
+    ipp_t* answer = VELMORA_CUPS_CALL(ippNew)();
+    EXPECT_EQ(TextOf(VELMORA_CUPS_CALL(ippAddOutOfBand)(answer, IPP_TAG_PRINTER, IPP_TAG_NOVALUE, "media-source")), "");
+    VELMORA_CUPS_CALL(ippDelete)(answer);
     daemon->Kill(SIGSTOP);
     EXPECT_EQ(printers.StateOf("Office").readiness, Readiness::Silent);
     daemon->Kill(SIGCONT);

@@ -59,6 +59,11 @@ std::string OptionOf(const cups_dest_t& destination, const char* name) {
     return value ? value : "";
 }
 
+std::string TextOf(ipp_attribute_t* attribute, int place) {
+    const char* text = attribute ? VELMORA_CUPS_CALL(ippGetString)(attribute, place, nullptr) : nullptr;
+    return text ? text : "";
+}
+
 int PwgUnits(double millimetres) {
     return static_cast<int>(std::lround(millimetres * kPwgUnitsPerMm));
 }

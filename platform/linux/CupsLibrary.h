@@ -38,6 +38,10 @@ bool HasCupsServer(const Moment& silentUntil);
 /// An option of a destination, one that a person saved for it among them; empty: there is none.
 std::string OptionOf(const cups_dest_t& destination, const char* name);
 
+/// Of the values of an attribute, the one at `place`; empty without the attribute, and for a value that is no text,
+/// such as the one that stands for none.
+std::string TextOf(ipp_attribute_t* attribute, int place = 0);
+
 /// The library counts in hundredths of a millimetre.
 inline constexpr double kPwgUnitsPerMm = 100;
 int PwgUnits(double millimetres);

@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 namespace velmora {
 namespace {
@@ -103,7 +104,9 @@ std::vector<PaperSource> SourcesFor(const FoundPrinter& printer, const char* opt
         VELMORA_CUPS_CALL(cupsFindDestSupported)(printer.Connection(), printer.Destination(), printer.Info(), option);
     std::vector<PaperSource> sources;
     for (int i = 0; names && i < VELMORA_CUPS_CALL(ippGetCount)(names); ++i) {
-        const std::string name = VELMORA_CUPS_CALL(ippGetString)(names, i, nullptr);
+        const std::string name = TextOf(names, i);
+        if (name.empty())
+            continue;
         const char* label = VELMORA_CUPS_CALL(cupsLocalizeDestValue)(printer.Connection(), printer.Destination(),
                                                                      printer.Info(), option, name.c_str());
         sources.push_back({name, label ? label : name});
@@ -157,10 +160,9 @@ PrinterState StateIn(const CupsMessage& answer) {
     std::vector<std::string> reasons;
     ipp_attribute_t* given = Attribute(answer, "printer-state-reasons");
     for (int i = 0; given && i < VELMORA_CUPS_CALL(ippGetCount)(given); ++i)
-        if (const char* reason = VELMORA_CUPS_CALL(ippGetString)(given, i, nullptr); KeepsWaiting(reason))
-            reasons.emplace_back(reason);
-    ipp_attribute_t* message = Attribute(answer, "printer-state-message");
-    const std::string words = WordsOf(message ? VELMORA_CUPS_CALL(ippGetString)(message, 0, nullptr) : "", reasons);
+        if (std::string reason = TextOf(given, i); KeepsWaiting(reason))
+            reasons.push_back(std::move(reason));
+    const std::string words = WordsOf(TextOf(Attribute(answer, "printer-state-message")), reasons);
     ipp_attribute_t* accepting = Attribute(answer, "printer-is-accepting-jobs");
     if (accepting && !VELMORA_CUPS_CALL(ippGetBoolean)(accepting, 0))
         return {Readiness::Refusing, words};

@@ -19,9 +19,7 @@ int StateOf(ipp_t* answer, const char* attribute) {
 }
 
 std::string TextOf(ipp_t* answer, const char* attribute) {
-    ipp_attribute_t* found = answer ? VELMORA_CUPS_CALL(ippFindAttribute)(answer, attribute, IPP_TAG_ZERO) : nullptr;
-    const char* text = found ? VELMORA_CUPS_CALL(ippGetString)(found, 0, nullptr) : nullptr;
-    return text ? text : "";
+    return answer ? velmora::TextOf(VELMORA_CUPS_CALL(ippFindAttribute)(answer, attribute, IPP_TAG_ZERO)) : "";
 }
 
 std::string HeldText(ipp_t* job) {
