@@ -34,6 +34,10 @@ std::string PageFor(const QWidget& from) {
     return std::string(HelpPages().front().name);
 }
 
+bool IsHelpKey(const QEvent& event, QEvent::Type type) {
+    return event.type() == type && static_cast<const QKeyEvent&>(event).key() == Qt::Key_F1;
+}
+
 /// True for a window itself, too.
 bool StandsOver(const QObject* window, const QObject& below) {
     return window && (window == &below || StandsOver(window->parent(), below));
@@ -46,8 +50,11 @@ HelpDesk::HelpDesk(MainModule& main, QWidget* owner) : QObject(owner), main_(mai
 }
 
 bool HelpDesk::eventFilter(QObject* watched, QEvent* event) {
-    const bool wanted = event->type() == HelpRequestType() ||
-                        (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1);
+    if (IsHelpKey(*event, QEvent::ShortcutOverride)) {
+        event->accept(); // the menu's shortcut would open the first page
+        return true;
+    }
+    const bool wanted = event->type() == HelpRequestType() || IsHelpKey(*event, QEvent::KeyPress);
     if (!wanted || !watched->isWidgetType())
         return QObject::eventFilter(watched, event);
     Trapped(main_.ui, "Called from Sub: mnuOptTabHelp", [&] { ShowFor(*static_cast<QWidget*>(watched)); });

@@ -1,4 +1,4 @@
-// F1 in any window opens the help at the page of that window, also while the window is modal.
+// F1 in any window opens the help at the page of what is in use there, also while the window is modal.
 #pragma once
 
 #include "workspace/mdlMain.h"
@@ -11,8 +11,8 @@ namespace velmora {
 
 class frmHelp;
 
-/// One for a program's first window, which owns it. It sees every F1 that no shortcut takes, so that a dialog needs
-/// nothing but the name of its form.
+/// One for a program's first window, which owns it. It sees every F1 before a shortcut does, so that a dialog, or a part
+/// of a window, needs nothing but the name of its form.
 class HelpDesk : public QObject {
     Q_OBJECT
 

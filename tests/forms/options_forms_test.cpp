@@ -138,6 +138,9 @@ private slots:
 
     void theStartPageOpensAndCanBeSwitchedOff() {
         BeginningProgram running;
+        QTest::keyClick(running.Page(), Qt::Key_F1);
+        QCOMPARE(running.window->findChild<QTextBrowser*>("txtPage")->source().fileName(),
+                 QString("first-document.html"));
         Click(*running.Page(), "chkStartPage");
         QVERIFY(!WantsStartPage(running.test.settings));
         running.test.ui.ExpectChooser("Open", std::nullopt);
@@ -228,6 +231,8 @@ private slots:
         QVERIFY(help && help->isVisible());
         const auto& page = Get<QTextBrowser>(*help, "txtPage");
         QCOMPARE(page.source().fileName(), QString("welcome.html"));
+        running.Press(Qt::Key_F1);
+        QCOMPARE(page.source().fileName(), QString("typing.html"));
         {
             frmOptionsPage form(running.program.main, running.window);
             form.open();
