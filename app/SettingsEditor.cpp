@@ -86,7 +86,8 @@ void SettingsEditor::ListSections() {
     SettingsStore& store = main_.settings;
     listing_.clear();
     EnumerateSettings(store, "");
-    listing_ = store.SectionNames;
+    for (const std::string& section : store.SectionNames)
+        listing_.push_back({section, section});
 }
 
 void SettingsEditor::ListKeys(const std::string& section) {
@@ -95,7 +96,7 @@ void SettingsEditor::ListKeys(const std::string& section) {
     store.KeyValues.clear(); // an empty section would list the sections instead
     EnumerateSettings(store, section);
     for (const auto& [key, value] : store.KeyValues)
-        listing_.push_back(key + "=" + value);
+        listing_.push_back({key + "=" + value, key});
 }
 
 void SettingsEditor::UseIniFile(bool use) {

@@ -17,6 +17,12 @@ struct SettingsEntry {
     bool numeric = false;
 };
 
+/// A line of the editor's list, and the name of the section or key that it is for.
+struct ListedSetting {
+    std::string line;
+    std::string name;
+};
+
 class SettingsEditor {
 public:
     explicit SettingsEditor(MainModule& main);
@@ -27,7 +33,7 @@ public:
     /// Other control characters in the entry become blanks. Errors are reported.
     void Press(int button, SettingsEntry& entry);
     /// What the last listing found.
-    const std::vector<std::string>& Listing() const { return listing_; }
+    const std::vector<ListedSetting>& Listing() const { return listing_; }
 
     /// From now on all buttons work on the INI file, or on the registry.
     void UseIniFile(bool use);
@@ -52,7 +58,7 @@ private:
     void ListKeys(const std::string& section);
 
     MainModule& main_;
-    std::vector<std::string> listing_;
+    std::vector<ListedSetting> listing_;
 };
 
 } // namespace velmora

@@ -21,8 +21,8 @@ struct OptionsTest : ProgramTest {
     std::string Line(int button) {
         editor.Press(button, entry);
         std::string lines;
-        for (const std::string& line : editor.Listing())
-            lines += line + "|";
+        for (const ListedSetting& row : editor.Listing())
+            lines += row.line + "|";
         return lines;
     }
 };

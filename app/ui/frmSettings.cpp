@@ -27,7 +27,8 @@ frmSettings::frmSettings(MainModule& main, QWidget* parent)
     Show({});
     connect(chkSet_[0], &QCheckBox::toggled, this, [this](bool checked) { editor_.UseIniFile(checked); });
     for (const auto chosen : {&QListWidget::itemClicked, &QListWidget::itemActivated})
-        connect(lstSections_, chosen, this, [this](QListWidgetItem* item) { txtSet_[1]->setText(item->text()); });
+        connect(lstSections_, chosen, this,
+                [this](QListWidgetItem* item) { txtSet_[1]->setText(item->data(Qt::UserRole).toString()); });
     new HelpDesk(main, this);
 }
 
@@ -86,8 +87,10 @@ void frmSettings::Press(int button) {
     if (button < 3)
         return;
     lstSections_->clear();
-    for (const std::string& line : editor_.Listing())
-        lstSections_->addItem(QString::fromStdString(line));
+    for (const ListedSetting& row : editor_.Listing()) {
+        auto* item = new QListWidgetItem(QString::fromStdString(row.line), lstSections_);
+        item->setData(Qt::UserRole, QString::fromStdString(row.name));
+    }
 }
 
 SettingsEntry frmSettings::Entry() const {
