@@ -31,7 +31,7 @@ struct FileRequest {
     std::string title;
     std::filesystem::path folder;
     std::string filter;           ///< "Text (*.txt)|*.txt|..." pairs
-    std::string defaultName;      ///< a file name without folder
+    std::string defaultName;      ///< a file name without folder; proposed for opening where there is such a file
     std::string moreFilters = {}; ///< further pairs, offered after those of `filter`
     int chosenFilter = 0;         ///< the pair to start with, from 0
 };

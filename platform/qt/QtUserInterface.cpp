@@ -1,6 +1,7 @@
 #include "platform/qt/QtUserInterface.h"
 
 #include "base/Paths.h"
+#include "base/Validate.h"
 #include "platform/qt/TypedAhead.h"
 #include "platform/qt/frmPassword.h"
 #include "platform/qt/frmProgress.h"
@@ -129,8 +130,9 @@ std::optional<std::filesystem::path> QtUserInterface::ChooseFile(const FileReque
         const auto follow = [&dialog](const QString& filter) { dialog.setDefaultSuffix(Suffix(filter)); };
         QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
         follow(filters.value(request.chosenFilter));
-        dialog.selectFile(Text(request.defaultName));
     }
+    if (saving || FileExists(request.folder / PathOf(request.defaultName)))
+        dialog.selectFile(Text(request.defaultName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     return PathOf(dialog.selectedFiles().first().toStdString());

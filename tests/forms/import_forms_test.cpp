@@ -179,19 +179,21 @@ private slots:
     }
 
     void theChooserOffersEveryFormat() {
-        FileRequest request{"OPEN", "Import", QDir::tempPath().toStdString(),
-                            "Text (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"};
+        const TemporaryFolder folder;
+        FileRequest request{"OPEN", "Import", folder.Path(), "Text (*.csv)|*.csv|Excel file (*.xls)|*.xls", "Tabs.csv"};
         request.moreFilters = "Workbook (*.xlsx)|*.xlsx";
         request.chosenFilter = 1;
-        {
-            const DialogAnswer open("", [](QDialog& dialog) {
+        for (const char* proposed : {"", "Tabs.csv"}) {
+            const DialogAnswer open("", [proposed](QDialog& dialog) {
                 auto& chooser = dynamic_cast<QFileDialog&>(dialog);
                 QCOMPARE(chooser.nameFilters(),
                          (QStringList{"Text (*.csv)", "Excel file (*.xls)", "Workbook (*.xlsx)"}));
                 QCOMPARE(chooser.selectedNameFilter(), QString("Excel file (*.xls)"));
+                QCOMPARE(Get<QLineEdit>(chooser, "fileNameEdit").text(), QString(proposed));
                 chooser.reject();
             });
             QVERIFY(!QtUserInterface().ChooseFile(request));
+            ReplaceFile(folder / request.defaultName, "");
         }
         request.operation = "SAVE";
         request.chosenFilter = 0;
