@@ -79,8 +79,10 @@ std::string PrinterDetails(const PrintSystem& printers, const std::string& print
 
 } // namespace
 
-std::string ProgramDetails(const MainModule& main, const std::string& toolkit, const std::string& desktop) {
-    std::string details = std::string(kProgramName) + " " + kVersion + "\n" + toolkit + "\n" + desktop + "\n";
+std::string ProgramDetails(const MainModule& main, const std::vector<std::string>& first) {
+    std::string details;
+    for (const std::string& line : first)
+        details += line + "\n";
     try {
         for (const std::string& printer : main.printers.Printers())
             details += PrinterDetails(main.printers, printer);

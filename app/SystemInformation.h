@@ -5,6 +5,7 @@
 #include "workspace/mdlMain.h"
 
 #include <string>
+#include <vector>
 
 namespace velmora {
 
@@ -14,9 +15,9 @@ namespace velmora {
 bool GetKeyValue(const Registry& registry, const std::string& keyName, const std::string& valueName,
                  std::string& result);
 
-/// What somebody on the telephone asks for, one fact in a line: version, `toolkit` and `desktop` as given, the printers
-/// with A4 and DL paper and their state, the folders. A print server that does not answer is one of the facts.
-std::string ProgramDetails(const MainModule& main, const std::string& toolkit, const std::string& desktop);
+/// What somebody on the telephone asks for, one fact in a line: behind the `first` ones (title, toolkit, desktop) the
+/// printers with A4 and DL paper and their state, the folders. A print server that does not answer is one of the facts.
+std::string ProgramDetails(const MainModule& main, const std::vector<std::string>& first);
 
 /// Starts the tool that the registry names, or else the desktop's own; says so when there is none.
 void StartSysInfo(MainModule& main, Desktop& desktop);

@@ -120,12 +120,10 @@ QLayout* frmAbout::BuildButtons() {
 void frmAbout::ShowDetails() {
     if (txtDetails_->isVisible())
         return QApplication::clipboard()->setText(txtDetails_->toPlainText());
-    txtDetails_->setPlainText(
-        QString::fromStdString(ProgramDetails(program_.main, std::string("Qt ") + qVersion(),
-                                              (QSysInfo::prettyProductName() + ", " + QGuiApplication::platformName() +
-                                               " " + qEnvironmentVariable("XDG_CURRENT_DESKTOP"))
-                                                  .trimmed()
-                                                  .toStdString())));
+    const QString desktop = QSysInfo::prettyProductName() + ", " + QGuiApplication::platformName() + " " +
+                            qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+    txtDetails_->setPlainText(QString::fromStdString(
+        ProgramDetails(program_.main, {program_.Title, std::string("Qt ") + qVersion(), desktop.trimmed().toStdString()})));
     txtDetails_->show();
     cmdDetails_->setText(tr("&Copy"));
     txtDetails_->setFocus();

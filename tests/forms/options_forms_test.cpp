@@ -167,6 +167,7 @@ private slots:
         Click(form, "cmdSysInfo");
         Click(form, "cmdDetails");
         Click(form, "cmdDetails");
+        QVERIFY(QApplication::clipboard()->text().startsWith("Velmora [Version "));
         QVERIFY(QApplication::clipboard()->text().contains("Printer in use: " + QString(kPdfPrinter)));
         Click(form, "cmdOk");
         QVERIFY(running.test.Stored("Form Position", "about") != "(none)");
