@@ -44,6 +44,8 @@ public:
     virtual RegistryCode EnumerateKeys(const std::string& path, std::vector<std::string>& names) const = 0;
     virtual RegistryCode EnumerateValues(const std::string& path,
                                          std::vector<std::pair<std::string, RegistryValue>>& values) const = 0;
+    /// How the key of the last of these calls was closed again; Success for one that opened none.
+    virtual RegistryCode LastClosing() const { return RegistryCode::Success; }
     /// The keys in a file that a registry editor exported, apart from those of the machine.
     virtual std::unique_ptr<Registry> OpenExport(const std::filesystem::path& file) const = 0;
 };

@@ -31,9 +31,16 @@ bool Opened(SettingsGlobals& globals, const std::string& path, RegistryCode code
     return code == RegistryCode::Success;
 }
 
-RegistryCode Open(const SettingsGlobals& globals, const std::string& path) {
+/// What a call gave; tells if its key did not close again. What was done with the key holds all the same.
+RegistryCode Closed(SettingsGlobals& globals, const std::string& path, RegistryCode code) {
+    if (const RegistryCode closing = globals.Keys.LastClosing(); closing != RegistryCode::Success)
+        Report(globals, "Error closing Registry Key Entry:", "Key/Path=", path, Returned(closing));
+    return code;
+}
+
+RegistryCode Open(SettingsGlobals& globals, const std::string& path) {
     std::vector<std::string> names;
-    return globals.Keys.EnumerateKeys(path, names);
+    return Closed(globals, path, globals.Keys.EnumerateKeys(path, names));
 }
 
 } // namespace
@@ -53,7 +60,8 @@ std::string RegistryText(const RegistryValue& value) {
 std::string ReadRegistry(SettingsGlobals& globals, std::string_view section, std::string_view key,
                          std::string_view fallback) {
     RegistryValue value;
-    const RegistryCode code = globals.Keys.Query(RegistryPath(globals, section), std::string(key), value);
+    const std::string path = RegistryPath(globals, section);
+    const RegistryCode code = Closed(globals, path, globals.Keys.Query(path, std::string(key), value));
     const std::string text = code == RegistryCode::Success ? RegistryText(value) : std::string();
     if (!text.empty())
         return std::string(LeftCharacters(text, kValueCharacters));
@@ -67,7 +75,7 @@ std::string ReadRegistry(SettingsGlobals& globals, std::string_view section, std
 bool WriteRegistry(SettingsGlobals& globals, std::string_view section, std::string_view key,
                    const RegistryValue& value) {
     const std::string path = RegistryPath(globals, section);
-    const RegistryCode code = globals.Keys.Set(path, std::string(key), value);
+    const RegistryCode code = Closed(globals, path, globals.Keys.Set(path, std::string(key), value));
     if (code == RegistryCode::Success)
         return true;
     const std::string heading = Open(globals, path) == RegistryCode::Success
@@ -82,7 +90,8 @@ bool DeleteRegistry(SettingsGlobals& globals, std::string_view section, std::str
     if (!Opened(globals, path, Open(globals, path)))
         return false;
     const RegistryCode code =
-        key.empty() ? globals.Keys.DeleteKey(path) : globals.Keys.DeleteValue(path, std::string(key));
+        Closed(globals, path,
+               key.empty() ? globals.Keys.DeleteKey(path) : globals.Keys.DeleteValue(path, std::string(key)));
     if (code == RegistryCode::Success)
         return true;
     const bool hasSubKeys = key.empty() && code == RegistryCode::AccessDenied;
@@ -94,7 +103,7 @@ bool DeleteRegistry(SettingsGlobals& globals, std::string_view section, std::str
 bool EnumerateRegistry(SettingsGlobals& globals, std::vector<std::string>& sections) {
     sections.clear();
     const std::string path = RegistryPath(globals, "");
-    const bool opened = Opened(globals, path, globals.Keys.EnumerateKeys(path, sections));
+    const bool opened = Opened(globals, path, Closed(globals, path, globals.Keys.EnumerateKeys(path, sections)));
     if (!opened)
         sections.clear();
     if (sections.size() > kEntries)
@@ -106,7 +115,7 @@ bool EnumerateRegistry(SettingsGlobals& globals, std::string_view section, KeyTa
     values.clear();
     const std::string path = RegistryPath(globals, section);
     std::vector<std::pair<std::string, RegistryValue>> found;
-    if (!Opened(globals, path, globals.Keys.EnumerateValues(path, found)))
+    if (!Opened(globals, path, Closed(globals, path, globals.Keys.EnumerateValues(path, found))))
         return false;
     if (found.size() > kEntries)
         found.resize(kEntries);

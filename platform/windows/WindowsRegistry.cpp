@@ -11,23 +11,26 @@ namespace {
 constexpr REGSAM kView = KEY_WOW64_32KEY;
 constexpr DWORD kMostNameLength = 16384;
 
+RegistryCode CodeOf(LSTATUS status) {
+    return static_cast<RegistryCode>(status);
+}
+
+/// What its end gives is put down in `closing`.
 struct Key {
-    Key(const std::string& path, REGSAM rights)
-        : code(::RegOpenKeyExW(HKEY_LOCAL_MACHINE, Wide(path).c_str(), 0, rights | kView, &handle)) {}
-    ~Key() {
-        if (handle)
-            ::RegCloseKey(handle);
+    explicit Key(RegistryCode& closing) : closing_(closing) {}
+    Key(const std::string& path, REGSAM rights, RegistryCode& closing) : Key(closing) {
+        code = ::RegOpenKeyExW(HKEY_LOCAL_MACHINE, Wide(path).c_str(), 0, rights | kView, &handle);
     }
+    ~Key() { closing_ = handle ? CodeOf(::RegCloseKey(handle)) : RegistryCode::Success; }
     Key(const Key&) = delete;
     Key& operator=(const Key&) = delete;
 
     HKEY handle = nullptr;
-    LSTATUS code;
-};
+    LSTATUS code = ERROR_SUCCESS;
 
-RegistryCode CodeOf(LSTATUS status) {
-    return static_cast<RegistryCode>(status);
-}
+private:
+    RegistryCode& closing_;
+};
 
 /// False for a kind that no installation wrote.
 bool Take(DWORD type, const std::string& bytes, RegistryValue& value) {
@@ -64,40 +67,41 @@ std::string WindowsRegistry::Place() const {
 }
 
 RegistryCode WindowsRegistry::Query(const std::string& path, const std::string& name, RegistryValue& value) const {
-    const Key key(path, KEY_QUERY_VALUE);
+    const Key key(path, KEY_QUERY_VALUE, closing_);
     return key.handle ? QueryOf(key.handle, Wide(name), value) : CodeOf(key.code);
 }
 
 RegistryCode WindowsRegistry::Set(const std::string& path, const std::string& name, const RegistryValue& value) {
-    HKEY made = nullptr;
+    Key made(closing_);
     LSTATUS code = ::RegCreateKeyExW(HKEY_LOCAL_MACHINE, Wide(path).c_str(), 0, nullptr, 0, KEY_SET_VALUE | kView,
-                                     nullptr, &made, nullptr);
+                                     nullptr, &made.handle, nullptr);
     if (code != ERROR_SUCCESS)
         return CodeOf(code);
     if (const auto* number = std::get_if<std::uint32_t>(&value)) {
-        code = ::RegSetValueExW(made, Wide(name).c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(number),
-                                sizeof *number);
+        code = ::RegSetValueExW(made.handle, Wide(name).c_str(), 0, REG_DWORD,
+                                reinterpret_cast<const BYTE*>(number), sizeof *number);
     } else {
         const std::wstring text = Wide(std::get<std::string>(value));
         const auto size = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-        code = ::RegSetValueExW(made, Wide(name).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), size);
+        code = ::RegSetValueExW(made.handle, Wide(name).c_str(), 0, REG_SZ,
+                                reinterpret_cast<const BYTE*>(text.c_str()), size);
     }
-    ::RegCloseKey(made);
     return CodeOf(code);
 }
 
 RegistryCode WindowsRegistry::DeleteValue(const std::string& path, const std::string& name) {
-    const Key key(path, KEY_SET_VALUE);
+    const Key key(path, KEY_SET_VALUE, closing_);
     return CodeOf(key.handle ? ::RegDeleteValueW(key.handle, Wide(name).c_str()) : key.code);
 }
 
 RegistryCode WindowsRegistry::DeleteKey(const std::string& path) {
+    closing_ = RegistryCode::Success;
     return CodeOf(::RegDeleteKeyExW(HKEY_LOCAL_MACHINE, Wide(path).c_str(), kView, 0));
 }
 
 RegistryCode WindowsRegistry::EnumerateKeys(const std::string& path, std::vector<std::string>& names) const {
     names.clear();
-    const Key key(path, KEY_ENUMERATE_SUB_KEYS);
+    const Key key(path, KEY_ENUMERATE_SUB_KEYS, closing_);
     LSTATUS code = key.code;
     std::wstring name(kMostNameLength, 0);
     for (DWORD i = 0; code == ERROR_SUCCESS; ++i) {
@@ -112,7 +116,7 @@ RegistryCode WindowsRegistry::EnumerateKeys(const std::string& path, std::vector
 RegistryCode WindowsRegistry::EnumerateValues(const std::string& path,
                                               std::vector<std::pair<std::string, RegistryValue>>& values) const {
     values.clear();
-    const Key key(path, KEY_QUERY_VALUE);
+    const Key key(path, KEY_QUERY_VALUE, closing_);
     LSTATUS code = key.code;
     std::wstring name(kMostNameLength, 0);
     for (DWORD i = 0; code == ERROR_SUCCESS; ++i) {

@@ -17,10 +17,12 @@ public:
     RegistryCode EnumerateKeys(const std::string& path, std::vector<std::string>& names) const override;
     RegistryCode EnumerateValues(const std::string& path,
                                  std::vector<std::pair<std::string, RegistryValue>>& values) const override;
+    RegistryCode LastClosing() const override { return closing_; }
     std::unique_ptr<Registry> OpenExport(const std::filesystem::path& file) const override;
 
 private:
     ExportReader openExport_;
+    mutable RegistryCode closing_ = RegistryCode::Success; ///< of reading calls, too
 };
 
 } // namespace velmora

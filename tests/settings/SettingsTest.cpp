@@ -24,6 +24,8 @@ struct WatchedRegistry : RegistryFile {
         const RegistryCode code = onDelete(name);
         return code == RegistryCode::Success ? RegistryFile::DeleteValue(path, name) : code;
     }
+    RegistryCode LastClosing() const override { return closing; }
+    RegistryCode closing = RegistryCode::Success;
     std::function<RegistryCode(const std::string&)> onDelete = [](const auto&) { return RegistryCode::Success; };
 };
 
@@ -186,6 +188,18 @@ TEST_F(SettingsTest, RegistryErrorsAreReported) {
     ReplaceFile(reg_, "broken");
     ExpectRegistryError("Cannot Create Registry path: RegCreateKeyExVelmora", "Key=" + kSection + "DLL Returned=1015");
     EXPECT_FALSE(Save("A", "1"));
+}
+
+TEST_F(SettingsTest, AKeyThatDoesNotCloseIsToldAndWhatWasDoneHolds) {
+    store_.SaveMode = 0;
+    registry_.closing = RegistryCode{6};
+    for (int i = 0; i < 5; ++i) // a deletion opens the key before
+        ExpectRegistryError("Error closing Registry Key Entry:", "Key/Path=" + kSection + "DLL Returned=6");
+    EXPECT_TRUE(Save("A", "1") && Get("A", "~~~") == "1" && EnumerateSettings(store_, "Sect"));
+    EXPECT_EQ(store_.KeyValues.size(), 1u);
+    EXPECT_TRUE(DeleteSetting(store_, "Sect", "A"));
+    ExpectRegistryError("Error closing Registry Key Entry:", "Key/Path=" + kApplication + "DLL Returned=6");
+    EXPECT_TRUE(EnumerateSettings(store_, ""));
 }
 
 TEST_F(SettingsTest, AWindowReturnsToItsPlaceOrToTheMiddle) {
