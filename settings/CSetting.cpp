@@ -71,6 +71,13 @@ std::optional<std::string> CSetting::Probe(std::string_view section, std::string
     return value == kProbe ? std::nullopt : std::optional(std::move(value));
 }
 
+std::optional<std::string> CSetting::ProbeWhole(std::string_view section, std::string_view key) {
+    if (saveMode_ == 0)
+        return Probe(section, key);
+    const std::string value = File().Text().ReadString(section, key, kProbe);
+    return value == kProbe ? std::nullopt : std::optional(std::string(CutAtNul(value)));
+}
+
 std::int16_t CSetting::GetSettingInt(std::string_view section, std::string_view key, std::int16_t fallback) {
     if (saveMode_ == 0)
         return ToInt16(ProfileInteger(ReadRegistry(globals_, section, key, std::to_string(fallback))));

@@ -34,6 +34,8 @@ public:
     std::string GetSettingStr(std::string_view section, std::string_view key, std::string_view fallback);
     /// Reads without writing; nullopt: there is no such key.
     std::optional<std::string> Probe(std::string_view section, std::string_view key);
+    /// The same of any length.
+    std::optional<std::string> ProbeWhole(std::string_view section, std::string_view key);
     /// Raises OverflowError for a stored number outside 16 bits.
     std::int16_t GetSettingInt(std::string_view section, std::string_view key, std::int16_t fallback);
     /// The section's keys and values. In registry mode those of the per-user area, not of the machine's key.

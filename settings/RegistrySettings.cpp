@@ -89,9 +89,8 @@ bool DeleteRegistry(SettingsGlobals& globals, std::string_view section, std::str
     const std::string path = RegistryPath(globals, section);
     if (!Opened(globals, path, Open(globals, path)))
         return false;
-    const RegistryCode code =
-        Closed(globals, path,
-               key.empty() ? globals.Keys.DeleteKey(path) : globals.Keys.DeleteValue(path, std::string(key)));
+    const RegistryCode code = Closed(
+        globals, path, key.empty() ? globals.Keys.DeleteKey(path) : globals.Keys.DeleteValue(path, std::string(key)));
     if (code == RegistryCode::Success)
         return true;
     const bool hasSubKeys = key.empty() && code == RegistryCode::AccessDenied;

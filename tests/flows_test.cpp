@@ -261,6 +261,9 @@ TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {
         EXPECT_EQ(ReadFile(program.settings.IniFile), before) << name;
         EXPECT_EQ(RecentFiles(program.settings), files) << name;
     }
+    const std::string deep = std::string(200, 'd') + ".csv";
+    OpenFile(main, PutTab(deep, "x"));
+    EXPECT_EQ(RecentFiles(program.settings).front(), program.folder / deep);
 }
 
 TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {

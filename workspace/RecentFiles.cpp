@@ -17,11 +17,19 @@ std::string KeyName(std::size_t place) {
     return "File " + std::to_string(place + 1);
 }
 
+/// True for a path that comes back from the INI file as it is.
+bool ComesBack(const std::filesystem::path& path) {
+    constexpr std::string_view blanks = " \t\v\f";
+    const std::string text = PathText(path);
+    return IsValidUtf8(text) && text.find_first_of(kLineEnd) == std::string::npos &&
+           text.find_first_not_of(blanks) == 0 && text.find_last_not_of(blanks) == text.size() - 1;
+}
+
 /// All that are stored, also what is gone for now: a drive may come back.
 std::vector<std::filesystem::path> Stored(SettingsStore& store) {
     std::vector<std::filesystem::path> files;
     for (std::size_t place = 0; place < kRecentFiles; ++place) {
-        const std::string path = Probe(store, {kSection, KeyName(place)}).value_or("");
+        const std::string path = store.Object.ProbeWhole(kSection, KeyName(place)).value_or("");
         if (!path.empty())
             files.push_back(PathOf(path));
     }
@@ -37,15 +45,11 @@ std::vector<std::filesystem::path> RecentFiles(SettingsStore& store) {
 }
 
 bool FitsSetting(const std::filesystem::path& path) {
-    constexpr std::string_view blanks = " \t\v\f";
-    const std::string text = PathText(path);
-    return IsValidUtf8(text) && CharacterCount(text) <= kIniValueCharacters &&
-           text.find_first_of(kLineEnd) == std::string::npos && text.find_first_not_of(blanks) == 0 &&
-           text.find_last_not_of(blanks) == text.size() - 1;
+    return ComesBack(path) && CharacterCount(PathText(path)) <= kIniValueCharacters;
 }
 
 void RememberFile(SettingsStore& store, const std::filesystem::path& path) {
-    if (!FitsSetting(path))
+    if (!ComesBack(path))
         return;
     std::vector<std::filesystem::path> files = Stored(store);
     std::erase(files, path);

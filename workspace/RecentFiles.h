@@ -15,7 +15,7 @@ std::vector<std::filesystem::path> RecentFiles(SettingsStore& store);
 /// True for a path that comes back from the settings as it is: short enough, UTF-8, without line breaks and without
 /// blanks at its ends.
 bool FitsSetting(const std::filesystem::path& path);
-/// Puts a file first. A path that fits no setting is not remembered.
+/// Puts a file first. A path of any length is remembered, unless it would fit no setting for another reason.
 void RememberFile(SettingsStore& store, const std::filesystem::path& path);
 
 } // namespace velmora
