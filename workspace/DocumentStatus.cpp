@@ -52,10 +52,6 @@ void ShowCurrentTab(MainModule& main) {
                                  std::to_string(main.document.TabCount));
 }
 
-void TellWritten(MainModule& main, const std::filesystem::path& file) {
-    main.status->Tell({"Written: " + PathText(file), false, file});
-}
-
 std::string DocumentCaption(const TabDocument& document) {
     return document.DocFileName.empty() ? "Untitled" : PathText(document.DocFileName);
 }

@@ -16,8 +16,6 @@ void ShowDocumentStatus(MainModule& main, const DocumentSetup& setup);
 void RefreshDocumentStatus(MainModule& main);
 /// Panel 5 while a tab has the focus.
 void ShowCurrentTab(MainModule& main);
-/// Says that a file was written, which a button opens.
-void TellWritten(MainModule& main, const std::filesystem::path& file);
 /// The document's path, or "Untitled".
 std::string DocumentCaption(const TabDocument& document);
 /// The application name with the document's name in brackets.

@@ -159,6 +159,11 @@ bool CanReplace(UserInterface& ui, const fs::path& path) {
     }
 }
 
+/// "Saved: a.csv"; of a file of texts alone, what it does not hold.
+std::string DoneText(const char* done, const fs::path& path, bool textsAlone) {
+    return std::string(done) + (textsAlone ? " (no tab type, no fonts): " : ": ") + PathText(path);
+}
+
 /// What is replaced in the copy stays in the document.
 SaveOutcome ExportTo(MainModule& main, const fs::path& path, bool replaceCommas) {
     TabDocument& document = main.document;
@@ -173,7 +178,7 @@ SaveOutcome ExportTo(MainModule& main, const fs::path& path, bool replaceCommas)
     }
     if (document.FileError)
         return SaveOutcome::Failed;
-    TellWritten(main, path);
+    main.status->Tell({DoneText("Written", path, true), false, path});
     return SaveOutcome::Saved;
 }
 
@@ -198,7 +203,7 @@ SaveOutcome SaveUnder(MainModule& main, const fs::path& path, SaveKind kind) {
     main.document.Foreign = false;
     main.history.MarkSaved();
     main.recovery.Drop();
-    main.status->Tell({"Saved: " + PathText(path)});
+    main.status->Tell({DoneText("Saved", path, WorkbookFormatOf(path).has_value())});
     return SaveOutcome::Saved;
 }
 

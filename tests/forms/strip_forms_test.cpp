@@ -187,6 +187,15 @@ private slots:
         running.test.ui.Expect("File saved successfully", Icon::Information);
         running.Trigger("mnuSave");
         QCOMPARE(Done(running), QString::fromStdString("Saved: " + (running.test.folder / "in.csv").string()));
+        const auto copy = running.test.folder / "a.xls";
+        const QString left = " (no tab type, no fonts): " + QString::fromStdString(copy.string());
+        running.test.ui.ExpectChooser("Export", copy);
+        running.Trigger("mnuExport");
+        QCOMPARE(Done(running), "Written" + left + " [&Open]");
+        std::filesystem::remove(copy);
+        running.test.ui.ExpectChooser("Save as", copy);
+        running.Trigger("mnuSaveAs");
+        QCOMPARE(Done(running), "Saved" + left);
         running.program.desktop.Leave();
     }
 
