@@ -12,6 +12,7 @@ SheetRow Shortened(const SheetRow& row) {
         std::find_if(row.texts.rbegin(), row.texts.rend(), [](const auto& text) { return !text.empty(); });
     SheetRow kept = {row.number, {row.texts.begin(), filled.base()}, row.unresolved};
     kept.formulas = row.formulas;
+    kept.further = row.further;
     kept.hidden = row.hidden;
     kept.hiddenAbove = row.hiddenAbove;
     return kept;

@@ -117,6 +117,7 @@ std::int32_t WorksheetBuilder::NumberOf(const SheetRow& row) {
 void WorksheetBuilder::NoteLeftOut(const SheetRow& row) {
     LeftOut& leftOut = sheet_.leftOut;
     leftOut.formulas = leftOut.formulas || row.formulas;
+    leftOut.further = leftOut.further || row.further;
     for (std::size_t i = 0; i < row.texts.size(); ++i)
         if (const int column = static_cast<int>(i) + 1; !row.texts[i].empty() && !IsChosen(column))
             leftOut.columns.insert(column);
@@ -214,8 +215,10 @@ Worksheet WorksheetOf(std::string_view list, char delimiter, const WorksheetOpti
     SheetRow row;
     std::size_t widest = 0;
     const auto columns = static_cast<std::size_t>(std::max(builder.LastColumn(), kMostColumns));
-    ReadTextList(list, delimiter, columns, [&](std::vector<std::string> cells) {
+    ReadTextList(list, delimiter, columns + 1, [&](std::vector<std::string> cells) {
         ++row.number;
+        row.further = cells.size() > columns;
+        cells.resize(std::min(cells.size(), columns));
         widest = std::max(widest, cells.size());
         row.texts = std::move(cells);
         return builder.Add(row);

@@ -36,6 +36,7 @@ std::array<std::string, kFieldsPerTab> TabOfRow(const std::vector<std::string>& 
 struct LeftOut {
     std::vector<std::string> sheets; ///< names of other worksheets
     std::set<int> columns;           ///< with texts, from 1
+    bool further = false;            ///< columns behind those that were looked at
     bool heading = false;
     bool hiddenRows = false;
     bool formulas = false;

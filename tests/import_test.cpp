@@ -350,6 +350,7 @@ TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutSayingWhatIsLost) {
         {"a.csv", "a,b,c\r\n", {}, list},
         {"a.csv", "a,b,c,d\r\n", {}, "Columns behind the third would be lost.\r\n" + list},
         {"a.csv", "a;b\r\nc;d\r\n", firstColumnAndHeading, "Column B and the heading would be lost.\r\n" + list},
+        {"a.csv", "a" + std::string(256, ';') + "z\r\n", {}, "Further columns would be lost.\r\n" + list},
         {"a.csv",
          "Version 9\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx,,,y\r\n",
          {},

@@ -279,6 +279,17 @@ TEST_F(WorkbookTest, FormulasAreKnownWithAndWithoutResults) {
     EXPECT_EQ(ColumnLetters(26) + ColumnLetters(27) + ColumnLetters(703), "ZAAAAA");
 }
 
+TEST_F(WorkbookTest, ATextBehindTheLastColumnIsKnown) {
+    const auto ods = [](int before) {
+        return OdsBytes("<t:table-row><t:table-cell t:number-columns-repeated='" + std::to_string(before) +
+                        "'/><t:table-cell><x:p>x</x:p></t:table-cell></t:table-row>");
+    };
+    const auto xlsx = [](const std::string& cell) { return XlsxBytes("<row><c r='" + cell + "'><v>1</v></c></row>"); };
+    for (const auto& [bytes, further] :
+         {std::pair(xlsx("IV1"), false), {xlsx("IW1"), true}, {ods(255), false}, {ods(256), true}})
+        EXPECT_EQ(SheetTable(*OpenBytes(bytes), "S", [] {}).Take({}).leftOut.further, further);
+}
+
 /// Rows 2 and 3 are hidden, the third is blank.
 TEST_F(WorkbookTest, HiddenRowsMayBeLeftOut) {
     const auto odsRow = [](const std::string& attributes, const std::string& text) {

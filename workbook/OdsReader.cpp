@@ -58,6 +58,7 @@ public:
             hidden_ = attributes("visibility") == "collapse" || attributes("visibility") == "filter";
             column_ = 0;
             cells_.clear();
+            further_ = false;
         } else if (name == "table-cell" || name == "covered-table-cell")
             StartCell(attributes);
         else
@@ -112,6 +113,7 @@ private:
         const bool blank = !missing && Trim(OneLine(text)).empty(); // perhaps in a million rows
         for (int i = 0; i < repeatCell_ && column_ + i < last_ && !blank; ++i)
             cells_.push_back({column_ + i + 1, text, formula_, missing});
+        further_ = further_ || (!blank && repeatCell_ > last_ - column_);
         column_ = std::min(column_ + std::min(repeatCell_, kMostSheetRows), kMostSheetRows);
     }
     /// Some programs show numbers with the mathematical minus, which no other reader takes for a sign.
@@ -122,9 +124,10 @@ private:
     }
     void EndRow() {
         repeatRow_ = std::min(repeatRow_, kMostSheetRows - number_);
-        if (cells_.empty() && hidden_)
+        const bool blank = cells_.empty() && !further_;
+        if (blank && hidden_)
             row_.PassHidden(repeatRow_);
-        for (int i = 1; i <= repeatRow_ && !cells_.empty() && !stopped; ++i) {
+        for (int i = 1; i <= repeatRow_ && !blank && !stopped; ++i) {
             PutCells();
             stopped = !row_.Flush(number_ + i, hidden_);
         }
@@ -136,6 +139,8 @@ private:
             if (cell.formula)
                 row_.PutFormula(cell.column, cell.missing);
         }
+        if (further_)
+            row_.Note(last_ + 1);
     }
 
     struct Cell {
@@ -156,9 +161,10 @@ private:
     int repeatRow_ = 1;
     int repeatCell_ = 1;
     int paragraphs_ = 0;
-    int depth_ = 0;       ///< of tables
-    int aside_ = 0;       ///< within notes and drawings
-    bool hidden_ = false; ///< the row
+    int depth_ = 0;        ///< of tables
+    int aside_ = 0;        ///< within notes and drawings
+    bool hidden_ = false;  ///< the row
+    bool further_ = false; ///< a text in it behind the last column
     bool formula_ = false;
     bool awaitsResult_ = false;
     bool inSheet_ = false;

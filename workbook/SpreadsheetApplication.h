@@ -28,6 +28,7 @@ struct SheetRow {
     std::vector<std::string> texts;   ///< one for each column
     std::vector<int> unresolved = {}; ///< columns of formulas without a stored result, whose texts are empty
     bool formulas = false;            ///< at least one
+    bool further = false;             ///< a text behind the last of the columns
     bool hidden = false;              ///< or filtered out
     std::int32_t hiddenAbove = 0;     ///< rows before it that are
 };

@@ -71,11 +71,11 @@ void RowCollector::PutFormula(int column, bool missing) {
 bool RowCollector::Flush(std::int32_t number, bool hidden) {
     row_.number = number;
     row_.hidden = hidden;
-    const bool more = (used_ == 0 && row_.unresolved.empty()) || sink_(row_);
+    const bool more = (used_ == 0 && row_.unresolved.empty() && !row_.further) || sink_(row_);
     for (; used_ > 0; --used_)
         row_.texts[used_ - 1].clear();
     row_.unresolved.clear();
-    row_.formulas = false;
+    row_.formulas = row_.further = false;
     row_.hiddenAbove += hidden ? 1 : 0;
     return more;
 }

@@ -48,6 +48,8 @@ public:
     /// Keeps the text, on one line and trimmed, if its column (from 1) was asked for. Raises WorkbookError for more
     /// text in a sheet than any document holds.
     void Put(int column, std::string_view text);
+    /// There is a text in this column, of which no more is wanted.
+    void Note(int column) { row_.further = row_.further || column >= static_cast<int>(places_.size()); }
     /// The column's text comes from a formula, and is `missing` where no result was stored.
     void PutFormula(int column, bool missing);
     /// Hands the row on unless it is blank, and starts an empty one. False when the sink wants no more.

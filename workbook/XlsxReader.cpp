@@ -167,7 +167,10 @@ public:
             StartCell(attributes);
         else if (name == "f")
             formula_ = true;
-        reading_ = wanted_ && !phonetic_ && (name == "v" || name == "t");
+        const bool text = name == "v" || name == "t";
+        if (text && !wanted_)
+            row_.Note(column_);
+        reading_ = text && wanted_ && !phonetic_;
         phonetic_ = phonetic_ || name == "rPh";
     }
     void End(std::string_view name) override {

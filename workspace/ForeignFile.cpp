@@ -54,8 +54,8 @@ bool HoldsSame(const MainModule& main, WorkbookFormat format, std::string found)
 }
 
 bool IsNothing(const LeftOut& leftOut) {
-    return leftOut.sheets.empty() && leftOut.columns.empty() && !leftOut.heading && !leftOut.hiddenRows &&
-           !leftOut.formulas;
+    return leftOut.sheets.empty() && leftOut.columns.empty() && !leftOut.further && !leftOut.heading &&
+           !leftOut.hiddenRows && !leftOut.formulas;
 }
 
 /// "column D" or "columns D, E", the first ten of them; nothing for none.
@@ -91,7 +91,8 @@ std::vector<std::string> PartsOf(const LeftOut& leftOut) {
     std::vector<std::string> parts;
     AddNamed(parts, "worksheet", sheets);
     AddNamed(parts, "column", columns);
-    for (const auto& [left, what] : {std::pair(leftOut.heading, "the heading"),
+    for (const auto& [left, what] : {std::pair(leftOut.further, "further columns"),
+                                     {leftOut.heading, "the heading"},
                                      {leftOut.hiddenRows, "hidden rows"},
                                      {leftOut.formulas, "formulas"}})
         if (left)

@@ -11,8 +11,8 @@ namespace velmora {
 
 class frmHelp;
 
-/// One for a program's first window, which owns it. It sees every F1 before a shortcut does, so that a dialog, or a part
-/// of a window, needs nothing but the name of its form.
+/// One for a program's first window, which owns it. It sees every F1 before a shortcut does, so that a dialog, or a
+/// part of a window, needs nothing but the name of its form.
 class HelpDesk : public QObject {
     Q_OBJECT
 

@@ -122,8 +122,8 @@ void frmAbout::ShowDetails() {
         return QApplication::clipboard()->setText(txtDetails_->toPlainText());
     const QString desktop = QSysInfo::prettyProductName() + ", " + QGuiApplication::platformName() + " " +
                             qEnvironmentVariable("XDG_CURRENT_DESKTOP");
-    txtDetails_->setPlainText(QString::fromStdString(
-        ProgramDetails(program_.main, {program_.Title, std::string("Qt ") + qVersion(), desktop.trimmed().toStdString()})));
+    txtDetails_->setPlainText(QString::fromStdString(ProgramDetails(
+        program_.main, {program_.Title, std::string("Qt ") + qVersion(), desktop.trimmed().toStdString()})));
     txtDetails_->show();
     cmdDetails_->setText(tr("&Copy"));
     txtDetails_->setFocus();

@@ -78,13 +78,13 @@ RegistryCode WindowsRegistry::Set(const std::string& path, const std::string& na
     if (code != ERROR_SUCCESS)
         return CodeOf(code);
     if (const auto* number = std::get_if<std::uint32_t>(&value)) {
-        code = ::RegSetValueExW(made.handle, Wide(name).c_str(), 0, REG_DWORD,
-                                reinterpret_cast<const BYTE*>(number), sizeof *number);
+        code = ::RegSetValueExW(made.handle, Wide(name).c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(number),
+                                sizeof *number);
     } else {
         const std::wstring text = Wide(std::get<std::string>(value));
         const auto size = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-        code = ::RegSetValueExW(made.handle, Wide(name).c_str(), 0, REG_SZ,
-                                reinterpret_cast<const BYTE*>(text.c_str()), size);
+        code = ::RegSetValueExW(made.handle, Wide(name).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                                size);
     }
     return CodeOf(code);
 }
