@@ -37,7 +37,7 @@ frmPassword::frmPassword(const CredentialsRequest& request, QWidget* parent)
     rows->addRow(tr("&User:"), txtUser_);
     rows->addRow(tr("&Password:"), txtPassword_);
     rows->addRow(buttons);
-    setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+    lblAsked->setMinimumWidth(fontMetrics().averageCharWidth() * 60); // the dialog's height follows from it
     txtPassword_->setFocus();
 }
 
