@@ -127,7 +127,7 @@ void frmHelp::BuildUi() {
     page_ = new PageBrowser;
     page_->setObjectName("txtPage");
     page_->setAccessibleName(tr("Page"));
-    page_->setMinimumSize(kHelpSize / 2);
+    page_->setMinimumSize(kHelpSize / 4); // it scrolls: the whole window has to fit a small screen with large pixels
     page_->document()->setDocumentMargin(kMargin);
     const QColor link = StandingOut(palette().link().color(), palette().base().color(), kTextContrast);
     page_->document()->setDefaultStyleSheet("a { color: " + link.name() + " }");

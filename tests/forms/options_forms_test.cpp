@@ -263,6 +263,7 @@ private slots:
         RunningProgram running;
         frmHelp help(running.test.settings, nullptr);
         help.ShowPage("welcome");
+        QCOMPARE(help.minimumSizeHint().boundedTo({630, 370}), help.minimumSizeHint()); // of 1280 x 800 at 200 %
         auto* page = help.findChild<QTextBrowser*>("txtPage");
         auto* tree = help.findChild<QTreeWidget*>("treContents");
         const auto place = [&] { return page->source().fileName() + " " + tree->currentItem()->text(0); };
