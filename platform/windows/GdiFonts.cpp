@@ -1,89 +1,137 @@
 #include "platform/windows/GdiFonts.h"
 
-#include <vector>
+#include "base/MappedFile.h"
+
+#include <hb-subset.h>
+
+#include <array>
+#include <initializer_list>
+#include <utility>
 
 namespace velmora {
 namespace {
 
-/// What `make` puts into a pointer; null where it fails.
-template <typename Object, typename Make> ObjectPointer<Object> Made(Make make) {
-    Object* object = nullptr;
-    return ObjectPointer<Object>(SUCCEEDED(make(&object)) ? object : nullptr);
+template <auto destroy> struct HbDestroy {
+    void operator()(auto* object) const { destroy(object); }
+};
+using HbBlobPointer = std::unique_ptr<hb_blob_t, HbDestroy<hb_blob_destroy>>;
+using HbFacePointer = std::unique_ptr<hb_face_t, HbDestroy<hb_face_destroy>>;
+using HbInputPointer = std::unique_ptr<hb_subset_input_t, HbDestroy<hb_subset_input_destroy>>;
+
+/// What draws glyphs by number; what shapes texts, hints screens and varies a design is left out.
+constexpr std::array kKeptTables = {HB_TAG('c', 'm', 'a', 'p'), HB_TAG('C', 'F', 'F', ' '), HB_TAG('O', 'S', '/', '2'),
+                                    HB_TAG('g', 'l', 'y', 'f'), HB_TAG('h', 'e', 'a', 'd'), HB_TAG('h', 'h', 'e', 'a'),
+                                    HB_TAG('h', 'm', 't', 'x'), HB_TAG('l', 'o', 'c', 'a'), HB_TAG('m', 'a', 'x', 'p'),
+                                    HB_TAG('p', 'o', 's', 't')};
+
+HbBlobPointer BlobOf(std::string_view bytes) {
+    return HbBlobPointer(
+        hb_blob_create(bytes.data(), static_cast<unsigned>(bytes.size()), HB_MEMORY_MODE_READONLY, nullptr, nullptr));
 }
 
-ObjectPointer<IDWriteFactory> MakeFactory() {
-    return Made<IDWriteFactory>([](IDWriteFactory** factory) {
-        return ::DWriteCreateFactory(DWRITE_FACTORY_TYPE_SHARED, __uuidof(IDWriteFactory),
-                                     reinterpret_cast<IUnknown**>(factory));
-    });
+/// The table of a font's names: its family, style, number, full name and PostScript's all are `name`.
+std::string NameTable(std::wstring_view name) {
+    constexpr std::array<std::size_t, 5> kIds = {1, 2, 3, 4, 6};
+    constexpr std::size_t kHeader = 6, kRecord = 12, kWindows = 3, kUtf16 = 1, kEnglish = 0x409;
+    std::string table;
+    const auto put = [&](std::initializer_list<std::size_t> numbers) {
+        for (const std::size_t number : numbers) {
+            table += static_cast<char>(number >> 8U);
+            table += static_cast<char>(number);
+        }
+    };
+    put({0, kIds.size(), kHeader + kRecord * kIds.size()});
+    for (const std::size_t id : kIds)
+        put({kWindows, kUtf16, kEnglish, id, 2 * name.size(), 0});
+    for (const wchar_t unit : name)
+        put({unit});
+    return table;
 }
 
-ObjectPointer<IDWriteFontFace> OpenFace(IDWriteFactory& factory, const std::filesystem::path& path, int index) {
-    const auto file = Made<IDWriteFontFile>(
-        [&](IDWriteFontFile** made) { return factory.CreateFontFileReference(path.c_str(), nullptr, made); });
-    BOOL isSupported = FALSE;
-    DWRITE_FONT_FILE_TYPE fileType{};
-    DWRITE_FONT_FACE_TYPE faceType{};
-    UINT32 faces = 0;
-    if (!file || FAILED(file->Analyze(&isSupported, &fileType, &faceType, &faces)) || !isSupported)
+/// The glyphs keep their numbers, for none is left out among them; what they are composed of follows behind.
+HbInputPointer FirstGlyphs(std::uint32_t count) {
+    HbInputPointer input(hb_subset_input_create_or_fail());
+    if (!input)
         return nullptr;
-    IDWriteFontFile* files = file.get();
-    return Made<IDWriteFontFace>([&](IDWriteFontFace** made) {
-        return factory.CreateFontFace(faceType, 1, &files, static_cast<UINT32>(index), DWRITE_FONT_SIMULATIONS_NONE,
-                                      made);
-    });
+    hb_subset_input_set_flags(input.get(), HB_SUBSET_FLAGS_NO_HINTING | HB_SUBSET_FLAGS_NOTDEF_OUTLINE);
+    hb_set_add_range(hb_subset_input_glyph_set(input.get()), 0, count - 1);
+    hb_set_t* dropped = hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG);
+    hb_set_clear(dropped);
+    for (const hb_tag_t tag : kKeptTables)
+        hb_set_add(dropped, tag);
+    hb_set_invert(dropped);
+    return input;
 }
 
-/// The table that holds the sum of the whole font.
-constexpr DWORD kHead = 'h' | 'e' << 8U | 'a' << 16U | 'd' << 24U;
-
-std::string HeadOf(IDWriteFontFace& face) {
-    const void* data = nullptr;
-    void* hold = nullptr;
-    UINT32 size = 0;
-    BOOL isThere = FALSE;
-    if (FAILED(face.TryGetFontTable(kHead, &data, &size, &hold, &isThere)) || !isThere)
-        return "";
-    std::string head(static_cast<const char*>(data), size);
-    face.ReleaseFontTable(hold);
-    return head;
+/// A font file of a face's first glyphs. Null where the file is none.
+HbBlobPointer PartOf(std::string_view file, int index, std::uint32_t count, std::wstring_view name) {
+    const HbFacePointer whole(hb_face_create(BlobOf(file).get(), static_cast<unsigned>(index)));
+    const HbInputPointer input = FirstGlyphs(count);
+    const HbFacePointer part(input ? hb_subset_or_fail(whole.get(), input.get()) : nullptr);
+    if (!part)
+        return nullptr;
+    const std::string names = NameTable(name);
+    hb_face_builder_add_table(part.get(), HB_TAG('n', 'a', 'm', 'e'), BlobOf(names).get());
+    return HbBlobPointer(hb_face_reference_blob(part.get()));
 }
 
-std::string HeadOf(HDC context, HFONT font) {
+/// Null where the system does not take it.
+HANDLE AddPart(const std::filesystem::path& path, int index, std::uint32_t count, std::wstring_view name) {
+    const MappedFile file(path);
+    const HbBlobPointer part = PartOf(file.Bytes(), index, count, name);
+    unsigned size = 0;
+    char* data = part ? hb_blob_get_data_writable(part.get(), &size) : nullptr;
+    DWORD fonts = 0;
+    return data ? ::AddFontMemResourceEx(data, size, nullptr, &fonts) : nullptr;
+}
+
+/// As many as hold `glyph`, of few sizes, so that most texts share one part.
+std::uint32_t CountWith(std::uint32_t glyph) {
+    std::uint32_t count = 256;
+    while (count <= glyph)
+        count *= 2;
+    return count;
+}
+
+bool IsFound(HDC context, HFONT font, const std::wstring& name) {
     const HGDIOBJ before = ::SelectObject(context, font);
-    const DWORD size = ::GetFontData(context, kHead, 0, nullptr, 0);
-    std::string head(size == GDI_ERROR ? 0 : size, '\0');
-    ::GetFontData(context, kHead, 0, head.data(), static_cast<DWORD>(head.size()));
+    std::array<wchar_t, LF_FACESIZE> found{};
+    ::GetTextFaceW(context, static_cast<int>(found.size()), found.data());
     ::SelectObject(context, before);
-    return head;
+    return found.data() == name;
 }
 
 } // namespace
 
-GdiFonts::GdiFonts(HDC context) : context_(context), factory_(MakeFactory()) {
-    if (factory_)
-        interop_ = Made<IDWriteGdiInterop>([&](IDWriteGdiInterop** made) { return factory_->GetGdiInterop(made); });
+const std::wstring& GdiFonts::NameOf(const PartKey& key) {
+    const auto known = parts_.find(key);
+    if (known != parts_.end())
+        return known->second.name;
+    // Short, for drivers repeat it with each text. Another job's fonts have another context in their names.
+    const std::wstring name =
+        L'V' + std::to_wstring(reinterpret_cast<std::uintptr_t>(context_)) + L'-' + std::to_wstring(parts_.size());
+    const auto& [path, face, count] = key;
+    Part part{name, std::unique_ptr<HANDLE, RemoveFont>(AddPart(path, face, count, name))};
+    return parts_.emplace(key, std::move(part)).first->second.name;
 }
 
-HFONT GdiFonts::Find(const std::filesystem::path& path, int face, int em, int turn) {
-    const Key key(path, face, em, turn);
+HFONT GdiFonts::Find(const std::filesystem::path& path, int face, std::uint32_t glyph, int em, int turn) {
+    const FontKey key(NameOf({path, face, CountWith(glyph)}), em, turn);
     const auto known = fonts_.find(key);
     if (known != fonts_.end())
         return known->second.get();
     return fonts_.emplace(key, Make(key)).first->second.get();
 }
 
-HFONT GdiFonts::Make(const Key& key) {
-    const auto& [path, index, em, turn] = key;
-    const auto face = interop_ ? OpenFace(*factory_, path, index) : nullptr;
+HFONT GdiFonts::Make(const FontKey& key) const {
+    const auto& [name, em, turn] = key;
     LOGFONTW wanted{};
-    if (!face || FAILED(interop_->ConvertFontFaceToLOGFONT(face.get(), &wanted)))
-        return nullptr;
     wanted.lfHeight = -em;
     wanted.lfEscapement = wanted.lfOrientation = turn;
+    wanted.lfCharSet = DEFAULT_CHARSET;
+    name.copy(wanted.lfFaceName, LF_FACESIZE - 1);
     std::unique_ptr<HFONT, DeleteFont> font(::CreateFontIndirectW(&wanted));
-    const std::string head = HeadOf(*face);
-    return !head.empty() && HeadOf(context_, font.get()) == head ? font.release() : nullptr;
+    return IsFound(context_, font.get(), name) ? font.release() : nullptr;
 }
 
 } // namespace velmora

@@ -3,44 +3,53 @@
 
 #include "base/windows/Api.h"
 
-#include <dwrite.h>
-
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <string>
 #include <tuple>
 
 namespace velmora {
 
-/// A reference to an object of the system's.
-struct ReleaseObject {
-    void operator()(IUnknown* object) const { object->Release(); }
+struct RemoveFont {
+    using pointer = HANDLE;
+    void operator()(HANDLE font) const { ::RemoveFontMemResourceEx(font); }
 };
-template <typename Object> using ObjectPointer = std::unique_ptr<Object, ReleaseObject>;
-
 struct DeleteFont {
     using pointer = HFONT;
     void operator()(HFONT font) const { ::DeleteObject(font); }
 };
 
 /// The fonts of one device context. It must not be in use with any of them when they go.
+///
+/// The system knows fonts by their names, and takes another one for a name that it does not know; and some drivers send
+/// each page a font's measures whole. So it is given the part of a face that is drawn, without its hints, under a name
+/// that nothing else has.
 class GdiFonts {
 public:
-    explicit GdiFonts(HDC context);
+    explicit GdiFonts(HDC context) : context_(context) {}
 
-    /// The installed font of that very face, `em` high, in tenths of a degree against the clock. Null where there is
-    /// none: the system knows fonts by their names, and takes another one for a name that it does not know.
-    HFONT Find(const std::filesystem::path& path, int face, int em, int turn);
+    /// A face `em` high, in tenths of a degree against the clock, with its glyphs up to `glyph` at least, under the
+    /// numbers that they have in the file. Null where there is none.
+    HFONT Find(const std::filesystem::path& path, int face, std::uint32_t glyph, int em, int turn);
 
 private:
-    using Key = std::tuple<std::filesystem::path, int, int, int>;
+    /// The first glyphs of a face, so many.
+    using PartKey = std::tuple<std::filesystem::path, int, std::uint32_t>;
+    struct Part {
+        std::wstring name;
+        std::unique_ptr<HANDLE, RemoveFont> font; ///< null where the system does not take it
+    };
+    /// A part's name, height and turn.
+    using FontKey = std::tuple<std::wstring, int, int>;
 
-    HFONT Make(const Key& key);
+    const std::wstring& NameOf(const PartKey& key);
+    HFONT Make(const FontKey& key) const;
 
     HDC context_;
-    ObjectPointer<IDWriteFactory> factory_;
-    ObjectPointer<IDWriteGdiInterop> interop_;
-    std::map<Key, std::unique_ptr<HFONT, DeleteFont>> fonts_;
+    std::map<PartKey, Part> parts_;
+    std::map<FontKey, std::unique_ptr<HFONT, DeleteFont>> fonts_;
 };
 
 } // namespace velmora

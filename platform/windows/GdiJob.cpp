@@ -2,6 +2,7 @@
 
 #include "platform/PrintSystem.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <vector>
@@ -55,6 +56,13 @@ std::size_t EndOfStretch(const std::vector<PrintLine::Glyph>& glyphs, std::size_
            glyphs[end].along >= glyphs[end - 1].along)
         ++end;
     return end;
+}
+
+std::uint32_t HighestOf(const std::vector<PrintLine::Glyph>& glyphs) {
+    std::uint32_t highest = 0;
+    for (const PrintLine::Glyph& glyph : glyphs)
+        highest = std::max(highest, glyph.id);
+    return highest;
 }
 
 /// From the places, which are rounded each for itself, so that no error grows along the line.
@@ -128,7 +136,8 @@ void GdiJob::Clip(const std::optional<PrintArea>& area) {
 }
 
 bool GdiJob::DrawLine(const PrintLine& line) {
-    HFONT font = fonts_.Find(line.font, line.face, Units(line.size), line.upwards ? kUpwards : 0);
+    HFONT font =
+        fonts_.Find(line.font, line.face, HighestOf(line.glyphs), Units(line.size), line.upwards ? kUpwards : 0);
     if (!font)
         return false;
     const Selected selected(context_.get(), font);
