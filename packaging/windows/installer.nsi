@@ -7,6 +7,7 @@ Unicode true
 
 !define KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Velmora"
 !define PROGID "Velmora.Tabs"
+!define APPLICATION "Software\Classes\Applications\velmora.exe"
 
 Name "Velmora ${VERSION}"
 OutFile "${OUTPUT}"
@@ -49,6 +50,10 @@ FunctionEnd
 !insertmacro StopWhileRunning ""
 !insertmacro StopWhileRunning "un."
 
+!macro Offer ENDING
+    WriteRegStr HKCU "${APPLICATION}\SupportedTypes" "${ENDING}" ""
+!macroend
+
 Section
     Call StopWhileRunning
     SetOutPath "$INSTDIR"
@@ -61,9 +66,18 @@ Section
     WriteRegStr HKCU "Software\Classes\${PROGID}\DefaultIcon" "" "$INSTDIR\velmora.exe,0"
     WriteRegStr HKCU "Software\Classes\${PROGID}\shell\open\command" "" '"$INSTDIR\velmora.exe" "%1"'
     WriteRegStr HKCU "Software\Classes\.csv\OpenWithProgids" "${PROGID}" ""
-    WriteRegStr HKCU "Software\Classes\Applications\velmora.exe\shell\open\command" "" '"$INSTDIR\velmora.exe" "%1"'
+    WriteRegStr HKCU "${APPLICATION}\shell\open\command" "" '"$INSTDIR\velmora.exe" "%1"'
+    ; Workbooks are imported: the program is offered for them too, but they are no tab documents.
+    !insertmacro Offer ".csv"
+    !insertmacro Offer ".xls"
+    !insertmacro Offer ".xlt"
+    !insertmacro Offer ".xlsx"
+    !insertmacro Offer ".xltx"
+    !insertmacro Offer ".xlsm"
+    !insertmacro Offer ".xltm"
+    !insertmacro Offer ".ods"
+    !insertmacro Offer ".ots"
 
-    WriteRegStr HKCU "Software\Classes\Applications\velmora.exe\SupportedTypes" ".csv" ""
     WriteRegStr HKCU "${KEY}" "DisplayName" "Velmora"
     WriteRegStr HKCU "${KEY}" "DisplayVersion" "${VERSION}"
     WriteRegStr HKCU "${KEY}" "DisplayIcon" "$INSTDIR\velmora.exe"
@@ -92,6 +106,6 @@ Section Uninstall
     DeleteRegValue HKCU "Software\Classes\.csv\OpenWithProgids" "${PROGID}"
     DeleteRegKey /ifempty HKCU "Software\Classes\.csv\OpenWithProgids"
     DeleteRegKey /ifempty HKCU "Software\Classes\.csv"
-    DeleteRegKey HKCU "Software\Classes\Applications\velmora.exe"
+    DeleteRegKey HKCU "${APPLICATION}"
     DeleteRegKey HKCU "${KEY}"
 SectionEnd
