@@ -8,6 +8,7 @@
 #include <memory>
 #include <shellapi.h>
 #include <span>
+#include <utility>
 
 namespace velmora {
 namespace {
@@ -32,13 +33,16 @@ std::vector<std::string> WordsOfCall(int, char**) {
     return words;
 }
 
-/// What is sent to a file or another program goes there without this.
+/// A stream that is sent to a file or another program goes there without this.
 void TakeTerminalOfCaller() {
-    const bool hasOutput = ::GetStdHandle(STD_OUTPUT_HANDLE) != nullptr;
-    if (hasOutput || !::AttachConsole(ATTACH_PARENT_PROCESS))
+    std::vector<std::FILE*> nowhere;
+    for (const auto& [handle, stream] : {std::pair(STD_OUTPUT_HANDLE, stdout), std::pair(STD_ERROR_HANDLE, stderr)})
+        if (::GetStdHandle(handle) == nullptr)
+            nowhere.push_back(stream);
+    if (nowhere.empty() || !::AttachConsole(ATTACH_PARENT_PROCESS))
         return;
     ::SetConsoleOutputCP(CP_UTF8);
-    for (std::FILE* stream : {stdout, stderr})
+    for (std::FILE* stream : nowhere)
         static_cast<void>(std::freopen("CONOUT$", "w", stream)); // a stream that fails says nothing
 }
 
