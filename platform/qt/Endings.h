@@ -7,9 +7,9 @@
 
 namespace velmora {
 
-/// While it lives, SIGTERM, SIGHUP and SIGINT (unless ignored) and the loss of the display first call `leave`, once,
-/// and then end the program. Only one can live at a time. `leave` is called between two events, so also within a
-/// dialog, or at exit; it must not wait for a person.
+/// While it lives, SIGTERM, SIGHUP and SIGINT (unless ignored) and the loss of the display, or on Windows the end of
+/// the session, first call `leave`, once, and then end the program. Only one can live at a time. `leave` is called
+/// between two events, so also within a dialog, or at exit; it must not wait for a person.
 class Endings : public QObject {
 public:
     explicit Endings(std::function<void()> leave);

@@ -1,17 +1,20 @@
 #include "platform/qt/Endings.h"
 
+#include "base/Interruption.h"
 #include "base/windows/Api.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QCoreApplication>
 
+#include <cstdlib>
 #include <exception>
 #include <utility>
 
 namespace velmora {
 namespace {
 
-/// The system tells each window that the person logs out or shuts down, and ends the program when that was heard.
+/// The system tells each window that the person logs out or shuts down. The toolkit would close the windows then, which
+/// ask whether to save: the session would wait for an answer, and in the end lose it.
 class LogoutFilter : public QObject, public QAbstractNativeEventFilter {
 public:
     LogoutFilter(std::function<void()> leave, QObject* parent) : QObject(parent), leave_(std::move(leave)) {}
@@ -19,17 +22,17 @@ public:
     bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
         const auto& told = *static_cast<const MSG*>(message);
         if (told.message == WM_ENDSESSION && told.wParam != 0)
-            LeaveOnce();
+            End();
         return false;
     }
 
 private:
-    void LeaveOnce() noexcept {
-        const std::function<void()> leave = std::exchange(leave_, {});
+    [[noreturn]] void End() noexcept {
         try {
-            if (leave)
-                leave();
+            leave_();
         } catch (const std::exception&) {} // nobody is left to read it
+        RemoveTemporaryFiles();
+        std::_Exit(0);
     }
 
     std::function<void()> leave_;
