@@ -56,6 +56,7 @@ FunctionEnd
 
 Section
     Call StopWhileRunning
+    RMDir /r "$INSTDIR\licences" ; of what an older version held
     SetOutPath "$INSTDIR"
     File /r "${FILES}\*"
     WriteUninstaller "$INSTDIR\uninstall.exe"
