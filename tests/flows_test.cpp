@@ -33,6 +33,16 @@ struct FlowsTest : ProgramTest {
         Tell("File saved successfully");
         return Save();
     }
+    void FailToCreate(const char* name, Answer answer, const std::function<void()>& meanwhile = {}) {
+        program.ui.Expect(
+            "The application encountered the following error when it attempted to save the following file: " +
+                Named(name) + "\r\nError Nommer:2\r\nError Description:No such file or directory",
+            Icon::Critical, Buttons::RetryCancel, answer, std::nullopt, meanwhile);
+        if (answer == Answer::Retry)
+            return;
+        Tell("File was NOT saved succesfully!");
+        Tell("Could not finish process");
+    }
     fs::path PutTab(const std::string& name, const std::string& text, const std::string& setup = "P,A4,0,1") {
         return Put(name, TabFileOf(setup, text));
     }
@@ -111,23 +121,17 @@ TEST_F(FlowsTest, SavingAsksForANameAndBeforeOverwriting) {
 
 TEST_F(FlowsTest, AFailedCreationIsRetriedUntilItsCauseIsGone) {
     document.DocFileName = Path("gone/a.csv");
-    const std::string failure =
-        "The application encountered the following error when it attempted to save the following file: " +
-        Named("gone/a.csv") + "\r\nError Nommer:2\r\nError Description:No such file or directory";
-    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Retry);
-    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Cancel);
-    Tell("File was NOT saved succesfully!");
-    Tell("Could not finish process");
     document.FileEncoding = Encoding::Windows1252;
     document.FieldA(2) = "Ω";
+    FailToCreate("gone/a.csv", Answer::Retry);
+    FailToCreate("gone/a.csv", Answer::Cancel);
     EXPECT_EQ(Save(), SaveOutcome::Failed);
     EXPECT_EQ(document.FileEncoding, Encoding::Windows1252) << "of the file, which was not written";
     program.ui.ExpectChooser("Export", Path("copy.csv"));
     EXPECT_EQ(SaveLabels(main, SaveKind::Export), SaveOutcome::Saved);
     EXPECT_EQ(document.FileEncoding, Encoding::Windows1252) << "nor by an export";
     EXPECT_TRUE(document.DocChanged);
-    program.ui.Expect(failure, Icon::Critical, Buttons::RetryCancel, Answer::Retry, std::nullopt,
-                      [&] { fs::create_directory(Path("gone")); });
+    FailToCreate("gone/a.csv", Answer::Retry, [&] { fs::create_directory(Path("gone")); });
     EXPECT_EQ(SaveAloud(), SaveOutcome::Saved);
 }
 
@@ -137,13 +141,13 @@ TEST_F(FlowsTest, CommasAreAskedAboutBeforeTheyAreWritten) {
     document.FieldC(7) = ",";
     document.DocFileName = Path("a.csv");
     main.history.KeepSteps();
+    const char* const question =
+        "These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the "
+        "text after a comma moves into the next field.\r\nWhat moves beyond the third field is lost: [lost] of tab "
+        "2.\r\n\r\nDo you want to write semicolons in their place?\r\nNo writes the commas as they are, Cancel "
+        "goes back to the document.";
     const auto saved = [&](SaveKind kind, Answer answer, const char* name) {
-        AskOrCancel(
-            "These tabs hold commas: 2, 7.\r\nA comma separates the fields in the file. When it is opened again, the "
-            "text after a comma moves into the next field.\r\nWhat moves beyond the third field is lost: [lost] of tab "
-            "2.\r\n\r\nDo you want to write semicolons in their place?\r\nNo writes the commas as they are, Cancel "
-            "goes back to the document.",
-            answer);
+        AskOrCancel(question, answer);
         if (kind == SaveKind::Save && answer != Answer::Cancel)
             Tell("File saved successfully");
         EXPECT_EQ(SaveLabels(main, kind), answer == Answer::Cancel ? SaveOutcome::Cancelled : SaveOutcome::Saved);
@@ -151,10 +155,22 @@ TEST_F(FlowsTest, CommasAreAskedAboutBeforeTheyAreWritten) {
         return bytes.substr(std::min(bytes.find("Smith"), bytes.size()), 17);
     };
     EXPECT_EQ(saved(SaveKind::Save, Answer::Cancel, "a.csv"), "");
+    for (const bool opening : {true, false}) {
+        AskToSave(Answer::Yes);
+        AskOrCancel(question, Answer::Cancel);
+        EXPECT_TRUE(!opening || OpenCommand(main) == OpenOutcome::Cancelled);
+        if (!opening)
+            NewCommand(main);
+        EXPECT_EQ(document.DocFileName, Path("a.csv")) << "what is not saved stays, with its name";
+    }
     EXPECT_EQ(saved(SaveKind::Save, Answer::No, "a.csv"), "Smith, John,,lost");
     program.ui.ExpectChooser("Export", Path("copy.csv"));
     EXPECT_EQ(saved(SaveKind::Export, Answer::Yes, "copy.csv"), "Smith; John,,lost");
-    EXPECT_EQ(document.FieldA(2), "Smith, John") << "an export leaves the document alone";
+    program.ui.ExpectChooser("Export", Path("gone/copy.csv"));
+    AskOrCancel(question, Answer::Yes);
+    FailToCreate("gone/copy.csv", Answer::Cancel);
+    EXPECT_EQ(SaveLabels(main, SaveKind::Export), SaveOutcome::Failed);
+    EXPECT_EQ(document.FieldA(2), "Smith, John") << "an export leaves the document alone, also one that failed";
     EXPECT_EQ(saved(SaveKind::Save, Answer::Yes, "a.csv"), "Smith; John,,lost");
     EXPECT_FALSE(document.DocChanged);
     main.history.Undo(main.State());
@@ -239,6 +255,12 @@ TEST_F(FlowsTest, WhatWasLeftOrReplacedCanBeHadBack) {
     EXPECT_TRUE(CloseCommand(main));
     recovery.Open(program.folder / "Recovery", now);
     EXPECT_FALSE(OfferLost(main, desktop, {}, noList)) << "what was given up is not offered";
+    AskToSave(Answer::Cancel);
+    CloseCommand(main);
+    recovery.Open(program.folder / "Recovery", now);
+    Ask(question, Answer::No);
+    for (int start = 0; start < 2; ++start)
+        EXPECT_FALSE(OfferLost(main, desktop, {}, noList)) << "asked once";
 }
 
 TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {

@@ -375,6 +375,7 @@ TEST_F(ImportTest, AnImportedFileIsNotOverwrittenWithoutSayingWhatIsLost) {
     Tell("File saved successfully");
     EXPECT_EQ(SaveLabels(main, SaveKind::Save), SaveOutcome::Saved);
     EXPECT_EQ(ReadBack(Path("a.xls")), (Rows{{"three", "", ""}}));
+    EXPECT_FALSE(document.Foreign) << "asked about once more";
 }
 
 TEST_F(ImportTest, AFormulaWithoutAResultIsAskedAbout) {

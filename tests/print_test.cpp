@@ -406,9 +406,12 @@ TEST_F(PrintTest, MarkedTabsGoOntoTheSheetThatAnEarlierJobLeft) {
 
 TEST_F(PrintTest, PrintAsksWhetherToBeginWithTheSheetInUse) {
     main.document.FieldA(72) = "last";
-    for (const auto& [answer, pages, left] : {std::tuple{Answer::Cancel, "", "1-2"},
-                                              {Answer::No, "/Count 3", "1-2"},
-                                              {Answer::Yes, "/Count 4", "2"}}) { // the last tab stands there
+    for (const auto& [answer, cancelAfter, pages, left] :
+         {std::tuple{Answer::Cancel, -1, "", "1-2"},
+          {Answer::No, -1, "/Count 3", "1-2"},
+          {Answer::Yes, 1, "", "1-2"},
+          {Answer::Yes, -1, "/Count 4", "2"}}) { // the last tab stands there
+        program.ui.cancelAfter = cancelAfter;
         program.Store("Settings", "Used Labels - 0", "1-2");
         printers.bytes.clear();
         program.ui.Expect("A sheet goes on being used: its labels 1-2 are gone.\r\nDo you want to begin with it?",

@@ -38,6 +38,12 @@ TEST_F(RecoveryTest, EverythingComesBackAsItWas) {
     EXPECT_EQ(list[0].Name(), "in.csv");
     EXPECT_EQ(std::chrono::system_clock::to_time_t(list[0].Time), seconds - 1);
     EXPECT_TRUE(list[0].TabsFilled == 3 && list[0].LeftBehind);
+    {
+        const RecoveryStore::Pause pause(store);
+        RestoreDocument(main, list[0]);
+        EXPECT_TRUE(store.List().at(0).LeftBehind) << "no copy of this program's own stands in for it";
+        document.DocChanged = false;
+    }
     EXPECT_EQ(RestoreDocument(main, list[0]), LoadOutcome::Loaded);
     for (int i = 0; i < 6; ++i)
         EXPECT_EQ(document.Field(i % 3)(1 + i / 3), texts[i]);
@@ -184,6 +190,9 @@ TEST_F(RecoveryTest, OfAGreatManyNoneIsDeletedUnseen) {
 
 TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
     Type("typed");
+    FakeEditor editor;
+    main.editor.Take(editor);
+    main.fonts[0].Size = 33;
     const std::string ini = ReadFile(program.settings.IniFile);
     std::string tooMany;
     for (int i = 0; i < 3 * 32767; ++i)
@@ -194,9 +203,11 @@ TEST_F(RecoveryTest, WhatCannotBeRestoredChangesNothing) {
         const auto list = store.List();
         ASSERT_EQ(list.size(), 1U);
         EXPECT_THROW(RestoreDocument(main, list[0]), Error);
-        EXPECT_TRUE(document.FieldA(1) == "typed" && document.setup.OptType == 5);
+        EXPECT_TRUE(document.FieldA(1) == "typed" && document.setup.OptType == 5 && main.fonts[0].Size == 33);
         EXPECT_EQ(ReadFile(program.settings.IniFile), ini);
         EXPECT_EQ(store.List().size(), 1U) << "archived, but not replaced";
+        EXPECT_EQ(Files(), 3U) << "the open document has no copy";
+        EXPECT_TRUE(editor.calls.ends_with("up ")) << "the window stays empty";
     }
 }
 

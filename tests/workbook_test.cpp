@@ -261,11 +261,11 @@ TEST_F(WorkbookTest, FormulasAreKnownWithAndWithoutResults) {
         "<t:table-row><t:table-cell/><t:table-cell/><t:table-cell t:formula='A1'/>"
         "<t:table-cell t:formula='A1' o:value-type='string'><x:p>x</x:p></t:table-cell></t:table-row>";
     const std::string xlsx = "<row><c r='C1'><f>A2+1</f><v/></c><c t='str'><f>A2</f><v>x</v></c>"
-                             "<c r='IV1' t='str'><f>A</f><v/></c></row>";
+                             "<c r='E1'/><c r='IV1' t='str'><f>A</f><v/></c></row>";
     for (const std::string& bytes : {XlsxBytes(xlsx), OdsBytes(ods)}) {
         const auto book = OpenBytes(bytes);
         const SheetTable table(*book, "S", [] {});
-        const Worksheet sheet = table.Take({{4, 3}});
+        const Worksheet sheet = table.Take({{4, 3, 5}});
         EXPECT_EQ(sheet.rows.at(0)[0], "x");
         EXPECT_EQ(UnresolvedFindings(sheet),
                   "Formulas without a stored result, whose texts are missing: C1.\r\nA spreadsheet program stores the "

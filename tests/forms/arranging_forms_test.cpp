@@ -3,6 +3,7 @@
 #include "tests/forms/RunningProgram.h"
 
 #include <QClipboard>
+#include <QMenu>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -138,6 +139,17 @@ private slots:
         press(Qt::Key_V);
         QCOMPARE(Texts(running, {23, 24, 25}), QString("a23 a2 a4"));
         QCOMPARE(running.program.main.document.FieldB(25), std::string("x")); // the field in use
+    }
+
+    void whatTheEditMenuGreysWorksOnceItIsClosed() {
+        RunningProgram running(0, 1, 1);
+        QApplication::clipboard()->clear();
+        auto* menu = running.window->findChild<QMenu*>("mnuEdit");
+        const auto* paste = running.window->findChild<QAction*>("mnuPaste");
+        menu->popup({});
+        QVERIFY(!paste->isEnabled());
+        menu->hide();
+        QTRY_VERIFY(paste->isEnabled());
     }
 
     void whatIsPastedOrDeletedWithoutMarksIsText() {

@@ -81,6 +81,10 @@ private slots:
         running.Trigger("mnuUndo"); // typing: its box is shown again
         QCOMPARE(running.Focused(), QString("TextA2(3)"));
         QVERIFY(!running.window->isWindowModified());
+        Click(*form, "cmdFindNext");
+        const QString found = running.Focused();
+        Click(*form, "cmdReplace");
+        QVERIFY2(running.Focused() != found, "what stands there now holds it, too");
     }
 
     void findCountsMarksAndGoesOnOverPages() {

@@ -74,6 +74,7 @@ private slots:
                 QTest::keyClick(&window, Qt::Key_Escape);
             QVERIFY(progress->Cancelled());
         }
+        QVERIFY2(!QApplication::overrideCursor(), "nothing is waited for");
     }
 
     void aQuestionInTheMiddleOfTypingWaitsForAPause() {

@@ -156,6 +156,12 @@ private slots:
         QCOMPARE(grid.MarkedTabs(), (TabNumbers{2, 3, 4}));
         QTest::keyClicks(running.window->focusWidget(), "x");
         QVERIFY2(!grid.HasMarks(), "typing is for the box in use");
+        QTest::mousePress(box(2), Qt::LeftButton);
+        const QPoint inside = box(2)->rect().center();
+        QMouseEvent select(QEvent::MouseMove, inside, box(2)->mapToGlobal(inside), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(box(2), &select);
+        QTest::mouseRelease(box(2), Qt::LeftButton);
+        QVERIFY2(!grid.HasMarks(), "within its tab the mouse selects text");
         box(1)->setFocus();
         box(1)->selectAll();
         running.Press(Qt::Key_A, Qt::ControlModifier);

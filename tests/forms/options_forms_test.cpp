@@ -79,6 +79,14 @@ private slots:
         frmOptionsPage form(running.program.main, running.window);
         form.show();
         QVERIFY(!Get<QCheckBox>(form, "chkStartWithSetup").isChecked());
+        const auto reg = running.test.folder / "old.reg";
+        ReplaceFile(reg, "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvane Series\\Velmora\\Settings]\r\n"
+                         "\"Ask before delete\"=\"True\"\r\n");
+        running.test.ui.ExpectChooser("Import old settings", reg);
+        running.test.ui.Expect("Settings imported: 1.\r\nAn open document keeps its own tab type, margins and fonts.",
+                               Icon::Information);
+        Click(form, "cmdImportSettings");
+        QVERIFY(Get<QCheckBox>(form, "chkAskBeforeDelete").isChecked());
         Click(form, "Command1");
         QVERIFY(Get<QCheckBox>(form, "chkStartWithSetup").isChecked());
         QCOMPARE(running.test.Stored("Settings", "Start with setup"), std::string("False"));

@@ -207,6 +207,11 @@ private slots:
         QVERIFY(run.Shown("lblWarning").starts_with("Field C: The field takes 10 letters"));
         run.Fill("txtFirstC", "Meyer");
         QCOMPARE(run.Shown("lblWarning"), std::string());
+        run.Press("cmdNext");
+        auto* size = run.Find<QComboBox>("cboSize(1)");
+        size->setCurrentIndex(size->count() - 1);
+        run.Press("cmdPrevious");
+        QCOMPARE(run.Shown("lblWarning"), std::string()); // what was not stored is not printed
         QTest::keyClick(run.Find<QLineEdit>("txtFirstC"), Qt::Key_Return);
         QCOMPARE(run.Focus(), std::string("cmdFinish"));
         run.Press("cmdFinish");

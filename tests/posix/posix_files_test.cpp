@@ -6,12 +6,14 @@
 #include "base/TemporaryFile.h"
 #include "base/posix/SystemFile.h"
 #include "tests/support/TemporaryFolder.h"
+#include "workbook/LibraryWorkbooks.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
@@ -64,6 +66,18 @@ TEST_F(AtomicFileTest, AWritableFileInAFolderThatIsNotIsOverwrittenInPlace) {
     ASSERT_EQ(::getuid() == 0 ? ::seteuid(65534) : 0, 0);
     EXPECT_THROW(ReplaceFile(path, "newer"), FileAccessError);
     ASSERT_EQ(::seteuid(::getuid()), 0);
+}
+
+TEST_F(AtomicFileTest, AWorkbookThatTheDiskHasNoRoomForIsNone) {
+    rlimit room{};
+    ::getrlimit(RLIMIT_FSIZE, &room);
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit none{0, room.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &none);
+    const auto noRows = [](std::vector<std::string>&) { return false; };
+    EXPECT_THROW(LibraryWorkbooks().Write(WorkbookFormat::Xlsx, "Tabs", noRows, [](std::string_view) {}),
+                 WorkbookError);
+    ::setrlimit(RLIMIT_FSIZE, &room);
 }
 
 TEST_F(AtomicFileTest, NoMorePeopleMayReadThanBefore) {

@@ -74,6 +74,8 @@ TEST(LinuxDesktopTest, ProgramsAreStartedWithoutAShell) {
         std::this_thread::yield();
     EXPECT_EQ(ReadFile(opened), odd.string());
     EXPECT_FALSE(desktop.StartProgram(bin / "broken") || desktop.StartProgram("xdg-open"));
+    fs::rename(bin / "broken", bin / "xdg-open");
+    EXPECT_FALSE(desktop.OpenFile(odd)) << "nothing opened it";
 }
 
 } // namespace

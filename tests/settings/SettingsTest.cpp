@@ -271,6 +271,11 @@ TEST_F(RegistryMoveTest, AProtectedRegistryIsReportedOnceAndABrokenOneNotTakenFo
     EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed);
     EXPECT_EQ(Content(ini_), all_);
     EXPECT_EQ(InRegistry("A"), "caf\xC3\xA9");
+    registry_.onDelete = [](const std::string& name) {
+        return name == "Application" ? RegistryCode::WriteFault : RegistryCode::Success;
+    };
+    ExpectRegistryError("Error Deleting Registry Key Entry:", "Key/Path=" + kApplication + "\\PathsDLL Returned=29");
+    EXPECT_EQ(MoveRegistrySettings(store_), MoveResult::PartlyFailed) << "all behind it went well";
     fs::remove(ini_);
     ReplaceFile(reg_, "broken");
     ExpectRegistryError("Error Opening Registry Key Entry:", "Key/Path=" + kApplication + "DLL Returned=1015");
