@@ -18,6 +18,12 @@ bool Sibling::Create(const fs::path& folder, Readers readers) {
     return true;
 }
 
+fs::path Sibling::Leave() {
+    fs::path left = Path();
+    name_.Set({});
+    return left;
+}
+
 void Sibling::RemoveOlderCopies() {
     std::error_code error;
     for (const fs::path& copy : olderCopies_)

@@ -28,6 +28,8 @@ public:
     bool TakePlaceOfTarget();
     /// From now on it stays, whatever happens to the program.
     bool KeepAsWhole();
+    /// The file stays and is nobody's from now on; gives its path.
+    std::filesystem::path Leave();
 
     const SystemFile& File() const { return *file_; }
     const std::filesystem::path& Path() const { return name_.Path(); }

@@ -132,12 +132,14 @@ void PosixReplacement::OverwriteTarget() {
     // From here on a program that is killed leaves the twin as the whole copy, which the next opening offers.
     if (!sibling_.KeepAsWhole())
         Fail();
-    const auto hold = HoldInterruptions();
+    auto hold = HoldInterruptions();
     if (Reserve(target, content.size()) && Overwrite(target, content))
         return;
     const int cause = errno;
-    if (!Overwrite(target, old))
-        throw FileAccessError(target_, cause, sibling_.Path());
+    if (!Overwrite(target, old)) {
+        hold.unlock(); // names are told under the same lock
+        throw FileAccessError(target_, cause, sibling_.Leave());
+    }
     errno = cause;
     Fail();
 }

@@ -111,7 +111,8 @@ int rename(const char* from, const char* to) noexcept {
     return Call<int>([&] { return System(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0)); });
 }
 int unlink(const char* path) noexcept {
-    return Call<int>([&] { return System(::syscall(SYS_unlinkat, AT_FDCWD, path, 0)); });
+    const auto real = [&] { return System(::syscall(SYS_unlinkat, AT_FDCWD, path, 0)); };
+    return velmora::state.fault == velmora::Fault::BrokenDisk ? real() : Call<int>(real);
 }
 int ftruncate(int file, off_t size) noexcept {
     return Call<int>([&] { return System(::syscall(SYS_ftruncate, file, size)); });

@@ -11,7 +11,7 @@ enum class Fault {
     Quota,
     InputOutput,
     Interrupted,
-    BrokenDisk, ///< an error in this call and in all that follow
+    BrokenDisk, ///< an error in this call and in all that follow, but files go when they are removed
     KillBefore,
     KillIn, ///< half of a write; for other calls as KillBefore
     KillAfter
