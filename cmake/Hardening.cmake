@@ -1,6 +1,7 @@
 # What keeps a fault that a hostile file finds in an optimised build from becoming more than the end of the program.
 if(WIN32) # whose programs can lie anywhere in memory by default
     add_compile_options("$<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-fstack-protector-strong;-D_GLIBCXX_ASSERTIONS>")
+    add_link_options("$<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-fstack-protector-strong>") # its functions
     return()
 endif()
 
