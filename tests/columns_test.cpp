@@ -2,12 +2,15 @@
 #include "app/Commands.h"
 #include "base/AtomicFile.h"
 #include "document/ListHeading.h"
+#include "document/Worksheet.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/TestProgram.h"
 #include "workspace/Globals.h"
 #include "workspace/ImportMemory.h"
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 namespace velmora {
 namespace {
@@ -27,6 +30,20 @@ TEST(Columns, JoinedTextsAreKeptApartWhereThereAreTwo) {
     const std::array<std::string, 3> rows[] = {{"Smith, John", "7", "z"}, {"Jones"}, {"Ann"}, {"", "", "y"}};
     EXPECT_TRUE(std::equal(sheet.rows.begin(), sheet.rows.end(), std::begin(rows), std::end(rows)));
     EXPECT_TRUE(sheet.leftOut.columns.empty()) << "a joined column is taken";
+}
+
+TEST(Columns, KeepWhatIsBetweenAndCutWhatTrails) {
+    WorksheetBuilder builder({.columns = {2, 1}, .heading = true});
+    builder.Add({1, {"Name", "Year"}});
+    builder.Add({2, {"a, b", "1"}});
+    builder.Add({5, {"", "", "", "fourth"}});
+    builder.Add({9, {"", "", "", "", "fifth"}});
+    const Worksheet sheet = builder.Take();
+    ASSERT_EQ(sheet.lines, 4);
+    EXPECT_EQ(sheet.rows[0], (std::array<std::string, 3>{"1", "a, b", ""}));
+    WorksheetBuilder full({});
+    EXPECT_TRUE(full.Add({32767, {"x"}}));
+    EXPECT_FALSE(full.Add({32768, {"x"}}));
 }
 
 TEST(Columns, AHeadingIsGuessedFromItsNamesOrFromNumbersBelow) {

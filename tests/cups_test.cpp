@@ -4,6 +4,7 @@
 #include "platform/linux/CupsLibrary.h"
 #include "platform/linux/CupsPrinters.h"
 #include "print/PrintReport.h"
+#include "tests/support/Daemon.h"
 #include "tests/support/InstalledFonts.h"
 #include "tests/support/PdfWords.h"
 #include "tests/support/TestProgram.h"
@@ -13,59 +14,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <functional>
 #include <list>
 #include <optional>
-#include <sys/socket.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 namespace velmora {
 namespace {
-
-/// A port that was free a moment ago.
-int FreePort() {
-    const int probe = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    EXPECT_EQ(::bind(probe, reinterpret_cast<sockaddr*>(&address), size), 0);
-    ::getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
-    ::close(probe);
-    return ntohs(address.sin_port);
-}
-
-/// A program in the background, ended with its keeper.
-class Daemon {
-public:
-    explicit Daemon(std::vector<std::string> command) : process_(::fork()) {
-        if (process_ != 0)
-            return;
-        ::setenv("PATH", "/usr/sbin:/usr/bin:/sbin:/bin", 1);
-        std::vector<char*> arguments;
-        for (std::string& argument : command)
-            arguments.push_back(argument.data());
-        arguments.push_back(nullptr);
-        ::execvp(arguments[0], arguments.data());
-        ::_exit(127);
-    }
-    ~Daemon() {
-        Kill(SIGTERM);
-        ::waitpid(process_, nullptr, 0);
-    }
-    Daemon(const Daemon&) = delete;
-    Daemon& operator=(const Daemon&) = delete;
-    void Kill(int signal) const { ::kill(process_, signal); }
-
-private:
-    pid_t process_;
-};
 
 /// False when it did not come about in time.
 bool WaitUntil(const std::function<bool()>& done) {

@@ -364,20 +364,6 @@ TEST_F(WorkbookTest, PartsThatAreNotWhatTheDirectorySaysAreDamaged) {
     }
 }
 
-TEST(WorksheetBuilderTest, KeepsWhatIsBetweenAndCutsWhatTrails) {
-    WorksheetBuilder builder({.columns = {2, 1}, .heading = true});
-    builder.Add({1, {"Name", "Year"}});
-    builder.Add({2, {"a, b", "1"}});
-    builder.Add({5, {"", "", "", "fourth"}});
-    builder.Add({9, {"", "", "", "", "fifth"}});
-    const Worksheet sheet = builder.Take();
-    ASSERT_EQ(sheet.lines, 4);
-    EXPECT_EQ(sheet.rows[0], (std::array<std::string, 3>{"1", "a, b", ""}));
-    WorksheetBuilder full({});
-    EXPECT_TRUE(full.Add({32767, {"x"}}));
-    EXPECT_FALSE(full.Add({32768, {"x"}}));
-}
-
 TEST(NumberFormatTest, LaysNumbersOut) {
     using Texts = std::vector<std::pair<double, const char*>>;
     const std::pair<std::string_view, Texts> cases[] = {
