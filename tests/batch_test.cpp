@@ -314,7 +314,7 @@ TEST_F(BatchTest, FailuresAreOneClearLine) {
     EXPECT_EQ(Batch("check none.csv nul.csv").output,
               "velmora-batch: none.csv: No such file or directory\nnul.csv:1: holds bytes that are no text\nnul.csv:1: "
               "is not \"Version 8\"\n");
-    EXPECT_EQ(Batch("--version").output, "velmora-batch 8.1.0\n");
+    EXPECT_EQ(Batch("--version").output, "velmora-batch 8.2.0\n");
     EXPECT_EQ(Batch("--help").code, 0);
 }
 

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 TEST_F(StartTest, NamesTheProgramAndItsFolders) {
     EXPECT_EQ(Start(), StartOutcome::Running);
     EXPECT_EQ(forms.shown, "main page ");
-    EXPECT_EQ(test.settings.SettingsAppName + program.Title, "VelmoraVelmora [Version 8.1.0]");
+    EXPECT_EQ(test.settings.SettingsAppName + program.Title, "VelmoraVelmora [Version 8.2.0]");
     EXPECT_EQ(test.settings.IniFile, test.folder / "Velmora.ini");
     EXPECT_EQ(test.Stored("Paths", "Images"), (test.folder / "Images/").string());
     EXPECT_EQ(program.main.globals.TabsPath, test.folder / "Tabs/");

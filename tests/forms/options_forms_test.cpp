@@ -170,7 +170,7 @@ private slots:
         frmAbout form(running.program, running.window);
         form.show();
         QCOMPARE(Get<QLabel>(form, "lblTitle").text() + Get<QLabel>(form, "lblVersion").text(),
-                 QString("VelmoraVersion number:8.1.0"));
+                 QString("VelmoraVersion number:8.2.0"));
         running.test.ui.Expect("System Information Is Unavailable At This Time", Icon::None);
         Click(form, "cmdSysInfo");
         Click(form, "cmdDetails");
