@@ -24,7 +24,7 @@ constexpr char32_t kNoCharacter = 0;
 // The upper half of an index names an instance of a variable font.
 constexpr int kFaceIndexMask = 0xFFFF;
 
-std::string TextOf(const FcPattern* pattern, const char* property) {
+std::string PropertyOf(const FcPattern* pattern, const char* property) {
     FcChar8* text = nullptr;
     if (FcPatternGetString(pattern, property, 0, &text) != FcResultMatch)
         return {};
@@ -69,8 +69,8 @@ bool HasCharacter(const FcPattern* font, char32_t character) {
 
 /// Type 1 and bitmap fonts, colour pictures and compressed web fonts can be neither shaped nor embedded.
 bool IsUsable(const FcPattern* font) {
-    const std::string format = TextOf(font, FC_FONTFORMAT);
-    const std::string file = TextOf(font, FC_FILE);
+    const std::string format = PropertyOf(font, FC_FONTFORMAT);
+    const std::string file = PropertyOf(font, FC_FILE);
     return (format == "TrueType" || format == "CFF") && FlagOf(font, FC_OUTLINE) && !FlagOf(font, FC_COLOR) &&
            !file.empty() && !EndsWithNoCase(file, ".woff") && !EndsWithNoCase(file, ".woff2");
 }
@@ -88,8 +88,8 @@ FontFile FileOf(const FcPattern* font, const FontRequest& request) {
     const int weight = defaultInstance ? FC_WEIGHT_REGULAR : NumberOf(font, FC_WEIGHT, FC_WEIGHT_REGULAR);
     const bool isBold = weight >= FC_WEIGHT_DEMIBOLD && !FlagOf(font, FC_EMBOLDEN);
     const bool isItalic = NumberOf(font, FC_SLANT, FC_SLANT_ROMAN) != FC_SLANT_ROMAN && !IsLeaning(font);
-    return {PathOf(TextOf(font, FC_FILE)), index & kFaceIndexMask, TextOf(font, FC_FAMILY), request.bold && !isBold,
-            request.italic && !isItalic};
+    return {PathOf(PropertyOf(font, FC_FILE)), index & kFaceIndexMask, PropertyOf(font, FC_FAMILY),
+            request.bold && !isBold, request.italic && !isItalic};
 }
 
 } // namespace
@@ -126,7 +126,7 @@ std::vector<std::string> FontconfigCatalogue::Families() const {
     std::set<std::string, decltype(before)> families(before);
     for (int i = 0; fonts && i < fonts->nfont; ++i)
         if (IsUsable(fonts->fonts[i]))
-            families.insert(TextOf(fonts->fonts[i], FC_FAMILY));
+            families.insert(PropertyOf(fonts->fonts[i], FC_FAMILY));
     return {families.begin(), families.end()};
 }
 
