@@ -40,8 +40,9 @@ bsdutils            command -v script
 avahi-daemon        PATH=$PATH:/usr/sbin command -v avahi-daemon
 '
 
-# For tools/lint.
+# For tools/lint, and a linker that takes a third of the time.
 LINT_PACKAGES='
+lld                 command -v ld.lld
 clang-tidy          command -v clang-tidy
 cppcheck            command -v cppcheck
 python3             command -v python3
