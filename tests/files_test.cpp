@@ -1,5 +1,7 @@
 // Files: replaced, refused and looked for, on every system.
 #include "base/AtomicFile.h"
+#include "base/Sibling.h"
+#include "base/SystemLock.h"
 #include "base/Validate.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -49,6 +51,18 @@ TEST(Validate, MakesFoldersOnlyWhereAsked) {
     EXPECT_FALSE(FileExists(folder / "a/b"));
     EXPECT_FALSE(FolderExists("Q:\\Velmora\\Tabs", true));
     EXPECT_FALSE(fs::exists("Q:\\Velmora\\Tabs"));
+}
+
+TEST_F(FilesTest, TheWholeCopyOfARunningProgramIsItsOwn) {
+    ReplaceFile(path, "old");
+    const fs::path copy = folder / (SiblingStart(path) + "1-1.whole");
+    {
+        const SystemLock held = SystemLock::MakeFile(copy);
+        EXPECT_FALSE(InterruptedSave(path));
+        ReplaceFile(path, "new");
+        EXPECT_TRUE(fs::exists(copy));
+    }
+    EXPECT_TRUE(InterruptedSave(path)) << "it has ended";
 }
 
 } // namespace
