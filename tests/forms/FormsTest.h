@@ -54,25 +54,28 @@ template <typename Tests> QStringList TestNames() {
     return names;
 }
 
-/// The tests named on the command line, or all of them.
-template <typename Tests> int RunTests(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    const QStringList asked = QApplication::arguments();
+/// Runs the tests named, or all of a suite's where none is; how many failed.
+template <typename Tests> int RunTests(const QStringList& names) {
     int failed = 0;
-    for (const QString& name : asked.size() > 1 ? asked.mid(1) : TestNames<Tests>())
+    for (const QString& name : names.empty() ? TestNames<Tests>() : names)
         try {
             Tests tests;
-            failed += QTest::qExec(&tests, {asked[0], name});
+            failed += QTest::qExec(&tests, {QApplication::arguments()[0], name});
         } catch (const TestOver&) {
             ++failed;
         }
     return failed;
 }
 
+using Suites = std::map<QString, int (*)(const QStringList& names)>;
+
+/// The program's by their names: each source brings its own.
+inline Suites& AllSuites() {
+    static Suites suites;
+    return suites;
+}
+
 } // namespace velmora
 
-/// The entry of a program of forms tests.
-#define FORMS_TEST_MAIN(Tests)                                                                                         \
-    int main(int argc, char** argv) {                                                                                  \
-        return velmora::RunTests<Tests>(argc, argv);                                                                   \
-    }
+#define FORMS_TESTS(Tests)                                                                                             \
+    [[maybe_unused]] static const bool k##Tests = velmora::AllSuites().emplace(#Tests, velmora::RunTests<Tests>).second;

@@ -286,6 +286,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(AccessibilityFormsTest)
+FORMS_TESTS(AccessibilityFormsTest)
 
 #include "accessibility_forms_test.moc"

@@ -172,6 +172,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(ArrangingFormsTest)
+FORMS_TESTS(ArrangingFormsTest)
 
 #include "arranging_forms_test.moc"

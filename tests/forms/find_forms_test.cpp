@@ -142,6 +142,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(FindFormsTest)
+FORMS_TESTS(FindFormsTest)
 
 #include "find_forms_test.moc"

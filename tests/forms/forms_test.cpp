@@ -329,11 +329,12 @@ private slots:
         for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
             QProcess other;
             other.setEnvironment(QProcess::systemEnvironment() << kTypes + QString("=1"));
-            other.start(QApplication::applicationFilePath(), {"typesUntilItIsEnded"});
+            other.start(QApplication::applicationFilePath(), {"FormsTest", "typesUntilItIsEnded"});
             QByteArray line; // the folder, after what the test's library writes
             while (!line.startsWith('/') && (other.canReadLine() || other.waitForReadyRead()))
                 line = other.readLine().trimmed();
             const fs::path folder = line.toStdString();
+            QVERIFY(other.processId() > 0); // 0 would be all that run here
             ::kill(static_cast<pid_t>(other.processId()), signal);
             QVERIFY(other.waitForFinished());
             QCOMPARE(other.exitCode(), signal);
@@ -363,6 +364,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(FormsTest)
+FORMS_TESTS(FormsTest)
 
 #include "forms_test.moc"

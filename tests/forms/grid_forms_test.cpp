@@ -323,6 +323,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(GridFormsTest)
+FORMS_TESTS(GridFormsTest)
 
 #include "grid_forms_test.moc"

@@ -210,6 +210,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(ImportFormsTest)
+FORMS_TESTS(ImportFormsTest)
 
 #include "import_forms_test.moc"

@@ -321,6 +321,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(OptionsFormsTest)
+FORMS_TESTS(OptionsFormsTest)
 
 #include "options_forms_test.moc"

@@ -376,6 +376,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(PreviewFormsTest)
+FORMS_TESTS(PreviewFormsTest)
 
 #include "preview_forms_test.moc"

@@ -279,6 +279,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(SetupFormsTest)
+FORMS_TESTS(SetupFormsTest)
 
 #include "setup_forms_test.moc"

@@ -228,6 +228,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(StripFormsTest)
+FORMS_TESTS(StripFormsTest)
 
 #include "strip_forms_test.moc"

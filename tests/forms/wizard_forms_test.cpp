@@ -300,6 +300,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(WizardFormsTest)
+FORMS_TESTS(WizardFormsTest)
 
 #include "wizard_forms_test.moc"

@@ -120,6 +120,6 @@ private slots:
 
 } // namespace
 
-FORMS_TEST_MAIN(WizardLookFormsTest)
+FORMS_TESTS(WizardLookFormsTest)
 
 #include "wizard_look_forms_test.moc"
