@@ -119,11 +119,15 @@ void PageSetup::ChooseFields(int fields) {
     ShowDocumentStatus(main_, draft_);
 }
 
+bool TakesTextsAway(const TabDocument& document, int optType) {
+    return optType != document.setup.OptType && HasTexts(document) && EmptiesDocument(document, optType);
+}
+
 std::string PageSetup::WhatBecomesOfTexts() const {
     const TabDocument& document = main_.document;
     if (draft_.OptType == document.setup.OptType || !HasTexts(document))
         return {};
-    if (EmptiesDocument(document, draft_.OptType))
+    if (TakesTextsAway(document, draft_.OptType))
         return "OK empties the document, because no tab but the first is in use. Edit > Undo brings its texts back. To "
                "let them flow onto the new sheets, cancel and click into any other tab before.";
     const auto pages = PagesForTabs(document.TabCount, FindTabType(draft_.OptType)->TabsPerPage());

@@ -30,6 +30,9 @@ std::optional<MarginTexts> NewMargins(MainModule& main, const DocumentSetup& dra
 /// document; a recovery copy is kept before. False after an error, which was shown and left everything as it was.
 bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string& printer, const std::string& stepName);
 
+/// Whether ApplySetup with this tab type empties a document that holds texts.
+bool TakesTextsAway(const TabDocument& document, int optType);
+
 class PageSetup {
 public:
     explicit PageSetup(MainModule& main) : main_(main) { ReadDocument(); }

@@ -3,11 +3,19 @@
 #include "base/Error.h"
 #include "base/Version.h"
 #include "workspace/Dialogs.h"
+#include "workspace/TakePageBack.h"
 #include "workspace/Transaction.h"
 
 #include <algorithm>
 
 namespace velmora {
+namespace {
+
+bool MayEmpty(UserInterface& ui) {
+    return Ask(ui, kEmptyingQuestion, Buttons::YesNo, Answer::No) == Answer::Yes;
+}
+
+} // namespace
 
 void TellPrinterAdvice(UserInterface& ui, bool othersPrint) {
     const char* const advice =
@@ -96,6 +104,9 @@ bool PrinterWizard::Finish() {
         SaveGlobals(main_); // what a first start has to leave filled
         return true;
     }
+    TakePageBack(main_);
+    if (TakesTextsAway(main_.document, draft_.OptType) && !MayEmpty(main_.ui))
+        return false;
     const std::string margins = MarginsText();
     if (!ApplySetup(main_, draft_, printer_, "Printer Setup"))
         return false;

@@ -15,6 +15,11 @@ inline constexpr const char* kFix1Question = "The test page did not come out of 
                                              "Can you print from another program on the same printer?";
 inline constexpr const char* kFix2Question = "The test page came out, but not on the paper that you chose.\r\n"
                                              "Does another program print correctly on this paper?";
+/// Before Finish empties the document.
+inline constexpr const char* kEmptyingQuestion =
+    "The chosen stationery empties the document, because no tab but the first is in use. Edit > Undo brings its texts "
+    "back. To let them flow onto the new sheets, leave the wizard and click into any other tab before.\r\nDo you want "
+    "to empty it?";
 /// The wizard's last page.
 inline constexpr const char* kUpsideDownAdvice =
     "The reason why the labels were printed upside-down is because you fed the paper in upside-down.  Please feed it "
@@ -58,7 +63,8 @@ public:
     std::string MarginsText() const;
 
     /// Stores the choices and takes the document to them, as ApplySetup says; the document stays untouched where
-    /// nothing was changed, and all does unless CanFinish. False when they were not stored.
+    /// nothing was changed, and all does unless CanFinish. Asks before it empties the document. False when they were
+    /// not stored.
     bool Finish();
 
 private:

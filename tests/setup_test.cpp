@@ -317,6 +317,10 @@ TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
     EXPECT_EQ(dialog.WhatBecomesOfTexts(), "") << "there are none";
     document.FieldA(24) = "kept";
     EXPECT_TRUE(dialog.WhatBecomesOfTexts().starts_with("OK empties the document,"));
+    PrinterWizard wizard(main);
+    wizard.ChooseType(1);
+    program.ui.Expect(kEmptyingQuestion, Icon::Question, Buttons::YesNo, Answer::No, Answer::No);
+    EXPECT_FALSE(wizard.Finish());
     EXPECT_TRUE(dialog.Ok());
     EXPECT_EQ(editor.calls, "down up ");
     EXPECT_EQ(document.TabCount, 48);

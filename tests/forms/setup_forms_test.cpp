@@ -1,4 +1,5 @@
 // The set-up dialogs, driven through the window's own commands and the controls' names.
+#include "setup/PrinterWizard.h"
 #include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
 #include "widgets/WizardFrame.h"
@@ -217,6 +218,7 @@ private slots:
         RunningProgram running;
         CopyPictures(running);
         running.Start(0, 1, 1);
+        running.test.ui.Expect(kEmptyingQuestion, Icon::Question, Buttons::YesNo, Answer::Yes, Answer::No);
         Within(running, "mnuPgSetup", "frmPageSetUp", [](const Shown& form) {
             Within([&] { form.Click("cmdPrtWiz"); }, "frmWizard",
                    [](const Shown& wizard) {
