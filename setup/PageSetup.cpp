@@ -88,8 +88,8 @@ bool ApplySetup(MainModule& main, const DocumentSetup& draft, const std::string&
         TakeOver(main, draft, printer);
         transaction.Commit();
     });
-    main.editor->BringUp();
     RefreshDocumentStatus(main);
+    main.editor->BringUp(); // a box that it enters tells its tab
     SaveGlobals(main);
     return done;
 }

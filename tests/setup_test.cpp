@@ -1,5 +1,6 @@
 // Margins and the set-up dialogs without their forms.
 #include "base/Numbers.h"
+#include "editor/GridLayout.h"
 #include "report/PrepareReport.h"
 #include "report/Twips.h"
 #include "setup/Calibration.h"
@@ -337,6 +338,26 @@ TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
     EXPECT_EQ(dialog.WhatBecomesOfTexts(), "The texts flow on in their order, from 1 page onto 1 page.");
     EXPECT_TRUE(dialog.Ok());
     EXPECT_EQ(document.FieldA(24), "kept");
+}
+
+TEST_F(SetupTest, TheBoxThatIsEnteredTellsItsTab) {
+    struct EnteringEditor : GridEditor {
+        explicit EnteringEditor(MainModule& module) : main(module) {}
+        void BringUp() override { EnterBox(main, 1); }
+        MainModule& main;
+    } entering(main);
+    main.editor.Take(entering);
+    PageSetup(main).Ok();
+    EXPECT_EQ(status.panels[4], "No of tabs: 1 of 24");
+}
+
+TEST_F(SetupTest, EmptyTabsThatWereNotThereAreNotToldAsDeleted) {
+    document.FieldA(1) = "a";
+    document.FieldA(3) = "b";
+    CleanLabels(main);
+    EXPECT_EQ(status.done.text, "Empty tabs deleted, 2 tabs left");
+    CleanLabels(main);
+    EXPECT_EQ(status.done.text, "Delete Empty Tabs: nothing changed");
 }
 
 TEST_F(SetupTest, ADocumentThatDoesNotFitStaysAsItWas) {

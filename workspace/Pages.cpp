@@ -143,8 +143,9 @@ void CleanLabels(MainModule& main) {
         document.Field(field).Resize(document.TabCount);
     }
     ShowChangedPages(main);
-    main.status->Tell(
-        {"Empty tabs deleted, " + Counted(static_cast<std::size_t>(kept), "tab") + " left", step.Commit()});
+    const std::string done = "Empty tabs deleted, " + Counted(static_cast<std::size_t>(kept), "tab") + " left";
+    const bool changed = step.Commit();
+    main.status->Tell({changed ? done : "Delete Empty Tabs: nothing changed", changed});
 }
 
 namespace {
