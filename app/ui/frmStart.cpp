@@ -26,6 +26,7 @@
 namespace velmora {
 namespace {
 
+constexpr const char* kStartPlace = "Called from Sub: frmStart";
 constexpr int kColumns = 3;      ///< of pictures
 constexpr int kPictureLines = 8; ///< the height of a picture, in lines of text
 constexpr int kFewestLines = 3;  ///< in large letters on a small screen
@@ -180,7 +181,8 @@ QWidget* frmStart::BuildStationeries() {
     column->addLayout(BuildFields());
     column->addStretch();
     connect(stationeries_, &QButtonGroup::idClicked, this, [this](int type) {
-        Trapped(main_.ui, "Called from Sub: frmStart", [&] { BeginDocument(main_, type, fields_->checkedId()); });
+        Trapped(main_.ui, kStartPlace, [&] { BeginDocument(main_, type, fields_->checkedId()); });
+        emit Begun();
     });
     return box;
 }
@@ -254,7 +256,7 @@ void frmStart::ShowPictures() {
 /// What is pasted is typed, too.
 bool frmStart::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Paste))
-        Close();
+        GiveWay();
     return QScrollArea::event(event);
 }
 
@@ -274,8 +276,14 @@ void frmStart::inputMethodEvent(QInputMethodEvent* event) {
 
 /// Whoever begins to type is not held up: the first letter goes into the first tab.
 void frmStart::PassOn(QEvent& event) {
-    Close();
+    GiveWay();
     QCoreApplication::sendEvent(grid_.focusWidget(), &event);
+}
+
+/// To whoever types at once: the number of fields was meant for this sheet, too.
+void frmStart::GiveWay() {
+    Trapped(main_.ui, kStartPlace, [&] { BeginTyping(main_, fields_->checkedId()); });
+    Close();
 }
 
 void frmStart::Close() {

@@ -26,6 +26,7 @@ public:
 
 signals:
     void FileWanted(const std::filesystem::path& file);
+    void Begun(); ///< a stationery was set up
 
 protected:
     bool event(QEvent* event) override;
@@ -47,6 +48,7 @@ private:
     void FitPictures();
     void ShowPictures();
     void PassOn(QEvent& event);
+    void GiveWay();
     void Close();
 
     MainModule& main_;

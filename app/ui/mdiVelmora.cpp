@@ -338,6 +338,7 @@ void mdiVelmora::FocusSheet() {
 void mdiVelmora::ShowStartPage() {
     auto* page = new frmStart(program_.main, *grid_, *this);
     connect(page, &frmStart::FileWanted, this, &mdiVelmora::OpenAnother);
+    connect(page, &frmStart::Begun, this, &mdiVelmora::EnableCommands);
 }
 
 void mdiVelmora::SetPanel(int panel, const std::string& text) {
