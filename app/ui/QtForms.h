@@ -4,6 +4,7 @@
 #include "app/Start.h"
 #include "app/ui/mdiVelmora.h"
 #include "widgets/AltKeys.h"
+#include "widgets/ListSearch.h"
 
 #include <memory>
 
@@ -25,6 +26,7 @@ public:
 private:
     Program& program_;
     AltKeys altKeys_;
+    ListSearch listSearch_;
     std::unique_ptr<mdiVelmora> window_;
 };
 
