@@ -107,11 +107,13 @@ const IniText& IniFile::Text() {
 }
 
 void IniFile::Write(std::string_view section, std::string_view key, std::optional<std::string_view> value) {
-    Change change{AsUtf8(section), AsUtf8(key), value ? std::optional(AsUtf8(*value)) : std::nullopt};
-    if (InBatch())
-        Collect(std::move(change));
-    else
-        Submit({std::move(change)});
+    Make({AsUtf8(section), AsUtf8(key), value ? std::optional(AsUtf8(*value)) : std::nullopt});
+}
+
+void IniFile::Write(Edit edit) {
+    Change change;
+    change.edit = std::move(edit);
+    Make(std::move(change));
 }
 
 void IniFile::WriteDefault(std::string_view section, std::string_view key, std::string_view value) {
@@ -121,6 +123,13 @@ void IniFile::WriteDefault(std::string_view section, std::string_view key, std::
     // Most defaults stand in the file already, and then no lock is worth taking.
     IniText text = Text();
     if (Apply(text, change))
+        Submit({std::move(change)});
+}
+
+void IniFile::Make(Change change) {
+    if (InBatch())
+        Collect(std::move(change));
+    else
         Submit({std::move(change)});
 }
 
@@ -142,6 +151,8 @@ void IniFile::Submit(const std::vector<Change>& changes) {
 }
 
 bool IniFile::Apply(IniText& text, const Change& change) {
+    if (change.edit)
+        return change.edit(text);
     // Another program may have set the key since it was found missing.
     if (change.isDefault && text.ReadString(change.section, change.key, *change.value) != *change.value)
         return false;

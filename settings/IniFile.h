@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -46,6 +47,10 @@ public:
 
     /// Sets the key; nullopt removes it.
     void Write(std::string_view section, std::string_view key, std::optional<std::string_view> value);
+    /// Gives whether a byte changed. It may be called several times: on the text as known, and on the newest.
+    using Edit = std::function<bool(IniText& text)>;
+    /// For a change that depends on what stands in the file.
+    void Write(Edit edit);
     /// For a value that is known without the file: where it can't be written there is no effect, and no error is
     /// raised.
     void WriteDefault(std::string_view section, std::string_view key, std::string_view value);
@@ -67,9 +72,11 @@ private:
         std::string key;
         std::optional<std::string> value;
         bool isDefault = false;
+        Edit edit = {}; ///< where it is there, in place of all the others
     };
 
     static bool Apply(IniText& text, const Change& change);
+    void Make(Change change);
     void Collect(Change change);
     void Submit(const std::vector<Change>& changes);
     void Rebuild();

@@ -87,6 +87,13 @@ bool SaveSettingNow(SettingsStore& store, std::string_view section, std::string_
     });
 }
 
+bool SaveSettings(SettingsStore& store, IniFile::Edit edit) {
+    return Trapped(store, [&] {
+        store.Object.File().Write(std::move(edit));
+        return true;
+    });
+}
+
 bool DeleteSetting(SettingsStore& store, std::string_view section, std::string_view key) {
     store.Object.SaveMode(store.SaveMode);
     if (store.SaveMode != 1)

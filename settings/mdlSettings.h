@@ -38,6 +38,8 @@ bool SaveSetting(SettingsStore& store, std::string_view section, std::string_vie
 /// SaveSetting in the INI file that does not wait for the end of a batch: when it is true, the value is on
 /// disk.
 bool SaveSettingNow(SettingsStore& store, std::string_view section, std::string_view key, std::string_view value);
+/// SaveSetting of several keys in the INI file that depend on what stands there when they are written.
+bool SaveSettings(SettingsStore& store, IniFile::Edit edit);
 /// False when the deletion failed, which has been reported. In registry mode an empty key name deletes the
 /// section.
 bool DeleteSetting(SettingsStore& store, std::string_view section, std::string_view key);

@@ -288,6 +288,19 @@ TEST_F(FlowsTest, RecentFilesAreTheLastEightThatExist) {
     EXPECT_EQ(RecentFiles(program.settings).front(), program.folder / deep);
 }
 
+TEST_F(FlowsTest, FilesOpenedInSeveralProgramsAtOnceAreAllRemembered) {
+    SettingsStore other(program.registry, program.ui);
+    other.IniFile = program.settings.IniFile;
+    PutTab("1.csv", "x");
+    PutTab("2.csv", "x");
+    {
+        const SettingsBatch opening(program.settings);
+        RememberFile(program.settings, Path("1.csv"));
+        RememberFile(other, Path("2.csv"));
+    }
+    EXPECT_EQ(RecentFiles(other), (std::vector{Path("1.csv"), Path("2.csv")}));
+}
+
 TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {
     AskToSave(Answer::Yes);
     program.ui.ExpectChooser("Save as", std::nullopt);

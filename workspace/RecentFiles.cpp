@@ -36,6 +36,20 @@ std::vector<std::filesystem::path> Stored(SettingsStore& store) {
     return files;
 }
 
+/// In the newest text: other running programs put theirs there too.
+bool PutFirst(IniText& text, const std::filesystem::path& path) {
+    std::vector<std::string> files{PathText(path)};
+    for (std::size_t place = 0; place < kRecentFiles; ++place) {
+        const std::string file = text.ReadString(kSection, KeyName(place), "");
+        if (!file.empty() && PathOf(file) != path)
+            files.push_back(file);
+    }
+    bool changed = false;
+    for (std::size_t place = 0; place < std::min(files.size(), kRecentFiles); ++place)
+        changed = text.Write(kSection, KeyName(place), files[place]) || changed;
+    return changed;
+}
+
 } // namespace
 
 std::vector<std::filesystem::path> RecentFiles(SettingsStore& store) {
@@ -51,13 +65,7 @@ bool FitsSetting(const std::filesystem::path& path) {
 void RememberFile(SettingsStore& store, const std::filesystem::path& path) {
     if (!ComesBack(path))
         return;
-    std::vector<std::filesystem::path> files = Stored(store);
-    std::erase(files, path);
-    files.insert(files.begin(), path);
-    files.resize(std::min(files.size(), kRecentFiles));
-    const SettingsBatch batch(store);
-    for (std::size_t place = 0; place < files.size(); ++place)
-        SaveSetting(store, kSection, KeyName(place), PathText(files[place]));
+    SaveSettings(store, [path](IniText& text) { return PutFirst(text, path); });
 }
 
 } // namespace velmora
