@@ -29,6 +29,11 @@ std::vector<std::string> Names(const std::string& list) {
     return names;
 }
 
+/// As a value is read.
+std::string Shortened(const std::string& value) {
+    return std::string(CutAtNul(LeftCharacters(value, kIniValueCharacters)));
+}
+
 } // namespace
 
 void CSetting::Init(std::optional<std::string_view> application) {
@@ -53,8 +58,7 @@ IniFile& CSetting::File() {
 }
 
 std::string CSetting::ReadIni(std::string_view section, std::string_view key, std::string_view fallback) {
-    const std::string value = File().Text().ReadString(section, key, fallback);
-    return std::string(CutAtNul(LeftCharacters(value, kIniValueCharacters)));
+    return Shortened(File().Text().ReadString(section, key, fallback));
 }
 
 std::string CSetting::GetSettingStr(std::string_view section, std::string_view key, std::string_view fallback) {
@@ -98,8 +102,10 @@ KeyTable CSetting::GetSettingAll(std::string_view section) {
                 table.emplace_back(name, RegistryText(value));
         return table;
     }
-    for (const std::string& key : Names(File().Text().ListKeys(section)))
-        table.emplace_back(key, GetSettingStr(section, key, ""));
+    // All from one text, and nothing is written: a key that another program deletes meanwhile must not come back empty.
+    const IniText& text = File().Text();
+    for (const std::string& key : Names(text.ListKeys(section)))
+        table.emplace_back(key, Shortened(text.ReadString(section, key, "")));
     return table;
 }
 
