@@ -12,7 +12,9 @@
 #include "widgets/TabPicture.h"
 #include "workspace/RecentFiles.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QClipboard>
 #include <QFile>
 #include <QListWidget>
@@ -111,8 +113,12 @@ private slots:
             for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Down, Qt::Key_Shift})
                 press(key);
             QVERIFY(running.Page() && running.Page()->isAncestorOf(QApplication::focusWidget()));
+            if (&way != &ways[2])
+                running.Page()->findChild<QAbstractButton*>("optFields1")->click();
             way();
             QVERIFY(!running.Page());
+            if (&way != &ways[2])
+                QVERIFY(!running.Box("TextA2(1)"));
             QCOMPARE(running.Box("TextA1(1)")->text(), QString("q"));
             QVERIFY(running.Box("TextA1(1)")->hasFocus() && running.Box("TextA1(1)")->isVisible());
         }
@@ -142,6 +148,21 @@ private slots:
         QTest::keyClick(last, Qt::Key_Return);
         QVERIFY(!running.Page() && running.Box("TextA2(12)")->isVisible() && !running.Box("TextA3(1)"));
         QCOMPARE(running.program.main.document.setup.OptType, 5);
+        QCOMPARE(running.Panel(5), QString("No of tabs: 1 of 12"));
+        QVERIFY(running.window->findChild<QAction*>("mnuUndo")->isEnabled());
+    }
+
+    void aBlankInANameIsSearchedForAndOpensTheListOnItsOwn() {
+        RunningProgram running;
+        QComboBox box;
+        box.addItems({"Arial", "Times Old", "Times Roman", "Zapf"});
+        box.show();
+        QTest::keyClicks(&box, "times r");
+        QCOMPARE(box.currentText() + (box.view()->isVisible() ? " open" : " closed"), QString("Times Roman closed"));
+        QTest::keyClick(&box, Qt::Key_Tab);
+        QTest::keyClick(&box, Qt::Key_Space);
+        QVERIFY(box.view()->isVisible());
+        box.hidePopup();
     }
 
     void theStartPageOpensAndCanBeSwitchedOff() {
