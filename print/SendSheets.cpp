@@ -74,7 +74,7 @@ std::optional<DoneMessage> PrintAndTell(PrintModule& print, const SheetSeries& s
 std::optional<std::filesystem::path> AskForPdfPath(MainModule& main, std::string name) {
     const std::filesystem::path& document = main.document.DocFileName;
     if (name.empty())
-        name = document.empty() ? "Tabs" : PathText(document.stem());
+        name = document.empty() ? "Tabs" : StemText(document);
     const std::filesystem::path folder = document.empty() ? main.globals.TabsPath : document.parent_path();
     for (;;) {
         auto path = main.ui.ChooseFile({"SAVE", "Save as PDF", folder, "PDF file (*.pdf)|*.pdf", name + ".pdf"});

@@ -20,7 +20,7 @@ std::vector<int> AllSheets(const rptVelmor& report) {
 
 SheetSeries DocumentSheets(rptVelmor& report, const TabDocument& document, const FontSettings& fonts,
                            const PdfOptions& options) {
-    SheetSeries series = {document.DocFileName.empty() ? "Tabs" : PathText(document.DocFileName.stem()),
+    SheetSeries series = {document.DocFileName.empty() ? "Tabs" : StemText(document.DocFileName),
                           report.PagePaper(),
                           fonts,
                           options.sheets.empty() ? AllSheets(report) : options.sheets,

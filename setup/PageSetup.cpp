@@ -127,7 +127,7 @@ std::string PageSetup::WhatBecomesOfTexts() const {
     const TabDocument& document = main_.document;
     if (draft_.OptType == document.setup.OptType || !HasTexts(document))
         return {};
-    if (TakesTextsAway(document, draft_.OptType))
+    if (EmptiesDocument(document, draft_.OptType))
         return "OK empties the document, because no tab but the first is in use. Edit > Undo brings its texts back. To "
                "let them flow onto the new sheets, cancel and click into any other tab before.";
     const auto pages = PagesForTabs(document.TabCount, FindTabType(draft_.OptType)->TabsPerPage());

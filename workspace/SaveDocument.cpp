@@ -218,7 +218,7 @@ FileRequest RequestFor(MainModule& main, SaveKind kind) {
     FileRequest request{"SAVE", kind == SaveKind::Export ? "Export" : "Save as", main.globals.TabsPath,
                         workbook ? "csv-file (*.csv)|*.csv|" + excel : "Velmora file(*.csv)|*.csv", "Tabs.csv"};
     request.moreFilters = (workbook ? "" : excel + "|") + "Workbook (*.xlsx)|*.xlsx";
-    const std::string own = PathText(main.document.DocFileName.stem());
+    const std::string own = StemText(main.document.DocFileName);
     const bool besideForeign = kind == SaveKind::Save && main.document.Foreign && !own.empty();
     if (besideForeign)
         request.folder = main.document.DocFileName.parent_path();

@@ -15,6 +15,10 @@ std::string PathText(const std::filesystem::path& path) {
     return Narrow(path.native());
 }
 
+std::string StemText(const std::filesystem::path& path) {
+    return PathText(path.stem());
+}
+
 std::string SlashedPathText(const std::filesystem::path& path) {
     std::string text = PathText(path);
     std::replace(text.begin(), text.end(), '\\', '/');
