@@ -299,6 +299,9 @@ TEST_F(FlowsTest, FilesOpenedInSeveralProgramsAtOnceAreAllRemembered) {
         RememberFile(other, Path("2.csv"));
     }
     EXPECT_EQ(RecentFiles(other), (std::vector{Path("1.csv"), Path("2.csv")}));
+    const FileIdentity written = IdentityOf(other.IniFile);
+    RememberFile(other, Path("1.csv"));
+    EXPECT_EQ(IdentityOf(other.IniFile), written) << "it was the first";
 }
 
 TEST_F(FlowsTest, ClosingAsksOnlyAboutUnsavedChanges) {

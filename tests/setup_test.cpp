@@ -316,12 +316,13 @@ TEST_F(SetupTest, AnotherSheetIsOneStepThatBringsTheTextsBack) {
     PageSetup dialog(main);
     dialog.ChooseType(1);
     EXPECT_EQ(dialog.WhatBecomesOfTexts(), "") << "there are none";
-    document.FieldA(24) = "kept";
-    EXPECT_TRUE(dialog.WhatBecomesOfTexts().starts_with("OK empties the document,"));
     PrinterWizard wizard(main);
     wizard.ChooseType(1);
+    editor.texts = {{"only in its box"}};
     program.ui.Expect(kEmptyingQuestion, Icon::Question, Buttons::YesNo, Answer::No, Answer::No);
     EXPECT_FALSE(wizard.Finish());
+    document.FieldA(24) = "kept";
+    EXPECT_TRUE(dialog.WhatBecomesOfTexts().starts_with("OK empties the document,"));
     EXPECT_TRUE(dialog.Ok());
     EXPECT_EQ(editor.calls, "down up ");
     EXPECT_EQ(document.TabCount, 48);
