@@ -27,9 +27,4 @@ bool BeginDocument(MainModule& main, int type, int fields) {
     return setup.Ok();
 }
 
-void BeginTyping(MainModule& main, int fields) {
-    if (fields != main.document.setup.NoOfFields)
-        BeginDocument(main, main.document.setup.OptType, fields);
-}
-
 } // namespace velmora

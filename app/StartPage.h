@@ -13,7 +13,5 @@ void KeepStartPage(SettingsStore& store, bool wanted);
 /// Gives the document that tab type, 0 to 5, and 1 to 3 fields as OK in the page set-up would. False after an error,
 /// which was shown and left everything as it was.
 bool BeginDocument(MainModule& main, int type, int fields);
-/// As BeginDocument, with the tab type that is there; no effect where the document has that many fields.
-void BeginTyping(MainModule& main, int fields);
 
 } // namespace velmora

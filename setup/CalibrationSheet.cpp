@@ -137,11 +137,11 @@ SheetSeries OneSheet(const char* title, int tabType, std::string_view layout, st
             "en"};
 }
 
-void Send(PrintModule& print, const SheetSeries& series, const char* title, const char* place) {
+std::optional<std::string> Send(PrintModule& print, const SheetSeries& series, const char* title, const char* place) {
     MainModule& main = print.main;
     if (main.globals.PrinterName != kPdfPrinter && print.CurrentPrinter.empty())
         print.CurrentPrinter = main.printers.DefaultPrinter().value_or("");
-    SendSheets(print, series, {main.globals.PrinterName, title, place, title});
+    return SendSheets(print, series, {main.globals.PrinterName, title, place, title});
 }
 
 } // namespace
@@ -196,21 +196,21 @@ SheetSeries CalibrationSheets(SettingsStore& store, int tabType, std::string_vie
     });
 }
 
-void PrintCalibrationSheet(PrintModule& print) {
+std::optional<std::string> PrintCalibrationSheet(PrintModule& print) {
     const DocumentSetup& setup = print.main.document.setup;
-    Send(print, CalibrationSheets(print.main.settings, setup.OptType, setup.StationeryType), kTitle,
-         "Called from Sub: PrintCalibrationSheet");
+    return Send(print, CalibrationSheets(print.main.settings, setup.OptType, setup.StationeryType), kTitle,
+                "Called from Sub: PrintCalibrationSheet");
 }
 
-void PrintCheckSheet(PrintModule& print, const MarginTexts& margins) {
+std::optional<std::string> PrintCheckSheet(PrintModule& print, const MarginTexts& margins) {
     const DocumentSetup& setup = print.main.document.setup;
     const PageMargins shift = {LayoutTwips(ToDouble(margins.left)), LayoutTwips(ToDouble(margins.top))};
     const auto layOut = [&](Sheet& sheet) {
         sheet = LayOutOutlines(print.main.settings, setup.OptType, setup.StationeryType, shift);
         AddExplanation(sheet, kCheckExplanation, sheet.tabs[static_cast<std::size_t>(setup.ColsPerPage)]);
     };
-    Send(print, OneSheet(kCheckTitle, setup.OptType, setup.StationeryType, layOut), kCheckTitle,
-         "Called from Sub: PrintCheckSheet");
+    return Send(print, OneSheet(kCheckTitle, setup.OptType, setup.StationeryType, layOut), kCheckTitle,
+                "Called from Sub: PrintCheckSheet");
 }
 
 } // namespace velmora

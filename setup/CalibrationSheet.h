@@ -6,6 +6,7 @@
 #include "report/PdfReport.h"
 #include "workspace/Margins.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,10 +34,10 @@ Sheet LayOutCalibrationSheet(SettingsStore& store, int tabType, std::string_view
 SheetSeries CalibrationSheets(SettingsStore& store, int tabType, std::string_view layout);
 
 /// The sheet of the document's stationery goes to the configured printer; the built-in one asks for a path. A failure
-/// is shown.
-void PrintCalibrationSheet(PrintModule& print);
+/// is shown. Gives what was done in words; nullopt: nothing was.
+std::optional<std::string> PrintCalibrationSheet(PrintModule& print);
 /// A sheet of the outlines alone, with these margins, goes the same way: they are right where every outline lies on the
 /// cut edge of its tab. Raises TypeMismatchError for what are no numbers.
-void PrintCheckSheet(PrintModule& print, const MarginTexts& margins);
+std::optional<std::string> PrintCheckSheet(PrintModule& print, const MarginTexts& margins);
 
 } // namespace velmora

@@ -34,16 +34,6 @@ TEST_F(StartTest, TheStartPageIsForAStartThatOpensNothingUntilItIsSwitchedOff) {
     }
 }
 
-TEST_F(StartTest, TheFieldsChosenOnTheStartPageAreForWhoTypesAtOnceToo) {
-    Start();
-    TabDocument& document = program.main.document;
-    BeginTyping(program.main, 3);
-    EXPECT_FALSE(document.DocChanged);
-    BeginTyping(program.main, 1);
-    EXPECT_TRUE(document.DocChanged);
-    EXPECT_EQ(document.setup.NoOfFields, 1);
-}
-
 TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
     BeginWithoutSettings();
     EXPECT_EQ(Start({"settings"}), StartOutcome::Ended);

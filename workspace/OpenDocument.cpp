@@ -2,11 +2,13 @@
 
 #include "base/AtomicFile.h"
 #include "base/Paths.h"
+#include "base/Text.h"
 #include "base/Validate.h"
 #include "document/TabFileCheck.h"
 #include "workspace/Dialogs.h"
 #include "workspace/ForeignFile.h"
 #include "workspace/LoadDocument.h"
+#include "workspace/Margins.h"
 #include "workspace/Pages.h"
 #include "workspace/RecentFiles.h"
 #include "workspace/ReplaceDocument.h"
@@ -74,6 +76,15 @@ void TellOverfullLines(UserInterface& ui, const Imported& imported) {
         Tell(ui, found);
 }
 
+/// Of another program's file; the printer's margins, which have to be decided on, stay in front.
+void TellImported(MainModule& main) {
+    std::size_t tabs = 0;
+    for (std::int32_t tab = 1; tab <= main.document.TabCount; ++tab)
+        tabs += IsEmptyTab(main.document, tab) ? 0 : 1;
+    main.status->Tell({Counted(tabs, "tab") + " imported"});
+    TellOtherMargins(main);
+}
+
 OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& imported) {
     std::int16_t tabsPerPage = 0;
     main.document.FileError = false;
@@ -86,6 +97,8 @@ OpenOutcome ReplaceBy(MainModule& main, const FoundFile& file, const Imported& i
         if (outcome == LoadOutcome::NoPrinter)
             return OpenOutcome::NoPrinter;
         TellOverfullLines(main.ui, imported);
+        if (main.document.Foreign)
+            TellImported(main);
         return OpenOutcome::Opened;
     } catch (const OverflowError&) {
         TellMostPages(main.ui, tabsPerPage);

@@ -180,10 +180,7 @@ QWidget* frmStart::BuildStationeries() {
     column->addLayout(pictures);
     column->addLayout(BuildFields());
     column->addStretch();
-    connect(stationeries_, &QButtonGroup::idClicked, this, [this](int type) {
-        Trapped(main_.ui, kStartPlace, [&] { BeginDocument(main_, type, fields_->checkedId()); });
-        emit Begun();
-    });
+    connect(stationeries_, &QButtonGroup::idClicked, this, [this](int type) { Begin(type, fields_->checkedId()); });
     return box;
 }
 
@@ -212,8 +209,25 @@ QLayout* frmStart::BuildFields() {
         fields_->addButton(option, fields);
         row->addWidget(option);
     }
+    connect(fields_, &QButtonGroup::idToggled, this, [this](int fields, bool chosen) {
+        if (chosen)
+            ChooseFields(fields);
+    });
     row->addStretch();
     return row;
+}
+
+/// At once: they are meant for whatever begins here, a sheet, a list or a page of the strip.
+void frmStart::ChooseFields(int fields) {
+    disconnect(&grid_, &frmGrid2a4::BoxTold, this, &frmStart::Close); // the sheet behind comes up anew
+    Begin(main_.document.setup.OptType, fields);
+    connect(&grid_, &frmGrid2a4::BoxTold, this, &frmStart::Close);
+    fields_->checkedButton()->setFocus();
+}
+
+void frmStart::Begin(int type, int fields) {
+    Trapped(main_.ui, kStartPlace, [&] { BeginDocument(main_, type, fields); });
+    emit Begun();
 }
 
 bool frmStart::HasRoom() const {
@@ -256,7 +270,7 @@ void frmStart::ShowPictures() {
 /// What is pasted is typed, too.
 bool frmStart::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Paste))
-        GiveWay();
+        Close();
     return QScrollArea::event(event);
 }
 
@@ -276,14 +290,8 @@ void frmStart::inputMethodEvent(QInputMethodEvent* event) {
 
 /// Whoever begins to type is not held up: the first letter goes into the first tab.
 void frmStart::PassOn(QEvent& event) {
-    GiveWay();
-    QCoreApplication::sendEvent(grid_.focusWidget(), &event);
-}
-
-/// To whoever types at once: the number of fields was meant for this sheet, too.
-void frmStart::GiveWay() {
-    Trapped(main_.ui, kStartPlace, [&] { BeginTyping(main_, fields_->checkedId()); });
     Close();
+    QCoreApplication::sendEvent(grid_.focusWidget(), &event);
 }
 
 void frmStart::Close() {

@@ -26,7 +26,7 @@ public:
 
 signals:
     void FileWanted(const std::filesystem::path& file);
-    void Begun(); ///< a stationery was set up
+    void Begun(); ///< a stationery or a number of fields was set up
 
 protected:
     bool event(QEvent* event) override;
@@ -39,6 +39,8 @@ private:
     QWidget* BuildCommands();
     QWidget* BuildStationeries();
     QLayout* BuildFields();
+    void ChooseFields(int fields);
+    void Begin(int type, int fields);
     void AddCommand(QVBoxLayout* column, const QString& caption, const char* name, const char* icon,
                     const char* command);
     void AddRecentFiles(QVBoxLayout* column);
@@ -48,7 +50,6 @@ private:
     void FitPictures();
     void ShowPictures();
     void PassOn(QEvent& event);
-    void GiveWay();
     void Close();
 
     MainModule& main_;

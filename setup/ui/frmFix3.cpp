@@ -2,8 +2,8 @@
 
 #include "report/ui/PainterCanvas.h"
 #include "setup/CalibrationSheet.h"
-#include "widgets/AnswerLabel.h"
 #include "widgets/Controls.h"
+#include "widgets/ElidedLabel.h"
 #include "widgets/HelpRequest.h"
 #include "widgets/PaperColours.h"
 #include "workspace/Dialogs.h"
@@ -185,6 +185,21 @@ QPushButton* frmFix3::AddButton(QBoxLayout& row, const char* name, const QString
     return button;
 }
 
+/// With what came of it beside the button: the window's status line lies behind.
+QPushButton* frmFix3::AddSheet(QBoxLayout& column, const char* name, const QString& caption,
+                               const std::function<std::optional<std::string>()>& print) {
+    auto* row = new QHBoxLayout;
+    auto* label = Named(new ElidedLabel(true, Elided::Middle), "lblSheet");
+    auto* button = AddButton(*row, name, caption, [this, label, print] {
+        const QString done = QString::fromStdString(print().value_or(""));
+        label->Show(done);
+        printed_.Give(focusWidget(), done);
+    });
+    row->addWidget(label, 1);
+    column.addLayout(row);
+    return button;
+}
+
 AnswerLabel* frmFix3::AddAnswer(QBoxLayout& column, const char* name, int lines) {
     auto* label = Named(new AnswerLabel, name);
     label->setWordWrap(true);
@@ -225,8 +240,8 @@ QWidget* frmFix3::BuildSteps() {
     column->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const QString& text) { AddText(*column, text, width); };
     add(tr("1. Print the calibration sheet on the stationery, or on plain paper to hold against it."));
-    AddButton(*column, "cmdCalibrationSheet", tr("&Print calibration sheet"),
-              [this] { PrintCalibrationSheet(print_); });
+    AddSheet(*column, "cmdCalibrationSheet", tr("&Print calibration sheet"),
+             [this] { return PrintCalibrationSheet(print_); });
     column->addSpacing(kStepGap);
     add(tr(
         "2. Find where each of its two rulers meets the cut edge of a tab. One shows there the left margin, the other "
@@ -237,8 +252,8 @@ QWidget* frmFix3::BuildSteps() {
     lblMove_ = AddAnswer(*column, "lblMove", 2);
     column->addSpacing(kStepGap);
     add(tr("4. Print once more: now each outline lies on the cut edge of its tab."));
-    cmdCheckSheet_ = AddButton(*column, "cmdCheckSheet", tr("Print &check sheet"),
-                               [this] { PrintCheckSheet(print_, calibration_.Margins()); });
+    cmdCheckSheet_ = AddSheet(*column, "cmdCheckSheet", tr("Print &check sheet"),
+                              [this] { return PrintCheckSheet(print_, calibration_.Margins()); });
     column->addStretch();
     add(QString::fromStdString(calibration_.OwnerText()));
     column->addSpacing(kStepGap);

@@ -5,9 +5,12 @@
 #include "print/PrintModule.h"
 #include "report/Sheet.h"
 #include "setup/Calibration.h"
+#include "widgets/AnswerLabel.h"
 #include "widgets/FormPlace.h"
 
 #include <functional>
+#include <optional>
+#include <string>
 
 class QBoxLayout;
 class QLabel;
@@ -17,8 +20,6 @@ class QPushButton;
 class QToolButton;
 
 namespace velmora {
-
-class AnswerLabel;
 
 /// The whole sheet as it is read, in its true proportions in the middle of the widget, with all tabs where margins put
 /// them: one scale from twips for all of it. The paper's edge cuts what lies outside.
@@ -66,6 +67,8 @@ private:
     QLayout* BuildEntries();
     QPushButton* AddButton(QBoxLayout& row, const char* name, const QString& caption,
                            const std::function<void()>& work);
+    QPushButton* AddSheet(QBoxLayout& column, const char* name, const QString& caption,
+                          const std::function<std::optional<std::string>()>& print);
     AnswerLabel* AddAnswer(QBoxLayout& column, const char* name, int lines);
     QToolButton* ArrowButton(const char* name, const QString& word, Qt::ArrowType look, MarginArrow arrow);
     void ShowMargins();
@@ -80,6 +83,7 @@ private:
     QPushButton* cmdCheckSheet_ = nullptr;
     AnswerLabel* lblMove_ = nullptr;
     AnswerLabel* lblDefaults_ = nullptr;
+    Description printed_;
 };
 
 } // namespace velmora

@@ -3,6 +3,7 @@
 #include "platform/qt/QtUserInterface.h"
 #include "tests/forms/DialogAnswer.h"
 #include "tests/forms/RunningProgram.h"
+#include "workspace/OpenDocument.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -83,8 +84,25 @@ private slots:
             QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
         });
         QCOMPARE(running.Box("TextA1(2)")->text(), QString("Jones"));
+        QCOMPARE(Get<QLabel>(*running.window, "lblDone").text(), QString("2 tabs imported"));
         QVERIFY(running.window->windowTitle().contains("book.xls"));
         QVERIFY(running.window->isWindowModified());
+    }
+
+    void whatCameInIsSaidOfListsAloneAndBehindThePrintersMargins() {
+        RunningProgram running;
+        running.Start();
+        const auto open = [&](const char* name, const std::string& bytes) {
+            ReplaceFile(running.test.folder / name, bytes);
+            OpenPath(running.program.main, running.test.folder / name);
+            return Get<QLabel>(*running.window, "lblDone").text();
+        };
+        QCOMPARE(open("own.csv", "Version 8\r\nP,A4,0,1\r\n0,0\r\nA\r\nB\r\nC\r\nx,,\r\n"), QString());
+        RememberPrinterMargins(running.test.settings, running.program.main.globals.PrinterName,
+                               running.program.main.document.setup, {"3.5", "3.5"});
+        const DialogAnswer answer("frmImport", [](QDialog& dialog) { dialog.accept(); });
+        Announce(running, running.test.folder / "list.txt");
+        QVERIFY(open("list.txt", "x\r\ny\r\n").startsWith("Margins left 0"));
     }
 
     void aSheetIsChosenByAClickOrNot() {

@@ -129,10 +129,17 @@ private slots:
         const auto pdf = running.test.folder / "sheet.pdf";
         const auto check = running.test.folder / "check.pdf";
         running.test.ui.ExpectChooser("Save as PDF", pdf, "SAVE|PDF file (*.pdf)|*.pdf|Calibration sheet.pdf");
-        running.test.ui.ExpectChooser("Save as PDF", check, "SAVE|PDF file (*.pdf)|*.pdf|Check sheet.pdf");
+        for (const auto& chosen : {std::optional(check), std::optional<std::filesystem::path>()})
+            running.test.ui.ExpectChooser("Save as PDF", chosen, "SAVE|PDF file (*.pdf)|*.pdf|Check sheet.pdf");
         Within(running, "mnuMarginSetup", "frmFix3", [](const Shown& form) {
             form.Click("cmdCalibrationSheet");
+            form.Find<QAbstractButton>("cmdCheckSheet")->setFocus();
             form.Click("cmdCheckSheet");
+            const auto labels = form.dialog.findChildren<QLabel*>("lblSheet");
+            QVERIFY(labels[0]->text().endsWith("/sheet.pdf") && labels[1]->text().endsWith("/check.pdf"));
+            QVERIFY(form.dialog.focusWidget()->accessibleDescription().endsWith("/check.pdf"));
+            form.Click("cmdCheckSheet");
+            QVERIFY(labels[1]->text().isEmpty());
             form.Click("cmdCancel");
         });
         QVERIFY(ReadFile(pdf).starts_with("%PDF-") && ReadFile(check).starts_with("%PDF-"));
