@@ -27,4 +27,12 @@ bool BeginDocument(MainModule& main, int type, int fields) {
     return setup.Ok();
 }
 
+void BeginWithFields(MainModule& main, int fields) {
+    const bool untouched = !main.document.DocChanged;
+    if (!BeginDocument(main, main.document.setup.OptType, fields) || !untouched)
+        return;
+    main.document.DocChanged = false;
+    main.history.MarkSaved();
+}
+
 } // namespace velmora

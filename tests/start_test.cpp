@@ -34,6 +34,18 @@ TEST_F(StartTest, TheStartPageIsForAStartThatOpensNothingUntilItIsSwitchedOff) {
     }
 }
 
+TEST_F(StartTest, FieldsChosenOnTheStartPageAreNothingToSave) {
+    Start();
+    TabDocument& document = program.main.document;
+    BeginWithFields(program.main, 1);
+    EXPECT_FALSE(document.DocChanged);
+    program.main.history.Undo(program.main.State());
+    EXPECT_TRUE(document.DocChanged);
+    EXPECT_EQ(document.setup.NoOfFields, 3);
+    BeginWithFields(program.main, 2);
+    EXPECT_TRUE(document.DocChanged) << "what was to be saved before still is";
+}
+
 TEST_F(StartTest, SettingsAloneIsTheWholeCommandLine) {
     BeginWithoutSettings();
     EXPECT_EQ(Start({"settings"}), StartOutcome::Ended);

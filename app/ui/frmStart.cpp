@@ -180,7 +180,10 @@ QWidget* frmStart::BuildStationeries() {
     column->addLayout(pictures);
     column->addLayout(BuildFields());
     column->addStretch();
-    connect(stationeries_, &QButtonGroup::idClicked, this, [this](int type) { Begin(type, fields_->checkedId()); });
+    connect(stationeries_, &QButtonGroup::idClicked, this, [this](int type) {
+        Trapped(main_.ui, kStartPlace, [&] { BeginDocument(main_, type, fields_->checkedId()); });
+        emit Begun();
+    });
     return box;
 }
 
@@ -220,14 +223,10 @@ QLayout* frmStart::BuildFields() {
 /// At once: they are meant for whatever begins here, a sheet, a list or a page of the strip.
 void frmStart::ChooseFields(int fields) {
     disconnect(&grid_, &frmGrid2a4::BoxTold, this, &frmStart::Close); // the sheet behind comes up anew
-    Begin(main_.document.setup.OptType, fields);
+    Trapped(main_.ui, kStartPlace, [&] { BeginWithFields(main_, fields); });
+    emit Begun();
     connect(&grid_, &frmGrid2a4::BoxTold, this, &frmStart::Close);
     fields_->checkedButton()->setFocus();
-}
-
-void frmStart::Begin(int type, int fields) {
-    Trapped(main_.ui, kStartPlace, [&] { BeginDocument(main_, type, fields); });
-    emit Begun();
 }
 
 bool frmStart::HasRoom() const {

@@ -40,7 +40,6 @@ private:
     QWidget* BuildStationeries();
     QLayout* BuildFields();
     void ChooseFields(int fields);
-    void Begin(int type, int fields);
     void AddCommand(QVBoxLayout* column, const QString& caption, const char* name, const char* icon,
                     const char* command);
     void AddRecentFiles(QVBoxLayout* column);
