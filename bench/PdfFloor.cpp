@@ -134,34 +134,48 @@ std::string SubsetFile(const Font& font) {
     return file;
 }
 
+/// Dictionaries are compressed together.
 class File {
 public:
     std::string Add(const std::string& body) {
-        offsets_.push_back(bytes_.size());
-        bytes_ += std::to_string(offsets_.size()) + " 0 obj\n" + body + "\nendobj\n";
-        return std::to_string(offsets_.size()) + " 0 R";
+        places_.push_back({0, packed_++});
+        packedPlaces_ += std::to_string(places_.size()) + ' ' + std::to_string(packedBodies_.size()) + ' ';
+        packedBodies_ += body + '\n';
+        return std::to_string(places_.size()) + " 0 R";
     }
     /// The reference of the object that comes after the next `count`.
-    std::string Ahead(std::size_t count) const { return std::to_string(offsets_.size() + count + 1) + " 0 R"; }
+    std::string Ahead(std::size_t count) const { return std::to_string(places_.size() + count + 1) + " 0 R"; }
     std::string AddStream(const std::string& entries, const std::string& data) {
         const std::string packed = Deflated(data);
-        return Add("<<" + entries + "/Filter/FlateDecode/Length " + std::to_string(packed.size()) + ">>stream\n" +
-                   packed + "\nendstream");
+        places_.push_back({bytes_.size(), -1});
+        bytes_ += std::to_string(places_.size()) + " 0 obj\n<<" + entries + "/Filter/FlateDecode/Length " +
+                  std::to_string(packed.size()) + ">>stream\n" + packed + "\nendstream\nendobj\n";
+        return std::to_string(places_.size()) + " 0 R";
     }
     std::string End(const std::string& root) {
-        std::string table = "xref\n0 " + std::to_string(offsets_.size() + 1) + "\n0000000000 65535 f \n";
-        std::array<char, 32> row{};
-        for (const std::size_t offset : offsets_) {
-            std::snprintf(row.data(), row.size(), "%010zu 00000 n \n", offset);
-            table += row.data();
-        }
-        return bytes_ + table + "trailer<</Size " + std::to_string(offsets_.size() + 1) + "/Root " + root +
-               ">>\nstartxref\n" + std::to_string(bytes_.size()) + "\n%%EOF\n";
+        AddStream("/Type/ObjStm/N " + std::to_string(packed_) + "/First " + std::to_string(packedPlaces_.size()),
+                  packedPlaces_ + packedBodies_);
+        const std::size_t dictionaries = places_.size(), start = bytes_.size();
+        places_.push_back({start, -1});
+        std::string table = Row(0, 0, 0);
+        for (const auto& [at, index] : places_)
+            table += index < 0 ? Row(1, at, 0) : Row(2, dictionaries, index);
+        places_.pop_back();
+        AddStream("/Type/XRef/Size " + std::to_string(places_.size() + 2) + "/W[1 4 2]/Root " + root, table);
+        return bytes_ + "startxref\n" + std::to_string(start) + "\n%%EOF\n";
     }
 
 private:
-    std::string bytes_ = "%PDF-1.4\n";
-    std::vector<std::size_t> offsets_;
+    static std::string Row(int kind, std::size_t at, int index) {
+        std::string row(1, static_cast<char>(kind));
+        for (const int shift : {24, 16, 8, 0})
+            row += static_cast<char>(at >> shift & 0xFF);
+        return row + static_cast<char>(index >> 8 & 0xFF) + static_cast<char>(index & 0xFF);
+    }
+
+    std::string bytes_ = "%PDF-1.5\n", packedPlaces_, packedBodies_;
+    std::vector<std::pair<std::size_t, int>> places_; ///< a byte, or which of the dictionaries
+    int packed_ = 0;
 };
 
 std::string AddFont(File& file, const Font& font) {

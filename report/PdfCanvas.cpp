@@ -377,8 +377,8 @@ void PdfCanvas::EndSheet() {
     if (pages_.empty())
         commonMediaBox_ = mediaBox_;
     const std::string size = mediaBox_ == commonMediaBox_ ? "" : "/MediaBox" + mediaBox_;
-    writer_.Write(page, "<</Type/Page/Parent " + PdfReference(pageTree_) + size + "/Contents " + PdfReference(content) +
-                            ">>");
+    writer_.WritePacked(page, "<</Type/Page/Parent " + PdfReference(pageTree_) + size + "/Contents " +
+                                  PdfReference(content) + ">>");
     pages_.push_back(page);
 }
 

@@ -33,6 +33,8 @@ public:
     /// The number of an object that is written later.
     int Reserve();
     void Write(int object, std::string_view body);
+    /// One of many small ones, which are compressed together.
+    void WritePacked(int object, std::string_view body);
     /// The pieces of `data` one after the other, compressed. `entries` are those of the dictionary beside the
     /// length and the filter.
     void WriteStream(int object, std::string_view entries, const std::vector<std::string_view>& data);
@@ -44,8 +46,16 @@ private:
     void Flush();
     std::string FileId() const;
     void BeginObject(int object);
+    void WriteObjectStream();
+    std::string Table() const;
     std::string_view Compress(const std::vector<std::string_view>& data);
 
+    /// At a byte of the file, or in a stream of objects: that one's number, and which of its objects it is.
+    struct Place {
+        std::uint64_t at = 0;
+        std::size_t index = 0;
+        bool packed = false;
+    };
     struct EndDeflate {
         void operator()(z_stream_s* stream) const;
     };
@@ -54,7 +64,10 @@ private:
     std::string pending_;
     std::uint64_t flushed_ = 0;
     std::uint32_t checksum_ = 0;         ///< of what was flushed
-    std::vector<std::uint64_t> offsets_; ///< of object 1 onwards
+    std::vector<Place> places_; ///< of object 1 onwards
+    int packing_ = 0;           ///< the stream of the objects that wait to be packed
+    std::size_t packed_ = 0;    ///< how many wait
+    std::string packedPlaces_, packedBodies_;
     std::unique_ptr<z_stream_s, EndDeflate> deflate_;
     std::string compressed_;
 };
