@@ -16,7 +16,6 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
-constexpr std::size_t kMostPacked = 200; // objects of a stream, which a reader unpacks for any of them
 // Higher levels take a tenth more time for a file that is a twentieth smaller.
 constexpr int kCompressionLevel = 3;
 constexpr double kFarthestPoints = 3e6; // a good kilometre, within the numbers every reader takes
@@ -129,28 +128,13 @@ void PdfWriter::Write(int object, std::string_view body) {
 }
 
 void PdfWriter::WritePacked(int object, std::string_view body) {
-    if (packed_ == 0)
-        packing_ = Reserve();
-    places_.at(static_cast<std::size_t>(object - 1)) = {static_cast<std::uint64_t>(packing_), packed_, true};
+    places_.at(static_cast<std::size_t>(object - 1)) = {packed_++, true};
     AppendNumber(packedPlaces_, object);
     packedPlaces_ += ' ';
     AppendNumber(packedPlaces_, static_cast<std::int64_t>(packedBodies_.size()));
     packedPlaces_ += ' ';
     packedBodies_ += body;
     packedBodies_ += '\n';
-    if (++packed_ == kMostPacked)
-        WriteObjectStream();
-}
-
-void PdfWriter::WriteObjectStream() {
-    if (packed_ == 0)
-        return;
-    WriteStream(packing_,
-                "/Type/ObjStm/N " + std::to_string(packed_) + "/First " + std::to_string(packedPlaces_.size()),
-                {packedPlaces_, packedBodies_});
-    packed_ = 0;
-    packedPlaces_.clear();
-    packedBodies_.clear();
 }
 
 void PdfWriter::WriteStream(int object, std::string_view entries, const std::vector<std::string_view>& data) {
@@ -194,11 +178,16 @@ std::string PdfWriter::FileId() const {
     return id.data();
 }
 
-/// A row for each object from 0 on, which is none: its kind in a byte, its place in eight, and in two which one of the
-/// stream there it is.
-std::string PdfWriter::Table() const {
+void PdfWriter::WriteObjectStream(int object) {
+    WriteStream(object, "/Type/ObjStm/N " + std::to_string(packed_) + "/First " + std::to_string(packedPlaces_.size()),
+                {packedPlaces_, packedBodies_});
+}
+
+/// A row for each object from 0 on, which is none: its kind in a byte, in eight the byte of the file or the stream that
+/// it is packed in, and in two which one it is there.
+std::string PdfWriter::Table(int objectStream) const {
     std::string table;
-    const auto appendRow = [&](char kind, std::uint64_t at, std::size_t index) {
+    const auto appendRow = [&](char kind, std::uint64_t at, std::uint64_t index) {
         table += kind;
         for (int shift = 56; shift >= 0; shift -= 8)
             table += static_cast<char>(at >> shift & 0xFFU);
@@ -206,21 +195,25 @@ std::string PdfWriter::Table() const {
             table += static_cast<char>(index >> shift & 0xFFU);
     };
     appendRow(0, 0, 0xFFFF);
-    for (const Place& place : places_)
-        appendRow(place.packed ? 2 : 1, place.at, place.index);
+    for (const Place& place : places_) {
+        if (place.packed)
+            appendRow(2, static_cast<std::uint64_t>(objectStream), place.at);
+        else
+            appendRow(1, place.at, 0);
+    }
     return table;
 }
 
 void PdfWriter::Finish(int catalog, int information) {
-    WriteObjectStream();
+    const int objectStream = Reserve(), table = Reserve();
+    WriteObjectStream(objectStream);
     Flush();
-    const int table = Reserve();
-    places_.back() = {flushed_};
+    places_.back() = {flushed_}; // it lists itself
     const std::string id = FileId();
     WriteStream(table,
                 "/Type/XRef/Size " + std::to_string(places_.size() + 1) + "/W[1 8 2]/Root " + PdfReference(catalog) +
                     "/Info " + PdfReference(information) + "/ID[<" + id + "><" + id + ">]",
-                {Table()});
+                {Table(objectStream)});
     Put("startxref\n" + std::to_string(places_.back().at) + "\n%%EOF\n");
     Flush();
 }

@@ -1,5 +1,5 @@
-// The frame of a PDF file: numbered objects, compressed streams and the table of where they are. What is
-// written leaves at once, so that memory does not grow with the number of pages.
+// The frame of a PDF file: numbered objects, compressed streams and the table of where they are. Streams
+// leave at once, so that of a page no more stays in memory than where it is.
 #pragma once
 
 #include <cstdint>
@@ -33,7 +33,7 @@ public:
     /// The number of an object that is written later.
     int Reserve();
     void Write(int object, std::string_view body);
-    /// One of many small ones, which are compressed together.
+    /// One of many small ones, which are compressed together at the end.
     void WritePacked(int object, std::string_view body);
     /// The pieces of `data` one after the other, compressed. `entries` are those of the dictionary beside the
     /// length and the filter.
@@ -46,14 +46,13 @@ private:
     void Flush();
     std::string FileId() const;
     void BeginObject(int object);
-    void WriteObjectStream();
-    std::string Table() const;
+    void WriteObjectStream(int object);
+    std::string Table(int objectStream) const;
     std::string_view Compress(const std::vector<std::string_view>& data);
 
-    /// At a byte of the file, or in a stream of objects: that one's number, and which of its objects it is.
+    /// A byte of the file, or which of the packed objects it is.
     struct Place {
         std::uint64_t at = 0;
-        std::size_t index = 0;
         bool packed = false;
     };
     struct EndDeflate {
@@ -63,10 +62,9 @@ private:
     PdfSink sink_;
     std::string pending_;
     std::uint64_t flushed_ = 0;
-    std::uint32_t checksum_ = 0;         ///< of what was flushed
-    std::vector<Place> places_; ///< of object 1 onwards
-    int packing_ = 0;           ///< the stream of the objects that wait to be packed
-    std::size_t packed_ = 0;    ///< how many wait
+    std::uint32_t checksum_ = 0; ///< of what was flushed
+    std::vector<Place> places_;  ///< of object 1 onwards
+    std::size_t packed_ = 0;     ///< how many wait to be compressed together
     std::string packedPlaces_, packedBodies_;
     std::unique_ptr<z_stream_s, EndDeflate> deflate_;
     std::string compressed_;

@@ -100,6 +100,9 @@ TEST(Pdf, HundredsOfPagesAreValidAndAlikeInEveryRun) {
     const PdfFile pdf(sheets, AllFields({}), catalogue);
     pdf.Ask("qpdf --check %");
     EXPECT_EQ(pdf.Ask("pdftotext -f 700 % -").substr(0, 6), "No.699");
+    const std::string end = pdf.Bytes().substr(pdf.Bytes().rfind("startxref\n") + 10);
+    const std::string table = end.substr(0, end.find('\n'));
+    EXPECT_NE(pdf.Ask("qpdf --show-xref %").find("uncompressed; offset = " + table + "\n"), std::string::npos);
     EXPECT_EQ(pdf.Bytes(), PdfFile(sheets, AllFields({}), catalogue).Bytes());
 }
 
