@@ -2,6 +2,7 @@
 // keys, find and replace, with dialogs answered by chance, and the program ended and started again. Whatever happens,
 // the document stays whole, every state can be had back, and no window is left behind. The seed is fixed;
 // VELMORA_WALK_STEPS and VELMORA_WALK_SEED make the walk longer or another one.
+#include "app/ui/frmStart.h"
 #include "document/TabFile.h"
 #include "editor/ui/PageStrip.h"
 #include "editor/ui/frmFind.h"
@@ -105,6 +106,10 @@ private:
         for (QMenu* menu : running_->window->findChildren<QMenu*>())
             QObject::connect(menu, &QMenu::triggered, &meddler_,
                              [this, name = menu->objectName()] { ran_.insert(name); });
+        for (auto* page : running_->window->findChildren<frmStart*>()) { // its buttons that are no commands
+            QObject::connect(page, &frmStart::FileWanted, &meddler_, [this] { ran_.insert("mnuRecent"); });
+            QObject::connect(page, &frmStart::Begun, &meddler_, [this] { ran_.insert("mnuNew"); });
+        }
         Begin();
     }
     /// The page set-up at the start may have made a step already.
