@@ -105,6 +105,20 @@ TEST_F(RememberedColumns, NextMonthsListIsTakenAsThisMonthsWas) {
     EXPECT_EQ(Import(month + "Ann,Jones,y\r\n"), "First|Last") << "no heading, as was said";
 }
 
+TEST_F(RememberedColumns, ListsTakenInSeveralProgramsAtOnceAreAllKept) {
+    SettingsStore other(program.registry, program.ui);
+    other.IniFile = program.settings.IniFile;
+    {
+        const SettingsBatch importing(program.settings);
+        RememberColumns(program.settings, {"a"}, {.heading = true});
+        RememberColumns(other, {"b"}, {.heading = true});
+    }
+    EXPECT_TRUE(RecallColumns(other, {"a"}) && RecallColumns(other, {"b"}));
+    const FileIdentity written = IdentityOf(other.IniFile);
+    RememberColumns(other, {"a"}, {.heading = true});
+    EXPECT_EQ(IdentityOf(other.IniFile), written) << "it was the first";
+}
+
 TEST_F(RememberedColumns, TheLastTwentyAreKept) {
     for (int list = 0; list <= 21; ++list)
         RememberColumns(main.settings, {std::to_string(list)}, {.columns = {1, 2, list + 1}, .heading = true});

@@ -70,35 +70,45 @@ std::optional<WorksheetOptions> OptionsOf(std::string_view entry) {
     return parts.size() == kChoiceParts ? std::optional(options) : std::nullopt;
 }
 
-std::vector<std::string> Entries(SettingsStore& store) {
+/// `read` gives what a key holds, empty where there is none.
+template <typename Read> std::vector<std::string> Entries(Read read) {
     std::vector<std::string> entries;
     for (std::size_t place = 0; place < kRememberedLists; ++place)
-        if (std::string entry = Probe(store, {kLists, KeyOf(place)}).value_or(""); !entry.empty())
+        if (std::string entry = read(KeyOf(place)); !entry.empty())
             entries.push_back(std::move(entry));
     return entries;
+}
+
+/// In the newest text: other running programs put theirs there too. An empty entry forgets the headings.
+bool PutFirst(IniText& text, const std::string& mark, const std::string& entry) {
+    std::vector<std::string> entries =
+        Entries([&](const std::string& key) { return text.ReadString(kLists, key, ""); });
+    const std::size_t before = entries.size();
+    std::erase_if(entries, [&](const std::string& other) { return other.starts_with(mark + " "); });
+    if (!entry.empty())
+        entries.insert(entries.begin(), entry);
+    entries.resize(std::clamp(before, entries.size(), kRememberedLists)); // an empty one takes a forgotten one's place
+    bool changed = false;
+    for (std::size_t place = 0; place < entries.size(); ++place)
+        changed = text.Write(kLists, KeyOf(place), entries[place]) || changed;
+    return changed;
 }
 
 } // namespace
 
 std::optional<WorksheetOptions> RecallColumns(SettingsStore& store, const std::vector<std::string>& headings) {
     const std::string mark = Mark(headings) + " ";
-    for (const std::string& entry : Entries(store))
+    for (const std::string& entry : Entries([&](const std::string& key) {
+             return Probe(store, {kLists, key}).value_or("");
+         }))
         if (entry.starts_with(mark))
             return OptionsOf(entry);
     return std::nullopt;
 }
 
 void RememberColumns(SettingsStore& store, const std::vector<std::string>& headings, const WorksheetOptions& options) {
-    const std::string mark = Mark(headings);
-    std::vector<std::string> entries = Entries(store);
-    const std::size_t before = entries.size();
-    std::erase_if(entries, [&](const std::string& entry) { return entry.starts_with(mark + " "); });
-    if (options.heading)
-        entries.insert(entries.begin(), EntryOf(mark, options));
-    entries.resize(std::clamp(before, entries.size(), kRememberedLists)); // an empty one takes a forgotten one's place
-    const SettingsBatch batch(store);
-    for (std::size_t place = 0; place < entries.size(); ++place)
-        SaveSetting(store, kLists, KeyOf(place), entries[place]);
+    const std::string mark = Mark(headings), entry = options.heading ? EntryOf(mark, options) : "";
+    SaveSettings(store, [mark, entry](IniText& text) { return PutFirst(text, mark, entry); });
 }
 
 } // namespace velmora
