@@ -117,6 +117,8 @@ TEST_F(RememberedColumns, ListsTakenInSeveralProgramsAtOnceAreAllKept) {
     const FileIdentity written = IdentityOf(other.IniFile);
     RememberColumns(other, {"a"}, {.heading = true});
     EXPECT_EQ(IdentityOf(other.IniFile), written) << "it was the first";
+    RememberColumns(other, {"a"}, {.columns = {3}, .heading = true});
+    EXPECT_EQ(RecallColumns(other, {"a"}).value().columns[0], 3);
 }
 
 TEST_F(RememberedColumns, TheLastTwentyAreKept) {
