@@ -170,7 +170,9 @@ void AddCheck(CLI::App& app, Request& request) {
 void AddConvert(CLI::App& app, Request& request) {
     ConvertArguments& convert = request.convert;
     CLI::App* command = app.add_subcommand("convert", "Turn a tab file, a text list or a workbook into another");
-    command->add_option("IN", convert.input, ".csv, .txt, .xls, .xlsx or .ods, - for a text on standard input")
+    command
+        ->add_option("IN", convert.input,
+                     ".csv, .txt, .xls, .xlsx, .xlsm, .ods or a template, - for a text on standard input")
         ->required()
         ->check(kNotEmpty);
     command->add_option("OUT", convert.output, ".csv, .xls or .xlsx")->required()->check(kNotEmpty);
