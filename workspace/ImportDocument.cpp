@@ -195,13 +195,23 @@ private:
     ListEncoding decoded_ = ListEncoding::Utf8; ///< of the text
 };
 
+std::string FirstLineOf(std::string_view text) {
+    std::string_view line;
+    LineReader(text).Next(line);
+    return std::string(line);
+}
+
+/// By its first lines: no list, and no tab file that a spreadsheet saved. Of such a file nothing needs a guess.
+bool IsOwnTabFile(std::string_view bytes) {
+    const std::string line = FirstLineOf(bytes);
+    return (TestVersion7(line) || TestVersion8(line)) && !SpreadsheetSeparator(bytes);
+}
+
 /// What tells the version: the first cell or the first line.
 std::string FirstText(const FoundText& found) {
     if (found.spreadsheet)
         return std::string(Trim(ParseTextList(found.text, *found.spreadsheet, 1).at(0).at(0)));
-    std::string_view line;
-    LineReader(found.text).Next(line);
-    return std::string(line);
+    return FirstLineOf(found.text);
 }
 
 /// A list without a header, as the person says.
@@ -252,6 +262,10 @@ Imported ImportText(MainModule& main, const std::filesystem::path& path) {
     } catch (const FileAccessError&) {
         Tell(main.ui, "Could not finish the process");
         return OpenOutcome::Failed;
+    }
+    if (IsOwnTabFile(bytes)) {
+        AnnounceVersion(main.ui, path, FirstLineOf(bytes));
+        return ReadToLoad(main, [&] { return ParseTabFile(std::move(bytes)); });
     }
     FoundText found(std::move(bytes));
     const bool header = AnnounceVersion(main.ui, path, FirstText(found));
