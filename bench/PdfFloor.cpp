@@ -138,7 +138,7 @@ std::string SubsetFile(const Font& font) {
 class File {
 public:
     std::string Add(const std::string& body) {
-        places_.push_back({0, packed_++});
+        places_.emplace_back(0, packed_++);
         packedPlaces_ += std::to_string(places_.size()) + ' ' + std::to_string(packedBodies_.size()) + ' ';
         packedBodies_ += body + '\n';
         return std::to_string(places_.size()) + " 0 R";
@@ -147,7 +147,7 @@ public:
     std::string Ahead(std::size_t count) const { return std::to_string(places_.size() + count + 1) + " 0 R"; }
     std::string AddStream(const std::string& entries, const std::string& data) {
         const std::string packed = Deflated(data);
-        places_.push_back({bytes_.size(), -1});
+        places_.emplace_back(bytes_.size(), -1);
         bytes_ += std::to_string(places_.size()) + " 0 obj\n<<" + entries + "/Filter/FlateDecode/Length " +
                   std::to_string(packed.size()) + ">>stream\n" + packed + "\nendstream\nendobj\n";
         return std::to_string(places_.size()) + " 0 R";
@@ -156,7 +156,7 @@ public:
         AddStream("/Type/ObjStm/N " + std::to_string(packed_) + "/First " + std::to_string(packedPlaces_.size()),
                   packedPlaces_ + packedBodies_);
         const std::size_t dictionaries = places_.size(), start = bytes_.size();
-        places_.push_back({start, -1});
+        places_.emplace_back(start, -1);
         std::string table = Row(0, 0, 0);
         for (const auto& [at, index] : places_)
             table += index < 0 ? Row(1, at, 0) : Row(2, dictionaries, index);
