@@ -33,7 +33,7 @@ public:
     /// The number of an object that is written later.
     int Reserve();
     void Write(int object, std::string_view body);
-    /// One of many small ones, which are compressed together at the end.
+    /// One of many small ones, at most 65,535, which are compressed together at the end.
     void WritePacked(int object, std::string_view body);
     /// The pieces of `data` one after the other, compressed. `entries` are those of the dictionary beside the
     /// length and the filter.
