@@ -44,6 +44,9 @@ TEST(UsedLabels, AreStruckOutOneByOneOrInAStretch) {
     labels.ExtendTo(4);
     EXPECT_EQ(shown(), "1-3,9") << "a stretch that begins at one struck out is free again";
     EXPECT_EQ(labels.FirstFree(), 4);
+    labels.StartAt(4);
+    labels.ExtendTo(2);
+    EXPECT_EQ(shown(), "1-3") << "behind the stretch they stay";
     labels.StartAt(24);
     labels.Toggle(24);
     EXPECT_EQ(shown(), "1-23") << "one is left";
