@@ -86,6 +86,7 @@ private slots:
         change();
         run.Press("cmdFinish");
         QCOMPARE(run.Page(), std::string("closed"));
+        QVERIFY(run.test.Stored("Form Position", "Font Settings").find(',') != std::string::npos);
         FontSettings wanted = before;
         wanted[0].Size = 14;
         wanted[0].HorizontalAlignment = 2;
