@@ -357,8 +357,12 @@ TEST_F(SetupTest, EmptyTabsThatWereNotThereAreNotToldAsDeleted) {
     document.FieldA(3) = "b";
     CleanLabels(main);
     EXPECT_EQ(status.done.text, "Empty tabs deleted, 2 tabs left");
-    CleanLabels(main);
-    EXPECT_EQ(status.done.text, "Delete Empty Tabs: nothing changed");
+    for (const bool unsaved : {true, false}) {
+        document.DocChanged = unsaved;
+        CleanLabels(main);
+        EXPECT_EQ(status.done.text, "Delete Empty Tabs: nothing changed");
+        EXPECT_EQ(document.DocChanged, unsaved);
+    }
 }
 
 TEST_F(SetupTest, ADocumentThatDoesNotFitStaysAsItWas) {

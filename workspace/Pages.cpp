@@ -132,6 +132,7 @@ void CleanLabels(MainModule& main) {
         return Tell(main.ui, "No Tabs to clean.");
     TakePageBack(main);
     KeepRecoveryCopy(main);
+    const bool unsaved = document.DocChanged;
     UndoStep step(main.history, main.State(), "Delete Empty Tabs");
     main.editor->TakeDown();
     const std::int32_t kept = PackTabs(document);
@@ -145,6 +146,8 @@ void CleanLabels(MainModule& main) {
     ShowChangedPages(main);
     const std::string done = "Empty tabs deleted, " + Counted(static_cast<std::size_t>(kept), "tab") + " left";
     const bool changed = step.Commit();
+    if (!changed && main.history.KeepsSteps()) // else nobody knows
+        document.DocChanged = unsaved;
     main.status->Tell({changed ? done : "Delete Empty Tabs: nothing changed", changed});
 }
 

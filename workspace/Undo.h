@@ -41,6 +41,7 @@ public:
 
     /// From now on. Beyond `mostBytes` the oldest steps are dropped; the newest stays whatever its size.
     void KeepSteps(std::size_t mostBytes = kMostBytes) { mostBytes_ = mostBytes; }
+    bool KeepsSteps() const { return mostBytes_ != 0; }
 
     /// A box of the page shown was typed in: puts its text into the document and lets `DocChanged` say whether this
     /// is the saved one. Further typing in the same box belongs to the same step, until something else happens; typed
