@@ -363,6 +363,10 @@ TEST_F(SetupTest, EmptyTabsThatWereNotThereAreNotToldAsDeleted) {
         EXPECT_EQ(status.done.text, "Delete Empty Tabs: nothing changed");
         EXPECT_EQ(document.DocChanged, unsaved);
     }
+    main.history.KeepSteps(0);
+    document.FieldA(4) = "c";
+    CleanLabels(main);
+    EXPECT_TRUE(document.DocChanged) << "what nobody compared counts as changed";
 }
 
 TEST_F(SetupTest, ADocumentThatDoesNotFitStaysAsItWas) {
